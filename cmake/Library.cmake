@@ -1,0 +1,26 @@
+# What every target of the tree is built with.
+add_library(brindlemark_options INTERFACE)
+target_include_directories(brindlemark_options INTERFACE "${PROJECT_SOURCE_DIR}")
+target_compile_definitions(
+  brindlemark_options
+  INTERFACE QT_RESTRICTED_CAST_FROM_ASCII # text and bytes never mix by accident
+            QT_NO_CAST_FROM_BYTEARRAY QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH)
+target_compile_options(
+  brindlemark_options
+  INTERFACE -Wall
+            -Wextra
+            -Wpedantic
+            -Wshadow
+            -Wconversion
+            -Wnon-virtual-dtor
+            -Woverloaded-virtual
+            -Werror
+            -ffp-contract=off # colour steps round the same on every machine
+)
+
+# brindlemark_library(<folder> LINK <libraries> SOURCES <files>): the static library of one folder.
+function(brindlemark_library folder)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK;SOURCES")
+  add_library(brindlemark_${folder} STATIC ${arg_SOURCES})
+  target_link_libraries(brindlemark_${folder} PUBLIC brindlemark_options ${arg_LINK})
+endfunction()

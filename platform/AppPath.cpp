@@ -1,0 +1,28 @@
+#include "platform/AppPath.h"
+
+#include <QCoreApplication>
+
+namespace {
+
+QString& chosenFolder()
+{
+    static QString folder;
+    return folder;
+}
+
+} // namespace
+
+QString AppPath()
+{
+    return chosenFolder().isEmpty() ? QCoreApplication::applicationDirPath() : chosenFolder();
+}
+
+void setAppPath(const QString& folder)
+{
+    chosenFolder() = folder;
+}
+
+QString appFile(const QString& name)
+{
+    return AppPath() + QString(name).replace(u'\\', u'/');
+}

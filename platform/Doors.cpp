@@ -1,0 +1,266 @@
+#include "platform/Doors.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QColorDialog>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QStandardPaths>
+#include <cstdlib>
+
+namespace {
+
+QWidget* frontWindow()
+{
+    QWidget* modal = QApplication::activeModalWidget();
+    return modal ? modal : QApplication::activeWindow();
+}
+
+QColor toColor(int number)
+{
+    return QColor(number & 0xFF, number >> 8 & 0xFF, number >> 16 & 0xFF);
+}
+
+int toNumber(const QColor& color)
+{
+    return color.red() | color.green() << 8 | color.blue() << 16;
+}
+
+QMessageBox::Icon boxIcon(MsgIcon icon)
+{
+    switch (icon) {
+    case MsgIcon::Stop:
+        return QMessageBox::Critical;
+    case MsgIcon::Exclamation:
+        return QMessageBox::Warning;
+    case MsgIcon::Information:
+        return QMessageBox::Information;
+    case MsgIcon::None:
+        break;
+    }
+    return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons boxButtons(MsgButtons buttons)
+{
+    switch (buttons) {
+    case MsgButtons::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case MsgButtons::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case MsgButtons::Ok:
+        break;
+    }
+    return QMessageBox::Ok;
+}
+
+/// "HTML Files (*.htm)|*.htm|..." as the file dialog takes it, one caption a filter: the captions name the patterns.
+QStringList nameFilters(const QString& filter)
+{
+    QStringList captions;
+    const QStringList parts = filter.split(u'|');
+    for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
+        const QString pattern = parts[i + 1] == QLatin1String("*.*") ? QStringLiteral("*") : parts[i + 1];
+        const qsizetype bracket = parts[i].lastIndexOf(QLatin1String(" ("));
+        captions << QStringLiteral("%1 (%2)").arg(bracket < 0 ? parts[i] : parts[i].left(bracket), pattern);
+    }
+    return captions;
+}
+
+/// "htm" of "HTML Files (*.htm)", nothing of "All files (*)".
+QString suffixOf(const QString& nameFilter)
+{
+    const qsizetype dot = nameFilter.lastIndexOf(QLatin1String("*."));
+    return dot < 0 ? QString() : nameFilter.mid(dot + 2).chopped(1);
+}
+
+/// The doors to the real desktop.
+class DesktopDoors final : public Doors
+{
+public:
+    DesktopDoors() { m_clock.start(); }
+
+    MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons) override
+    {
+        QMessageBox box(boxIcon(icon), title, prompt, boxButtons(buttons), frontWindow());
+        box.setTextFormat(Qt::PlainText); // file names and user text may hold tags
+        switch (box.exec()) {
+        case QMessageBox::Yes:
+            return MsgAnswer::Yes;
+        case QMessageBox::No:
+            return MsgAnswer::No;
+        case QMessageBox::Cancel:
+            return MsgAnswer::Cancel;
+        default:
+            return MsgAnswer::Ok;
+        }
+    }
+
+    std::optional<QString> inputBox(const QString& prompt, const QString& title, const QString& initial) override
+    {
+        QInputDialog box(frontWindow());
+        box.setWindowTitle(title);
+        box.setLabelText(prompt);
+        box.setTextValue(initial);
+        box.resize(420, box.sizeHint().height());
+        if (box.exec() != QDialog::Accepted)
+            return std::nullopt;
+        return box.textValue();
+    }
+
+    bool openDialog(CommonDialog& dialog) override
+    {
+        QFileDialog box(frontWindow(), dialog.DialogTitle, m_folder, QString());
+        box.setAcceptMode(QFileDialog::AcceptOpen);
+        box.setFileMode(QFileDialog::ExistingFile);
+        return runFileDialog(box, dialog);
+    }
+
+    bool saveDialog(CommonDialog& dialog) override
+    {
+        QFileDialog box(frontWindow(), dialog.DialogTitle, m_folder, QString());
+        box.setAcceptMode(QFileDialog::AcceptSave);
+        box.setFileMode(QFileDialog::AnyFile);
+        box.setOption(QFileDialog::DontConfirmOverwrite); // the program asks in its own words
+        return runFileDialog(box, dialog);
+    }
+
+    bool colorDialog(CommonDialog& dialog) override
+    {
+        QColorDialog box(toColor(dialog.Color), frontWindow());
+        if (box.exec() != QDialog::Accepted)
+            return false;
+        dialog.Color = toNumber(box.selectedColor());
+        return true;
+    }
+
+    bool fontDialog(CommonDialog& dialog) override
+    {
+        QFontDialog box(dialog.Font, frontWindow());
+        if (box.exec() != QDialog::Accepted)
+            return false;
+        dialog.Font = box.selectedFont();
+        return true;
+    }
+
+    void setClipboard(std::unique_ptr<QMimeData> data) override
+    {
+        QApplication::clipboard()->setMimeData(data.release());
+    }
+
+    const QMimeData* clipboard() override { return QApplication::clipboard()->mimeData(); }
+
+    void beep() override { QApplication::beep(); }
+    qint64 clock() override { return m_clock.elapsed(); }
+
+    void end(int exitCode) override { QCoreApplication::exit(exitCode); }
+    void endNow(int exitCode) override { std::_Exit(exitCode); }
+
+private:
+    bool runFileDialog(QFileDialog& box, CommonDialog& dialog)
+    {
+        box.setNameFilters(nameFilters(dialog.Filter));
+        box.setDefaultSuffix(suffixOf(box.selectedNameFilter()));
+        QObject::connect(&box, &QFileDialog::filterSelected, &box,
+                         [&box](const QString& filter) { box.setDefaultSuffix(suffixOf(filter)); });
+        if (!dialog.FileName.contains(u'*')) // "*.htm" proposes a filter, not a name
+            box.selectFile(dialog.FileName);
+        if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
+            return false;
+        const QFileInfo chosen(box.selectedFiles().constFirst());
+        m_folder = chosen.absolutePath();
+        dialog.FileName = chosen.absoluteFilePath();
+        dialog.FileTitle = chosen.fileName();
+        return true;
+    }
+
+    QElapsedTimer m_clock;
+    /// Where the last file was chosen; dialogs open there again.
+    QString m_folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+};
+
+Doors*& replacedDoors()
+{
+    static Doors* replacement = nullptr;
+    return replacement;
+}
+
+} // namespace
+
+Doors& doors()
+{
+    static DesktopDoors desktop;
+    return replacedDoors() ? *replacedDoors() : desktop;
+}
+
+void setDoors(Doors* replacement)
+{
+    replacedDoors() = replacement;
+}
+
+MsgAnswer MsgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons)
+{
+    return doors().msgBox(prompt, title, icon, buttons);
+}
+
+QString InputBox(const QString& prompt, const QString& title, const QString& initial)
+{
+    return doors().inputBox(prompt, title, initial).value_or(QString());
+}
+
+void Beep()
+{
+    doors().beep();
+}
+
+bool CommonDialog::taken(bool answer) const
+{
+    if (!answer && CancelError)
+        throw RuntimeError(ErrorNumber::CancelSelected);
+    return answer;
+}
+
+bool CommonDialog::ShowOpen()
+{
+    return taken(doors().openDialog(*this));
+}
+
+bool CommonDialog::ShowSave()
+{
+    return taken(doors().saveDialog(*this));
+}
+
+bool CommonDialog::ShowColor()
+{
+    return taken(doors().colorDialog(*this));
+}
+
+bool CommonDialog::ShowFont()
+{
+    return taken(doors().fontDialog(*this));
+}
+
+void Clipboard::Clear()
+{
+    SetText(QString());
+}
+
+void Clipboard::SetText(const QString& text)
+{
+    auto data = std::make_unique<QMimeData>();
+    if (!text.isEmpty())
+        data->setText(text);
+    doors().setClipboard(std::move(data));
+}
+
+QString Clipboard::GetText()
+{
+    const QMimeData* data = doors().clipboard();
+    return data ? data->text() : QString();
+}

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <QFont>
+#include <QMimeData>
+#include <QString>
+#include <memory>
+#include <optional>
+
+/// The program's title, as message boxes without a title of their own show it.
+inline const QString ProgramTitle = QStringLiteral("Brindlemark");
+/// The product's name and number, as captions and the generator tag hold it.
+inline const QString ProgramName = QStringLiteral("Brindlemark 1.0");
+
+enum class MsgIcon { None, Stop, Exclamation, Information };
+enum class MsgButtons { Ok, YesNo, YesNoCancel };
+enum class MsgAnswer { Ok, Cancel, Yes, No };
+
+/// The common dialogs of the desktop. Fields are read when a dialog opens and written when the user takes it.
+class CommonDialog
+{
+public:
+    /// True makes the user's Cancel raise `ErrorNumber::CancelSelected`; false leaves the fields as they were.
+    bool CancelError = false;
+
+    QString DialogTitle;
+    /// In: the name to propose. Out: the chosen file's full path.
+    QString FileName;
+    /// Out: the chosen file's bare name.
+    QString FileTitle;
+    /// Pairs of caption and pattern, all parted by "|".
+    QString Filter;
+
+    /// A colour number, 0x00BBGGRR.
+    int Color = 0;
+
+    /// Size in points; only screen fonts are offered.
+    QFont Font;
+
+    /// Each opens its dialog and waits. True: the user took it. Throws RuntimeError(CancelSelected) as told above.
+    bool ShowOpen();
+    bool ShowSave();
+    bool ShowColor();
+    bool ShowFont();
+
+private:
+    bool taken(bool answer) const;
+};
+
+/// Everything through which a handler waits for the user or reaches the desktop. Tests put a script of answers here.
+class Doors
+{
+public:
+    virtual ~Doors() = default;
+
+    virtual MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons) = 0;
+    /// No value: the user pressed Cancel.
+    virtual std::optional<QString> inputBox(const QString& prompt, const QString& title, const QString& initial) = 0;
+    /// False: the user pressed Cancel.
+    virtual bool openDialog(CommonDialog& dialog) = 0;
+    virtual bool saveDialog(CommonDialog& dialog) = 0;
+    virtual bool colorDialog(CommonDialog& dialog) = 0;
+    virtual bool fontDialog(CommonDialog& dialog) = 0;
+
+    virtual void setClipboard(std::unique_ptr<QMimeData> data) = 0;
+    /// What the clipboard holds; null when it can't be read. Valid until events are served.
+    virtual const QMimeData* clipboard() = 0;
+
+    virtual void beep() = 0;
+    /// A clock for measuring spans, in milliseconds from a moment of its own.
+    virtual qint64 clock() = 0;
+
+    /// Ends the program in good order: the event loop returns, windows and helpers are taken down.
+    virtual void end(int exitCode) = 0;
+    /// Ends the program without running another line of it; only a test's door returns.
+    virtual void endNow(int exitCode) = 0;
+};
+
+/// The doors in use: the desktop's, unless a test has put others in their place.
+Doors& doors();
+/// Replaces the doors; null brings the desktop's back. The caller keeps the object alive meanwhile.
+void setDoors(Doors* replacement);
+
+/// A modal message box.
+MsgAnswer MsgBox(const QString& prompt, const QString& title, MsgIcon icon = MsgIcon::None,
+                 MsgButtons buttons = MsgButtons::Ok);
+
+/// A modal question for one line of text; empty when the user cancels.
+QString InputBox(const QString& prompt, const QString& title, const QString& initial = QString());
+
+void Beep();
+
+namespace Clipboard {
+
+void Clear();
+void SetText(const QString& text);
+/// Empty when the clipboard holds no text.
+QString GetText();
+
+} // namespace Clipboard

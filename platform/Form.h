@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+/// A window of the program. Each form has one instance, made when first asked for (`form<FrmHR>()`) and forgotten
+/// when unloaded. The constructor is the load step: what it throws leaves no instance behind.
+class Form : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit Form(QWidget* parent = nullptr);
+
+    /// Shows the window in front of the others and gives it the keyboard.
+    void Show();
+    /// Hides the window; its state stays.
+    void Hide();
+    /// Closes the form unless `queryUnload` refuses. The window goes away at once and the instance is forgotten;
+    /// the object itself lives until the running handler has returned.
+    void Unload();
+
+    /// True from `Unload` on: a handler that unloaded its own form asks before it goes on.
+    bool isUnloaded() const { return m_unloaded; }
+
+protected:
+    /// The last word before the form goes: false refuses. Runs whatever closes the form. The default agrees.
+    virtual bool queryUnload();
+
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    bool m_unloaded = false;
+    bool m_asking = false;
+};
+
+namespace detail {
+
+template <typename F>
+QPointer<F>& instance()
+{
+    static QPointer<F> only;
+    return only;
+}
+
+} // namespace detail
+
+/// True while the form has an instance, shown or hidden.
+template <typename F>
+bool isLoaded()
+{
+    const F* only = detail::instance<F>();
+    return only && !only->isUnloaded();
+}
+
+/// The form's one instance; loads it when there is none. Throws what its load step throws.
+template <typename F>
+F* form()
+{
+    if (!isLoaded<F>())
+        detail::instance<F>() = new F;
+    return detail::instance<F>();
+}

@@ -1,0 +1,37 @@
+#include "platform/RuntimeError.h"
+
+namespace {
+
+QString usualText(ErrorNumber number)
+{
+    switch (number) {
+    case ErrorNumber::InvalidProcedureCall:
+        return QStringLiteral("Invalid procedure call or argument");
+    case ErrorNumber::Overflow:
+        return QStringLiteral("Overflow");
+    case ErrorNumber::SubscriptOutOfRange:
+        return QStringLiteral("Subscript out of range");
+    case ErrorNumber::TypeMismatch:
+        return QStringLiteral("Type mismatch");
+    case ErrorNumber::FileNotFound:
+        return QStringLiteral("File not found");
+    case ErrorNumber::PathFileAccess:
+        return QStringLiteral("Path/File access error");
+    case ErrorNumber::ObjectNotSet:
+        return QStringLiteral("Object variable not set");
+    case ErrorNumber::InvalidPropertyValue:
+        return QStringLiteral("Invalid property value");
+    case ErrorNumber::CancelSelected:
+        return QStringLiteral("Cancel was selected");
+    }
+    return QStringLiteral("Unknown error");
+}
+
+} // namespace
+
+RuntimeError::RuntimeError(ErrorNumber number) : RuntimeError(number, usualText(number)) {}
+
+RuntimeError::RuntimeError(ErrorNumber number, const QString& description)
+    : std::runtime_error(description.toStdString()), m_number(number)
+{
+}

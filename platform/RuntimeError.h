@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+#include <stdexcept>
+
+/// The numbers of the failures that handlers tell apart.
+enum class ErrorNumber {
+    InvalidProcedureCall = 5,
+    Overflow = 6,
+    SubscriptOutOfRange = 9,
+    TypeMismatch = 13,
+    FileNotFound = 53,
+    PathFileAccess = 75,
+    ObjectNotSet = 91,
+    InvalidPropertyValue = 380,
+    CancelSelected = 32755,
+};
+
+/// The one failure of the program's own code. Code that traps errors catches it; one that leaves a handler
+/// ends the program (see Events.h).
+class RuntimeError : public std::runtime_error
+{
+public:
+    /// An error with the number's usual text, such as "Type mismatch".
+    explicit RuntimeError(ErrorNumber number);
+    /// An error that tells more than its number, such as the reason that the file system gives.
+    RuntimeError(ErrorNumber number, const QString& description);
+
+    ErrorNumber number() const { return m_number; }
+    /// The text for the user, one line without a full stop.
+    QString description() const { return QString::fromUtf8(what()); }
+
+private:
+    ErrorNumber m_number;
+};

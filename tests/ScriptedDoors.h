@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/Doors.h"
+
+#include <QList>
+#include <QStringList>
+#include <functional>
+
+/// Answers modal dialogs from a script and keeps a record of what was asked. A dialog that the script does not expect
+/// fails the test. Lives on the test's stack: the desktop's doors come back at its end, which also fails the test
+/// when an answer was left over.
+class ScriptedDoors : public Doors
+{
+public:
+    ScriptedDoors();
+    ~ScriptedDoors() override;
+
+    /// The next dialogs' answers, in the order in which the dialogs are expected.
+    void answerMsgBox(MsgAnswer answer);
+    void answerInputBox(const QString& text);
+    void cancelInputBox();
+    void answerOpen(const QString& path);
+    void cancelOpen();
+    void answerSave(const QString& path);
+    void cancelSave();
+    void answerColor(int number);
+    void cancelColor();
+    void answerFont(const QFont& font);
+    void cancelFont();
+
+    /// Runs `during` while the next dialog is open, before it is answered.
+    void during(std::function<void()> during);
+
+    /// One line a dialog, as "MsgBox|title|prompt|icon|buttons", "InputBox|title|prompt|initial",
+    /// "Open|title|file name|filter", "Save|...", "Color|number", "Font|family|size|bold|italic".
+    QStringList asked;
+    /// Takes the record: what was asked since the last call.
+    QStringList takeAsked();
+
+    int beeps = 0;
+    /// The exit code, once the program has ended.
+    std::optional<int> ended;
+
+    MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons) override;
+    std::optional<QString> inputBox(const QString& prompt, const QString& title, const QString& initial) override;
+    bool openDialog(CommonDialog& dialog) override;
+    bool saveDialog(CommonDialog& dialog) override;
+    bool colorDialog(CommonDialog& dialog) override;
+    bool fontDialog(CommonDialog& dialog) override;
+    void setClipboard(std::unique_ptr<QMimeData> data) override;
+    const QMimeData* clipboard() override;
+    void beep() override;
+    qint64 clock() override;
+    void end(int exitCode) override;
+    void endNow(int exitCode) override;
+
+private:
+    struct Answer
+    {
+        QString dialog; // "MsgBox", "Open" ...
+        bool cancelled = false;
+        MsgAnswer button = MsgAnswer::Ok;
+        QString text{};
+        int number = 0;
+        QFont font{};
+        std::function<void()> during{};
+    };
+
+    void expect(Answer answer);
+    Answer next(const QString& dialog, const QString& record);
+    bool takeFile(CommonDialog& dialog, const Answer& answer);
+
+    QList<Answer> m_script;
+    std::function<void()> m_during;
+    std::unique_ptr<QMimeData> m_clipboard = std::make_unique<QMimeData>();
+};
