@@ -1,5 +1,6 @@
 #include "platform/Doors.h"
 
+#include "platform/ColorNumber.h"
 #include "platform/RuntimeError.h"
 
 #include <QApplication>
@@ -20,16 +21,6 @@ QWidget* frontWindow()
 {
     QWidget* modal = QApplication::activeModalWidget();
     return modal ? modal : QApplication::activeWindow();
-}
-
-QColor toColor(int number)
-{
-    return QColor(number & 0xFF, number >> 8 & 0xFF, number >> 16 & 0xFF);
-}
-
-int toNumber(const QColor& color)
-{
-    return color.red() | color.green() << 8 | color.blue() << 16;
 }
 
 QMessageBox::Icon boxIcon(MsgIcon icon)
@@ -60,7 +51,8 @@ QMessageBox::StandardButtons boxButtons(MsgButtons buttons)
     return QMessageBox::Ok;
 }
 
-/// "HTML Files (*.htm)|*.htm|..." as the file dialog takes it, one caption a filter: the captions name the patterns.
+/// "HTML Files (*.htm)|*.htm|..." as the file dialog takes it, one caption a filter: the captions name the
+/// patterns.
 QStringList nameFilters(const QString& filter)
 {
     QStringList captions;
@@ -102,7 +94,8 @@ public:
         }
     }
 
-    std::optional<QString> inputBox(const QString& prompt, const QString& title, const QString& initial) override
+    std::optional<QString> inputBox(const QString& prompt, const QString& title,
+                                    const QString& initial) override
     {
         QInputDialog box(frontWindow());
         box.setWindowTitle(title);
@@ -133,10 +126,10 @@ public:
 
     bool colorDialog(CommonDialog& dialog) override
     {
-        QColorDialog box(toColor(dialog.Color), frontWindow());
+        QColorDialog box(colorOf(dialog.Color), frontWindow());
         if (box.exec() != QDialog::Accepted)
             return false;
-        dialog.Color = toNumber(box.selectedColor());
+        dialog.Color = colorNumber(box.selectedColor());
         return true;
     }
 

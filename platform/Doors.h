@@ -19,7 +19,8 @@ enum class MsgAnswer { Ok, Cancel, Yes, No };
 class CommonDialog
 {
 public:
-    /// True makes the user's Cancel raise `ErrorNumber::CancelSelected`; false leaves the fields as they were.
+    /// True makes the user's Cancel raise `ErrorNumber::CancelSelected`; false leaves the fields as they
+    /// were.
     bool CancelError = false;
 
     QString DialogTitle;
@@ -36,7 +37,8 @@ public:
     /// Size in points; only screen fonts are offered.
     QFont Font;
 
-    /// Each opens its dialog and waits. True: the user took it. Throws RuntimeError(CancelSelected) as told above.
+    /// Each opens its dialog and waits. True: the user took it. Throws RuntimeError(CancelSelected) as told
+    /// above.
     bool ShowOpen();
     bool ShowSave();
     bool ShowColor();
@@ -46,15 +48,18 @@ private:
     bool taken(bool answer) const;
 };
 
-/// Everything through which a handler waits for the user or reaches the desktop. Tests put a script of answers here.
+/// Everything through which a handler waits for the user or reaches the desktop. Tests put a script of
+/// answers here.
 class Doors
 {
 public:
     virtual ~Doors() = default;
 
-    virtual MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons) = 0;
+    virtual MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon,
+                             MsgButtons buttons) = 0;
     /// No value: the user pressed Cancel.
-    virtual std::optional<QString> inputBox(const QString& prompt, const QString& title, const QString& initial) = 0;
+    virtual std::optional<QString> inputBox(const QString& prompt, const QString& title,
+                                            const QString& initial) = 0;
     /// False: the user pressed Cancel.
     virtual bool openDialog(CommonDialog& dialog) = 0;
     virtual bool saveDialog(CommonDialog& dialog) = 0;

@@ -28,7 +28,9 @@ void fatal(const RuntimeError& error)
         return;
     ending = true;
 
-    QString text = QStringLiteral("Run-time error '%1':\n\n%2").arg(static_cast<int>(error.number())).arg(error.description());
+    QString text = QStringLiteral("Run-time error '%1':\n\n%2")
+                       .arg(static_cast<int>(error.number()))
+                       .arg(error.description());
     if (keeper()) {
         const QString kept = keeper()();
         if (!kept.isEmpty())

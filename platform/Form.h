@@ -3,8 +3,8 @@
 #include <QPointer>
 #include <QWidget>
 
-/// A window of the program. Each form has one instance, made when first asked for (`form<FrmHR>()`) and forgotten
-/// when unloaded. The constructor is the load step: what it throws leaves no instance behind.
+/// A window of the program. Each form has one instance, made when first asked for (`form<FrmHR>()`) and
+/// forgotten when unloaded. The constructor is the load step: what it throws leaves no instance behind.
 class Form : public QWidget
 {
     Q_OBJECT
@@ -16,8 +16,8 @@ public:
     void Show();
     /// Hides the window; its state stays.
     void Hide();
-    /// Closes the form unless `queryUnload` refuses. The window goes away at once and the instance is forgotten;
-    /// the object itself lives until the running handler has returned.
+    /// Closes the form unless `queryUnload` refuses. The window goes away at once and the instance is
+    /// forgotten; the object itself lives until the running handler has returned.
     void Unload();
 
     /// True from `Unload` on: a handler that unloaded its own form asks before it goes on.

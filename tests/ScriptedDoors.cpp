@@ -45,7 +45,8 @@ ScriptedDoors::~ScriptedDoors()
 {
     setDoors(nullptr);
     if (!m_script.isEmpty())
-        QTest::qFail(qPrintable(QStringLiteral("%1 was never asked").arg(m_script.constFirst().dialog)), __FILE__, __LINE__);
+        QTest::qFail(qPrintable(QStringLiteral("%1 was never asked").arg(m_script.constFirst().dialog)),
+                     __FILE__, __LINE__);
 }
 
 void ScriptedDoors::expect(Answer answer)
@@ -135,14 +136,16 @@ ScriptedDoors::Answer ScriptedDoors::next(const QString& dialog, const QString& 
 MsgAnswer ScriptedDoors::msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons)
 {
     return next(QStringLiteral("MsgBox"),
-                QStringList{QStringLiteral("MsgBox"), title, prompt, iconName(icon), buttonsName(buttons)}.join(u'|'))
+                QStringList{QStringLiteral("MsgBox"), title, prompt, iconName(icon), buttonsName(buttons)}
+                    .join(u'|'))
         .button;
 }
 
-std::optional<QString> ScriptedDoors::inputBox(const QString& prompt, const QString& title, const QString& initial)
+std::optional<QString> ScriptedDoors::inputBox(const QString& prompt, const QString& title,
+                                               const QString& initial)
 {
-    const Answer answer =
-        next(QStringLiteral("InputBox"), QStringList{QStringLiteral("InputBox"), title, prompt, initial}.join(u'|'));
+    const Answer answer = next(QStringLiteral("InputBox"),
+                               QStringList{QStringLiteral("InputBox"), title, prompt, initial}.join(u'|'));
     if (answer.cancelled)
         return std::nullopt;
     return answer.text;
@@ -159,16 +162,20 @@ bool ScriptedDoors::takeFile(CommonDialog& dialog, const Answer& answer)
 
 bool ScriptedDoors::openDialog(CommonDialog& dialog)
 {
-    return takeFile(dialog, next(QStringLiteral("Open"), QStringList{QStringLiteral("Open"), dialog.DialogTitle,
-                                                                     dialog.FileName, dialog.Filter}
-                                                             .join(u'|')));
+    return takeFile(
+        dialog,
+        next(QStringLiteral("Open"),
+             QStringList{QStringLiteral("Open"), dialog.DialogTitle, dialog.FileName, dialog.Filter}.join(
+                 u'|')));
 }
 
 bool ScriptedDoors::saveDialog(CommonDialog& dialog)
 {
-    return takeFile(dialog, next(QStringLiteral("Save"), QStringList{QStringLiteral("Save"), dialog.DialogTitle,
-                                                                     dialog.FileName, dialog.Filter}
-                                                             .join(u'|')));
+    return takeFile(
+        dialog,
+        next(QStringLiteral("Save"),
+             QStringList{QStringLiteral("Save"), dialog.DialogTitle, dialog.FileName, dialog.Filter}.join(
+                 u'|')));
 }
 
 bool ScriptedDoors::colorDialog(CommonDialog& dialog)
@@ -183,11 +190,12 @@ bool ScriptedDoors::colorDialog(CommonDialog& dialog)
 bool ScriptedDoors::fontDialog(CommonDialog& dialog)
 {
     const QFont& font = dialog.Font;
-    const Answer answer = next(QStringLiteral("Font"), QStringLiteral("Font|%1|%2|%3|%4")
-                                                           .arg(font.family())
-                                                           .arg(font.pointSizeF())
-                                                           .arg(font.bold() ? QStringLiteral("bold") : QString())
-                                                           .arg(font.italic() ? QStringLiteral("italic") : QString()));
+    const Answer answer =
+        next(QStringLiteral("Font"), QStringLiteral("Font|%1|%2|%3|%4")
+                                         .arg(font.family())
+                                         .arg(font.pointSizeF())
+                                         .arg(font.bold() ? QStringLiteral("bold") : QString())
+                                         .arg(font.italic() ? QStringLiteral("italic") : QString()));
     if (answer.cancelled)
         return false;
     dialog.Font = answer.font;

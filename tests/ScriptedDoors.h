@@ -6,9 +6,9 @@
 #include <QStringList>
 #include <functional>
 
-/// Answers modal dialogs from a script and keeps a record of what was asked. A dialog that the script does not expect
-/// fails the test. Lives on the test's stack: the desktop's doors come back at its end, which also fails the test
-/// when an answer was left over.
+/// Answers modal dialogs from a script and keeps a record of what was asked. A dialog that the script does
+/// not expect fails the test. Lives on the test's stack: the desktop's doors come back at its end, which also
+/// fails the test when an answer was left over.
 class ScriptedDoors : public Doors
 {
 public:
@@ -42,7 +42,8 @@ public:
     std::optional<int> ended;
 
     MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons) override;
-    std::optional<QString> inputBox(const QString& prompt, const QString& title, const QString& initial) override;
+    std::optional<QString> inputBox(const QString& prompt, const QString& title,
+                                    const QString& initial) override;
     bool openDialog(CommonDialog& dialog) override;
     bool saveDialog(CommonDialog& dialog) override;
     bool colorDialog(CommonDialog& dialog) override;

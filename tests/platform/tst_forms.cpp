@@ -140,8 +140,8 @@ void TestForms::fatalSaysWhereTheTextIsKept()
     keepOnFatal([] { return QStringLiteral("The text is kept."); });
     script.answerMsgBox(MsgAnswer::Ok);
     guarded([] { throw RuntimeError(ErrorNumber::InvalidPropertyValue); });
-    QCOMPARE(script.asked,
-             QStringList{"MsgBox|Brindlemark|Run-time error '380':\n\nInvalid property value\n\nThe text is kept.|Stop|Ok"});
+    QCOMPARE(script.asked, QStringList{"MsgBox|Brindlemark|Run-time error '380':\n\nInvalid property "
+                                       "value\n\nThe text is kept.|Stop|Ok"});
     QCOMPARE(script.ended, 1);
 }
 
