@@ -1,0 +1,87 @@
+#include "platform/Files.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+#include <filesystem>
+
+namespace {
+
+[[noreturn]] void refuse(const QString& reason)
+{
+    throw RuntimeError(ErrorNumber::PathFileAccess, reason);
+}
+
+/// Where a path leads at the end of its symbolic links. Links are followed one by one and joined as they
+/// stand, because "cleaning" a path with ".." behind a linked folder names another file.
+QString followLinks(const QString& path)
+{
+    constexpr int mostLinks = 40; // as many as the kernel follows
+    std::filesystem::path place = QFile::encodeName(path).toStdString();
+    std::error_code failure;
+    for (int links = 0; std::filesystem::is_symlink(place, failure); ++links) {
+        if (links == mostLinks)
+            refuse(QStringLiteral("Too many levels of symbolic links"));
+        const std::filesystem::path target = std::filesystem::read_symlink(place, failure);
+        if (failure)
+            refuse(QString::fromLocal8Bit(failure.message().c_str()));
+        place = place.parent_path() / target;
+    }
+    return QFile::decodeName(QByteArray::fromStdString(place.string()));
+}
+
+/// The permission bits are asked as well as the system: the superuser's files can be protected too.
+bool isProtected(const QFileInfo& file)
+{
+    return !file.isWritable() || !(file.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
+}
+
+/// Writes and checks everything that can be checked before the old file is replaced. On a full disk one
+/// large write comes back short and all later steps report success: the count is the only witness.
+bool writeWhole(QSaveFile& file, const QByteArray& bytes)
+{
+    return file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size();
+}
+
+} // namespace
+
+QByteArray readFile(const QString& path)
+{
+    const QFileInfo info(path);
+    if (!info.exists())
+        throw RuntimeError(ErrorNumber::FileNotFound);
+    if (!info.isFile()) // a pipe or a device might never end
+        refuse(QStringLiteral("Not a regular file"));
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        refuse(file.errorString());
+    const QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        refuse(file.errorString());
+    return bytes;
+}
+
+void writeFile(const QString& path, const QByteArray& bytes)
+{
+    const QFileInfo old(followLinks(path));
+    const bool replaces = old.exists();
+    if (replaces && !old.isFile()) // replacing a device by a file would harm the whole system
+        refuse(QStringLiteral("Not a regular file"));
+    if (replaces && isProtected(old))
+        refuse(QStringLiteral("The file is write-protected"));
+
+    QSaveFile file(old.filePath());
+    if (!file.open(QIODevice::WriteOnly))
+        refuse(file.errorString());
+    if ((replaces && !file.setPermissions(old.permissions())) || !writeWhole(file, bytes)) {
+        const QString reason = file.error() == QFileDevice::NoError
+                                   ? QStringLiteral("Not everything could be written")
+                                   : file.errorString();
+        file.cancelWriting();
+        refuse(reason);
+    }
+    if (!file.commit())
+        refuse(file.errorString());
+}

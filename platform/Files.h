@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// The whole content of a file.
+/// Throws RuntimeError: FileNotFound when there is none, PathFileAccess (with the system's reason) when it
+/// is no regular file or can't be read to its end.
+QByteArray readFile(const QString& path);
+
+/// Makes `bytes` the whole content of a file; every file that the program writes is written here. Either
+/// the new content is there at the end, or the old file is there untouched and RuntimeError(PathFileAccess)
+/// tells the reason. A symbolic link stays and what it points to is written, also when that doesn't exist
+/// yet. An existing file keeps its permissions; one that nobody may write to is refused.
+void writeFile(const QString& path, const QByteArray& bytes);

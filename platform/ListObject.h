@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+/// Anything that holds a list of texts in order: list boxes and combo boxes.
+class ListObject
+{
+public:
+    virtual ~ListObject() = default;
+    /// How many entries there are.
+    virtual int ListCount() const = 0;
+    /// Entry `index`, from 0; empty outside the list.
+    virtual QString List(int index) const = 0;
+    /// Appends an entry.
+    virtual void AddItem(const QString& text) = 0;
+};

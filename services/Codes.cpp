@@ -1,0 +1,61 @@
+#include "services/Codes.h"
+
+#include <algorithm>
+
+namespace {
+
+QString hex(int value, int digits)
+{
+    return QString::number(static_cast<uint>(value), 16).toUpper().rightJustified(digits, u'0');
+}
+
+bool isHexDigit(QChar c)
+{
+    return (c >= u'0' && c <= u'9') || (c >= u'A' && c <= u'F') || (c >= u'a' && c <= u'f');
+}
+
+/// The value of the hexadecimal digits with which a text begins; at most seven of them.
+int hexValue(const QString& text)
+{
+    const auto end = std::find_if_not(text.begin(), text.end(), isHexDigit);
+    return text.left(end - text.begin()).toInt(nullptr, 16);
+}
+
+} // namespace
+
+Channels splitColor(int colour)
+{
+    const QString digits = HexPad6(colour);
+    return {.red = hexValue(digits.right(2)),
+            .green = hexValue(digits.mid(2, 2)),
+            .blue = hexValue(digits.left(2))};
+}
+
+QString GetHexColor(int& colour)
+{
+    const int red = colour % 256;
+    colour /= 256;
+    const int green = colour % 256;
+    colour /= 256;
+    const int blue = colour % 256;
+    return u'#' + hex(red, 2) + hex(green, 2) + hex(blue, 2);
+}
+
+QString HexPad6(int colour)
+{
+    return hex(colour, 6);
+}
+
+double HexToColor(QString& code)
+{
+    if (code.startsWith(u'#'))
+        code = code.right(6);
+    return hexValue(code.right(2) + code.mid(2, 2) + code.left(2));
+}
+
+QString SplitPairFade(int first, int second, const QString& text, bool mode, const TwoColorFade& fade)
+{
+    const Channels a = splitColor(first);
+    const Channels b = splitColor(second);
+    return fade(a.red, a.green, a.blue, b.red, b.green, b.blue, text, mode);
+}

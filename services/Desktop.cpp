@@ -1,0 +1,41 @@
+#include "services/Desktop.h"
+
+#include "platform/Doors.h"
+
+#include <QCoreApplication>
+#include <QTimer>
+#include <QWidget>
+
+EventYield::EventYield() : m_served(doors().clock()) {}
+
+void EventYield::serve()
+{
+    constexpr qint64 interval = 20; // ms
+    if (doors().clock() - m_served < interval)
+        return;
+    QCoreApplication::processEvents();
+    m_served = doors().clock();
+}
+
+void Pause(double seconds)
+{
+    const qint64 start = doors().clock();
+    QTimer wake; // ends a wait in which nothing happens
+    wake.setTimerType(Qt::PreciseTimer);
+    wake.start(5);
+    while (static_cast<double>(doors().clock() - start) < seconds * 1000.0)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+}
+
+void StayOnTop(QWidget* window)
+{
+    if (window->windowFlags().testFlag(Qt::WindowStaysOnTopHint))
+        return;
+    const bool shown = window->isVisible();
+    const QRect place = window->geometry();
+    window->setWindowFlag(Qt::WindowStaysOnTopHint); // hides the window
+    if (!shown)
+        return;
+    window->setGeometry(place);
+    window->show();
+}

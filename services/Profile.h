@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QString>
+
+class ListObject;
+
+// All settings are plain files: profile files, with `[section]` headers and `key=value` lines, and list
+// files, with one entry a line. Their text is UTF-8. Nothing is cached: each call opens, reads or writes, and
+// closes.
+//
+// In a profile file, section and key names compare without regard to case or to blanks around them, and the
+// first section of a name, the first key of a name in it, count. A section's name runs to the last "]" of its
+// line, so a name that holds one is found again; a key's name runs to the first "=". Lines that begin with
+// ";" are comments. CR LF, LF and CR end lines. A byte order mark is passed over.
+
+/// The value of a key; empty when the file, the section or the key is missing or the file can't be read.
+/// Blanks around the value and one pair of equal quotes (" or ') around it are not part of it. A value is cut
+/// to 254 characters (UTF-16 units), or to 253 where the last would be half of one.
+QString ReadProfile(const QString& section, const QString& key, const QString& file);
+
+/// Sets the value of a key. An existing key keeps its place, its spelling and its line end; a new key goes to
+/// the end of its section, before blank lines; a new section goes to the end of the file; a missing file is
+/// made. All else in the file stays byte for byte. The value is written as it is, up to its first line break:
+/// blanks or quotes around it are lost when it is read. A failure goes unnoticed and leaves the old file.
+void WriteProfile(const QString& section, const QString& key, const QString& value, const QString& file);
+
+/// Whether a file is there whose length can be told; no folder, pipe or device.
+bool FileLenExists(const QString& file);
+
+/// Whether a file is listed in its folder; the same files as `FileLenExists` finds.
+bool FileExists(const QString& file);
+
+/// Writes a list's entries, one a line, empty ones left out. A failure goes unnoticed and leaves the old file.
+void SaveList(const QString& file, const ListObject& list);
+
+/// Appends a list file's fields to a list; a file that doesn't exist adds nothing. A comma ends a field as a
+/// line end does, so an entry "a,b" comes back as two. Blanks before a field are skipped, those behind it
+/// stay. A field that begins with a double quote runs to the next one, over commas and line ends, or to the
+/// end of the file. Empty fields are not added. Throws RuntimeError(PathFileAccess) when the file can't be read.
+void LoadList(const QString& file, ListObject& list);
