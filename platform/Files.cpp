@@ -35,7 +35,8 @@ QString followLinks(const QString& path)
 /// The permission bits are asked as well as the system: the superuser's files can be protected too.
 bool isProtected(const QFileInfo& file)
 {
-    return !file.isWritable() || !(file.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
+    return !file.isWritable() ||
+           !(file.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
 }
 
 /// Writes and checks everything that can be checked before the old file is replaced. On a full disk one

@@ -100,8 +100,8 @@ Place find(QByteArrayView bytes, const QString& section, const QString& key)
 
 QByteArrayView withoutQuotes(QByteArrayView value)
 {
-    const bool quoted = value.size() >= 2 && value.front() == value.back() &&
-                        (value.front() == '"' || value.front() == '\'');
+    const bool quoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == '"' || value.front() == '\'');
     return quoted ? value.sliced(1, value.size() - 2) : value;
 }
 
@@ -119,7 +119,8 @@ QByteArray openLineEnd(QByteArrayView before)
     return open ? QByteArray(lineEnd) : QByteArray();
 }
 
-QByteArray withValue(const QByteArray& bytes, const QString& section, const QString& key, const QString& value)
+QByteArray withValue(const QByteArray& bytes, const QString& section, const QString& key,
+                     const QString& value)
 {
     const Place place = find(bytes, section, key);
     const QByteArray valueBytes = firstLine(value).toUtf8();

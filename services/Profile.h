@@ -30,11 +30,13 @@ bool FileLenExists(const QString& file);
 /// Whether a file is listed in its folder; the same files as `FileLenExists` finds.
 bool FileExists(const QString& file);
 
-/// Writes a list's entries, one a line, empty ones left out. A failure goes unnoticed and leaves the old file.
+/// Writes a list's entries, one a line, empty ones left out. A failure goes unnoticed and leaves the old
+/// file.
 void SaveList(const QString& file, const ListObject& list);
 
 /// Appends a list file's fields to a list; a file that doesn't exist adds nothing. A comma ends a field as a
 /// line end does, so an entry "a,b" comes back as two. Blanks before a field are skipped, those behind it
 /// stay. A field that begins with a double quote runs to the next one, over commas and line ends, or to the
-/// end of the file. Empty fields are not added. Throws RuntimeError(PathFileAccess) when the file can't be read.
+/// end of the file. Empty fields are not added. Throws RuntimeError(PathFileAccess) when the file can't be
+/// read.
 void LoadList(const QString& file, ListObject& list);

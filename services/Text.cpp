@@ -7,13 +7,14 @@
 namespace {
 
 /// `done` never holds `find`, and an occurrence can only come to be where its last character is appended:
-/// so only the end of `done` is ever looked at, and nothing is moved. Holds the caller's texts, since a handler
-/// that runs meanwhile may change the variables they came from.
+/// so only the end of `done` is ever looked at, and nothing is moved. Holds the caller's texts, since a
+/// handler that runs meanwhile may change the variables they came from.
 template <typename Text, typename View>
 class Replacement
 {
 public:
-    Replacement(const Text& text, const Text& find, const Text& with) : m_text(text), m_find(find), m_with(with)
+    Replacement(const Text& text, const Text& find, const Text& with)
+        : m_text(text), m_find(find), m_with(with)
     {
         Q_ASSERT(find.isEmpty() || !with.contains(find));
     }

@@ -53,10 +53,11 @@ void TestConversion::integers_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<int>("number");
     const std::pair<const char*, int> rows[] = {
-        {"0", 0},       {"7", 7},         {"-7", -7},         {"+7", 7},         {"007", 7},
-        {" 7 ", 7},     {"\t7", 7},       {"0.5", 0},         {"1.5", 2},        {"2.5", 2},
-        {"3.5", 4},     {"-0.5", 0},      {"-1.5", -2},       {"-2.5", -2},      {"2.4999", 2},
-        {"2.5001", 3},  {"1e3", 1000},    {"1.5E+2", 150},    {".6", 1},         {"5.", 5},
+        {"0", 0},         {"7", 7},           {"-7", -7},         {"+7", 7},
+        {"007", 7},       {" 7 ", 7},         {"\t7", 7},         {"0.5", 0},
+        {"1.5", 2},       {"2.5", 2},         {"3.5", 4},         {"-0.5", 0},
+        {"-1.5", -2},     {"-2.5", -2},       {"2.4999", 2},      {"2.5001", 3},
+        {"1e3", 1000},    {"1.5E+2", 150},    {".6", 1},          {"5.", 5},
         {"32767", 32767}, {"-32768", -32768}, {"32767.4", 32767}, {"-32768.5", -32768},
     };
     for (const auto& [text, number] : rows)
@@ -76,9 +77,9 @@ void TestConversion::integersOutOfRange_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("fits32");
     const std::pair<const char*, bool> rows[] = {
-        {"32768", true},         {"-32769", true},         {"32767.5", true},        {"2147483647", true},
-        {"-2147483648", true},   {"2147483647.4", true},   {"2147483647.5", false},  {"2147483648", false},
-        {"-2147483649", false},  {"1e300", false},         {"1e999", false},         {"-1e999", false},
+        {"32768", true},        {"-32769", true},       {"32767.5", true},       {"2147483647", true},
+        {"-2147483648", true},  {"2147483647.4", true}, {"2147483647.5", false}, {"2147483648", false},
+        {"-2147483649", false}, {"1e300", false},       {"1e999", false},        {"-1e999", false},
     };
     for (const auto& [text, fits32] : rows)
         QTest::newRow(text) << QString::fromUtf8(text) << fits32;
@@ -95,9 +96,9 @@ void TestConversion::integersOutOfRange()
 void TestConversion::noNumbers_data()
 {
     QTest::addColumn<QString>("text");
-    const char* rows[] = {"",    " ",    "abc",  "12a", "a12", "1 2",   "1,5", "1.000,5", "--1",
-                          "1e",  "e5",   ".",    "+",   "inf", "nan",   "0x10", "#FF0000", "1\n2",
-                          "1..2", "Left", "\xD9\xA3"};
+    const char* rows[] = {"",        " ",    "abc",     "12a",  "a12",  "1 2",  "1,5",
+                          "1.000,5", "--1",  "1e",      "e5",   ".",    "+",    "inf",
+                          "nan",     "0x10", "#FF0000", "1\n2", "1..2", "Left", "\xD9\xA3"};
     for (const char* text : rows)
         QTest::newRow(text) << QString::fromUtf8(text);
     QTest::newRow("NUL behind the number") << QString(QStringLiteral("1") + QChar(0));
@@ -144,10 +145,9 @@ void TestConversion::booleans_data()
 {
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("value");
-    const std::pair<const char*, bool> rows[] = {{"True", true}, {"False", false}, {"true", true},
-                                                 {"FALSE", false}, {" True ", true}, {"1", true},
-                                                 {"0", false},    {"-1", true},     {"0.1", true},
-                                                 {"0.0", false}};
+    const std::pair<const char*, bool> rows[] = {
+        {"True", true}, {"False", false}, {"true", true}, {"FALSE", false}, {" True ", true},
+        {"1", true},    {"0", false},     {"-1", true},   {"0.1", true},    {"0.0", false}};
     for (const auto& [text, value] : rows)
         QTest::newRow(text) << QString::fromUtf8(text) << value;
 }

@@ -119,7 +119,8 @@ private:
     /// Everything in the folder, so that no half-made file stays behind unseen.
     QStringList names() const
     {
-        return QDir(m_folder->path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+        return QDir(m_folder->path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
     void make(const QString& name, const QByteArray& bytes) const
     {
@@ -330,7 +331,8 @@ void TestFiles::readOnlyFolderIsRefused()
         QVERIFY(QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::ExeOwner));
         QCOMPARE(numberOf(errorOf([&] { writeFile(path("a.htm"), "new"); })), 75);
         QCOMPARE(numberOf(errorOf([&] { writeFile(path("b.htm"), "new"); })), 75);
-        QVERIFY(QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+        QVERIFY(
+            QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
     }
     QCOMPARE(content("a.htm"), QByteArray("old"));
     QCOMPARE(names(), QStringList{"a.htm"});
