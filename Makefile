@@ -1,0 +1,46 @@
+# What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
+
+.PHONY: run test bench format tidy clean
+
+# The programs of the release and development builds. Both folders keep the settings of whoever ran them.
+RELEASE := build/release
+DEV := build/dev
+
+run:
+	@if [ -z "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
+	  echo "make run: there is no display here (neither DISPLAY nor WAYLAND_DISPLAY is set)."; \
+	  echo "Start it from a desktop session, or on a virtual display: xvfb-run make run"; \
+	  echo "(xvfb-run comes with: apt-get install xvfb xauth)"; \
+	  exit 1; \
+	fi
+	./setup
+	cmake --preset release
+	cmake --build --preset release
+	$(RELEASE)/bin/brindlemark
+
+test:
+	./setup --test
+	cmake --preset dev
+	cmake --build --preset dev
+	ctest --preset dev
+
+bench:
+	./setup --bench
+	cmake --preset bench
+	cmake --build --preset bench --target run-benchmarks
+
+format:
+	./setup --develop
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+tidy:
+	./setup --develop
+	cmake --preset dev
+	cmake --build --preset dev
+	git ls-files '*.cpp' | xargs -n 1 -P "$$(nproc)" clang-tidy -p $(DEV) --quiet
+
+# Removes what was compiled, not the settings and lists that the program keeps beside itself.
+clean:
+	@for folder in build/*/; do \
+	  if [ -f "$$folder/build.ninja" ]; then cmake --build "$$folder" --target clean; fi; \
+	done
