@@ -1,0 +1,32 @@
+#include "platform/CheckBox.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QMouseEvent>
+
+CheckBox::CheckBox(QWidget* parent) : QCheckBox(parent)
+{
+    connect(this, &QCheckBox::toggled, this, &CheckBox::Click);
+}
+
+void CheckBox::setValue(int value)
+{
+    if (value != 0 && value != 1)
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    setChecked(value == 1);
+}
+
+void CheckBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    QCheckBox::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        emit MouseUp();
+}
+
+void CheckBox::keyReleaseEvent(QKeyEvent* event)
+{
+    const bool wasDown = isDown(); // only the space bar holds a button down
+    QCheckBox::keyReleaseEvent(event);
+    if (wasDown && !isDown())
+        emit MouseUp();
+}

@@ -1,0 +1,50 @@
+#include "platform/OptionButton.h"
+
+#include <QButtonGroup>
+#include <QMouseEvent>
+
+OptionButton::OptionButton(QWidget* parent) : QRadioButton(parent)
+{
+    connect(this, &QRadioButton::toggled, this, [this](bool set) {
+        if (set)
+            emit Click();
+    });
+}
+
+void OptionButton::setValue(bool value)
+{
+    if (value)
+        setChecked(true);
+    else
+        clear();
+}
+
+void OptionButton::clear()
+{
+    // The toolkit clears an option only for another one of its group: leave the group meanwhile.
+    QButtonGroup* const buttons = group();
+    const int id = buttons ? buttons->id(this) : -1;
+    const bool exclusive = autoExclusive();
+    if (buttons)
+        buttons->removeButton(this);
+    setAutoExclusive(false);
+    setChecked(false);
+    setAutoExclusive(exclusive);
+    if (buttons)
+        buttons->addButton(this, id);
+}
+
+void OptionButton::mouseReleaseEvent(QMouseEvent* event)
+{
+    QRadioButton::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
+        emit MouseUp();
+}
+
+void OptionButton::keyReleaseEvent(QKeyEvent* event)
+{
+    const bool wasDown = isDown(); // only the space bar holds a button down
+    QRadioButton::keyReleaseEvent(event);
+    if (wasDown && !isDown())
+        emit MouseUp();
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QRadioButton>
+
+/// One of several options, of which at most one is set. A group is what shares a parent, or a QButtonGroup.
+class OptionButton : public QRadioButton
+{
+    Q_OBJECT
+
+public:
+    /// An option that isn't set.
+    explicit OptionButton(QWidget* parent = nullptr);
+
+    /// True while the option is set.
+    bool Value() const { return isChecked(); }
+    /// Sets the option, which clears the others of its group; or clears it, so that none may be set.
+    void setValue(bool value);
+
+signals:
+    /// The option has become set, by hand or by code; the others are cleared by then. A click on an option
+    /// that is set already changes nothing and raises nothing.
+    void Click();
+    /// The hand has let go of the option: the left button over it, or the space bar. Comes behind `Click`,
+    /// and never from code.
+    void MouseUp();
+
+protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    void clear();
+};
