@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayView>
+#include <array>
+#include <optional>
+#include <vector>
+
+/// How `TextSearch` and `RichTextBox::Find` compare. The numbers add up; 0 ignores case and takes parts of
+/// words.
+enum FindOption {
+    WholeWord = 2, ///< not where a letter, digit or underline of the text runs on from one of the match
+    MatchCase = 4,
+};
+
+/// Where a match lies, in bytes. Its length may differ from that of the wanted text: the two cases of some
+/// letters take different numbers of bytes.
+struct TextMatch
+{
+    qsizetype position = 0;
+    qsizetype length = 0;
+
+    bool operator==(const TextMatch&) const = default;
+};
+
+/// A search for one text in UTF-8 bytes. Bytes that are not UTF-8 are compared as they are.
+class TextSearch
+{
+public:
+    /// `options` is a sum of `FindOption`. An empty text is never found.
+    TextSearch(const QByteArray& wanted, int options);
+
+    /// The first match at or behind `from` that ends at or before `end`; both lie within the text.
+    std::optional<TextMatch> find(QByteArrayView text, qsizetype from, qsizetype end) const;
+
+private:
+    /// A character of the wanted text, in the spellings that count as the same.
+    class Letter
+    {
+    public:
+        Letter(QByteArrayView character, bool matchCase);
+
+        bool hasOneSpelling() const { return m_count == 1; }
+        /// Marks the bytes with which the spellings begin.
+        void markFirstBytes(std::array<bool, 256>& marks) const;
+        /// The size of the spelling with which `text` begins, 0 if with none.
+        qsizetype sizeAtStart(QByteArrayView text) const;
+
+    private:
+        struct Spelling
+        {
+            std::array<char, 4> bytes;
+            qsizetype size;
+        };
+
+        void add(QByteArrayView spelling);
+        void addCase(char32_t otherCase, char32_t character);
+
+        std::array<Spelling, 3> m_spellings{};
+        size_t m_count = 0;
+    };
+
+    std::optional<TextMatch> next(QByteArrayView text, qsizetype from) const;
+    qsizetype matchLength(QByteArrayView text) const;
+
+    QByteArray m_wanted;
+    std::vector<Letter> m_letters;
+    std::array<bool, 256> m_firstBytes{};
+    bool m_exact = true;
+    bool m_wholeWord;
+};
