@@ -120,8 +120,8 @@ RichTextBox::RichTextBox(QWidget* parent)
     applyLook();
     applySelectionColors();
     connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int position, int type, const char* text, int length, int, int, int, int, int token) {
-                onModified(position, type, text, length, token);
+            [this](int position, int type, const char*, int, int, int, int, int, int token) {
+                onModified(position, type, token);
             });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::onUpdate);
 }
@@ -168,7 +168,7 @@ void RichTextBox::setUpKeys()
 /// screen readers: they are on only while one is running. Those before an edit cost nothing.
 void RichTextBox::listenToEdits()
 {
-    int events = SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE | SC_MOD_INSERTCHECK | SC_MOD_CONTAINER;
+    int events = SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE | SC_MOD_CONTAINER;
     if (QAccessible::isActive())
         events |= SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT;
     send(SCI_SETMODEVENTMASK, events);
@@ -433,11 +433,9 @@ void RichTextBox::changeEvent(QEvent* event)
 
 // Notifications -------------------------------------------------------------------------------------------
 
-/// Runs inside the component's edit, where nothing may be changed but the text about to be inserted.
-void RichTextBox::onModified(int position, int type, const char* text, int length, int token)
+/// Runs inside the component's edit, where nothing may be changed.
+void RichTextBox::onModified(int position, int type, int token)
 {
-    if (type & SC_MOD_INSERTCHECK)
-        keepToEncoding({text, length});
     if (type & SC_MOD_CONTAINER)
         m_encoding = type & SC_PERFORMED_UNDO ? encodingBefore(token) : encodingAfter(token);
     if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) {
@@ -446,17 +444,6 @@ void RichTextBox::onModified(int position, int type, const char* text, int lengt
             m_mark = {};
         notifySoon();
     }
-}
-
-/// Whatever way a text comes in (keys, input method, drop, screen reader): what a Western document can't hold
-/// becomes a numeric character reference.
-void RichTextBox::keepToEncoding(QByteArrayView inserted)
-{
-    if (m_encoding == TextEncoding::Utf8)
-        return;
-    const QByteArray fitting = toInner(fromInner(inserted));
-    if (fitting != inserted)
-        SendScintilla(SCI_CHANGEINSERTION, static_cast<uintptr_t>(fitting.size()), fitting.constData());
 }
 
 /// Raises what has become due since the last time.
@@ -562,12 +549,6 @@ std::unique_ptr<QMimeData> RichTextBox::selectionData() const
     return selected;
 }
 
-/// Asked for drops only. Files are left to the window.
-bool RichTextBox::canInsertFromMimeData(const QMimeData* source) const
-{
-    return !source->hasUrls() && source->hasText();
-}
-
 QByteArray RichTextBox::fromMimeData(const QMimeData* source, bool& rectangular) const
 {
     rectangular = false;
@@ -611,8 +592,29 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
         QAbstractScrollArea::focusNextPrevChild(!(event->modifiers() & Qt::ShiftModifier));
     else if (tab && event->modifiers() == Qt::NoModifier)
         setSelText("\t"); // the component would indent selected lines
+    else if (!isHeld(event->text()))
+        setSelText(encode(event->text()));
     else if (!runStandardKey(event))
+        runComponentKey(event);
+}
+
+/// Ctrl with a letter types nothing, even where the platform gives the letter as the key's text.
+void RichTextBox::runComponentKey(QKeyEvent* event)
+{
+    const Qt::KeyboardModifiers keys = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+    if (keys != Qt::ControlModifier) { // Ctrl and Alt together are AltGr on some platforms
         QsciScintillaBase::keyPressEvent(event);
+        return;
+    }
+    QKeyEvent textless(event->type(), event->key(), event->modifiers());
+    QsciScintillaBase::keyPressEvent(&textless);
+    event->setAccepted(textless.isAccepted());
+}
+
+/// Whether the document can hold a text as it stands.
+bool RichTextBox::isHeld(const QString& text) const
+{
+    return decode(encode(text)) == text;
 }
 
 bool RichTextBox::runStandardKey(QKeyEvent* event)
@@ -731,6 +733,13 @@ void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
     Step step(this);
     dropRectangleKeys(event);
     QsciScintillaBase::mouseDoubleClickEvent(event);
+}
+
+/// Files are left to the window.
+void RichTextBox::dragEnterEvent(QDragEnterEvent* event)
+{
+    if (event->mimeData()->hasText() && !event->mimeData()->hasUrls())
+        QsciScintillaBase::dragEnterEvent(event);
 }
 
 void RichTextBox::dropEvent(QDropEvent* event)

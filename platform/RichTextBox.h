@@ -116,10 +116,10 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
-    bool canInsertFromMimeData(const QMimeData* source) const override;
     QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
     QMimeData* toMimeData(const QByteArray& text, bool rectangular) const override;
 
@@ -155,8 +155,7 @@ private:
     void setEncoding(TextEncoding encoding);
     void scrollToCaretSoon();
 
-    void onModified(int position, int type, const char* text, int length, int token);
-    void keepToEncoding(QByteArrayView inserted);
+    void onModified(int position, int type, int token);
     void notify();
     void notifySoon();
     void onUpdate();
@@ -171,7 +170,9 @@ private:
     void pasteFrom(const QMimeData* source);
     QByteArray insertable(const QMimeData* source) const;
     std::unique_ptr<QMimeData> selectionData() const;
+    bool isHeld(const QString& text) const;
     bool runStandardKey(QKeyEvent* event);
+    void runComponentKey(QKeyEvent* event);
     void showPreedit(const QString& text);
     QPoint caretPoint() const;
 
