@@ -80,10 +80,11 @@ void ListBox::setSelected(int index, bool selected)
 {
     if (selected == Selected(index))
         return;
-    if (selectsOne())
+    if (selectsOne()) {
         setListIndex(selected ? index : -1);
-    else
+    } else {
         item(index)->setSelected(selected);
+    }
 }
 
 void ListBox::mousePressEvent(QMouseEvent* event)

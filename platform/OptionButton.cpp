@@ -13,10 +13,11 @@ OptionButton::OptionButton(QWidget* parent) : QRadioButton(parent)
 
 void OptionButton::setValue(bool value)
 {
-    if (value)
+    if (value) {
         setChecked(true);
-    else
+    } else {
         clear();
+    }
 }
 
 void OptionButton::clear()

@@ -14,10 +14,11 @@ ScrollBar::ScrollBar(QWidget* parent) : QScrollBar(parent)
 
 void ScrollBar::noticeValue()
 {
-    if (isSliderDown())
+    if (isSliderDown()) {
         emit Scroll();
-    else
+    } else {
         emit Change();
+    }
 }
 
 void ScrollBar::noticeRelease()

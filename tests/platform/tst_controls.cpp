@@ -26,9 +26,8 @@ class Log
 {
 public:
     template <typename Sender>
-    void note(
-        Sender* sender, void (Sender::*signal)(), const QString& name,
-        std::function<QString()> reading = [] { return QString(); })
+    void note(Sender* sender, void (Sender::*signal)(), const QString& name,
+              const std::function<QString()>& reading)
     {
         QObject::connect(sender, signal, &m_context, [this, name, reading] { m_lines << name + reading(); });
     }
@@ -155,6 +154,7 @@ struct Choice
         box.setEditable(editable);
         for (const char* text : {"a", "b", "c"})
             box.AddItem(QString::fromLatin1(text));
+        box.setMinimumWidth(200); // the list hasn't to scroll sideways
         layout.addWidget(&box);
         layout.addWidget(&other);
         show(window);
