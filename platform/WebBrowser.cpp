@@ -1,0 +1,595 @@
+#include "platform/WebBrowser.h"
+
+#include "platform/Doors.h"
+#include "platform/WebEngine.h"
+
+#include <QAction>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTimer>
+#include <QVBoxLayout>
+#include <QWebEngineFindTextResult>
+#include <QWebEngineHistory>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineScript>
+#include <QWebEngineSettings>
+#include <QWebEngineView>
+#include <algorithm>
+#include <csignal>
+#include <memory>
+
+namespace {
+
+/// How long a killed renderer may take to be gone, and a new one to come up, in milliseconds.
+constexpr int GoneLimit = 2000;
+constexpr int StartLimit = 30000;
+
+/// How often, and after what pause in milliseconds, the caret is set anew until the surface takes letters.
+constexpr int CaretTries = 10;
+constexpr int CaretPause = 30;
+
+constexpr double ZoomFactors[] = {0.6, 0.8, 1.0, 1.25, 1.6};
+
+/// Operations of all controls that wait for the engine right now.
+int operationsWaiting = 0;
+
+/// Lets all events but the user's input be handled until `loop` is told to quit.
+void wait(QEventLoop& loop)
+{
+    ++operationsWaiting;
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    --operationsWaiting;
+}
+
+/// A JavaScript string literal.
+QString literal(const QString& text)
+{
+    QString quoted;
+    quoted.reserve(text.size() + text.size() / 16 + 2);
+    quoted += u'"';
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        if (unit == u'"' || unit == u'\\')
+            (quoted += u'\\') += character;
+        else if (unit == u'\n')
+            quoted += QStringLiteral("\\n");
+        else if (unit < 0x20 || unit == 0x2028 || unit == 0x2029 || character.isSurrogate())
+            quoted += QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'));
+        else
+            quoted += character;
+    }
+    return quoted += u'"';
+}
+
+QString literal(bool value)
+{
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}
+
+} // namespace
+
+SurfaceLost::SurfaceLost()
+    : RuntimeError(ErrorNumber::ObjectNotSet,
+                   QStringLiteral("The page has stopped answering, and its text could not be read"))
+{
+}
+
+WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
+{
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+}
+
+// Before the base class goes: the page's last signals must still find a whole control.
+WebBrowser::~WebBrowser()
+{
+    delete m_view;
+}
+
+void WebBrowser::makeView()
+{
+    if (m_view)
+        return;
+    m_page = new WebPage(m_kind, nullptr);
+    m_view = new QWebEngineView(m_page, this);
+    m_page->setParent(m_view);
+    m_view->setContextMenuPolicy(Qt::NoContextMenu);
+    m_view->installEventFilter(this); // the widget that takes input comes later, and anew with each renderer
+    for (QWidget* child : m_view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        child->installEventFilter(this);
+    layout()->addWidget(m_view);
+    setFocusProxy(m_view);
+    m_view->show();
+
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { rendererEnded(); });
+    connect(m_page, &QWebEnginePage::loadingChanged, this, &WebBrowser::loadingChanged);
+    connect(m_page, &QWebEnginePage::linkHovered, this, &WebBrowser::statusTextChanged);
+    connect(m_page, &WebPage::leaveRefused, this, [this](const QUrl& address) {
+        emit statusTextChanged(
+            QStringLiteral("Links are not followed here: %1").arg(address.toDisplayString()));
+    });
+    connect(m_page, &QWebEnginePage::loadProgress, this, [this](int percent) {
+        if (m_content == Content::Elsewhere)
+            emit progressChanged(percent, 100);
+    });
+}
+
+void WebBrowser::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    makeView();
+    QTimer::singleShot(0, this, [this] {
+        if (!m_lost)
+            makeDocument(); // so that one can type into it
+    });
+}
+
+void WebBrowser::setDesignMode(DesignMode mode)
+{
+    if (mode == m_designMode)
+        return;
+    const bool rewrite = m_content == Content::Document;
+    const QString html = rewrite ? innerHtml() : QString();
+    m_designMode = mode;
+    if (rewrite && !writePage(html))
+        throw SurfaceLost();
+}
+
+qint64 WebBrowser::rendererPid() const
+{
+    return m_page ? m_page->renderProcessPid() : 0;
+}
+
+QWidget* WebBrowser::inputWidget() const
+{
+    return m_view ? m_view->focusProxy() : nullptr;
+}
+
+// ---- Waiting for the engine ------------------------------------------------------------------------------
+
+int WebBrowser::limit() const
+{
+    return m_patience +
+           static_cast<int>(static_cast<double>(m_patience) * static_cast<double>(m_length) / 1e6);
+}
+
+std::optional<QVariant> WebBrowser::ask(const Question& question)
+{
+    m_gaveUp = false;
+    if (!m_page || m_lost || m_page->isAsking()) // nobody there, or the user has yet to answer
+        return std::nullopt;
+
+    struct Reply
+    {
+        std::optional<QVariant> answer;
+        QEventLoop* loop;
+    };
+    QEventLoop loop;
+    const auto reply = std::make_shared<Reply>(Reply{std::nullopt, &loop}); // for an answer that comes late
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
+    QTimer::singleShot(limit(), &loop, &QEventLoop::quit);
+    question([reply](const QVariant& answer) {
+        reply->answer = answer;
+        if (reply->loop)
+            reply->loop->quit();
+    });
+    m_page->setMuted(true);
+    if (!reply->answer && !m_lost)
+        wait(loop);
+    m_page->setMuted(false);
+    reply->loop = nullptr;
+
+    if (!reply->answer && !m_lost) {
+        m_gaveUp = true;
+        endRenderer();
+    }
+    return reply->answer;
+}
+
+std::optional<QVariant> WebBrowser::evaluate(const QString& script)
+{
+    return ask([&](const auto& answer) {
+        m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld, answer);
+    });
+}
+
+std::optional<QVariant> WebBrowser::call(const QString& function)
+{
+    return evaluate(surfaceScript() + u'.' + function);
+}
+
+bool WebBrowser::succeeds(const QString& function)
+{
+    makeDocument();
+    return call(function).value_or(false).toBool();
+}
+
+// ---- The renderer's end ----------------------------------------------------------------------------------
+
+/// Ends a renderer that answers to nothing; an endless script does not even hear a request to stop.
+void WebBrowser::endRenderer()
+{
+    const qint64 pid = m_page->renderProcessPid();
+    if (pid <= 0) {
+        rendererEnded();
+        return;
+    }
+    QEventLoop loop;
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
+    QTimer::singleShot(GoneLimit, &loop, &QEventLoop::quit);
+    ::kill(static_cast<pid_t>(pid), SIGKILL);
+    wait(loop);
+    if (!m_lost)
+        rendererEnded();
+}
+
+void WebBrowser::rendererEnded()
+{
+    m_lost = true;
+    m_lossTold = false;
+    QTimer::singleShot(0, this, &WebBrowser::tellLoss);
+}
+
+void WebBrowser::tellLoss()
+{
+    if (!m_lost || m_lossTold)
+        return;
+    if (operationsWaiting > 0) {
+        QTimer::singleShot(CaretPause, this, &WebBrowser::tellLoss);
+        return;
+    }
+    m_lossTold = true;
+    emit rendererDied();
+}
+
+// ---- The document ----------------------------------------------------------------------------------------
+
+/// An empty document, where there is none yet.
+void WebBrowser::makeDocument()
+{
+    if (m_content == Content::Nothing)
+        writePage(QString());
+}
+
+bool WebBrowser::write(const QString& html)
+{
+    if (!m_view && html.isEmpty()) // an empty document needs no view until it is seen
+        return true;
+    return writePage(html);
+}
+
+bool WebBrowser::writePage(const QString& html)
+{
+    makeView();
+    m_length = html.size();
+    const bool design = m_designMode == DesignMode::On;
+    const QString function =
+        QStringLiteral("write(") + literal(html) + QStringLiteral(", ") + literal(design) + u')';
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        // The scripts of the page before live on in its realm, so a page with scripts gets a new one.
+        const bool ready = design && m_content == Content::Document && !m_lost && m_scriptsOff;
+        if (!ready && !openBlankPage())
+            break;
+        m_content = Content::Document;
+        if (call(function)) {
+            wakeCaret(CaretTries);
+            return true;
+        }
+        if (m_gaveUp) // would only do so again
+            break;
+    }
+    m_lossTold = true;
+    return false;
+}
+
+bool WebBrowser::openBlankPage()
+{
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        m_lost = false;
+        m_scriptsOff = m_designMode == DesignMode::On;
+        m_page->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, !m_scriptsOff);
+        m_page->triggerAction(QWebEnginePage::Stop); // a load still under way would replace what is written
+        m_page->leaveFor(blankAddress());
+        m_page->load(blankAddress()); // the same address again replaces its entry in the history
+        const bool started = startBlankPage();
+        m_page->arrived();
+        if (started) {
+            applyZoom();
+            return true;
+        }
+        if (!m_lost)
+            endRenderer();
+    }
+    return false;
+}
+
+/// Waits until the empty page is there. The end of an earlier load may come late and look like this one's.
+bool WebBrowser::startBlankPage()
+{
+    const QDeadlineTimer deadline(std::max(StartLimit, limit()));
+    while (!m_lost && !deadline.hasExpired()) {
+        QEventLoop loop;
+        connect(m_page, &QWebEnginePage::loadFinished, &loop, [&](bool ok) {
+            if (ok && m_page->url() == blankAddress())
+                loop.quit();
+        });
+        connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
+        QTimer::singleShot(static_cast<int>(deadline.remainingTime()), &loop, &QEventLoop::quit);
+        wait(loop);
+        if (!deadline.hasExpired() &&
+            call(QStringLiteral("start(") + literal(m_scriptsOff) + u')').value_or(false).toBool())
+            return true;
+    }
+    return false;
+}
+
+QString WebBrowser::innerHtml()
+{
+    makeDocument();
+    const std::optional<QVariant> answer = call(QStringLiteral("innerHtml(") + literal(!m_scriptsOff) + u')');
+    if (!answer || answer->typeId() != QMetaType::QString) {
+        m_lossTold = true;
+        throw SurfaceLost();
+    }
+    m_length = answer->toString().size();
+    return answer->toString();
+}
+
+bool WebBrowser::execCommand(const QString& id, const QString& value)
+{
+    const QString command = id.toLower();
+    if (command == QLatin1String("copy"))
+        return copySelection();
+    if (command == QLatin1String("cut"))
+        return copySelection() && execCommand(QStringLiteral("delete"));
+    if (command == QLatin1String("paste"))
+        return paste();
+    return succeeds(QStringLiteral("execCommand(") + literal(id) + u',' + literal(value) + u')');
+}
+
+bool WebBrowser::copySelection()
+{
+    makeDocument();
+    const QVariantList selection = call(QStringLiteral("selection()")).value_or(QVariant()).toList();
+    if (selection.size() != 2 || selection.at(1).toString().isEmpty())
+        return false;
+    auto clip = std::make_unique<QMimeData>();
+    clip->setText(selection.at(0).toString());
+    clip->setHtml(selection.at(1).toString());
+    doors().setClipboard(std::move(clip));
+    return true;
+}
+
+bool WebBrowser::paste()
+{
+    const QMimeData* clip = doors().clipboard();
+    if (!clip || !(clip->hasText() || clip->hasHtml()))
+        return false;
+    return succeeds(QStringLiteral("paste(") + literal(clip->text()) + u',' + literal(clip->html()) + u')');
+}
+
+QString WebBrowser::currentLink()
+{
+    makeDocument();
+    return call(QStringLiteral("link()")).value_or(QVariant()).toString();
+}
+
+bool WebBrowser::setLink(const QString& address)
+{
+    return succeeds(QStringLiteral("setLink(") + literal(address) + u')');
+}
+
+FindResult WebBrowser::find(const QString& text, bool backwards, bool matchCase)
+{
+    makeDocument();
+    if (text.isEmpty()) {
+        m_page->findText(QString());
+        return {};
+    }
+    QWebEnginePage::FindFlags flags;
+    flags.setFlag(QWebEnginePage::FindBackward, backwards);
+    flags.setFlag(QWebEnginePage::FindCaseSensitively, matchCase);
+    const std::optional<QVariant> answer = ask([&](const auto& found) {
+        m_page->findText(text, flags, [found](const QWebEngineFindTextResult& result) {
+            found(QVariantList{result.numberOfMatches(), result.activeMatch()});
+        });
+    });
+    const QVariantList counts = answer.value_or(QVariantList{0, 0}).toList();
+    return {counts.at(0).toInt(), counts.at(1).toInt()};
+}
+
+// ---- Keys ------------------------------------------------------------------------------------------------
+
+void WebBrowser::sendKeys(const QString& keys)
+{
+    setFocus();
+    if (keys == QLatin1String("^k"))
+        emit linkRequested();
+    else if (keys == QLatin1String("^f"))
+        emit findRequested();
+    else
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+}
+
+/// Whether a key is for the control or its page: all are but the window's shortcuts.
+bool WebBrowser::takesKey(const QKeyEvent& key) const
+{
+    if (key.matches(QKeySequence::Find) || isLinkKey(key))
+        return true;
+    const QKeySequence sequence(key.keyCombination());
+    const QList<QAction*> actions = window()->findChildren<QAction*>();
+    return std::none_of(actions.begin(), actions.end(), [&](const QAction* action) {
+        return action->isEnabled() && action->shortcuts().contains(sequence);
+    });
+}
+
+bool WebBrowser::isLinkKey(const QKeyEvent& key) const
+{
+    return m_designMode == DesignMode::On && key.keyCombination() == (Qt::CTRL | Qt::Key_K);
+}
+
+/// What the program does on a key of the page; false leaves the key to the page.
+bool WebBrowser::actOnKey(const QKeyEvent& key)
+{
+    if (key.matches(QKeySequence::Find)) {
+        emit findRequested();
+        return true;
+    }
+    if (isLinkKey(key)) {
+        emit linkRequested();
+        return true;
+    }
+    if (m_designMode == DesignMode::Off)
+        return false;
+    if (key.matches(QKeySequence::Cut))
+        execCommand(QStringLiteral("Cut"));
+    else if (key.matches(QKeySequence::Copy))
+        execCommand(QStringLiteral("Copy"));
+    else if (key.matches(QKeySequence::Paste))
+        execCommand(QStringLiteral("Paste"));
+    else
+        return false;
+    return true;
+}
+
+bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ChildAdded:
+        if (QObject* child = static_cast<QChildEvent*>(event)->child();
+            watched == m_view && child->isWidgetType())
+            child->installEventFilter(this);
+        break;
+    case QEvent::FocusIn:
+        QTimer::singleShot(0, this, [this] { wakeCaret(CaretTries); });
+        break;
+    case QEvent::ShortcutOverride: // decided here, or else the page and the window race for the key
+        event->setAccepted(takesKey(*static_cast<QKeyEvent*>(event)));
+        return true;
+    case QEvent::KeyPress:
+        if (actOnKey(*static_cast<QKeyEvent*>(event)))
+            return true;
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+/// A caret that was set before the focus came leaves the view deaf to typed letters: sets it anew until not.
+void WebBrowser::wakeCaret(int tries)
+{
+    const QWidget* input = inputWidget();
+    if (m_designMode == DesignMode::Off || m_lost || tries == 0 || !input || !input->hasFocus() ||
+        input->testAttribute(Qt::WA_InputMethodEnabled))
+        return;
+    m_page->runJavaScript(surfaceScript() + QStringLiteral(".renewCaret()"),
+                          QWebEngineScript::ApplicationWorld);
+    QTimer::singleShot(CaretPause, this, [this, tries] { wakeCaret(tries - 1); });
+}
+
+// ---- Navigation ------------------------------------------------------------------------------------------
+
+void WebBrowser::load(const QUrl& address, const std::function<void()>& begin)
+{
+    m_content = Content::Elsewhere;
+    m_page->leaveFor(address);
+    begin();
+}
+
+void WebBrowser::Navigate(const QString& address)
+{
+    const QString text = address.trimmed();
+    if (text.isEmpty() || text == QLatin1String("about:blank")) {
+        write(QString());
+        return;
+    }
+    const QUrl url = QUrl::fromUserInput(text);
+    if (!url.isValid() || url.scheme() == QLatin1String("javascript")) {
+        emit statusTextChanged(QStringLiteral("Not an address: %1").arg(text));
+        return;
+    }
+    makeView();
+    load(url, [&] { m_page->load(url); });
+}
+
+/// Goes to the nearest page; the empty one into which documents are written is no place to go to.
+bool WebBrowser::step(const QList<QWebEngineHistoryItem>& nearestFirst)
+{
+    for (const QWebEngineHistoryItem& item : nearestFirst) {
+        if (item.url() != blankAddress()) {
+            load(item.url(), [&] { m_page->history()->goToItem(item); });
+            return true;
+        }
+    }
+    return false;
+}
+
+bool WebBrowser::GoBack()
+{
+    if (!m_page)
+        return false;
+    QList<QWebEngineHistoryItem> items = m_page->history()->backItems(m_page->history()->count());
+    std::reverse(items.begin(), items.end());
+    return step(items);
+}
+
+bool WebBrowser::GoForward()
+{
+    return m_page && step(m_page->history()->forwardItems(m_page->history()->count()));
+}
+
+void WebBrowser::Stop()
+{
+    if (!m_page)
+        return;
+    m_page->triggerAction(QWebEnginePage::Stop);
+    m_page->arrived();
+    emit progressChanged(0, 0);
+}
+
+void WebBrowser::Refresh()
+{
+    if (m_content == Content::Elsewhere)
+        load(m_page->url(), [this] { m_page->triggerAction(QWebEnginePage::Reload); });
+}
+
+void WebBrowser::loadingChanged(const QWebEngineLoadingInfo& info)
+{
+    if (m_content != Content::Elsewhere)
+        return;
+    switch (info.status()) {
+    case QWebEngineLoadingInfo::LoadStartedStatus:
+        emit statusTextChanged(QStringLiteral("Opening page %1").arg(info.url().toDisplayString()));
+        break;
+    case QWebEngineLoadingInfo::LoadStoppedStatus: // by Stop, or by the next load, which goes on
+        break;
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+        m_page->arrived();
+        m_lost = false;
+        applyZoom();
+        if (m_designMode == DesignMode::On)
+            m_page->runJavaScript(QStringLiteral("document.designMode = 'on'"),
+                                  QWebEngineScript::ApplicationWorld);
+        emit progressChanged(0, 0);
+        emit statusTextChanged(QStringLiteral("Done"));
+        emit navigationFinished(info.status() == QWebEngineLoadingInfo::LoadSucceededStatus);
+        break;
+    }
+}
+
+void WebBrowser::setZoomLevel(int level)
+{
+    m_zoomLevel = std::clamp(level, 0, static_cast<int>(std::size(ZoomFactors)) - 1);
+    applyZoom();
+}
+
+/// A page in a new renderer begins at the normal size.
+void WebBrowser::applyZoom()
+{
+    if (m_page)
+        m_page->setZoomFactor(ZoomFactors[m_zoomLevel]);
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QWebEnginePage>
+#include <optional>
+
+/// A page that keeps to its place: no windows, no downloads, no permissions, no files chosen, and, for a
+/// document, no way out of it but the program's own.
+class WebPage : public QWebEnginePage
+{
+    Q_OBJECT
+
+public:
+    enum class Kind {
+        Document, ///< never leaves what was written into it
+        Internet, ///< follows its links
+    };
+
+    WebPage(Kind kind, QObject* parent);
+
+    /// The program itself is about to load a page: until `arrived`, the document may be left for it, and a
+    /// page that wants to be asked first isn't.
+    void leaveFor(const QUrl& address) { m_target = address; }
+    void arrived() { m_target.reset(); }
+
+    /// True while the program waits for the page: messages of its scripts are answered by silence.
+    void setMuted(bool muted) { m_muted = muted; }
+
+    /// True while a message of a script stands before the user.
+    bool isAsking() const { return m_asking; }
+
+signals:
+    /// A link, a script or a form would have left the document.
+    void leaveRefused(const QUrl& address);
+
+protected:
+    QWebEnginePage* createWindow(WebWindowType type) override;
+    bool acceptNavigationRequest(const QUrl& address, NavigationType type, bool mainFrame) override;
+    QStringList chooseFiles(FileSelectionMode mode, const QStringList& oldFiles,
+                            const QStringList& types) override;
+    void javaScriptAlert(const QUrl& origin, const QString& message) override;
+    bool javaScriptConfirm(const QUrl& origin, const QString& message) override;
+    bool javaScriptPrompt(const QUrl& origin, const QString& message, const QString& initial,
+                          QString* answer) override;
+    void javaScriptConsoleMessage(JavaScriptConsoleMessageLevel level, const QString& message, int line,
+                                  const QString& source) override;
+
+private:
+    Kind m_kind;
+    std::optional<QUrl> m_target; // where the program is going
+    bool m_muted = false;
+    bool m_asking = false;
+};

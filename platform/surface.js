@@ -1,0 +1,141 @@
+/**
+ * What the control does in the document that it shows. Runs in a world of its own, which shares the document with
+ * the page's scripts and nothing else; what a page replaces or hides, as by <FORM name=write>, stays untouched here,
+ * because all is called through the prototypes.
+ *
+ * The file is one expression; its value is the object of these functions. `serialise` is the function of
+ * serialise.js.
+ */
+(function (serialise) {
+'use strict';
+
+const body = () => Object.getOwnPropertyDescriptor(Document.prototype, 'body').get.call(document);
+const command = (name, value) => Document.prototype.execCommand.call(document, name, false, value);
+const selectedRange = () => getSelection().rangeCount > 0 ? getSelection().getRangeAt(0) : null;
+
+/** Hides the whole page, so that nothing is laid out. */
+const HIDDEN = new CSSStyleSheet();
+HIDDEN.replaceSync(':root { display: none !important }');
+
+/** An editing command works where the caret is: there has to be one. */
+function placeCaret() {
+    if (!selectedRange() && body())
+        getSelection().collapse(body(), 0);
+}
+
+/** The A in which the caret or the whole selection is. */
+function linkAtCaret() {
+    const range = selectedRange();
+    const node = range && range.commonAncestorContainer;
+    const element = node instanceof Text ? node.parentNode : node;
+    return element instanceof Element ? Element.prototype.closest.call(element, 'a[href]') : null;
+}
+
+const escapeHtml = text => text.replace(/&/g, '&amp;').replace(/</g, '&lt;').replace(/"/g, '&quot;');
+
+/** A fragment without what would act by itself: scripts, foreign documents, handlers and script addresses. */
+function harmless(html) {
+    const page = new DOMParser().parseFromString(html, 'text/html');
+    for (const element of page.querySelectorAll('script, iframe, frame, object, embed, meta, link, base, style, title'))
+        element.remove();
+    for (const element of page.querySelectorAll('*')) {
+        for (const { name, value } of Array.from(element.attributes)) {
+            if (name.startsWith('on') || /^[\s\u0000-\u0020]*javascript:/i.test(value))
+                element.removeAttribute(name);
+        }
+    }
+    return page.body.innerHTML.replace(/<!--(Start|End)Fragment-->/g, '');
+}
+
+return {
+    /**
+     * Makes the empty page ready; on a design surface to be edited, with FONT and B instead of styles and P for a
+     * new paragraph. False: this is still the page before it.
+     */
+    start(design) {
+        if (globalThis.surfaceStarted)
+            return false;
+        globalThis.surfaceStarted = true;
+        if (design) {
+            document.designMode = 'on';
+            placeCaret();
+            command('styleWithCSS', false);
+            command('defaultParagraphSeparator', 'p');
+        }
+        return true;
+    },
+
+    /**
+     * Replaces the document by a text. On a design surface nothing looks at the page before it is painted, so it
+     * stays hidden until the parser is done: laying it out at once takes ten times as long as parsing it.
+     */
+    write(text, design) {
+        Document.prototype.open.call(document);
+        Document.prototype.write.call(document, text);
+        if (design)
+            document.adoptedStyleSheets = [HIDDEN];
+        Document.prototype.close.call(document);
+        if (design) {
+            placeCaret();
+            document.adoptedStyleSheets = [];
+        }
+        return true;
+    },
+
+    innerHtml(scripting) {
+        return serialise(document, scripting);
+    },
+
+    execCommand(name, value) {
+        placeCaret();
+        return command(name, value);
+    },
+
+    /** The selection as [text, HTML]; blanks that must not break are blanks in the text. */
+    selection() {
+        const range = selectedRange();
+        if (!range || range.collapsed)
+            return ['', ''];
+        const holder = Document.prototype.createElement.call(document, 'div');
+        holder.append(range.cloneContents());
+        return [String(getSelection()).replace(/\u00a0/g, ' '), holder.innerHTML];
+    },
+
+    paste(text, html) {
+        placeCaret();
+        const clean = html && harmless(html);
+        return clean ? command('insertHTML', clean) : command('insertText', text);
+    },
+
+    /** The address of the link at the caret, as the page has it; empty when there is none. */
+    link() {
+        const link = linkAtCaret();
+        return link ? link.getAttribute('href') : '';
+    },
+
+    /** Changes or, without an address, removes the link at the caret; makes one of the selection or the address. */
+    setLink(address) {
+        placeCaret();
+        const link = linkAtCaret();
+        if (link)
+            getSelection().selectAllChildren(link);
+        if (address === '')
+            return command('unlink', '');
+        if (getSelection().isCollapsed)
+            return command('insertHTML', '<a href="' + escapeHtml(address) + '">' + escapeHtml(address) + '</a>');
+        return command('createLink', address);
+    },
+
+    /** A caret that was set before the keyboard focus came takes no typed letters: sets it anew. */
+    renewCaret() {
+        const selection = getSelection();
+        const { anchorNode, anchorOffset, focusNode, focusOffset } = selection;
+        selection.removeAllRanges();
+        if (anchorNode)
+            selection.setBaseAndExtent(anchorNode, anchorOffset, focusNode, focusOffset);
+        else
+            placeCaret();
+        return true;
+    },
+};
+})
