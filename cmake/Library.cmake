@@ -23,4 +23,7 @@ function(brindlemark_library folder)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK;SOURCES")
   add_library(brindlemark_${folder} STATIC ${arg_SOURCES})
   target_link_libraries(brindlemark_${folder} PUBLIC brindlemark_options ${arg_LINK})
+  # Headers of forms include what is generated from their .ui files.
+  target_include_directories(brindlemark_${folder}
+                             PUBLIC "${CMAKE_CURRENT_BINARY_DIR}/brindlemark_${folder}_autogen/include")
 endfunction()

@@ -20,9 +20,8 @@ void guarded(const std::function<void()>& body);
 
 /// Connects a handler to an event: `on(Command6, &QPushButton::clicked, this, &FrmHR::Command6_Click)`.
 /// The handler may take fewer arguments than the signal gives.
-template <typename Sender, typename Signal, typename Receiver, typename... Args>
-QMetaObject::Connection on(Sender* sender, Signal signal, Receiver* receiver,
-                           void (Receiver::*handler)(Args...))
+template <typename Sender, typename Signal, typename Receiver, typename Owner, typename... Args>
+QMetaObject::Connection on(Sender* sender, Signal signal, Receiver* receiver, void (Owner::*handler)(Args...))
 {
     return QObject::connect(sender, signal, receiver, [receiver, handler](Args... args) {
         guarded([&] { (receiver->*handler)(args...); });

@@ -1,0 +1,42 @@
+#include "shell/About.h"
+
+#include "platform/Doors.h"
+#include "platform/Events.h"
+
+#include <QDialogButtonBox>
+#include <QIcon>
+#include <QLabel>
+#include <QPushButton>
+#include <QShortcut>
+#include <QVBoxLayout>
+
+About::About()
+{
+    setWindowTitle(QStringLiteral("About ") + ProgramName);
+    setWindowFlag(Qt::WindowMinMaxButtonsHint, false);
+
+    auto* icon = new QLabel(this);
+    icon->setPixmap(QIcon(QStringLiteral(":/brindlemark.svg")).pixmap(64, 64));
+    auto* name = new QLabel(ProgramName, this);
+    QFont large = name->font();
+    large.setPointSizeF(large.pointSizeF() * 1.8);
+    name->setFont(large);
+    auto* purpose =
+        new QLabel(QStringLiteral("Composes the HTML page of an online auction listing.\n"
+                                  "Free software under the GNU General Public License, version 3 or later."),
+                   this);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
+    buttons->button(QDialogButtonBox::Close)->setDefault(true);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(28, 24, 28, 20);
+    layout->setSpacing(12);
+    for (QWidget* line :
+         {static_cast<QWidget*>(icon), static_cast<QWidget*>(name), static_cast<QWidget*>(purpose)})
+        layout->addWidget(line, 0, Qt::AlignHCenter);
+    layout->addWidget(buttons);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+
+    on(buttons, &QDialogButtonBox::rejected, this, &About::Unload);
+    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &About::Unload);
+}

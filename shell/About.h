@@ -1,0 +1,12 @@
+#pragma once
+
+#include "platform/Form.h"
+
+/// The window that gives the product's name and number.
+class About : public Form
+{
+    Q_OBJECT
+
+public:
+    About();
+};

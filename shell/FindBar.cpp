@@ -1,0 +1,126 @@
+#include "shell/FindBar.h"
+
+#include "platform/Events.h"
+#include "platform/WebBrowser.h"
+
+#include <QHBoxLayout>
+#include <QIcon>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolButton>
+
+namespace {
+
+QToolButton* button(const char* icon, const QString& toolTip)
+{
+    auto* made = new QToolButton;
+    made->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(icon))));
+    made->setToolTip(toolTip);
+    made->setAccessibleName(toolTip);
+    made->setAutoRaise(true);
+    return made;
+}
+
+} // namespace
+
+FindBar::FindBar(WebBrowser* surface)
+    : QFrame(surface->parentWidget()), m_surface(surface), m_text(new QLineEdit), m_count(new QLabel)
+{
+    setFrameShape(QFrame::StyledPanel);
+    setAutoFillBackground(true);
+    m_text->setPlaceholderText(QStringLiteral("Find on the page"));
+    m_text->setAccessibleName(QStringLiteral("Find on the page"));
+    m_text->setMinimumWidth(m_text->fontMetrics().averageCharWidth() * 24);
+    m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(QStringLiteral("000 of 000")));
+    auto* previous = button("go-up", QStringLiteral("Previous match (Shift+Enter)"));
+    auto* next = button("go-down", QStringLiteral("Next match (Enter)"));
+    auto* closer = button("dialog-close", QStringLiteral("Close (Escape)"));
+
+    auto* layout = new QHBoxLayout(this);
+    layout->setContentsMargins(6, 4, 6, 4);
+    for (QWidget* part : std::initializer_list<QWidget*>{m_text, m_count, previous, next, closer})
+        layout->addWidget(part);
+
+    on(m_text, &QLineEdit::textEdited, this, &FindBar::findNext);
+    on(previous, &QToolButton::clicked, this, &FindBar::findPrevious);
+    on(next, &QToolButton::clicked, this, &FindBar::findNext);
+    on(closer, &QToolButton::clicked, this, &FindBar::close);
+    surface->installEventFilter(this);
+    hide();
+}
+
+void FindBar::open()
+{
+    place();
+    show();
+    raise();
+    m_text->setFocus();
+    m_text->selectAll();
+}
+
+void FindBar::close()
+{
+    m_surface->find(QString()); // drops the marks
+    hide();
+    m_surface->setFocus();
+}
+
+void FindBar::find(bool backwards)
+{
+    const FindResult found = m_surface->find(m_text->text(), backwards);
+    if (m_text->text().isEmpty())
+        m_count->clear();
+    else if (found.matches == 0)
+        m_count->setText(QStringLiteral("Not found"));
+    else
+        m_count->setText(QStringLiteral("%1 of %2").arg(found.current).arg(found.matches));
+}
+
+void FindBar::findNext()
+{
+    find(false);
+}
+
+void FindBar::findPrevious()
+{
+    find(true);
+}
+
+void FindBar::keyPressEvent(QKeyEvent* event)
+{
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        guarded([this] { close(); });
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        guarded([this, event] { find(event->modifiers() & Qt::ShiftModifier); });
+        break;
+    default:
+        QFrame::keyPressEvent(event);
+    }
+}
+
+/// Keeps the bar at the surface's upper right corner, and goes with the surface.
+bool FindBar::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::Move:
+    case QEvent::Resize:
+        place();
+        break;
+    case QEvent::Hide:
+        hide();
+        break;
+    default:
+        break;
+    }
+    return QFrame::eventFilter(watched, event);
+}
+
+void FindBar::place()
+{
+    adjustSize();
+    move(m_surface->geometry().right() - width() - 20, m_surface->geometry().top() + 4);
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QFrame>
+
+class QLabel;
+class QLineEdit;
+class WebBrowser;
+
+/// A bar over a surface's upper edge that looks for text in the page: what is typed is found at once, Enter
+/// and Shift+Enter go on and back, Escape closes it.
+class FindBar : public QFrame
+{
+    Q_OBJECT
+
+public:
+    /// A hidden bar for `surface`, whose parent it shares.
+    explicit FindBar(WebBrowser* surface);
+
+    /// Shows the bar with its text selected, ready to type.
+    void open();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void close();
+    void find(bool backwards);
+    void findNext();
+    void findPrevious();
+    void place();
+
+    WebBrowser* m_surface;
+    QLineEdit* m_text;
+    QLabel* m_count;
+};

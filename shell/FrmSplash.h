@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/Form.h"
+
+#include <QTimer>
+
+/// The start object: one picture, for about 1.4 seconds, then the main window.
+class FrmSplash : public Form
+{
+    Q_OBJECT
+
+public:
+    FrmSplash();
+
+signals:
+    /// The main window has been loaded and is about to show.
+    void mainWindowLoaded();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    void Timer2_Timer();
+
+    QTimer Timer2;
+};

@@ -1,0 +1,347 @@
+#include "shell/FrmWeb.h"
+
+#include "platform/AppPath.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+#include "services/Profile.h"
+#include "shell/FindBar.h"
+#include "shell/WindowLayout.h"
+
+#include <QActionGroup>
+#include <QDir>
+#include <QFontDatabase>
+#include <QIcon>
+#include <QScreen>
+#include <array>
+
+namespace {
+
+constexpr int TwipsPerPixel = 15;
+
+/// One position of the toolbar. A button that stands for a menu entry does what the entry does; the others
+/// ask for a tool. No tool tip: a separator.
+struct ToolbarPosition
+{
+    const char* toolTip;
+    const char* icon;
+    QAction* Ui::FrmWeb::*entry;
+};
+
+constexpr ToolbarPosition Separator = {nullptr, nullptr, nullptr};
+
+constexpr std::array<ToolbarPosition, 22> ToolbarPositions = {{
+    {"New", "document-new", &Ui::FrmWeb::MnNew},
+    {"Open", "document-open", &Ui::FrmWeb::MnOpen},
+    {"Save", "document-save", &Ui::FrmWeb::mnsave},
+    {"Save As", "document-save-as", &Ui::FrmWeb::mnsaveas},
+    Separator,
+    {"Cut", "edit-cut", &Ui::FrmWeb::MnCut},
+    {"Copy", "edit-copy", &Ui::FrmWeb::MnCopy},
+    {"Paste", "edit-paste", &Ui::FrmWeb::MnPaste},
+    {"Find", "edit-find", &Ui::FrmWeb::munfind},
+    Separator,
+    {"Hightlight", "draw-highlight", &Ui::FrmWeb::munhighlight},
+    {"Unhightlight", "draw-eraser", &Ui::FrmWeb::munUNHighlight},
+    {"Highlight Color", "color-management", &Ui::FrmWeb::munhighlightcolor},
+    Separator,
+    {"Brindlemark Create", "tools-wizard", nullptr},
+    Separator,
+    {"Body Attributes", "document-properties", nullptr},
+    {"Font Properties", "font", nullptr},
+    {"Picture Properties", "insert-image", nullptr},
+    {"Tables Properties", "insert-table", nullptr},
+    {"Lists Properties", "format-list-unordered", nullptr},
+    {"Horizontal Rule Properties", "insert-horizontal-rule", nullptr},
+}};
+
+constexpr int CreateButton = 15;
+
+struct ButtonIcon
+{
+    QToolButton* Ui::FrmWeb::*button;
+    const char* icon;
+};
+
+constexpr std::array<ButtonIcon, 20> ButtonIcons = {{
+    {&Ui::FrmWeb::Command1, "format-text-bold"},
+    {&Ui::FrmWeb::Command2, "format-text-italic"},
+    {&Ui::FrmWeb::Command3, "format-text-underline"},
+    {&Ui::FrmWeb::Command4, "insert-horizontal-rule"},
+    {&Ui::FrmWeb::Command5, "format-text-color"},
+    {&Ui::FrmWeb::Command6, "format-indent-more"},
+    {&Ui::FrmWeb::Command7, "format-indent-less"},
+    {&Ui::FrmWeb::Command8, "format-justify-left"},
+    {&Ui::FrmWeb::Command9, "format-justify-center"},
+    {&Ui::FrmWeb::Command10, "format-justify-right"},
+    {&Ui::FrmWeb::Command11, "format-fill-color"},
+    {&Ui::FrmWeb::Command12, "edit-undo"},
+    {&Ui::FrmWeb::Command13, "edit-redo"},
+    {&Ui::FrmWeb::Command16, "insert-link"},
+    {&Ui::FrmWeb::Command14, "go-jump"},
+    {&Ui::FrmWeb::Command15, "go-home"},
+    {&Ui::FrmWeb::Command17, "go-previous"},
+    {&Ui::FrmWeb::Command18, "go-next"},
+    {&Ui::FrmWeb::Command19, "process-stop"},
+    {&Ui::FrmWeb::Command20, "view-refresh"},
+}};
+
+QIcon namedIcon(const char* name)
+{
+    return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
+}
+
+TwipsRect twips(const QWidget* widget)
+{
+    return {widget->x() * TwipsPerPixel, widget->y() * TwipsPerPixel, widget->width() * TwipsPerPixel,
+            widget->height() * TwipsPerPixel};
+}
+
+void place(QWidget* widget, const TwipsRect& rect)
+{
+    widget->setGeometry(rect.Left / TwipsPerPixel, rect.Top / TwipsPerPixel, rect.Width / TwipsPerPixel,
+                        rect.Height / TwipsPerPixel);
+}
+
+} // namespace
+
+FrmWeb::FrmWeb()
+{
+    setupUi(this);
+    WebBrowser2->setKind(WebPage::Kind::Internet);
+    m_findBar = new FindBar(WebBrowser1);
+    setPalette(QPalette(QColor(0xE0, 0xE0, 0xE0)));
+    for (ComboBox* combo : {Combo1, Combo2, Combo3}) {
+        QPalette field = palette();
+        field.setColor(QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
+        combo->setPalette(field);
+    }
+    buildToolbar();
+    for (const ButtonIcon& entry : ButtonIcons)
+        (this->*entry.button)->setIcon(namedIcon(entry.icon));
+
+    auto* textSizes = new QActionGroup(this); // one size at a time is checked
+    for (QAction* size : mutextsize->actions())
+        textSizes->addAction(size);
+    munview->menuAction()->setEnabled(false);
+
+    for (const char* size : {"8", "10", "12", "14", "18", "24", "36"})
+        Combo2->AddItem(QString::fromLatin1(size));
+    Combo2->setText(QStringLiteral("Normal"));
+    Combo1->setText(QStringLiteral("Arial"));
+
+    arrangeFrames();
+    const QSize screenSize = screen()->availableSize();
+    resize(qMin(1000, screenSize.width()), qMin(700, screenSize.height()));
+
+    loadSettings();
+    connectHandlers();
+    connectViews();
+    keepOnFatal([this] { return keepText(); });
+    RichTextBox1->setFocus();
+}
+
+FrmWeb::~FrmWeb()
+{
+    keepOnFatal(nullptr);
+}
+
+void FrmWeb::buildToolbar()
+{
+    Toolbar1->setIconSize(QSize(22, 22));
+    for (size_t i = 0; i < ToolbarPositions.size(); ++i) {
+        const ToolbarPosition& position = ToolbarPositions[i];
+        if (!position.toolTip) {
+            Toolbar1->addSeparator();
+            continue;
+        }
+        const QString toolTip = QString::fromLatin1(position.toolTip);
+        QAction* button = Toolbar1->addAction(namedIcon(position.icon), toolTip);
+        Toolbar1->widgetForAction(button)->setFocusPolicy(Qt::TabFocus); // the tools have no menu entry
+        const int index = int(i) + 1;
+        on(button, &QAction::triggered, this, [this, index] { Toolbar1_ButtonClick(index); });
+    }
+    for (int index : {6, 7}) // nothing is selected yet
+        toolbarButton(index)->setEnabled(false);
+}
+
+QAction* FrmWeb::toolbarButton(int index) const
+{
+    return Toolbar1->actions().at(index - 1);
+}
+
+/// The load step: settings, blank surfaces, fonts.
+void FrmWeb::loadSettings()
+{
+    const QString webIni = appFile(QStringLiteral("\\web.ini"));
+    LoadList(appFile(QStringLiteral("\\Ils.ini")), *Combo3);
+    Combo3->setText(ReadProfile(QStringLiteral("internet"), QStringLiteral("home"), webIni));
+    loadEditorFont();
+    loadEditorBackground();
+
+    for (WebBrowser* browser : {WebBrowser1, WebBrowser2, WebBrowser3})
+        browser->Navigate(QStringLiteral("about:blank"));
+    WebBrowser1->setDesignMode(DesignMode::On);
+    WebBrowser3->setDesignMode(DesignMode::Off);
+    Dirty = false;
+    for (const QString& family : QFontDatabase::families())
+        Combo1->AddItem(family);
+}
+
+void FrmWeb::connectHandlers()
+{
+    on(MnNew, &QAction::triggered, this, &FrmWeb::MnNew_Click);
+    on(MnOpen, &QAction::triggered, this, &FrmWeb::MnOpen_Click);
+    on(mnsave, &QAction::triggered, this, &FrmWeb::mnsave_Click);
+    on(mnsaveas, &QAction::triggered, this, &FrmWeb::mnsaveas_Click);
+    on(MnExit, &QAction::triggered, this, &FrmWeb::MnExit_Click);
+    on(mnuhtml, &QAction::triggered, this, &FrmWeb::mnuhtml_Click);
+    on(MnCut, &QAction::triggered, this, &FrmWeb::MnCut_Click);
+    on(MnCopy, &QAction::triggered, this, &FrmWeb::MnCopy_Click);
+    on(MnPaste, &QAction::triggered, this, &FrmWeb::MnPaste_Click);
+    on(MnSelect, &QAction::triggered, this, &FrmWeb::MnSelect_Click);
+    on(munsetfont, &QAction::triggered, this, &FrmWeb::munsetfont_Click);
+    on(munEBC, &QAction::triggered, this, &FrmWeb::munEBC_Click);
+    on(munhighlight, &QAction::triggered, this, &FrmWeb::munhighlight_Click);
+    on(munUNHighlight, &QAction::triggered, this, &FrmWeb::munUNHighlight_Click);
+
+    on(RichTextBox1, &RichTextBox::Change, this, &FrmWeb::RichTextBox1_Change);
+    on(RichTextBox1, &RichTextBox::SelChange, this, &FrmWeb::RichTextBox1_SelChange);
+    on(RichTextBox1, &RichTextBox::Click, this, &FrmWeb::RichTextBox1_Click);
+    on(RichTextBox1, &RichTextBox::KeyUp, this, &FrmWeb::RichTextBox1_KeyUp);
+}
+
+/// Puts the bars of the three pages in place and what they leave free below them; sizes follow the window's.
+void FrmWeb::arrangeFrames()
+{
+    struct Page
+    {
+        QWidget* frame;
+        QWidget* bar;
+        std::initializer_list<QWidget*> views;
+    };
+    constexpr int Inset =
+        8; // the frame's rule leaves 250 twips of the tab control's width, half of them on each side
+    constexpr int Gap = 4;
+    for (const Page& page :
+         {Page{Frame1, RegionBar, {RichTextBox1, Picture1}},
+          Page{Frame2, DesignBar, {WebBrowser1, WebBrowser3}}, Page{Frame3, AddressBar, {WebBrowser2}}}) {
+        page.frame->move(Inset, Gap);
+        const int barHeight = page.bar->sizeHint().height();
+        page.bar->setGeometry(Inset, 0, page.bar->sizeHint().width(), barHeight);
+        for (QWidget* view : page.views)
+            view->move(Inset, barHeight + Gap);
+    }
+    Label1->move(Inset, 0);
+    ProgressBar1->resize(100, Label1->sizeHint().height());
+    Label1->resize(Label1->sizeHint());
+}
+
+bool FrmWeb::queryUnload()
+{
+    if (Dirty)
+        Checksafe();
+    if (SaveCancelled)
+        return false;
+    doors().end(0);
+    return true;
+}
+
+void FrmWeb::resizeEvent(QResizeEvent* event)
+{
+    Form::resizeEvent(event);
+    Form_Resize();
+}
+
+void FrmWeb::changeEvent(QEvent* event)
+{
+    Form::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        arrangeFrames();
+        Form_Resize();
+    }
+}
+
+void FrmWeb::Form_Resize()
+{
+    const int menuHeight = MenuBar1->heightForWidth(width());
+    const int toolbarHeight = Toolbar1->sizeHint().height();
+    MenuBar1->setGeometry(0, 0, width(), menuHeight);
+    Toolbar1->setGeometry(0, menuHeight, width(), toolbarHeight);
+
+    // The layout counts from below the menu bar, and frames from the tab control's own top.
+    const int tabsHeight = SSTab1->tabBar()->sizeHint().height();
+    WindowLayout layout = {
+        .Toolbar1 = {0, 0, width() * TwipsPerPixel, toolbarHeight * TwipsPerPixel},
+        .SSTab1 = twips(SSTab1),
+        .Frame1 = twips(Frame1),
+        .Frame2 = twips(Frame2),
+        .Frame3 = twips(Frame3),
+        .RichTextBox1 = twips(RichTextBox1),
+        .Picture1 = twips(Picture1),
+        .WebBrowser1 = twips(WebBrowser1),
+        .WebBrowser2 = twips(WebBrowser2),
+        .WebBrowser3 = twips(WebBrowser3),
+        .Label1 = twips(Label1),
+        .ProgressBar1 = twips(ProgressBar1),
+    };
+    for (TwipsRect* frame : {&layout.Frame1, &layout.Frame2, &layout.Frame3})
+        frame->Top += tabsHeight * TwipsPerPixel;
+
+    // A window's frame and title are no part of `width()` and `height()`: 90 and 680 twips stand for them.
+    layout = resized(layout, width() * TwipsPerPixel + 90, (height() - menuHeight) * TwipsPerPixel + 680);
+
+    for (TwipsRect* frame : {&layout.Frame1, &layout.Frame2, &layout.Frame3})
+        frame->Top -= tabsHeight * TwipsPerPixel;
+    layout.SSTab1.Top += menuHeight * TwipsPerPixel;
+    place(SSTab1, layout.SSTab1);
+    place(Frame1, layout.Frame1);
+    place(Frame2, layout.Frame2);
+    place(Frame3, layout.Frame3);
+    place(RichTextBox1, layout.RichTextBox1);
+    place(Picture1, layout.Picture1);
+    place(WebBrowser1, layout.WebBrowser1);
+    place(WebBrowser2, layout.WebBrowser2);
+    place(WebBrowser3, layout.WebBrowser3);
+    place(Label1, layout.Label1);
+    place(ProgressBar1, layout.ProgressBar1);
+}
+
+void FrmWeb::Toolbar1_ButtonClick(int index)
+{
+    if (index == CreateButton) {
+        MnNew_Click();
+        if (!SaveCancelled)
+            emit toolWanted(index);
+        return;
+    }
+    if (const auto entry = ToolbarPositions.at(size_t(index) - 1).entry)
+        (this->*entry)->trigger();
+    else
+        emit toolWanted(index);
+}
+
+void FrmWeb::MnExit_Click()
+{
+    Unload();
+}
+
+/// Keeps the source as `Recovered.htm` before a fatal error ends the program; where the program's folder
+/// refuses it, in the user's own.
+QString FrmWeb::keepText()
+{
+    const QByteArray text = RichTextBox1->Text();
+    if (text.isEmpty())
+        return QString();
+    for (const QString& folder : {AppPath(), QDir::homePath(), QDir::tempPath()}) {
+        const QString path = folder + QStringLiteral("/Recovered.htm");
+        try {
+            writeFile(path, text);
+            return QStringLiteral("Your text is kept in %1.").arg(QDir::toNativeSeparators(path));
+        } catch (const RuntimeError&) {
+            continue; // the next folder may take it
+        }
+    }
+    return QStringLiteral("Your text could not be kept.");
+}

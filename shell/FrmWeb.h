@@ -1,0 +1,135 @@
+#pragma once
+
+#include "platform/Form.h"
+#include "shell/ui_FrmWeb.h"
+
+#include <QByteArray>
+#include <optional>
+
+class FindBar;
+
+/// The main window: owner of the document, its views and the settings of the source box.
+///
+/// The document is bytes: the source box's text while tab 0 is up, the design surface's content while tab 1
+/// is up. Handlers are named after control and event and lie in four files: FrmWeb.cpp (the window, toolbar,
+/// menu, closing), FrmWebDocument.cpp (files, clipboard, what counts as unsaved), FrmWebViews.cpp (tabs,
+/// Design option, surface commands) and FrmWebEditor.cpp (font, background and highlight of the source box).
+class FrmWeb : public Form, public Ui::FrmWeb
+{
+    Q_OBJECT
+
+public:
+    /// The pages of `SSTab1`.
+    enum Tab { EditorTab, PreviewTab, InternetTab };
+
+    /// Reads the settings. Throws RuntimeError(TypeMismatch) when a number of section `Font` is missing or is
+    /// none.
+    FrmWeb();
+    ~FrmWeb() override;
+
+    /// The document has unsaved changes.
+    bool Dirty = false;
+    /// The user answered Cancel to the last save question; only the next `Checksafe` clears it.
+    bool SaveCancelled = false;
+    /// The user answered No to the last save question; only the next `Checksafe` clears it.
+    bool SaveDeclined = false;
+    /// The document's full path, or "Untitled".
+    QString Text2 = QStringLiteral("Untitled");
+    /// 1 while the source is highlighted.
+    int Check1 = 0;
+
+    /// Asks whether to save, and saves on Yes; the answer stands in `SaveCancelled` and `SaveDeclined`.
+    void Checksafe();
+    /// Asks for a file to save to, proposing `initial`; empty when the user cancels.
+    QString GetFileName(const QString& initial);
+    /// Writes the source box's text, with a line end behind it, to `path` and names the window after it. The
+    /// document keeps its own name and stays as unsaved as it was. A failure is shown in a message box.
+    void SaveFileAs(const QString& path);
+    /// The text as it goes out: each character combined with a key of zero, so that it stays as it is.
+    QString etxt(const QString& text) const;
+
+    /// The toolbar's button at `index`, 1 to 22.
+    QAction* toolbarButton(int index) const;
+
+signals:
+    /// The user wants the tool of a toolbar button that stands for no menu entry, 15 and 17 to 22.
+    void toolWanted(int toolbarIndex);
+
+protected:
+    bool queryUnload() override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    // FrmWeb.cpp
+    void buildToolbar();
+    void connectHandlers();
+    void connectViews();
+    void loadSettings();
+    void arrangeFrames();
+    void Form_Resize();
+    void Toolbar1_ButtonClick(int index);
+    void MnExit_Click();
+    QString keepText();
+
+    // FrmWebDocument.cpp
+    void MnNew_Click();
+    void MnOpen_Click();
+    void mnsave_Click();
+    void mnsaveas_Click();
+    void MnCut_Click();
+    void MnCopy_Click();
+    void MnPaste_Click();
+    void MnSelect_Click();
+    void mnuhtml_Click();
+    void RichTextBox1_Change();
+    void RichTextBox1_SelChange();
+    void RichTextBox1_Click();
+    void RichTextBox1_KeyUp();
+    void emptyDocument();
+    void setCaption(const QString& name);
+    std::optional<QByteArray> FetchSource();
+    void StampGenerator();
+    bool isBlankDocument() const;
+
+    // FrmWebViews.cpp
+    void SSTab1_Click();
+    void showEditor();
+    void showPreview();
+    void switchTools();
+    void Option1_Click();
+    void Option2_Click();
+    void setDesignTools(bool on);
+    void Combo1_Click();
+    void Combo1_EnterPressed();
+    void Combo2_Click();
+    void Command5_Click();
+    void Command11_Click();
+    void Command16_Click();
+    void pickColorFor(const QString& command);
+    void surfaceCommand(const QString& identifier, const QString& value = QString());
+    bool takeSurface();
+    void showSource(WebBrowser* surface);
+    void writeSurface(WebBrowser* surface, const QString& html);
+    std::optional<QString> readSurface(WebBrowser* surface);
+    void replaceLost(WebBrowser* surface);
+    void WebBrowser1_LinkRequested();
+    void WebBrowser1_FindRequested();
+    void WebBrowser1_RendererDied();
+    void WebBrowser3_RendererDied();
+
+    // FrmWebEditor.cpp
+    void munsetfont_Click();
+    void munEBC_Click();
+    void munhighlight_Click();
+    void munUNHighlight_Click();
+    void ApplyHighlight();
+    void ClearHighlight();
+    void loadEditorFont();
+    void loadEditorBackground();
+    void setEditorBackground(int color);
+
+    /// What was last written to a surface: a lost one is made anew from it.
+    QString m_lastShown;
+    FindBar* m_findBar = nullptr;
+};

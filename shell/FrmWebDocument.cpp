@@ -1,0 +1,349 @@
+// The document of the main window: files, clipboard, and what counts as unsaved.
+
+#include "platform/Doors.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+#include "platform/WaitCursor.h"
+#include "shell/FrmWeb.h"
+#include "shell/Highlight.h"
+
+#include <QFileInfo>
+
+namespace {
+
+const QString Untitled = QStringLiteral("Untitled");
+const QString FileFilter = QStringLiteral("HTML Files (*.htm)|*.htm|Text files (*.txt)|*.txt|"
+                                          "Document files (*.doc)|*.doc|All files (*.*)|*.*");
+
+/// What the source box holds after a visit to the design surface when the user has written nothing yet.
+constexpr char BlankDocument[] =
+    "<HEAD>\r\n<META content=\"Brindlemark 1.0\" name=GENERATOR></HEAD>\r\n<BODY></BODY>";
+
+/// The name of the file at `path` without its folder; empty when no file lies there.
+QString bareName(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.isFile() ? file.fileName() : QString();
+}
+
+/// Writes a text as one record: a line end closes it.
+void writeRecord(const QString& path, const QByteArray& text)
+{
+    const WaitCursor hourglass;
+    writeFile(path, text + "\r\n");
+}
+
+void sayCannotSave()
+{
+    MsgBox(QStringLiteral("There has been a (25)error, Cannot save file."), QStringLiteral("Error"),
+           MsgIcon::Stop);
+}
+
+} // namespace
+
+void FrmWeb::Checksafe()
+{
+    SaveCancelled = false;
+    SaveDeclined = false;
+    QString name = bareName(Text2);
+    if (name.isEmpty())
+        name = Untitled;
+    Beep();
+    switch (MsgBox(name + QStringLiteral(" - File has changed. Do you wish to save changes ?"), ProgramTitle,
+                   MsgIcon::Information, MsgButtons::YesNoCancel)) {
+    case MsgAnswer::Yes:
+        mnsave_Click();
+        break;
+    case MsgAnswer::No:
+        SaveDeclined = true;
+        break;
+    default:
+        SaveCancelled = true;
+    }
+}
+
+QString FrmWeb::GetFileName(const QString& initial)
+{
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    dialog.FileName = initial;
+    dialog.Filter = FileFilter;
+    try {
+        dialog.ShowSave();
+    } catch (const RuntimeError&) {
+        return QString();
+    }
+    return dialog.FileName;
+}
+
+void FrmWeb::SaveFileAs(const QString& path)
+{
+    try {
+        writeRecord(path, RichTextBox1->Text());
+    } catch (const RuntimeError& error) {
+        MsgBox(error.description(), ProgramTitle, MsgIcon::Exclamation);
+        return;
+    }
+    setCaption(path);
+}
+
+QString FrmWeb::etxt(const QString& text) const
+{
+    return text;
+}
+
+/// Names the product in each generator tag that the design surface has written in its own name.
+void FrmWeb::StampGenerator()
+{
+    RichTextBox1->setFocus();
+    const int caret = RichTextBox1->SelStart();
+    RichTextBox1->setSelStart(0);
+    RichTextBox1->setSelLength(WorkingSelection);
+    for (int tag = RichTextBox1->Find("<META content=", 0); tag != -1;
+         tag = RichTextBox1->Find("<META content=", tag + 1)) {
+        const int name = RichTextBox1->Find(" name=GENERATOR>", tag);
+        RichTextBox1->setSelStart(tag);
+        RichTextBox1->setSelLength(name - tag + 1); // up to and with the blank before "name"
+        RichTextBox1->setSelText("<META content=\"Brindlemark 1.0\" ");
+    }
+    RichTextBox1->setSelStart(caret);
+}
+
+bool FrmWeb::isBlankDocument() const
+{
+    return RichTextBox1->Text() == BlankDocument;
+}
+
+/// The document's text from the view that is up; the Internet tab holds none. No value when the design
+/// surface gave no answer.
+std::optional<QByteArray> FrmWeb::FetchSource()
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        return RichTextBox1->Text();
+    case PreviewTab:
+        if (!takeSurface())
+            return std::nullopt;
+        return RichTextBox1->Text();
+    default:
+        return QByteArray();
+    }
+}
+
+void FrmWeb::setCaption(const QString& name)
+{
+    setWindowTitle(name + QStringLiteral(" - ") + ProgramName);
+}
+
+void FrmWeb::emptyDocument()
+{
+    RichTextBox1->load(QByteArray());
+    Text2 = Untitled;
+    Dirty = false;
+    setCaption(Untitled);
+}
+
+void FrmWeb::MnNew_Click()
+{
+    if (SSTab1->Tab() == PreviewTab) {
+        try {
+            if (!takeSurface())
+                return;
+        } catch (const RuntimeError&) {
+            // A torn generator tag stays as it is: the text is about to go.
+        }
+        if (isBlankDocument())
+            Dirty = false;
+    }
+    if (Dirty)
+        Checksafe();
+    if (SaveCancelled)
+        return;
+    emptyDocument();
+    writeSurface(WebBrowser1, QString());
+}
+
+void FrmWeb::MnOpen_Click()
+{
+    if (Dirty)
+        Checksafe();
+    if (SaveCancelled)
+        return;
+    if (SaveDeclined) { // the old document is given up even if the dialog is cancelled now
+        emptyDocument();
+        writeSurface(WebBrowser1, QString());
+        writeSurface(WebBrowser3, QString());
+    }
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    dialog.DialogTitle = QStringLiteral("Open As Files");
+    dialog.FileName = QStringLiteral("*.htm");
+    dialog.Filter = FileFilter;
+    try {
+        dialog.ShowOpen();
+    } catch (const RuntimeError&) {
+        return;
+    }
+    if (dialog.FileName.isEmpty())
+        return;
+
+    Text2 = dialog.FileName;
+    try {
+        const WaitCursor hourglass;
+        RichTextBox1->load(readFile(Text2));
+    } catch (const RuntimeError&) {
+        RichTextBox1->load(QByteArray());
+        Text2 = Untitled;
+        Dirty = false;
+        return;
+    }
+    if (SSTab1->Tab() == PreviewTab) {
+        showSource(WebBrowser1);
+        if (Option2->Value())
+            showSource(WebBrowser3);
+    }
+    setCaption(bareName(Text2));
+    if (Check1 == 1)
+        munhighlight_Click();
+}
+
+void FrmWeb::mnsave_Click()
+{
+    if (Text2 == Untitled) {
+        mnsaveas_Click();
+        return;
+    }
+    const std::optional<QByteArray> text = FetchSource();
+    if (!text)
+        return;
+    try {
+        writeRecord(Text2, *text);
+        Dirty = false;
+    } catch (const RuntimeError&) {
+        sayCannotSave();
+    }
+}
+
+void FrmWeb::mnsaveas_Click()
+{
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    dialog.DialogTitle = QStringLiteral("Save As Files");
+    dialog.FileName = bareName(Text2);
+    dialog.Filter = FileFilter;
+    try {
+        dialog.ShowSave();
+    } catch (const RuntimeError&) {
+        return;
+    }
+    if (dialog.FileName.isEmpty())
+        return;
+    if (bareName(dialog.FileName) == dialog.FileTitle &&
+        MsgBox(
+            QStringLiteral("[ %1 ] - already exists.\r\nDo you want to replace it ?").arg(dialog.FileTitle),
+            QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::No)
+        return;
+
+    const std::optional<QByteArray> text = FetchSource();
+    if (!text)
+        return;
+    try {
+        writeRecord(dialog.FileName, *text);
+    } catch (const RuntimeError&) {
+        sayCannotSave();
+        return;
+    }
+    Text2 = dialog.FileName;
+    setCaption(dialog.FileTitle);
+    Dirty = false;
+}
+
+void FrmWeb::MnCut_Click()
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        Clipboard::Clear();
+        RichTextBox1->copy();
+        RichTextBox1->setSelText(QByteArray());
+        break;
+    case PreviewTab:
+        surfaceCommand(QStringLiteral("Cut"));
+        break;
+    }
+}
+
+void FrmWeb::MnCopy_Click()
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        Clipboard::Clear();
+        RichTextBox1->copy();
+        RichTextBox1->setFocus();
+        break;
+    case PreviewTab:
+        surfaceCommand(QStringLiteral("Copy"));
+        break;
+    }
+}
+
+void FrmWeb::MnPaste_Click()
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        RichTextBox1->paste();
+        break;
+    case PreviewTab:
+        surfaceCommand(QStringLiteral("Paste"));
+        break;
+    }
+}
+
+void FrmWeb::MnSelect_Click()
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        RichTextBox1->selectAll();
+        RichTextBox1->setFocus();
+        break;
+    case PreviewTab:
+        surfaceCommand(QStringLiteral("SelectAll"));
+        break;
+    }
+}
+
+void FrmWeb::mnuhtml_Click()
+{
+    if (SSTab1->Tab() == InternetTab)
+        return;
+    Clipboard::Clear();
+    if (SSTab1->Tab() == PreviewTab && !takeSurface())
+        return;
+    RichTextBox1->selectAll();
+    RichTextBox1->copy();
+    if (SSTab1->Tab() == EditorTab)
+        RichTextBox1->setFocus();
+}
+
+void FrmWeb::RichTextBox1_Change()
+{
+    Dirty = !RichTextBox1->isEmpty();
+}
+
+void FrmWeb::RichTextBox1_SelChange()
+{
+    Dirty = !RichTextBox1->isEmpty();
+    const bool selected = RichTextBox1->SelLength() >= 1;
+    for (int index : {6, 7}) // Cut and Copy
+        toolbarButton(index)->setEnabled(selected);
+}
+
+void FrmWeb::RichTextBox1_Click()
+{
+    Dirty = !RichTextBox1->isEmpty();
+}
+
+void FrmWeb::RichTextBox1_KeyUp()
+{
+    if (RichTextBox1->isEmpty())
+        Dirty = false;
+}

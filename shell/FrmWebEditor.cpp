@@ -1,0 +1,159 @@
+// The look of the source box: font, background, highlight.
+
+#include "platform/AppPath.h"
+#include "platform/ColorNumber.h"
+#include "platform/Conversion.h"
+#include "platform/Doors.h"
+#include "platform/RuntimeError.h"
+#include "services/Desktop.h"
+#include "services/Profile.h"
+#include "shell/FrmWeb.h"
+#include "shell/Highlight.h"
+#include "shell/Wait.h"
+
+namespace {
+
+const QString FontSection = QStringLiteral("Font");
+
+/// Script text, in orange: red 255, green 140, blue 10.
+constexpr int ScriptColor = 10 << 16 | 140 << 8 | 255;
+
+QString webIni()
+{
+    return appFile(QStringLiteral("\\web.ini"));
+}
+
+QString fontSetting(const char* key)
+{
+    return ReadProfile(FontSection, QString::fromLatin1(key), webIni());
+}
+
+void keepFontSetting(const char* key, const QString& value)
+{
+    WriteProfile(FontSection, QString::fromLatin1(key), value, webIni());
+}
+
+/// A colour of the highlight; no value when the setting is missing or isn't a number.
+std::optional<int> highlightColor(const char* key)
+{
+    try {
+        return toInteger32(ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
+    } catch (const RuntimeError&) {
+        return std::nullopt;
+    }
+}
+
+} // namespace
+
+/// Throws RuntimeError(TypeMismatch) when size, bold or italic can't be read as what they are.
+void FrmWeb::loadEditorFont()
+{
+    QFont font = RichTextBox1->textFont();
+    const QString name = fontSetting("name");
+    if (!name.isEmpty())
+        font.setFamily(name);
+    font.setPointSizeF(qBound(1.0F, toSingle(fontSetting("size")), 500.0F));
+    font.setBold(toBoolean(fontSetting("bold")));
+    font.setItalic(toBoolean(fontSetting("italic")));
+    RichTextBox1->setTextFont(font);
+}
+
+/// Throws RuntimeError(TypeMismatch) when `BG` is missing or isn't a number.
+void FrmWeb::loadEditorBackground()
+{
+    setEditorBackground(toInteger32(fontSetting("BG")));
+}
+
+void FrmWeb::setEditorBackground(int color)
+{
+    RichTextBox1->setBackColor(color);
+    QPalette cover = Picture1->palette();
+    cover.setColor(QPalette::Window, colorOf(color));
+    Picture1->setPalette(cover);
+}
+
+void FrmWeb::munsetfont_Click()
+{
+    if (Check1 == 1) {
+        MsgBox(QStringLiteral("Please select Editor Unhighlight first."), QStringLiteral("Infor"),
+               MsgIcon::Information);
+        return;
+    }
+    if (SSTab1->Tab() != EditorTab)
+        return;
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    dialog.Font = RichTextBox1->textFont();
+    try {
+        dialog.ShowFont();
+    } catch (const RuntimeError&) {
+        return;
+    }
+    RichTextBox1->setTextFont(dialog.Font);
+    keepFontSetting("name", dialog.Font.family());
+    keepFontSetting("size", fromNumber(dialog.Font.pointSizeF()));
+    keepFontSetting("bold", fromBoolean(dialog.Font.bold()));
+    keepFontSetting("italic", fromBoolean(dialog.Font.italic()));
+}
+
+void FrmWeb::munEBC_Click()
+{
+    if (SSTab1->Tab() != EditorTab)
+        return;
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    dialog.Color = RichTextBox1->BackColor();
+    try {
+        dialog.ShowColor();
+    } catch (const RuntimeError&) {
+        return;
+    }
+    setEditorBackground(dialog.Color);
+    keepFontSetting("BG", QString::number(dialog.Color));
+}
+
+void FrmWeb::munhighlight_Click()
+{
+    if (RichTextBox1->isEmpty() || SSTab1->Tab() != EditorTab)
+        return;
+    Picture1->show();
+    form<Wait>()->Show();
+    if (const std::optional<int> back = highlightColor("back"))
+        RichTextBox1->setBackColor(*back);
+    Pause(0.1);
+    ApplyHighlight();
+    Pause(0.1);
+    form<Wait>()->Hide();
+    Picture1->hide();
+    Check1 = 1;
+}
+
+void FrmWeb::munUNHighlight_Click()
+{
+    if (RichTextBox1->isEmpty() || SSTab1->Tab() != EditorTab)
+        return;
+    Picture1->show();
+    form<Wait>()->Show();
+    Pause(0.1);
+    ClearHighlight();
+    loadEditorBackground();
+    loadEditorFont();
+    Pause(0.1);
+    form<Wait>()->Hide();
+    Picture1->hide();
+    Check1 = 0;
+}
+
+void FrmWeb::ApplyHighlight()
+{
+    highlight(*RichTextBox1, {.tags = highlightColor("one"),
+                              .values = highlightColor("two"),
+                              .comments = highlightColor("three"),
+                              .scripts = ScriptColor,
+                              .text = highlightColor("four")});
+}
+
+void FrmWeb::ClearHighlight()
+{
+    highlight(*RichTextBox1, {.tags = 0, .values = 0, .comments = 0, .scripts = 0, .text = 0});
+}

@@ -1,0 +1,272 @@
+// The views of the main window: tab changes, the Design option, the commands of the design surface.
+
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/RuntimeError.h"
+#include "services/Codes.h"
+#include "shell/FindBar.h"
+#include "shell/FrmWeb.h"
+
+namespace {
+
+/// The HTML font size of a point size in `Combo2`; null for a text that is none of them.
+const char* htmlFontSize(const QString& text)
+{
+    struct Size
+    {
+        const char* points;
+        const char* html;
+    };
+    static constexpr Size Sizes[] = {{"Normal", "3"}, {"8", "1"},  {"10", "2"}, {"12", "3"},
+                                     {"14", "4"},     {"18", "5"}, {"24", "6"}, {"36", "7"}};
+    for (const Size& size : Sizes) {
+        if (text == QLatin1String(size.points))
+            return size.html;
+    }
+    return nullptr;
+}
+
+struct SurfaceCommand
+{
+    QToolButton* Ui::FrmWeb::*button;
+    const char* identifier;
+};
+
+/// The buttons of the design surface that do no more than run a command on it.
+constexpr SurfaceCommand SurfaceCommands[] = {
+    {&Ui::FrmWeb::Command1, "Bold"},          {&Ui::FrmWeb::Command2, "Italic"},
+    {&Ui::FrmWeb::Command3, "Underline"},     {&Ui::FrmWeb::Command4, "InsertHorizontalRule"},
+    {&Ui::FrmWeb::Command6, "Indent"},        {&Ui::FrmWeb::Command7, "Outdent"},
+    {&Ui::FrmWeb::Command8, "JustifyLeft"},   {&Ui::FrmWeb::Command9, "JustifyCenter"},
+    {&Ui::FrmWeb::Command10, "JustifyRight"}, {&Ui::FrmWeb::Command12, "Undo"},
+    {&Ui::FrmWeb::Command13, "Redo"},
+};
+
+} // namespace
+
+void FrmWeb::connectViews()
+{
+    on(SSTab1, &SSTab::Click, this, &FrmWeb::SSTab1_Click);
+    on(Option1, &OptionButton::Click, this, &FrmWeb::Option1_Click);
+    on(Option2, &OptionButton::Click, this, &FrmWeb::Option2_Click);
+    on(Combo1, &ComboBox::Click, this, &FrmWeb::Combo1_Click);
+    on(Combo1, &ComboBox::EnterPressed, this, &FrmWeb::Combo1_EnterPressed);
+    on(Combo2, &ComboBox::Click, this, &FrmWeb::Combo2_Click);
+    on(Command5, &QToolButton::clicked, this, &FrmWeb::Command5_Click);
+    on(Command11, &QToolButton::clicked, this, &FrmWeb::Command11_Click);
+    on(Command16, &QToolButton::clicked, this, &FrmWeb::Command16_Click);
+    on(WebBrowser1, &WebBrowser::linkRequested, this, &FrmWeb::WebBrowser1_LinkRequested);
+    on(WebBrowser1, &WebBrowser::findRequested, this, &FrmWeb::WebBrowser1_FindRequested);
+    on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser1_RendererDied);
+    on(WebBrowser3, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser3_RendererDied);
+    for (const SurfaceCommand& command : SurfaceCommands)
+        on(this->*command.button, &QToolButton::clicked, this,
+           [this, command] { surfaceCommand(QString::fromLatin1(command.identifier)); });
+}
+
+void FrmWeb::SSTab1_Click()
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        showEditor();
+        break;
+    case PreviewTab:
+        showPreview();
+        break;
+    case InternetTab:
+        switchTools();
+        break;
+    }
+}
+
+void FrmWeb::showEditor()
+{
+    Picture1->show();
+    if (Option1->Value())
+        takeSurface();
+    else
+        StampGenerator(); // what was typed on the surface before "Off" was clicked is not taken over
+    Picture1->hide();
+    switchTools();
+    if (Check1 == 1)
+        munhighlight_Click();
+    if (isBlankDocument())
+        Dirty = false;
+}
+
+void FrmWeb::showPreview()
+{
+    switchTools();
+    if (RichTextBox1->isEmpty()) { // the surface keeps the last document
+        Dirty = false;
+        return;
+    }
+    showSource(Option1->Value() ? WebBrowser1 : WebBrowser3);
+}
+
+/// Toolbar and menu offer what the tab that is up can take.
+void FrmWeb::switchTools()
+{
+    const int tab = SSTab1->Tab();
+    for (int index : {6, 7, 8, 9, 15})
+        toolbarButton(index)->setEnabled(tab != InternetTab);
+    for (int index : {11, 12, 13, 17, 18, 19, 20, 21, 22})
+        toolbarButton(index)->setEnabled(tab == EditorTab);
+    for (QMenu* menu : {MnEdit, munoptions})
+        menu->menuAction()->setEnabled(tab == EditorTab);
+    muncolorcode->setEnabled(tab == EditorTab);
+    munview->menuAction()->setEnabled(tab == InternetTab);
+}
+
+void FrmWeb::Option1_Click()
+{
+    WebBrowser1->show();
+    WebBrowser3->hide();
+    setDesignTools(true);
+    writeSurface(WebBrowser1, readSurface(WebBrowser3).value_or(m_lastShown));
+}
+
+void FrmWeb::Option2_Click()
+{
+    WebBrowser1->hide();
+    WebBrowser3->show();
+    setDesignTools(false);
+    writeSurface(WebBrowser3, readSurface(WebBrowser1).value_or(m_lastShown));
+}
+
+void FrmWeb::setDesignTools(bool on)
+{
+    Combo1->setEnabled(on);
+    Combo2->setEnabled(on);
+    for (const SurfaceCommand& command : SurfaceCommands)
+        (this->*command.button)->setEnabled(on);
+    Command5->setEnabled(on);
+    Command11->setEnabled(on);
+}
+
+void FrmWeb::surfaceCommand(const QString& identifier, const QString& value)
+{
+    WebBrowser1->execCommand(identifier, value);
+}
+
+void FrmWeb::Combo1_Click()
+{
+    surfaceCommand(QStringLiteral("FontName"), Combo1->Text());
+}
+
+/// Enter takes the text for an address, as in every address box; only the surface decides whether it goes
+/// there.
+void FrmWeb::Combo1_EnterPressed()
+{
+    WebBrowser1->Navigate(Combo1->Text());
+}
+
+void FrmWeb::Combo2_Click()
+{
+    if (const char* size = htmlFontSize(Combo2->Text()))
+        surfaceCommand(QStringLiteral("FontSize"), QString::fromLatin1(size));
+}
+
+void FrmWeb::pickColorFor(const QString& command)
+{
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    try {
+        dialog.ShowColor();
+    } catch (const RuntimeError&) {
+        return;
+    }
+    surfaceCommand(command, GetHexColor(dialog.Color));
+}
+
+void FrmWeb::Command5_Click()
+{
+    pickColorFor(QStringLiteral("ForeColor"));
+}
+
+void FrmWeb::Command11_Click()
+{
+    pickColorFor(QStringLiteral("BackColor"));
+}
+
+void FrmWeb::Command16_Click()
+{
+    WebBrowser1->sendKeys(QStringLiteral("^k"));
+}
+
+/// Ctrl+K on the surface: the link's address, an empty one removes it.
+void FrmWeb::WebBrowser1_LinkRequested()
+{
+    const std::optional<QString> address =
+        doors().inputBox(QStringLiteral("Address of the link (empty for none):"), QStringLiteral("Hyperlink"),
+                         WebBrowser1->currentLink());
+    if (address)
+        WebBrowser1->setLink(*address);
+}
+
+void FrmWeb::showSource(WebBrowser* surface)
+{
+    writeSurface(surface, RichTextBox1->decode(RichTextBox1->Text()));
+}
+
+/// Shows a document on a surface. The user reads why when that fails.
+void FrmWeb::writeSurface(WebBrowser* surface, const QString& html)
+{
+    m_lastShown = html;
+    if (!surface->write(html))
+        MsgBox(QStringLiteral(
+                   "The page cannot be shown: a script in it does not end, or its process has ended.\n"
+                   "Your text is safe in the editor."),
+               ProgramTitle, MsgIcon::Exclamation);
+}
+
+/// Replaces the source by the design surface's content, stamped, as one step that a single Undo takes back.
+/// False: the surface gave no answer; the user has been told, and the source keeps its text.
+bool FrmWeb::takeSurface()
+{
+    const std::optional<QString> html = readSurface(WebBrowser1);
+    if (!html)
+        return false;
+    const RichTextBox::UndoGroup oneStep(RichTextBox1);
+    RichTextBox1->setText(RichTextBox1->encode(*html));
+    StampGenerator();
+    return true;
+}
+
+/// A surface's content; no value when it gave no answer, which is never taken for an empty document.
+std::optional<QString> FrmWeb::readSurface(WebBrowser* surface)
+{
+    try {
+        return surface->innerHtml();
+    } catch (const SurfaceLost&) {
+        replaceLost(surface);
+        return std::nullopt;
+    }
+}
+
+/// Makes a surface whose renderer has ended anew from what it was given last, and tells the user. A hidden
+/// one waits until it is needed.
+void FrmWeb::replaceLost(WebBrowser* surface)
+{
+    MsgBox(QStringLiteral(
+               "The process that showed the page has ended. What was edited on the page since it was last "
+               "shown is lost; your text in the editor is as it was."),
+           ProgramTitle, MsgIcon::Exclamation);
+    if (surface->isVisible())
+        writeSurface(surface, m_lastShown);
+}
+
+void FrmWeb::WebBrowser1_RendererDied()
+{
+    replaceLost(WebBrowser1);
+}
+
+void FrmWeb::WebBrowser3_RendererDied()
+{
+    replaceLost(WebBrowser3);
+}
+
+void FrmWeb::WebBrowser1_FindRequested()
+{
+    m_findBar->open();
+}

@@ -1,0 +1,57 @@
+#include "shell/Highlight.h"
+
+#include "platform/RichTextBox.h"
+
+namespace {
+
+/// What one pass over the text colours: from `opening` to `closing`, the case of letters aside.
+struct Pass
+{
+    const char* opening;
+    const char* closing;
+    std::optional<int> HighlightColors::*color;
+    int startOffset; // from the opening text's first character
+    int extraLength; // beyond the closing text's first character
+};
+
+constexpr std::array<Pass, 4> Passes = {{
+    {"<", ">", &HighlightColors::tags, 0, 1},
+    {"=\"", "\"", &HighlightColors::values, 1, 0},
+    {"<!--", "-->", &HighlightColors::comments, 0, 3},
+    {"<SCRIPT", "</SCRIPT>", &HighlightColors::scripts, 0, 9},
+}};
+
+void colorRange(RichTextBox& box, int start, int length, int color)
+{
+    box.setSelStart(start);
+    box.setSelLength(length);
+    box.setSelColor(color);
+}
+
+void run(RichTextBox& box, const Pass& pass, int color)
+{
+    int from = 0;
+    for (int open = box.Find(pass.opening, from); open != -1; open = box.Find(pass.opening, from)) {
+        const int close = box.Find(pass.closing, open + 2);
+        // Without a closing text the length is negative, or a few characters at the very start of the text.
+        const int length = close - open + pass.extraLength;
+        if (length >= 0)
+            colorRange(box, open + pass.startOffset, length, color);
+        from = open + 1;
+    }
+}
+
+} // namespace
+
+void highlight(RichTextBox& box, const HighlightColors& colors)
+{
+    box.setFocus();
+    const int caret = box.SelStart();
+    if (colors.text)
+        colorRange(box, 0, WorkingSelection, *colors.text);
+    for (const Pass& pass : Passes) {
+        if (const std::optional<int> color = colors.*pass.color)
+            run(box, pass, *color);
+    }
+    box.setSelStart(caret);
+}
