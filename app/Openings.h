@@ -1,0 +1,6 @@
+#pragma once
+
+class FrmWeb;
+
+/// Connects toolbar positions and menu entries of the main window to the windows that they open.
+void connectOpenings(FrmWeb* main);

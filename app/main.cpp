@@ -1,0 +1,42 @@
+#include "app/Openings.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/WebEngine.h"
+#include "shell/FrmSplash.h"
+#include "shell/FrmWeb.h"
+
+#include <QApplication>
+#include <QIcon>
+
+namespace {
+
+/// Takes the windows down before the toolkit goes: what is left open at the end dies with the main window.
+void closeForms()
+{
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* form = qobject_cast<Form*>(window))
+            delete form;
+    }
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    prepareWebEngine();
+    QApplication app(argc, argv);
+    QApplication::setApplicationName(ProgramTitle);
+    QApplication::setDesktopFileName(QStringLiteral("brindlemark"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/brindlemark.svg")));
+    QApplication::setQuitOnLastWindowClosed(false); // the main window's unload ends the program
+    QFont::insertSubstitution(QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue"));
+
+    guarded([] {
+        auto* splash = form<FrmSplash>();
+        on(splash, &FrmSplash::mainWindowLoaded, splash, [] { connectOpenings(form<FrmWeb>()); });
+        splash->Show();
+    });
+    const int exitCode = QApplication::exec();
+    closeForms();
+    return exitCode;
+}
