@@ -58,7 +58,7 @@ QByteArray readFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         refuse(file.errorString());
-    const QByteArray bytes = file.readAll();
+    QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         refuse(file.errorString());
     return bytes;

@@ -85,10 +85,9 @@ Place find(QByteArrayView bytes, const QString& section, const QString& key)
         if (!place.section)
             continue;
         place.newKey = line.next;
+        // A comment or a header that holds a "=" is no key's line either: no key begins with ";" or "[".
         const qsizetype sign = bytes.sliced(line.begin, line.end - line.begin).indexOf('=');
-        if (bracket > 0 || text.front() == ';' || sign < 0)
-            continue;
-        if (isName(bytes.sliced(line.begin, sign), keyName)) {
+        if (sign >= 0 && isName(bytes.sliced(line.begin, sign), keyName)) {
             place.key = true;
             place.valueBegin = line.begin + sign + 1;
             place.valueEnd = line.end;

@@ -4,6 +4,7 @@
 #include <QTest>
 #include <clocale>
 #include <functional>
+#include <tuple>
 
 namespace {
 
@@ -45,7 +46,7 @@ void TestConversion::initTestCase()
 {
     // A desktop whose decimal sign is a comma must not matter.
     QLocale::setDefault(QLocale(QLocale::German));
-    std::setlocale(LC_ALL, "de_DE.UTF-8");
+    std::ignore = std::setlocale(LC_ALL, "de_DE.UTF-8");
 }
 
 void TestConversion::integers_data()
@@ -173,8 +174,10 @@ void TestConversion::textsOfNumbers()
 
 void TestConversion::textsReadBack()
 {
-    for (float size = 1.0F; size < 100.0F; size += 0.25F)
+    for (int quarters = 1; quarters < 400; ++quarters) {
+        const float size = static_cast<float>(quarters) / 4;
         QVERIFY(toSingle(fromNumber(size)) == size);
+    }
     for (const int number : {-2147483647 - 1, -1, 0, 255, 2147483647})
         QCOMPARE(toInteger32(fromNumber(number)), number);
     QCOMPARE(toBoolean(fromBoolean(true)), true);

@@ -11,6 +11,7 @@
 #include <optional>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <tuple>
 #include <unistd.h>
 
 namespace {
@@ -71,7 +72,7 @@ public:
     ~FullDisk()
     {
         setrlimit(RLIMIT_FSIZE, &m_limit);
-        std::signal(SIGXFSZ, m_signal);
+        std::ignore = std::signal(SIGXFSZ, m_signal);
     }
     Q_DISABLE_COPY_MOVE(FullDisk)
 

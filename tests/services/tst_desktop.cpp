@@ -85,10 +85,13 @@ void TestDesktop::pauseRests()
 void TestDesktop::pauseInsideAPause()
 {
     bool inner = false;
-    QTimer::singleShot(10, this, [&] {
+    QTimer once;
+    once.setSingleShot(true);
+    QObject::connect(&once, &QTimer::timeout, &once, [&] {
         Pause(0.05);
         inner = true;
     });
+    once.start(10);
     QElapsedTimer watch;
     watch.start();
     Pause(0.1);

@@ -388,10 +388,9 @@ void TestProfile::writtenValuesReadBackAndAllElseStays()
                             section};
             for (int left = random.bounded(6); left > 0; --left) {
                 const QString key = pick(keys);
-                if (random.bounded(2))
-                    pieces << Piece{spelt(key) + " =\t \xC3 old" + lineEnd, {}, key};
-                else
-                    pieces << Piece{pick(noise) + lineEnd};
+                const bool isKey = random.bounded(2) == 1;
+                pieces << (isKey ? Piece{spelt(key) + " =\t \xC3 old" + lineEnd, {}, key}
+                                 : Piece{pick(noise) + lineEnd});
             }
         }
         const QByteArray mark = random.bounded(4) ? QByteArray() : QByteArray("\xEF\xBB\xBF");
