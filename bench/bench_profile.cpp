@@ -22,7 +22,7 @@ const QString value = QStringLiteral("16777215");
 QByteArray profile()
 {
     QByteArray bytes;
-    for (int set = 0; bytes.size() < 200 * 1024; ++set) {
+    for (int set = 0; bytes.size() < 200'000; ++set) {
         bytes += "[Set" + QByteArray::number(set) + "]\r\n";
         for (int entry = 1; entry <= 22; ++entry)
             bytes += "key" + QByteArray::number(entry) + "=some value " + QByteArray::number(set) + "\r\n";
@@ -59,7 +59,7 @@ private:
 
 BENCHMARK_DEFINE_F(ProfileFile, ReadProfile)(benchmark::State& state)
 {
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         check(state, ReadProfile(section, key, path()));
 }
 
@@ -71,14 +71,14 @@ QString settingsValue(const QString& path)
 /// The peer keeps what it has parsed: this is a look at a file that nobody has changed.
 BENCHMARK_DEFINE_F(ProfileFile, PeerSettingsKept)(benchmark::State& state)
 {
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         check(state, settingsValue(path()));
 }
 
 /// The like of ReadProfile: the file is read, because it has changed.
 BENCHMARK_DEFINE_F(ProfileFile, PeerSettingsRead)(benchmark::State& state)
 {
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         state.PauseTiming();
         touch();
         state.ResumeTiming();
@@ -89,7 +89,7 @@ BENCHMARK_DEFINE_F(ProfileFile, PeerSettingsRead)(benchmark::State& state)
 BENCHMARK_DEFINE_F(ProfileFile, WriteProfile)(benchmark::State& state)
 {
     int number = 0;
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         WriteProfile(section, key, QString::number(++number), path());
 }
 
@@ -101,7 +101,7 @@ QByteArray textWithHits(benchmark::State& state)
 void ReplaceAllHits(benchmark::State& state)
 {
     const QByteArray text = textWithHits(state);
-    for (auto _ : state)
+    for ([[maybe_unused]] auto _ : state)
         benchmark::DoNotOptimize(ReplaceAll(text, "\r", "+chr13+"));
     state.SetComplexityN(state.range(0));
 }
@@ -109,7 +109,7 @@ void ReplaceAllHits(benchmark::State& state)
 void PeerReplace(benchmark::State& state)
 {
     const QByteArray text = textWithHits(state);
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         QByteArray changed = text;
         benchmark::DoNotOptimize(changed.replace("\r", "+chr13+"));
     }

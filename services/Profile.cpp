@@ -85,7 +85,7 @@ Place find(QByteArrayView bytes, const QString& section, const QString& key)
         if (!place.section)
             continue;
         place.newKey = line.next;
-        // A comment or a header that holds a "=" is no key's line either: no key begins with ";" or "[".
+        // Comments and headers that hold a "=" need no test of their own: no key begins with ";" or "[".
         const qsizetype sign = bytes.sliced(line.begin, line.end - line.begin).indexOf('=');
         if (sign >= 0 && isName(bytes.sliced(line.begin, sign), keyName)) {
             place.key = true;

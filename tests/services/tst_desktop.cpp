@@ -69,7 +69,9 @@ void TestDesktop::windowPaintsDuringAPause()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     window.paints = 0;
-    QTimer::singleShot(20, &window, [&] { window.update(); });
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &window, qOverload<>(&QWidget::update));
+    timer.start(20);
     Pause(0.1);
     QVERIFY(window.paints > 0);
 }

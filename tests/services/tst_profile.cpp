@@ -456,7 +456,7 @@ void TestProfile::largeFile()
     watch.start();
     QCOMPARE(ReadProfile("Color", "back", ini()), QStringLiteral("255"));
     WriteProfile("Color", "back", "256", ini());
-    QVERIFY2(watch.elapsed() < 3000, qPrintable(QString::number(watch.elapsed())));
+    QVERIFY2(watch.elapsed() < 20'000, qPrintable(QString::number(watch.elapsed())));
     QCOMPARE(content("web.ini"), bytes + "[Color]\r\nback=256\r\n");
 
     make("web.ini", "[Color]\r\nback=" + QByteArray(5'000'000, 'x'));
@@ -607,7 +607,7 @@ void TestProfile::longList()
     Texts read;
     LoadList(path("Ils.ini"), read);
     QCOMPARE(read.entries, saved.entries);
-    QVERIFY2(watch.elapsed() < 5000, qPrintable(QString::number(watch.elapsed())));
+    QVERIFY2(watch.elapsed() < 20'000, qPrintable(QString::number(watch.elapsed())));
 }
 
 QTEST_GUILESS_MAIN(TestProfile)
