@@ -549,12 +549,6 @@ std::unique_ptr<QMimeData> RichTextBox::selectionData() const
     return selected;
 }
 
-QByteArray RichTextBox::fromMimeData(const QMimeData* source, bool& rectangular) const
-{
-    rectangular = false;
-    return toInner(insertable(source));
-}
-
 /// The component's own copy of the selection ends at a NUL.
 QMimeData* RichTextBox::toMimeData(const QByteArray&, bool) const
 {
@@ -742,10 +736,32 @@ void RichTextBox::dragEnterEvent(QDragEnterEvent* event)
         QsciScintillaBase::dragEnterEvent(event);
 }
 
+/// The component's own drop ends a text at a NUL and changes line ends.
 void RichTextBox::dropEvent(QDropEvent* event)
 {
     Step step(this);
-    QsciScintillaBase::dropEvent(event);
+    QDragLeaveEvent leave;
+    QsciScintillaBase::dragLeaveEvent(&leave); // takes the drop caret away
+    const QPoint point = event->position().toPoint();
+    const bool move = event->source() == this && event->dropAction() == Qt::MoveAction;
+    dropAt(send(SCI_POSITIONFROMPOINT, point.x(), point.y()), insertable(event->mimeData()), move);
+    event->accept();
+}
+
+/// Inserts a text at one of the component's positions and selects it; a move takes the selection away. A
+/// selection that is moved into itself stays where it is.
+void RichTextBox::dropAt(qsizetype position, const QByteArray& text, bool move)
+{
+    const Range selected = innerSelection();
+    if (move && position >= selected.start && position <= selected.end())
+        return;
+    UndoGroup group(this);
+    if (move)
+        replaceInner(selected, {});
+    const qsizetype target = move && position > selected.start ? position - selected.length : position;
+    const QByteArray inserted = toInner(text);
+    replaceInner({target, 0}, inserted);
+    selectInner({target, inserted.size()});
 }
 
 void RichTextBox::contextMenuEvent(QContextMenuEvent* event)

@@ -120,7 +120,6 @@ protected:
     void dropEvent(QDropEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
-    QByteArray fromMimeData(const QMimeData* source, bool& rectangular) const override;
     QMimeData* toMimeData(const QByteArray& text, bool rectangular) const override;
 
 private:
@@ -170,6 +169,7 @@ private:
     void pasteFrom(const QMimeData* source);
     QByteArray insertable(const QMimeData* source) const;
     std::unique_ptr<QMimeData> selectionData() const;
+    void dropAt(qsizetype position, const QByteArray& text, bool move);
     bool isHeld(const QString& text) const;
     bool runStandardKey(QKeyEvent* event);
     void runComponentKey(QKeyEvent* event);
