@@ -59,7 +59,7 @@ int runProgram()
     main->Show();
     serveUntil([&] { return watch.paints > 0; });
     typeLetter(main->RichTextBox1);
-    return main->RichTextBox1->TextLength() == 1 ? 0 : 1;
+    return main->RichTextBox1->Text().size() == 1 ? 0 : 1;
 }
 
 } // namespace

@@ -72,6 +72,13 @@ QString suffixOf(const QString& nameFilter)
     return dot < 0 ? QString() : nameFilter.mid(dot + 2).chopped(1);
 }
 
+/// The user's documents, or the home folder where there is no such place.
+QString startFolder()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QDir(documents).exists() ? documents : QDir::homePath();
+}
+
 /// The doors to the real desktop.
 class DesktopDoors final : public Doors
 {
@@ -175,7 +182,7 @@ private:
 
     QElapsedTimer m_clock;
     /// Where the last file was chosen; dialogs open there again.
-    QString m_folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QString m_folder = startFolder();
 };
 
 Doors*& replacedDoors()

@@ -267,12 +267,13 @@ bool WebBrowser::writePage(const QString& html)
     const bool design = m_designMode == DesignMode::On;
     const QString function =
         QStringLiteral("write(") + literal(html) + QStringLiteral(", ") + literal(design) + u')';
+    // The scripts of the page before live on in its realm, so a page with scripts gets a new one.
+    bool ready = design && m_content == Content::Document && !m_lost && m_scriptsOff;
+    m_content = Content::Document; // what waits for the view to be seen must not write into the same page
     for (int attempt = 0; attempt < 2; ++attempt) {
-        // The scripts of the page before live on in its realm, so a page with scripts gets a new one.
-        const bool ready = design && m_content == Content::Document && !m_lost && m_scriptsOff;
         if (!ready && !openBlankPage())
             break;
-        m_content = Content::Document;
+        ready = false;
         if (call(function)) {
             wakeCaret(CaretTries);
             return true;

@@ -306,6 +306,8 @@ void FrmWeb::Form_Resize()
     place(WebBrowser3, layout.WebBrowser3);
     place(Label1, layout.Label1);
     place(ProgressBar1, layout.ProgressBar1);
+    for (QWidget* bar : {RegionBar, DesignBar, AddressBar})
+        bar->resize(bar->parentWidget()->width() - 2 * bar->x(), bar->height());
 }
 
 void FrmWeb::Toolbar1_ButtonClick(int index)
