@@ -296,14 +296,14 @@ class Printer {
 
         if (this.paragraphs > 0 && ENDS_PARAGRAPH.has(name))
             this.renameParagraphs();
-        if (name === 'form' && this.form) { // the parser would pass over a FORM in a FORM
-            this.put('</FORM>');
-            this.form = null;
-        }
         const drawing = name === 'svg' || name === 'math' ||
             (parent !== undefined && parent.drawing && !HOLDS_HTML.has(parent.name));
         if (!drawing && (inHead || BLOCK.has(name)) && !(parent && parent.pre))
             this.beginLine();
+        if (name === 'form' && this.form) { // the parser would pass over a FORM in a FORM
+            this.put('</FORM>');            // behind the line break, which else would come anew each time
+            this.form = null;
+        }
         if (inHead && isGenerator(tag))
             this.hasGenerator = true;
 

@@ -109,7 +109,7 @@ void TestSerialise::prints_data()
                 "<BODY text=red>\r\n<TABLE>\r\n<TBODY>\r\n<TR>\r\n<TD>x</TD></TR></TBODY></TABLE></BODY>"));
     inBody("PLAINTEXT", "<plaintext>a<b>&amp;", "\r\n<PRE>a&lt;b&gt;&amp;amp;</PRE>");
     inBody("FORM in a FORM", "<form><div></form><form id=b>x</form></div>",
-           "\r\n<FORM>\r\n<DIV></FORM>\r\n<FORM id=b>x</FORM></DIV>");
+           "\r\n<FORM>\r\n<DIV>\r\n</FORM><FORM id=b>x</FORM></DIV>");
     inBody("FORM between table parts", "<table><form name=f><tr><td><input></td></tr></form></table>",
            "\r\n<TABLE>\r\n<FORM name=f>\r\n<TBODY>\r\n<TR>\r\n<TD><INPUT></TD></TR></TBODY></TABLE></FORM>");
     inBody("drawing", "<svg viewBox='0 0 1 1'><foreignObject><p>x</foreignObject></svg>",
