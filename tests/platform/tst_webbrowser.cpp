@@ -3,10 +3,15 @@
 #include "platform/WebBrowser.h"
 
 #include <QAction>
+#include <QElapsedTimer>
+#include <QImage>
 #include <QMainWindow>
+#include <QMimeData>
+#include <QPointer>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <csignal>
 
 namespace {
@@ -17,6 +22,23 @@ QString page(const QString& body)
     return QStringLiteral(
                "<HEAD>\r\n<META content=\"Brindlemark surface\" name=GENERATOR></HEAD>\r\n<BODY>") +
            body + QStringLiteral("</BODY>");
+}
+
+void endRenderer(const WebBrowser& browser)
+{
+    QVERIFY(browser.rendererPid() > 0);
+    ::kill(static_cast<pid_t>(browser.rendererPid()), SIGKILL);
+}
+
+/// Ends the renderer as soon as events are handled, which is while the next operation waits.
+void endRendererSoon(WebBrowser& browser)
+{
+    QTimer::singleShot(0, &browser, [&browser] { endRenderer(browser); });
+}
+
+QString value(WebBrowser& browser, const char* script)
+{
+    return browser.evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
 }
 
 /// A design surface, not shown.
@@ -36,16 +58,52 @@ class TestWebBrowser : public QObject
 private slots:
     void blankSurface();
     void writeAndReadInOneBreath();
+    void readsNothingWrongBeforeTheFirstWrite();
+    void designModeKeepsTheDocument();
+    void scriptsRunInThePreviewOnly();
+    void hostileDocuments_data();
+    void hostileDocuments();
     void commands_data();
     void commands();
+    void indentAndOutdent();
     void undoDoesNotReachTheLastDocument();
+    void clipboard();
+    void pasteIsHarmless();
+    void links();
+    void find();
+    void typing();
+    void keysOfTheProgram();
+    void keysOfTheWindow();
+    void sentKeys();
+    void rendererEndsBetween();
+    void rendererEndsOnShow();
+    void rendererEndsDuringRead();
+    void rendererEndsDuringWrite();
+    void endlessScript();
+    void endlessTimer();
+    void endlessCommand();
+    void scriptMessages();
+    void hiddenMethods();
+    void picturesAreLoaded();
+    void filesAreRefused();
+    void documentsStay_data();
+    void documentsStay();
+    void linksDontLeave();
+    void windowsAndDownloads();
+    void navigation();
+    void navigationAndWrite();
+    void addresses();
+    void zoom();
+    void severalAtOnce();
+    void formUnloadedWhileWaiting();
 };
 
 void TestWebBrowser::blankSurface()
 {
     Surface surface;
     QCOMPARE(surface.innerHtml(), page(QString()));
-    surface.write(QString());
+    QVERIFY(surface.write(QStringLiteral("x")));
+    QVERIFY(surface.write(QString()));
     QCOMPARE(surface.innerHtml(), page(QString()));
 }
 
@@ -60,6 +118,88 @@ void TestWebBrowser::writeAndReadInOneBreath()
         QVERIFY(preview.write(text));
         QCOMPARE(preview.innerHtml(), page(text));
     }
+}
+
+void TestWebBrowser::readsNothingWrongBeforeTheFirstWrite()
+{
+    WebBrowser browser;
+    QVERIFY(browser.write(QString()));
+    QVERIFY(!browser.inputWidget()); // an empty document costs no renderer
+    QVERIFY(!browser.GoBack());
+    browser.Stop();
+    browser.Refresh();
+    QCOMPARE(browser.innerHtml(), page(QString()));
+}
+
+void TestWebBrowser::designModeKeepsTheDocument()
+{
+    WebBrowser browser;
+    QCOMPARE(browser.designMode(), DesignMode::Off);
+    QVERIFY(browser.write(QStringLiteral("<b>x</b>")));
+    browser.setDesignMode(DesignMode::On);
+    QCOMPARE(browser.innerHtml(), page(QStringLiteral("<B>x</B>")));
+    QVERIFY(browser.execCommand(QStringLiteral("SelectAll")));
+    QVERIFY(browser.execCommand(QStringLiteral("Delete")));
+    QVERIFY(!browser.innerHtml().contains(u'x'));
+}
+
+void TestWebBrowser::scriptsRunInThePreviewOnly()
+{
+    const QString html = QStringLiteral("<script>let once = 1; document.title = 'ran'</script>x");
+    WebBrowser browser;
+    for (int i = 0; i < 3; ++i) { // each time in a realm of its own
+        QVERIFY(browser.write(html));
+        QCOMPARE(value(browser, "document.title"), QStringLiteral("ran"));
+    }
+    browser.setDesignMode(DesignMode::On);
+    QVERIFY(browser.write(html));
+    QCOMPARE(value(browser, "document.title"), QString());
+    browser.setDesignMode(DesignMode::Off);
+    QVERIFY(browser.write(html));
+    QCOMPARE(value(browser, "document.title"), QStringLiteral("ran"));
+}
+
+void TestWebBrowser::hostileDocuments_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("contains");
+    const QString word = QStringLiteral("word");
+    QTest::newRow("10,000 nested tags") << QStringLiteral("<div>").repeated(10000) + word << word;
+    QTest::newRow("10,000 nested fonts") << QStringLiteral("<font>").repeated(10000) + word << word;
+    QTest::newRow("5 MB without a tag")
+        << QStringLiteral("word ").repeated(1000000) << QStringLiteral("word word");
+    QTest::newRow("a line of 3 MB") << QStringLiteral("<b>word</b> ").repeated(250000)
+                                    << QStringLiteral("<B>word</B> <B>");
+    QTest::newRow("a value of 3 MB") << QStringLiteral("<a title='") +
+                                            QStringLiteral("long ").repeated(600000) +
+                                            QStringLiteral("'>word")
+                                     << QStringLiteral(">word</A>");
+    QTest::newRow("NUL") << QStringLiteral("wo") + QChar(u'\0') + QStringLiteral("rd<b title='x") +
+                                QChar(u'\0') + QStringLiteral("'>")
+                         << QStringLiteral("word<B title=\"x\ufffd\">");
+    QTest::newRow("half a character")
+        << QStringLiteral("wo") + QChar(0xD800) + QStringLiteral("rd") << QStringLiteral("rd");
+    QTest::newRow("separators of lines")
+        << QStringLiteral("a\u2028b\u2029c\"\\n") << QStringLiteral("a\u2028b\u2029c\"\\n");
+    QTest::newRow("BODY in a cell") << QStringLiteral("<table><tr><td><body><p>word</table>")
+                                    << QStringLiteral("<TD>\r\n<P>word</P></TD>");
+    QTest::newRow("unclosed comment")
+        << QStringLiteral("word<!-- <p> ") << QStringLiteral("word<!-- <p> -->");
+    QTest::newRow("unclosed tag") << QStringLiteral("word<a href='") << word;
+    QTest::newRow("frames") << QStringLiteral("<frameset rows=1,2><frame src=a><frame src=b></frameset>")
+                            << QStringLiteral("<FRAME src=a>");
+}
+
+void TestWebBrowser::hostileDocuments()
+{
+    QFETCH(QString, html);
+    QFETCH(QString, contains);
+    Surface surface;
+    QVERIFY(surface.write(html));
+    const QString text = surface.innerHtml();
+    QVERIFY2(text.contains(contains), qPrintable(text.left(300)));
+    QVERIFY(surface.write(text));
+    QVERIFY(surface.innerHtml() == text); // some are too long to be shown
 }
 
 void TestWebBrowser::commands_data()
@@ -98,6 +238,17 @@ void TestWebBrowser::commands()
     QCOMPARE(surface.innerHtml(), page(body));
 }
 
+void TestWebBrowser::indentAndOutdent()
+{
+    Surface surface(QStringLiteral("<p>word"));
+    QVERIFY(surface.execCommand(QStringLiteral("Indent")));
+    QVERIFY(surface.innerHtml().contains(QStringLiteral("<BLOCKQUOTE")));
+    QVERIFY(surface.execCommand(QStringLiteral("Outdent")));
+    QVERIFY(!surface.innerHtml().contains(QStringLiteral("<BLOCKQUOTE")));
+    QVERIFY(surface.innerHtml().contains(QStringLiteral("word")));
+    QVERIFY(!surface.execCommand(QStringLiteral("NoSuchCommand")));
+}
+
 void TestWebBrowser::undoDoesNotReachTheLastDocument()
 {
     Surface surface(QStringLiteral("<p>word"));
@@ -106,6 +257,532 @@ void TestWebBrowser::undoDoesNotReachTheLastDocument()
     surface.write(QStringLiteral("<p>next"));
     surface.execCommand(QStringLiteral("Undo"));
     QCOMPARE(surface.innerHtml(), page(QStringLiteral("\r\n<P>next</P>")));
+}
+
+void TestWebBrowser::clipboard()
+{
+    ScriptedDoors desktop;
+    Surface surface(QStringLiteral("<p>a <b>fine</b>&nbsp;lamp"));
+    QVERIFY(!surface.execCommand(QStringLiteral("Copy")));  // nothing is selected
+    QVERIFY(!surface.execCommand(QStringLiteral("Paste"))); // nothing is on the clipboard
+
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
+    QVERIFY(surface.execCommand(QStringLiteral("Copy")));
+    QCOMPARE(desktop.clipboard()->text(), QStringLiteral("a fine lamp"));
+    QCOMPARE(desktop.clipboard()->html(), QStringLiteral("<p>a <b>fine</b>&nbsp;lamp</p>"));
+    QVERIFY(surface.execCommand(QStringLiteral("cut")));
+    QVERIFY(!surface.innerHtml().contains(QStringLiteral("lamp")));
+
+    Clipboard::SetText(QStringLiteral("<new>"));
+    QVERIFY(surface.execCommand(QStringLiteral("Paste")));
+    QVERIFY(surface.innerHtml().contains(QStringLiteral("&lt;new&gt;")));
+}
+
+void TestWebBrowser::pasteIsHarmless()
+{
+    ScriptedDoors desktop;
+    Surface surface(QString{});
+    auto clip = std::make_unique<QMimeData>();
+    clip->setHtml(
+        QStringLiteral("<!--StartFragment--><script>x()</script><b onclick=x()>bold</b>"
+                       "<a href=' javascript:x()'>link</a><iframe src=x></iframe><!--EndFragment-->"));
+    desktop.setClipboard(std::move(clip));
+    QVERIFY(surface.execCommand(QStringLiteral("Paste")));
+    const QString text = surface.innerHtml();
+    QVERIFY2(text.contains(QStringLiteral("<B>bold</B>")), qPrintable(text));
+    for (const char* bad : {"SCRIPT", "onclick", "javascript", "IFRAME", "Fragment"})
+        QVERIFY2(!text.contains(QString::fromLatin1(bad)), bad);
+}
+
+void TestWebBrowser::links()
+{
+    Surface surface(QStringLiteral("<p>see <a href='?a=1&amp;b=2'>here</a>"));
+    QCOMPARE(surface.currentLink(), QString());
+    QVERIFY(surface.evaluate(
+        QStringLiteral("getSelection().collapse(document.querySelector('a').firstChild, 2)")));
+    QCOMPARE(surface.currentLink(), QStringLiteral("?a=1&b=2"));
+    QVERIFY(surface.setLink(QStringLiteral("http://x.example/")));
+    QCOMPARE(surface.innerHtml(),
+             page(QStringLiteral("\r\n<P>see <A href=\"http://x.example/\">here</A></P>")));
+    QVERIFY(surface.setLink(QString()));
+    QCOMPARE(surface.innerHtml(), page(QStringLiteral("\r\n<P>see here</P>")));
+
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll"))); // of a selection
+    QVERIFY(surface.setLink(QStringLiteral("http://y.example/")));
+    QCOMPARE(surface.innerHtml(),
+             page(QStringLiteral("\r\n<P><A href=\"http://y.example/\">see here</A></P>")));
+
+    QVERIFY(surface.write(QString())); // of nothing
+    QVERIFY(surface.setLink(QStringLiteral("http://z.example/?a&b")));
+    QCOMPARE(surface.innerHtml(),
+             page(QStringLiteral("<A href=\"http://z.example/?a&amp;b\">http://z.example/?a&amp;b</A>")));
+}
+
+void TestWebBrowser::find()
+{
+    Surface surface(QStringLiteral("<p>a Lamp, a lamp and a lamp"));
+    surface.resize(400, 300);
+    surface.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&surface));
+    FindResult found = surface.find(QStringLiteral("lamp"));
+    QCOMPARE(found.matches, 3);
+    QCOMPARE(found.current, 1);
+    QCOMPARE(surface.find(QStringLiteral("lamp")).current, 2);
+    QCOMPARE(surface.find(QStringLiteral("lamp"), true).current, 1);
+    QCOMPARE(surface.find(QStringLiteral("lamp"), true).current, 3); // round the end
+    QCOMPARE(surface.find(QStringLiteral("Lamp"), false, true).matches, 1);
+    QCOMPARE(surface.find(QStringLiteral("shade")).matches, 0);
+    QCOMPARE(surface.find(QString()).matches, 0);
+}
+
+/// Shows a surface and waits until it takes letters.
+#define SHOW_FOR_TYPING(window, surface)                                                                     \
+    (window).resize(400, 300);                                                                               \
+    (window).show();                                                                                         \
+    QVERIFY(QTest::qWaitForWindowExposed(&(window)));                                                        \
+    (window).activateWindow();                                                                               \
+    (surface).setFocus();                                                                                    \
+    QTRY_VERIFY((surface).inputWidget() && (surface).inputWidget()->testAttribute(Qt::WA_InputMethodEnabled))
+
+void TestWebBrowser::typing()
+{
+    Surface surface;
+    SHOW_FOR_TYPING(surface, surface);
+    QTest::keyClicks(surface.inputWidget(), QStringLiteral("Hi"));
+    QTest::keyClick(surface.inputWidget(), Qt::Key_Return);
+    QTest::keyClicks(surface.inputWidget(), QStringLiteral("there"));
+    QTRY_COMPARE(surface.innerHtml(), page(QStringLiteral("Hi\r\n<P>there</P>")));
+
+    QVERIFY(surface.write(QStringLiteral("<p>next")));
+    QTRY_VERIFY(surface.inputWidget()->testAttribute(Qt::WA_InputMethodEnabled));
+    QTest::keyClicks(surface.inputWidget(), QStringLiteral("the "));
+    QTRY_COMPARE(surface.innerHtml(), page(QStringLiteral("\r\n<P>the next</P>")));
+}
+
+void TestWebBrowser::keysOfTheProgram()
+{
+    ScriptedDoors desktop;
+    Surface surface(QStringLiteral("<p>abc def"));
+    SHOW_FOR_TYPING(surface, surface);
+    QSignalSpy links(&surface, &WebBrowser::linkRequested);
+    QSignalSpy finds(&surface, &WebBrowser::findRequested);
+    QTest::keyClick(surface.inputWidget(), Qt::Key_K, Qt::ControlModifier);
+    QTRY_COMPARE(links.count(), 1);
+    QTest::keyClick(surface.inputWidget(), Qt::Key_F, Qt::ControlModifier);
+    QTRY_COMPARE(finds.count(), 1);
+    QCOMPARE(surface.innerHtml(), page(QStringLiteral("\r\n<P>abc def</P>")));
+
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
+    QTest::keyClick(surface.inputWidget(), Qt::Key_C, Qt::ControlModifier);
+    QTRY_COMPARE(desktop.clipboard()->text(), QStringLiteral("abc def"));
+    Clipboard::SetText(QStringLiteral("new"));
+    QTest::keyClick(surface.inputWidget(), Qt::Key_V, Qt::ControlModifier);
+    QTRY_VERIFY(surface.innerHtml().contains(QStringLiteral("new</P>")));
+}
+
+void TestWebBrowser::keysOfTheWindow()
+{
+    QMainWindow window;
+    auto* surface = new Surface;
+    window.setCentralWidget(surface);
+    QAction save(&window);
+    save.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_S));
+    window.addAction(&save);
+    QSignalSpy saved(&save, &QAction::triggered);
+    SHOW_FOR_TYPING(window, *surface);
+    for (int i = 1; i <= 5; ++i) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_S, Qt::ControlModifier);
+        QTRY_COMPARE(saved.count(), i);
+    }
+    save.setEnabled(false);
+    QTest::keyClick(window.windowHandle(), Qt::Key_S, Qt::ControlModifier);
+    QCOMPARE(surface->innerHtml(), page(QString()));
+    QCOMPARE(saved.count(), 5);
+}
+
+void TestWebBrowser::sentKeys()
+{
+    Surface surface;
+    QSignalSpy links(&surface, &WebBrowser::linkRequested);
+    QSignalSpy finds(&surface, &WebBrowser::findRequested);
+    surface.sendKeys(QStringLiteral("^k"));
+    QCOMPARE(links.count(), 1);
+    surface.sendKeys(QStringLiteral("^f"));
+    QCOMPARE(finds.count(), 1);
+    QVERIFY_EXCEPTION_THROWN(surface.sendKeys(QStringLiteral("%x")), RuntimeError);
+}
+
+// ---- What ends or hangs
+
+void TestWebBrowser::rendererEndsBetween()
+{
+    Surface surface(QStringLiteral("<p>a"));
+    QSignalSpy died(&surface, &WebBrowser::rendererDied);
+    endRenderer(surface);
+    QTRY_COMPARE(died.count(), 1);
+    QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost);
+    QVERIFY(!surface.execCommand(QStringLiteral("Bold")));
+    QVERIFY(surface.write(QStringLiteral("<p>b")));
+    QCOMPARE(surface.innerHtml(), page(QStringLiteral("\r\n<P>b</P>")));
+    QCOMPARE(died.count(), 1);
+}
+
+void TestWebBrowser::rendererEndsOnShow()
+{
+    Surface surface;
+    surface.resize(400, 300);
+    surface.show();
+    QSignalSpy died(&surface, &WebBrowser::rendererDied);
+    QVERIFY(QTest::qWaitForWindowExposed(&surface));
+    QTRY_VERIFY(surface.rendererPid() > 0);
+    endRenderer(surface);
+    QVERIFY(surface.write(QStringLiteral("x")));
+    QCOMPARE(surface.innerHtml(), page(QStringLiteral("x")));
+}
+
+void TestWebBrowser::rendererEndsDuringRead()
+{
+    Surface surface(QStringLiteral("<p>word ").repeated(100000));
+    QSignalSpy died(&surface, &WebBrowser::rendererDied);
+    endRendererSoon(surface);
+    QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost);
+    QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost); // not the empty document either
+    QTest::qWait(100);
+    QCOMPARE(died.count(), 0); // who asked was told
+    QVERIFY(surface.write(QStringLiteral("x")));
+    QCOMPARE(surface.innerHtml(), page(QStringLiteral("x")));
+}
+
+void TestWebBrowser::rendererEndsDuringWrite()
+{
+    Surface surface(QStringLiteral("x"));
+    QSignalSpy died(&surface, &WebBrowser::rendererDied);
+    endRendererSoon(surface);
+    const QString html = QStringLiteral("<P>word</P>\r\n").repeated(50000);
+    QVERIFY(surface.write(html)); // in a new one
+    QVERIFY(surface.innerHtml().count(QStringLiteral("word")) == 50000);
+    QCOMPARE(died.count(), 0);
+}
+
+void TestWebBrowser::endlessScript()
+{
+    WebBrowser browser;
+    QVERIFY(browser.write(QStringLiteral("x")));
+    browser.setPatience(1500);
+    QSignalSpy died(&browser, &WebBrowser::rendererDied);
+    QElapsedTimer clock;
+    clock.start();
+    QVERIFY(!browser.write(QStringLiteral("<script>for (;;);</script>")));
+    QVERIFY(clock.elapsed() < 20000);
+    QVERIFY_EXCEPTION_THROWN(browser.innerHtml(), SurfaceLost);
+    QCOMPARE(died.count(), 0);
+    browser.setPatience(5000);
+    QVERIFY(browser.write(QStringLiteral("<p>ok")));
+    QCOMPARE(browser.innerHtml(), page(QStringLiteral("\r\n<P>ok</P>")));
+}
+
+void TestWebBrowser::endlessTimer()
+{
+    WebBrowser browser;
+    const QString html = QStringLiteral("<script>setTimeout(() => { for (;;); }, 1)</script>");
+    QVERIFY(browser.write(html));
+    QTest::qWait(50);
+    browser.setPatience(1500);
+    QVERIFY_EXCEPTION_THROWN(browser.innerHtml(), SurfaceLost);
+    QVERIFY(browser.write(QStringLiteral("<p>ok")));
+    QCOMPARE(browser.innerHtml(), page(QStringLiteral("\r\n<P>ok</P>")));
+}
+
+void TestWebBrowser::endlessCommand()
+{
+    WebBrowser browser;
+    QVERIFY(browser.write(QStringLiteral("<script>setTimeout(() => { for (;;); }, 1)</script>")));
+    QTest::qWait(50);
+    browser.setPatience(1500);
+    QSignalSpy died(&browser, &WebBrowser::rendererDied);
+    QVERIFY(!browser.execCommand(QStringLiteral("Bold")));
+    QTRY_COMPARE(died.count(), 1);
+}
+
+void TestWebBrowser::scriptMessages()
+{
+    ScriptedDoors desktop;
+    WebBrowser browser;
+    // While the page is written nobody is asked...
+    QVERIFY(browser.write(QStringLiteral("<script>alert(1); confirm(2); prompt(3)</script>ok")));
+    QVERIFY(browser.innerHtml().endsWith(QStringLiteral(">ok</BODY>")));
+    QCOMPARE(desktop.asked, QStringList());
+    // ... later the user is, and leaving is never refused.
+    desktop.answerMsgBox(MsgAnswer::Ok);
+    QVERIFY(browser.write(QStringLiteral(
+        "<script>onbeforeunload = () => 'stay'; setTimeout(() => alert('sold'), 50)</script>")));
+    QTRY_COMPARE(desktop.asked, QStringList{QStringLiteral("MsgBox|Brindlemark|sold|None|Ok")});
+    QVERIFY(browser.write(QStringLiteral("next")));
+    QCOMPARE(browser.innerHtml(), page(QStringLiteral("next")));
+}
+
+void TestWebBrowser::hiddenMethods()
+{
+    WebBrowser browser;
+    const QString html = QStringLiteral(
+        "<SCRIPT>document.open = document.write = document.close = null; "
+        "Document.prototype.write = Element.prototype.closest = null; getSelection = null</SCRIPT>"
+        "<FORM name=write><INPUT name=firstChild></FORM><FORM name=documentElement></FORM>"
+        "<IMG name=execCommand><FORM name=querySelectorAll></FORM><IMG name=adoptedStyleSheets>");
+    QVERIFY(browser.write(html));
+    QVERIFY(browser.innerHtml().contains(QStringLiteral("<IMG name=execCommand>")));
+    QVERIFY(browser.write(QStringLiteral("x")));
+    QCOMPARE(browser.innerHtml(), page(QStringLiteral("x")));
+    browser.setDesignMode(DesignMode::On);
+    QVERIFY(browser.write(html));
+    QVERIFY(browser.execCommand(QStringLiteral("SelectAll")));
+    QVERIFY(browser.write(QStringLiteral("x")));
+    QCOMPARE(browser.innerHtml(), page(QStringLiteral("x")));
+}
+
+// ---- What a document may do
+
+namespace {
+
+/// A folder with a picture, a page, a script and a style.
+class Files
+{
+public:
+    Files()
+    {
+        QImage picture(3, 2, QImage::Format_RGB32);
+        picture.fill(Qt::red);
+        picture.save(m_folder.filePath(QStringLiteral("p.png")));
+        put("page.htm", "<title>page</title>secret");
+        put("script.js", "document.title = 'loaded'");
+        put("style.css", "body { color: rgb(1, 2, 3) }");
+    }
+
+    void put(const char* name, const char* text)
+    {
+        QFile file(m_folder.filePath(QString::fromLatin1(name)));
+        if (!file.open(QIODevice::WriteOnly) || file.write(text) < 0)
+            qFatal("cannot write %s", name);
+    }
+
+    QString url(const char* name) const
+    {
+        return QUrl::fromLocalFile(m_folder.filePath(QString::fromLatin1(name))).toString();
+    }
+
+private:
+    QTemporaryDir m_folder;
+};
+
+} // namespace
+
+void TestWebBrowser::picturesAreLoaded()
+{
+    const Files files;
+    Surface surface(QStringLiteral("<img src='%1'>").arg(files.url("p.png")));
+    QTRY_COMPARE(value(surface, "String(document.images[0].naturalWidth)"), QStringLiteral("3"));
+}
+
+void TestWebBrowser::filesAreRefused()
+{
+    const Files files;
+    WebBrowser browser;
+    QVERIFY(
+        browser.write(QStringLiteral("<link rel=stylesheet href='%1' onerror='no(1)' onload='yes()'>"
+                                     "<script src='%2' onerror='no(2)' onload='yes()'></script>"
+                                     "<script>let refused = 0; function no() { document.title = ++refused } "
+                                     "function yes() { document.body.append('LOADED') } onload = () => "
+                                     "fetch('%3').then(yes, no)</script>"
+                                     "<iframe src='%3'></iframe><object data='%3' onload='yes()'></object>")
+                          .arg(files.url("style.css"), files.url("script.js"), files.url("page.htm"))));
+    QTRY_VERIFY(value(browser, "document.title").toInt() >= 1);
+    QTest::qWait(200); // for what should not come
+    QVERIFY(!browser.innerHtml().contains(QStringLiteral("LOADED")));
+    QCOMPARE(value(browser, "getComputedStyle(document.body).color"), QStringLiteral("rgb(0, 0, 0)"));
+    QVERIFY(!value(browser, "String(document.querySelector('iframe').contentDocument?.body?.innerHTML)")
+                 .contains(QStringLiteral("secret")));
+}
+
+void TestWebBrowser::documentsStay_data()
+{
+    QTest::addColumn<QString>("html");
+    const Files files;
+    QTest::newRow("refresh") << QStringLiteral(
+        "<meta http-equiv=refresh content='0; url=http://away.invalid/'>x");
+    QTest::newRow("script") << QStringLiteral("<script>location = 'http://away.invalid/'</script>x");
+    QTest::newRow("form") << QStringLiteral(
+        "<form action='http://away.invalid/'></form><script>document.forms[0].submit()</script>x");
+    QTest::newRow("data") << QStringLiteral(
+        "<meta http-equiv=refresh content='0; url=data:text/html,away'>x");
+    QTest::newRow("reload") << QStringLiteral("<script>setTimeout(() => location.reload(), 1)</script>x");
+}
+
+void TestWebBrowser::documentsStay()
+{
+    QFETCH(QString, html);
+    WebBrowser browser;
+    QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
+    QVERIFY(browser.write(html));
+    QTRY_VERIFY(!status.isEmpty());
+    QVERIFY(status.first().first().toString().startsWith(QStringLiteral("Links are not followed here")));
+    QTest::qWait(100);
+    QVERIFY(browser.innerHtml().contains(u'x'));
+    QCOMPARE(value(browser, "location.href"), QStringLiteral("surface:blank"));
+}
+
+void TestWebBrowser::linksDontLeave()
+{
+    for (const DesignMode mode : {DesignMode::Off, DesignMode::On}) {
+        WebBrowser browser;
+        browser.setDesignMode(mode);
+        browser.resize(400, 300);
+        browser.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&browser));
+        QVERIFY(browser.write(QStringLiteral("<body style='margin: 0'><a href='http://away.invalid/' "
+                                             "style='display: block; height: 200px'>link</a>")));
+        QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
+        const auto refused = [&] {
+            return std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
+                return arguments.first().toString().startsWith(QStringLiteral("Links are not followed"));
+            });
+        };
+        const auto click = [&] {
+            QTest::mouseClick(browser.inputWidget(), Qt::LeftButton, Qt::NoModifier, QPoint(50, 50));
+            QTest::qWait(100);
+            return refused();
+        };
+        if (mode == DesignMode::Off) {
+            QTRY_VERIFY(click());
+        } else {
+            click(); // in a surface a click only places the caret
+        }
+        QCOMPARE(value(browser, "location.href"), QStringLiteral("surface:blank"));
+    }
+}
+
+void TestWebBrowser::windowsAndDownloads()
+{
+    const qsizetype windows = QApplication::topLevelWidgets().size();
+    WebBrowser browser;
+    QVERIFY(browser.write(
+        QStringLiteral("<a download=x.txt href='data:text/plain,x'>x</a><script>document.title = "
+                       "String(open('about:blank')); document.links[0].click()</script>")));
+    QCOMPARE(value(browser, "document.title"), QStringLiteral("null"));
+    QTest::qWait(200);
+    QCOMPARE(QApplication::topLevelWidgets().size(), windows + 1); // its own
+    QCOMPARE(value(browser, "location.href"), QStringLiteral("surface:blank"));
+}
+
+// ---- Going places
+
+void TestWebBrowser::navigation()
+{
+    Files files;
+    files.put("a.htm", "first");
+    files.put("b.htm", "second");
+    WebBrowser browser;
+    browser.setKind(WebPage::Kind::Internet);
+    QSignalSpy finished(&browser, &WebBrowser::navigationFinished);
+    QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
+    QSignalSpy progress(&browser, &WebBrowser::progressChanged);
+    const auto text = [&] { return value(browser, "document.body.innerText").trimmed(); };
+    const auto done = [&](int count) {
+        return finished.count() == count && finished.last().first().toBool();
+    };
+
+    QVERIFY(browser.write(QStringLiteral("blank")));
+    browser.Navigate(files.url("a.htm"));
+    QTRY_VERIFY(done(1));
+    QCOMPARE(text(), QStringLiteral("first"));
+    QCOMPARE(status.last().first().toString(), QStringLiteral("Done"));
+    QVERIFY(std::any_of(progress.begin(), progress.end(),
+                        [](const QVariantList& p) { return p.at(1).toInt() == 100; }));
+    QCOMPARE(progress.last(), (QVariantList{0, 0}));
+
+    QVERIFY(!browser.GoBack()); // the blank page is no place
+    browser.Navigate(files.url("b.htm"));
+    QTRY_VERIFY(done(2));
+    QVERIFY(browser.GoBack());
+    QTRY_VERIFY(done(3));
+    QCOMPARE(text(), QStringLiteral("first"));
+    QVERIFY(browser.GoForward());
+    QTRY_VERIFY(done(4));
+    QCOMPARE(text(), QStringLiteral("second"));
+    files.put("b.htm", "changed");
+    browser.Refresh();
+    QTRY_VERIFY(done(5));
+    QCOMPARE(text(), QStringLiteral("changed"));
+    QVERIFY(!browser.GoForward());
+}
+
+void TestWebBrowser::navigationAndWrite()
+{
+    const Files files;
+    Surface surface;
+    for (int i = 0; i < 5; ++i) { // what is written last stays
+        surface.Navigate(files.url("page.htm"));
+        QVERIFY(surface.write(QStringLiteral("mine")));
+        QTest::qWait(50);
+        QCOMPARE(surface.innerHtml(), page(QStringLiteral("mine")));
+    }
+    QSignalSpy finished(&surface, &WebBrowser::navigationFinished);
+    surface.Navigate(files.url("page.htm"));
+    QTRY_COMPARE(finished.count(), 1);
+    QVERIFY(surface.innerHtml().contains(QStringLiteral("secret")));
+    surface.Navigate(QStringLiteral("about:blank"));
+    QCOMPARE(surface.innerHtml(), page(QString()));
+}
+
+void TestWebBrowser::addresses()
+{
+    WebBrowser browser;
+    QVERIFY(browser.write(QStringLiteral("x")));
+    QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
+    browser.Navigate(QStringLiteral("javascript:document.title='ran'"));
+    QCOMPARE(status.count(), 1);
+    QCOMPARE(value(browser, "document.title"), QString());
+    QSignalSpy finished(&browser, &WebBrowser::navigationFinished);
+    browser.Navigate(QStringLiteral("/no/such/file.htm"));
+    QTRY_COMPARE(finished.count(), 1);
+    QVERIFY(!finished.first().first().toBool());
+}
+
+void TestWebBrowser::zoom()
+{
+    WebBrowser browser;
+    browser.resize(400, 300);
+    browser.show();
+    QVERIFY(browser.write(QStringLiteral("x")));
+    QCOMPARE(browser.zoomLevel(), 2);
+    browser.setZoomLevel(4);
+    QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("1.6"));
+    QVERIFY(browser.write(QStringLiteral("y"))); // stays
+    QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("1.6"));
+    browser.setZoomLevel(-1);
+    QCOMPARE(browser.zoomLevel(), 0);
+    QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("0.6"));
+}
+
+void TestWebBrowser::severalAtOnce()
+{
+    WebBrowser first;
+    Surface second;
+    QVERIFY(first.write(QStringLiteral("<script>setTimeout(() => { for (;;); }, 1)</script>")));
+    QVERIFY(second.write(QStringLiteral("free"))); // a renderer each
+    QCOMPARE(second.innerHtml(), page(QStringLiteral("free")));
+    QVERIFY(first.rendererPid() != second.rendererPid());
+    endRenderer(first);
+}
+
+void TestWebBrowser::formUnloadedWhileWaiting()
+{
+    auto* browser = new WebBrowser;
+    const QPointer<WebBrowser> alive(browser);
+    QVERIFY(browser->write(QStringLiteral("x")));
+    QTimer::singleShot(20, browser, &QObject::deleteLater);
+    QVERIFY(browser->evaluate(QStringLiteral("const end = Date.now() + 300; while (Date.now() < end); 1")));
+    QVERIFY(alive);
+    QTRY_VERIFY(!alive);
 }
 
 WEB_TEST_MAIN(TestWebBrowser)
