@@ -124,6 +124,10 @@ RichTextBox::RichTextBox(QWidget* parent)
                 onModified(position, type, token);
             });
     connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::onUpdate);
+    m_scrollTimer.setSingleShot(true);
+    connect(&m_scrollTimer, &QTimer::timeout, this, &RichTextBox::scrollToCaret);
+    m_notifyTimer.setSingleShot(true);
+    connect(&m_notifyTimer, &QTimer::timeout, this, &RichTextBox::notify);
 }
 
 void RichTextBox::setUpComponent()
@@ -222,10 +226,11 @@ qsizetype RichTextBox::fromInner(qsizetype position) const
     if (m_encoding == TextEncoding::Utf8)
         return position;
     const QByteArrayView text = innerText();
-    if (position >= m_mark.inner)
+    if (position >= m_mark.inner) {
         m_mark.outer += charactersIn(text.sliced(m_mark.inner, position - m_mark.inner));
-    else
+    } else {
         m_mark.outer -= charactersIn(text.sliced(position, m_mark.inner - position));
+    }
     m_mark.inner = position;
     return m_mark.outer;
 }
@@ -308,14 +313,14 @@ void RichTextBox::selectInner(Range range)
 
 void RichTextBox::scrollToCaretSoon()
 {
-    if (std::exchange(m_scrollQueued, true))
-        return;
-    const auto scroll = [this] {
-        m_scrollQueued = false;
-        send(SCI_SCROLLCARET);
-        send(SCI_CHOOSECARETX);
-    };
-    QMetaObject::invokeMethod(this, scroll, Qt::QueuedConnection);
+    if (!m_scrollTimer.isActive())
+        m_scrollTimer.start();
+}
+
+void RichTextBox::scrollToCaret()
+{
+    send(SCI_SCROLLCARET);
+    send(SCI_CHOOSECARETX);
 }
 
 QByteArray RichTextBox::SelText() const
@@ -462,18 +467,13 @@ void RichTextBox::notify()
 /// on while the box scrolls under a resting mouse.
 void RichTextBox::notifySoon()
 {
-    if (m_steps > 0 || std::exchange(m_notifyQueued, true))
-        return;
-    const auto later = [this] {
-        m_notifyQueued = false;
-        Step step(this);
-    };
-    QMetaObject::invokeMethod(this, later, Qt::QueuedConnection);
+    if (m_steps == 0 && !m_notifyTimer.isActive())
+        m_notifyTimer.start();
 }
 
 void RichTextBox::onUpdate()
 {
-    if (m_steps == 0 && selection() != m_toldSelection)
+    if (selection() != m_toldSelection)
         notifySoon();
 }
 
@@ -575,21 +575,28 @@ void RichTextBox::focusInEvent(QFocusEvent* event)
 /// Tab types; Shift+Tab leaves the box, as Ctrl+Tab does (see keyPressEvent).
 bool RichTextBox::focusNextPrevChild(bool next)
 {
-    return !next && QAbstractScrollArea::focusNextPrevChild(next);
+    return !next && leave(next);
+}
+
+bool RichTextBox::leave(bool next)
+{
+    // The component keeps the focus whatever the key.
+    return QAbstractScrollArea::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
     Step step(this);
     const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
-    if (tab && event->modifiers() & Qt::ControlModifier)
-        QAbstractScrollArea::focusNextPrevChild(!(event->modifiers() & Qt::ShiftModifier));
-    else if (tab && event->modifiers() == Qt::NoModifier)
+    if (tab && event->modifiers() & Qt::ControlModifier) {
+        leave(!(event->modifiers() & Qt::ShiftModifier));
+    } else if (tab && event->modifiers() == Qt::NoModifier) {
         setSelText("\t"); // the component would indent selected lines
-    else if (!isHeld(event->text()))
+    } else if (!isHeld(event->text())) {
         setSelText(encode(event->text()));
-    else if (!runStandardKey(event))
+    } else if (!runStandardKey(event)) {
         runComponentKey(event);
+    }
 }
 
 /// Ctrl with a letter types nothing, even where the platform gives the letter as the key's text.
@@ -631,7 +638,7 @@ bool RichTextBox::runStandardKey(QKeyEvent* event)
     if (command == commands.end())
         return false;
     (this->*command->run)();
-    send(SCI_SCROLLCARET);
+    scrollToCaret();
     return true;
 }
 

@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QFont>
 #include <QMimeData>
+#include <QTimer>
 #include <memory>
 
 class QLabel;
@@ -153,6 +154,7 @@ private:
     void replaceInner(Range range, const QByteArray& text);
     void setEncoding(TextEncoding encoding);
     void scrollToCaretSoon();
+    void scrollToCaret();
 
     void onModified(int position, int type, int token);
     void notify();
@@ -169,6 +171,7 @@ private:
     void pasteFrom(const QMimeData* source);
     QByteArray insertable(const QMimeData* source) const;
     std::unique_ptr<QMimeData> selectionData() const;
+    bool leave(bool next);
     void dropAt(qsizetype position, const QByteArray& text, bool move);
     bool isHeld(const QString& text) const;
     bool runStandardKey(QKeyEvent* event);
@@ -192,8 +195,8 @@ private:
     bool m_textChanged = false;
     bool m_selectionSet = false; // to be told even if it is the same
     Range m_toldSelection;
-    bool m_notifyQueued = false;
-    bool m_scrollQueued = false;
+    QTimer m_notifyTimer;
+    QTimer m_scrollTimer;
     bool m_leftPressed = false;
     QLabel* m_preedit = nullptr;
 };

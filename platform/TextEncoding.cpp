@@ -54,10 +54,11 @@ QByteArray encode(const QString& text, TextEncoding encoding)
     QByteArray bytes;
     bytes.reserve(text.size());
     for (const char32_t character : text.toUcs4()) {
-        if (const std::optional<char> byte = westernByte(character))
+        if (const std::optional<char> byte = westernByte(character)) {
             bytes += *byte;
-        else
+        } else {
             bytes += "&#" + QByteArray::number(static_cast<uint>(character)) + ';';
+        }
     }
     return bytes;
 }

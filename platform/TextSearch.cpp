@@ -87,10 +87,11 @@ void TextSearch::Letter::addCase(char32_t otherCase, char32_t character)
 {
     if (otherCase == character || QChar::toCaseFolded(otherCase) != QChar::toCaseFolded(character))
         return;
-    if (otherCase < 0x80)
+    if (otherCase < 0x80) {
         add(QByteArrayView(std::array{static_cast<char>(otherCase)}));
-    else
+    } else {
         add(QString::fromUcs4(&otherCase, 1).toUtf8());
+    }
 }
 
 void TextSearch::Letter::markFirstBytes(std::array<bool, 256>& marks) const
