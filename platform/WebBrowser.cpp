@@ -8,6 +8,7 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPointer>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineFindTextResult>
@@ -34,14 +35,6 @@ constexpr double ZoomFactors[] = {0.6, 0.8, 1.0, 1.25, 1.6};
 
 /// Operations of all controls that wait for the engine right now.
 int operationsWaiting = 0;
-
-/// Lets all events but the user's input be handled until `loop` is told to quit.
-void wait(QEventLoop& loop)
-{
-    ++operationsWaiting;
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-    --operationsWaiting;
-}
 
 /// A JavaScript string literal.
 QString literal(const QString& text)
@@ -149,6 +142,23 @@ QWidget* WebBrowser::inputWidget() const
 
 // ---- Waiting for the engine ------------------------------------------------------------------------------
 
+/// Lets all events but the user's input be handled until `loop` is told to quit, the renderer ends or the
+/// time is up.
+void WebBrowser::wait(QEventLoop& loop, int milliseconds)
+{
+    const QPointer<WebBrowser> self(this);
+    QTimer timer;
+    timer.setSingleShot(true);
+    connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
+    timer.start(milliseconds);
+    ++operationsWaiting;
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    --operationsWaiting;
+    if (!self)
+        throw SurfaceLost();
+}
+
 int WebBrowser::limit() const
 {
     return m_patience +
@@ -164,12 +174,11 @@ std::optional<QVariant> WebBrowser::ask(const Question& question)
     struct Reply
     {
         std::optional<QVariant> answer;
-        QEventLoop* loop;
+        QPointer<QEventLoop> loop;
     };
     QEventLoop loop;
-    const auto reply = std::make_shared<Reply>(Reply{std::nullopt, &loop}); // for an answer that comes late
-    connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
-    QTimer::singleShot(limit(), &loop, &QEventLoop::quit);
+    const auto reply = std::make_shared<Reply>(); // outlives this call, for an answer that comes late
+    reply->loop = &loop;
     question([reply](const QVariant& answer) {
         reply->answer = answer;
         if (reply->loop)
@@ -177,9 +186,8 @@ std::optional<QVariant> WebBrowser::ask(const Question& question)
     });
     m_page->setMuted(true);
     if (!reply->answer && !m_lost)
-        wait(loop);
+        wait(loop, limit());
     m_page->setMuted(false);
-    reply->loop = nullptr;
 
     if (!reply->answer && !m_lost) {
         m_gaveUp = true;
@@ -217,10 +225,8 @@ void WebBrowser::endRenderer()
         return;
     }
     QEventLoop loop;
-    connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
-    QTimer::singleShot(GoneLimit, &loop, &QEventLoop::quit);
     ::kill(static_cast<pid_t>(pid), SIGKILL);
-    wait(loop);
+    wait(loop, GoneLimit);
     if (!m_lost)
         rendererEnded();
 }
@@ -309,16 +315,14 @@ bool WebBrowser::openBlankPage()
 /// Waits until the empty page is there. The end of an earlier load may come late and look like this one's.
 bool WebBrowser::startBlankPage()
 {
-    const QDeadlineTimer deadline(std::max(StartLimit, limit()));
+    const QDeadlineTimer deadline(rendererPid() > 0 ? limit() : std::max(StartLimit, limit()));
     while (!m_lost && !deadline.hasExpired()) {
         QEventLoop loop;
         connect(m_page, &QWebEnginePage::loadFinished, &loop, [&](bool ok) {
             if (ok && m_page->url() == blankAddress())
                 loop.quit();
         });
-        connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
-        QTimer::singleShot(static_cast<int>(deadline.remainingTime()), &loop, &QEventLoop::quit);
-        wait(loop);
+        wait(loop, static_cast<int>(deadline.remainingTime()));
         if (!deadline.hasExpired() &&
             call(QStringLiteral("start(") + literal(m_scriptsOff) + u')').value_or(false).toBool())
             return true;

@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 
+class QEventLoop;
 class QKeyEvent;
 class QWebEngineHistoryItem;
 class QWebEngineLoadingInfo;
@@ -36,8 +37,8 @@ struct FindResult
 /// they return when they are done. While one waits for the engine, no input of the user is handled, and each
 /// ends within a limit whatever the page does.
 ///
-/// The engine's own view is made when the control is first shown or needed. The control must not be deleted
-/// while an operation waits; `deleteLater` is fine.
+/// The engine's own view is made when the control is first shown or needed. When the control is deleted
+/// while an operation waits, the operation throws SurfaceLost.
 class WebBrowser : public QWidget
 {
     Q_OBJECT
@@ -147,6 +148,7 @@ private:
     std::optional<QVariant> call(const QString& function);
     bool succeeds(const QString& function);
     int limit() const;
+    void wait(QEventLoop& loop, int milliseconds);
 
     void endRenderer();
     void rendererEnded();

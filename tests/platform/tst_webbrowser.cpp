@@ -41,6 +41,14 @@ QString value(WebBrowser& browser, const char* script)
     return browser.evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
 }
 
+/// Whether the status line told that the document can't be left.
+bool isRefused(const QSignalSpy& status)
+{
+    return std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
+        return arguments.first().toString().startsWith(QStringLiteral("Links are not followed here"));
+    });
+}
+
 /// A design surface, not shown.
 class Surface : public WebBrowser
 {
@@ -80,8 +88,8 @@ private slots:
     void rendererEndsDuringRead();
     void rendererEndsDuringWrite();
     void endlessScript();
-    void endlessTimer();
-    void endlessCommand();
+    void endlessTask();
+    void endlessTaskBeforeACommand();
     void scriptMessages();
     void hiddenMethods();
     void picturesAreLoaded();
@@ -168,8 +176,8 @@ void TestWebBrowser::hostileDocuments_data()
     QTest::newRow("10,000 nested fonts") << QStringLiteral("<font>").repeated(10000) + word << word;
     QTest::newRow("5 MB without a tag")
         << QStringLiteral("word ").repeated(1000000) << QStringLiteral("word word");
-    QTest::newRow("a line of 3 MB") << QStringLiteral("<b>word</b> ").repeated(250000)
-                                    << QStringLiteral("<B>word</B> <B>");
+    QTest::newRow("a line of 3 MB") << QStringLiteral("word word word <b>word</b> ").repeated(120000)
+                                    << QStringLiteral("word <B>word</B> word");
     QTest::newRow("a value of 3 MB") << QStringLiteral("<a title='") +
                                             QStringLiteral("long ").repeated(600000) +
                                             QStringLiteral("'>word")
@@ -269,7 +277,7 @@ void TestWebBrowser::clipboard()
     QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
     QVERIFY(surface.execCommand(QStringLiteral("Copy")));
     QCOMPARE(desktop.clipboard()->text(), QStringLiteral("a fine lamp"));
-    QCOMPARE(desktop.clipboard()->html(), QStringLiteral("<p>a <b>fine</b>&nbsp;lamp</p>"));
+    QCOMPARE(desktop.clipboard()->html(), QStringLiteral("a <b>fine</b>&nbsp;lamp"));
     QVERIFY(surface.execCommand(QStringLiteral("cut")));
     QVERIFY(!surface.innerHtml().contains(QStringLiteral("lamp")));
 
@@ -318,12 +326,19 @@ void TestWebBrowser::links()
              page(QStringLiteral("<A href=\"http://z.example/?a&amp;b\">http://z.example/?a&amp;b</A>")));
 }
 
+/// Shows a surface and waits until it takes letters.
+#define SHOW_FOR_TYPING(window, surface)                                                                     \
+    (window).resize(400, 300);                                                                               \
+    (window).show();                                                                                         \
+    QVERIFY(QTest::qWaitForWindowExposed(&(window)));                                                        \
+    (window).activateWindow();                                                                               \
+    (surface).setFocus();                                                                                    \
+    QTRY_VERIFY((surface).inputWidget() && (surface).inputWidget()->testAttribute(Qt::WA_InputMethodEnabled))
+
 void TestWebBrowser::find()
 {
     Surface surface(QStringLiteral("<p>a Lamp, a lamp and a lamp"));
-    surface.resize(400, 300);
-    surface.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&surface));
+    SHOW_FOR_TYPING(surface, surface);
     FindResult found = surface.find(QStringLiteral("lamp"));
     QCOMPARE(found.matches, 3);
     QCOMPARE(found.current, 1);
@@ -334,15 +349,6 @@ void TestWebBrowser::find()
     QCOMPARE(surface.find(QStringLiteral("shade")).matches, 0);
     QCOMPARE(surface.find(QString()).matches, 0);
 }
-
-/// Shows a surface and waits until it takes letters.
-#define SHOW_FOR_TYPING(window, surface)                                                                     \
-    (window).resize(400, 300);                                                                               \
-    (window).show();                                                                                         \
-    QVERIFY(QTest::qWaitForWindowExposed(&(window)));                                                        \
-    (window).activateWindow();                                                                               \
-    (surface).setFocus();                                                                                    \
-    QTRY_VERIFY((surface).inputWidget() && (surface).inputWidget()->testAttribute(Qt::WA_InputMethodEnabled))
 
 void TestWebBrowser::typing()
 {
@@ -481,27 +487,46 @@ void TestWebBrowser::endlessScript()
     QCOMPARE(browser.innerHtml(), page(QStringLiteral("\r\n<P>ok</P>")));
 }
 
-void TestWebBrowser::endlessTimer()
+namespace {
+
+/// A page that hangs a moment after it was written.
+const QString Hangs =
+    QStringLiteral("<script>onmessage = () => { for (;;); }; postMessage('', '*')</script>");
+
+} // namespace
+
+void TestWebBrowser::endlessTask()
 {
     WebBrowser browser;
-    const QString html = QStringLiteral("<script>setTimeout(() => { for (;;); }, 1)</script>");
-    QVERIFY(browser.write(html));
-    QTest::qWait(50);
+    QVERIFY(browser.write(Hangs));
     browser.setPatience(1500);
-    QVERIFY_EXCEPTION_THROWN(browser.innerHtml(), SurfaceLost);
+    const auto isLost = [&] {
+        try {
+            browser.innerHtml(); // may come before the page hangs
+        } catch (const SurfaceLost&) {
+            return true;
+        }
+        return false;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isLost(), 20000);
+    QVERIFY(browser.write(Hangs));
+    browser.setPatience(5000);
     QVERIFY(browser.write(QStringLiteral("<p>ok")));
     QCOMPARE(browser.innerHtml(), page(QStringLiteral("\r\n<P>ok</P>")));
 }
 
-void TestWebBrowser::endlessCommand()
+void TestWebBrowser::endlessTaskBeforeACommand()
 {
     WebBrowser browser;
-    QVERIFY(browser.write(QStringLiteral("<script>setTimeout(() => { for (;;); }, 1)</script>")));
-    QTest::qWait(50);
+    QVERIFY(browser.write(Hangs));
     browser.setPatience(1500);
     QSignalSpy died(&browser, &WebBrowser::rendererDied);
+    const auto hasDied = [&] {
+        browser.execCommand(QStringLiteral("Bold"));
+        return died.count() == 1;
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(hasDied(), 20000);
     QVERIFY(!browser.execCommand(QStringLiteral("Bold")));
-    QTRY_COMPARE(died.count(), 1);
 }
 
 void TestWebBrowser::scriptMessages()
@@ -585,36 +610,34 @@ void TestWebBrowser::picturesAreLoaded()
 
 void TestWebBrowser::filesAreRefused()
 {
-    const Files files;
+    Files files;
+    files.put("frame.htm", "<script>parent.postMessage('frame', '*')</script>");
     WebBrowser browser;
-    QVERIFY(
-        browser.write(QStringLiteral("<link rel=stylesheet href='%1' onerror='no(1)' onload='yes()'>"
-                                     "<script src='%2' onerror='no(2)' onload='yes()'></script>"
-                                     "<script>let refused = 0; function no() { document.title = ++refused } "
-                                     "function yes() { document.body.append('LOADED') } onload = () => "
-                                     "fetch('%3').then(yes, no)</script>"
-                                     "<iframe src='%3'></iframe><object data='%3' onload='yes()'></object>")
-                          .arg(files.url("style.css"), files.url("script.js"), files.url("page.htm"))));
-    QTRY_VERIFY(value(browser, "document.title").toInt() >= 1);
-    QTest::qWait(200); // for what should not come
-    QVERIFY(!browser.innerHtml().contains(QStringLiteral("LOADED")));
+    // Each thing that is refused adds a letter to the title, each that is loaded a "!".
+    QVERIFY(browser.write(
+        QStringLiteral("<script>const say = text => document.title += text; onmessage = () => say('!'); "
+                       "onload = () => fetch('%3').then(() => say('!'), () => say('d'))</script>"
+                       "<link rel=stylesheet href='%1' onerror='say(\"a\")' onload='say(\"!\")'>"
+                       "<script src='%2' onerror='say(\"b\")' onload='say(\"!\")'></script>"
+                       "<video src='%3' onerror='say(\"c\")'></video>"
+                       "<iframe src='%3'></iframe><object data='%3'></object><embed src='%3'>")
+            .arg(files.url("style.css"), files.url("script.js"), files.url("frame.htm"))));
+    QTRY_COMPARE(value(browser, "[...document.title].sort().join('')"), QStringLiteral("abcd"));
+    QTest::qWait(200); // for a frame that should not come
+    QCOMPARE(value(browser, "[...document.title].sort().join('')"), QStringLiteral("abcd"));
     QCOMPARE(value(browser, "getComputedStyle(document.body).color"), QStringLiteral("rgb(0, 0, 0)"));
-    QVERIFY(!value(browser, "String(document.querySelector('iframe').contentDocument?.body?.innerHTML)")
-                 .contains(QStringLiteral("secret")));
 }
 
 void TestWebBrowser::documentsStay_data()
 {
     QTest::addColumn<QString>("html");
-    const Files files;
-    QTest::newRow("refresh") << QStringLiteral(
-        "<meta http-equiv=refresh content='0; url=http://away.invalid/'>x");
-    QTest::newRow("script") << QStringLiteral("<script>location = 'http://away.invalid/'</script>x");
-    QTest::newRow("form") << QStringLiteral(
-        "<form action='http://away.invalid/'></form><script>document.forms[0].submit()</script>x");
-    QTest::newRow("data") << QStringLiteral(
-        "<meta http-equiv=refresh content='0; url=data:text/html,away'>x");
-    QTest::newRow("reload") << QStringLiteral("<script>setTimeout(() => location.reload(), 1)</script>x");
+    const auto row = [](const char* name, const char* html) {
+        QTest::newRow(name) << QString::fromLatin1(html);
+    };
+    row("refresh", "x<meta http-equiv=refresh content='0; url=http://away.invalid/'>");
+    row("script", "x<script>location = 'http://away.invalid/'</script>");
+    row("form", "x<form action='http://away.invalid/'></form><script>document.forms[0].submit()</script>");
+    row("reload", "x<script>setTimeout(() => location.reload(), 1)</script>");
 }
 
 void TestWebBrowser::documentsStay()
@@ -623,10 +646,9 @@ void TestWebBrowser::documentsStay()
     WebBrowser browser;
     QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
     QVERIFY(browser.write(html));
-    QTRY_VERIFY(!status.isEmpty());
-    QVERIFY(status.first().first().toString().startsWith(QStringLiteral("Links are not followed here")));
-    QTest::qWait(100);
-    QVERIFY(browser.innerHtml().contains(u'x'));
+    QTRY_VERIFY(isRefused(status));
+    QTest::qWait(100); // for the page that should not come
+    QVERIFY(browser.innerHtml().contains(QStringLiteral("<BODY>x")));
     QCOMPARE(value(browser, "location.href"), QStringLiteral("surface:blank"));
 }
 
@@ -641,15 +663,10 @@ void TestWebBrowser::linksDontLeave()
         QVERIFY(browser.write(QStringLiteral("<body style='margin: 0'><a href='http://away.invalid/' "
                                              "style='display: block; height: 200px'>link</a>")));
         QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
-        const auto refused = [&] {
-            return std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
-                return arguments.first().toString().startsWith(QStringLiteral("Links are not followed"));
-            });
-        };
         const auto click = [&] {
             QTest::mouseClick(browser.inputWidget(), Qt::LeftButton, Qt::NoModifier, QPoint(50, 50));
             QTest::qWait(100);
-            return refused();
+            return isRefused(status);
         };
         if (mode == DesignMode::Off) {
             QTRY_VERIFY(click());
@@ -767,7 +784,8 @@ void TestWebBrowser::severalAtOnce()
 {
     WebBrowser first;
     Surface second;
-    QVERIFY(first.write(QStringLiteral("<script>setTimeout(() => { for (;;); }, 1)</script>")));
+    QVERIFY(first.write(
+        QStringLiteral("<script>onmessage = () => { for (;;); }; postMessage('', '*')</script>")));
     QVERIFY(second.write(QStringLiteral("free"))); // a renderer each
     QCOMPARE(second.innerHtml(), page(QStringLiteral("free")));
     QVERIFY(first.rendererPid() != second.rendererPid());
@@ -780,9 +798,10 @@ void TestWebBrowser::formUnloadedWhileWaiting()
     const QPointer<WebBrowser> alive(browser);
     QVERIFY(browser->write(QStringLiteral("x")));
     QTimer::singleShot(20, browser, &QObject::deleteLater);
-    QVERIFY(browser->evaluate(QStringLiteral("const end = Date.now() + 300; while (Date.now() < end); 1")));
-    QVERIFY(alive);
-    QTRY_VERIFY(!alive);
+    QVERIFY_EXCEPTION_THROWN(
+        browser->evaluate(QStringLiteral("const end = Date.now() + 300; while (Date.now() < end); 1")),
+        SurfaceLost);
+    QVERIFY(!alive);
 }
 
 WEB_TEST_MAIN(TestWebBrowser)
