@@ -37,7 +37,7 @@ tidy:
 	./setup --develop
 	cmake --preset dev
 	cmake --build --preset dev
-	git ls-files '*.cpp' | xargs -n 1 -P "$$(nproc)" clang-tidy -p $(DEV) --quiet
+	git ls-files '*.cpp' ':!bench' | xargs -n 1 -P "$$(nproc)" clang-tidy -p $(DEV) --quiet
 
 # Removes what was compiled, not the settings and lists that the program keeps beside itself.
 clean:

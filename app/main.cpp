@@ -7,16 +7,20 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QPointer>
 
 namespace {
 
 /// Takes the windows down before the toolkit goes: what is left open at the end dies with the main window.
 void closeForms()
 {
+    QList<QPointer<Form>> forms; // a window that goes may take others with it
     for (QWidget* window : QApplication::topLevelWidgets()) {
         if (auto* form = qobject_cast<Form*>(window))
-            delete form;
+            forms << form;
     }
+    for (const QPointer<Form>& form : forms)
+        delete form;
 }
 
 } // namespace
@@ -26,7 +30,6 @@ int main(int argc, char* argv[])
     prepareWebEngine();
     QApplication app(argc, argv);
     QApplication::setApplicationName(ProgramTitle);
-    QApplication::setDesktopFileName(QStringLiteral("brindlemark"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/brindlemark.svg")));
     QApplication::setQuitOnLastWindowClosed(false); // the main window's unload ends the program
     QFont::insertSubstitution(QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue"));

@@ -3,7 +3,10 @@
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
 
+#include <QScopeGuard>
 #include <new>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -13,7 +16,41 @@ std::function<QString()>& keeper()
     return keep;
 }
 
+int runningHandlers = 0;
+
+std::vector<std::function<void()>>& waitingActions()
+{
+    static std::vector<std::function<void()>> actions;
+    return actions;
+}
+
+void handlerReturned()
+{
+    if (--runningHandlers > 0)
+        return;
+    for (const auto& action : std::exchange(waitingActions(), {}))
+        action();
+}
+
+/// The keeper's sentence. Whatever goes wrong in it, the error that ends the program is still told.
+QString kept()
+{
+    try {
+        return keeper() ? keeper()() : QString();
+    } catch (...) {
+        return QStringLiteral("Your text could not be kept.");
+    }
+}
+
 } // namespace
+
+void whenHandlersReturn(std::function<void()> action)
+{
+    if (runningHandlers == 0)
+        action();
+    else
+        waitingActions().push_back(std::move(action));
+}
 
 void keepOnFatal(std::function<QString()> keep)
 {
@@ -31,11 +68,8 @@ void fatal(const RuntimeError& error)
     QString text = QStringLiteral("Run-time error '%1':\n\n%2")
                        .arg(static_cast<int>(error.number()))
                        .arg(error.description());
-    if (keeper()) {
-        const QString kept = keeper()();
-        if (!kept.isEmpty())
-            text += QStringLiteral("\n\n") + kept;
-    }
+    if (const QString sentence = kept(); !sentence.isEmpty())
+        text += QStringLiteral("\n\n") + sentence;
     MsgBox(text, ProgramTitle, MsgIcon::Stop);
     doors().endNow(1);
     ending = false; // only a test's door comes back
@@ -43,6 +77,8 @@ void fatal(const RuntimeError& error)
 
 void guarded(const std::function<void()>& body)
 {
+    ++runningHandlers;
+    const auto returned = qScopeGuard(handlerReturned);
     try {
         body();
     } catch (const RuntimeError& error) {

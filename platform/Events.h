@@ -14,6 +14,10 @@ void fatal(const RuntimeError& error);
 /// that says where the copy lies, or an empty string when there was nothing to keep. It must not throw.
 void keepOnFatal(std::function<QString()> keep);
 
+/// Runs `action` once the outermost handler has returned; at once when none is running. What a handler has
+/// put out of use lives until then, also where a handler further out still waits in an event loop of its own.
+void whenHandlersReturn(std::function<void()> action);
+
 /// Runs a handler's body. The only place that catches what leaves a handler: an exception must not travel
 /// through the toolkit's own frames.
 void guarded(const std::function<void()>& body);

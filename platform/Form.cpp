@@ -34,7 +34,10 @@ void Form::Unload()
     }
     m_unloaded = true;
     hide();
-    deleteLater();
+    whenHandlersReturn([form = QPointer<Form>(this)] {
+        if (form)
+            form->deleteLater();
+    });
 }
 
 bool Form::queryUnload()

@@ -17,7 +17,7 @@ public:
     /// Hides the window; its state stays.
     void Hide();
     /// Closes the form unless `queryUnload` refuses. The window goes away at once and the instance is
-    /// forgotten; the object itself lives until the running handler has returned.
+    /// forgotten; the object itself lives until all running handlers have returned.
     void Unload();
 
     /// True from `Unload` on: a handler that unloaded its own form asks before it goes on.

@@ -242,9 +242,14 @@ QByteArray RichTextBox::Text() const
 
 void RichTextBox::setText(const QByteArray& text)
 {
+    setText(text, encodingOf(text));
+}
+
+void RichTextBox::setText(const QByteArray& text, TextEncoding encoding)
+{
     Step step(this);
     UndoGroup group(this);
-    setEncoding(encodingOf(text));
+    setEncoding(encoding);
     replaceInner({0, innerLength()}, toInner(text));
     selectInner({0, 0});
     m_textChanged = true;

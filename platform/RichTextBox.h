@@ -30,6 +30,8 @@ public:
     /// Replaces the whole text, in one step of undo, puts the caret to 0 and drops all colours. Decides the
     /// encoding anew. Raises `Change` and `SelChange` always, for an equal text as well.
     void setText(const QByteArray& text);
+    /// The same in an encoding that the caller knows: bytes of the one can be valid in the other by chance.
+    void setText(const QByteArray& text, TextEncoding encoding);
     /// The same for the text of another document: undo doesn't reach behind it.
     void load(const QByteArray& text);
     /// Whether the text is empty; much cheaper than asking `Text`.

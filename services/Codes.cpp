@@ -23,27 +23,27 @@ int hexValue(const QString& text)
 
 } // namespace
 
-Channels splitColor(int colour)
+Channels splitColor(int color)
 {
-    const QString digits = HexPad6(colour);
+    const QString digits = HexPad6(color);
     return {.red = hexValue(digits.right(2)),
             .green = hexValue(digits.mid(2, 2)),
             .blue = hexValue(digits.left(2))};
 }
 
-QString GetHexColor(int& colour)
+QString GetHexColor(int& color)
 {
-    const int red = colour % 256;
-    colour /= 256;
-    const int green = colour % 256;
-    colour /= 256;
-    const int blue = colour % 256;
+    const int red = color % 256;
+    color /= 256;
+    const int green = color % 256;
+    color /= 256;
+    const int blue = color % 256;
     return u'#' + hex(red, 2) + hex(green, 2) + hex(blue, 2);
 }
 
-QString HexPad6(int colour)
+QString HexPad6(int color)
 {
-    return hex(colour, 6);
+    return hex(color, 6);
 }
 
 double HexToColor(QString& code)

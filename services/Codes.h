@@ -14,15 +14,15 @@ struct Channels
 };
 
 /// The channels of a colour number, read from the digits of `HexPad6`.
-Channels splitColor(int colour);
+Channels splitColor(int color);
 
 /// The colour text `#RRGGBB`. Consumes its argument: what is left in it is the part above red and green, so
 /// pass a copy. A negative number (a system colour) gives a meaningless text.
-QString GetHexColor(int& colour);
+QString GetHexColor(int& color);
 
 /// The number in upper-case hexadecimal, with zeros on the left up to six digits. The digits read blue,
 /// green, red.
-QString HexPad6(int colour);
+QString HexPad6(int color);
 
 /// The colour number of the digits RRGGBB. A text that begins with "#" is cut to its last six characters, in
 /// the caller's variable too. The digits are read as blue, green, red, up to the first that is none: a text

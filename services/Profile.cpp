@@ -1,5 +1,6 @@
 #include "services/Profile.h"
 
+#include "platform/AppPath.h"
 #include "platform/Files.h"
 #include "platform/ListObject.h"
 #include "platform/RuntimeError.h"
@@ -171,6 +172,11 @@ QByteArrayView takeField(QByteArrayView& rest)
 }
 
 } // namespace
+
+QString webIni()
+{
+    return appFile(QStringLiteral("\\web.ini"));
+}
 
 QString ReadProfile(const QString& section, const QString& key, const QString& file)
 {

@@ -13,6 +13,9 @@ class ListObject;
 // line, so a name that holds one is found again; a key's name runs to the first "=". Lines that begin with
 // ";" are comments. CR LF, LF and CR end lines. A byte order mark is passed over.
 
+/// The program's main settings file, \web.ini.
+QString webIni();
+
 /// The value of a key; empty when the file, the section or the key is missing or the file can't be read.
 /// Blanks around the value and one pair of equal quotes (" or ') around it are not part of it. A value is cut
 /// to 254 characters (UTF-16 units), or to 253 where the last would be half of one.

@@ -3,6 +3,7 @@
 #include "platform/Events.h"
 #include "platform/WebBrowser.h"
 
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QKeyEvent>
@@ -45,7 +46,9 @@ FindBar::FindBar(WebBrowser* surface)
     on(m_text, &QLineEdit::textEdited, this, &FindBar::findNext);
     on(previous, &QToolButton::clicked, this, &FindBar::findPrevious);
     on(next, &QToolButton::clicked, this, &FindBar::findNext);
-    on(closer, &QToolButton::clicked, this, &FindBar::close);
+    on(closer, &QToolButton::clicked, this, &FindBar::dismiss);
+    on(m_text, &QLineEdit::returnPressed, this, &FindBar::enterPressed);
+    on(surface, &WebBrowser::findRequested, this, &FindBar::open);
     surface->installEventFilter(this);
     hide();
 }
@@ -59,7 +62,7 @@ void FindBar::open()
     m_text->selectAll();
 }
 
-void FindBar::close()
+void FindBar::dismiss()
 {
     m_surface->find(QString()); // drops the marks
     hide();
@@ -77,6 +80,11 @@ void FindBar::find(bool backwards)
         m_count->setText(QStringLiteral("%1 of %2").arg(found.current).arg(found.matches));
 }
 
+void FindBar::enterPressed()
+{
+    find(QGuiApplication::keyboardModifiers() & Qt::ShiftModifier);
+}
+
 void FindBar::findNext()
 {
     find(false);
@@ -89,17 +97,10 @@ void FindBar::findPrevious()
 
 void FindBar::keyPressEvent(QKeyEvent* event)
 {
-    switch (event->key()) {
-    case Qt::Key_Escape:
-        guarded([this] { close(); });
-        break;
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        guarded([this, event] { find(event->modifiers() & Qt::ShiftModifier); });
-        break;
-    default:
+    if (event->key() == Qt::Key_Escape)
+        guarded([this] { dismiss(); });
+    else
         QFrame::keyPressEvent(event);
-    }
 }
 
 /// Keeps the bar at the surface's upper right corner, and goes with the surface.

@@ -13,7 +13,7 @@ class FindBar : public QFrame
     Q_OBJECT
 
 public:
-    /// A hidden bar for `surface`, whose parent it shares.
+    /// A hidden bar for `surface`, whose parent it shares; Ctrl+F on the surface opens it.
     explicit FindBar(WebBrowser* surface);
 
     /// Shows the bar with its text selected, ready to type.
@@ -24,7 +24,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void close();
+    void dismiss();
+    void enterPressed();
     void find(bool backwards);
     void findNext();
     void findPrevious();

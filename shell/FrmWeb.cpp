@@ -11,6 +11,7 @@
 
 #include <QActionGroup>
 #include <QDir>
+#include <QFile>
 #include <QFontDatabase>
 #include <QIcon>
 #include <QScreen>
@@ -110,7 +111,8 @@ FrmWeb::FrmWeb()
 {
     setupUi(this);
     WebBrowser2->setKind(WebPage::Kind::Internet);
-    m_findBar = new FindBar(WebBrowser1);
+    for (WebBrowser* surface : {WebBrowser1, WebBrowser3})
+        new FindBar(surface);
     setPalette(QPalette(QColor(0xE0, 0xE0, 0xE0)));
     for (ComboBox* combo : {Combo1, Combo2, Combo3}) {
         QPalette field = palette();
@@ -174,9 +176,9 @@ QAction* FrmWeb::toolbarButton(int index) const
 /// The load step: settings, blank surfaces, fonts.
 void FrmWeb::loadSettings()
 {
-    const QString webIni = appFile(QStringLiteral("\\web.ini"));
     LoadList(appFile(QStringLiteral("\\Ils.ini")), *Combo3);
-    Combo3->setText(ReadProfile(QStringLiteral("internet"), QStringLiteral("home"), webIni));
+    Combo3->setText(ReadProfile(QStringLiteral("internet"), QStringLiteral("home"), webIni()));
+    RichTextBox1->setTextFont(QFont(QStringLiteral("Comic Sans MS"), 10));
     loadEditorFont();
     loadEditorBackground();
 
@@ -221,8 +223,7 @@ void FrmWeb::arrangeFrames()
         QWidget* bar;
         std::initializer_list<QWidget*> views;
     };
-    constexpr int Inset =
-        8; // the frame's rule leaves 250 twips of the tab control's width, half of them on each side
+    constexpr int Inset = 8; // half of the 250 twips that the rule leaves beside a frame
     constexpr int Gap = 4;
     for (const Page& page :
          {Page{Frame1, RegionBar, {RichTextBox1, Picture1}},
@@ -270,8 +271,12 @@ void FrmWeb::Form_Resize()
     MenuBar1->setGeometry(0, 0, width(), menuHeight);
     Toolbar1->setGeometry(0, menuHeight, width(), toolbarHeight);
 
-    // The layout counts from below the menu bar, and frames from the tab control's own top.
+    // The layout counts from below the menu bar, and frames from the tab control's own top. Its numbers are
+    // made for tabs of at most `UsualTabs`: what taller ones take is taken from the control's height.
+    constexpr int UsualTabs = 28;
     const int tabsHeight = SSTab1->tabBar()->sizeHint().height();
+    const int usualHeight = qMin(tabsHeight, UsualTabs);
+    const int surplus = (tabsHeight - usualHeight) * TwipsPerPixel;
     WindowLayout layout = {
         .Toolbar1 = {0, 0, width() * TwipsPerPixel, toolbarHeight * TwipsPerPixel},
         .SSTab1 = twips(SSTab1),
@@ -287,13 +292,15 @@ void FrmWeb::Form_Resize()
         .ProgressBar1 = twips(ProgressBar1),
     };
     for (TwipsRect* frame : {&layout.Frame1, &layout.Frame2, &layout.Frame3})
-        frame->Top += tabsHeight * TwipsPerPixel;
+        frame->Top += usualHeight * TwipsPerPixel;
 
     // A window's frame and title are no part of `width()` and `height()`: 90 and 680 twips stand for them.
-    layout = resized(layout, width() * TwipsPerPixel + 90, (height() - menuHeight) * TwipsPerPixel + 680);
+    layout = resized(layout, width() * TwipsPerPixel + 90,
+                     (height() - menuHeight) * TwipsPerPixel + 680 - surplus);
+    layout.SSTab1.Height += surplus;
 
     for (TwipsRect* frame : {&layout.Frame1, &layout.Frame2, &layout.Frame3})
-        frame->Top -= tabsHeight * TwipsPerPixel;
+        frame->Top -= usualHeight * TwipsPerPixel;
     layout.SSTab1.Top += menuHeight * TwipsPerPixel;
     place(SSTab1, layout.SSTab1);
     place(Frame1, layout.Frame1);
@@ -329,8 +336,8 @@ void FrmWeb::MnExit_Click()
     Unload();
 }
 
-/// Keeps the source as `Recovered.htm` before a fatal error ends the program; where the program's folder
-/// refuses it, in the user's own.
+/// Keeps the source as `Recovered.htm`, and an earlier one as `Recovered.old.htm`, before a fatal error ends
+/// the program; where the program's folder refuses it, in the user's own.
 QString FrmWeb::keepText()
 {
     const QByteArray text = RichTextBox1->Text();
@@ -338,7 +345,12 @@ QString FrmWeb::keepText()
         return QString();
     for (const QString& folder : {AppPath(), QDir::homePath(), QDir::tempPath()}) {
         const QString path = folder + QStringLiteral("/Recovered.htm");
+        const QString older = folder + QStringLiteral("/Recovered.old.htm");
         try {
+            if (QFile::exists(path)) {
+                QFile::remove(older);
+                QFile::rename(path, older);
+            }
             writeFile(path, text);
             return QStringLiteral("Your text is kept in %1.").arg(QDir::toNativeSeparators(path));
         } catch (const RuntimeError&) {

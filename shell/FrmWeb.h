@@ -6,8 +6,6 @@
 #include <QByteArray>
 #include <optional>
 
-class FindBar;
-
 /// The main window: owner of the document, its views and the settings of the source box.
 ///
 /// The document is bytes: the source box's text while tab 0 is up, the design surface's content while tab 1
@@ -45,6 +43,8 @@ public:
     /// Writes the source box's text, with a line end behind it, to `path` and names the window after it. The
     /// document keeps its own name and stays as unsaved as it was. A failure is shown in a message box.
     void SaveFileAs(const QString& path);
+    /// The colour text of a colour number, which is consumed (see Codes.h).
+    QString GetHexColor(int& color) const;
     /// The text as it goes out: each character combined with a key of zero, so that it stays as it is.
     QString etxt(const QString& text) const;
 
@@ -77,6 +77,8 @@ private:
     void MnOpen_Click();
     void mnsave_Click();
     void mnsaveas_Click();
+    bool save();
+    bool saveAs();
     void MnCut_Click();
     void MnCopy_Click();
     void MnPaste_Click();
@@ -114,7 +116,6 @@ private:
     std::optional<QString> readSurface(WebBrowser* surface);
     void replaceLost(WebBrowser* surface);
     void WebBrowser1_LinkRequested();
-    void WebBrowser1_FindRequested();
     void WebBrowser1_RendererDied();
     void WebBrowser3_RendererDied();
 
@@ -131,5 +132,4 @@ private:
 
     /// What was last written to a surface: a lost one is made anew from it.
     QString m_lastShown;
-    FindBar* m_findBar = nullptr;
 };

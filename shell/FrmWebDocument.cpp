@@ -4,6 +4,7 @@
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
+#include "services/Codes.h"
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
 
@@ -52,7 +53,8 @@ void FrmWeb::Checksafe()
     switch (MsgBox(name + QStringLiteral(" - File has changed. Do you wish to save changes ?"), ProgramTitle,
                    MsgIcon::Information, MsgButtons::YesNoCancel)) {
     case MsgAnswer::Yes:
-        mnsave_Click();
+        if (!save())
+            SaveCancelled = true; // what could not be read must not be given up either
         break;
     case MsgAnswer::No:
         SaveDeclined = true;
@@ -87,6 +89,11 @@ void FrmWeb::SaveFileAs(const QString& path)
     setCaption(path);
 }
 
+QString FrmWeb::GetHexColor(int& color) const
+{
+    return ::GetHexColor(color);
+}
+
 QString FrmWeb::etxt(const QString& text) const
 {
     return text;
@@ -102,6 +109,8 @@ void FrmWeb::StampGenerator()
     for (int tag = RichTextBox1->Find("<META content=", 0); tag != -1;
          tag = RichTextBox1->Find("<META content=", tag + 1)) {
         const int name = RichTextBox1->Find(" name=GENERATOR>", tag);
+        if (name == -1) // a torn tag ends the program before anything in it is touched
+            throw RuntimeError(ErrorNumber::InvalidPropertyValue);
         RichTextBox1->setSelStart(tag);
         RichTextBox1->setSelLength(name - tag + 1); // up to and with the blank before "name"
         RichTextBox1->setSelText("<META content=\"Brindlemark 1.0\" ");
@@ -147,16 +156,20 @@ void FrmWeb::MnNew_Click()
 {
     if (SSTab1->Tab() == PreviewTab) {
         try {
-            if (!takeSurface())
-                return;
+            takeSurface(); // without an answer the source's own text is what there is to save
         } catch (const RuntimeError&) {
             // A torn generator tag stays as it is: the text is about to go.
         }
         if (isBlankDocument())
             Dirty = false;
     }
-    if (Dirty)
-        Checksafe();
+    try {
+        if (Dirty)
+            Checksafe();
+    } catch (const RuntimeError&) { // the same torn tag, but the user wants the text saved
+        sayCannotSave();
+        return;
+    }
     if (SaveCancelled)
         return;
     emptyDocument();
@@ -209,22 +222,34 @@ void FrmWeb::MnOpen_Click()
 
 void FrmWeb::mnsave_Click()
 {
-    if (Text2 == Untitled) {
-        mnsaveas_Click();
-        return;
-    }
+    save();
+}
+
+void FrmWeb::mnsaveas_Click()
+{
+    saveAs();
+}
+
+/// False: the design surface gave no answer, so that there was nothing to save. All else, a cancelled dialog
+/// and a failed write among it, is dealt with here.
+bool FrmWeb::save()
+{
+    if (Text2 == Untitled)
+        return saveAs();
     const std::optional<QByteArray> text = FetchSource();
     if (!text)
-        return;
+        return false;
     try {
         writeRecord(Text2, *text);
         Dirty = false;
     } catch (const RuntimeError&) {
         sayCannotSave();
     }
+    return true;
 }
 
-void FrmWeb::mnsaveas_Click()
+/// The same under a name that the user gives.
+bool FrmWeb::saveAs()
 {
     CommonDialog dialog;
     dialog.CancelError = true;
@@ -234,28 +259,29 @@ void FrmWeb::mnsaveas_Click()
     try {
         dialog.ShowSave();
     } catch (const RuntimeError&) {
-        return;
+        return true;
     }
     if (dialog.FileName.isEmpty())
-        return;
+        return true;
     if (bareName(dialog.FileName) == dialog.FileTitle &&
         MsgBox(
             QStringLiteral("[ %1 ] - already exists.\r\nDo you want to replace it ?").arg(dialog.FileTitle),
             QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::No)
-        return;
+        return true;
 
     const std::optional<QByteArray> text = FetchSource();
     if (!text)
-        return;
+        return false;
     try {
         writeRecord(dialog.FileName, *text);
     } catch (const RuntimeError&) {
         sayCannotSave();
-        return;
+        return true;
     }
     Text2 = dialog.FileName;
     setCaption(dialog.FileTitle);
     Dirty = false;
+    return true;
 }
 
 void FrmWeb::MnCut_Click()
@@ -290,7 +316,10 @@ void FrmWeb::MnPaste_Click()
 {
     switch (SSTab1->Tab()) {
     case EditorTab:
-        RichTextBox1->paste();
+        if (Clipboard::GetText().isEmpty())
+            RichTextBox1->setSelText(QByteArray()); // an empty text replaces the selection too
+        else
+            RichTextBox1->paste();
         break;
     case PreviewTab:
         surfaceCommand(QStringLiteral("Paste"));

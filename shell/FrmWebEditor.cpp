@@ -1,6 +1,5 @@
 // The look of the source box: font, background, highlight.
 
-#include "platform/AppPath.h"
 #include "platform/ColorNumber.h"
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
@@ -17,11 +16,6 @@ const QString FontSection = QStringLiteral("Font");
 
 /// Script text, in orange: red 255, green 140, blue 10.
 constexpr int ScriptColor = 10 << 16 | 140 << 8 | 255;
-
-QString webIni()
-{
-    return appFile(QStringLiteral("\\web.ini"));
-}
 
 QString fontSetting(const char* key)
 {
@@ -50,7 +44,7 @@ void FrmWeb::loadEditorFont()
 {
     QFont font = RichTextBox1->textFont();
     const QString name = fontSetting("name");
-    if (!name.isEmpty())
+    if (!name.isEmpty()) // no face is called by no name: the one that is there stays
         font.setFamily(name);
     font.setPointSizeF(qBound(1.0F, toSingle(fontSetting("size")), 500.0F));
     font.setBold(toBoolean(fontSetting("bold")));
@@ -84,16 +78,23 @@ void FrmWeb::munsetfont_Click()
     CommonDialog dialog;
     dialog.CancelError = true;
     dialog.Font = RichTextBox1->textFont();
+    dialog.Font.setUnderline(false);
+    dialog.Font.setStrikeOut(false);
     try {
         dialog.ShowFont();
     } catch (const RuntimeError&) {
         return;
     }
-    RichTextBox1->setTextFont(dialog.Font);
-    keepFontSetting("name", dialog.Font.family());
-    keepFontSetting("size", fromNumber(dialog.Font.pointSizeF()));
-    keepFontSetting("bold", fromBoolean(dialog.Font.bold()));
-    keepFontSetting("italic", fromBoolean(dialog.Font.italic()));
+    QFont font = RichTextBox1->textFont(); // takes these four alone
+    font.setFamily(dialog.Font.family());
+    font.setPointSizeF(dialog.Font.pointSizeF());
+    font.setBold(dialog.Font.bold());
+    font.setItalic(dialog.Font.italic());
+    RichTextBox1->setTextFont(font);
+    keepFontSetting("name", font.family());
+    keepFontSetting("size", fromNumber(static_cast<float>(font.pointSizeF())));
+    keepFontSetting("bold", fromBoolean(font.bold()));
+    keepFontSetting("italic", fromBoolean(font.italic()));
 }
 
 void FrmWeb::munEBC_Click()

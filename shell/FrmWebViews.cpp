@@ -3,8 +3,8 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
+#include "platform/WaitCursor.h"
 #include "services/Codes.h"
-#include "shell/FindBar.h"
 #include "shell/FrmWeb.h"
 
 namespace {
@@ -42,6 +42,14 @@ constexpr SurfaceCommand SurfaceCommands[] = {
     {&Ui::FrmWeb::Command13, "Redo"},
 };
 
+/// What `work` returns, with the hourglass up meanwhile.
+template <typename Work>
+auto underHourglass(Work work)
+{
+    const WaitCursor hourglass;
+    return work();
+}
+
 } // namespace
 
 void FrmWeb::connectViews()
@@ -56,7 +64,6 @@ void FrmWeb::connectViews()
     on(Command11, &QToolButton::clicked, this, &FrmWeb::Command11_Click);
     on(Command16, &QToolButton::clicked, this, &FrmWeb::Command16_Click);
     on(WebBrowser1, &WebBrowser::linkRequested, this, &FrmWeb::WebBrowser1_LinkRequested);
-    on(WebBrowser1, &WebBrowser::findRequested, this, &FrmWeb::WebBrowser1_FindRequested);
     on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser1_RendererDied);
     on(WebBrowser3, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser3_RendererDied);
     for (const SurfaceCommand& command : SurfaceCommands)
@@ -154,8 +161,7 @@ void FrmWeb::Combo1_Click()
     surfaceCommand(QStringLiteral("FontName"), Combo1->Text());
 }
 
-/// Enter takes the text for an address, as in every address box; only the surface decides whether it goes
-/// there.
+/// Enter takes the text for an address, as Enter does in every box of the program that is no list.
 void FrmWeb::Combo1_EnterPressed()
 {
     WebBrowser1->Navigate(Combo1->Text());
@@ -213,7 +219,7 @@ void FrmWeb::showSource(WebBrowser* surface)
 void FrmWeb::writeSurface(WebBrowser* surface, const QString& html)
 {
     m_lastShown = html;
-    if (!surface->write(html))
+    if (!underHourglass([&] { return surface->write(html); }))
         MsgBox(QStringLiteral(
                    "The page cannot be shown: a script in it does not end, or its process has ended.\n"
                    "Your text is safe in the editor."),
@@ -228,7 +234,7 @@ bool FrmWeb::takeSurface()
     if (!html)
         return false;
     const RichTextBox::UndoGroup oneStep(RichTextBox1);
-    RichTextBox1->setText(RichTextBox1->encode(*html));
+    RichTextBox1->setText(RichTextBox1->encode(*html), RichTextBox1->textEncoding());
     StampGenerator();
     return true;
 }
@@ -237,22 +243,22 @@ bool FrmWeb::takeSurface()
 std::optional<QString> FrmWeb::readSurface(WebBrowser* surface)
 {
     try {
-        return surface->innerHtml();
+        return underHourglass([&] { return surface->innerHtml(); });
     } catch (const SurfaceLost&) {
         replaceLost(surface);
         return std::nullopt;
     }
 }
 
-/// Makes a surface whose renderer has ended anew from what it was given last, and tells the user. A hidden
-/// one waits until it is needed.
+/// Tells the user that a surface's renderer has ended, and makes it anew from what it was given last. A
+/// hidden preview waits until it is needed, as its scripts may have been what ended it.
 void FrmWeb::replaceLost(WebBrowser* surface)
 {
     MsgBox(QStringLiteral(
                "The process that showed the page has ended. What was edited on the page since it was last "
-               "shown is lost; your text in the editor is as it was."),
+               "shown is lost; your text in the editor is as it was, and nothing was saved."),
            ProgramTitle, MsgIcon::Exclamation);
-    if (surface->isVisible())
+    if (surface == WebBrowser1 || surface->isVisible())
         writeSurface(surface, m_lastShown);
 }
 
@@ -264,9 +270,4 @@ void FrmWeb::WebBrowser1_RendererDied()
 void FrmWeb::WebBrowser3_RendererDied()
 {
     replaceLost(WebBrowser3);
-}
-
-void FrmWeb::WebBrowser1_FindRequested()
-{
-    m_findBar->open();
 }

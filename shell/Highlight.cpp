@@ -2,6 +2,8 @@
 
 #include "platform/RichTextBox.h"
 
+#include <array>
+
 namespace {
 
 /// What one pass over the text colours: from `opening` to `closing`, the case of letters aside.
@@ -30,14 +32,14 @@ void colorRange(RichTextBox& box, int start, int length, int color)
 
 void run(RichTextBox& box, const Pass& pass, int color)
 {
-    int from = 0;
-    for (int open = box.Find(pass.opening, from); open != -1; open = box.Find(pass.opening, from)) {
-        const int close = box.Find(pass.closing, open + 2);
+    int close = 0;
+    for (int open = box.Find(pass.opening, 0); open != -1; open = box.Find(pass.opening, open + 1)) {
+        if (close != -1 && close < open + 2) // a closing text further on still is the next one
+            close = box.Find(pass.closing, open + 2);
         // Without a closing text the length is negative, or a few characters at the very start of the text.
         const int length = close - open + pass.extraLength;
         if (length >= 0)
             colorRange(box, open + pass.startOffset, length, color);
-        from = open + 1;
     }
 }
 
