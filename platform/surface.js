@@ -3,8 +3,8 @@
  * the page's scripts and nothing else; what a page replaces or hides, as by <FORM name=write>, stays untouched here,
  * because all is called through the prototypes.
  *
- * The file is one expression; its value is the object of these functions. `serialise` is the function of
- * serialise.js.
+ * The file is one expression, evaluated once in each page; its value is the object of these functions. `serialise`
+ * is the function of serialise.js.
  */
 (function (serialise) {
 'use strict';
@@ -47,15 +47,18 @@ function harmless(html) {
     return page.body.innerHTML.replace(/<!--(Start|End)Fragment-->/g, '');
 }
 
+/** Whether this page was found ready once. */
+let started = false;
+
 return {
     /**
      * Makes the empty page ready; on a design surface to be edited, with FONT and B instead of styles and P for a
      * new paragraph. False: this is still the page before it.
      */
     start(design) {
-        if (globalThis.surfaceStarted)
+        if (started)
             return false;
-        globalThis.surfaceStarted = true;
+        started = true;
         if (design) {
             document.designMode = 'on';
             placeCaret();
