@@ -114,7 +114,9 @@ void WebBrowser::showEvent(QShowEvent* event)
     QWidget::showEvent(event);
     makeView();
     QTimer::singleShot(0, this, [this] {
-        if (!m_lost)
+        if (m_lost && m_lossTold)
+            writePage(QString());
+        else if (!m_lost)
             makeDocument(); // so that one can type into it
     });
 }
@@ -184,10 +186,11 @@ std::optional<QVariant> WebBrowser::ask(const Question& question)
         if (reply->loop)
             reply->loop->quit();
     });
+    const bool wasMuted = m_page->isMuted(); // by a call further out
     m_page->setMuted(true);
     if (!reply->answer && !m_lost)
         wait(loop, limit());
-    m_page->setMuted(false);
+    m_page->setMuted(wasMuted);
 
     if (!reply->answer && !m_lost) {
         m_gaveUp = true;
@@ -280,7 +283,7 @@ bool WebBrowser::writePage(const QString& html)
         if (!ready && !openBlankPage())
             break;
         ready = false;
-        if (call(function)) {
+        if (call(function).value_or(false).toBool()) {
             wakeCaret(CaretTries);
             return true;
         }

@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QPointer>
+#include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
@@ -118,6 +119,8 @@ QWebEngineProfile* documentProfile()
     if (!profile) {
         profile = makeProfile();
         profile->setUrlRequestInterceptor(new DocumentGuard(profile));
+        profile->cookieStore()->setCookieFilter(
+            [](const QWebEngineCookieStore::FilterRequest&) { return false; });
     }
     return profile;
 }

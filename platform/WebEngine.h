@@ -12,7 +12,7 @@ void prepareWebEngine();
 /// load, local ones too, and nothing else does.
 QUrl blankAddress();
 
-/// What the document surfaces share: no cookies, no cache, nothing on the disk; of what a page names only
+/// What the document surfaces share: no cookies, nothing on the disk; of what a page names only
 /// pictures and styles are loaded.
 QWebEngineProfile* documentProfile();
 

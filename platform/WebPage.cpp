@@ -5,6 +5,13 @@
 
 #include <QScopedValueRollback>
 
+namespace {
+
+/// So that nobody takes the page's words for the program's.
+const QString MessageTitle = QStringLiteral("Message of the page");
+
+} // namespace
+
 WebPage::WebPage(Kind kind, QObject* parent)
     : QWebEnginePage(kind == Kind::Document ? documentProfile() : internetProfile(), parent), m_kind(kind)
 {
@@ -37,30 +44,38 @@ QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QS
     return {};
 }
 
+/// Whether a message of the page's scripts is shown. A page that goes on asking is answered by silence, or
+/// nobody could ever leave it.
+bool WebPage::mayAsk()
+{
+    constexpr int MostMessages = 10;
+    return !m_muted && !m_target && m_messages++ < MostMessages;
+}
+
 void WebPage::javaScriptAlert(const QUrl&, const QString& message)
 {
-    if (m_muted || m_target)
+    if (!mayAsk())
         return;
     const QScopedValueRollback asking(m_asking, true);
-    MsgBox(message, ProgramTitle);
+    MsgBox(message, MessageTitle);
 }
 
 bool WebPage::javaScriptConfirm(const QUrl&, const QString& message)
 {
     if (m_target) // the page's "do you want to leave?"
         return true;
-    if (m_muted)
+    if (!mayAsk())
         return false;
     const QScopedValueRollback asking(m_asking, true);
-    return MsgBox(message, ProgramTitle, MsgIcon::None, MsgButtons::YesNo) == MsgAnswer::Yes;
+    return MsgBox(message, MessageTitle, MsgIcon::None, MsgButtons::YesNo) == MsgAnswer::Yes;
 }
 
 bool WebPage::javaScriptPrompt(const QUrl&, const QString& message, const QString& initial, QString* answer)
 {
-    if (m_muted || m_target)
+    if (!mayAsk())
         return false;
     const QScopedValueRollback asking(m_asking, true);
-    const std::optional<QString> text = doors().inputBox(message, ProgramTitle, initial);
+    const std::optional<QString> text = doors().inputBox(message, MessageTitle, initial);
     *answer = text.value_or(QString());
     return text.has_value();
 }

@@ -19,11 +19,16 @@ public:
 
     /// The program itself is about to load a page: until `arrived`, the document may be left for it, and a
     /// page that wants to be asked first isn't.
-    void leaveFor(const QUrl& address) { m_target = address; }
+    void leaveFor(const QUrl& address)
+    {
+        m_target = address;
+        m_messages = 0;
+    }
     void arrived() { m_target.reset(); }
 
     /// True while the program waits for the page: messages of its scripts are answered by silence.
     void setMuted(bool muted) { m_muted = muted; }
+    bool isMuted() const { return m_muted; }
 
     /// True while a message of a script stands before the user.
     bool isAsking() const { return m_asking; }
@@ -45,8 +50,11 @@ protected:
                                   const QString& source) override;
 
 private:
+    bool mayAsk();
+
     Kind m_kind;
     std::optional<QUrl> m_target; // where the program is going
     bool m_muted = false;
+    int m_messages = 0; // of the page's scripts, since the program left for it
     bool m_asking = false;
 };

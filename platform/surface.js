@@ -10,6 +10,7 @@
 'use strict';
 
 const body = () => Object.getOwnPropertyDescriptor(Document.prototype, 'body').get.call(document);
+const attributes = element => Object.getOwnPropertyDescriptor(Element.prototype, 'attributes').get.call(element);
 const command = (name, value) => Document.prototype.execCommand.call(document, name, false, value);
 const selectedRange = () => getSelection().rangeCount > 0 ? getSelection().getRangeAt(0) : null;
 
@@ -39,9 +40,9 @@ function harmless(html) {
     for (const element of page.querySelectorAll('script, iframe, frame, object, embed, meta, link, base, style, title'))
         element.remove();
     for (const element of page.querySelectorAll('*')) {
-        for (const { name, value } of Array.from(element.attributes)) {
+        for (const { name, value } of Array.from(attributes(element))) {
             if (name.startsWith('on') || /^[\s\u0000-\u0020]*javascript:/i.test(value))
-                element.removeAttribute(name);
+                Element.prototype.removeAttribute.call(element, name);
         }
     }
     return page.body.innerHTML.replace(/<!--(Start|End)Fragment-->/g, '');

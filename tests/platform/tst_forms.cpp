@@ -5,6 +5,7 @@
 
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
 
 namespace {
 
@@ -50,6 +51,7 @@ private slots:
     void oneInstanceUntilUnloaded();
     void refusedUnloadKeepsTheForm();
     void formUnloadedInItsOwnHandlerLivesOn();
+    void formUnloadedWhileItsHandlerServesEventsLivesOn();
     void failedLoadLeavesNoInstance();
     void closeButtonAsksToo();
     void untrappedErrorEndsTheProgram();
@@ -101,6 +103,27 @@ void TestForms::formUnloadedInItsOwnHandlerLivesOn()
     };
     QTest::mouseClick(&sample->Command1, Qt::LeftButton);
     QCOMPARE(loadsInHandler, 1);
+    QTRY_COMPARE(Sample::loads, 0);
+}
+
+void TestForms::formUnloadedWhileItsHandlerServesEventsLivesOn()
+{
+    // The first handler waits in a loop; meanwhile a second one, at a deeper level, closes the form.
+    Sample* sample = form<Sample>();
+    sample->Show();
+    QPushButton closer;
+    on(&closer, &QPushButton::clicked, &closer, [sample] { sample->Unload(); });
+    int loadsInHandler = 0;
+    sample->click = [&] {
+        QTimer::singleShot(0, &closer, &QPushButton::click);
+        while (!sample->isUnloaded())
+            QCoreApplication::processEvents();
+        for (int round = 0; round < 5; ++round)
+            QCoreApplication::processEvents();
+        loadsInHandler = Sample::loads;
+    };
+    QTimer::singleShot(0, &sample->Command1, &QPushButton::click);
+    QTRY_COMPARE(loadsInHandler, 1);
     QTRY_COMPARE(Sample::loads, 0);
 }
 

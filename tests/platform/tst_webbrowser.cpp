@@ -91,6 +91,7 @@ private slots:
     void endlessTask();
     void endlessTaskBeforeACommand();
     void scriptMessages();
+    void messagesWithoutEnd();
     void hiddenMethods();
     void picturesAreLoaded();
     void filesAreRefused();
@@ -293,12 +294,14 @@ void TestWebBrowser::pasteIsHarmless()
     auto clip = std::make_unique<QMimeData>();
     clip->setHtml(
         QStringLiteral("<!--StartFragment--><script>x()</script><b onclick=x()>bold</b>"
-                       "<a href=' javascript:x()'>link</a><iframe src=x></iframe><!--EndFragment-->"));
+                       "<a href=' javascript:x()'>link</a><iframe src=x></iframe>"
+                       "<form onsubmit=x()><input name=attributes><input name=removeAttribute></form>"
+                       "<!--EndFragment-->"));
     desktop.setClipboard(std::move(clip));
     QVERIFY(surface.execCommand(QStringLiteral("Paste")));
     const QString text = surface.innerHtml();
     QVERIFY2(text.contains(QStringLiteral("<B>bold</B>")), qPrintable(text));
-    for (const char* bad : {"SCRIPT", "onclick", "javascript", "IFRAME", "Fragment"})
+    for (const char* bad : {"SCRIPT", "onclick", "onsubmit", "javascript", "IFRAME", "Fragment"})
         QVERIFY2(!text.contains(QString::fromLatin1(bad)), bad);
 }
 
@@ -541,9 +544,23 @@ void TestWebBrowser::scriptMessages()
     desktop.answerMsgBox(MsgAnswer::Ok);
     QVERIFY(browser.write(QStringLiteral(
         "<script>onbeforeunload = () => 'stay'; setTimeout(() => alert('sold'), 50)</script>")));
-    QTRY_COMPARE(desktop.asked, QStringList{QStringLiteral("MsgBox|Brindlemark|sold|None|Ok")});
+    QTRY_COMPARE(desktop.asked, QStringList{QStringLiteral("MsgBox|Message of the page|sold|None|Ok")});
     QVERIFY(browser.write(QStringLiteral("next")));
     QCOMPARE(browser.innerHtml(), page(QStringLiteral("next")));
+}
+
+void TestWebBrowser::messagesWithoutEnd()
+{
+    ScriptedDoors desktop;
+    WebBrowser browser;
+    for (int i = 0; i < 10; ++i)
+        desktop.answerMsgBox(MsgAnswer::Ok);
+    QVERIFY(browser.write(
+        QStringLiteral("<script>let n = 0; setTimeout(() => { while (n < 50) alert(++n) }, 50)</script>")));
+    QTRY_COMPARE(desktop.asked.size(), 10);
+    QCOMPARE(browser.innerHtml().count(QStringLiteral("alert")), 1); // the page has come to its end
+    QCOMPARE(desktop.asked.size(), 10);
+    QCOMPARE(desktop.asked.constLast(), QStringLiteral("MsgBox|Message of the page|10|None|Ok"));
 }
 
 void TestWebBrowser::hiddenMethods()
