@@ -1,0 +1,105 @@
+#include "MainWindow.h"
+
+#include "shell/About.h"
+#include "shell/FrmHelp.h"
+#include "shell/FrmSplash.h"
+
+#include <QMenu>
+#include <QMenuBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolBar>
+
+namespace {
+
+template <typename F>
+void unload()
+{
+    if (isLoaded<F>())
+        form<F>()->Unload();
+}
+
+} // namespace
+
+MainWindow::MainWindow() : web(form<FrmWeb>())
+{
+    web->Show();
+    if (!QTest::qWaitForWindowExposed(web))
+        QTest::qFail("the main window never came up", __FILE__, __LINE__);
+}
+
+MainWindow::~MainWindow()
+{
+    unloadAll();
+}
+
+void MainWindow::press(int toolbarIndex) const
+{
+    QTest::mouseClick(web->Toolbar1->widgetForAction(web->toolbarButton(toolbarIndex)), Qt::LeftButton);
+}
+
+void MainWindow::choose(QMenu* menu, QAction* entry) const
+{
+    QMenuBar* bar = web->MenuBar1;
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
+    if (!QTest::qWaitForWindowExposed(menu)) {
+        QTest::qFail("the menu does not open", __FILE__, __LINE__);
+        return;
+    }
+    menu->setActiveAction(entry);
+    QTest::keyClick(menu, Qt::Key_Return);
+}
+
+void MainWindow::showTab(FrmWeb::Tab tab) const
+{
+    QTabBar* bar = web->SSTab1->tabBar();
+    QTest::mouseClick(bar, Qt::LeftButton, {}, bar->tabRect(tab).center());
+}
+
+void MainWindow::type(const QString& text) const
+{
+    QTest::keyClicks(web->RichTextBox1, text);
+}
+
+void MainWindow::typeOnSurface(const QString& text) const
+{
+    WebBrowser* surface = web->WebBrowser1;
+    if (!QTest::qWaitFor([surface] { return surface->inputWidget() != nullptr; })) {
+        QTest::qFail("the surface never came up", __FILE__, __LINE__);
+        return;
+    }
+    QTest::mouseClick(surface->inputWidget(), Qt::LeftButton);
+    // Before that the engine drops keys.
+    if (!QTest::qWaitFor(
+            [surface] { return surface->inputWidget()->testAttribute(Qt::WA_InputMethodEnabled); }))
+        QTest::qFail("the surface takes no keys", __FILE__, __LINE__);
+    QTest::keyClicks(surface->inputWidget(), text);
+    // Keys reach the page a moment later.
+    if (!QTest::qWaitFor([&] { return surface->innerHtml().contains(text); }))
+        QTest::qFail("what was typed does not show", __FILE__, __LINE__);
+}
+
+void MainWindow::open(const QString& path)
+{
+    doors.answerOpen(path);
+    press(2);
+}
+
+void MainWindow::saveAs(const QString& path)
+{
+    doors.answerSave(path);
+    press(4);
+}
+
+void unloadAll()
+{
+    unload<FrmSplash>();
+    unload<FrmHelp>();
+    unload<About>();
+    if (isLoaded<FrmWeb>()) {
+        form<FrmWeb>()->Dirty = false;
+        form<FrmWeb>()->SaveCancelled = false;
+        form<FrmWeb>()->Unload();
+    }
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}

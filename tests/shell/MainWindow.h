@@ -1,0 +1,47 @@
+#pragma once
+
+#include "ProgramFolder.h"
+#include "ScriptedDoors.h"
+#include "shell/FrmWeb.h"
+
+/// The main window in a program folder and behind doors of its own, used as a hand uses it. Goes with the
+/// test, whatever the test left undone.
+class MainWindow
+{
+public:
+    /// Shows a window that has just been loaded.
+    MainWindow();
+    ~MainWindow();
+    Q_DISABLE_COPY_MOVE(MainWindow)
+
+    ProgramFolder folder;
+    ScriptedDoors doors;
+    FrmWeb* web = nullptr;
+
+    /// Clicks a toolbar button, from 1.
+    void press(int toolbarIndex) const;
+    /// Opens a menu of the menu bar and takes an entry of it.
+    void choose(QMenu* menu, QAction* entry) const;
+    /// Clicks the caption of a tab page.
+    void showTab(FrmWeb::Tab tab) const;
+    /// Types into the source box.
+    void type(const QString& text) const;
+    /// Types into the design surface, which must be up.
+    void typeOnSurface(const QString& text) const;
+
+    /// Takes `path` in the open dialog.
+    void open(const QString& path);
+    /// Takes `path` in the Save As dialog; the file must not exist yet.
+    void saveAs(const QString& path);
+
+    QByteArray source() const { return web->RichTextBox1->Text(); }
+    QString caption() const { return web->windowTitle(); }
+};
+
+/// Takes what the tools of the main window have left open down.
+void unloadAll();
+
+/// What the open and save dialogs of documents offer.
+inline const QString DocumentFilter =
+    QStringLiteral("HTML Files (*.htm)|*.htm|Text files (*.txt)|*.txt|Document files (*.doc)|*.doc|"
+                   "All files (*.*)|*.*");

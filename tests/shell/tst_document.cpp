@@ -1,0 +1,1337 @@
+#include "MainWindow.h"
+#include "WebTestMain.h"
+
+#include <QDir>
+#include <QFile>
+
+namespace {
+
+const QString Untitled = QStringLiteral("Untitled");
+const QString UntitledCaption = QStringLiteral("Untitled - Brindlemark 1.0");
+const QString SaveFailed =
+    QStringLiteral("MsgBox|Error|There has been a (25)error, Cannot save file.|Stop|Ok");
+
+/// What the source box holds after a look at an empty surface.
+const QByteArray BlankDocument =
+    "<HEAD>\r\n<META content=\"Brindlemark 1.0\" name=GENERATOR></HEAD>\r\n<BODY></BODY>";
+
+/// The source of a page with this body, as it comes from the design surface.
+QByteArray page(const QByteArray& body)
+{
+    return "<HEAD>\r\n<META content=\"Brindlemark 1.0\" name=GENERATOR></HEAD>\r\n<BODY>" + body + "</BODY>";
+}
+
+/// The record of the save question about a file.
+QString saveQuestion(const QString& name)
+{
+    return QStringLiteral("MsgBox|Brindlemark|%1 - File has changed. Do you wish to save changes ?|"
+                          "Information|YesNoCancel")
+        .arg(name);
+}
+
+QString openDialog()
+{
+    return QStringLiteral("Open|Open As Files|*.htm|") + DocumentFilter;
+}
+
+/// The record of the Save As dialog that proposes a name.
+QString saveDialog(const QString& proposal)
+{
+    return QStringLiteral("Save|Save As Files|") + proposal + u'|' + DocumentFilter;
+}
+
+/// The record of the question before a file is replaced.
+QString replaceQuestion(const QString& name)
+{
+    return QStringLiteral("MsgBox|Information|[ %1 ] - already exists.\r\nDo you want to replace it ?|"
+                          "Information|YesNo")
+        .arg(name);
+}
+
+QString clipboardText(ScriptedDoors& doors)
+{
+    return doors.clipboard()->text();
+}
+
+} // namespace
+
+class TestDocument : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    // What counts as unsaved
+    void typingMakesDirty();
+    void deletingAllTextMakesClean();
+    void textSetByProgramMakesDirty_data();
+    void textSetByProgramMakesDirty();
+    void clickMakesDirtyUnlessEmpty();
+    void selectionMakesDirty();
+    void keyReleaseOnlyCleansAnEmptyBox();
+    void tabZeroWithBlankDocumentIsClean();
+    void tabOneWithEmptySourceIsClean();
+    void lookAtTheSurfaceMakesDirty();
+    void surfaceEditsCountOnlyWhenTheyComeBack();
+    void successfulOpenIsDirty();
+
+    // The save question
+    void saveQuestionAnswers_data();
+    void saveQuestionAnswers();
+    void saveQuestionNamesTheFile();
+    void saveQuestionOfAVanishedFile();
+    void nextQuestionClearsTheLastAnswer();
+
+    // New
+    void newEmptiesTheDocument();
+    void newAsksFirst_data();
+    void newAsksFirst();
+    void newOnAnUntouchedSurfaceAsksNothing();
+    void newOnAnEditedSurfaceAsks();
+    void newStopsAtAStaleCancel();
+    void newWritesTheDesignSurfaceOnly();
+
+    // Open
+    void openShowsTheFile();
+    void openAsksFirst_data();
+    void openAsksFirst();
+    void noAtOpenThenCancelEmptiesAllTheSame();
+    void staleNoEmptiesAtTheNextOpen();
+    void cancelInOpenKeepsAll();
+    void emptyNameInOpenKeepsAll();
+    void openOnTabOneShowsOnTheSurface();
+    void openWithDesignOffShowsOnBoth();
+    void openMissingFileResetsSilently_data();
+    void openMissingFileResetsSilently();
+    void openMakesTheHighlightAnew();
+    void openTreatsEveryFileAsText_data();
+    void openTreatsEveryFileAsText();
+    void openAFileNameOfAnyLetters_data();
+    void openAFileNameOfAnyLetters();
+
+    // Save
+    void saveUntitledAsksForAName();
+    void saveTwiceWithoutAnEdit();
+    void saveKeepsTheCaption();
+    void roundTripAddsOneLineEnd_data();
+    void roundTripAddsOneLineEnd();
+    void eachRoundTripAddsAnotherLineEnd();
+    void saveOnTheInternetTabWritesAnEmptyLine();
+    void saveOnTabOneTakesTheSurface();
+    void saveWithDesignOffTakesTheOlderText();
+    void saveFailureKeepsAll_data();
+    void saveFailureKeepsAll();
+    void saveMakesAVanishedFileAnew();
+
+    // Save As
+    void saveAsProposesTheBareName();
+    void saveAsNamesTheDocument();
+    void saveAsCancelKeepsAll();
+    void saveAsEmptyNameKeepsAll();
+    void saveAsAsksBeforeReplacing();
+    void saveAsNoLeavesEverything();
+    void saveAsFailureKeepsAll_data();
+    void saveAsFailureKeepsAll();
+    void yesAtUnnamedThenCancelLosesTheDocument_data();
+    void yesAtUnnamedThenCancelLosesTheDocument();
+
+    // The Edit menu's clipboard entries
+    void cutOnTabZero_data();
+    void cutOnTabZero();
+    void copyOnTabZero_data();
+    void copyOnTabZero();
+    void copyOfNothingClearsTheClipboard();
+    void pasteOnTabZero_data();
+    void pasteOnTabZero();
+    void pasteOfNothingDeletesTheSelection();
+    void selectAllOnTabZero();
+    void copyAllOnTabZero();
+    void clipboardOnTabOne();
+    void copyAllOnTabOne();
+    void clipboardEntriesDoNothingOnTabTwo_data();
+    void clipboardEntriesDoNothingOnTabTwo();
+
+    // Public operations
+    void getFileName();
+    void saveFileAs();
+    void saveFileAsShowsItsFailure();
+    void etxtGivesItsArgumentBack();
+
+    // The generator tag
+    void generatorIsStamped_data();
+    void generatorIsStamped();
+    void stampKeepsTheCaret();
+    void stampWithoutSecondHalfEndsTheProgram();
+};
+
+// ---- What counts as unsaved
+
+void TestDocument::typingMakesDirty()
+{
+    MainWindow window;
+    QVERIFY(!window.web->Dirty);
+    window.type(QStringLiteral("a"));
+    QCOMPARE(window.source(), QByteArray("a"));
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::deletingAllTextMakesClean()
+{
+    MainWindow window;
+    window.type(QStringLiteral("ab"));
+    QTest::keyClick(window.web->RichTextBox1, Qt::Key_Backspace);
+    QVERIFY(window.web->Dirty);
+    QTest::keyClick(window.web->RichTextBox1, Qt::Key_Backspace);
+    QCOMPARE(window.source(), QByteArray());
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::textSetByProgramMakesDirty_data()
+{
+    QTest::addColumn<QByteArray>("text");
+    QTest::addColumn<bool>("insert");
+    QTest::addColumn<bool>("dirty");
+    QTest::newRow("whole text") << QByteArray("page") << false << true;
+    QTest::newRow("the same text") << QByteArray("old") << false << true;
+    QTest::newRow("insertion") << QByteArray("page") << true << true;
+    QTest::newRow("emptied") << QByteArray() << false << false;
+}
+
+void TestDocument::textSetByProgramMakesDirty()
+{
+    QFETCH(QByteArray, text);
+    QFETCH(bool, insert);
+    QFETCH(bool, dirty);
+    MainWindow window;
+    window.web->RichTextBox1->setText("old");
+    window.web->Dirty = !dirty;
+    if (insert)
+        window.web->RichTextBox1->setSelText(text);
+    else
+        window.web->RichTextBox1->setText(text);
+    QCOMPARE(window.web->Dirty, dirty);
+}
+
+void TestDocument::clickMakesDirtyUnlessEmpty()
+{
+    MainWindow window;
+    window.web->Dirty = true;
+    QTest::mouseClick(window.web->RichTextBox1->viewport(), Qt::LeftButton);
+    QVERIFY(!window.web->Dirty);
+
+    window.web->RichTextBox1->setText("page");
+    window.web->Dirty = false;
+    QTest::mouseClick(window.web->RichTextBox1->viewport(), Qt::LeftButton);
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::selectionMakesDirty()
+{
+    MainWindow window;
+    window.web->RichTextBox1->setText("page");
+    window.web->Dirty = false;
+    QTest::keyClick(window.web->RichTextBox1, Qt::Key_Right, Qt::ShiftModifier);
+    QCOMPARE(window.web->RichTextBox1->SelLength(), 1);
+    QVERIFY(window.web->Dirty);
+
+    window.web->Dirty = false;
+    window.web->RichTextBox1->setSelStart(3);
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::keyReleaseOnlyCleansAnEmptyBox()
+{
+    MainWindow window;
+    window.web->RichTextBox1->setText("page");
+    for (bool dirty : {false, true}) {
+        window.web->Dirty = dirty;
+        QTest::keyRelease(window.web->RichTextBox1, Qt::Key_Control);
+        QCOMPARE(window.web->Dirty, dirty);
+    }
+    window.web->RichTextBox1->setText({});
+    window.web->Dirty = true;
+    QTest::keyRelease(window.web->RichTextBox1, Qt::Key_Control);
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::tabZeroWithBlankDocumentIsClean()
+{
+    MainWindow window;
+    window.showTab(FrmWeb::PreviewTab);
+    window.showTab(FrmWeb::EditorTab);
+    QCOMPARE(window.source(), BlankDocument);
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::tabOneWithEmptySourceIsClean()
+{
+    MainWindow window;
+    window.web->Dirty = true;
+    window.showTab(FrmWeb::PreviewTab);
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::lookAtTheSurfaceMakesDirty()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(!window.web->Dirty);
+    window.showTab(FrmWeb::PreviewTab);
+    QVERIFY(!window.web->Dirty);
+    window.showTab(FrmWeb::EditorTab);
+    QCOMPARE(window.source(), page("word"));
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::surfaceEditsCountOnlyWhenTheyComeBack()
+{
+    MainWindow window;
+    window.showTab(FrmWeb::PreviewTab);
+    window.typeOnSurface(QStringLiteral("typed"));
+    QVERIFY(!window.web->Dirty);
+    window.showTab(FrmWeb::EditorTab);
+    QVERIFY(window.source().contains("typed"));
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::successfulOpenIsDirty()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "<P>page");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(window.web->Dirty);
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    QVERIFY(!window.web->close());
+    QCOMPARE(window.doors.takeAsked(), (QStringList{openDialog(), saveQuestion(QStringLiteral("page.htm"))}));
+}
+
+// ---- The save question
+
+void TestDocument::saveQuestionAnswers_data()
+{
+    QTest::addColumn<MsgAnswer>("answer");
+    QTest::addColumn<bool>("cancelled");
+    QTest::addColumn<bool>("declined");
+    QTest::addColumn<QByteArray>("file");
+    QTest::newRow("Yes") << MsgAnswer::Yes << false << false << QByteArray("new\r\n");
+    QTest::newRow("No") << MsgAnswer::No << false << true << QByteArray("old");
+    QTest::newRow("Cancel") << MsgAnswer::Cancel << true << false << QByteArray("old");
+}
+
+void TestDocument::saveQuestionAnswers()
+{
+    QFETCH(MsgAnswer, answer);
+    QFETCH(bool, cancelled);
+    QFETCH(bool, declined);
+    QFETCH(QByteArray, file);
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "old");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    window.web->RichTextBox1->setText("new");
+    window.doors.takeAsked();
+
+    window.doors.answerMsgBox(answer);
+    window.web->Checksafe();
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("page.htm"))});
+    QCOMPARE(window.doors.beeps, 1);
+    QCOMPARE(window.web->SaveCancelled, cancelled);
+    QCOMPARE(window.web->SaveDeclined, declined);
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
+    QCOMPARE(window.source(), QByteArray("new"));
+}
+
+void TestDocument::saveQuestionNamesTheFile()
+{
+    MainWindow window;
+    window.type(QStringLiteral("a"));
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    window.web->Checksafe();
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(Untitled)});
+}
+
+void TestDocument::saveQuestionOfAVanishedFile()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "old");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm"))));
+    window.doors.takeAsked();
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.web->Checksafe();
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(Untitled)});
+}
+
+void TestDocument::nextQuestionClearsTheLastAnswer()
+{
+    MainWindow window;
+    window.type(QStringLiteral("a"));
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    window.web->Checksafe();
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.web->Checksafe();
+    QVERIFY(!window.web->SaveCancelled);
+    QVERIFY(window.web->SaveDeclined);
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    window.web->Checksafe();
+    QVERIFY(window.web->SaveCancelled);
+    QVERIFY(!window.web->SaveDeclined);
+}
+
+// ---- New
+
+void TestDocument::newEmptiesTheDocument()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    window.doors.takeAsked();
+    window.choose(window.web->Mnfile, window.web->MnNew);
+    QCOMPARE(window.source(), QByteArray());
+    QCOMPARE(window.web->Text2, Untitled);
+    QVERIFY(!window.web->Dirty);
+    QCOMPARE(window.caption(), UntitledCaption);
+    QCOMPARE(window.doors.asked, QStringList());
+}
+
+void TestDocument::newAsksFirst_data()
+{
+    QTest::addColumn<MsgAnswer>("answer");
+    QTest::addColumn<QByteArray>("source");
+    QTest::addColumn<QByteArray>("file");
+    QTest::newRow("Yes") << MsgAnswer::Yes << QByteArray() << QByteArray("oldx\r\n");
+    QTest::newRow("No") << MsgAnswer::No << QByteArray() << QByteArray("old");
+    QTest::newRow("Cancel") << MsgAnswer::Cancel << QByteArray("oldx") << QByteArray("old");
+}
+
+void TestDocument::newAsksFirst()
+{
+    QFETCH(MsgAnswer, answer);
+    QFETCH(QByteArray, source);
+    QFETCH(QByteArray, file);
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "old");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    QTest::keyClick(window.web->RichTextBox1, Qt::Key_End);
+    window.type(QStringLiteral("x"));
+    window.doors.takeAsked();
+
+    window.doors.answerMsgBox(answer);
+    window.press(1);
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("page.htm"))});
+    QCOMPARE(window.source(), source);
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
+    const bool stopped = answer == MsgAnswer::Cancel;
+    QCOMPARE(window.web->Text2, stopped ? window.folder.path(QStringLiteral("page.htm")) : Untitled);
+    QCOMPARE(window.caption(), stopped ? QStringLiteral("page.htm - Brindlemark 1.0") : UntitledCaption);
+    QCOMPARE(window.web->Dirty, stopped);
+}
+
+void TestDocument::newOnAnUntouchedSurfaceAsksNothing()
+{
+    MainWindow window;
+    window.showTab(FrmWeb::PreviewTab);
+    window.press(1);
+    QCOMPARE(window.doors.asked, QStringList());
+    QCOMPARE(window.source(), QByteArray());
+    QVERIFY(!window.web->Dirty);
+    QCOMPARE(window.caption(), UntitledCaption);
+}
+
+void TestDocument::newOnAnEditedSurfaceAsks()
+{
+    MainWindow window;
+    window.showTab(FrmWeb::PreviewTab);
+    window.typeOnSurface(QStringLiteral("typed"));
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    window.press(1);
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(Untitled)});
+    QVERIFY(window.source().contains("typed"));
+    QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("typed")));
+}
+
+void TestDocument::newStopsAtAStaleCancel()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    window.press(1);
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(!window.web->Dirty);
+    window.doors.takeAsked();
+    window.press(1);
+    QCOMPARE(window.doors.asked, QStringList());
+    QCOMPARE(window.source(), QByteArray("word"));
+    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+}
+
+void TestDocument::newWritesTheDesignSurfaceOnly()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.showTab(FrmWeb::PreviewTab);
+    QTest::mouseClick(window.web->Option2, Qt::LeftButton);
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.press(1);
+    QVERIFY(!window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
+    QVERIFY(window.web->WebBrowser3->innerHtml().contains(QStringLiteral("word")));
+}
+
+// ---- Open
+
+void TestDocument::openShowsTheFile()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "<P>page</P>\r\n");
+    window.doors.answerOpen(window.folder.path(QStringLiteral("page.htm")));
+    window.choose(window.web->Mnfile, window.web->MnOpen);
+    QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
+    QCOMPARE(window.source(), QByteArray("<P>page</P>\r\n"));
+    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+}
+
+void TestDocument::openAsksFirst_data()
+{
+    QTest::addColumn<MsgAnswer>("answer");
+    QTest::addColumn<QByteArray>("source");
+    QTest::addColumn<QByteArray>("file");
+    QTest::newRow("Yes") << MsgAnswer::Yes << QByteArray("second") << QByteArray("old\r\n");
+    QTest::newRow("No") << MsgAnswer::No << QByteArray("second") << QByteArray("old");
+    QTest::newRow("Cancel") << MsgAnswer::Cancel << QByteArray("old") << QByteArray("old");
+}
+
+void TestDocument::openAsksFirst()
+{
+    QFETCH(MsgAnswer, answer);
+    QFETCH(QByteArray, source);
+    QFETCH(QByteArray, file);
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "old");
+    window.folder.write(QStringLiteral("second.htm"), "second");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    window.doors.takeAsked();
+
+    QStringList expected{saveQuestion(QStringLiteral("page.htm"))};
+    window.doors.answerMsgBox(answer);
+    if (answer != MsgAnswer::Cancel) {
+        window.doors.answerOpen(window.folder.path(QStringLiteral("second.htm")));
+        expected << openDialog();
+    }
+    window.press(2);
+    QCOMPARE(window.doors.takeAsked(), expected);
+    QCOMPARE(window.source(), source);
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
+}
+
+void TestDocument::noAtOpenThenCancelEmptiesAllTheSame()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.showTab(FrmWeb::PreviewTab);
+    QTest::mouseClick(window.web->Option2, Qt::LeftButton);
+    window.showTab(FrmWeb::EditorTab);
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.doors.cancelOpen();
+    window.press(2);
+    QCOMPARE(window.doors.takeAsked(), (QStringList{saveQuestion(Untitled), openDialog()}));
+    QCOMPARE(window.source(), QByteArray());
+    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.caption(), UntitledCaption);
+    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
+    QVERIFY(!window.web->WebBrowser3->innerHtml().contains(QStringLiteral("word")));
+}
+
+void TestDocument::staleNoEmptiesAtTheNextOpen()
+{
+    MainWindow window;
+    window.type(QStringLiteral("first"));
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.press(1);
+    window.type(QStringLiteral("second"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    window.doors.takeAsked();
+
+    window.doors.cancelOpen();
+    window.press(2);
+    QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
+    QCOMPARE(window.source(), QByteArray());
+    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.caption(), UntitledCaption);
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("second\r\n"));
+}
+
+void TestDocument::cancelInOpenKeepsAll()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    window.doors.takeAsked();
+    window.doors.cancelOpen();
+    window.press(2);
+    QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
+    QCOMPARE(window.source(), QByteArray("word"));
+    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::emptyNameInOpenKeepsAll()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    window.open(QString());
+    QCOMPARE(window.source(), QByteArray("word"));
+    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+}
+
+void TestDocument::openOnTabOneShowsOnTheSurface()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "<B>page</B>");
+    window.showTab(FrmWeb::PreviewTab);
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.source(), QByteArray("<B>page</B>"));
+    QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("<B>page</B>")));
+    QVERIFY(!window.web->WebBrowser3->innerHtml().contains(QStringLiteral("page")));
+}
+
+void TestDocument::openWithDesignOffShowsOnBoth()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "<B>page</B>");
+    window.showTab(FrmWeb::PreviewTab);
+    QTest::mouseClick(window.web->Option2, Qt::LeftButton);
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("<B>page</B>")));
+    QVERIFY(window.web->WebBrowser3->innerHtml().contains(QStringLiteral("<B>page</B>")));
+}
+
+void TestDocument::openMissingFileResetsSilently_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("no file") << QStringLiteral("missing.htm");
+    QTest::newRow("no folder") << QStringLiteral("missing/page.htm");
+    QTest::newRow("a folder") << QStringLiteral("folder.htm");
+}
+
+void TestDocument::openMissingFileResetsSilently()
+{
+    QFETCH(QString, name);
+    MainWindow window;
+    QVERIFY(QDir(window.folder.path(QString())).mkdir(QStringLiteral("folder.htm")));
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    window.doors.takeAsked();
+    window.open(window.folder.path(name));
+    QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
+    QCOMPARE(window.source(), QByteArray());
+    QCOMPARE(window.web->Text2, Untitled);
+    QVERIFY(!window.web->Dirty);
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+    QVERIFY(!window.doors.ended);
+}
+
+void TestDocument::openMakesTheHighlightAnew()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "<B>page</B>");
+    window.press(11);
+    QCOMPARE(window.web->Check1, 1);
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(window.web->RichTextBox1->colorAt(1) != 0);
+    QVERIFY(window.web->RichTextBox1->colorAt(4) != window.web->RichTextBox1->colorAt(1));
+}
+
+void TestDocument::openTreatsEveryFileAsText_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"page.txt", "page.doc", "page.bin", "page"})
+        QTest::newRow(name) << QString::fromLatin1(name);
+}
+
+void TestDocument::openTreatsEveryFileAsText()
+{
+    QFETCH(QString, name);
+    MainWindow window;
+    window.folder.write(name, "{\\rtf1 plain}");
+    window.open(window.folder.path(name));
+    QCOMPARE(window.source(), QByteArray("{\\rtf1 plain}"));
+    QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
+}
+
+void TestDocument::openAFileNameOfAnyLetters_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::newRow("blanks") << QStringLiteral("my  first page.htm");
+    QTest::newRow("quotes") << QStringLiteral("the \"best\" 'page'.htm");
+    QTest::newRow("letters") << QString::fromUtf8("Grüße aus Łódź 漢字.htm");
+    QTest::newRow("percent") << QStringLiteral("50%20 %1 off.htm");
+    QTest::newRow("pattern") << QStringLiteral("a[1]*?.htm");
+    QTest::newRow("ampersand") << QStringLiteral("A & B <i>.htm");
+}
+
+void TestDocument::openAFileNameOfAnyLetters()
+{
+    QFETCH(QString, name);
+    MainWindow window;
+    window.folder.write(name, "old");
+    window.open(window.folder.path(name));
+    QCOMPARE(window.source(), QByteArray("old"));
+    QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
+    window.doors.takeAsked();
+
+    window.press(3);
+    QCOMPARE(window.folder.read(name), QByteArray("old\r\n"));
+
+    window.doors.answerSave(window.folder.path(name));
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.press(4);
+    QCOMPARE(window.doors.takeAsked(), (QStringList{saveDialog(name), replaceQuestion(name)}));
+    QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
+}
+
+// ---- Save
+
+void TestDocument::saveUntitledAsksForAName()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.doors.answerSave(window.folder.path(QStringLiteral("page.htm")));
+    window.choose(window.web->Mnfile, window.web->mnsave);
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("word\r\n"));
+    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::saveTwiceWithoutAnEdit()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm"))));
+    window.doors.takeAsked();
+    for (int i = 0; i < 2; ++i) {
+        window.press(3);
+        QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("word\r\n"));
+        QVERIFY(!window.web->Dirty);
+    }
+    QCOMPARE(window.doors.asked, QStringList());
+}
+
+void TestDocument::saveKeepsTheCaption()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    window.web->SaveFileAs(window.folder.path(QStringLiteral("copy.htm")));
+    const QString caption = window.caption();
+    QVERIFY(caption.startsWith(window.folder.path(QStringLiteral("copy.htm"))));
+    window.press(3);
+    QCOMPARE(window.caption(), caption);
+}
+
+void TestDocument::roundTripAddsOneLineEnd_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QByteArray all;
+    for (int byte = 0; byte < 256; ++byte)
+        all += static_cast<char>(byte);
+    QTest::newRow("empty file") << QByteArray();
+    QTest::newRow("line ends") << QByteArray("a\nb\rc\r\nd\n\re\r\r\n");
+    QTest::newRow("only CR LF") << QByteArray("\r\n");
+    QTest::newRow("no line end") << QByteArray("word");
+    QTest::newRow("NUL") << QByteArray("a\0b\0", 4);
+    QTest::newRow("every byte") << all;
+    QTest::newRow("UTF-8") << QByteArray("Gr\xC3\xBC\xC3\x9F"
+                                         "e \xE6\xBC\xA2 \xF0\x9F\x98\x80");
+    QTest::newRow("invalid UTF-8") << QByteArray(
+        "\xC3\xBC \xC3( \xE2\x82 \xF0\x9F\x98 \xC0\xAF \xED\xA0\x80");
+    QTest::newRow("Western") << QByteArray("Gr\xFC\xDF"
+                                           "e \x80 \x81 \x8D \x90 \xA0");
+    QTest::newRow("byte order mark") << QByteArray("\xEF\xBB\xBF<P>word");
+    QTest::newRow("UTF-16") << QByteArray("\xFF\xFE<\0P\0>\0", 8);
+    QTest::newRow("Ctrl+Z") << QByteArray("a\x1A"
+                                          "b");
+    QTest::newRow("one line of 2 MB") << QByteArray(2'000'000, 'x');
+    QTest::newRow("many lines") << QByteArray("<P>line</P>\r\n").repeated(50'000);
+}
+
+void TestDocument::roundTripAddsOneLineEnd()
+{
+    QFETCH(QByteArray, bytes);
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), bytes);
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->Dirty, !bytes.isEmpty());
+    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+    window.press(3);
+    QVERIFY(window.folder.read(QStringLiteral("page.htm")) == bytes + "\r\n");
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::eachRoundTripAddsAnotherLineEnd()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "word");
+    for (const char* after : {"word\r\n", "word\r\n\r\n", "word\r\n\r\n\r\n"}) {
+        window.open(window.folder.path(QStringLiteral("page.htm")));
+        window.press(3);
+        QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray(after));
+    }
+}
+
+void TestDocument::saveOnTheInternetTabWritesAnEmptyLine()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    window.showTab(FrmWeb::InternetTab);
+    window.press(3);
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("\r\n"));
+    QCOMPARE(window.source(), QByteArray("word"));
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::saveOnTabOneTakesTheSurface()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.showTab(FrmWeb::PreviewTab);
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), page("word") + "\r\n");
+    QCOMPARE(window.source(), page("word"));
+    QVERIFY(!window.web->Dirty);
+
+    window.typeOnSurface(QStringLiteral("more"));
+    window.press(3);
+    const QByteArray saved = window.folder.read(QStringLiteral("page.htm"));
+    QVERIFY(saved.contains("more"));
+    QVERIFY(saved.startsWith("<HEAD>\r\n<META content=\"Brindlemark 1.0\" name=GENERATOR></HEAD>"));
+    QCOMPARE(saved, window.source() + "\r\n");
+}
+
+void TestDocument::saveWithDesignOffTakesTheOlderText()
+{
+    MainWindow window;
+    window.type(QStringLiteral("older"));
+    window.showTab(FrmWeb::PreviewTab);
+    QTest::mouseClick(window.web->Option2, Qt::LeftButton);
+    window.showTab(FrmWeb::EditorTab);
+    window.web->RichTextBox1->setText("newer");
+    window.showTab(FrmWeb::PreviewTab);
+    QVERIFY(window.web->WebBrowser3->innerHtml().contains(QStringLiteral("newer")));
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), page("older") + "\r\n");
+}
+
+void TestDocument::saveFailureKeepsAll_data()
+{
+    QTest::addColumn<QString>("obstacle");
+    QTest::newRow("folder gone") << QStringLiteral("gone");
+    QTest::newRow("path is a folder") << QStringLiteral("folder");
+    QTest::newRow("read-only file") << QStringLiteral("read-only");
+}
+
+/// Puts an obstacle in the way of whoever wants to write sub/page.htm.
+static void obstruct(const MainWindow& window, const QString& obstacle)
+{
+    const QString path = window.folder.path(QStringLiteral("sub/page.htm"));
+    if (obstacle == QLatin1String("read-only")) {
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::ReadUser));
+        return;
+    }
+    QVERIFY(QDir(window.folder.path(QStringLiteral("sub"))).removeRecursively());
+    if (obstacle == QLatin1String("folder"))
+        QVERIFY(QDir().mkpath(path));
+}
+
+void TestDocument::saveFailureKeepsAll()
+{
+    QFETCH(QString, obstacle);
+    MainWindow window;
+    const QString path = window.folder.path(QStringLiteral("sub/page.htm"));
+    QVERIFY(QDir().mkpath(window.folder.path(QStringLiteral("sub"))));
+    window.folder.write(QStringLiteral("sub/page.htm"), "old");
+    window.open(path);
+    window.web->RichTextBox1->setText("new");
+    window.doors.takeAsked();
+    obstruct(window, obstacle);
+
+    window.doors.answerMsgBox(MsgAnswer::Ok);
+    window.press(3);
+    QCOMPARE(window.doors.takeAsked(), QStringList{SaveFailed});
+    QVERIFY(window.web->Dirty);
+    QCOMPARE(window.source(), QByteArray("new"));
+    QCOMPARE(window.web->Text2, path);
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+    QVERIFY(!window.doors.ended);
+    if (obstacle == QLatin1String("read-only")) {
+        QCOMPARE(window.folder.read(QStringLiteral("sub/page.htm")), QByteArray("old"));
+        QVERIFY(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner));
+        window.press(3);
+        QCOMPARE(window.folder.read(QStringLiteral("sub/page.htm")), QByteArray("new\r\n"));
+        QVERIFY(!window.web->Dirty);
+    }
+}
+
+void TestDocument::saveMakesAVanishedFileAnew()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "old");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm"))));
+    window.doors.takeAsked();
+    window.press(3);
+    QCOMPARE(window.doors.asked, QStringList());
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("old\r\n"));
+    QVERIFY(!window.web->Dirty);
+}
+
+// ---- Save As
+
+void TestDocument::saveAsProposesTheBareName()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "old");
+    window.doors.cancelSave();
+    window.choose(window.web->Mnfile, window.web->mnsaveas);
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
+
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    window.doors.takeAsked();
+    window.doors.cancelSave();
+    window.press(4);
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QStringLiteral("page.htm"))});
+
+    // A file that is gone is not listed.
+    QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm"))));
+    window.doors.cancelSave();
+    window.press(4);
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
+}
+
+void TestDocument::saveAsNamesTheDocument()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "old");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    window.doors.takeAsked();
+    window.saveAs(window.folder.path(QStringLiteral("other.txt")));
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QStringLiteral("page.htm"))});
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("old"));
+    QCOMPARE(window.folder.read(QStringLiteral("other.txt")), QByteArray("old\r\n"));
+    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("other.txt")));
+    QCOMPARE(window.caption(), QStringLiteral("other.txt - Brindlemark 1.0"));
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::saveAsCancelKeepsAll()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.doors.cancelSave();
+    window.press(4);
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
+    QCOMPARE(window.source(), QByteArray("word"));
+    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.caption(), UntitledCaption);
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::saveAsEmptyNameKeepsAll()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.saveAs(QString());
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
+    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.caption(), UntitledCaption);
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::saveAsAsksBeforeReplacing()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("there.htm"), "there");
+    window.type(QStringLiteral("word"));
+    window.doors.answerSave(window.folder.path(QStringLiteral("there.htm")));
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.press(4);
+    QCOMPARE(window.doors.takeAsked(),
+             (QStringList{saveDialog(QString()), replaceQuestion(QStringLiteral("there.htm"))}));
+    QCOMPARE(window.folder.read(QStringLiteral("there.htm")), QByteArray("word\r\n"));
+    QCOMPARE(window.caption(), QStringLiteral("there.htm - Brindlemark 1.0"));
+    QVERIFY(!window.web->Dirty);
+}
+
+void TestDocument::saveAsNoLeavesEverything()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("there.htm"), "there");
+    window.type(QStringLiteral("word"));
+    window.doors.answerSave(window.folder.path(QStringLiteral("there.htm")));
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.press(3);
+    QCOMPARE(window.folder.read(QStringLiteral("there.htm")), QByteArray("there"));
+    QCOMPARE(window.source(), QByteArray("word"));
+    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.caption(), UntitledCaption);
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::saveAsFailureKeepsAll_data()
+{
+    saveFailureKeepsAll_data();
+}
+
+void TestDocument::saveAsFailureKeepsAll()
+{
+    QFETCH(QString, obstacle);
+    MainWindow window;
+    QVERIFY(QDir().mkpath(window.folder.path(QStringLiteral("sub"))));
+    window.folder.write(QStringLiteral("sub/page.htm"), "old");
+    obstruct(window, obstacle);
+    window.type(QStringLiteral("word"));
+
+    QStringList expected{saveDialog(QString())};
+    window.doors.answerSave(window.folder.path(QStringLiteral("sub/page.htm")));
+    if (obstacle == QLatin1String("read-only")) {
+        window.doors.answerMsgBox(MsgAnswer::Yes);
+        expected << replaceQuestion(QStringLiteral("page.htm"));
+    }
+    window.doors.answerMsgBox(MsgAnswer::Ok);
+    expected << SaveFailed;
+    window.press(4);
+    QCOMPARE(window.doors.takeAsked(), expected);
+    QVERIFY(window.web->Dirty);
+    QCOMPARE(window.source(), QByteArray("word"));
+    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.caption(), UntitledCaption);
+    if (obstacle == QLatin1String("read-only"))
+        QCOMPARE(window.folder.read(QStringLiteral("sub/page.htm")), QByteArray("old"));
+}
+
+void TestDocument::yesAtUnnamedThenCancelLosesTheDocument_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::newRow("New") << QStringLiteral("New");
+    QTest::newRow("Open") << QStringLiteral("Open");
+    QTest::newRow("Close") << QStringLiteral("Close");
+}
+
+void TestDocument::yesAtUnnamedThenCancelLosesTheDocument()
+{
+    QFETCH(QString, command);
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "page");
+    window.type(QStringLiteral("word"));
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.doors.cancelSave();
+    if (command == QLatin1String("New")) {
+        window.press(1);
+        QCOMPARE(window.source(), QByteArray());
+        QVERIFY(!window.web->SaveCancelled);
+    } else if (command == QLatin1String("Open")) {
+        window.open(window.folder.path(QStringLiteral("page.htm")));
+        QCOMPARE(window.source(), QByteArray("page"));
+        QVERIFY(!window.web->SaveCancelled);
+    } else {
+        window.web->close();
+        QCOMPARE(window.doors.ended, 0);
+    }
+}
+
+// ---- The Edit menu's clipboard entries
+
+/// Adds a row for the toolbar and one for the menu.
+static void menuAndToolbar()
+{
+    QTest::addColumn<bool>("toolbar");
+    QTest::newRow("menu") << false;
+    QTest::newRow("toolbar") << true;
+}
+
+void TestDocument::cutOnTabZero_data()
+{
+    menuAndToolbar();
+}
+
+void TestDocument::cutOnTabZero()
+{
+    QFETCH(bool, toolbar);
+    MainWindow window;
+    window.web->RichTextBox1->setText("one two");
+    window.web->RichTextBox1->setSelStart(3);
+    window.web->RichTextBox1->setSelLength(4);
+    window.web->Dirty = false;
+    if (toolbar)
+        window.press(6);
+    else
+        window.choose(window.web->MnEdit, window.web->MnCut);
+    QCOMPARE(clipboardText(window.doors), QStringLiteral(" two"));
+    QCOMPARE(window.source(), QByteArray("one"));
+    QVERIFY(window.web->Dirty);
+}
+
+void TestDocument::copyOnTabZero_data()
+{
+    menuAndToolbar();
+}
+
+void TestDocument::copyOnTabZero()
+{
+    QFETCH(bool, toolbar);
+    MainWindow window;
+    window.web->RichTextBox1->setText("one Gr\xC3\xBC\xC3\x9F"
+                                      "e");
+    window.web->RichTextBox1->setSelStart(4);
+    window.web->RichTextBox1->setSelLength(7);
+    window.web->SSTab1->setFocus();
+    if (toolbar)
+        window.press(7);
+    else
+        window.choose(window.web->MnEdit, window.web->MnCopy);
+    QCOMPARE(clipboardText(window.doors), QString::fromUtf8("Grüße"));
+    QCOMPARE(window.source(), QByteArray("one Gr\xC3\xBC\xC3\x9F"
+                                         "e"));
+    QTRY_VERIFY(window.web->RichTextBox1->hasFocus());
+}
+
+void TestDocument::copyOfNothingClearsTheClipboard()
+{
+    MainWindow window;
+    window.web->RichTextBox1->setText("word");
+    Clipboard::SetText(QStringLiteral("old"));
+    window.choose(window.web->MnEdit, window.web->MnCopy);
+    QCOMPARE(clipboardText(window.doors), QString());
+}
+
+void TestDocument::pasteOnTabZero_data()
+{
+    menuAndToolbar();
+}
+
+void TestDocument::pasteOnTabZero()
+{
+    QFETCH(bool, toolbar);
+    MainWindow window;
+    window.web->RichTextBox1->setText("one two three");
+    window.web->RichTextBox1->setSelStart(4);
+    window.web->RichTextBox1->setSelLength(3);
+    Clipboard::SetText(QString::fromUtf8("zwölf"));
+    if (toolbar)
+        window.press(8);
+    else
+        window.choose(window.web->MnEdit, window.web->MnPaste);
+    QCOMPARE(window.source(), QByteArray("one zw\xC3\xB6lf three"));
+}
+
+void TestDocument::pasteOfNothingDeletesTheSelection()
+{
+    MainWindow window;
+    window.web->RichTextBox1->setText("one two");
+    window.web->RichTextBox1->setSelStart(3);
+    window.web->RichTextBox1->setSelLength(4);
+    Clipboard::Clear();
+    window.press(8);
+    QCOMPARE(window.source(), QByteArray("one"));
+}
+
+void TestDocument::selectAllOnTabZero()
+{
+    MainWindow window;
+    window.web->RichTextBox1->setText("one\r\ntwo");
+    window.web->SSTab1->setFocus();
+    window.choose(window.web->MnEdit, window.web->MnSelect);
+    QCOMPARE(window.web->RichTextBox1->SelStart(), 0);
+    QCOMPARE(window.web->RichTextBox1->SelLength(), 8);
+    QTRY_VERIFY(window.web->RichTextBox1->hasFocus());
+}
+
+void TestDocument::copyAllOnTabZero()
+{
+    MainWindow window;
+    window.web->RichTextBox1->setText("<P>one\r\n<P>two");
+    window.web->SSTab1->setFocus();
+    window.choose(window.web->MnEdit, window.web->mnuhtml);
+    QCOMPARE(clipboardText(window.doors), QStringLiteral("<P>one\r\n<P>two"));
+    QCOMPARE(window.web->RichTextBox1->SelLength(), 14);
+    QTRY_VERIFY(window.web->RichTextBox1->hasFocus());
+}
+
+void TestDocument::clipboardOnTabOne()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.showTab(FrmWeb::PreviewTab);
+    // The Edit menu is off on this tab; its entries can still be called.
+    window.web->MnSelect->trigger();
+    window.press(7);
+    QCOMPARE(clipboardText(window.doors), QStringLiteral("word"));
+    QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
+
+    Clipboard::Clear();
+    window.web->MnSelect->trigger();
+    window.press(6);
+    QCOMPARE(clipboardText(window.doors), QStringLiteral("word"));
+    QVERIFY(!window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
+
+    Clipboard::SetText(QStringLiteral("pasted"));
+    window.press(8);
+    QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("pasted")));
+    QCOMPARE(window.source(), QByteArray("word"));
+}
+
+void TestDocument::copyAllOnTabOne()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.showTab(FrmWeb::PreviewTab);
+    window.web->mnuhtml->trigger();
+    QCOMPARE(window.source(), page("word"));
+    QCOMPARE(clipboardText(window.doors), QString::fromLatin1(page("word")));
+}
+
+void TestDocument::clipboardEntriesDoNothingOnTabTwo_data()
+{
+    QTest::addColumn<QString>("entry");
+    for (const char* entry : {"MnCut", "MnCopy", "MnPaste", "MnSelect", "mnuhtml"})
+        QTest::newRow(entry) << QString::fromLatin1(entry);
+}
+
+void TestDocument::clipboardEntriesDoNothingOnTabTwo()
+{
+    QFETCH(QString, entry);
+    MainWindow window;
+    window.web->RichTextBox1->setText("one two");
+    window.web->RichTextBox1->setSelStart(3);
+    window.web->RichTextBox1->setSelLength(4);
+    Clipboard::SetText(QStringLiteral("kept"));
+    window.showTab(FrmWeb::InternetTab);
+    window.web->findChild<QAction*>(entry)->trigger();
+    QCOMPARE(clipboardText(window.doors), QStringLiteral("kept"));
+    QCOMPARE(window.source(), QByteArray("one two"));
+    QCOMPARE(window.web->RichTextBox1->SelLength(), 4);
+}
+
+// ---- Public operations
+
+void TestDocument::getFileName()
+{
+    MainWindow window;
+    window.doors.answerSave(window.folder.path(QStringLiteral("chosen.htm")));
+    QCOMPARE(window.web->GetFileName(QStringLiteral("first.htm")),
+             window.folder.path(QStringLiteral("chosen.htm")));
+    QCOMPARE(window.doors.asked.size(), 1);
+    QCOMPARE(window.doors.takeAsked().constFirst().section(u'|', 2, 2), QStringLiteral("first.htm"));
+    window.doors.cancelSave();
+    QCOMPARE(window.web->GetFileName(QStringLiteral("first.htm")), QString());
+}
+
+void TestDocument::saveFileAs()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    const QString path = window.folder.path(QStringLiteral("copy.htm"));
+    window.web->SaveFileAs(path);
+    QCOMPARE(window.folder.read(QStringLiteral("copy.htm")), QByteArray("word\r\n"));
+    QCOMPARE(window.caption(), path + QStringLiteral(" - Brindlemark 1.0"));
+    QCOMPARE(window.web->Text2, Untitled);
+    QVERIFY(window.web->Dirty);
+    QCOMPARE(window.doors.asked, QStringList());
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void TestDocument::saveFileAsShowsItsFailure()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    window.doors.answerMsgBox(MsgAnswer::Ok);
+    window.web->SaveFileAs(window.folder.path(QStringLiteral("missing/copy.htm")));
+    const QStringList record = window.doors.takeAsked().constFirst().split(u'|');
+    QCOMPARE(record.value(0), QStringLiteral("MsgBox"));
+    QCOMPARE(record.value(1), QStringLiteral("Brindlemark"));
+    QVERIFY(!record.value(2).isEmpty());
+    QCOMPARE(record.value(3), QStringLiteral("Exclamation"));
+    QCOMPARE(record.value(4), QStringLiteral("Ok"));
+    QCOMPARE(window.caption(), UntitledCaption);
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void TestDocument::etxtGivesItsArgumentBack()
+{
+    MainWindow window;
+    for (const QString& text : {QString(), QStringLiteral("<P>word\r\n"), QString::fromUtf8("Grüße 漢 😀")})
+        QCOMPARE(window.web->etxt(text), text);
+}
+
+// ---- The generator tag
+
+void TestDocument::generatorIsStamped_data()
+{
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    QTest::newRow("none") << QByteArray("<P>word") << QByteArray("<P>word");
+    QTest::newRow("one") << QByteArray("<META content=\"Some 3.1\" name=GENERATOR>")
+                         << QByteArray("<META content=\"Brindlemark 1.0\" name=GENERATOR>");
+    QTest::newRow("empty value") << QByteArray("a<META content= name=GENERATOR>b")
+                                 << QByteArray("a<META content=\"Brindlemark 1.0\" name=GENERATOR>b");
+    QTest::newRow("two") << QByteArray("<META content=x name=GENERATOR><P><META content=y name=GENERATOR>")
+                         << QByteArray("<META content=\"Brindlemark 1.0\" name=GENERATOR><P>"
+                                       "<META content=\"Brindlemark 1.0\" name=GENERATOR>");
+    QTest::newRow("any case") << QByteArray("<meta Content=x Name=generator>")
+                              << QByteArray("<META content=\"Brindlemark 1.0\" Name=generator>");
+    QTest::newRow("up to the next generator")
+        << QByteArray("<META content=words name=keywords><META content=x name=GENERATOR>")
+        << QByteArray("<META content=\"Brindlemark 1.0\" name=GENERATOR>");
+    QTest::newRow("behind other letters") << QByteArray("Gr\xC3\xBC\xC3\x9F"
+                                                        "e<META content=x name=GENERATOR>")
+                                          << QByteArray("Gr\xC3\xBC\xC3\x9F"
+                                                        "e<META content=\"Brindlemark 1.0\" name=GENERATOR>");
+}
+
+void TestDocument::generatorIsStamped()
+{
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    MainWindow window;
+    window.showTab(FrmWeb::PreviewTab);
+    QTest::mouseClick(window.web->Option2, Qt::LeftButton);
+    window.showTab(FrmWeb::EditorTab);
+    // With the Design option off, the text itself is stamped when it comes up.
+    window.web->RichTextBox1->setText(before);
+    window.showTab(FrmWeb::PreviewTab);
+    window.showTab(FrmWeb::EditorTab);
+    QCOMPARE(window.source(), after);
+}
+
+void TestDocument::stampKeepsTheCaret()
+{
+    MainWindow window;
+    window.showTab(FrmWeb::PreviewTab);
+    QTest::mouseClick(window.web->Option2, Qt::LeftButton);
+    window.web->RichTextBox1->setText("word<META content=\"Brindlemark 1.0\" name=GENERATOR>");
+    window.web->RichTextBox1->setSelStart(2);
+    window.showTab(FrmWeb::EditorTab);
+    QCOMPARE(window.web->RichTextBox1->SelStart(), 2);
+    QCOMPARE(window.web->RichTextBox1->SelLength(), 0);
+    QTRY_VERIFY(window.web->RichTextBox1->hasFocus());
+}
+
+void TestDocument::stampWithoutSecondHalfEndsTheProgram()
+{
+    MainWindow window;
+    window.type(QStringLiteral("<!-- <META content=x -->word"));
+    window.showTab(FrmWeb::PreviewTab);
+    window.doors.answerMsgBox(MsgAnswer::Ok);
+    window.showTab(FrmWeb::EditorTab);
+    QCOMPARE(window.doors.ended, 1);
+}
+
+WEB_TEST_MAIN(TestDocument)
+#include "tst_document.moc"
