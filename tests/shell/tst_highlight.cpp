@@ -181,6 +181,7 @@ private slots:
     void unhighlightBringsTheEditorsLookBack();
     void unhighlightWithoutABackgroundEndsTheProgram();
     void openHighlightsAnew();
+    void tabChangeWhileItIsUnderWay();
 
     void fontIsRefusedWhileHighlighted_data();
     void fontIsRefusedWhileHighlighted();
@@ -246,7 +247,8 @@ void TestHighlight::passes_data()
     row("script", "<SCRIPT>a</SCRIPT>b", "ssssssssssssssssssx");
     row("script in small letters", "<script>a</script>b", "ssssssssssssssssssx");
     row("script in mixed case", "<Script>a</sCRIPT>b", "ssssssssssssssssssx");
-    row("script over value and comment", "<SCRIPT a=\"1\"><!--x--></SCRIPT>", "sssssssssssssssssssssssssssssss");
+    row("script over value and comment", "<SCRIPT a=\"1\"><!--x--></SCRIPT>",
+        "sssssssssssssssssssssssssssssss");
     row("script in a comment", "<!--<SCRIPT></SCRIPT>-->", "ccccsssssssssssssssssccc");
     row("a longer tag name", "<SCRIPTX></SCRIPT>", "ssssssssssssssssss");
     row("noscript", "<NOSCRIPT>a", "ttttttttttx");
@@ -380,11 +382,7 @@ void TestHighlight::unhighlightStepByStep()
     QVERIFY2(timer.elapsed() >= 190, "two pauses of 100 ms");
 
     const QList<Glimpse> expected{
-        {.cover = true,
-         .wait = true,
-         .background = HighlightBackground,
-         .firstColor = TagColor,
-         .check = 1},
+        {.cover = true, .wait = true, .background = HighlightBackground, .firstColor = TagColor, .check = 1},
         {.cover = true, .wait = true, .background = OwnBackground, .firstColor = 0, .check = 1},
     };
     QCOMPARE(seen, expected);
@@ -609,6 +607,21 @@ void TestHighlight::openHighlightsAnew()
     QCOMPARE(colors(*desk.box), QByteArray("...."));
 }
 
+void TestHighlight::tabChangeWhileItIsUnderWay()
+{
+    // The pauses serve events, so the user may be elsewhere when the rest is done.
+    Desk desk;
+    desk.box->setText("<b>x");
+    QTimer::singleShot(20, desk.web.get(), [&] { desk.web->SSTab1->setTab(FrmWeb::InternetTab); });
+    desk.web->munhighlight->trigger();
+    QCOMPARE(desk.web->SSTab1->Tab(), static_cast<int>(FrmWeb::InternetTab));
+    QVERIFY(!waitIsVisible());
+    QVERIFY(desk.web->Picture1->isHidden());
+    QCOMPARE(desk.web->Check1, 1);
+    QCOMPARE(colors(*desk.box), QByteArray("tttx"));
+    QVERIFY(!desk.script.ended);
+}
+
 // ---- Font and background of the editor
 
 void TestHighlight::fontIsRefusedWhileHighlighted_data()
@@ -655,13 +668,15 @@ void TestHighlight::fontTaken_data()
     QTest::addColumn<bool>("italic");
     QTest::addColumn<QByteArray>("lines");
     QTest::newRow("upright") << "Liberation Mono" << 14.0 << false << false
-                             << QByteArray("name=Liberation Mono\r\nsize=14\r\nbold=False\r\nitalic=False\r\n");
+                             << QByteArray(
+                                    "name=Liberation Mono\r\nsize=14\r\nbold=False\r\nitalic=False\r\n");
     QTest::newRow("bold") << "Liberation Sans" << 10.0 << true << false
                           << QByteArray("name=Liberation Sans\r\nsize=10\r\nbold=True\r\nitalic=False\r\n");
     QTest::newRow("all") << "Liberation Sans" << 8.25 << true << true
                          << QByteArray("name=Liberation Sans\r\nsize=8.25\r\nbold=True\r\nitalic=True\r\n");
     QTest::newRow("the same") << "Liberation Serif" << 12.0 << false << true
-                              << QByteArray("name=Liberation Serif\r\nsize=12\r\nbold=False\r\nitalic=True\r\n");
+                              << QByteArray(
+                                     "name=Liberation Serif\r\nsize=12\r\nbold=False\r\nitalic=True\r\n");
 }
 
 void TestHighlight::fontTaken()
