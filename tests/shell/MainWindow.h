@@ -38,10 +38,5 @@ public:
     QString caption() const { return web->windowTitle(); }
 };
 
-/// Takes what the tools of the main window have left open down.
+/// Unloads the main window, without a question, and every other window that a test left.
 void unloadAll();
-
-/// What the open and save dialogs of documents offer.
-inline const QString DocumentFilter =
-    QStringLiteral("HTML Files (*.htm)|*.htm|Text files (*.txt)|*.txt|Document files (*.doc)|*.doc|"
-                   "All files (*.*)|*.*");

@@ -52,6 +52,17 @@ void describe(const QList<QAction*>& entries, const QString& indent, QStringList
     }
 }
 
+/// The number of the error that loading the main window raises.
+std::optional<ErrorNumber> loadError()
+{
+    try {
+        form<FrmWeb>();
+    } catch (const RuntimeError& error) {
+        return error.number();
+    }
+    return std::nullopt;
+}
+
 /// The rectangle of a widget in its window.
 QRect placeOf(const QWidget* widget)
 {
@@ -111,6 +122,8 @@ private slots:
     void editorLookComesFromSettings();
     void badNumbersStopTheLoad_data();
     void badNumbersStopTheLoad();
+    void missingSettingsStopTheLoad_data();
+    void missingSettingsStopTheLoad();
     void oddSettingsLoad_data();
     void oddSettingsLoad();
     void loadLeavesTheSettingsAlone();
@@ -143,6 +156,7 @@ private slots:
 
 void TestMainWindow::cleanup()
 {
+    const ScriptedDoors doors; // the unload of the main window must not end the test
     unloadAll();
 }
 
@@ -666,15 +680,28 @@ void TestMainWindow::badNumbersStopTheLoad()
     QFETCH(QByteArray, settings);
     const ProgramFolder folder;
     folder.write(QStringLiteral("web.ini"), settings);
-    std::optional<ErrorNumber> number;
-    try {
-        form<FrmWeb>();
-    } catch (const RuntimeError& error) {
-        number = error.number();
-    }
-    QCOMPARE(number, ErrorNumber::TypeMismatch);
+    QCOMPARE(loadError(), ErrorNumber::TypeMismatch);
     QVERIFY(!isLoaded<FrmWeb>());
     QCOMPARE(folder.read(QStringLiteral("web.ini")), settings);
+}
+
+void TestMainWindow::missingSettingsStopTheLoad_data()
+{
+    QTest::addColumn<bool>("folderInstead");
+    QTest::newRow("no file") << false;
+    QTest::newRow("a folder") << true;
+}
+
+void TestMainWindow::missingSettingsStopTheLoad()
+{
+    QFETCH(bool, folderInstead);
+    const ProgramFolder folder;
+    const QString path = folder.path(QStringLiteral("web.ini"));
+    QVERIFY(QFile::remove(path));
+    if (folderInstead)
+        QVERIFY(QDir().mkdir(path));
+    QCOMPARE(loadError(), ErrorNumber::TypeMismatch);
+    QVERIFY(!isLoaded<FrmWeb>());
 }
 
 void TestMainWindow::oddSettingsLoad_data()
@@ -711,12 +738,6 @@ void TestMainWindow::loadLeavesTheSettingsAlone()
     QCOMPARE(folder.read(QStringLiteral("web.ini")), FontSection);
 }
 
-/// A missing settings file is the one that no table holds.
-static void removeSettings(const ProgramFolder& folder)
-{
-    QVERIFY(QFile::remove(folder.path(QStringLiteral("web.ini"))));
-}
-
 void TestMainWindow::splashLeadsToTheMainWindow()
 {
     const ProgramFolder folder;
@@ -738,7 +759,7 @@ void TestMainWindow::splashLeadsToTheMainWindow()
 void TestMainWindow::splashWithBadSettingsEndsTheProgram()
 {
     const ProgramFolder folder;
-    removeSettings(folder);
+    QVERIFY(QFile::remove(folder.path(QStringLiteral("web.ini"))));
     ScriptedDoors doors;
     doors.answerMsgBox(MsgAnswer::Ok);
     form<FrmSplash>()->Show();
