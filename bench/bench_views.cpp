@@ -156,10 +156,12 @@ double memoryInUse()
     return kilobytes / 1024;
 }
 
-/// What 200 pages of 1 MB leave behind, measured after 20 and at the end.
+/// What 200 pages of 1 MB leave behind, measured after 20 and at the end. On a surface that isn't shown, as
+/// the wizard's engine: painting would take most of the time.
 void memory(benchmark::State& state)
 {
-    WebBrowser& browser = surface(DesignMode::On);
+    WebBrowser browser;
+    browser.setDesignMode(DesignMode::On);
     const QString html = listing(1'000'000);
     for (auto _ : state) {
         for (int page = 1; page <= 200; ++page) {
@@ -181,7 +183,7 @@ BENCHMARK(bare)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->MEDIAN;
 BENCHMARK(design)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->MEDIAN;
 BENCHMARK(designAgain)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->MEDIAN;
 BENCHMARK(preview)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->MEDIAN;
-BENCHMARK(memory)->Iterations(1)->UseRealTime()->Unit(benchmark::kSecond);
+BENCHMARK(memory)->Iterations(1)->Repetitions(1)->UseRealTime()->Unit(benchmark::kSecond);
 
 } // namespace
 
