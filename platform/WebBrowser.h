@@ -64,6 +64,10 @@ public:
     /// SurfaceLost when the page doesn't answer: an empty answer is always an empty document.
     QString innerHtml();
 
+    /// False: the renderer has ended and the caller has been told; there is no document until the next
+    /// `write`.
+    bool hasDocument() const { return !(m_lost && m_lossTold); }
+
     /// Runs an editing command on the selection: "Bold", "FontName", "Undo" ... in any case. "Cut", "Copy"
     /// and "Paste" use the program's clipboard. False: it could not be run, or nobody answered.
     bool execCommand(const QString& id, const QString& value = QString());

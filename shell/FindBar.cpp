@@ -28,6 +28,7 @@ QToolButton* button(const char* icon, const QString& toolTip)
 FindBar::FindBar(WebBrowser* surface)
     : QFrame(surface->parentWidget()), m_surface(surface), m_text(new QLineEdit), m_count(new QLabel)
 {
+    setObjectName(surface->objectName() + QStringLiteral("FindBar"));
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     m_text->setPlaceholderText(QStringLiteral("Find on the page"));

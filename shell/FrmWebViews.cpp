@@ -130,7 +130,9 @@ void FrmWeb::Option1_Click()
     WebBrowser1->show();
     WebBrowser3->hide();
     setDesignTools(true);
-    writeSurface(WebBrowser1, readSurface(WebBrowser3).value_or(m_lastShown));
+    // A preview that could not be shown has nothing to give; the user knows.
+    const std::optional<QString> html = WebBrowser3->hasDocument() ? readSurface(WebBrowser3) : std::nullopt;
+    writeSurface(WebBrowser1, html.value_or(m_lastShown));
 }
 
 void FrmWeb::Option2_Click()

@@ -96,10 +96,7 @@ void unloadAll()
     unload<FrmSplash>();
     unload<FrmHelp>();
     unload<About>();
-    if (isLoaded<FrmWeb>()) {
-        form<FrmWeb>()->Dirty = false;
-        form<FrmWeb>()->SaveCancelled = false;
-        form<FrmWeb>()->Unload();
-    }
+    if (isLoaded<FrmWeb>())
+        delete form<FrmWeb>(); // its unload would end the program
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }

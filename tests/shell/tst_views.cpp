@@ -1293,7 +1293,7 @@ void TestViews::findBar()
     desk.goTo(Preview);
     QTRY_VERIFY(desk.surface->inputWidget());
     QTest::keyClick(desk.surface->inputWidget(), Qt::Key_F, Qt::ControlModifier);
-    auto* bar = desk.web->findChild<FindBar*>();
+    auto* bar = desk.web->findChild<FindBar*>(QStringLiteral("WebBrowser1FindBar"));
     QVERIFY(bar);
     QTRY_VERIFY(bar->isVisible());
     auto* text = bar->findChild<QLineEdit*>();
@@ -1325,7 +1325,7 @@ void TestViews::findBarFindsNothing()
     desk.goTo(Preview);
     QTRY_VERIFY(desk.surface->inputWidget());
     QTest::keyClick(desk.surface->inputWidget(), Qt::Key_F, Qt::ControlModifier);
-    auto* bar = desk.web->findChild<FindBar*>();
+    auto* bar = desk.web->findChild<FindBar*>(QStringLiteral("WebBrowser1FindBar"));
     QVERIFY(bar);
     QTRY_VERIFY(bar->isVisible());
     QTest::keyClicks(bar->findChild<QLineEdit*>(), QStringLiteral("ox"));
