@@ -2,19 +2,37 @@
 
 #include "platform/Events.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QScopedValueRollback>
+#include <QScreen>
+#include <utility>
 
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window) {}
 
 void Form::Show()
 {
+    if (!std::exchange(m_placed, true))
+        placeOverFrontWindow();
     if (isMinimized())
         showNormal();
     else
         show();
     raise();
     activateWindow();
+}
+
+void Form::placeOverFrontWindow()
+{
+    const QWidget* front = QApplication::activeWindow();
+    if (!front || front == this)
+        return; // the window manager knows best
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
+    const QRect area = front->screen()->availableGeometry();
+    const QPoint corner = front->geometry().center() - rect().center();
+    move(qBound(area.left(), corner.x(), qMax(area.left(), area.right() - width())),
+         qBound(area.top(), corner.y(), qMax(area.top(), area.bottom() - height())));
 }
 
 void Form::Hide()

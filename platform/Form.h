@@ -12,7 +12,8 @@ class Form : public QWidget
 public:
     explicit Form(QWidget* parent = nullptr);
 
-    /// Shows the window in front of the others and gives it the keyboard.
+    /// Shows the window in front of the others and gives it the keyboard; the first time over the middle of
+    /// the window that is in front.
     void Show();
     /// Hides the window; its state stays.
     void Hide();
@@ -30,6 +31,9 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    void placeOverFrontWindow();
+
+    bool m_placed = false;
     bool m_unloaded = false;
     bool m_asking = false;
 };

@@ -3,6 +3,7 @@
 #include "platform/AppPath.h"
 #include "platform/Events.h"
 #include "platform/WebBrowser.h"
+#include "shell/FindBar.h"
 
 #include <QShortcut>
 #include <QVBoxLayout>
@@ -14,6 +15,7 @@ FrmHelp::FrmHelp() : WebBrowser1(new WebBrowser(this))
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(WebBrowser1);
     resize(820, 620);
+    new FindBar(WebBrowser1);
     WebBrowser1->setAccessibleName(QStringLiteral("Help page"));
     on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmHelp::Unload);
 
