@@ -21,7 +21,7 @@ namespace {
 QString listing(qsizetype size)
 {
     QString html = QStringLiteral("<html><head><title>Lamp</title></head><body bgcolor=#ffffcc>\n");
-    for (int row = 1; html.size() < size; ++row)
+    for (int row = 1; html.size() < size; ++row) {
         html += QStringLiteral(
                     "<table border=1 width=\"90%\" cellpadding=2><tr><td align=center bgcolor=\"#ffcc00\">"
                     "<font face=\"Arial\" size=2 color=#ff0000><b>Item %1</b></font></td><td>A fine old "
@@ -29,6 +29,7 @@ QString listing(qsizetype size)
                     "here</a><br>It was made about 1920 and has been in the family since.</td></tr></table>\n"
                     "<!-- row %1 --><p>Some words about postage and payment, as such pages have them.\n")
                     .arg(row);
+    }
     return html;
 }
 

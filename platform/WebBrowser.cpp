@@ -31,6 +31,9 @@ constexpr int StartLimit = 30000;
 constexpr int CaretTries = 10;
 constexpr int CaretPause = 30;
 
+/// How long the loss of a renderer waits to be told while operations are under way, in milliseconds.
+constexpr int LossPause = 30;
+
 constexpr double ZoomFactors[] = {0.6, 0.8, 1.0, 1.25, 1.6};
 
 /// Operations of all controls that wait for the engine right now.
@@ -44,14 +47,13 @@ QString literal(const QString& text)
     quoted += u'"';
     for (const QChar character : text) {
         const char16_t unit = character.unicode();
-        if (unit == u'"' || unit == u'\\')
-            (quoted += u'\\') += character;
-        else if (unit == u'\n')
-            quoted += QStringLiteral("\\n");
-        else if (unit < 0x20 || unit == 0x2028 || unit == 0x2029 || character.isSurrogate())
+        if (unit < 0x20 || unit == 0x2028 || unit == 0x2029 || character.isSurrogate()) {
             quoted += QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'));
-        else
-            quoted += character;
+            continue;
+        }
+        if (unit == u'"' || unit == u'\\')
+            quoted += u'\\';
+        quoted += character;
     }
     return quoted += u'"';
 }
@@ -73,6 +75,11 @@ WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    for (QTimer* timer : {&m_documentTimer, &m_lossTimer, &m_caretTimer})
+        timer->setSingleShot(true);
+    connect(&m_documentTimer, &QTimer::timeout, this, &WebBrowser::makeDocument);
+    connect(&m_lossTimer, &QTimer::timeout, this, &WebBrowser::tellLoss);
+    connect(&m_caretTimer, &QTimer::timeout, this, &WebBrowser::renewCaret);
 }
 
 // Before the base class goes: the page's last signals must still find a whole control.
@@ -113,12 +120,7 @@ void WebBrowser::showEvent(QShowEvent* event)
 {
     QWidget::showEvent(event);
     makeView();
-    QTimer::singleShot(0, this, [this] {
-        if (m_lost && m_lossTold)
-            writePage(QString());
-        else if (!m_lost)
-            makeDocument(); // so that one can type into it
-    });
+    m_documentTimer.start(0); // so that one can type into it
 }
 
 void WebBrowser::setDesignMode(DesignMode mode)
@@ -238,7 +240,7 @@ void WebBrowser::rendererEnded()
 {
     m_lost = true;
     m_lossTold = false;
-    QTimer::singleShot(0, this, &WebBrowser::tellLoss);
+    m_lossTimer.start(0);
 }
 
 void WebBrowser::tellLoss()
@@ -246,7 +248,7 @@ void WebBrowser::tellLoss()
     if (!m_lost || m_lossTold)
         return;
     if (operationsWaiting > 0) {
-        QTimer::singleShot(CaretPause, this, &WebBrowser::tellLoss);
+        m_lossTimer.start(LossPause);
         return;
     }
     m_lossTold = true;
@@ -258,7 +260,7 @@ void WebBrowser::tellLoss()
 /// An empty document, where there is none yet.
 void WebBrowser::makeDocument()
 {
-    if (m_content == Content::Nothing)
+    if (m_content == Content::Nothing && !m_lost)
         writePage(QString());
 }
 
@@ -284,7 +286,7 @@ bool WebBrowser::writePage(const QString& html)
             break;
         ready = false;
         if (call(function).value_or(false).toBool()) {
-            wakeCaret(CaretTries);
+            wakeCaret();
             return true;
         }
         if (m_gaveUp) // would only do so again
@@ -413,12 +415,13 @@ FindResult WebBrowser::find(const QString& text, bool backwards, bool matchCase)
 void WebBrowser::sendKeys(const QString& keys)
 {
     setFocus();
-    if (keys == QLatin1String("^k"))
+    if (keys == QLatin1String("^k")) {
         emit linkRequested();
-    else if (keys == QLatin1String("^f"))
+    } else if (keys == QLatin1String("^f")) {
         emit findRequested();
-    else
+    } else {
         throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    }
 }
 
 /// Whether a key is for the control or its page: all are but the window's shortcuts.
@@ -451,15 +454,15 @@ bool WebBrowser::actOnKey(const QKeyEvent& key)
     }
     if (m_designMode == DesignMode::Off)
         return false;
-    if (key.matches(QKeySequence::Cut))
-        execCommand(QStringLiteral("Cut"));
-    else if (key.matches(QKeySequence::Copy))
-        execCommand(QStringLiteral("Copy"));
-    else if (key.matches(QKeySequence::Paste))
-        execCommand(QStringLiteral("Paste"));
-    else
-        return false;
-    return true;
+    static const std::pair<QKeySequence::StandardKey, const char*> commands[] = {
+        {QKeySequence::Cut, "Cut"}, {QKeySequence::Copy, "Copy"}, {QKeySequence::Paste, "Paste"}};
+    for (const auto& [sequence, command] : commands) {
+        if (key.matches(sequence)) {
+            execCommand(QString::fromLatin1(command));
+            return true;
+        }
+    }
+    return false;
 }
 
 bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
@@ -471,7 +474,8 @@ bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
             child->installEventFilter(this);
         break;
     case QEvent::FocusIn:
-        QTimer::singleShot(0, this, [this] { wakeCaret(CaretTries); });
+        m_caretTries = CaretTries;
+        m_caretTimer.start(0);
         break;
     case QEvent::ShortcutOverride: // decided here, or else the page and the window race for the key
         event->setAccepted(takesKey(*static_cast<QKeyEvent*>(event)));
@@ -486,16 +490,23 @@ bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
     return QWidget::eventFilter(watched, event);
 }
 
+void WebBrowser::wakeCaret()
+{
+    m_caretTries = CaretTries;
+    renewCaret();
+}
+
 /// A caret that was set before the focus came leaves the view deaf to typed letters: sets it anew until not.
-void WebBrowser::wakeCaret(int tries)
+void WebBrowser::renewCaret()
 {
     const QWidget* input = inputWidget();
-    if (m_designMode == DesignMode::Off || m_lost || tries == 0 || !input || !input->hasFocus() ||
+    if (m_designMode == DesignMode::Off || m_lost || m_caretTries == 0 || !input || !input->hasFocus() ||
         input->testAttribute(Qt::WA_InputMethodEnabled))
         return;
+    --m_caretTries;
     m_page->runJavaScript(surfaceScript() + QStringLiteral(".renewCaret()"),
                           QWebEngineScript::ApplicationWorld);
-    QTimer::singleShot(CaretPause, this, [this, tries] { wakeCaret(tries - 1); });
+    m_caretTimer.start(CaretPause);
 }
 
 // ---- Navigation ------------------------------------------------------------------------------------------
@@ -579,9 +590,10 @@ void WebBrowser::loadingChanged(const QWebEngineLoadingInfo& info)
         m_page->arrived();
         m_lost = false;
         applyZoom();
-        if (m_designMode == DesignMode::On)
+        if (m_designMode == DesignMode::On) {
             m_page->runJavaScript(QStringLiteral("document.designMode = 'on'"),
                                   QWebEngineScript::ApplicationWorld);
+        }
         emit progressChanged(0, 0);
         emit statusTextChanged(QStringLiteral("Done"));
         emit navigationFinished(info.status() == QWebEngineLoadingInfo::LoadSucceededStatus);

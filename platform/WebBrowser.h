@@ -4,6 +4,7 @@
 #include "platform/WebPage.h"
 
 #include <QList>
+#include <QTimer>
 #include <QVariant>
 #include <QWidget>
 #include <functional>
@@ -168,13 +169,18 @@ private:
     bool takesKey(const QKeyEvent& key) const;
     bool isLinkKey(const QKeyEvent& key) const;
     bool actOnKey(const QKeyEvent& key);
-    void wakeCaret(int tries);
+    void wakeCaret();
+    void renewCaret();
 
     WebPage::Kind m_kind = WebPage::Kind::Document;
     DesignMode m_designMode = DesignMode::Off;
     Content m_content = Content::Nothing;
     QWebEngineView* m_view = nullptr;
     WebPage* m_page = nullptr;
+    QTimer m_documentTimer;
+    QTimer m_lossTimer;
+    QTimer m_caretTimer;
+    int m_caretTries = 0;
     bool m_lost = false;       // the renderer has ended, and nothing was written since
     bool m_lossTold = false;   // ... and the caller knows it
     bool m_gaveUp = false;     // the last question was not answered within the limit

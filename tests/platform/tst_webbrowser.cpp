@@ -513,7 +513,6 @@ void TestWebBrowser::endlessTask()
     };
     QTRY_VERIFY_WITH_TIMEOUT(isLost(), 20000);
     QVERIFY(browser.write(Hangs));
-    browser.setPatience(5000);
     QVERIFY(browser.write(QStringLiteral("<p>ok")));
     QCOMPARE(browser.innerHtml(), page(QStringLiteral("\r\n<P>ok</P>")));
 }
