@@ -274,6 +274,8 @@ bool WebBrowser::write(const QString& html)
 bool WebBrowser::writePage(const QString& html)
 {
     makeView();
+    if (m_page->isAsking()) // the page can't go while the user has yet to answer
+        return false;
     m_length = html.size();
     const bool design = m_designMode == DesignMode::On;
     const QString function =

@@ -58,7 +58,8 @@ public:
     // ---- The document
 
     /// Replaces the whole document. False: the renderer ended, or a script of the page did not within the
-    /// limit of 5 seconds and 5 more for each million characters; then there is no document.
+    /// limit of 5 seconds and 5 more for each million characters; then there is no document. Also false while
+    /// a message of the page stands before the user; then it stays.
     bool write(const QString& html);
 
     /// The inner HTML of the root element, with the comments around it, as serialise.js prints it. Throws

@@ -540,10 +540,16 @@ void TestWebBrowser::scriptMessages()
     QVERIFY(browser.innerHtml().endsWith(QStringLiteral(">ok</BODY>")));
     QCOMPARE(desktop.asked, QStringList());
     // ... later the user is, and leaving is never refused.
+    bool replaced = true;
+    desktop.during([&] {
+        replaced = browser.write(QStringLiteral("too early"));
+        QVERIFY_EXCEPTION_THROWN(browser.innerHtml(), SurfaceLost);
+    });
     desktop.answerMsgBox(MsgAnswer::Ok);
     QVERIFY(browser.write(QStringLiteral(
         "<script>onbeforeunload = () => 'stay'; setTimeout(() => alert('sold'), 50)</script>")));
     QTRY_COMPARE(desktop.asked, QStringList{QStringLiteral("MsgBox|Message of the page|sold|None|Ok")});
+    QVERIFY(!replaced);
     QVERIFY(browser.write(QStringLiteral("next")));
     QCOMPARE(browser.innerHtml(), page(QStringLiteral("next")));
 }
