@@ -190,8 +190,9 @@ private slots:
 
 void TestFirstDay::initTestCase()
 {
-    if (xdotool({QStringLiteral("getdisplaygeometry")}).isEmpty())
-        QFAIL("needs a display and xdotool");
+    const auto windowManagerAnswers = [] { return !xdotool({QStringLiteral("get_num_desktops")}).isEmpty(); };
+    QVERIFY2(QTest::qWaitFor(windowManagerAnswers, Patience),
+             "needs a display, a window manager and xdotool");
 }
 
 void TestFirstDay::splashThenMainWindow()
