@@ -77,7 +77,7 @@ WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
     layout->setContentsMargins(0, 0, 0, 0);
     for (QTimer* timer : {&m_documentTimer, &m_lossTimer, &m_caretTimer})
         timer->setSingleShot(true);
-    connect(&m_documentTimer, &QTimer::timeout, this, &WebBrowser::makeDocument);
+    connect(&m_documentTimer, &QTimer::timeout, this, &WebBrowser::showDocument);
     connect(&m_lossTimer, &QTimer::timeout, this, &WebBrowser::tellLoss);
     connect(&m_caretTimer, &QTimer::timeout, this, &WebBrowser::renewCaret);
 }
@@ -261,6 +261,15 @@ void WebBrowser::tellLoss()
 void WebBrowser::makeDocument()
 {
     if (m_content == Content::Nothing && !m_lost)
+        writePage(QString());
+}
+
+/// Something to type into, also where the renderer ended out of sight.
+void WebBrowser::showDocument()
+{
+    if (hasDocument())
+        makeDocument();
+    else
         writePage(QString());
 }
 

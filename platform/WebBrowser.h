@@ -146,6 +146,7 @@ private:
 
     void makeView();
     void makeDocument();
+    void showDocument();
     bool writePage(const QString& html);
     bool openBlankPage();
     bool startBlankPage();

@@ -5,7 +5,7 @@
 #include "platform/WebBrowser.h"
 #include "shell/FindBar.h"
 
-#include <QShortcut>
+#include <QAction>
 #include <QVBoxLayout>
 
 FrmHelp::FrmHelp() : WebBrowser1(new WebBrowser(this))
@@ -17,7 +17,10 @@ FrmHelp::FrmHelp() : WebBrowser1(new WebBrowser(this))
     resize(820, 620);
     new FindBar(WebBrowser1);
     WebBrowser1->setAccessibleName(QStringLiteral("Help page"));
-    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmHelp::Unload);
+    auto* escape = new QAction(this); // an action, as a page takes the keys that belong to none
+    escape->setShortcut(Qt::Key_Escape);
+    addAction(escape);
+    on(escape, &QAction::triggered, this, &FrmHelp::Unload);
 
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
     WebBrowser1->Navigate(appFile(QStringLiteral("\\Help0.htm")));
