@@ -1,0 +1,16 @@
+#pragma once
+
+#include "wizard/Listing.h"
+#include "wizard/PageText.h"
+
+/// Appends the part of a listing page that shows the item, its pictures and its description, in the
+/// arrangement `PageLook::pictureStyle`:
+///
+/// 0 "Left Neated"   one picture left, description right
+/// 1 "Classic R"     all pictures, description under them
+/// 2 "Right Neated"  description left, one picture right
+/// 3 "Classic"       description, all pictures under it
+///
+/// The arrangements of one picture take the first address. Nothing is escaped. With any other number there is
+/// no block.
+void addPictureBlock(PageText& page, const Listing& listing, const PageLook& look);
