@@ -310,10 +310,11 @@ private:
     void addBuyerPays()
     {
         addItem("Buyer Pays All Shipping."_L1);
-        if (m_listing.ChkZC)
+        if (m_listing.ChkZC) {
             addItem("Please use calculate shipping use your zip code."_L1);
-        else
+        } else {
             addCosts();
+        }
     }
 
     /// Shipping and handling is told at any price, the others unless they are exactly "0" and "00".

@@ -80,20 +80,18 @@ struct Cost
 };
 
 /// The buyer pays: shipping, insurance, additional item, and whether there is a tax line.
-std::function<void(Listing&)> buyerPays(Cost shipping, Cost insurance, Cost additional, bool tax)
+void buyerPays(Listing& l, Cost shipping, Cost insurance, Cost additional, bool tax)
 {
-    return [=](Listing& l) {
-        l.OptPS1 = false;
-        l.OptPS2 = true;
-        l.ChkZC = false;
-        l.TxSH1 = QString::fromLatin1(shipping.dollars);
-        l.TxSH2 = QString::fromLatin1(shipping.cents);
-        l.TxSI1 = QString::fromLatin1(insurance.dollars);
-        l.TxSI2 = QString::fromLatin1(insurance.cents);
-        l.TxAI1 = QString::fromLatin1(additional.dollars);
-        l.TxAI2 = QString::fromLatin1(additional.cents);
-        l.ChkTR1 = tax;
-    };
+    l.OptPS1 = false;
+    l.OptPS2 = true;
+    l.ChkZC = false;
+    l.TxSH1 = QString::fromLatin1(shipping.dollars);
+    l.TxSH2 = QString::fromLatin1(shipping.cents);
+    l.TxSI1 = QString::fromLatin1(insurance.dollars);
+    l.TxSI2 = QString::fromLatin1(insurance.cents);
+    l.TxAI1 = QString::fromLatin1(additional.dollars);
+    l.TxAI2 = QString::fromLatin1(additional.cents);
+    l.ChkTR1 = tax;
 }
 
 QList<Choice> whoPaysChoices()
@@ -115,30 +113,51 @@ QList<Choice> whoPaysChoices()
         {"seller", seller, "[LI]Seller Pays Shipping\r\n</FONT>\r\n"},
         {"calculator", calculator(false), calculated},
         {"calculator, tax wanted", calculator(true), calculated},
-        {"shipping alone", buyerPays({"5", "00"}, {"0", "00"}, {"0", "00"}, false),
+        {"shipping alone",
+         [](Listing& l) {
+             buyerPays(l, {"5", "00"}, {"0", "00"}, {"0", "00"}, false);
+         },
          "[LI]Buyer Pays All Shipping.\r\n</FONT>\r\n"
          "[LI]Shipping and Handling costs - $5.00\r\n</FONT>\r\n"},
-        {"shipping for nothing", buyerPays({"0", "00"}, {"0", "00"}, {"0", "00"}, false),
+        {"shipping for nothing",
+         [](Listing& l) {
+             buyerPays(l, {"0", "00"}, {"0", "00"}, {"0", "00"}, false);
+         },
          "[LI]Buyer Pays All Shipping.\r\n</FONT>\r\n"
          "[LI]Shipping and Handling costs - $0.00\r\n</FONT>\r\n"},
-        {"insurance", buyerPays({"5", "00"}, {"1", "00"}, {"0", "00"}, false),
+        {"insurance",
+         [](Listing& l) {
+             buyerPays(l, {"5", "00"}, {"1", "00"}, {"0", "00"}, false);
+         },
          "[LI]Buyer Pays All Shipping.\r\n</FONT>\r\n"
          "[LI]Shipping and Handling costs - $5.00\r\n</FONT>\r\n"
          "[LI]Shipping Insurance item costs - $1.00\r\n</FONT>\r\n"},
-        {"additional item", buyerPays({"5", "00"}, {"0", "00"}, {"0", "99"}, false),
+        {"additional item",
+         [](Listing& l) {
+             buyerPays(l, {"5", "00"}, {"0", "00"}, {"0", "99"}, false);
+         },
          "[LI]Buyer Pays All Shipping.\r\n</FONT>\r\n"
          "[LI]Shipping and Handling costs - $5.00\r\n</FONT>\r\n"
          "[LI]Additional item (per item) - $0.99\r\n</FONT>\r\n"},
-        {"other ways to write nothing", buyerPays({"", ""}, {"0", "0"}, {"", ""}, false),
+        {"other ways to write nothing",
+         [](Listing& l) {
+             buyerPays(l, {"", ""}, {"0", "0"}, {"", ""}, false);
+         },
          "[LI]Buyer Pays All Shipping.\r\n</FONT>\r\n"
          "[LI]Shipping and Handling costs - $.\r\n</FONT>\r\n"
          "[LI]Shipping Insurance item costs - $0.0\r\n</FONT>\r\n"
          "[LI]Additional item (per item) - $.\r\n</FONT>\r\n"},
-        {"tax", buyerPays({"5", "00"}, {"0", "00"}, {"0", "00"}, true),
+        {"tax",
+         [](Listing& l) {
+             buyerPays(l, {"5", "00"}, {"0", "00"}, {"0", "00"}, true);
+         },
          "[LI]Buyer Pays All Shipping.\r\n</FONT>\r\n"
          "[LI]Shipping and Handling costs - $5.00\r\n</FONT>\r\n"
          "[tax LI]Tax Rate: 8.25% State: NY\r\n</FONT>\r\n"},
-        {"all costs", buyerPays({"12", "5"}, {"3", "05"}, {"0", "75"}, true),
+        {"all costs",
+         [](Listing& l) {
+             buyerPays(l, {"12", "5"}, {"3", "05"}, {"0", "75"}, true);
+         },
          "[LI]Buyer Pays All Shipping.\r\n</FONT>\r\n"
          "[LI]Shipping and Handling costs - $12.5\r\n</FONT>\r\n"
          "[LI]Shipping Insurance item costs - $3.05\r\n</FONT>\r\n"
@@ -193,12 +212,10 @@ QString block(int pictureStyle, const char* pictures, const char* end = "")
     }
 }
 
-std::function<void(Listing&)> pictures(bool chosen, const QStringList& addresses)
+void givePictures(Listing& l, bool chosen, const QStringList& addresses)
 {
-    return [=](Listing& l) {
-        l.OptP2 = chosen;
-        l.List3 = addresses;
-    };
+    l.OptP2 = chosen;
+    l.List3 = addresses;
 }
 
 /// The first is the sample listing's own.
@@ -210,8 +227,9 @@ QList<Choice> pictureChoices(int style)
                          "src=http://pictures.example/lamp1.jpg border=0><!-- Body-picture2 -->");
         return {
             {"three pictures", [](Listing&) {}, lamp},
-            {"one picture", pictures(true, {"http://pictures.example/lamp1.jpg"}), lamp},
-            {"pictures chosen, no address", pictures(true, {}),
+            {"one picture", [](Listing& l) { givePictures(l, true, {"http://pictures.example/lamp1.jpg"}); },
+             lamp},
+            {"pictures chosen, no address", [](Listing& l) { givePictures(l, true, {}); },
              block(style, "<!-- Body-picture --><ALIGN=MIDDLE><IMG src= border=0><!-- Body-picture2 -->")},
         };
     }
@@ -225,14 +243,16 @@ QList<Choice> pictureChoices(int style)
                "<ALIGN=MIDDLE><img src=http://pictures.example/lamp3.jpg border=0>\r\n"
                "<!-- Body-picture2 -->",
                "<BR><BR><BR>\r\n")},
-        {"one picture", pictures(true, {"http://x/1 .gif"}),
+        {"one picture", [](Listing& l) { givePictures(l, true, {"http://x/1 .gif"}); },
          block(style,
                "<!-- Body-picture --><ALIGN=MIDDLE><img src=http://x/1 .gif border=0>\r\n"
                "<!-- Body-picture2 -->",
                "<BR><BR><BR>\r\n")},
-        {"pictures chosen, no address", pictures(true, {}), block(style, "", "<BR><BR><BR>\r\n")},
-        {"no pictures", pictures(false, {}), none},
-        {"no pictures, addresses from before", pictures(false, {"http://x/1.gif"}), none},
+        {"pictures chosen, no address", [](Listing& l) { givePictures(l, true, {}); },
+         block(style, "", "<BR><BR><BR>\r\n")},
+        {"no pictures", [](Listing& l) { givePictures(l, false, {}); }, none},
+        {"no pictures, addresses from before", [](Listing& l) { givePictures(l, false, {"http://x/1.gif"}); },
+         none},
     };
 }
 

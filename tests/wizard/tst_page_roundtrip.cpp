@@ -57,10 +57,9 @@ static QStringList markersOf(int style, int pictureStyle)
         regions += Region::Line;
     if (style == 3)
         regions += Region::DescriptionCell;
-    if (pictureStyle < 2)
-        regions += {Region::Picture, Region::Description};
-    else
-        regions += {Region::Description, Region::Picture};
+    const bool picturesFirst = pictureStyle < 2;
+    regions += picturesFirst ? QList{Region::Picture, Region::Description}
+                             : QList{Region::Description, Region::Picture};
     regions += {Region::PaymentCell,  Region::PaymentList,  Region::PaymentTerms,
                 Region::LocationCell, Region::LocationList, Region::LocationTerms,
                 Region::WhoPaysCell,  Region::WhoPaysList,  Region::WhoPaysTerms};
