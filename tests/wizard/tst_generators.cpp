@@ -256,7 +256,7 @@ QList<Choice> pictureChoices(int style)
     };
 }
 
-/// A page with everything between two texts replaced. Each of them must be there once.
+/// A page with everything between two texts replaced; the first of them must be there once.
 QString replaceBetween(const QString& page, const QString& from, const QString& to, const QString& text)
 {
     const qsizetype start = page.indexOf(from);
