@@ -2,9 +2,9 @@
 
 #include "platform/Events.h"
 #include "platform/WebBrowser.h"
+#include "shell/Icons.h"
 
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,7 +15,7 @@ namespace {
 QToolButton* button(const char* icon, const QString& toolTip)
 {
     auto* made = new QToolButton;
-    made->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(icon))));
+    made->setIcon(namedIcon(icon));
     made->setToolTip(toolTip);
     made->setAccessibleName(toolTip);
     made->setAutoRaise(true);

@@ -15,9 +15,6 @@ namespace {
 
 const QString FontSection = QStringLiteral("Font");
 
-/// Script text, in orange: red 255, green 140, blue 10.
-constexpr int ScriptColor = 10 << 16 | 140 << 8 | 255;
-
 QString webIni()
 {
     return appFile(QStringLiteral("\\web.ini"));

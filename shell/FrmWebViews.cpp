@@ -3,46 +3,9 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
-#include "services/Codes.h"
 #include "shell/FindBar.h"
 #include "shell/FrmWeb.h"
-
-namespace {
-
-/// The HTML font size of a point size in `Combo2`; null for a text that is none of them.
-const char* htmlFontSize(const QString& text)
-{
-    struct Size
-    {
-        const char* points;
-        const char* html;
-    };
-    static constexpr Size Sizes[] = {{"Normal", "3"}, {"8", "1"},  {"10", "2"}, {"12", "3"},
-                                     {"14", "4"},     {"18", "5"}, {"24", "6"}, {"36", "7"}};
-    for (const Size& size : Sizes) {
-        if (text == QLatin1String(size.points))
-            return size.html;
-    }
-    return nullptr;
-}
-
-struct SurfaceCommand
-{
-    QToolButton* Ui::FrmWeb::*button;
-    const char* identifier;
-};
-
-/// The buttons of the design surface that do no more than run a command on it.
-constexpr SurfaceCommand SurfaceCommands[] = {
-    {&Ui::FrmWeb::Command1, "Bold"},          {&Ui::FrmWeb::Command2, "Italic"},
-    {&Ui::FrmWeb::Command3, "Underline"},     {&Ui::FrmWeb::Command4, "InsertHorizontalRule"},
-    {&Ui::FrmWeb::Command6, "Indent"},        {&Ui::FrmWeb::Command7, "Outdent"},
-    {&Ui::FrmWeb::Command8, "JustifyLeft"},   {&Ui::FrmWeb::Command9, "JustifyCenter"},
-    {&Ui::FrmWeb::Command10, "JustifyRight"}, {&Ui::FrmWeb::Command12, "Undo"},
-    {&Ui::FrmWeb::Command13, "Redo"},
-};
-
-} // namespace
+#include "shell/SurfaceCommands.h"
 
 void FrmWeb::connectViews()
 {
@@ -59,9 +22,11 @@ void FrmWeb::connectViews()
     on(WebBrowser1, &WebBrowser::findRequested, this, &FrmWeb::WebBrowser1_FindRequested);
     on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser1_RendererDied);
     on(WebBrowser3, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser3_RendererDied);
-    for (const SurfaceCommand& command : SurfaceCommands)
-        on(this->*command.button, &QToolButton::clicked, this,
-           [this, command] { surfaceCommand(QString::fromLatin1(command.identifier)); });
+    for (const auto& entry : SurfaceButtons<Ui::FrmWeb>) {
+        if (entry.identifier)
+            on(this->*entry.button, &QToolButton::clicked, this,
+               [this, entry] { surfaceCommand(QString::fromLatin1(entry.identifier)); });
+    }
 }
 
 void FrmWeb::SSTab1_Click()
@@ -138,10 +103,10 @@ void FrmWeb::setDesignTools(bool on)
 {
     Combo1->setEnabled(on);
     Combo2->setEnabled(on);
-    for (const SurfaceCommand& command : SurfaceCommands)
-        (this->*command.button)->setEnabled(on);
-    Command5->setEnabled(on);
-    Command11->setEnabled(on);
+    for (const auto& entry : SurfaceButtons<Ui::FrmWeb>) {
+        if (this->*entry.button != Command16)
+            (this->*entry.button)->setEnabled(on);
+    }
 }
 
 void FrmWeb::surfaceCommand(const QString& identifier, const QString& value)
@@ -169,14 +134,8 @@ void FrmWeb::Combo2_Click()
 
 void FrmWeb::pickColorFor(const QString& command)
 {
-    CommonDialog dialog;
-    dialog.CancelError = true;
-    try {
-        dialog.ShowColor();
-    } catch (const RuntimeError&) {
-        return;
-    }
-    surfaceCommand(command, GetHexColor(dialog.Color));
+    if (const std::optional<QString> color = askForColor())
+        surfaceCommand(command, *color);
 }
 
 void FrmWeb::Command5_Click()
@@ -194,14 +153,9 @@ void FrmWeb::Command16_Click()
     WebBrowser1->sendKeys(QStringLiteral("^k"));
 }
 
-/// Ctrl+K on the surface: the link's address, an empty one removes it.
 void FrmWeb::WebBrowser1_LinkRequested()
 {
-    const std::optional<QString> address =
-        doors().inputBox(QStringLiteral("Address of the link (empty for none):"), QStringLiteral("Hyperlink"),
-                         WebBrowser1->currentLink());
-    if (address)
-        WebBrowser1->setLink(*address);
+    askForLink(*WebBrowser1);
 }
 
 void FrmWeb::showSource(WebBrowser* surface)
