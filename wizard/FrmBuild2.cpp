@@ -103,7 +103,7 @@ void FrmBuild2::prepare(int pictures, bool withPictures)
 {
     Frame7->setVisible(withPictures);
     for (int onePicture : {0, 2})
-        Chk.at(size_t(onePicture))->setEnabled(pictures <= 1);
+        Chk.at(size_t(onePicture))->setEnabled(!withPictures || pictures <= 1);
 }
 
 PageLook FrmBuild2::look() const
