@@ -23,9 +23,10 @@ void FrmWeb::connectViews()
     on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser1_RendererDied);
     on(WebBrowser3, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser3_RendererDied);
     for (const auto& entry : SurfaceButtons<Ui::FrmWeb>) {
-        if (entry.identifier)
+        if (entry.identifier) {
             on(this->*entry.button, &QToolButton::clicked, this,
                [this, entry] { surfaceCommand(QString::fromLatin1(entry.identifier)); });
+        }
     }
 }
 
@@ -47,10 +48,11 @@ void FrmWeb::SSTab1_Click()
 void FrmWeb::showEditor()
 {
     Picture1->show();
-    if (Option1->Value())
+    if (Option1->Value()) {
         takeSurface();
-    else
+    } else {
         StampGenerator(); // what was typed on the surface before "Off" was clicked is not taken over
+    }
     Picture1->hide();
     switchTools();
     if (Check1 == 1)
@@ -167,11 +169,12 @@ void FrmWeb::showSource(WebBrowser* surface)
 void FrmWeb::writeSurface(WebBrowser* surface, const QString& html)
 {
     m_lastShown = html;
-    if (!surface->write(html))
+    if (!surface->write(html)) {
         MsgBox(QStringLiteral(
                    "The page cannot be shown: a script in it does not end, or its process has ended.\n"
                    "Your text is safe in the editor."),
                ProgramTitle, MsgIcon::Exclamation);
+    }
 }
 
 /// Replaces the source by the design surface's content, stamped, as one step that a single Undo takes back.

@@ -74,6 +74,11 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new WebBrowser(this)), RTB1(new RichTextBox
     RTB1->hide();
     Command1->setIcon(namedIcon("go-previous"));
     Command2->setIcon(namedIcon("go-next"));
+    for (ComboBox* combo : {Combo3, Combo4}) { // what they say while nothing is chosen isn't faint
+        QPalette readable = combo->palette();
+        readable.setColor(QPalette::PlaceholderText, readable.color(QPalette::ButtonText));
+        combo->setPalette(readable);
+    }
     for (const char* entry : ColorEntries)
         Combo3->AddItem(QString::fromLatin1(entry));
     LoadList(setNamesFile(), *Combo4);
@@ -119,10 +124,11 @@ PageLook FrmBuild2::look() const
 /// Enter that no control has use for is the default button's.
 void FrmBuild2::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Command23->click();
-    else
+    } else {
         Form::keyPressEvent(event);
+    }
 }
 
 void FrmBuild2::Command1_Click()

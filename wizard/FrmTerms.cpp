@@ -27,9 +27,10 @@ FrmTerms::FrmTerms()
         QToolButton* button = this->*entry.button;
         button->setIcon(namedIcon(entry.icon));
         button->setAccessibleName(button->toolTip());
-        if (entry.identifier)
+        if (entry.identifier) {
             on(button, &QToolButton::clicked, this,
                [this, entry] { WebBrowser1->execCommand(QString::fromLatin1(entry.identifier)); });
+        }
     }
     for (const char* size : PointSizes)
         Combo2->AddItem(QString::fromLatin1(size));
@@ -57,19 +58,21 @@ FrmTerms::FrmTerms()
 void FrmTerms::edit(const QString& html)
 {
     m_lastShown = html;
-    if (!WebBrowser1->write(html))
+    if (!WebBrowser1->write(html)) {
         MsgBox(QStringLiteral("The terms cannot be shown: the process that shows them has ended. Their file "
                               "is as it was."),
                ProgramTitle, MsgIcon::Exclamation);
+    }
 }
 
 /// Enter that no control has use for is the default button's.
 void FrmTerms::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Command14->click();
-    else
+    } else {
         Form::keyPressEvent(event);
+    }
 }
 
 void FrmTerms::Combo1_Click()
@@ -159,4 +162,5 @@ void openTerms(int index)
     if (text.endsWith(lineEnd)) // saving writes one each time; on the surface they would add up
         text.chop(lineEnd.size());
     editor->edit(text);
+    editor->WebBrowser1->setFocus();
 }
