@@ -14,11 +14,10 @@ namespace {
 /// Takes the windows down before the toolkit goes: what is left open at the end dies with the main window.
 void closeForms()
 {
-    QList<QPointer<Form>> forms; // a window that goes may take others with it
-    for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (auto* form = qobject_cast<Form*>(window))
-            forms << form;
-    }
+    // A form takes its menus and pop-ups with it, which the toolkit lists as well.
+    QList<QPointer<Form>> forms;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        forms << qobject_cast<Form*>(window);
     for (const QPointer<Form>& form : forms)
         delete form;
 }

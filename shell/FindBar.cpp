@@ -2,10 +2,10 @@
 
 #include "platform/Events.h"
 #include "platform/WebBrowser.h"
+#include "shell/Icons.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>
-#include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -16,7 +16,7 @@ namespace {
 QToolButton* button(const char* icon, const QString& toolTip)
 {
     auto* made = new QToolButton;
-    made->setIcon(QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(icon))));
+    made->setIcon(namedIcon(icon));
     made->setToolTip(toolTip);
     made->setAccessibleName(toolTip);
     made->setAutoRaise(true);

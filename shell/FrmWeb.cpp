@@ -7,13 +7,14 @@
 #include "platform/RuntimeError.h"
 #include "services/Profile.h"
 #include "shell/FindBar.h"
+#include "shell/Icons.h"
+#include "shell/SurfaceCommands.h"
 #include "shell/WindowLayout.h"
 
 #include <QActionGroup>
 #include <QDir>
 #include <QFile>
 #include <QFontDatabase>
-#include <QIcon>
 #include <QScreen>
 #include <array>
 
@@ -65,21 +66,8 @@ struct ButtonIcon
     const char* icon;
 };
 
-constexpr std::array<ButtonIcon, 20> ButtonIcons = {{
-    {&Ui::FrmWeb::Command1, "format-text-bold"},
-    {&Ui::FrmWeb::Command2, "format-text-italic"},
-    {&Ui::FrmWeb::Command3, "format-text-underline"},
-    {&Ui::FrmWeb::Command4, "insert-horizontal-rule"},
-    {&Ui::FrmWeb::Command5, "format-text-color"},
-    {&Ui::FrmWeb::Command6, "format-indent-more"},
-    {&Ui::FrmWeb::Command7, "format-indent-less"},
-    {&Ui::FrmWeb::Command8, "format-justify-left"},
-    {&Ui::FrmWeb::Command9, "format-justify-center"},
-    {&Ui::FrmWeb::Command10, "format-justify-right"},
-    {&Ui::FrmWeb::Command11, "format-fill-color"},
-    {&Ui::FrmWeb::Command12, "edit-undo"},
-    {&Ui::FrmWeb::Command13, "edit-redo"},
-    {&Ui::FrmWeb::Command16, "insert-link"},
+/// The buttons of the internet tab.
+constexpr std::array<ButtonIcon, 6> InternetIcons = {{
     {&Ui::FrmWeb::Command14, "go-jump"},
     {&Ui::FrmWeb::Command15, "go-home"},
     {&Ui::FrmWeb::Command17, "go-previous"},
@@ -87,11 +75,6 @@ constexpr std::array<ButtonIcon, 20> ButtonIcons = {{
     {&Ui::FrmWeb::Command19, "process-stop"},
     {&Ui::FrmWeb::Command20, "view-refresh"},
 }};
-
-QIcon namedIcon(const char* name)
-{
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
-}
 
 TwipsRect twips(const QWidget* widget)
 {
@@ -120,7 +103,9 @@ FrmWeb::FrmWeb()
         combo->setPalette(field);
     }
     buildToolbar();
-    for (const ButtonIcon& entry : ButtonIcons)
+    for (const auto& entry : SurfaceButtons<Ui::FrmWeb>)
+        (this->*entry.button)->setIcon(namedIcon(entry.icon));
+    for (const ButtonIcon& entry : InternetIcons)
         (this->*entry.button)->setIcon(namedIcon(entry.icon));
 
     auto* textSizes = new QActionGroup(this); // one size at a time is checked
@@ -128,7 +113,7 @@ FrmWeb::FrmWeb()
         textSizes->addAction(size);
     munview->menuAction()->setEnabled(false);
 
-    for (const char* size : {"8", "10", "12", "14", "18", "24", "36"})
+    for (const char* size : PointSizes)
         Combo2->AddItem(QString::fromLatin1(size));
     Combo2->setText(QStringLiteral("Normal"));
     Combo1->setText(QStringLiteral("Arial"));

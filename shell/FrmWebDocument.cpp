@@ -6,7 +6,7 @@
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"
 #include "shell/FrmWeb.h"
-#include "shell/Highlight.h"
+#include "shell/Generator.h"
 
 #include <QFileInfo>
 
@@ -99,23 +99,10 @@ QString FrmWeb::etxt(const QString& text) const
     return text;
 }
 
-/// Names the product in each generator tag that the design surface has written in its own name.
 void FrmWeb::StampGenerator()
 {
     RichTextBox1->setFocus();
-    const int caret = RichTextBox1->SelStart();
-    RichTextBox1->setSelStart(0);
-    RichTextBox1->setSelLength(WorkingSelection);
-    for (int tag = RichTextBox1->Find("<META content=", 0); tag != -1;
-         tag = RichTextBox1->Find("<META content=", tag + 1)) {
-        const int name = RichTextBox1->Find(" name=GENERATOR>", tag);
-        if (name == -1) // a torn tag ends the program before anything in it is touched
-            throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-        RichTextBox1->setSelStart(tag);
-        RichTextBox1->setSelLength(name - tag + 1); // up to and with the blank before "name"
-        RichTextBox1->setSelText("<META content=\"Brindlemark 1.0\" ");
-    }
-    RichTextBox1->setSelStart(caret);
+    stampGenerator(*RichTextBox1);
 }
 
 bool FrmWeb::isBlankDocument() const

@@ -14,8 +14,6 @@ namespace {
 
 const QString FontSection = QStringLiteral("Font");
 
-/// Script text, in orange: red 255, green 140, blue 10.
-constexpr int ScriptColor = 10 << 16 | 140 << 8 | 255;
 
 QString fontSetting(const char* key)
 {

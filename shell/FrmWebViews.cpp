@@ -4,43 +4,10 @@
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
-#include "services/Codes.h"
 #include "shell/FrmWeb.h"
+#include "shell/SurfaceCommands.h"
 
 namespace {
-
-/// The HTML font size of a point size in `Combo2`; null for a text that is none of them.
-const char* htmlFontSize(const QString& text)
-{
-    struct Size
-    {
-        const char* points;
-        const char* html;
-    };
-    static constexpr Size Sizes[] = {{"Normal", "3"}, {"8", "1"},  {"10", "2"}, {"12", "3"},
-                                     {"14", "4"},     {"18", "5"}, {"24", "6"}, {"36", "7"}};
-    for (const Size& size : Sizes) {
-        if (text == QLatin1String(size.points))
-            return size.html;
-    }
-    return nullptr;
-}
-
-struct SurfaceCommand
-{
-    QToolButton* Ui::FrmWeb::*button;
-    const char* identifier;
-};
-
-/// The buttons of the design surface that do no more than run a command on it.
-constexpr SurfaceCommand SurfaceCommands[] = {
-    {&Ui::FrmWeb::Command1, "Bold"},          {&Ui::FrmWeb::Command2, "Italic"},
-    {&Ui::FrmWeb::Command3, "Underline"},     {&Ui::FrmWeb::Command4, "InsertHorizontalRule"},
-    {&Ui::FrmWeb::Command6, "Indent"},        {&Ui::FrmWeb::Command7, "Outdent"},
-    {&Ui::FrmWeb::Command8, "JustifyLeft"},   {&Ui::FrmWeb::Command9, "JustifyCenter"},
-    {&Ui::FrmWeb::Command10, "JustifyRight"}, {&Ui::FrmWeb::Command12, "Undo"},
-    {&Ui::FrmWeb::Command13, "Redo"},
-};
 
 /// What `work` returns, with the hourglass up meanwhile.
 template <typename Work>
@@ -66,9 +33,12 @@ void FrmWeb::connectViews()
     on(WebBrowser1, &WebBrowser::linkRequested, this, &FrmWeb::WebBrowser1_LinkRequested);
     on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser1_RendererDied);
     on(WebBrowser3, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser3_RendererDied);
-    for (const SurfaceCommand& command : SurfaceCommands)
-        on(this->*command.button, &QToolButton::clicked, this,
-           [this, command] { surfaceCommand(QString::fromLatin1(command.identifier)); });
+    for (const auto& entry : SurfaceButtons<Ui::FrmWeb>) {
+        if (entry.identifier) {
+            on(this->*entry.button, &QToolButton::clicked, this,
+               [this, entry] { surfaceCommand(QString::fromLatin1(entry.identifier)); });
+        }
+    }
 }
 
 void FrmWeb::SSTab1_Click()
@@ -89,10 +59,11 @@ void FrmWeb::SSTab1_Click()
 void FrmWeb::showEditor()
 {
     Picture1->show();
-    if (Option1->Value())
+    if (Option1->Value()) {
         takeSurface();
-    else
+    } else {
         StampGenerator(); // what was typed on the surface before "Off" was clicked is not taken over
+    }
     Picture1->hide();
     switchTools();
     if (Check1 == 1)
@@ -147,10 +118,10 @@ void FrmWeb::setDesignTools(bool on)
 {
     Combo1->setEnabled(on);
     Combo2->setEnabled(on);
-    for (const SurfaceCommand& command : SurfaceCommands)
-        (this->*command.button)->setEnabled(on);
-    Command5->setEnabled(on);
-    Command11->setEnabled(on);
+    for (const auto& entry : SurfaceButtons<Ui::FrmWeb>) {
+        if (this->*entry.button != Command16)
+            (this->*entry.button)->setEnabled(on);
+    }
 }
 
 void FrmWeb::surfaceCommand(const QString& identifier, const QString& value)
@@ -177,14 +148,8 @@ void FrmWeb::Combo2_Click()
 
 void FrmWeb::pickColorFor(const QString& command)
 {
-    CommonDialog dialog;
-    dialog.CancelError = true;
-    try {
-        dialog.ShowColor();
-    } catch (const RuntimeError&) {
-        return;
-    }
-    surfaceCommand(command, GetHexColor(dialog.Color));
+    if (const std::optional<QString> color = askForColor())
+        surfaceCommand(command, *color);
 }
 
 void FrmWeb::Command5_Click()
@@ -202,14 +167,9 @@ void FrmWeb::Command16_Click()
     WebBrowser1->sendKeys(QStringLiteral("^k"));
 }
 
-/// Ctrl+K on the surface: the link's address, an empty one removes it.
 void FrmWeb::WebBrowser1_LinkRequested()
 {
-    const std::optional<QString> address =
-        doors().inputBox(QStringLiteral("Address of the link (empty for none):"), QStringLiteral("Hyperlink"),
-                         WebBrowser1->currentLink());
-    if (address)
-        WebBrowser1->setLink(*address);
+    askForLink(*WebBrowser1);
 }
 
 void FrmWeb::showSource(WebBrowser* surface)
@@ -221,11 +181,12 @@ void FrmWeb::showSource(WebBrowser* surface)
 void FrmWeb::writeSurface(WebBrowser* surface, const QString& html)
 {
     m_lastShown = html;
-    if (!underHourglass([&] { return surface->write(html); }))
+    if (!underHourglass([&] { return surface->write(html); })) {
         MsgBox(QStringLiteral(
                    "The page cannot be shown: a script in it does not end, or its process has ended.\n"
                    "Your text is safe in the editor."),
                ProgramTitle, MsgIcon::Exclamation);
+    }
 }
 
 /// Replaces the source by the design surface's content, stamped, as one step that a single Undo takes back.

@@ -8,6 +8,9 @@ class RichTextBox;
 /// first.
 inline constexpr int WorkingSelection = 90000;
 
+/// The colour number of scripts, an orange: red 255, green 140, blue 10.
+inline constexpr int ScriptColor = 10 << 16 | 140 << 8 | 255;
+
 /// The colour numbers of a highlight. A colour that is missing leaves its part of the text as it is.
 struct HighlightColors
 {

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QString>
+#include <QToolButton>
+#include <optional>
+
+class WebBrowser;
+
+// What the button bars of all design surfaces have in common.
+
+/// A button of the bar. `Bar` is the class whose members the buttons are.
+template <typename Bar>
+struct SurfaceButton
+{
+    QToolButton* Bar::*button;
+    const char* icon;
+    /// The editing command that the button runs; null where a dialog comes first.
+    const char* identifier;
+};
+
+template <typename Bar>
+inline constexpr SurfaceButton<Bar> SurfaceButtons[] = {
+    {&Bar::Command1, "format-text-bold", "Bold"},
+    {&Bar::Command2, "format-text-italic", "Italic"},
+    {&Bar::Command3, "format-text-underline", "Underline"},
+    {&Bar::Command4, "insert-horizontal-rule", "InsertHorizontalRule"},
+    {&Bar::Command5, "format-text-color", nullptr},
+    {&Bar::Command6, "format-indent-more", "Indent"},
+    {&Bar::Command7, "format-indent-less", "Outdent"},
+    {&Bar::Command8, "format-justify-left", "JustifyLeft"},
+    {&Bar::Command9, "format-justify-center", "JustifyCenter"},
+    {&Bar::Command10, "format-justify-right", "JustifyRight"},
+    {&Bar::Command11, "format-fill-color", nullptr},
+    {&Bar::Command12, "edit-undo", "Undo"},
+    {&Bar::Command13, "edit-redo", "Redo"},
+    {&Bar::Command16, "insert-link", nullptr},
+};
+
+/// The point sizes that the bar's `Combo2` offers.
+inline constexpr const char* PointSizes[] = {"8", "10", "12", "14", "18", "24", "36"};
+
+/// The HTML font size, "1" to "7", of a text in `Combo2`: "Normal" or a point size. Null for any other text.
+const char* htmlFontSize(const QString& text);
+
+/// Asks for a colour with the colour dialog; its colour text, or no value when the user cancels.
+std::optional<QString> askForColor();
+
+/// Asks for the address of the link at the surface's caret and sets it; an empty one removes the link.
+void askForLink(WebBrowser& surface);

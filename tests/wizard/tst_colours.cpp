@@ -1,0 +1,315 @@
+#include "ProgramFolder.h"
+#include "platform/ListBox.h"
+#include "services/Profile.h"
+#include "wizard/PageColors.h"
+
+#include <QRegularExpression>
+#include <QTest>
+#include <cmath>
+
+namespace {
+
+constexpr std::array<DrawingPart, 12> AllParts = {
+    DrawingPart::Page,
+    DrawingPart::Title,
+    DrawingPart::TitleGround,
+    DrawingPart::Rule,
+    DrawingPart::Description,
+    DrawingPart::DescriptionGround,
+    DrawingPart::DescriptionLines,
+    DrawingPart::PictureLines,
+    DrawingPart::Cells,
+    DrawingPart::CellGround,
+    DrawingPart::Lists,
+    DrawingPart::Borders,
+};
+
+const QStringList Defaults = {"#000000", "#FFFFFF", "#FFFF00", "#FFFFFF", "#000000",
+                              "#000000", "#000000", "#000000", "#000000"};
+
+/// `Txt1` to `Txt9`.
+QStringList fields(const PageLook& look)
+{
+    return {look.Txt1, look.Txt2, look.Txt3, look.Txt4, look.Txt5,
+            look.Txt6, look.Txt7, look.Txt8, look.Txt9};
+}
+
+/// Nine colours that are all different: field i is #0i0000.
+PageLook distinct(int style)
+{
+    PageLook look;
+    look.style = style;
+    look.Txt1 = QStringLiteral("#010000");
+    look.Txt2 = QStringLiteral("#020000");
+    look.Txt3 = QStringLiteral("#030000");
+    look.Txt4 = QStringLiteral("#040000");
+    look.Txt5 = QStringLiteral("#050000");
+    look.Txt6 = QStringLiteral("#060000");
+    look.Txt7 = QStringLiteral("#070000");
+    look.Txt8 = QStringLiteral("#080000");
+    look.Txt9 = QStringLiteral("#090000");
+    return look;
+}
+
+/// The share of the light that a colour gives back, 0 to 1, as the web accessibility guidelines define it.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+/// The contrast ratio of the same guidelines, 1 to 21.
+double contrast(const QString& text, const QString& ground)
+{
+    const double a = luminance(QColor(text));
+    const double b = luminance(QColor(ground));
+    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
+}
+
+} // namespace
+
+class TestColours : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void defaults();
+    void pick_data();
+    void pick();
+    void pickOfNoEntryChangesNothing();
+    void repaintByStyle_data();
+    void repaintByStyle();
+    void styleThreeLeavesThePictureLines();
+    void emptyFieldsPaintBlack();
+    void setsGoAndComeBack_data();
+    void setsGoAndComeBack();
+    void missingKeysGiveEmptyFields();
+    void namesOfOtherCaseShareTheirSection();
+    void contrastIsComputedRight();
+    void shippedSets();
+};
+
+void TestColours::defaults()
+{
+    QCOMPARE(fields(PageLook()), Defaults);
+}
+
+void TestColours::pick_data()
+{
+    using Part = DrawingPart;
+    using Parts = QList<DrawingPart>;
+    QTest::addColumn<QString>("entry");
+    QTest::addColumn<int>("style");
+    QTest::addColumn<QList<int>>("changedFields");
+    QTest::addColumn<Parts>("painted");
+    const struct
+    {
+        const char* entry;
+        QList<int> changed;
+        Parts always;
+        Parts not3; // not in style 3
+        Parts only2;
+        Parts only3;
+    } rows[] = {
+        {"Title:", {8}, {Part::Title}, {}, {}, {}},
+        {"Line:", {5}, {Part::Rule}, {}, {}, {}},
+        {"Description:", {7}, {Part::DescriptionLines}, {Part::Description, Part::PictureLines}, {}, {}},
+        {"Cell:", {3}, {Part::CellGround}, {}, {}, {Part::DescriptionGround}},
+        {"Cell Name:", {6}, {Part::Cells}, {}, {}, {Part::Description}},
+        {"Border:", {1}, {Part::Borders}, {}, {Part::Rule}, {}},
+        {"Background:", {2, 4}, {Part::Page, Part::TitleGround}, {Part::DescriptionGround}, {}, {}},
+        {"Lists:", {9}, {Part::Lists}, {}, {}, {}},
+    };
+    for (const auto& row : rows) {
+        for (int style = 0; style < 4; ++style) {
+            QTest::addRow("%s style %d", row.entry, style)
+                << QString::fromLatin1(row.entry) << style << row.changed
+                << row.always + (style != 3 ? row.not3 : Parts()) + (style == 2 ? row.only2 : Parts()) +
+                       (style == 3 ? row.only3 : Parts());
+        }
+    }
+}
+
+void TestColours::pick()
+{
+    QFETCH(QString, entry);
+    QFETCH(int, style);
+    QFETCH(QList<int>, changedFields);
+    QFETCH(QList<DrawingPart>, painted);
+    PageLook look = distinct(style);
+    DrawingColors drawing;
+    for (DrawingPart part : AllParts)
+        drawing[part] = Qt::white;
+
+    pickColor(look, drawing, entry, 0xFF8040);
+
+    QStringList expected = fields(distinct(style));
+    for (int field : changedFields)
+        expected[field - 1] = QStringLiteral("#4080FF");
+    QCOMPARE(fields(look), expected);
+    for (DrawingPart part : AllParts)
+        QCOMPARE(drawing[part], painted.contains(part) ? QColor(0x40, 0x80, 0xFF) : QColor(Qt::white));
+}
+
+void TestColours::pickOfNoEntryChangesNothing()
+{
+    PageLook look = distinct(0);
+    DrawingColors drawing;
+    for (const char* entry : {"", "Pick lists", "title:"})
+        pickColor(look, drawing, QString::fromLatin1(entry), 0xFF8040);
+    QCOMPARE(fields(look), fields(distinct(0)));
+    for (DrawingPart part : AllParts)
+        QCOMPARE(drawing[part], QColor());
+}
+
+void TestColours::repaintByStyle_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<int>("rule");        // the number of the field
+    QTest::addColumn<int>("description"); // `Label7`, text
+    QTest::addColumn<int>("ground");      // `Label7`, background
+    QTest::newRow("0") << 0 << 5 << 7 << 2;
+    QTest::newRow("1") << 1 << 5 << 7 << 2;
+    QTest::newRow("2") << 2 << 1 << 7 << 2;
+    QTest::newRow("3") << 3 << 5 << 6 << 3;
+}
+
+void TestColours::repaintByStyle()
+{
+    QFETCH(int, style);
+    QFETCH(int, rule);
+    QFETCH(int, description);
+    QFETCH(int, ground);
+    DrawingColors drawing;
+    paintDrawing(distinct(style), drawing);
+    const auto field = [](int number) { return QColor(number, 0, 0); };
+    QCOMPARE(drawing[DrawingPart::Rule], field(rule));
+    QCOMPARE(drawing[DrawingPart::Description], field(description));
+    QCOMPARE(drawing[DrawingPart::DescriptionGround], field(ground));
+    QCOMPARE(drawing[DrawingPart::Page], field(4));
+    QCOMPARE(drawing[DrawingPart::Title], field(8));
+    QCOMPARE(drawing[DrawingPart::TitleGround], field(2));
+    QCOMPARE(drawing[DrawingPart::DescriptionLines], field(7));
+    QCOMPARE(drawing[DrawingPart::Cells], field(6));
+    QCOMPARE(drawing[DrawingPart::CellGround], field(3));
+    QCOMPARE(drawing[DrawingPart::Lists], field(9));
+    QCOMPARE(drawing[DrawingPart::Borders], field(1));
+}
+
+void TestColours::styleThreeLeavesThePictureLines()
+{
+    DrawingColors drawing;
+    paintDrawing(distinct(0), drawing);
+    PageLook look = distinct(3);
+    look.Txt7 = QStringLiteral("#FF0000");
+    paintDrawing(look, drawing);
+    QCOMPARE(drawing[DrawingPart::PictureLines], QColor(7, 0, 0));
+    look.style = 2;
+    paintDrawing(look, drawing);
+    QCOMPARE(drawing[DrawingPart::PictureLines], QColor(0xFF, 0, 0));
+}
+
+void TestColours::emptyFieldsPaintBlack()
+{
+    PageLook look;
+    look.Txt2 = look.Txt4 = QString();
+    look.Txt8 = QStringLiteral("red");
+    DrawingColors drawing;
+    paintDrawing(look, drawing);
+    QCOMPARE(drawing[DrawingPart::TitleGround], QColor(Qt::black));
+    QCOMPARE(drawing[DrawingPart::Page], QColor(Qt::black));
+    QCOMPARE(drawing[DrawingPart::CellGround], QColor(Qt::yellow));
+}
+
+void TestColours::setsGoAndComeBack_data()
+{
+    QTest::addColumn<QString>("name");
+    for (const char* name :
+         {"plain", "two words", "a]b", "]", "[x]", "a=b", "a,b", "; a", "Grün & Gold", "日本", "\"q\""})
+        QTest::newRow(name) << QString::fromUtf8(name);
+}
+
+void TestColours::setsGoAndComeBack()
+{
+    QFETCH(QString, name);
+    const ProgramFolder folder;
+    saveColorSet(PageLook(), QStringLiteral("before"));
+    saveColorSet(distinct(0), name);
+    saveColorSet(PageLook(), QStringLiteral("behind"));
+    PageLook look;
+    loadColorSet(look, name);
+    QCOMPARE(fields(look), fields(distinct(0)));
+    for (const char* other : {"before", "behind"}) {
+        loadColorSet(look, QString::fromLatin1(other));
+        QCOMPARE(fields(look), Defaults);
+    }
+}
+
+void TestColours::missingKeysGiveEmptyFields()
+{
+    const ProgramFolder folder;
+    folder.write(QStringLiteral("webstyle.ini"),
+                 "[half]\r\n2=#FFEEDD\r\n9=#112233\r\n[other]\r\n1=#FFFFFF\r\n");
+    PageLook look = distinct(0);
+    loadColorSet(look, QStringLiteral("half"));
+    QCOMPARE(fields(look), QStringList({"", "#FFEEDD", "", "", "", "", "", "", "#112233"}));
+    loadColorSet(look, QStringLiteral("nobody"));
+    QCOMPARE(fields(look), QStringList(9, QString()));
+}
+
+void TestColours::namesOfOtherCaseShareTheirSection()
+{
+    const ProgramFolder folder;
+    saveColorSet(PageLook(), QStringLiteral("Mine"));
+    saveColorSet(distinct(0), QStringLiteral("MINE"));
+    PageLook look;
+    loadColorSet(look, QStringLiteral("Mine"));
+    QCOMPARE(fields(look), fields(distinct(0)));
+}
+
+void TestColours::contrastIsComputedRight()
+{
+    QCOMPARE(contrast(QStringLiteral("#000000"), QStringLiteral("#FFFFFF")), 21.0);
+    QCOMPARE(contrast(QStringLiteral("#FFFFFF"), QStringLiteral("#FFFFFF")), 1.0);
+    // the lightest grey that still passes on white
+    QVERIFY(contrast(QStringLiteral("#767676"), QStringLiteral("#FFFFFF")) >= 4.5);
+    QVERIFY(contrast(QStringLiteral("#777777"), QStringLiteral("#FFFFFF")) < 4.5);
+}
+
+/// The sets that ship can be read: each text on the ground on which it stands.
+void TestColours::shippedSets()
+{
+    const ProgramFolder folder;
+    for (const char* file : {"webstyle.ini", "webstyle2.ini"}) {
+        QFile shipped(QStringLiteral(SOURCE_DIR "/data/") + QString::fromLatin1(file));
+        QVERIFY(shipped.open(QIODevice::ReadOnly));
+        const QByteArray bytes = shipped.readAll();
+        QCOMPARE(bytes.count('\n'), bytes.count("\r\n"));
+        folder.write(QString::fromLatin1(file), bytes);
+    }
+    ListBox names;
+    LoadList(folder.path(QStringLiteral("webstyle2.ini")), names);
+    QCOMPARE(names.ListCount(), 6);
+    const QRegularExpression colorText(QStringLiteral("^#[0-9A-F]{6}$"));
+    for (int i = 0; i < names.ListCount(); ++i) {
+        PageLook look;
+        loadColorSet(look, names.List(i));
+        for (const QString& field : fields(look))
+            QVERIFY2(colorText.match(field).hasMatch(), qPrintable(names.List(i)));
+        const std::pair<QString, QString> texts[] = {
+            {look.Txt6, look.Txt3}, // title cells
+            {look.Txt7, look.Txt2}, // description
+            {look.Txt8, look.Txt2}, // title
+            {look.Txt9, look.Txt2}, // lists and terms
+        };
+        for (const auto& [text, ground] : texts) {
+            QVERIFY2(contrast(text, ground) >= 4.5,
+                     qPrintable(QStringLiteral("%1: %2 on %3").arg(names.List(i), text, ground)));
+        }
+    }
+}
+
+QTEST_MAIN(TestColours)
+#include "tst_colours.moc"

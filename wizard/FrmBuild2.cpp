@@ -1,0 +1,320 @@
+#include "wizard/FrmBuild2.h"
+
+#include "platform/AppPath.h"
+#include "platform/Conversion.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/RichTextBox.h"
+#include "platform/WaitCursor.h"
+#include "platform/WebBrowser.h"
+#include "services/Desktop.h"
+#include "services/Profile.h"
+#include "shell/FrmWeb.h"
+#include "shell/Generator.h"
+#include "shell/Highlight.h"
+#include "shell/Icons.h"
+#include "shell/Regions.h"
+#include "shell/Wait.h"
+#include "wizard/FrmBuild1.h"
+#include "wizard/Generators.h"
+#include "wizard/Terms.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+#include <algorithm>
+
+namespace {
+
+constexpr int LastStyle = 3;
+
+QString setNamesFile()
+{
+    return appFile(QStringLiteral("\\webstyle2.ini"));
+}
+
+/// A colour of the source box. Throws RuntimeError(TypeMismatch) when the setting is missing or no number.
+int sourceColor(const char* key)
+{
+    return toInteger32(
+        ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), appFile(QStringLiteral("\\web.ini"))));
+}
+
+TermsTexts readTerms()
+{
+    TermsTexts texts;
+    for (size_t i = 0; i < texts.size(); ++i)
+        texts[i] = GetTermsList(QString::fromLatin1(TermsFiles[i].file));
+    return texts;
+}
+
+bool hasEntry(const ListObject& list, const QString& text)
+{
+    for (int i = 0; i < list.ListCount(); ++i) {
+        if (list.List(i) == text)
+            return true;
+    }
+    return false;
+}
+
+/// Unloads a form that may be gone already: while the source is coloured the user can close windows.
+template <typename F>
+void unload()
+{
+    if (isLoaded<F>())
+        form<F>()->Unload();
+}
+
+} // namespace
+
+FrmBuild2::FrmBuild2() : WebBrowser1(new WebBrowser(this)), RTB1(new RichTextBox(this))
+{
+    setupUi(this);
+    Chk = {Chk0, Chk1, Chk2, Chk3};
+    WebBrowser1->hide();
+    RTB1->hide();
+    Command1->setIcon(namedIcon("go-previous"));
+    Command2->setIcon(namedIcon("go-next"));
+    for (ComboBox* combo : {Combo3, Combo4}) { // what they say while nothing is chosen isn't faint
+        QPalette readable = combo->palette();
+        readable.setColor(QPalette::PlaceholderText, readable.color(QPalette::ButtonText));
+        combo->setPalette(readable);
+    }
+    for (const char* entry : ColorEntries)
+        Combo3->AddItem(QString::fromLatin1(entry));
+    LoadList(setNamesFile(), *Combo4);
+    repaintDrawing();
+
+    on(Command1, &QToolButton::clicked, this, &FrmBuild2::Command1_Click);
+    on(Command2, &QToolButton::clicked, this, &FrmBuild2::Command2_Click);
+    on(Command4, &QPushButton::clicked, this, &FrmBuild2::Command4_Click);
+    on(Command6, &QPushButton::clicked, this, &FrmBuild2::Command6_Click);
+    on(Command19, &QPushButton::clicked, this, &FrmBuild2::Command19_Click);
+    on(Command23, &QPushButton::clicked, this, &FrmBuild2::Command23_Click);
+    on(Command24, &QPushButton::clicked, this, &FrmBuild2::Command24_Click);
+    on(Combo3, &ComboBox::Click, this, &FrmBuild2::Combo3_Click);
+    on(Combo4, &ComboBox::Click, this, &FrmBuild2::Combo4_Click);
+    for (size_t i = 0; i < Chk.size(); ++i) // `clicked` is the mouse, the keyboard and screen readers
+        on(Chk[i], &CheckBox::clicked, this, [this, i] { Chk_MouseUp(int(i)); });
+    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmBuild2::Command4_Click);
+
+    WebBrowser1->Navigate(QStringLiteral("about:blank"));
+    WebBrowser1->setDesignMode(DesignMode::On);
+    m_warmUp.setSingleShot(true);
+    on(&m_warmUp, &QTimer::timeout, this, &FrmBuild2::warmEngine);
+    m_warmUp.start();
+}
+
+void FrmBuild2::prepare(int pictures, bool withPictures)
+{
+    Frame7->setVisible(withPictures);
+    for (int onePicture : {0, 2})
+        Chk.at(size_t(onePicture))->setEnabled(!withPictures || pictures <= 1);
+}
+
+PageLook FrmBuild2::look() const
+{
+    PageLook look = m_look;
+    look.style = Label11->text().toInt();
+    const auto* checked =
+        std::find_if(Chk.begin(), Chk.end(), [](CheckBox* box) { return box->Value() == 1; });
+    look.pictureStyle = int(checked - Chk.begin());
+    return look;
+}
+
+/// Enter that no control has use for is the default button's.
+void FrmBuild2::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Command23->click();
+    } else {
+        Form::keyPressEvent(event);
+    }
+}
+
+void FrmBuild2::Command1_Click()
+{
+    stepStyle(-1);
+}
+
+void FrmBuild2::Command2_Click()
+{
+    stepStyle(1);
+}
+
+void FrmBuild2::stepStyle(int by)
+{
+    Label11->setText(QString::number(qBound(0, look().style + by, LastStyle)));
+    repaintDrawing();
+}
+
+/// A mouse-up on one box makes it the one that is checked.
+void FrmBuild2::Chk_MouseUp(int index)
+{
+    for (CheckBox* box : Chk)
+        box->setValue(0);
+    Chk.at(size_t(index))->setValue(1);
+}
+
+void FrmBuild2::Combo3_Click()
+{
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    try {
+        dialog.ShowColor();
+    } catch (const RuntimeError&) {
+        return;
+    }
+    PageLook picked = look();
+    pickColor(picked, m_drawing, Combo3->Text(), dialog.Color);
+    m_look = picked;
+    showDrawing();
+}
+
+void FrmBuild2::Combo4_Click()
+{
+    loadColorSet(m_look, Combo4->Text());
+    repaintDrawing();
+}
+
+void FrmBuild2::Command19_Click()
+{
+    const QString name =
+        InputBox(QStringLiteral("Enter the name of all colors."), QStringLiteral("Save all colors"));
+    if (name.isEmpty())
+        return;
+    if (!hasEntry(*Combo4, name)) {
+        Combo4->AddItem(name);
+        Combo4->setText(name);
+        SaveList(setNamesFile(), *Combo4);
+    } else if (MsgBox(QStringLiteral("[ %1 ] - already exists.\r\nDo you want to replace it ?").arg(name),
+                      QStringLiteral("Information"), MsgIcon::Information,
+                      MsgButtons::YesNo) == MsgAnswer::No) {
+        return;
+    }
+    saveColorSet(m_look, name);
+}
+
+void FrmBuild2::repaintDrawing()
+{
+    paintDrawing(look(), m_drawing);
+    showDrawing();
+}
+
+void FrmBuild2::showDrawing()
+{
+    Drawing->setLook(look().style, m_drawing);
+    const std::array<PictureStyleDrawing*, 4> drawings = {Image0, Image1, Image2, Image3};
+    for (size_t i = 0; i < drawings.size(); ++i)
+        drawings[i]->setLook(int(i), m_drawing);
+}
+
+/// Makes the page once, unseen, so that the engine is up when the user leaves this form. Later than the
+/// form's first picture, which needn't wait for it.
+void FrmBuild2::warmEngine()
+{
+    if (!isUnloaded() && isLoaded<FrmBuild1>())
+        makePage();
+}
+
+/// Makes the page of the listing in `RTB1`, as the engine prints it. False: the engine gave no answer.
+bool FrmBuild2::makePage()
+{
+    const WaitCursor hourglass;
+    if (!WebBrowser1->write(listingPage(form<FrmBuild1>()->listing(), look(), readTerms())))
+        return false;
+    try {
+        RTB1->setText(RTB1->encode(WebBrowser1->innerHtml()));
+    } catch (const SurfaceLost&) {
+        return false;
+    }
+    return true;
+}
+
+/// Makes the page, stamped. False: it couldn't be made, and the user has been told.
+bool FrmBuild2::generate()
+{
+    m_warmUp.stop();
+    if (!makePage()) {
+        MsgBox(QStringLiteral("The page cannot be made: the process that lays it out has ended.\n"
+                              "Nothing is lost; please try again."),
+               ProgramTitle, MsgIcon::Exclamation);
+        return false;
+    }
+    stampGenerator(*RTB1);
+    return true;
+}
+
+/// "Open with Editor". With the Internet tab up the wizard closes and the editor keeps its text.
+void FrmBuild2::Command23_Click()
+{
+    if (!generate())
+        return;
+    setEnabled(false); // pauses follow, in which the user must not open a second time
+    auto* main = form<FrmWeb>();
+    if (main->SSTab1->Tab() == FrmWeb::PreviewTab) {
+        main->SSTab1->setTab(FrmWeb::EditorTab);
+        main->RichTextBox1->setText(QByteArray());
+        main->RichTextBox1->setText(RTB1->Text());
+    }
+    if (main->SSTab1->Tab() <= FrmWeb::EditorTab)
+        main->RichTextBox1->setText(RTB1->Text());
+    if (main->Check1 == 1)
+        colorSource();
+    updateStyleButtons(*main);
+    finish();
+}
+
+/// "Open with Preview". The change of the tab shows the page; colours and region buttons follow when the user
+/// turns to the editor.
+void FrmBuild2::Command24_Click()
+{
+    if (!generate())
+        return;
+    auto* main = form<FrmWeb>();
+    if (main->SSTab1->Tab() == FrmWeb::PreviewTab)
+        main->SSTab1->setTab(FrmWeb::EditorTab);
+    if (main->SSTab1->Tab() <= FrmWeb::EditorTab) {
+        main->RichTextBox1->setText(RTB1->Text());
+        main->SSTab1->setTab(FrmWeb::PreviewTab);
+    }
+    finish();
+}
+
+/// Colours the listing in the main window's source box. Throws RuntimeError(TypeMismatch) when a colour is
+/// missing from the settings.
+void FrmBuild2::colorSource()
+{
+    auto* main = form<FrmWeb>();
+    main->Picture1->show();
+    form<Wait>()->Show();
+    main->RichTextBox1->setBackColor(sourceColor("back"));
+    Pause(0.1);
+    highlight(*main->RichTextBox1, {.tags = sourceColor("one"),
+                                    .values = sourceColor("two"),
+                                    .comments = sourceColor("three"),
+                                    .scripts = ScriptColor,
+                                    .text = sourceColor("four")});
+    Pause(0.1);
+    form<Wait>()->Hide();
+    main->Picture1->hide();
+}
+
+void FrmBuild2::Command6_Click()
+{
+    Unload();
+    form<FrmBuild1>()->Show();
+}
+
+void FrmBuild2::Command4_Click()
+{
+    if (MsgBox(QStringLiteral("Are you sure you wish cancel it ?"), QStringLiteral("Information"),
+               MsgIcon::None, MsgButtons::YesNo) == MsgAnswer::Yes)
+        finish();
+}
+
+/// The end of the wizard; page 1 keeps its settings as it goes.
+void FrmBuild2::finish()
+{
+    unload<FrmBuild1>();
+    unload<FrmBuild2>();
+}

@@ -1,0 +1,166 @@
+#include "wizard/FrmTerms.h"
+
+#include "platform/AppPath.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/Files.h"
+#include "platform/WaitCursor.h"
+#include "shell/Icons.h"
+#include "shell/SurfaceCommands.h"
+#include "wizard/Terms.h"
+
+#include <QFontDatabase>
+#include <QKeyEvent>
+#include <QShortcut>
+
+namespace {
+
+/// What closes a terms file.
+constexpr QLatin1StringView lineEnd("\r\n");
+
+} // namespace
+
+FrmTerms::FrmTerms()
+{
+    setupUi(this);
+    for (const auto& entry : SurfaceButtons<Ui::FrmTerms>) {
+        QToolButton* button = this->*entry.button;
+        button->setIcon(namedIcon(entry.icon));
+        button->setAccessibleName(button->toolTip());
+        if (entry.identifier) {
+            on(button, &QToolButton::clicked, this,
+               [this, entry] { WebBrowser1->execCommand(QString::fromLatin1(entry.identifier)); });
+        }
+    }
+    for (const char* size : PointSizes)
+        Combo2->AddItem(QString::fromLatin1(size));
+    Combo2->setText(QStringLiteral("Normal"));
+
+    WebBrowser1->Navigate(QStringLiteral("about:blank"));
+    WebBrowser1->setDesignMode(DesignMode::On);
+    edit(QString());
+    for (const QString& family : QFontDatabase::families())
+        Combo1->AddItem(family);
+    Combo1->setText(QStringLiteral("Arial"));
+
+    on(Combo1, &ComboBox::Click, this, &FrmTerms::Combo1_Click);
+    on(Combo2, &ComboBox::Click, this, &FrmTerms::Combo2_Click);
+    on(Command5, &QToolButton::clicked, this, &FrmTerms::Command5_Click);
+    on(Command11, &QToolButton::clicked, this, &FrmTerms::Command11_Click);
+    on(Command16, &QToolButton::clicked, this, &FrmTerms::Command16_Click);
+    on(Command14, &QPushButton::clicked, this, &FrmTerms::Command14_Click);
+    on(Command15, &QPushButton::clicked, this, &FrmTerms::Unload);
+    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmTerms::Unload);
+    on(WebBrowser1, &WebBrowser::linkRequested, this, &FrmTerms::WebBrowser1_LinkRequested);
+    on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmTerms::WebBrowser1_RendererDied);
+}
+
+void FrmTerms::edit(const QString& html)
+{
+    m_lastShown = html;
+    if (!WebBrowser1->write(html)) {
+        MsgBox(QStringLiteral("The terms cannot be shown: the process that shows them has ended. Their file "
+                              "is as it was."),
+               ProgramTitle, MsgIcon::Exclamation);
+    }
+}
+
+/// Enter that no control has use for is the default button's.
+void FrmTerms::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Command14->click();
+    } else {
+        Form::keyPressEvent(event);
+    }
+}
+
+void FrmTerms::Combo1_Click()
+{
+    WebBrowser1->execCommand(QStringLiteral("FontName"), Combo1->Text());
+}
+
+void FrmTerms::Combo2_Click()
+{
+    const char* size = htmlFontSize(Combo2->Text());
+    WebBrowser1->execCommand(QStringLiteral("FontSize"), QString::fromLatin1(size ? size : "3"));
+}
+
+void FrmTerms::pickColorFor(const QString& command)
+{
+    if (const std::optional<QString> color = askForColor())
+        WebBrowser1->execCommand(command, *color);
+}
+
+void FrmTerms::Command5_Click()
+{
+    pickColorFor(QStringLiteral("ForeColor"));
+}
+
+void FrmTerms::Command11_Click()
+{
+    pickColorFor(QStringLiteral("BackColor"));
+}
+
+void FrmTerms::Command16_Click()
+{
+    WebBrowser1->sendKeys(QStringLiteral("^k"));
+}
+
+void FrmTerms::WebBrowser1_LinkRequested()
+{
+    askForLink(*WebBrowser1);
+}
+
+void FrmTerms::WebBrowser1_RendererDied()
+{
+    MsgBox(QStringLiteral("The process that showed the terms has ended. What was changed since they were "
+                          "opened is lost; their file is as it was."),
+           ProgramTitle, MsgIcon::Exclamation);
+    edit(m_lastShown);
+}
+
+/// Saves and closes; the form stays when it can't.
+void FrmTerms::Command14_Click()
+{
+    try {
+        save();
+        Hide();
+    } catch (const SurfaceLost&) {
+        WebBrowser1_RendererDied();
+    } catch (const RuntimeError&) {
+        MsgBox(QStringLiteral("There has been a (28)error, Cannot save file."), QStringLiteral("Error"),
+               MsgIcon::Stop);
+    }
+}
+
+/// Writes the document without its head, and a line end, to the file that the caption names. The head goes to
+/// the clipboard, where sellers pick it up for pages of their own. Throws SurfaceLost, and
+/// RuntimeError(PathFileAccess) when the file can't be written.
+void FrmTerms::save()
+{
+    const WaitCursor hourglass;
+    QByteArray text = WebBrowser1->innerHtml().toUtf8();
+    const QByteArray head = cutHeads(text);
+    if (!head.isEmpty())
+        Clipboard::SetText(QString::fromUtf8(head));
+    for (const TermsFile& terms : TermsFiles) {
+        if (windowTitle() == QLatin1String(terms.caption))
+            writeFile(appFile(QString::fromLatin1(terms.file)), text + lineEnd.data());
+    }
+}
+
+void openTerms(int index)
+{
+    if (index < 0 || index >= int(TermsFiles.size()))
+        throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
+    const TermsFile& terms = TermsFiles[size_t(index)];
+    auto* editor = form<FrmTerms>();
+    editor->setWindowTitle(QString::fromLatin1(terms.caption));
+    editor->Show();
+    QString text = GetTermsList(QString::fromLatin1(terms.file));
+    if (text.endsWith(lineEnd)) // saving writes one each time; on the surface they would add up
+        text.chop(lineEnd.size());
+    editor->edit(text);
+    editor->WebBrowser1->setFocus();
+}

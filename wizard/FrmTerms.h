@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/Form.h"
+#include "wizard/ui_FrmTerms.h"
+
+/// The small editor of the seller's terms. Its caption alone tells which file of `TermsFiles` it works on.
+class FrmTerms : public Form, public Ui::FrmTerms
+{
+    Q_OBJECT
+
+public:
+    FrmTerms();
+
+    /// Replaces what is being edited. The user reads why when that fails.
+    void edit(const QString& html);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void Combo1_Click();
+    void Combo2_Click();
+    void Command5_Click();
+    void Command11_Click();
+    void Command14_Click();
+    void Command16_Click();
+    void WebBrowser1_LinkRequested();
+    void WebBrowser1_RendererDied();
+    void pickColorFor(const QString& command);
+    void save();
+
+    /// What the surface was given last: a lost one is made anew from it.
+    QString m_lastShown;
+};
+
+/// Opens the editor on a file of `TermsFiles`: 0 payment, 1 location, 2 who pays. An open editor turns to
+/// that file. Throws RuntimeError(SubscriptOutOfRange) for any other number.
+void openTerms(int index);

@@ -1,0 +1,35 @@
+#include "wizard/Terms.h"
+
+#include "platform/AppPath.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+#include "platform/TextEncoding.h"
+#include "platform/TextSearch.h"
+
+QString GetTermsList(const QString& name)
+{
+    try {
+        const QByteArray bytes = readFile(appFile(name));
+        return decode(bytes, encodingOf(bytes));
+    } catch (const RuntimeError&) {
+        return {};
+    }
+}
+
+QByteArray cutHeads(QByteArray& text)
+{
+    const TextSearch opening("<HEAD>", 0);
+    const TextSearch closing("</HEAD>", 0);
+    QByteArray cut;
+    qsizetype from = 0;
+    while (const auto head = opening.find(text, from, text.size())) {
+        const auto end = closing.find(text, head->position, text.size());
+        if (!end)
+            break;
+        const qsizetype length = end->position + end->length - head->position;
+        cut = text.mid(head->position, length);
+        text.remove(head->position, length);
+        from = qMin(head->position + 1, text.size());
+    }
+    return cut;
+}
