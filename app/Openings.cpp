@@ -4,6 +4,7 @@
 #include "shell/About.h"
 #include "shell/FrmHelp.h"
 #include "shell/FrmWeb.h"
+#include "wizard/FrmBuild1.h"
 
 namespace {
 
@@ -14,11 +15,22 @@ void opens(QAction* entry)
     on(entry, &QAction::triggered, entry, [] { form<F>()->Show(); });
 }
 
+/// Shows the form's one window when the main window wants the tool of a toolbar button.
+template <typename F>
+void toolOpens(FrmWeb* main, int toolbarIndex)
+{
+    QObject::connect(main, &FrmWeb::toolWanted, main, [toolbarIndex](int wanted) {
+        if (wanted == toolbarIndex)
+            guarded([] { form<F>()->Show(); });
+    });
+}
+
 } // namespace
 
 // What opens what: one line an opening. A tool without a line is not there yet.
 void connectOpenings(FrmWeb* main)
 {
+    toolOpens<FrmBuild1>(main, 15);
     opens<FrmHelp>(main->munhelp);
     opens<About>(main->munabout);
 }

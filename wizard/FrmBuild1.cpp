@@ -1,0 +1,492 @@
+#include "wizard/FrmBuild1.h"
+
+#include "platform/AppPath.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "services/Profile.h"
+#include "wizard/FrmBuild2.h"
+#include "wizard/FrmTerms.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace {
+
+// Sections of web.ini.
+constexpr char PaymentSection[] = "QelPay";
+constexpr char LocationSection[] = "QelLP";
+constexpr char PaysSection[] = "QelPS";
+
+/// A check box that puts a line into a list of the listing.
+struct LineBox
+{
+    CheckBox* Ui::FrmBuild1::*box;
+    const char* line;
+    const char* key; ///< of its setting
+};
+
+constexpr std::array<LineBox, 11> PaymentBoxes = {{
+    {&Ui::FrmBuild1::ChKPay1, "Money Order/Cashiers Check", "1"},
+    {&Ui::FrmBuild1::ChKPay2, "Personal Check", "2"},
+    {&Ui::FrmBuild1::ChKPay3, "COD (cash on delivery)", "3"},
+    {&Ui::FrmBuild1::ChKPay4, "Visa/MasterCard", "4"},
+    {&Ui::FrmBuild1::ChKPay5, "PayPal", "5"},
+    {&Ui::FrmBuild1::ChKPay6, "Discover card", "6"},
+    {&Ui::FrmBuild1::ChKPay7, "American Express", "7"},
+    {&Ui::FrmBuild1::ChKPay8, "Electronic Checks", "8"},
+    {&Ui::FrmBuild1::ChKPay9, "Billpoint", "9"},
+    {&Ui::FrmBuild1::ChKPay10, "Yahoo Pay Direct", "10"},
+    {&Ui::FrmBuild1::ChKPay11, "BidPay", "12"}, // "11" is the other method's
+}};
+constexpr char OtherPaymentKey[] = "11";
+
+constexpr std::array<LineBox, 8> RegionBoxes = {{
+    {&Ui::FrmBuild1::ChkLS1, "Canada", "chk"},
+    {&Ui::FrmBuild1::ChkLS2, "Europe", "chk2"},
+    {&Ui::FrmBuild1::ChkLS3, "Middle East", "chk3"},
+    {&Ui::FrmBuild1::ChkLS4, "Asia", "chk4"},
+    {&Ui::FrmBuild1::ChkLS5, "Africa", "chk5"},
+    {&Ui::FrmBuild1::ChkLS6, "Caribbean", "chk6"},
+    {&Ui::FrmBuild1::ChkLS7, "Mexico and Central America", "chk7"},
+    {&Ui::FrmBuild1::ChkLS8, "South America", "chk8"},
+}};
+constexpr char OtherRegionKey[] = "txt2";
+
+/// One of several options, with the key of its setting.
+struct KeptOption
+{
+    OptionButton* Ui::FrmBuild1::*option;
+    const char* key;
+};
+
+constexpr std::array<KeptOption, 3> LocationOptions = {{
+    {&Ui::FrmBuild1::OptLS1, "opt"},
+    {&Ui::FrmBuild1::OptLS2, "opt2"},
+    {&Ui::FrmBuild1::OptLS3, "opt3"},
+}};
+
+constexpr std::array<KeptOption, 2> PaysOptions = {{
+    {&Ui::FrmBuild1::OptPS1, "opt"},
+    {&Ui::FrmBuild1::OptPS2, "opt2"},
+}};
+
+constexpr std::array<QLineEdit * Ui::FrmBuild1::*, 6> AddressFields = {
+    &Ui::FrmBuild1::TxP1, &Ui::FrmBuild1::TxP2, &Ui::FrmBuild1::TxP3,
+    &Ui::FrmBuild1::TxP4, &Ui::FrmBuild1::TxP5, &Ui::FrmBuild1::TxP6,
+};
+/// What an address field holds before anything is typed.
+const QString BlankAddress = QStringLiteral("http://");
+
+/// An amount: fields for dollars and cents, each with its key, and the bar that sets the dollars.
+struct Cost
+{
+    QLineEdit* Ui::FrmBuild1::*dollars;
+    const char* dollarsKey;
+    QLineEdit* Ui::FrmBuild1::*cents;
+    const char* centsKey;
+    ScrollBar* Ui::FrmBuild1::*bar;
+};
+
+constexpr std::array<Cost, 3> Costs = {{
+    {&Ui::FrmBuild1::TxSH1, "TxSH1", &Ui::FrmBuild1::TxSH2, "TxSH2", &Ui::FrmBuild1::HScroll3},
+    {&Ui::FrmBuild1::TxSI1, "TxSI1", &Ui::FrmBuild1::TxSI2, "TxSI2", &Ui::FrmBuild1::HScroll2},
+    {&Ui::FrmBuild1::TxAI1, "TxAI1", &Ui::FrmBuild1::TxAI2, "TxAI2", &Ui::FrmBuild1::HScroll1},
+}};
+/// The costs that the site's calculator finds: shipping and insurance, not the additional item.
+constexpr std::span<const Cost> CalculatedCosts = std::span(Costs).first<2>();
+constexpr std::span<const Cost> AdditionalItem = std::span(Costs).last<1>();
+
+// Sellers' settings hold these names, so "Manine" stays.
+constexpr std::array<const char*, 51> States = {
+    "Alabama",       "Alaska",     "Arizona",       "Arkansas",       "California",     "Colorado",
+    "Connecticut",   "Delaware",   "Dist Columbia", "Florida",        "Georgia",        "Hawaii",
+    "Idaho",         "Illinois",   "Indiana",       "Iowa",           "Kansas",         "Kentucky",
+    "Louisiana",     "Manine",     "Maryland",      "Massachusetts",  "Michigan",       "Minnesota",
+    "Mississippi",   "Missouri",   "Montana",       "Nebraska",       "Nevada",         "New Hampshire",
+    "New Jersey",    "New Mexico", "New York",      "North Carolina", "North Dakota",   "Ohio",
+    "Oklahoma",      "Oregon",     "Pennsylvania",  "Rhode Island",   "South Carolina", "South Dakota",
+    "Tennessee",     "Texas",      "Utah",          "Vermont",        "Virginia",       "Washington",
+    "West Virginia", "Wisconsin",  "Wyoming",
+};
+
+QString flag(bool on)
+{
+    return on ? QStringLiteral("1") : QStringLiteral("0");
+}
+
+QString setting(const char* section, const char* key)
+{
+    return ReadProfile(QLatin1String(section), QLatin1String(key), appFile(QStringLiteral("\\web.ini")));
+}
+
+void keep(const char* section, const char* key, const QString& value)
+{
+    WriteProfile(QLatin1String(section), QLatin1String(key), value, appFile(QStringLiteral("\\web.ini")));
+}
+
+void restoreBox(CheckBox* box, const char* section, const char* key)
+{
+    const QString value = setting(section, key);
+    if (value == flag(true) || value == flag(false))
+        box->setValue(value.toInt());
+}
+
+/// The first option that was kept as set wins; none leaves the page's own choice.
+void restoreOptions(const Ui::FrmBuild1* page, std::span<const KeptOption> options, const char* section)
+{
+    for (const auto& [option, key] : options) {
+        if (setting(section, key) == flag(true)) {
+            (page->*option)->setValue(true);
+            return;
+        }
+    }
+}
+
+void keepOptions(const Ui::FrmBuild1* page, std::span<const KeptOption> options, const char* section)
+{
+    for (const auto& [option, key] : options)
+        keep(section, key, flag((page->*option)->Value()));
+}
+
+/// An "Other" text, which is kept as "0" while it is empty.
+void restoreOther(QLineEdit* field, const char* section, const char* key)
+{
+    const QString value = setting(section, key);
+    if (value != flag(false))
+        field->setText(value);
+}
+
+void keepOther(const QLineEdit* field, const char* section, const char* key)
+{
+    keep(section, key, field->text().isEmpty() ? flag(false) : field->text());
+}
+
+void enableCosts(const Ui::FrmBuild1* page, std::span<const Cost> costs, bool on)
+{
+    for (const Cost& cost : costs) {
+        (page->*cost.dollars)->setEnabled(on);
+        (page->*cost.cents)->setEnabled(on);
+        (page->*cost.bar)->setEnabled(on);
+    }
+}
+
+bool noneChecked(const Ui::FrmBuild1* page, std::span<const LineBox> boxes)
+{
+    return std::none_of(boxes.begin(), boxes.end(),
+                        [page](const LineBox& entry) { return (page->*entry.box)->Value() == 1; });
+}
+
+/// Removes a line from a list. The walk goes on behind a removed entry: of two equal neighbours the second
+/// stays, so a seller who typed the line as "Other" too keeps it once.
+void removeLine(QStringList& list, const QString& line)
+{
+    const qsizetype count = list.size();
+    for (qsizetype i = 0; i < count; ++i) {
+        if (i < list.size() && list[i] == line)
+            list.removeAt(i);
+    }
+}
+
+/// Connects check boxes to the list that takes their lines.
+void connectLines(FrmBuild1* page, std::span<const LineBox> boxes, QStringList& list)
+{
+    for (const LineBox& entry : boxes) {
+        CheckBox* const box = page->*entry.box;
+        const QString line = QLatin1String(entry.line);
+        on(box, &CheckBox::Click, page, [box, line, &list] {
+            if (box->Value() == 0)
+                removeLine(list, line);
+            else
+                list << line;
+        });
+    }
+}
+
+/// All of a text box, with CR LF line ends.
+QString wholeText(const QPlainTextEdit* box)
+{
+    QString text = box->document()->toRawText(); // the plain text has blanks for no-break blanks
+    for (const QChar lineEnd : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
+        text.replace(lineEnd, QLatin1String("\r\n"));
+    return text;
+}
+
+} // namespace
+
+FrmBuild1::FrmBuild1()
+{
+    setupUi(this);
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowCloseButtonHint); // a fixed border has nothing to maximise
+    QPalette grey = palette();
+    grey.setColor(QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+        grey.setColor(group, QPalette::Text, Qt::black); // readable on any desktop's colours
+    for (const auto field : AddressFields)
+        (this->*field)->setPalette(grey);
+    for (const char* state : States)
+        TxST2->AddItem(QLatin1String(state));
+    enableAddresses(false);
+    enableRegions(false);
+    enableTax(false);
+
+    connectHandlers();
+    restore();
+    Text1->setFocus();
+}
+
+void FrmBuild1::connectHandlers()
+{
+    connectLines(this, PaymentBoxes, List1);
+    connectLines(this, RegionBoxes, List2);
+    for (OptionButton* option : {OptP1, OptP2})
+        on(option, &OptionButton::Click, this, &FrmBuild1::OptP_Click);
+    for (OptionButton* option : {OptLS1, OptLS2, OptLS3})
+        on(option, &OptionButton::Click, this, &FrmBuild1::OptLS_Click);
+    on(OptPS1, &OptionButton::Click, this, &FrmBuild1::OptPS1_Click);
+    on(OptPS2, &OptionButton::Click, this, &FrmBuild1::OptPS2_Click);
+    on(ChkZC, &CheckBox::Click, this, &FrmBuild1::ChkZC_Click);
+    on(ChkTR1, &CheckBox::Click, this, &FrmBuild1::ChkTR1_Click);
+    on(ChkSlist, &CheckBox::Click, this, &FrmBuild1::ChkSlist_Click);
+    for (const Cost& cost : Costs) {
+        const auto showValue = [dollars = this->*cost.dollars, bar = this->*cost.bar] {
+            dollars->setText(QString::number(bar->Value()));
+        };
+        on(this->*cost.bar, &ScrollBar::Change, this, showValue);
+        on(this->*cost.bar, &ScrollBar::Scroll, this, showValue);
+    }
+
+    on(Command1, &QPushButton::clicked, this, &FrmBuild1::Command1_Click);
+    on(Command2, &QPushButton::clicked, this, &FrmBuild1::Command2_Click);
+    on(Command3, &QPushButton::clicked, this, [] { openTerms(0); });
+    on(Command4, &QPushButton::clicked, this, [] { openTerms(1); });
+    on(Command5, &QPushButton::clicked, this, [] { openTerms(2); });
+    on(TxST2, &ComboBox::EnterPressed, this, &FrmBuild1::Command1_Click);
+    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmBuild1::Command2_Click);
+}
+
+/// The load step. A control that changes runs its handler, so lists and enabled fields follow.
+void FrmBuild1::restore()
+{
+    for (const LineBox& entry : PaymentBoxes)
+        restoreBox(this->*entry.box, PaymentSection, entry.key);
+    restoreOther(Txtother, PaymentSection, OtherPaymentKey);
+
+    restoreOptions(this, LocationOptions, LocationSection);
+    if (OptLS3->Value()) {
+        for (const LineBox& entry : RegionBoxes)
+            restoreBox(this->*entry.box, LocationSection, entry.key);
+        restoreOther(Txtother2, LocationSection, OtherRegionKey);
+    }
+
+    restoreOptions(this, PaysOptions, PaysSection);
+    restoreBox(ChkZC, PaysSection, "chk");
+    restoreBox(ChkTR1, PaysSection, "chk2");
+    TxST1->setText(setting(PaysSection, "txt"));
+    TxST2->setText(setting(PaysSection, "txt2"));
+    for (const Cost& cost : Costs) {
+        (this->*cost.dollars)->setText(setting(PaysSection, cost.dollarsKey));
+        (this->*cost.cents)->setText(setting(PaysSection, cost.centsKey));
+    }
+    restoreBox(ChkSlist, PaysSection, "ChkSlist");
+}
+
+/// Keeps what no handler has written at the click.
+void FrmBuild1::save() const
+{
+    for (const LineBox& entry : PaymentBoxes)
+        keep(PaymentSection, entry.key, flag((this->*entry.box)->Value() == 1));
+    keepOther(Txtother, PaymentSection, OtherPaymentKey);
+
+    for (const LineBox& entry : RegionBoxes)
+        keep(LocationSection, entry.key, flag((this->*entry.box)->Value() == 1));
+    keepOther(Txtother2, LocationSection, OtherRegionKey);
+
+    keep(PaysSection, "txt", TxST1->text());
+    keep(PaysSection, "txt2", TxST2->Text());
+    for (const Cost& cost : Costs) {
+        keep(PaysSection, cost.dollarsKey, (this->*cost.dollars)->text());
+        keep(PaysSection, cost.centsKey, (this->*cost.cents)->text());
+    }
+}
+
+bool FrmBuild1::queryUnload()
+{
+    save();
+    return true;
+}
+
+/// Enter presses the default button from every field that has no use for the key itself.
+void FrmBuild1::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        Command1->click();
+    else
+        Form::keyPressEvent(event);
+}
+
+Listing FrmBuild1::listing() const
+{
+    return {
+        .Text1 = Text1->text(),
+        .Text2 = wholeText(Text2),
+        .OptP2 = OptP2->Value(),
+        .List1 = List1,
+        .List2 = List2,
+        .List3 = List3,
+        .OptLS1 = OptLS1->Value(),
+        .OptLS2 = OptLS2->Value(),
+        .OptLS3 = OptLS3->Value(),
+        .OptPS1 = OptPS1->Value(),
+        .OptPS2 = OptPS2->Value(),
+        .ChkZC = ChkZC->Value() == 1,
+        .ChkTR1 = ChkTR1->Value() == 1,
+        .ChkSlist = ChkSlist->Value() == 1,
+        .TxSH1 = TxSH1->text(),
+        .TxSH2 = TxSH2->text(),
+        .TxSI1 = TxSI1->text(),
+        .TxSI2 = TxSI2->text(),
+        .TxAI1 = TxAI1->text(),
+        .TxAI2 = TxAI2->text(),
+        .TxST1 = TxST1->text(),
+        .TxST2 = TxST2->Text(),
+    };
+}
+
+void FrmBuild1::enableAddresses(bool on)
+{
+    for (const auto field : AddressFields)
+        (this->*field)->setEnabled(on);
+}
+
+void FrmBuild1::enableRegions(bool on)
+{
+    for (const LineBox& entry : RegionBoxes)
+        (this->*entry.box)->setEnabled(on);
+    Txtother2->setEnabled(on);
+    Label8->setEnabled(on);
+    QPalette face = palette();
+    face.setColor(QPalette::Base, face.color(QPalette::Button));
+    Txtother2->setPalette(on ? QPalette() : face);
+}
+
+void FrmBuild1::enableTax(bool on)
+{
+    TxST1->setEnabled(on);
+    TxST2->setEnabled(on);
+    Label40->setEnabled(on);
+}
+
+void FrmBuild1::OptP_Click()
+{
+    enableAddresses(OptP2->Value());
+}
+
+void FrmBuild1::OptLS_Click()
+{
+    enableRegions(OptLS3->Value());
+    keepOptions(this, LocationOptions, LocationSection);
+}
+
+void FrmBuild1::OptPS1_Click()
+{
+    enableCosts(this, Costs, false);
+    for (QWidget* control : std::initializer_list<QWidget*>{ChkZC, ChkTR1, TxST1, TxST2})
+        control->setEnabled(false);
+    keepOptions(this, PaysOptions, PaysSection);
+}
+
+void FrmBuild1::OptPS2_Click()
+{
+    enableCosts(this, AdditionalItem, true);
+    ChkZC->setEnabled(true);
+    ChkTR1->setEnabled(true);
+    if (ChkTR1->Value() == 1) {
+        TxST1->setEnabled(true);
+        TxST2->setEnabled(true);
+    }
+    if (ChkZC->Value() == 0)
+        enableCosts(this, CalculatedCosts, true);
+    keepOptions(this, PaysOptions, PaysSection);
+}
+
+void FrmBuild1::ChkZC_Click()
+{
+    enableCosts(this, CalculatedCosts, ChkZC->Value() == 0);
+    keep(PaysSection, "chk", flag(ChkZC->Value() == 1));
+}
+
+void FrmBuild1::ChkTR1_Click()
+{
+    enableTax(ChkTR1->Value() == 1);
+    keep(PaysSection, "chk2", flag(ChkTR1->Value() == 1));
+}
+
+void FrmBuild1::ChkSlist_Click()
+{
+    Command5->setEnabled(ChkSlist->Value() == 0);
+    keep(PaysSection, "ChkSlist", flag(ChkSlist->Value() == 1));
+}
+
+/// What the seller must still give, as the message says it; empty when all is there.
+QString FrmBuild1::firstMissing() const
+{
+    struct Check
+    {
+        bool missing;
+        const char* message;
+    };
+    const bool noCosts = OptPS2->Value() && ChkZC->Value() == 0 && TxSH1->text() == QLatin1String("0") &&
+                         TxSH2->text() == QLatin1String("00");
+    for (const Check& check : {
+             Check{Text1->text().isEmpty(), "Please enter what item you sell ?"},
+             Check{Text2->document()->isEmpty(), "Please enter Description:"},
+             Check{noneChecked(this, PaymentBoxes), "Please enter What methods of payment do you accept ?"},
+             Check{
+                 OptLS3->Value() && noneChecked(this, RegionBoxes),
+                 "Please check ship to the United States and the following regions: (Check all that apply)"},
+             Check{noCosts, "Please enter Shipping and Handling costs:"},
+         }) {
+        if (check.missing)
+            return QLatin1String(check.message);
+    }
+    return {};
+}
+
+void FrmBuild1::collectAddresses()
+{
+    List3.clear();
+    for (const auto field : AddressFields) {
+        const QString address = (this->*field)->text();
+        if (!address.isEmpty() && address != BlankAddress)
+            List3 << address;
+    }
+}
+
+void FrmBuild1::Command1_Click()
+{
+    const QString missing = firstMissing();
+    if (!missing.isEmpty()) {
+        MsgBox(missing, QStringLiteral("Build Wizard"), MsgIcon::Information);
+        return;
+    }
+    Check1 = 1;
+    if (OptP2->Value())
+        collectAddresses();
+    form<FrmBuild2>()->prepare(int(List3.size()), OptP2->Value());
+    // Each OK adds the "Other" texts, so one behind a Back adds them once more.
+    if (!Txtother->text().isEmpty())
+        List1 << Txtother->text();
+    if (!Txtother2->text().isEmpty())
+        List2 << Txtother2->text();
+    Hide();
+    form<FrmBuild2>()->Show();
+}
+
+void FrmBuild1::Command2_Click()
+{
+    Unload();
+}
