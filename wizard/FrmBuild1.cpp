@@ -197,10 +197,11 @@ void connectLines(FrmBuild1* page, std::span<const LineBox> boxes, QStringList& 
         CheckBox* const box = page->*entry.box;
         const QString line = QLatin1String(entry.line);
         on(box, &CheckBox::Click, page, [box, line, &list] {
-            if (box->Value() == 0)
+            if (box->Value() == 0) {
                 removeLine(list, line);
-            else
+            } else {
                 list << line;
+            }
         });
     }
 }
@@ -219,8 +220,6 @@ QString wholeText(const QPlainTextEdit* box)
 FrmBuild1::FrmBuild1()
 {
     setupUi(this);
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowCloseButtonHint); // a fixed border has nothing to maximise
     QPalette grey = palette();
     grey.setColor(QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
@@ -322,10 +321,11 @@ bool FrmBuild1::queryUnload()
 /// Enter presses the default button from every field that has no use for the key itself.
 void FrmBuild1::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         Command1->click();
-    else
+    } else {
         Form::keyPressEvent(event);
+    }
 }
 
 Listing FrmBuild1::listing() const
