@@ -68,6 +68,7 @@ int main(int argc, char* argv[])
 {
     prepareWebEngine();
     QApplication app(argc, argv);
+    setAppPath(QStringLiteral(SHIPPED_DATA));
     const bool bare = argc > 1 && QByteArray(argv[1]) == "bare";
     doors().endNow(bare ? runBare() : runProgram());
 }

@@ -75,9 +75,10 @@ WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    for (QTimer* timer : {&m_documentTimer, &m_lossTimer, &m_caretTimer})
+    for (QTimer* timer : {&m_documentTimer, &m_revealTimer, &m_lossTimer, &m_caretTimer})
         timer->setSingleShot(true);
     connect(&m_documentTimer, &QTimer::timeout, this, &WebBrowser::showDocument);
+    connect(&m_revealTimer, &QTimer::timeout, this, &WebBrowser::reveal);
     connect(&m_lossTimer, &QTimer::timeout, this, &WebBrowser::tellLoss);
     connect(&m_caretTimer, &QTimer::timeout, this, &WebBrowser::renewCaret);
 }
@@ -297,6 +298,7 @@ bool WebBrowser::writePage(const QString& html)
             break;
         ready = false;
         if (call(function).value_or(false).toBool()) {
+            m_revealTimer.start(0); // behind what is asked in the same breath
             wakeCaret();
             return true;
         }
@@ -305,6 +307,15 @@ bool WebBrowser::writePage(const QString& html)
     }
     m_lossTold = true;
     return false;
+}
+
+/// Lays out what was written (see surface.js).
+void WebBrowser::reveal()
+{
+    m_revealTimer.stop();
+    if (m_designMode == DesignMode::On && m_content == Content::Document && !m_lost)
+        m_page->runJavaScript(surfaceScript() + QStringLiteral(".reveal()"),
+                              QWebEngineScript::ApplicationWorld);
 }
 
 bool WebBrowser::openBlankPage()
@@ -409,6 +420,8 @@ FindResult WebBrowser::find(const QString& text, bool backwards, bool matchCase)
         m_page->findText(QString());
         return {};
     }
+    if (m_revealTimer.isActive())
+        reveal();
     QWebEnginePage::FindFlags flags;
     flags.setFlag(QWebEnginePage::FindBackward, backwards);
     flags.setFlag(QWebEnginePage::FindCaseSensitively, matchCase);

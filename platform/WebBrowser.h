@@ -147,6 +147,7 @@ private:
     void makeView();
     void makeDocument();
     void showDocument();
+    void reveal();
     bool writePage(const QString& html);
     bool openBlankPage();
     bool startBlankPage();
@@ -180,6 +181,7 @@ private:
     QWebEngineView* m_view = nullptr;
     WebPage* m_page = nullptr;
     QTimer m_documentTimer;
+    QTimer m_revealTimer;
     QTimer m_lossTimer;
     QTimer m_caretTimer;
     int m_caretTries = 0;

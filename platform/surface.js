@@ -18,6 +18,10 @@ const selectedRange = () => getSelection().rangeCount > 0 ? getSelection().getRa
 const HIDDEN = new CSSStyleSheet();
 HIDDEN.replaceSync(':root { display: none !important }');
 
+function reveal() {
+    document.adoptedStyleSheets = [];
+}
+
 /** An editing command works where the caret is: there has to be one. */
 function placeCaret() {
     if (!selectedRange() && body())
@@ -70,8 +74,8 @@ return {
     },
 
     /**
-     * Replaces the document by a text. On a design surface nothing looks at the page before it is painted, so it
-     * stays hidden until the parser is done: laying it out at once takes ten times as long as parsing it.
+     * Replaces the document by a text. On a design surface the page stays hidden until `reveal`: laying it out takes
+     * ten times as long as parsing it, and what is read back in the same breath needs no layout.
      */
     write(text, design) {
         Document.prototype.open.call(document);
@@ -79,24 +83,26 @@ return {
         if (design)
             document.adoptedStyleSheets = [HIDDEN];
         Document.prototype.close.call(document);
-        if (design) {
+        if (design)
             placeCaret();
-            document.adoptedStyleSheets = [];
-        }
         return true;
     },
+
+    reveal,
 
     innerHtml(scripting) {
         return serialise(document, scripting);
     },
 
     execCommand(name, value) {
+        reveal();
         placeCaret();
         return command(name, value);
     },
 
     /** The selection as [text, HTML]; blanks that must not break are blanks in the text. */
     selection() {
+        reveal();
         const range = selectedRange();
         if (!range || range.collapsed)
             return ['', ''];
@@ -106,6 +112,7 @@ return {
     },
 
     paste(text, html) {
+        reveal();
         placeCaret();
         const clean = html && harmless(html);
         return clean ? command('insertHTML', clean) : command('insertText', text);
@@ -119,6 +126,7 @@ return {
 
     /** Changes or, without an address, removes the link at the caret; makes one of the selection or the address. */
     setLink(address) {
+        reveal();
         placeCaret();
         const link = linkAtCaret();
         if (link)
