@@ -119,12 +119,12 @@ QString flag(bool on)
 
 QString setting(const char* section, const char* key)
 {
-    return ReadProfile(QLatin1String(section), QLatin1String(key), appFile(QStringLiteral("\\web.ini")));
+    return ReadProfile(QLatin1String(section), QLatin1String(key), webIni());
 }
 
 void keep(const char* section, const char* key, const QString& value)
 {
-    WriteProfile(QLatin1String(section), QLatin1String(key), value, appFile(QStringLiteral("\\web.ini")));
+    WriteProfile(QLatin1String(section), QLatin1String(key), value, webIni());
 }
 
 void restoreBox(CheckBox* box, const char* section, const char* key)

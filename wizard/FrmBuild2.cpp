@@ -36,7 +36,7 @@ QString setNamesFile()
 int sourceColor(const char* key)
 {
     return toInteger32(
-        ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), appFile(QStringLiteral("\\web.ini"))));
+        ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
 }
 
 TermsTexts readTerms()
