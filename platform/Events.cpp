@@ -46,10 +46,11 @@ QString kept()
 
 void whenHandlersReturn(std::function<void()> action)
 {
-    if (runningHandlers == 0)
+    if (runningHandlers == 0) {
         action();
-    else
+    } else {
         waitingActions().push_back(std::move(action));
+    }
 }
 
 void keepOnFatal(std::function<QString()> keep)

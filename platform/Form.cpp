@@ -14,10 +14,11 @@ void Form::Show()
 {
     if (!std::exchange(m_placed, true))
         placeOverFrontWindow();
-    if (isMinimized())
+    if (isMinimized()) {
         showNormal();
-    else
+    } else {
         show();
+    }
     raise();
     activateWindow();
 }

@@ -268,10 +268,11 @@ void WebBrowser::makeDocument()
 /// Something to type into, also where the renderer ended out of sight.
 void WebBrowser::showDocument()
 {
-    if (hasDocument())
+    if (hasDocument()) {
         makeDocument();
-    else
+    } else {
         writePage(QString());
+    }
 }
 
 bool WebBrowser::write(const QString& html)
@@ -313,9 +314,10 @@ bool WebBrowser::writePage(const QString& html)
 void WebBrowser::reveal()
 {
     m_revealTimer.stop();
-    if (m_designMode == DesignMode::On && m_content == Content::Document && !m_lost)
+    if (m_designMode == DesignMode::On && m_content == Content::Document && !m_lost) {
         m_page->runJavaScript(surfaceScript() + QStringLiteral(".reveal()"),
                               QWebEngineScript::ApplicationWorld);
+    }
 }
 
 bool WebBrowser::openBlankPage()

@@ -73,12 +73,13 @@ void FindBar::dismiss()
 void FindBar::find(bool backwards)
 {
     const FindResult found = m_surface->find(m_text->text(), backwards);
-    if (m_text->text().isEmpty())
+    if (m_text->text().isEmpty()) {
         m_count->clear();
-    else if (found.matches == 0)
+    } else if (found.matches == 0) {
         m_count->setText(QStringLiteral("Not found"));
-    else
+    } else {
         m_count->setText(QStringLiteral("%1 of %2").arg(found.current).arg(found.matches));
+    }
 }
 
 void FindBar::enterPressed()
@@ -98,10 +99,11 @@ void FindBar::findPrevious()
 
 void FindBar::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape)
+    if (event->key() == Qt::Key_Escape) {
         guarded([this] { dismiss(); });
-    else
+    } else {
         QFrame::keyPressEvent(event);
+    }
 }
 
 /// Keeps the bar at the surface's upper right corner, and goes with the surface.

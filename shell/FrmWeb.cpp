@@ -310,10 +310,11 @@ void FrmWeb::Toolbar1_ButtonClick(int index)
             emit toolWanted(index);
         return;
     }
-    if (const auto entry = ToolbarPositions.at(size_t(index) - 1).entry)
+    if (const auto entry = ToolbarPositions.at(size_t(index) - 1).entry) {
         (this->*entry)->trigger();
-    else
+    } else {
         emit toolWanted(index);
+    }
 }
 
 void FrmWeb::MnExit_Click()

@@ -303,10 +303,11 @@ void FrmWeb::MnPaste_Click()
 {
     switch (SSTab1->Tab()) {
     case EditorTab:
-        if (Clipboard::GetText().isEmpty())
+        if (Clipboard::GetText().isEmpty()) {
             RichTextBox1->setSelText(QByteArray()); // an empty text replaces the selection too
-        else
+        } else {
             RichTextBox1->paste();
+        }
         break;
     case PreviewTab:
         surfaceCommand(QStringLiteral("Paste"));

@@ -14,7 +14,6 @@ namespace {
 
 const QString FontSection = QStringLiteral("Font");
 
-
 QString fontSetting(const char* key)
 {
     return ReadProfile(FontSection, QString::fromLatin1(key), webIni());
