@@ -19,6 +19,7 @@
 #include "wizard/Generators.h"
 #include "wizard/Terms.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QShortcut>
 #include <algorithm>
@@ -122,6 +123,13 @@ PageLook FrmBuild2::look() const
 }
 
 /// Enter that no control has use for is the default button's.
+/// The window's own button gives up as Cancel does: page 1 must not stay behind where nobody sees it.
+void FrmBuild2::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    guarded([this] { Command4_Click(); });
+}
+
 void FrmBuild2::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {

@@ -147,6 +147,7 @@ private slots:
 
     void backForgets();
     void cancelAsks();
+    void closeButtonCancels();
     void escapeCancels();
 
     void styleButtons_data();
@@ -674,6 +675,19 @@ void TestFrmBuild2::backForgets()
     QCOMPARE(form<FrmBuild2>()->Label11->text(), QStringLiteral("0"));
     QCOMPARE(form<FrmBuild2>()->look().Txt8, QStringLiteral("#000000"));
     QCOMPARE(form<FrmBuild2>()->look().pictureStyle, 3);
+}
+
+void TestFrmBuild2::closeButtonCancels()
+{
+    auto* page = openPage2();
+    m_doors->answerMsgBox(MsgAnswer::No);
+    page->close();
+    QVERIFY(page->isVisible());
+    m_doors->answerMsgBox(MsgAnswer::Yes);
+    page->close();
+    QVERIFY(!isLoaded<FrmBuild2>());
+    QVERIFY(!isLoaded<FrmBuild1>());
+    QCOMPARE(m_doors->asked, QStringList({CancelQuestion, CancelQuestion}));
 }
 
 void TestFrmBuild2::cancelAsks()
