@@ -258,7 +258,7 @@ void FrmWeb::Form_Resize()
 
     // The layout counts from below the menu bar, and frames from the tab control's own top. Its numbers are
     // made for tabs of at most `UsualTabs`: what taller ones take is taken from the control's height.
-    constexpr int UsualTabs = 28;
+    constexpr int UsualTabs = 22; // leaves the status line its height in any common font
     const int tabsHeight = SSTab1->tabBar()->sizeHint().height();
     const int usualHeight = qMin(tabsHeight, UsualTabs);
     const int surplus = (tabsHeight - usualHeight) * TwipsPerPixel;
