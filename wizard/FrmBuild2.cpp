@@ -127,7 +127,8 @@ PageLook FrmBuild2::look() const
 void FrmBuild2::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    guarded([this] { Command4_Click(); });
+    if (!isUnloaded())
+        guarded([this] { Command4_Click(); });
 }
 
 void FrmBuild2::keyPressEvent(QKeyEvent* event)
