@@ -20,6 +20,7 @@
 #include <algorithm>
 #include <csignal>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -63,6 +64,16 @@ QString literal(bool value)
     return value ? QStringLiteral("true") : QStringLiteral("false");
 }
 
+/// Runs what a timer of the control began. A control that is deleted meanwhile has nobody left to tell.
+void untilDeleted(const std::function<void()>& body)
+{
+    try {
+        body();
+    } catch (const SurfaceLost&) {
+        return;
+    }
+}
+
 } // namespace
 
 SurfaceLost::SurfaceLost()
@@ -75,9 +86,10 @@ WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
 {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    for (QTimer* timer : {&m_documentTimer, &m_revealTimer, &m_lossTimer, &m_caretTimer})
+    for (QTimer* timer : {&m_documentTimer, &m_writeTimer, &m_revealTimer, &m_lossTimer, &m_caretTimer})
         timer->setSingleShot(true);
-    connect(&m_documentTimer, &QTimer::timeout, this, &WebBrowser::showDocument);
+    connect(&m_documentTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { showDocument(); }); });
+    connect(&m_writeTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { writeNext(); }); });
     connect(&m_revealTimer, &QTimer::timeout, this, &WebBrowser::reveal);
     connect(&m_lossTimer, &QTimer::timeout, this, &WebBrowser::tellLoss);
     connect(&m_caretTimer, &QTimer::timeout, this, &WebBrowser::renewCaret);
@@ -242,6 +254,11 @@ void WebBrowser::rendererEnded()
     m_lost = true;
     m_lossTold = false;
     m_lossTimer.start(0);
+    if (m_writing && !m_next) // nobody will say that it is done
+        m_next = m_writing;
+    m_writing.reset();
+    if (m_next)
+        m_writeTimer.start(0);
 }
 
 void WebBrowser::tellLoss()
@@ -258,9 +275,11 @@ void WebBrowser::tellLoss()
 
 // ---- The document ----------------------------------------------------------------------------------------
 
-/// An empty document, where there is none yet.
+/// What is to be shown soon; an empty document, where there is none yet.
 void WebBrowser::makeDocument()
 {
+    if (m_next)
+        writePage(*std::exchange(m_next, std::nullopt));
     if (m_content == Content::Nothing && !m_lost)
         writePage(QString());
 }
@@ -277,9 +296,59 @@ void WebBrowser::showDocument()
 
 bool WebBrowser::write(const QString& html)
 {
+    m_next.reset();
     if (!m_view && html.isEmpty()) // an empty document needs no view until it is seen
         return true;
     return writePage(html);
+}
+
+void WebBrowser::writeSoon(const QString& html)
+{
+    m_next = html;
+    if (!m_writing)
+        m_writeTimer.start(0);
+}
+
+void WebBrowser::writeNext()
+{
+    if (!m_next || m_writing)
+        return;
+    const QString html = *std::exchange(m_next, std::nullopt);
+    if (!takesPage()) {
+        writePage(html);
+        return;
+    }
+    m_writing = html;
+    const auto written = [self = QPointer<WebBrowser>(this)](const QVariant&) {
+        if (!self)
+            return;
+        self->m_writing.reset();
+        if (self->m_next)
+            self->m_writeTimer.start(0);
+    };
+    m_page->runJavaScript(surfaceScript() + u'.' + writeFunction(html), QWebEngineScript::ApplicationWorld,
+                          written);
+    reveal();
+}
+
+/// Whether the page's own scripts run in the empty page that was opened last.
+bool WebBrowser::scriptsRun() const
+{
+    return m_kind != WebPage::Kind::Sample && m_openedFor == DesignMode::Off;
+}
+
+/// Whether the next document can go where the present one is. The scripts of a page live on in its realm, so
+/// a page with scripts needs a new one.
+bool WebBrowser::takesPage() const
+{
+    return m_content == Content::Document && !m_lost && m_openedFor == m_designMode && !scriptsRun();
+}
+
+QString WebBrowser::writeFunction(const QString& html)
+{
+    m_length = html.size();
+    return QStringLiteral("write(") + literal(html) + QStringLiteral(", ") +
+           literal(m_designMode == DesignMode::On) + u')';
 }
 
 bool WebBrowser::writePage(const QString& html)
@@ -287,12 +356,8 @@ bool WebBrowser::writePage(const QString& html)
     makeView();
     if (m_page->isAsking()) // the page can't go while the user has yet to answer
         return false;
-    m_length = html.size();
-    const bool design = m_designMode == DesignMode::On;
-    const QString function =
-        QStringLiteral("write(") + literal(html) + QStringLiteral(", ") + literal(design) + u')';
-    // The scripts of the page before live on in its realm, so a page with scripts gets a new one.
-    bool ready = design && m_content == Content::Document && !m_lost && m_scriptsOff;
+    const QString function = writeFunction(html);
+    bool ready = takesPage();
     m_content = Content::Document; // what waits for the view to be seen must not write into the same page
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (!ready && !openBlankPage())
@@ -324,8 +389,8 @@ bool WebBrowser::openBlankPage()
 {
     for (int attempt = 0; attempt < 2; ++attempt) {
         m_lost = false;
-        m_scriptsOff = m_designMode == DesignMode::On;
-        m_page->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, !m_scriptsOff);
+        m_openedFor = m_designMode;
+        m_page->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, scriptsRun());
         m_page->triggerAction(QWebEnginePage::Stop); // a load still under way would replace what is written
         m_page->leaveFor(blankAddress());
         m_page->load(blankAddress()); // the same address again replaces its entry in the history
@@ -353,7 +418,9 @@ bool WebBrowser::startBlankPage()
         });
         wait(loop, static_cast<int>(deadline.remainingTime()));
         if (!deadline.hasExpired() &&
-            call(QStringLiteral("start(") + literal(m_scriptsOff) + u')').value_or(false).toBool())
+            call(QStringLiteral("start(") + literal(m_openedFor == DesignMode::On) + u')')
+                .value_or(false)
+                .toBool())
             return true;
     }
     return false;
@@ -362,7 +429,7 @@ bool WebBrowser::startBlankPage()
 QString WebBrowser::innerHtml()
 {
     makeDocument();
-    const std::optional<QVariant> answer = call(QStringLiteral("innerHtml(") + literal(!m_scriptsOff) + u')');
+    const std::optional<QVariant> answer = call(QStringLiteral("innerHtml(") + literal(scriptsRun()) + u')');
     if (!answer || answer->typeId() != QMetaType::QString) {
         m_lossTold = true;
         throw SurfaceLost();

@@ -24,7 +24,8 @@ public:
     SurfaceLost();
 };
 
-/// Whether the document can be edited. On a design surface no script of the page runs; elsewhere they do.
+/// Whether the document can be edited. On a design surface and in a sample no script of the page runs;
+/// elsewhere they do.
 enum class DesignMode { Off, On };
 
 /// How often a text was found, and which of the places is selected, counted from 1; 0 when it wasn't found.
@@ -61,6 +62,11 @@ public:
     /// limit of 5 seconds and 5 more for each million characters; then there is no document. Also false while
     /// a message of the page stands before the user; then it stays.
     bool write(const QString& html);
+
+    /// Replaces the whole document when the engine is ready for it, and returns at once. Of pages given
+    /// faster than the engine takes them only the last is shown, so a sample follows the hand without holding
+    /// it up. Operations that come later find the page there.
+    void writeSoon(const QString& html);
 
     /// The inner HTML of the root element, with the comments around it, as serialise.js prints it. Throws
     /// SurfaceLost when the page doesn't answer: an empty answer is always an empty document.
@@ -148,6 +154,10 @@ private:
     void makeDocument();
     void showDocument();
     void reveal();
+    void writeNext();
+    bool scriptsRun() const;
+    bool takesPage() const;
+    QString writeFunction(const QString& html);
     bool writePage(const QString& html);
     bool openBlankPage();
     bool startBlankPage();
@@ -181,14 +191,17 @@ private:
     QWebEngineView* m_view = nullptr;
     WebPage* m_page = nullptr;
     QTimer m_documentTimer;
+    QTimer m_writeTimer;
     QTimer m_revealTimer;
     QTimer m_lossTimer;
     QTimer m_caretTimer;
     int m_caretTries = 0;
-    bool m_lost = false;       // the renderer has ended, and nothing was written since
-    bool m_lossTold = false;   // ... and the caller knows it
-    bool m_gaveUp = false;     // the last question was not answered within the limit
-    bool m_scriptsOff = false; // of the empty page that was opened last
+    bool m_lost = false;                      // the renderer has ended, and nothing was written since
+    bool m_lossTold = false;                  // ... and the caller knows it
+    bool m_gaveUp = false;                    // the last question was not answered within the limit
+    DesignMode m_openedFor = DesignMode::Off; // of the empty page that was opened last
+    std::optional<QString> m_next;            // what `writeSoon` has yet to show
+    std::optional<QString> m_writing;         // ... and what the engine has not yet taken
     int m_zoomLevel = 2;
     int m_patience = 5000;
     qsizetype m_length = 0; // of the text last written or read, in characters

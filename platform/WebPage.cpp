@@ -13,7 +13,7 @@ const QString MessageTitle = QStringLiteral("Message of the page");
 } // namespace
 
 WebPage::WebPage(Kind kind, QObject* parent)
-    : QWebEnginePage(kind == Kind::Document ? documentProfile() : internetProfile(), parent), m_kind(kind)
+    : QWebEnginePage(kind == Kind::Internet ? internetProfile() : documentProfile(), parent), m_kind(kind)
 {
     connect(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl& origin, Feature feature) {

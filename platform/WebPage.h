@@ -12,6 +12,7 @@ class WebPage : public QWebEnginePage
 public:
     enum class Kind {
         Document, ///< never leaves what was written into it
+        Sample,   ///< the same, and no script in it runs
         Internet, ///< follows its links
     };
 

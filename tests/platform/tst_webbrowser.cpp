@@ -49,6 +49,13 @@ bool isRefused(const QSignalSpy& status)
     });
 }
 
+/// A sample, not shown.
+class Sample : public WebBrowser
+{
+public:
+    Sample() { setKind(WebPage::Kind::Sample); }
+};
+
 /// A design surface, not shown.
 class Surface : public WebBrowser
 {
@@ -104,6 +111,11 @@ private slots:
     void addresses();
     void zoom();
     void severalAtOnce();
+    void samplesShowTheLastPage();
+    void samplesRunNoScripts();
+    void samplesSurviveTheirRenderer();
+    void samplesInDesignMode();
+    void deletedSample();
     void formUnloadedWhileWaiting();
 };
 
@@ -812,6 +824,91 @@ void TestWebBrowser::severalAtOnce()
     QCOMPARE(second.innerHtml(), page(QStringLiteral("free")));
     QVERIFY(first.rendererPid() != second.rendererPid());
     endRenderer(first);
+}
+
+void TestWebBrowser::samplesShowTheLastPage()
+{
+    Sample sample;
+    for (int i = 0; i < 100; ++i)
+        sample.writeSoon(QStringLiteral("<P>%1</P>").arg(i));
+    QCOMPARE(sample.innerHtml(), page(QStringLiteral("\r\n<P>99</P>")));
+
+    // No one asks: the page is there all the same, and many more came than the engine was given.
+    sample.evaluate(
+        QStringLiteral("globalThis.pages = 0; const open = Document.prototype.open;"
+                       "Document.prototype.open = function () { ++pages; return open.call(this) }"));
+    for (int i = 0; i < 100; ++i)
+        sample.writeSoon(QStringLiteral("<P>now %1</P>").arg(i));
+    QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("now 99"));
+    const int pages = value(sample, "String(globalThis.pages)").toInt();
+    QVERIFY2(pages >= 1 && pages <= 10, qPrintable(QString::number(pages)));
+
+    sample.writeSoon(QStringLiteral("late"));
+    QVERIFY(sample.write(QStringLiteral("later")));
+    QCOMPARE(sample.innerHtml(), page(QStringLiteral("later")));
+}
+
+void TestWebBrowser::samplesRunNoScripts()
+{
+    Sample sample;
+    const QString html = QStringLiteral("<SCRIPT>document.title = 'ran'</SCRIPT><P>x</P>");
+    sample.writeSoon(html);
+    QVERIFY(sample.innerHtml().contains(html.left(20)));
+    QCOMPARE(value(sample, "document.title"), QString());
+    QVERIFY(sample.write(html));
+    QCOMPARE(value(sample, "document.title"), QString());
+    QCOMPARE(value(sample, "document.designMode"), QStringLiteral("off"));
+}
+
+void TestWebBrowser::samplesSurviveTheirRenderer()
+{
+    Sample sample;
+    sample.writeSoon(QStringLiteral("before"));
+    QCOMPARE(sample.innerHtml(), page(QStringLiteral("before")));
+    QSignalSpy died(&sample, &WebBrowser::rendererDied);
+    endRenderer(sample);
+    sample.writeSoon(QStringLiteral("between"));
+    sample.writeSoon(QStringLiteral("after"));
+    QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("after"));
+
+    // Dead while the engine has a page of which nobody will hear again.
+    sample.writeSoon(QStringLiteral("lost"));
+    endRendererSoon(sample);
+    QTRY_VERIFY(!died.isEmpty());
+    sample.writeSoon(QStringLiteral("found"));
+    QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("found"));
+}
+
+void TestWebBrowser::samplesInDesignMode()
+{
+    Sample sample;
+    sample.setDesignMode(DesignMode::On);
+    sample.writeSoon(QStringLiteral("one"));
+    QCOMPARE(sample.innerHtml(), page(QStringLiteral("one")));
+    QCOMPARE(value(sample, "document.designMode"), QStringLiteral("on"));
+    sample.writeSoon(QStringLiteral("two"));
+    QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("two"));
+    sample.setDesignMode(DesignMode::Off);
+    QCOMPARE(sample.innerHtml(), page(QStringLiteral("two")));
+    QCOMPARE(value(sample, "document.designMode"), QStringLiteral("off"));
+}
+
+void TestWebBrowser::deletedSample()
+{
+    QPointer<Sample> sample = new Sample;
+    sample->writeSoon(QStringLiteral("x"));
+    QTimer::singleShot(0, sample, [&] { delete sample; }); // while the engine is being started
+    QTRY_VERIFY(!sample);
+    for (const int turns : {0, 1, 2}) {
+        auto* another = new Sample;
+        another->writeSoon(QStringLiteral("x"));
+        another->innerHtml();
+        another->writeSoon(QStringLiteral("y"));
+        for (int i = 0; i < turns; ++i)
+            QCoreApplication::processEvents();
+        delete another;
+    }
+    QTest::qWait(50); // for what would arrive at a control that is gone
 }
 
 void TestWebBrowser::formUnloadedWhileWaiting()
