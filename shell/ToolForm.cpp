@@ -1,0 +1,67 @@
+#include "shell/ToolForm.h"
+
+#include "platform/CheckBox.h"
+#include "platform/Conversion.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "services/Profile.h"
+#include "shell/FrmWeb.h"
+
+#include <QKeyEvent>
+
+namespace {
+
+int readNumber(const QString& section, const QString& key, IfMissing ifMissing)
+{
+    try {
+        return toInteger16(ReadProfile(section, key, webIni()));
+    } catch (const RuntimeError&) {
+        if (ifMissing == IfMissing::Mismatch)
+            throw;
+        return 0;
+    }
+}
+
+} // namespace
+
+void keepInSettings(CheckBox* box, const QString& section, const QString& key, IfMissing ifMissing)
+{
+    box->setValue(readNumber(section, key, ifMissing));
+    on(box, &CheckBox::Click, box,
+       [box, section, key] { WriteProfile(section, key, fromNumber(box->Value()), webIni()); });
+}
+
+void ToolForm::setClosingBox(CheckBox* box, const QString& section, const QString& key, IfMissing ifMissing)
+{
+    keepInSettings(box, section, key, ifMissing);
+    m_closes = box;
+}
+
+void ToolForm::addToEditor(const QString& fragment)
+{
+    RichTextBox& source = *form<FrmWeb>()->RichTextBox1;
+    source.setSelText(source.encode(fragment));
+    closeIfWanted();
+}
+
+void ToolForm::copyFragment(const QString& fragment)
+{
+    Clipboard::Clear();
+    Clipboard::SetText(fragment);
+    closeIfWanted();
+}
+
+void ToolForm::closeIfWanted()
+{
+    if (m_closes && m_closes->Value() == 1)
+        Unload();
+}
+
+void ToolForm::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape && m_cancel) {
+        m_cancel->click();
+    } else {
+        Form::keyPressEvent(event);
+    }
+}
