@@ -1,5 +1,6 @@
 #include "platform/CheckBox.h"
 
+#include "platform/GraphicalButton.h"
 #include "platform/RuntimeError.h"
 
 #include <QMouseEvent>
@@ -14,6 +15,32 @@ void CheckBox::setValue(int value)
     if (value != 0 && value != 1)
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     setChecked(value == 1);
+}
+
+void CheckBox::setGraphical(bool graphical)
+{
+    m_graphical = graphical;
+    updateGeometry();
+    update();
+}
+
+QSize CheckBox::sizeHint() const
+{
+    return m_graphical ? graphicalButtonSize(*this) : QCheckBox::sizeHint();
+}
+
+bool CheckBox::hitButton(const QPoint& position) const
+{
+    return m_graphical ? rect().contains(position) : QCheckBox::hitButton(position);
+}
+
+void CheckBox::paintEvent(QPaintEvent* event)
+{
+    if (m_graphical) {
+        paintGraphicalButton(*this);
+    } else {
+        QCheckBox::paintEvent(event);
+    }
 }
 
 void CheckBox::mouseReleaseEvent(QMouseEvent* event)

@@ -6,6 +6,7 @@
 class CheckBox : public QCheckBox
 {
     Q_OBJECT
+    Q_PROPERTY(bool graphical READ isGraphical WRITE setGraphical)
 
 public:
     /// An unchecked box.
@@ -16,6 +17,12 @@ public:
     /// Checks the box with 1, unchecks it with 0. Raises InvalidPropertyValue for any other number.
     void setValue(int value);
 
+    /// Whether the box looks like a push button that stays pressed in; its picture is its icon.
+    bool isGraphical() const { return m_graphical; }
+    void setGraphical(bool graphical);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 signals:
     /// The value has changed, by hand or by code.
     void Click();
@@ -24,6 +31,11 @@ signals:
     void MouseUp();
 
 protected:
+    bool hitButton(const QPoint& position) const override;
+    void paintEvent(QPaintEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    bool m_graphical = false;
 };

@@ -1,5 +1,7 @@
 #include "platform/OptionButton.h"
 
+#include "platform/GraphicalButton.h"
+
 #include <QButtonGroup>
 #include <QMouseEvent>
 
@@ -33,6 +35,32 @@ void OptionButton::clear()
     setAutoExclusive(exclusive);
     if (buttons)
         buttons->addButton(this, id);
+}
+
+void OptionButton::setGraphical(bool graphical)
+{
+    m_graphical = graphical;
+    updateGeometry();
+    update();
+}
+
+QSize OptionButton::sizeHint() const
+{
+    return m_graphical ? graphicalButtonSize(*this) : QRadioButton::sizeHint();
+}
+
+bool OptionButton::hitButton(const QPoint& position) const
+{
+    return m_graphical ? rect().contains(position) : QRadioButton::hitButton(position);
+}
+
+void OptionButton::paintEvent(QPaintEvent* event)
+{
+    if (m_graphical) {
+        paintGraphicalButton(*this);
+    } else {
+        QRadioButton::paintEvent(event);
+    }
 }
 
 void OptionButton::mouseReleaseEvent(QMouseEvent* event)

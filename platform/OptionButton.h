@@ -6,6 +6,7 @@
 class OptionButton : public QRadioButton
 {
     Q_OBJECT
+    Q_PROPERTY(bool graphical READ isGraphical WRITE setGraphical)
 
 public:
     /// An option that isn't set.
@@ -16,6 +17,12 @@ public:
     /// Sets the option, which clears the others of its group; or clears it, so that none may be set.
     void setValue(bool value);
 
+    /// Whether the option looks like a push button that stays pressed in; its picture is its icon.
+    bool isGraphical() const { return m_graphical; }
+    void setGraphical(bool graphical);
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
 signals:
     /// The option has become set, by hand or by code; the others are cleared by then. A click on an option
     /// that is set already changes nothing and raises nothing.
@@ -25,9 +32,13 @@ signals:
     void MouseUp();
 
 protected:
+    bool hitButton(const QPoint& position) const override;
+    void paintEvent(QPaintEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     void clear();
+
+    bool m_graphical = false;
 };

@@ -273,6 +273,9 @@ private slots:
     void optionsCanAllBeCleared();
     void optionReleasedElsewhere();
 
+    void graphicalButtons_data();
+    void graphicalButtons();
+
     void listHoldsTexts();
     void listRefusesIndexesOutside();
     void listIndexByCode();
@@ -588,6 +591,49 @@ void TestControls::optionReleasedElsewhere()
 }
 
 // --- list boxes
+
+// --- check boxes and options that look like push buttons
+
+void TestControls::graphicalButtons_data()
+{
+    QTest::addColumn<bool>("option");
+    QTest::newRow("check box") << false;
+    QTest::newRow("option") << true;
+}
+
+void TestControls::graphicalButtons()
+{
+    QFETCH(bool, option);
+    CheckBox box;
+    OptionButton oneOfSeveral;
+    QAbstractButton& button = option ? static_cast<QAbstractButton&>(oneOfSeveral) : box;
+    QPixmap picture(16, 16);
+    picture.fill(Qt::red);
+    button.setIcon(picture);
+    button.setText(QStringLiteral("Bold"));
+    button.setProperty("graphical", true);
+    QVERIFY(button.sizeHint().width() > 16 + button.fontMetrics().horizontalAdvance(QStringLiteral("Bold")));
+    QVERIFY(button.sizeHint().height() >= 16);
+    button.resize(300, 60); // by far larger than picture and text
+
+    const QImage released = button.grab().toImage();
+    QCOMPARE(released.pixelColor(0, 0),
+             button.palette().color(QPalette::Window)); // no indicator, no text here
+    int clicks = 0;
+    int mouseUps = 0;
+    if (option) {
+        connect(&oneOfSeveral, &OptionButton::Click, [&] { ++clicks; });
+        connect(&oneOfSeveral, &OptionButton::MouseUp, [&] { ++mouseUps; });
+    } else {
+        connect(&box, &CheckBox::Click, [&] { ++clicks; });
+        connect(&box, &CheckBox::MouseUp, [&] { ++mouseUps; });
+    }
+    QTest::mouseClick(&button, Qt::LeftButton, {}, QPoint(295, 55)); // all of it can be pressed
+    QVERIFY(button.isChecked());
+    QCOMPARE(clicks, 1);
+    QCOMPARE(mouseUps, 1);
+    QVERIFY(button.grab().toImage() != released);
+}
 
 void TestControls::listHoldsTexts()
 {
