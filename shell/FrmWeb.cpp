@@ -125,6 +125,8 @@ FrmWeb::FrmWeb()
     loadSettings();
     connectHandlers();
     connectViews();
+    connectRegions();
+    connectQuickTags();
     keepOnFatal([this] { return keepText(); });
     RichTextBox1->setFocus();
 }

@@ -9,9 +9,7 @@
 /// The main window: owner of the document, its views and the settings of the source box.
 ///
 /// The document is bytes: the source box's text while tab 0 is up, the design surface's content while tab 1
-/// is up. Handlers are named after control and event and lie in four files: FrmWeb.cpp (the window, toolbar,
-/// menu, closing), FrmWebDocument.cpp (files, clipboard, what counts as unsaved), FrmWebViews.cpp (tabs,
-/// Design option, surface commands) and FrmWebEditor.cpp (font, background and highlight of the source box).
+/// is up. Handlers are named after control and event; the declarations tell the file of each.
 class FrmWeb : public Form, public Ui::FrmWeb
 {
     Q_OBJECT
@@ -71,6 +69,15 @@ private:
     void Toolbar1_ButtonClick(int index);
     void MnExit_Click();
     QString keepText();
+
+    // FrmWebRegions.cpp
+    void connectRegions();
+    void CmdCell_Click();
+    void CmdOffLeg_Click();
+
+    // FrmWebQuickTags.cpp
+    void connectQuickTags();
+    void munmsg_Click();
 
     // FrmWebDocument.cpp
     void MnNew_Click();

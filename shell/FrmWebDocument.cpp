@@ -7,6 +7,7 @@
 #include "services/Codes.h"
 #include "shell/FrmWeb.h"
 #include "shell/Generator.h"
+#include "shell/Regions.h"
 
 #include <QFileInfo>
 
@@ -161,6 +162,7 @@ void FrmWeb::MnNew_Click()
         return;
     emptyDocument();
     writeSurface(WebBrowser1, QString());
+    UpdateRegionButtons(*this);
 }
 
 void FrmWeb::MnOpen_Click()
@@ -173,6 +175,7 @@ void FrmWeb::MnOpen_Click()
         emptyDocument();
         writeSurface(WebBrowser1, QString());
         writeSurface(WebBrowser3, QString());
+        UpdateRegionButtons(*this);
     }
     CommonDialog dialog;
     dialog.CancelError = true;
@@ -205,6 +208,7 @@ void FrmWeb::MnOpen_Click()
     setCaption(bareName(Text2));
     if (Check1 == 1)
         munhighlight_Click();
+    UpdateRegionButtons(*this);
 }
 
 void FrmWeb::mnsave_Click()

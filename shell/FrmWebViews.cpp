@@ -5,6 +5,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "shell/FrmWeb.h"
+#include "shell/Regions.h"
 #include "shell/SurfaceCommands.h"
 
 namespace {
@@ -70,6 +71,7 @@ void FrmWeb::showEditor()
         munhighlight_Click();
     if (isBlankDocument())
         Dirty = false;
+    UpdateRegionButtons(*this);
 }
 
 void FrmWeb::showPreview()

@@ -1,14 +1,28 @@
 #include "shell/Regions.h"
 
-#include "services/Markers.h"
+#include "shell/FrmPop.h"
 #include "shell/FrmWeb.h"
 
 #include <optional>
 
 namespace {
 
-/// Whether the pages of a design style, 0 to 3, have a rule under the title.
-constexpr std::array<bool, StyleMarkers.size()> HasLine = {true, true, false, false};
+/// How much of the text is marked while the program walks over it, in bytes.
+constexpr int WorkingSelection = 90000;
+
+/// What the pages of a design style, 0 to 3, have.
+struct StyleParts
+{
+    bool line;            ///< a rule under the title
+    bool descriptionCell; ///< a cell "Description:"
+};
+
+constexpr std::array<StyleParts, StyleMarkers.size()> Parts = {{
+    {true, false},
+    {true, false},
+    {false, false},
+    {false, true},
+}};
 
 /// The document's design style, or none.
 std::optional<size_t> documentStyle(RichTextBox& source)
@@ -22,6 +36,22 @@ std::optional<size_t> documentStyle(RichTextBox& source)
 
 } // namespace
 
+void selectRegion(FrmWeb& main, Region region)
+{
+    const QByteArray opening = markers(region).opening.toByteArray();
+    const QByteArray closing = markers(region).closing.toByteArray();
+    RichTextBox& source = *main.RichTextBox1;
+    source.setFocus();
+    source.setSelStart(0);
+    source.setSelLength(WorkingSelection);
+    for (int start = source.Find(opening, 0); start >= 0; start = source.Find(opening, start + 1)) {
+        const int end = source.Find(closing, start);
+        const int inside = start + int(opening.size());
+        source.setSelStart(inside);
+        source.setSelLength(end - inside); // negative where the closing marker is gone
+    }
+}
+
 bool updateStyleButtons(FrmWeb& main)
 {
     RichTextBox& source = *main.RichTextBox1;
@@ -29,8 +59,19 @@ bool updateStyleButtons(FrmWeb& main)
     const std::optional<size_t> style = documentStyle(source);
     for (QPushButton* button : {main.CmdTitle, main.CmdDes, main.CmdCell})
         button->setEnabled(style.has_value());
-    main.CmdLine->setEnabled(style && HasLine[*style]);
+    main.CmdLine->setEnabled(style && Parts.at(*style).line);
+    if (style)
+        form<FrmPop>()->muDesc->setEnabled(Parts.at(*style).descriptionCell);
     source.setSelLength(0);
     source.setSelStart(caret);
     return style.has_value();
+}
+
+void UpdateRegionButtons(FrmWeb& main)
+{
+    const bool isListing = updateStyleButtons(main);
+    main.CmdOffLeg->setEnabled(isListing);
+    if (isListing)
+        main.CmdPic->setEnabled(main.RichTextBox1->Find(markers(Region::Picture).opening.toByteArray()) !=
+                                -1);
 }

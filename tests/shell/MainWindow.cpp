@@ -1,25 +1,11 @@
 #include "MainWindow.h"
 
-#include "shell/About.h"
-#include "shell/FrmHelp.h"
-#include "shell/FrmSplash.h"
-
+#include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
-
-namespace {
-
-template <typename F>
-void unload()
-{
-    if (isLoaded<F>())
-        form<F>()->Unload();
-}
-
-} // namespace
 
 MainWindow::MainWindow() : web(form<FrmWeb>())
 {
@@ -45,6 +31,15 @@ void MainWindow::choose(QMenu* menu, QAction* entry) const
     if (!QTest::qWaitForWindowExposed(menu)) {
         QTest::qFail("the menu does not open", __FILE__, __LINE__);
         return;
+    }
+    // An entry of a menu within the menu: open that one first.
+    for (QMenu* inner : menu->findChildren<QMenu*>()) {
+        if (inner->actions().contains(entry)) {
+            menu->setActiveAction(inner->menuAction());
+            QTest::keyClick(menu, Qt::Key_Right);
+            menu = inner;
+            break;
+        }
     }
     menu->setActiveAction(entry);
     QTest::keyClick(menu, Qt::Key_Return);
@@ -93,9 +88,10 @@ void MainWindow::saveAs(const QString& path)
 
 void unloadAll()
 {
-    unload<FrmSplash>();
-    unload<FrmHelp>();
-    unload<About>();
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (auto* tool = qobject_cast<Form*>(window); tool && !qobject_cast<FrmWeb*>(tool))
+            tool->Unload();
+    }
     if (isLoaded<FrmWeb>())
         delete form<FrmWeb>(); // its unload would end the program
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/Form.h"
+
+#include <QMenu>
+
+/// Carries the menus that other windows open at the mouse; never shown itself. Each entry selects a part of
+/// the listing in the source box (see `selectRegion`).
+class FrmPop : public Form
+{
+    Q_OBJECT
+
+public:
+    FrmPop();
+
+    QMenu mucell;      ///< titles of the cells
+    QMenu mulistpopup; ///< lists
+    QMenu mubody;      ///< terms
+
+    /// Cell title of the description, which only pages of style 3 have.
+    QAction* muDesc = nullptr;
+};
