@@ -9,6 +9,7 @@
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QPointer>
+#include <QRegularExpression>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineFindTextResult>
@@ -34,6 +35,12 @@ constexpr int CaretPause = 30;
 
 /// How long the loss of a renderer waits to be told while operations are under way, in milliseconds.
 constexpr int LossPause = 30;
+
+/// How long a page that is stopped may take to give a sign of life, in milliseconds.
+constexpr int SignOfLife = 2000;
+
+/// How much of what a person typed a status line shows, in characters.
+constexpr qsizetype LongestShown = 200;
 
 constexpr double ZoomFactors[] = {0.6, 0.8, 1.0, 1.25, 1.6};
 
@@ -118,11 +125,12 @@ void WebBrowser::makeView()
 
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { rendererEnded(); });
     connect(m_page, &QWebEnginePage::loadingChanged, this, &WebBrowser::loadingChanged);
-    connect(m_page, &QWebEnginePage::linkHovered, this, &WebBrowser::statusTextChanged);
-    connect(m_page, &WebPage::leaveRefused, this, [this](const QUrl& address) {
-        emit statusTextChanged(
-            QStringLiteral("Links are not followed here: %1").arg(address.toDisplayString()));
+    connect(m_page, &QWebEnginePage::urlChanged, this, [this] {
+        if (m_content == Content::Elsewhere)
+            m_page->arrived(); // from here on the new page speaks, not the one that is left
     });
+    connect(m_page, &QWebEnginePage::linkHovered, this, &WebBrowser::statusTextChanged);
+    connect(m_page, &WebPage::refused, this, &WebBrowser::statusTextChanged);
     connect(m_page, &QWebEnginePage::loadProgress, this, [this](int percent) {
         if (m_content == Content::Elsewhere)
             emit progressChanged(percent, 100);
@@ -618,13 +626,27 @@ void WebBrowser::Navigate(const QString& address)
         write(QString());
         return;
     }
-    const QUrl url = QUrl::fromUserInput(text);
+    const QUrl url = addressOf(text);
     if (!url.isValid() || url.scheme() == QLatin1String("javascript")) {
-        emit statusTextChanged(QStringLiteral("Not an address: %1").arg(text));
+        emit statusTextChanged(QStringLiteral("Not an address: %1").arg(text.left(LongestShown)));
+        return;
+    }
+    if (!WebPage::isAllowed(m_kind, url)) {
+        emit statusTextChanged(QStringLiteral("Not opened here: %1").arg(shownAddress(url)));
         return;
     }
     makeView();
     load(url, [&] { m_page->load(url); });
+}
+
+QUrl WebBrowser::addressOf(const QString& text) const
+{
+    if (m_kind != WebPage::Kind::Internet)
+        return QUrl::fromUserInput(text);
+    // A name with a port looks like a scheme, but what follows is a number.
+    static const QRegularExpression scheme(QStringLiteral("^[A-Za-z][A-Za-z0-9+.-]*:(?!\\d)"));
+    const QUrl url(scheme.match(text).hasMatch() ? text : QStringLiteral("http://") + text);
+    return url.scheme().startsWith(QLatin1String("http")) && url.host().isEmpty() ? QUrl() : url;
 }
 
 /// Goes to the nearest page; the empty one into which documents are written is no place to go to.
@@ -657,9 +679,30 @@ void WebBrowser::Stop()
 {
     if (!m_page)
         return;
+    const bool wasLoading = m_page->isLoading();
     m_page->triggerAction(QWebEnginePage::Stop);
     m_page->arrived();
     emit progressChanged(0, 0);
+    if (wasLoading)
+        emit statusTextChanged(QStringLiteral("Stopped"));
+    endIfDeaf();
+}
+
+/// Asks the page for a sign of life, without waiting for it.
+void WebBrowser::endIfDeaf()
+{
+    if (m_lost || m_page->isAsking())
+        return;
+    auto* patience = new QTimer(m_page);
+    patience->setSingleShot(true);
+    connect(patience, &QTimer::timeout, this, [this, patience] {
+        patience->deleteLater();
+        if (!m_lost && !m_page->isAsking())
+            untilDeleted([this] { endRenderer(); });
+    });
+    patience->start(SignOfLife);
+    m_page->runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
+                          [timer = QPointer<QTimer>(patience)](const QVariant&) { delete timer; });
 }
 
 void WebBrowser::Refresh()
@@ -674,21 +717,27 @@ void WebBrowser::loadingChanged(const QWebEngineLoadingInfo& info)
         return;
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
-        emit statusTextChanged(QStringLiteral("Opening page %1").arg(info.url().toDisplayString()));
+        m_lost = false; // a page that has ended gets a new renderer
+        emit statusTextChanged(QStringLiteral("Opening page %1").arg(shownAddress(info.url())));
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus: // by Stop, or by the next load, which goes on
+        emit progressChanged(0, 0);
         break;
     case QWebEngineLoadingInfo::LoadSucceededStatus:
     case QWebEngineLoadingInfo::LoadFailedStatus:
         m_page->arrived();
-        m_lost = false;
         applyZoom();
         if (m_designMode == DesignMode::On) {
             m_page->runJavaScript(QStringLiteral("document.designMode = 'on'"),
                                   QWebEngineScript::ApplicationWorld);
         }
         emit progressChanged(0, 0);
-        emit statusTextChanged(QStringLiteral("Done"));
+        if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) {
+            emit statusTextChanged(QStringLiteral("Done"));
+        } else if (!m_lost) { // the loss is told by itself
+            emit statusTextChanged(
+                QStringLiteral("The page %1 could not be opened").arg(shownAddress(info.url())));
+        }
         emit navigationFinished(info.status() == QWebEngineLoadingInfo::LoadSucceededStatus);
         break;
     }

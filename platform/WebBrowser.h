@@ -96,12 +96,15 @@ public:
 
     // ---- Navigation
 
-    /// Begins to load a page. What a person types for an address will do; an empty text or "about:blank"
-    /// gives the empty document.
+    /// Begins to load a page. What a person types for an address will do; on the internet, one without a
+    /// scheme gets http. An empty text or "about:blank" gives the empty document. What is no address, or may
+    /// not be shown, is told in the status text.
     void Navigate(const QString& address);
     /// False: there is no page before (or behind) this one.
     bool GoBack();
     bool GoForward();
+    /// Stops loading. A page that hears nothing any more, because a script of it runs without end, is ended
+    /// after two seconds.
     void Stop();
     void Refresh();
 
@@ -176,6 +179,8 @@ private:
     void loadingChanged(const QWebEngineLoadingInfo& info);
     bool step(const QList<QWebEngineHistoryItem>& nearestFirst);
     void applyZoom();
+    void endIfDeaf();
+    QUrl addressOf(const QString& text) const;
 
     bool copySelection();
     bool paste();

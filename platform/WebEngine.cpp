@@ -1,5 +1,7 @@
 #include "platform/WebEngine.h"
 
+#include "platform/WebPage.h"
+
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QFile>
@@ -70,8 +72,13 @@ QWebEngineProfile* makeProfile()
 {
     auto* profile = new QWebEngineProfile(QCoreApplication::instance()); // without a name: off the record
     profile->installUrlSchemeHandler(BlankScheme, new BlankPage(profile));
-    QObject::connect(profile, &QWebEngineProfile::downloadRequested, profile,
-                     [](QWebEngineDownloadRequest* download) { download->cancel(); });
+    QObject::connect(
+        profile, &QWebEngineProfile::downloadRequested, profile, [](QWebEngineDownloadRequest* download) {
+            download->cancel();
+            if (auto* page = qobject_cast<WebPage*>(download->page()))
+                emit page->refused(
+                    QStringLiteral("Refused: the page offers a file, %1").arg(download->downloadFileName()));
+        });
 
     QWebEngineSettings* settings = profile->settings();
     settings->setFontFamily(QWebEngineSettings::StandardFont, QStringLiteral("Liberation Serif"));

@@ -4,6 +4,8 @@
 #include "platform/WebEngine.h"
 
 #include <QScopedValueRollback>
+#include <QWebEngineCertificateError>
+#include <QWebEngineNewWindowRequest>
 
 namespace {
 
@@ -12,35 +14,71 @@ const QString MessageTitle = QStringLiteral("Message of the page");
 
 } // namespace
 
+QString shownAddress(const QUrl& address)
+{
+    constexpr qsizetype Longest = 200;
+    const QString text = address.toDisplayString();
+    return text.size() > Longest ? text.left(Longest) + QChar(0x2026) : text;
+}
+
 WebPage::WebPage(Kind kind, QObject* parent)
     : QWebEnginePage(kind == Kind::Internet ? internetProfile() : documentProfile(), parent), m_kind(kind)
+{
+    refuseFeatures();
+    connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::openInPlace);
+}
+
+void WebPage::refuseFeatures()
 {
     connect(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl& origin, Feature feature) {
                 setFeaturePermission(origin, feature, PermissionDeniedByUser);
+                emit refused(QStringLiteral("Refused: the page asks for a permission"));
             });
+    connect(this, &QWebEnginePage::certificateError, this, [this](QWebEngineCertificateError error) {
+        error.rejectCertificate();
+        emit refused(QStringLiteral("Refused: the certificate of %1 is not valid").arg(error.url().host()));
+    });
 }
 
-// Scripts may not open windows at all; a link that asks for one is followed in place where links are
-// followed.
-QWebEnginePage* WebPage::createWindow(WebWindowType)
+/// Windows are not opened. Where links are followed, one that asks for a window is followed in place; what a
+/// script asks for unbidden is not.
+void WebPage::openInPlace(QWebEngineNewWindowRequest& request)
 {
-    return m_kind == Kind::Internet ? this : nullptr;
+    if (m_kind == Kind::Internet && request.isUserInitiated() && isAllowed(m_kind, request.requestedUrl())) {
+        load(request.requestedUrl());
+    } else {
+        emit refused(QStringLiteral("Refused: the page asks for a window"));
+    }
+}
+
+bool WebPage::isAllowed(Kind kind, const QUrl& address)
+{
+    return kind != Kind::Internet || address.scheme() == QLatin1String("http") ||
+           address.scheme() == QLatin1String("https");
 }
 
 bool WebPage::acceptNavigationRequest(const QUrl& address, NavigationType, bool mainFrame)
 {
     if (m_target == blankAddress()) // whatever the page that is left wants meanwhile
         return address == m_target;
-    if (m_target || m_kind == Kind::Internet)
+    if (m_kind == Kind::Internet) {
+        // What a page shows in its frames is its own affair.
+        if (!mainFrame || isAllowed(m_kind, address))
+            return true;
+        emit refused(QStringLiteral("Not opened here: %1").arg(shownAddress(address)));
+        return false;
+    }
+    if (m_target)
         return true;
     if (mainFrame)
-        emit leaveRefused(address);
+        emit refused(QStringLiteral("Links are not followed here: %1").arg(shownAddress(address)));
     return false;
 }
 
 QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QStringList&)
 {
+    emit refused(QStringLiteral("Refused: the page asks for files"));
     return {};
 }
 

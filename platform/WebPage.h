@@ -3,6 +3,11 @@
 #include <QWebEnginePage>
 #include <optional>
 
+class QWebEngineNewWindowRequest;
+
+/// An address as a status line shows it, cut to a length that can be read.
+QString shownAddress(const QUrl& address);
+
 /// A page that keeps to its place: no windows, no downloads, no permissions, no files chosen, and, for a
 /// document, no way out of it but the program's own.
 class WebPage : public QWebEnginePage
@@ -13,7 +18,7 @@ public:
     enum class Kind {
         Document, ///< never leaves what was written into it
         Sample,   ///< the same, and no script in it runs
-        Internet, ///< follows its links
+        Internet, ///< follows its links, to pages of the internet only
     };
 
     WebPage(Kind kind, QObject* parent);
@@ -34,12 +39,14 @@ public:
     /// True while a message of a script stands before the user.
     bool isAsking() const { return m_asking; }
 
+    /// Whether a page of this kind may show an address, typed by the user or linked.
+    static bool isAllowed(Kind kind, const QUrl& address);
+
 signals:
-    /// A link, a script or a form would have left the document.
-    void leaveRefused(const QUrl& address);
+    /// Something that a page wanted was refused; a sentence for the user.
+    void refused(const QString& sentence);
 
 protected:
-    QWebEnginePage* createWindow(WebWindowType type) override;
     bool acceptNavigationRequest(const QUrl& address, NavigationType type, bool mainFrame) override;
     QStringList chooseFiles(FileSelectionMode mode, const QStringList& oldFiles,
                             const QStringList& types) override;
@@ -52,6 +59,8 @@ protected:
 
 private:
     bool mayAsk();
+    void refuseFeatures();
+    void openInPlace(QWebEngineNewWindowRequest& request);
 
     Kind m_kind;
     std::optional<QUrl> m_target; // where the program is going

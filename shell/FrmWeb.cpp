@@ -127,6 +127,7 @@ FrmWeb::FrmWeb()
     connectViews();
     connectRegions();
     connectQuickTags();
+    connectInternet();
     keepOnFatal([this] { return keepText(); });
     RichTextBox1->setFocus();
 }

@@ -126,6 +126,17 @@ private:
     void WebBrowser1_RendererDied();
     void WebBrowser3_RendererDied();
 
+    // FrmWebInternet.cpp
+    void connectInternet();
+    void Combo3_Click();
+    void Command14_Click();
+    void Command15_Click();
+    void muoptions_Click();
+    void muaddressclear_Click();
+    void WebBrowser2_ProgressChange(int progress, int maximum);
+    void WebBrowser2_StatusTextChange(const QString& text);
+    void WebBrowser2_RendererDied();
+
     // FrmWebEditor.cpp
     void munsetfont_Click();
     void munEBC_Click();

@@ -1,4 +1,5 @@
 #include "ScriptedDoors.h"
+#include "WebServer.h"
 #include "WebTestMain.h"
 #include "platform/WebBrowser.h"
 
@@ -728,9 +729,9 @@ void TestWebBrowser::windowsAndDownloads()
 
 void TestWebBrowser::navigation()
 {
-    Files files;
-    files.put("a.htm", "first");
-    files.put("b.htm", "second");
+    WebServer server;
+    server.page(QStringLiteral("/a.htm"), "first");
+    server.page(QStringLiteral("/b.htm"), "second");
     WebBrowser browser;
     browser.setKind(WebPage::Kind::Internet);
     QSignalSpy finished(&browser, &WebBrowser::navigationFinished);
@@ -742,7 +743,7 @@ void TestWebBrowser::navigation()
     };
 
     QVERIFY(browser.write(QStringLiteral("blank")));
-    browser.Navigate(files.url("a.htm"));
+    browser.Navigate(server.url(QStringLiteral("/a.htm")));
     QTRY_VERIFY(done(1));
     QCOMPARE(text(), QStringLiteral("first"));
     QCOMPARE(status.last().first().toString(), QStringLiteral("Done"));
@@ -751,7 +752,7 @@ void TestWebBrowser::navigation()
     QCOMPARE(progress.last(), (QVariantList{0, 0}));
 
     QVERIFY(!browser.GoBack()); // the blank page is no place
-    browser.Navigate(files.url("b.htm"));
+    browser.Navigate(server.url(QStringLiteral("/b.htm")));
     QTRY_VERIFY(done(2));
     QVERIFY(browser.GoBack());
     QTRY_VERIFY(done(3));
@@ -759,7 +760,7 @@ void TestWebBrowser::navigation()
     QVERIFY(browser.GoForward());
     QTRY_VERIFY(done(4));
     QCOMPARE(text(), QStringLiteral("second"));
-    files.put("b.htm", "changed");
+    server.page(QStringLiteral("/b.htm"), "changed");
     browser.Refresh();
     QTRY_VERIFY(done(5));
     QCOMPARE(text(), QStringLiteral("changed"));
