@@ -3,11 +3,10 @@
 #include "platform/GraphicalButton.h"
 #include "platform/RuntimeError.h"
 
-#include <QMouseEvent>
-
 CheckBox::CheckBox(QWidget* parent) : QCheckBox(parent)
 {
     connect(this, &QCheckBox::toggled, this, &CheckBox::Click);
+    connect(this, &QCheckBox::clicked, this, &CheckBox::MouseUp);
 }
 
 void CheckBox::setValue(int value)
@@ -41,19 +40,4 @@ void CheckBox::paintEvent(QPaintEvent* event)
     } else {
         QCheckBox::paintEvent(event);
     }
-}
-
-void CheckBox::mouseReleaseEvent(QMouseEvent* event)
-{
-    QCheckBox::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        emit MouseUp();
-}
-
-void CheckBox::keyReleaseEvent(QKeyEvent* event)
-{
-    const bool wasDown = isDown(); // only the space bar holds a button down
-    QCheckBox::keyReleaseEvent(event);
-    if (wasDown && !isDown())
-        emit MouseUp();
 }

@@ -26,15 +26,13 @@ public:
 signals:
     /// The value has changed, by hand or by code.
     void Click();
-    /// The hand has let go of the box: the left button over it, or the space bar. Comes behind `Click`, and
-    /// never from code.
+    /// The hand has let go of the box: the left button over it, the space bar, or its access key. Comes
+    /// behind `Click`, and never from code.
     void MouseUp();
 
 protected:
     bool hitButton(const QPoint& position) const override;
     void paintEvent(QPaintEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     bool m_graphical = false;

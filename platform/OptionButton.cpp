@@ -3,7 +3,6 @@
 #include "platform/GraphicalButton.h"
 
 #include <QButtonGroup>
-#include <QMouseEvent>
 
 OptionButton::OptionButton(QWidget* parent) : QRadioButton(parent)
 {
@@ -11,6 +10,7 @@ OptionButton::OptionButton(QWidget* parent) : QRadioButton(parent)
         if (set)
             emit Click();
     });
+    connect(this, &QRadioButton::clicked, this, &OptionButton::MouseUp);
 }
 
 void OptionButton::setValue(bool value)
@@ -61,19 +61,4 @@ void OptionButton::paintEvent(QPaintEvent* event)
     } else {
         QRadioButton::paintEvent(event);
     }
-}
-
-void OptionButton::mouseReleaseEvent(QMouseEvent* event)
-{
-    QRadioButton::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint()))
-        emit MouseUp();
-}
-
-void OptionButton::keyReleaseEvent(QKeyEvent* event)
-{
-    const bool wasDown = isDown(); // only the space bar holds a button down
-    QRadioButton::keyReleaseEvent(event);
-    if (wasDown && !isDown())
-        emit MouseUp();
 }

@@ -27,15 +27,14 @@ signals:
     /// The option has become set, by hand or by code; the others are cleared by then. A click on an option
     /// that is set already changes nothing and raises nothing.
     void Click();
-    /// The hand has let go of the option: the left button over it, or the space bar. Comes behind `Click`,
+    /// The hand has let go of the option: the left button over it, the space bar, its access key, or an
+    /// arrow key of its group. Comes behind `Click`,
     /// and never from code.
     void MouseUp();
 
 protected:
     bool hitButton(const QPoint& position) const override;
     void paintEvent(QPaintEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     void clear();
