@@ -1,6 +1,6 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run test bench format tidy clean
+.PHONY: run test demo bench format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -23,6 +23,13 @@ test:
 	cmake --preset dev
 	cmake --build --preset dev
 	ctest --preset dev
+
+# Makes listings as a seller does, on a virtual display; the pages and pictures of the screen lie in out/ then.
+demo:
+	./setup --test
+	cmake --preset dev
+	cmake --build --preset dev --target tst_demo
+	DEMO_OUT="$(CURDIR)/out" tests/with-display $(DEV)/tests/tst_demo
 
 bench:
 	./setup --bench

@@ -8,6 +8,23 @@
 #include <QScreen>
 #include <utility>
 
+namespace {
+
+/// The window that the user is in, or any of the program's when that one has just been hidden.
+const QWidget* frontWindow(const QWidget* except)
+{
+    const QWidget* active = QApplication::activeWindow();
+    if (active && active != except)
+        return active;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != except && window->isVisible() && qobject_cast<const Form*>(window))
+            return window;
+    }
+    return nullptr;
+}
+
+} // namespace
+
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window) {}
 
 void Form::Show()
@@ -25,8 +42,8 @@ void Form::Show()
 
 void Form::placeOverFrontWindow()
 {
-    const QWidget* front = QApplication::activeWindow();
-    if (!front || front == this)
+    const QWidget* front = frontWindow(this);
+    if (!front)
         return; // the window manager knows best
     if (!testAttribute(Qt::WA_Resized))
         adjustSize();

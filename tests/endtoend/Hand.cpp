@@ -1,0 +1,156 @@
+#include "Hand.h"
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+QString xdotool(const QStringList& arguments)
+{
+    QProcess tool;
+    tool.start(QStringLiteral("xdotool"), arguments);
+    if (!tool.waitForFinished(Patience) || tool.exitCode() != 0)
+        return QString();
+    return QString::fromUtf8(tool.readAllStandardOutput()).trimmed();
+}
+
+bool displayAnswers()
+{
+    return QTest::qWaitFor([] { return !xdotool({QStringLiteral("get_num_desktops")}).isEmpty(); }, Patience);
+}
+
+Program::Program()
+{
+    copy(QStringLiteral(PROGRAM), QStringLiteral("brindlemark"));
+    for (const char* name : {"web.ini", "Help0.htm", "weblst.ini", "weblst2.ini", "weblst3.ini",
+                             "webstyle.ini", "webstyle2.ini"})
+        copy(QStringLiteral(SOURCE_DIR "/data/") + QString::fromLatin1(name), QString::fromLatin1(name));
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+}
+
+Program::~Program()
+{
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    m_process.kill();
+    m_process.waitForFinished();
+}
+
+void Program::write(const QString& name, const QByteArray& bytes) const
+{
+    QFile file(path(name));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+QByteArray Program::read(const QString& name) const
+{
+    QFile file(path(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Program::launch()
+{
+    m_process.start(path(QStringLiteral("brindlemark")), QStringList());
+    QVERIFY(m_process.waitForStarted());
+}
+
+void Program::start()
+{
+    launch();
+    QVERIFY2(activate(MainWindow), "no main window");
+}
+
+int Program::exitCode()
+{
+    if (m_process.state() != QProcess::NotRunning && !m_process.waitForFinished(Patience))
+        return -1;
+    return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
+}
+
+QString Program::window(const QString& title) const
+{
+    const QString pattern = u'^' + QRegularExpression::escape(title) + u'$';
+    const QString found = xdotool(
+        {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+         QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), pattern});
+    return found.section(u'\n', 0, 0);
+}
+
+bool Program::waitFor(const QString& title) const
+{
+    return QTest::qWaitFor([&] { return !window(title).isEmpty(); }, Patience);
+}
+
+bool Program::waitGone(const QString& title) const
+{
+    return QTest::qWaitFor([&] { return window(title).isEmpty(); }, Patience);
+}
+
+bool Program::activate(const QString& title) const
+{
+    return QTest::qWaitFor(
+        [&] {
+            const QString id = window(title);
+            if (id.isEmpty())
+                return false;
+            if (xdotool({QStringLiteral("getactivewindow")}) == id &&
+                xdotool({QStringLiteral("getwindowfocus")}) == id)
+                return true;
+            xdotool({QStringLiteral("windowactivate"), id});
+            return false;
+        },
+        Patience);
+}
+
+void Program::key(const QString& name)
+{
+    xdotool({QStringLiteral("key"), name});
+}
+
+void Program::type(const QString& text)
+{
+    xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("15"), QStringLiteral("--"),
+             text});
+}
+
+void Program::click(const QString& title, int x, int y) const
+{
+    xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), window(title), QString::number(x),
+             QString::number(y), QStringLiteral("click"), QStringLiteral("1")});
+}
+
+void Program::file(const QString& title, const QString& accessKey) const
+{
+    QVERIFY(activate(title));
+    click(title, 15, 10); // the first title of the menu bar
+    key(accessKey);
+}
+
+void Program::append(const QString& title, const QString& text) const
+{
+    QVERIFY(activate(title));
+    click(title, 350, 350); // within the source box
+    key(QStringLiteral("ctrl+End"));
+    type(text);
+}
+
+void Program::answerFile(const QString& dialog, const QString& filePath) const
+{
+    QVERIFY2(activate(dialog), qPrintable(dialog));
+    key(QStringLiteral("ctrl+a"));
+    type(filePath);
+    key(QStringLiteral("Return"));
+    QVERIFY2(waitGone(dialog), qPrintable(dialog));
+}
+
+void Program::press(const QString& dialog, const QString& keyName) const
+{
+    QVERIFY2(activate(dialog), qPrintable(dialog));
+    key(keyName);
+    QVERIFY2(waitGone(dialog), qPrintable(dialog));
+}
+
+void Program::copy(const QString& from, const QString& name) const
+{
+    QVERIFY2(QFile::copy(from, path(name)), qPrintable(from));
+}

@@ -1,0 +1,71 @@
+#pragma once
+
+#include <QByteArray>
+#include <QProcess>
+#include <QString>
+#include <QTemporaryDir>
+
+// The program itself, in a folder of its own and on a real display, used with keys and mouse. Windows are
+// found by their titles, results are read from files.
+
+/// How long a hand waits for a window or a file, in milliseconds; wide, for a busy machine.
+constexpr int Patience = 20000;
+
+/// The title of the main window at the start.
+inline const QString MainWindow = QStringLiteral("Untitled - Brindlemark 1.0");
+/// The title of message boxes that have none of their own.
+inline const QString Box = QStringLiteral("Brindlemark");
+
+/// What an xdotool command prints; empty when it fails.
+QString xdotool(const QStringList& arguments);
+
+/// Waits for the display and its window manager.
+bool displayAnswers();
+
+/// A copy of the program with the files that ship beside it, running as long as the object lives.
+class Program
+{
+public:
+    Program();
+    ~Program();
+    Q_DISABLE_COPY_MOVE(Program)
+
+    QString path(const QString& name) const { return m_folder.filePath(name); }
+    void write(const QString& name, const QByteArray& bytes) const;
+    /// A file's bytes; a null array when there is none.
+    QByteArray read(const QString& name) const;
+
+    void launch();
+    /// Starts the program and waits for its main window.
+    void start();
+    bool isRunning() { return !m_process.waitForFinished(0) && m_process.state() == QProcess::Running; }
+    /// Waits for the program's end; -1 when it stays or crashes.
+    int exitCode();
+
+    /// The number of the visible window with this title; empty when there is none.
+    QString window(const QString& title) const;
+    bool waitFor(const QString& title) const;
+    bool waitGone(const QString& title) const;
+    /// Waits for a window and until it has the keyboard.
+    bool activate(const QString& title) const;
+
+    static void key(const QString& name);
+    static void type(const QString& text);
+    /// Clicks in a window, at a place in pixels from its corner.
+    void click(const QString& title, int x, int y) const;
+
+    /// Chooses an entry of the menu File by its access key.
+    void file(const QString& title, const QString& accessKey) const;
+    /// Types at the end of the source.
+    void append(const QString& title, const QString& text) const;
+    /// Types a path into a file dialog and takes it.
+    void answerFile(const QString& dialog, const QString& filePath) const;
+    /// Presses a key that closes a dialog.
+    void press(const QString& dialog, const QString& keyName) const;
+
+private:
+    void copy(const QString& from, const QString& name) const;
+
+    QTemporaryDir m_folder;
+    QProcess m_process;
+};
