@@ -13,6 +13,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QStandardPaths>
+#include <algorithm>
 #include <cstdlib>
 
 namespace {
@@ -21,6 +22,27 @@ QWidget* frontWindow()
 {
     QWidget* modal = QApplication::activeModalWidget();
     return modal ? modal : QApplication::activeWindow();
+}
+
+/// Runs a dialog. Where a window stays on top of all others, the dialog does so too: it must not come up
+/// behind that window, which waits for its answer.
+int runInFront(QDialog& dialog)
+{
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const bool covered = std::any_of(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+    });
+    dialog.setWindowFlag(Qt::WindowStaysOnTopHint, covered);
+    return dialog.exec();
+}
+
+/// A text as a message box can show it: of a very long one the middle is left out.
+QString boxText(const QString& text)
+{
+    constexpr qsizetype most = 1000;
+    if (text.size() <= most)
+        return text;
+    return text.first(most / 2) + QStringLiteral(" \u2026 ") + text.last(most / 2);
 }
 
 QMessageBox::Icon boxIcon(MsgIcon icon)
@@ -87,9 +109,9 @@ public:
 
     MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons) override
     {
-        QMessageBox box(boxIcon(icon), title, prompt, boxButtons(buttons), frontWindow());
+        QMessageBox box(boxIcon(icon), title, boxText(prompt), boxButtons(buttons), frontWindow());
         box.setTextFormat(Qt::PlainText); // file names and user text may hold tags
-        switch (box.exec()) {
+        switch (runInFront(box)) {
         case QMessageBox::Yes:
             return MsgAnswer::Yes;
         case QMessageBox::No:
@@ -109,7 +131,7 @@ public:
         box.setLabelText(prompt);
         box.setTextValue(initial);
         box.resize(420, box.sizeHint().height());
-        if (box.exec() != QDialog::Accepted)
+        if (runInFront(box) != QDialog::Accepted)
             return std::nullopt;
         return box.textValue();
     }
@@ -134,7 +156,7 @@ public:
     bool colorDialog(CommonDialog& dialog) override
     {
         QColorDialog box(colorOf(dialog.Color), frontWindow());
-        if (box.exec() != QDialog::Accepted)
+        if (runInFront(box) != QDialog::Accepted)
             return false;
         dialog.Color = colorNumber(box.selectedColor());
         return true;
@@ -143,7 +165,7 @@ public:
     bool fontDialog(CommonDialog& dialog) override
     {
         QFontDialog box(dialog.Font, frontWindow());
-        if (box.exec() != QDialog::Accepted)
+        if (runInFront(box) != QDialog::Accepted)
             return false;
         dialog.Font = box.selectedFont();
         return true;
@@ -171,7 +193,7 @@ private:
                          [&box](const QString& filter) { box.setDefaultSuffix(suffixOf(filter)); });
         if (!dialog.FileName.contains(u'*')) // "*.htm" proposes a filter, not a name
             box.selectFile(dialog.FileName);
-        if (box.exec() != QDialog::Accepted || box.selectedFiles().isEmpty())
+        if (runInFront(box) != QDialog::Accepted || box.selectedFiles().isEmpty())
             return false;
         const QFileInfo chosen(box.selectedFiles().constFirst());
         m_folder = chosen.absolutePath();
