@@ -4,6 +4,7 @@
 #include "shell/About.h"
 #include "shell/FrmHelp.h"
 #include "shell/FrmWeb.h"
+#include "shell/FrmWord.h"
 #include "wizard/FrmBuild1.h"
 
 namespace {
@@ -31,6 +32,7 @@ void toolOpens(FrmWeb* main, int toolbarIndex)
 void connectOpenings(FrmWeb* main)
 {
     toolOpens<FrmBuild1>(main, 15);
+    opens<FrmWord>(main->muQW);
     opens<FrmHelp>(main->munhelp);
     opens<About>(main->munabout);
 }

@@ -6,6 +6,7 @@
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
 #include "services/Profile.h"
+#include "shell/Find.h"
 #include "shell/FindBar.h"
 #include "shell/Icons.h"
 #include "shell/SurfaceCommands.h"
@@ -186,6 +187,7 @@ void FrmWeb::connectHandlers()
     on(mnsave, &QAction::triggered, this, &FrmWeb::mnsave_Click);
     on(mnsaveas, &QAction::triggered, this, &FrmWeb::mnsaveas_Click);
     on(MnExit, &QAction::triggered, this, &FrmWeb::MnExit_Click);
+    on(munfind, &QAction::triggered, this, &FrmWeb::munfind_Click);
     on(mnuhtml, &QAction::triggered, this, &FrmWeb::mnuhtml_Click);
     on(MnCut, &QAction::triggered, this, &FrmWeb::MnCut_Click);
     on(MnCopy, &QAction::triggered, this, &FrmWeb::MnCopy_Click);
@@ -323,6 +325,22 @@ void FrmWeb::Toolbar1_ButtonClick(int index)
 void FrmWeb::MnExit_Click()
 {
     Unload();
+}
+
+/// The source box is searched from a window, a surface by its own bar; the tab Internet holds no document.
+void FrmWeb::munfind_Click()
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        form<Find>()->Show();
+        form<Find>()->Text1->setFocus(Qt::ShortcutFocusReason); // with its text selected
+        break;
+    case PreviewTab: {
+        WebBrowser* shown = Option1->Value() ? WebBrowser1 : WebBrowser3;
+        shown->sendKeys(QStringLiteral("^f"));
+        break;
+    }
+    }
 }
 
 /// Keeps the source as `Recovered.htm`, and an earlier one as `Recovered.old.htm`, before a fatal error ends

@@ -68,6 +68,7 @@ private:
     void Form_Resize();
     void Toolbar1_ButtonClick(int index);
     void MnExit_Click();
+    void munfind_Click();
     QString keepText();
 
     // FrmWebRegions.cpp

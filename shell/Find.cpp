@@ -1,0 +1,176 @@
+#include "shell/Find.h"
+
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "services/Desktop.h"
+#include "shell/FrmWeb.h"
+
+#include <QByteArrayMatcher>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScreen>
+#include <QShortcut>
+#include <limits>
+#include <utility>
+
+namespace {
+
+RichTextBox& sourceBox()
+{
+    return *form<FrmWeb>()->RichTextBox1;
+}
+
+/// Gives the source box the keyboard; its window comes up behind this one, which stays on top.
+void focusSource()
+{
+    sourceBox().activateWindow();
+    sourceBox().setFocus();
+}
+
+/// Replaces each occurrence of `find` (not empty) in one pass: what has been replaced is not looked at again,
+/// so `with` may hold `find`.
+QByteArray replacedEverywhere(const QByteArray& text, const QByteArray& find, const QByteArray& with)
+{
+    const QByteArrayMatcher matcher(find);
+    QByteArray result;
+    result.reserve(text.size());
+    qsizetype done = 0;
+    for (qsizetype hit = matcher.indexIn(text); hit >= 0; hit = matcher.indexIn(text, done)) {
+        result.append(text.constData() + done, hit - done).append(with);
+        done = hit + find.size();
+    }
+    return result.append(text.constData() + done, text.size() - done);
+}
+
+} // namespace
+
+Find::Find()
+{
+    setupUi(this);
+    for (ComboBox* field : {Text1, Text2})
+        field->lineEdit()->setMaxLength(std::numeric_limits<int>::max()); // half a text is another text
+    StayOnTop(this);
+
+    on(Check1, &CheckBox::Click, this, &Find::Check1_Click);
+    on(Check2, &CheckBox::Click, this, &Find::Check2_Click);
+    on(Command3, &QPushButton::clicked, this, &Find::Command3_Click);
+    on(Command5, &QPushButton::clicked, this, &Find::Unload);
+    on(Command6, &QPushButton::clicked, this, &Find::Command6_Click);
+    on(Command7, &QPushButton::clicked, this, &Find::Command7_Click);
+    on(Command8, &QPushButton::clicked, this, &Find::Command8_Click);
+    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &Find::Unload);
+    for (ComboBox* field : {Text1, Text2})
+        connect(field, &ComboBox::EnterPressed, Command8, &QPushButton::click);
+}
+
+bool Find::IsContained(const ListObject& list, const QString& text) const
+{
+    for (int i = 0; i < list.ListCount(); ++i) {
+        if (list.List(i) == text)
+            return true;
+    }
+    return false;
+}
+
+void Find::showEvent(QShowEvent* event)
+{
+    if (!std::exchange(m_aside, true))
+        placeAside();
+    Form::showEvent(event);
+}
+
+/// Puts the window into the upper right corner of the main window, where it covers least of the source: lines
+/// begin at the left, and a search downwards scrolls its hit to the lower edge.
+void Find::placeAside()
+{
+    const QWidget* main = form<FrmWeb>();
+    const QRect area = main->screen()->availableGeometry();
+    adjustSize();
+    const QPoint corner = main->geometry().topRight() - QPoint(width(), 0);
+    move(qBound(area.left(), corner.x(), qMax(area.left(), area.right() - width())),
+         qBound(area.top(), corner.y(), qMax(area.top(), area.bottom() - height())));
+}
+
+/// Enter that no control has use for is the default button's.
+void Find::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        Command8->click();
+    } else {
+        Form::keyPressEvent(event);
+    }
+}
+
+void Find::Check1_Click()
+{
+    Text1->setFocus();
+    CaseFlag = Check1->isChecked() ? MatchCase : 0;
+}
+
+void Find::Check2_Click()
+{
+    Text1->setFocus();
+    WordFlag = Check2->isChecked() ? WholeWord : 0;
+}
+
+/// Selects the next hit in the source; its position, or -1.
+int Find::searchSource() const
+{
+    RichTextBox& source = sourceBox();
+    return source.Find(source.encode(Text1->Text()), NextStart, -1, WordFlag + CaseFlag);
+}
+
+/// Searches for the user, who reads when there is nothing. A hit at the very start of the text, position 0, is
+/// selected and told as not found all the same. Returns the hit's position, or less than 1.
+int Find::findText() const
+{
+    focusSource();
+    const QString wanted = Text1->Text();
+    if (wanted.isEmpty())
+        return -1;
+    const int hit = searchSource();
+    if (hit < 1) {
+        MsgBox(QStringLiteral("'") + wanted + QStringLiteral("' cannot be found."),
+               QStringLiteral("Not found"), MsgIcon::Exclamation);
+    }
+    return hit;
+}
+
+/// Finds the same place again each time: `NextStart` stays.
+void Find::Command8_Click()
+{
+    findText();
+}
+
+/// Past the last hit each further search fails: `NextStart` isn't set back.
+void Find::Command3_Click()
+{
+    const int hit = findText();
+    if (hit >= 1)
+        NextStart = hit + 1;
+}
+
+void Find::Command7_Click()
+{
+    const QString with = Text2->Text();
+    if (Text1->Text().isEmpty() || with.isEmpty())
+        return;
+    RichTextBox& source = sourceBox();
+    if (source.SelLength() == 0)
+        return;
+    source.setSelText(source.encode(with));
+    searchSource(); // says nothing when there is no more
+}
+
+/// Letter for letter: neither box plays a part.
+void Find::Command6_Click()
+{
+    const QString find = Text1->Text();
+    const QString with = Text2->Text();
+    if (find.isEmpty() || with.isEmpty())
+        return;
+    RichTextBox& source = sourceBox();
+    const QByteArray text = replacedEverywhere(source.Text(), source.encode(find), source.encode(with));
+    source.setText(text, source.textEncoding());
+    MsgBox(QStringLiteral("''") + with + QStringLiteral("'' - Done replacing."), QStringLiteral("Search"));
+}
