@@ -86,8 +86,9 @@ void Find::placeAside()
     const QWidget* main = form<FrmWeb>();
     const QRect area = main->screen()->availableGeometry();
     adjustSize();
-    const QPoint corner = main->geometry().topRight() - QPoint(width(), 0);
-    move(qBound(area.left(), corner.x(), qMax(area.left(), area.right() - width())),
+    constexpr int frame = 16; // what the window manager may add to the width
+    const QPoint corner = main->geometry().topRight() - QPoint(width() + frame, 0);
+    move(qBound(area.left(), corner.x(), qMax(area.left(), area.right() - width() - frame)),
          qBound(area.top(), corner.y(), qMax(area.top(), area.bottom() - height())));
 }
 
@@ -120,8 +121,8 @@ int Find::searchSource() const
     return source.Find(source.encode(Text1->Text()), NextStart, -1, WordFlag + CaseFlag);
 }
 
-/// Searches for the user, who reads when there is nothing. A hit at the very start of the text, position 0, is
-/// selected and told as not found all the same. Returns the hit's position, or less than 1.
+/// Searches for the user, who reads when there is nothing. A hit at the very start of the text, position 0,
+/// is selected and told as not found all the same. Returns the hit's position, or less than 1.
 int Find::findText() const
 {
     focusSource();

@@ -96,8 +96,9 @@ void FrmWord::Command3_Click()
     saveList();
 }
 
-/// Hands the selected phrases to `use` one by one and unselects them, until the window goes: by its box, or by
-/// the user's hand while events are served. Handlers may change the list meanwhile, so each round asks it anew.
+/// Hands the selected phrases to `use` one by one and unselects them, until the window goes: by its box, or
+/// by the user's hand while events are served. Handlers may change the list meanwhile, so each round asks it
+/// anew.
 template <typename Use>
 void FrmWord::useSelected(Use use)
 {
