@@ -16,6 +16,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFontDatabase>
+#include <QLineEdit>
 #include <QScreen>
 #include <array>
 
@@ -333,7 +334,8 @@ void FrmWeb::munfind_Click()
     switch (SSTab1->Tab()) {
     case EditorTab:
         form<Find>()->Show();
-        form<Find>()->Text1->setFocus(Qt::ShortcutFocusReason); // with its text selected
+        form<Find>()->Text1->setFocus();
+        form<Find>()->Text1->lineEdit()->selectAll(); // the next letter begins another search
         break;
     case PreviewTab: {
         WebBrowser* shown = Option1->Value() ? WebBrowser1 : WebBrowser3;

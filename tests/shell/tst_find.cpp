@@ -152,11 +152,16 @@ void TestFind::shownAgainIsTheSameWindow()
 {
     Search search("a word");
     Search::write(search.find->Text1, QStringLiteral("word"));
-    search.find->Text2->setFocus();
-    search.press(9);
-    QCOMPARE(form<Find>(), search.find);
-    QTRY_VERIFY(search.find->Text1->lineEdit()->hasFocus());
-    QCOMPARE(search.find->Text1->lineEdit()->selectedText(), QStringLiteral("word"));
+    for (ComboBox* last : {search.find->Text2, search.find->Text1}) {
+        last->setFocus();
+        search.web->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(search.web));
+        search.press(9);
+        QCOMPARE(form<Find>(), search.find);
+        QTRY_VERIFY(search.find->Text1->lineEdit()->hasFocus());
+        QCOMPARE(search.find->Text1->lineEdit()->selectedText(), QStringLiteral("word"));
+        search.find->Text1->lineEdit()->deselect();
+    }
 }
 
 void TestFind::onPreviewTheSurfaceSearches()
