@@ -55,7 +55,7 @@ void replaceAllButton(benchmark::State& state)
     auto* find = form<Find>();
     find->Text1->setText(QString::fromLatin1(Old));
     find->Text2->setText(QString::fromLatin1(New));
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         state.PauseTiming();
         source.load(page());
         answerMessage();
@@ -77,7 +77,7 @@ void componentLoop(benchmark::State& state)
     const QString text = QString::fromLatin1(page());
     const QString from = QString::fromLatin1(Old);
     const QString to = QString::fromLatin1(New);
-    for (auto _ : state) {
+    while (state.KeepRunning()) {
         state.PauseTiming();
         QsciScintilla box;
         box.setUtf8(true);
@@ -99,7 +99,7 @@ void componentLoop(benchmark::State& state)
 void sharedReplaceAll(benchmark::State& state)
 {
     const QByteArray text = page().first(page().size() / Hits * state.range(0));
-    for (auto _ : state)
+    while (state.KeepRunning())
         benchmark::DoNotOptimize(ReplaceAll(text, Old, New));
     state.SetComplexityN(state.range(0));
 }
