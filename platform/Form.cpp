@@ -4,8 +4,11 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
+#include <QShortcut>
 #include <utility>
 
 namespace {
@@ -76,6 +79,18 @@ void Form::Unload()
     });
 }
 
+void Form::setDefaultButton(QPushButton* button)
+{
+    button->setDefault(true); // looks like the one that Enter presses
+    m_default = button;
+}
+
+void Form::setCancelButton(QPushButton* button)
+{
+    // A shortcut: a surface that has the focus would keep the key.
+    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, button, &QPushButton::click);
+}
+
 bool Form::queryUnload()
 {
     return true;
@@ -85,4 +100,14 @@ void Form::closeEvent(QCloseEvent* event)
 {
     event->ignore(); // the close button asks the same way as the program does
     guarded([this] { Unload(); });
+}
+
+void Form::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && m_default) {
+        m_default->click();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
 }

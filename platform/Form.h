@@ -3,6 +3,8 @@
 #include <QPointer>
 #include <QWidget>
 
+class QPushButton;
+
 /// A window of the program. Each form has one instance, made when first asked for (`form<FrmHR>()`) and
 /// forgotten when unloaded. The constructor is the load step: what it throws leaves no instance behind.
 class Form : public QWidget
@@ -25,14 +27,21 @@ public:
     bool isUnloaded() const { return m_unloaded; }
 
 protected:
+    /// The button that Enter presses wherever the control in hand has no use for the key.
+    void setDefaultButton(QPushButton* button);
+    /// The button that Escape presses.
+    void setCancelButton(QPushButton* button);
+
     /// The last word before the form goes: false refuses. Runs whatever closes the form. The default agrees.
     virtual bool queryUnload();
 
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void placeOverFrontWindow();
 
+    QPushButton* m_default = nullptr;
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_asking = false;

@@ -6,10 +6,8 @@
 #include "shell/FrmWeb.h"
 
 #include <QByteArrayMatcher>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
-#include <QShortcut>
 #include <limits>
 #include <utility>
 
@@ -58,7 +56,8 @@ Find::Find()
     on(Command6, &QPushButton::clicked, this, &Find::Command6_Click);
     on(Command7, &QPushButton::clicked, this, &Find::Command7_Click);
     on(Command8, &QPushButton::clicked, this, &Find::Command8_Click);
-    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &Find::Unload);
+    setDefaultButton(Command8);
+    setCancelButton(Command5);
     for (ComboBox* field : {Text1, Text2})
         connect(field, &ComboBox::EnterPressed, Command8, &QPushButton::click);
 }
@@ -93,15 +92,6 @@ void Find::placeAside()
 }
 
 /// Enter that no control has use for is the default button's.
-void Find::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Command8->click();
-    } else {
-        Form::keyPressEvent(event);
-    }
-}
-
 void Find::Check1_Click()
 {
     Text1->setFocus();

@@ -7,8 +7,6 @@
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
 
-#include <QKeyEvent>
-
 namespace {
 
 int readNumber(const QString& section, const QString& key, IfMissing ifMissing)
@@ -55,13 +53,4 @@ void ToolForm::closeIfWanted()
 {
     if (m_closes && m_closes->Value() == 1)
         Unload();
-}
-
-void ToolForm::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape && m_cancel) {
-        m_cancel->click();
-    } else {
-        Form::keyPressEvent(event);
-    }
 }

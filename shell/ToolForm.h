@@ -3,7 +3,6 @@
 #include "platform/Form.h"
 
 class CheckBox;
-class QPushButton;
 
 /// What a box shows when its key is missing from the main settings file, or is no number.
 enum class IfMissing {
@@ -29,8 +28,6 @@ protected:
     /// The box that closes the window when its fragment has gone out; kept in the settings (see above).
     void setClosingBox(CheckBox* box, const QString& section, const QString& key,
                        IfMissing ifMissing = IfMissing::Mismatch);
-    /// The button that Escape stands for.
-    void setCancelButton(QPushButton* button) { m_cancel = button; }
 
     /// Puts a fragment at the caret of the source box, in place of what is selected there, and closes the
     /// window if its box is ticked.
@@ -39,11 +36,8 @@ protected:
     /// ticked.
     void copyFragment(const QString& fragment);
 
-    void keyPressEvent(QKeyEvent* event) override;
-
 private:
     void closeIfWanted();
 
     CheckBox* m_closes = nullptr;
-    QPushButton* m_cancel = nullptr;
 };

@@ -7,8 +7,6 @@
 #include "wizard/FrmBuild2.h"
 #include "wizard/FrmTerms.h"
 
-#include <QKeyEvent>
-#include <QShortcut>
 #include <algorithm>
 #include <array>
 #include <span>
@@ -264,7 +262,8 @@ void FrmBuild1::connectHandlers()
     on(Command4, &QPushButton::clicked, this, [] { openTerms(1); });
     on(Command5, &QPushButton::clicked, this, [] { openTerms(2); });
     on(TxST2, &ComboBox::EnterPressed, this, &FrmBuild1::Command1_Click);
-    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmBuild1::Command2_Click);
+    setDefaultButton(Command1);
+    setCancelButton(Command2);
 }
 
 /// The load step. A control that changes runs its handler, so lists and enabled fields follow.
@@ -316,16 +315,6 @@ bool FrmBuild1::queryUnload()
 {
     save();
     return true;
-}
-
-/// Enter presses the default button from every field that has no use for the key itself.
-void FrmBuild1::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Command1->click();
-    } else {
-        Form::keyPressEvent(event);
-    }
 }
 
 Listing FrmBuild1::listing() const

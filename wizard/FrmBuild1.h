@@ -28,7 +28,6 @@ public:
 
 protected:
     bool queryUnload() override;
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void connectHandlers();

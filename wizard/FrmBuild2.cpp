@@ -20,8 +20,6 @@
 #include "wizard/Terms.h"
 
 #include <QCloseEvent>
-#include <QKeyEvent>
-#include <QShortcut>
 #include <algorithm>
 
 namespace {
@@ -96,7 +94,8 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new WebBrowser(this)), RTB1(new RichTextBox
     on(Combo4, &ComboBox::Click, this, &FrmBuild2::Combo4_Click);
     for (size_t i = 0; i < Chk.size(); ++i) // `clicked` is the mouse, the keyboard and screen readers
         on(Chk[i], &CheckBox::clicked, this, [this, i] { Chk_MouseUp(int(i)); });
-    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmBuild2::Command4_Click);
+    setDefaultButton(Command23);
+    setCancelButton(Command4);
 
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
     WebBrowser1->setDesignMode(DesignMode::On);
@@ -129,15 +128,6 @@ void FrmBuild2::closeEvent(QCloseEvent* event)
     event->ignore();
     if (!isUnloaded())
         guarded([this] { Command4_Click(); });
-}
-
-void FrmBuild2::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Command23->click();
-    } else {
-        Form::keyPressEvent(event);
-    }
 }
 
 void FrmBuild2::Command1_Click()

@@ -34,7 +34,6 @@ public:
     std::array<CheckBox*, 4> Chk;
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
 private:

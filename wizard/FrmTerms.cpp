@@ -10,8 +10,6 @@
 #include "wizard/Terms.h"
 
 #include <QFontDatabase>
-#include <QKeyEvent>
-#include <QShortcut>
 
 namespace {
 
@@ -50,7 +48,8 @@ FrmTerms::FrmTerms()
     on(Command16, &QToolButton::clicked, this, &FrmTerms::Command16_Click);
     on(Command14, &QPushButton::clicked, this, &FrmTerms::Command14_Click);
     on(Command15, &QPushButton::clicked, this, &FrmTerms::Unload);
-    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmTerms::Unload);
+    setDefaultButton(Command14);
+    setCancelButton(Command15);
     on(WebBrowser1, &WebBrowser::linkRequested, this, &FrmTerms::WebBrowser1_LinkRequested);
     on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmTerms::WebBrowser1_RendererDied);
 }
@@ -66,15 +65,6 @@ void FrmTerms::edit(const QString& html)
 }
 
 /// Enter that no control has use for is the default button's.
-void FrmTerms::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        Command14->click();
-    } else {
-        Form::keyPressEvent(event);
-    }
-}
-
 void FrmTerms::Combo1_Click()
 {
     WebBrowser1->execCommand(QStringLiteral("FontName"), Combo1->Text());

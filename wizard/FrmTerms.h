@@ -15,7 +15,6 @@ public:
     void edit(const QString& html);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void Combo1_Click();
