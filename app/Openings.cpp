@@ -1,5 +1,6 @@
 #include "app/Openings.h"
 
+#include "colour/Fader5.h"
 #include "platform/Events.h"
 #include "shell/About.h"
 #include "shell/FrmHelp.h"
@@ -32,6 +33,7 @@ void toolOpens(FrmWeb* main, int toolbarIndex)
 void connectOpenings(FrmWeb* main)
 {
     toolOpens<FrmBuild1>(main, 15);
+    toolOpens<Fader5>(main, 18);
     opens<FrmWord>(main->muQW);
     opens<FrmHelp>(main->munhelp);
     opens<About>(main->munabout);

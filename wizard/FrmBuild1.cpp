@@ -3,6 +3,7 @@
 #include "platform/AppPath.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "platform/PlainText.h"
 #include "services/Profile.h"
 #include "wizard/FrmBuild2.h"
 #include "wizard/FrmTerms.h"
@@ -204,15 +205,6 @@ void connectLines(FrmBuild1* page, std::span<const LineBox> boxes, QStringList& 
     }
 }
 
-/// All of a text box, with CR LF line ends.
-QString wholeText(const QPlainTextEdit* box)
-{
-    QString text = box->document()->toRawText(); // the plain text has blanks for no-break blanks
-    for (const QChar lineEnd : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
-        text.replace(lineEnd, QLatin1String("\r\n"));
-    return text;
-}
-
 } // namespace
 
 FrmBuild1::FrmBuild1()
@@ -321,7 +313,7 @@ Listing FrmBuild1::listing() const
 {
     return {
         .Text1 = Text1->text(),
-        .Text2 = wholeText(Text2),
+        .Text2 = wholeText(*Text2),
         .OptP2 = OptP2->Value(),
         .List1 = List1,
         .List2 = List2,

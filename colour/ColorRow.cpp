@@ -1,0 +1,128 @@
+#include "colour/ColorRow.h"
+
+#include "colour/ColorSample.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/RuntimeError.h"
+#include "platform/ScrollBar.h"
+#include "services/Codes.h"
+
+#include <QPalette>
+#include <QToolTip>
+
+namespace {
+
+/// A channel of the row, and the tint of its bar.
+struct Channel
+{
+    const char* name;
+    int Channels::*value;
+    QRgb tint;
+};
+
+constexpr std::array<Channel, 3> RowChannels = {{
+    {"Red", &Channels::red, 0xFFE59A9A},
+    {"Green", &Channels::green, 0xFF9AD29A},
+    {"Blue", &Channels::blue, 0xFF9DB2EA},
+}};
+
+} // namespace
+
+ColorRow::ColorRow(ScrollBar* red, ScrollBar* green, ScrollBar* blue, ColorSample* sample)
+    : QObject(sample), m_bars{red, green, blue}, m_sample(sample)
+{
+    for (size_t i = 0; i < m_bars.size(); ++i) {
+        ScrollBar* bar = m_bars.at(i);
+        bar->setRange(0, 255);
+        QPalette palette = bar->palette();
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+            palette.setColor(group, QPalette::Button, QColor::fromRgb(RowChannels.at(i).tint));
+        bar->setPalette(palette);
+        on(bar, &ScrollBar::Change, this, [this] {
+            RowChange();
+            emit Change();
+        });
+        on(bar, &ScrollBar::Scroll, this, [this, bar] {
+            RowChange();
+            QToolTip::showText(bar->mapToGlobal(QPoint(0, bar->height())), bar->toolTip(), bar);
+            emit Scroll();
+        });
+    }
+    tellChannels();
+}
+
+void ColorRow::offerPick()
+{
+    m_sample->offerClick();
+    on(m_sample, &ColorSample::clicked, this, &ColorRow::RowPick);
+}
+
+int ColorRow::color() const
+{
+    return m_sample->BackColor();
+}
+
+void ColorRow::setColor(int color)
+{
+    m_sample->setBackColor(color);
+}
+
+QString ColorRow::colorText() const
+{
+    const Channels channels = splitColor(m_sample->BackColor());
+    return u'#' + HexPad6(channels.red << 16 | channels.green << 8 | channels.blue);
+}
+
+void ColorRow::RowHexRefresh()
+{
+    if (m_text)
+        *m_text = colorText();
+}
+
+void ColorRow::moveBars()
+{
+    const Channels channels = splitColor(m_sample->BackColor());
+    for (size_t i = 0; i < m_bars.size(); ++i)
+        m_bars.at(i)->setValue(channels.*RowChannels.at(i).value);
+}
+
+void ColorRow::setEnabled(bool enabled)
+{
+    for (ScrollBar* bar : m_bars)
+        bar->setEnabled(enabled);
+    m_sample->setEnabled(enabled);
+}
+
+void ColorRow::RowChange()
+{
+    m_sample->setBackColor(m_bars[0]->Value() | m_bars[1]->Value() << 8 | m_bars[2]->Value() << 16);
+    RowHexRefresh();
+    tellChannels();
+}
+
+void ColorRow::RowPick()
+{
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    dialog.Color = m_sample->BackColor();
+    try {
+        dialog.ShowColor();
+    } catch (const RuntimeError&) {
+        return; // nothing changes
+    }
+    m_sample->setBackColor(dialog.Color);
+    RowHexRefresh();
+    moveBars();
+    emit Picked();
+}
+
+/// Which bar is which, and where it stands.
+void ColorRow::tellChannels() const
+{
+    for (size_t i = 0; i < m_bars.size(); ++i) {
+        const QString channel = QString::fromLatin1(RowChannels.at(i).name);
+        ScrollBar* bar = m_bars.at(i);
+        bar->setToolTip(QStringLiteral("%1: %2").arg(channel).arg(bar->Value()));
+        bar->setAccessibleName(QStringLiteral("%1, %2").arg(m_sample->accessibleName(), channel.toLower()));
+    }
+}

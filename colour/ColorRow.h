@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <array>
+
+class ColorSample;
+class ScrollBar;
+
+/// Three bars for red, green and blue (0 to 255) that mix the colour of a sample. The sample, not the bars,
+/// is the row's value: a colour that is set from elsewhere stands until a bar moves.
+class ColorRow : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Lives as long as the sample, which has the row's accessible name.
+    ColorRow(ScrollBar* red, ScrollBar* green, ScrollBar* blue, ColorSample* sample);
+
+    /// Keeps the row's colour text in `text` from the next change on.
+    void keepText(QString* text) { m_text = text; }
+    /// Offers the colour dialog on a click on the sample.
+    void offerPick();
+
+    /// The colour number of the sample.
+    int color() const;
+    /// Colours the sample and nothing else.
+    void setColor(int color);
+    /// The colour text of the sample, `#RRGGBB`.
+    QString colorText() const;
+
+    /// Brings the kept text in line with the sample.
+    void RowHexRefresh();
+    /// Moves the bars to the sample's colour, which raises `Change` for each bar that moves.
+    void moveBars();
+    /// Enables or disables bars and sample.
+    void setEnabled(bool enabled);
+
+signals:
+    /// A bar has changed (see ScrollBar::Change); sample and text have followed.
+    void Change();
+    /// A bar is being dragged (see ScrollBar::Scroll); sample and text have followed.
+    void Scroll();
+    /// The user has chosen a colour in the dialog; sample, text and bars have followed.
+    void Picked();
+
+private:
+    void RowChange();
+    void RowPick();
+    void tellChannels() const;
+
+    std::array<ScrollBar*, 3> m_bars;
+    ColorSample* m_sample;
+    QString* m_text = nullptr;
+};

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QAbstractButton>
+
+/// A field that shows a colour; where it offers more than that, it can be clicked, or pressed with the space
+/// bar.
+class ColorSample : public QAbstractButton
+{
+    Q_OBJECT
+
+public:
+    /// A black field that can't be pressed.
+    explicit ColorSample(QWidget* parent = nullptr);
+
+    /// The colour number; a negative one is a system colour, that of button faces.
+    int BackColor() const { return m_color; }
+    void setBackColor(int color);
+
+    /// Lets the field be pressed.
+    void offerClick();
+
+    QSize sizeHint() const override;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    int m_color = 0;
+};

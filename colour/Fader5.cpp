@@ -1,0 +1,454 @@
+#include "colour/Fader5.h"
+
+#include "colour/ColorRow.h"
+#include "colour/ColorSample.h"
+#include "colour/Fade.h"
+#include "platform/CaptionBox.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/PlainText.h"
+#include "platform/WaitCursor.h"
+#include "services/Markers.h"
+#include "shell/FrmWeb.h"
+#include "shell/Icons.h"
+#include "shell/SurfaceCommands.h"
+
+#include <QFontDatabase>
+
+namespace {
+
+const QString Section = QStringLiteral("Fontpro");
+
+/// A colour row: its bars, its sample, and where its colour text is kept.
+struct RowControls
+{
+    ScrollBar* Ui::Fader5::*red;
+    ScrollBar* Ui::Fader5::*green;
+    ScrollBar* Ui::Fader5::*blue;
+    ColorSample* Ui::Fader5::*sample;
+    QString Fader5::*text = nullptr;
+};
+
+using U = Ui::Fader5;
+
+/// How many characters the fade engine takes.
+constexpr qsizetype Longest = 32767;
+
+constexpr std::array<RowControls, 12> Rows = {{
+    {&U::RedG, &U::GreenG, &U::BlueG, &U::FColor1, &Fader5::Text8},
+    {&U::RedX, &U::GreenX, &U::BlueX, &U::ColorX, &Fader5::TxtC1},
+    {&U::RedZ, &U::GreenZ, &U::BlueZ, &U::ColorZ, &Fader5::TxtC2},
+    {&U::RedA, &U::GreenA, &U::BlueA, &U::Color1},
+    {&U::RedB, &U::GreenB, &U::BlueB, &U::color2},
+    {&U::RedC, &U::GreenC, &U::BlueC, &U::color3},
+    {&U::RedD, &U::GreenD, &U::BlueD, &U::color4},
+    {&U::RedE, &U::GreenE, &U::BlueE, &U::Color5},
+    {&U::RedF, &U::GreenF, &U::BlueF, &U::Hcolor1, &Fader5::Text5},
+    {&U::RedH, &U::GreenH, &U::BlueH, &U::TbColor1, &Fader5::Text13},
+    {&U::RedI, &U::GreenI, &U::BlueI, &U::TbColor2, &Fader5::Text17},
+    {&U::RedJ, &U::GreenJ, &U::BlueJ, &U::BColor1, &Fader5::Text20},
+}};
+
+/// A bar that writes its value into a box, with what stands behind the number.
+struct NumberBar
+{
+    ScrollBar* U::*bar;
+    QLineEdit* U::*box;
+    const char* unit;
+};
+
+constexpr std::array<NumberBar, 5> NumberBars = {{
+    {&U::HScroll1, &U::Combo6, ""},
+    {&U::HScroll2, &U::Combo3, ""},
+    {&U::HScroll3, &U::Combo5, ""},
+    {&U::HScroll4, &U::Combo9, "%"},
+    {&U::HScroll5, &U::Combo8, "%"},
+}};
+
+struct StyleBox
+{
+    CheckBox* U::*box;
+    const char* icon;
+    bool FaderSettings::*setting;
+};
+
+constexpr std::array<StyleBox, 4> StyleBoxes = {{
+    {&U::chkBold, "format-text-bold", &FaderSettings::chkBold},
+    {&U::chkItalic, "format-text-italic", &FaderSettings::chkItalic},
+    {&U::chkUnderline, "format-text-underline", &FaderSettings::chkUnderline},
+    {&U::chkStrikeout, "format-text-strikethrough", &FaderSettings::chkStrikeout},
+}};
+
+/// An option that places the table, or the text in its cell.
+struct AlignOption
+{
+    OptionButton* U::*option;
+    const char* icon;
+    FaderAlign align;
+};
+
+constexpr std::array<AlignOption, 3> TableOptions = {{
+    {&U::Option6, "format-justify-left", FaderAlign::Left},
+    {&U::Option5, "format-justify-center", FaderAlign::Center},
+    {&U::Option4, "format-justify-right", FaderAlign::Right},
+}};
+
+constexpr std::array<AlignOption, 3> CellOptions = {{
+    {&U::Option1, "format-justify-left", FaderAlign::Left},
+    {&U::Option2, "format-justify-center", FaderAlign::Center},
+    {&U::Option3, "format-justify-right", FaderAlign::Right},
+}};
+
+FaderAlign chosen(const U& controls, const std::array<AlignOption, 3>& options)
+{
+    for (const AlignOption& entry : options) {
+        if ((controls.*entry.option)->Value())
+            return entry.align;
+    }
+    return FaderAlign::None;
+}
+
+} // namespace
+
+Fader5::Fader5()
+{
+    setupUi(this);
+    putOnCaption(Check1, Frame2);
+    putOnCaption(Check7, Frame4);
+    putOnCaption(ChkNoB, Frame7);
+    for (const StyleBox& entry : StyleBoxes)
+        (this->*entry.box)->setIcon(namedIcon(entry.icon));
+    for (const auto& options : {TableOptions, CellOptions}) {
+        for (const AlignOption& entry : options)
+            (this->*entry.option)->setIcon(namedIcon(entry.icon));
+    }
+    WebBrowser1->setKind(WebPage::Kind::Sample);
+    setCancelButton(Command7);
+
+    keepInSettings(Check2, Section, QStringLiteral("chk"));
+    setClosingBox(Check3, Section, QStringLiteral("chk2"));
+    connectRows();
+    Command1_Click();
+    refreshColorTexts();
+    for (const QString& family : QFontDatabase::families())
+        Combo1->AddItem(family);
+    Combo1->setText(QStringLiteral("Arial"));
+    Combo2->setText(QStringLiteral("Normal"));
+    enableModes();
+    enableTable(false);
+    connectHandlers();
+    takeMarkedText();
+    Text1->setFocus();
+}
+
+void Fader5::connectRows()
+{
+    for (size_t i = 0; i < Rows.size(); ++i) {
+        const RowControls& controls = Rows.at(i);
+        auto* row = new ColorRow(this->*controls.red, this->*controls.green, this->*controls.blue,
+                                 this->*controls.sample);
+        if (controls.text)
+            row->keepText(&(this->*controls.text));
+        row->offerPick();
+        on(row, &ColorRow::Change, this, &Fader5::Command8_Click);
+        on(row, &ColorRow::Scroll, this, &Fader5::Command8_Click);
+        on(row, &ColorRow::Picked, this, &Fader5::Command8_Click);
+        m_rows.at(i) = row;
+    }
+}
+
+void Fader5::connectHandlers()
+{
+    on(Text1, &QPlainTextEdit::textChanged, this, &Fader5::Text1_Change);
+    on(Check4, &CheckBox::Click, this, &Fader5::Command1_Click); // the sample waits for its next refresh
+    for (const StyleBox& entry : StyleBoxes)
+        on(this->*entry.box, &CheckBox::Click, this, &Fader5::Command8_Click);
+    on(Combo1, &ComboBox::Click, this, &Fader5::Command8_Click);
+    on(Combo2, &ComboBox::Click, this, &Fader5::Command8_Click);
+    for (const NumberBar& entry : NumberBars) {
+        on(this->*entry.box, &QLineEdit::textChanged, this, &Fader5::Command8_Click);
+        on(this->*entry.bar, &ScrollBar::Change, this, [this, entry] {
+            (this->*entry.box)
+                ->setText(QString::number((this->*entry.bar)->Value()) + QLatin1String(entry.unit));
+        });
+    }
+    for (const auto& options : {TableOptions, CellOptions}) {
+        for (const AlignOption& entry : options)
+            on(this->*entry.option, &OptionButton::Click, this, &Fader5::Command8_Click);
+    }
+    for (OptionButton* mode : {Opt1, Opt2, Opt3})
+        on(mode, &OptionButton::Click, this, &Fader5::Mode_Click);
+    on(Check1, &CheckBox::Click, this, &Fader5::Check1_Click);
+    on(ChkNoB, &CheckBox::Click, this, &Fader5::ChkNoB_Click);
+    on(Check7, &CheckBox::Click, this, &Fader5::Check7_Click);
+    on(Command2, &QPushButton::clicked, this, &Fader5::Command2_Click);
+    on(Command4, &QPushButton::clicked, this, &Fader5::Command4_Click);
+    on(Command5, &QPushButton::clicked, this, &Fader5::Command5_Click);
+    on(Command6, &QPushButton::clicked, this, &Fader5::Command6_Click);
+    on(Command7, &QPushButton::clicked, this, &Fader5::Unload);
+    on(Command9, &QPushButton::clicked, this, &Fader5::Command9_Click);
+    on(Command16, &QPushButton::clicked, this, &Fader5::Command16_Click);
+}
+
+/// The markup of what is marked in the source goes through the sample, which knows its plain text. The
+/// clipboard carries it, and loses what it held.
+void Fader5::takeMarkedText()
+{
+    const RichTextBox& source = *form<FrmWeb>()->RichTextBox1;
+    if (source.SelLength() == 0)
+        return;
+    const WaitCursor wait; // the engine may have to be started
+    try {
+        WebBrowser1->write(source.decode(source.SelText()));
+        WebBrowser1->execCommand(QStringLiteral("SelectAll"));
+        WebBrowser1->execCommand(QStringLiteral("Copy"));
+        Text1->setPlainText(Clipboard::GetText());
+    } catch (const RuntimeError&) {
+        return; // without the engine the text stays empty
+    }
+}
+
+// ---- Settings --------------------------------------------------------------------------------------------
+
+FaderSettings Fader5::settings() const
+{
+    FaderSettings settings{
+        .mode = Opt1->Value()   ? FaderMode::OneColor
+                : Opt2->Value() ? FaderMode::TwoColors
+                                : FaderMode::FiveFade,
+        .Text1 = wholeText(*Text1),
+        .Text2 = Text2,
+        .Text8 = Text8,
+        .TxtC1 = TxtC1,
+        .TxtC2 = TxtC2,
+        .Combo1 = Combo1->Text(),
+        .size = QString::fromLatin1(htmlFontSize(Combo2->Text())),
+        .Check1 = Check1->Value() == 1,
+        .Text5 = Text5,
+        .Check7 = Check7->Value() == 1,
+        .ChkNoB = ChkNoB->Value() == 1,
+        .table = chosen(*this, TableOptions),
+        .cell = chosen(*this, CellOptions),
+        .Text20 = Text20,
+        .Text13 = Text13,
+        .Text17 = Text17,
+        .Combo6 = Combo6->text(),
+        .Combo3 = Combo3->text(),
+        .Combo5 = Combo5->text(),
+        .Combo9 = Combo9->text(),
+        .Combo8 = Combo8->text(),
+        .Hlink = Hlink,
+        .Hlink2 = Hlink2,
+    };
+    for (const StyleBox& entry : StyleBoxes)
+        settings.*entry.setting = (this->*entry.box)->Value() == 1;
+    return settings;
+}
+
+QString Fader5::body(FaderUser user)
+{
+    Command1_Click();
+    return faderBody(settings(), user);
+}
+
+/// Brings the colour texts in line with their samples, but for those of the two-colour mode.
+void Fader5::refreshColorTexts()
+{
+    for (const Row row : {F, G, H, I, J})
+        m_rows.at(row)->RowHexRefresh();
+}
+
+// ---- What depends on what --------------------------------------------------------------------------------
+
+void Fader5::enableRows(std::span<const Row> rows, bool enabled)
+{
+    for (const Row row : rows)
+        m_rows.at(row)->setEnabled(enabled);
+}
+
+void Fader5::enableModes()
+{
+    enableRows(std::array{G}, Opt1->Value());
+    enableRows(std::array{X, Z}, Opt2->Value());
+    enableRows(std::array{A, B, C, D, E}, Opt3->Value());
+}
+
+void Fader5::Mode_Click()
+{
+    Command8_Click();
+    enableModes();
+}
+
+void Fader5::Check1_Click()
+{
+    Command8_Click();
+    const bool on = Check1->Value() == 1;
+    Frame2->setEnabled(on);
+    enableRows(std::array{F}, on);
+}
+
+void Fader5::ChkNoB_Click()
+{
+    for (ScrollBar* bar : {RedJ, GreenJ, BlueJ})
+        bar->setEnabled(ChkNoB->Value() == 1);
+    Command8_Click();
+}
+
+void Fader5::Check7_Click()
+{
+    Command8_Click();
+    const bool on = Check7->Value() == 1;
+    enableTable(on);
+    ChkNoB->setEnabled(on);
+    for (const AlignOption& entry : CellOptions) {
+        (this->*entry.option)->setEnabled(on);
+        if (!on)
+            (this->*entry.option)->setValue(false);
+    }
+    if (!on)
+        Command8_Click();
+}
+
+/// Enables the table's controls but those that place the text in the cell.
+void Fader5::enableTable(bool enabled)
+{
+    for (QWidget* control : std::initializer_list<QWidget*>{Frame5, Frame6, Frame7, Label2, Label3, Label5,
+                                                            Label6, Label7, Option4, Option5, Option6})
+        control->setEnabled(enabled);
+    for (const NumberBar& entry : NumberBars) {
+        (this->*entry.box)->setEnabled(enabled);
+        (this->*entry.bar)->setEnabled(enabled);
+    }
+}
+
+// ---- The text and its sample -----------------------------------------------------------------------------
+
+void Fader5::Text1_Change()
+{
+    const QStringList characters = fadeCharacters(wholeText(*Text1));
+    if (characters.size() > Longest) {
+        const QSignalBlocker quiet(Text1);
+        Text1->setPlainText(characters.first(Longest).join(QString()));
+        MsgBox(QStringLiteral("The text is too long. Its first %1 characters were taken.").arg(Longest),
+               QStringLiteral("Information"), MsgIcon::Information);
+    }
+    Command8_Click();
+}
+
+/// Fades the text, whatever the mode.
+void Fader5::Command1_Click()
+{
+    Text2 = FadeFive(Color1->BackColor(), color2->BackColor(), color3->BackColor(), color4->BackColor(),
+                     Color5->BackColor(), wholeText(*Text1), Check4->Value() == 1);
+}
+
+void Fader5::Command8_Click()
+{
+    WebBrowser1->writeSoon(body(FaderUser::Sample));
+}
+
+// ---- What goes out ---------------------------------------------------------------------------------------
+
+void Fader5::Command16_Click()
+{
+    copyFragment(faderText(body(FaderUser::Copy), Check2->Value() == 1));
+}
+
+void Fader5::Command2_Click()
+{
+    if (Text1->document()->isEmpty()) {
+        MsgBox(QStringLiteral("Cannot add to editor because no word."), QStringLiteral("Error"),
+               MsgIcon::Information);
+        return;
+    }
+    const QString text = faderText(body(FaderUser::Add), Check2->Value() == 1);
+    switch (form<FrmWeb>()->SSTab1->Tab()) {
+    case FrmWeb::EditorTab:
+        addToEditor(text);
+        break;
+    case FrmWeb::PreviewTab:
+        MsgBox(QStringLiteral("Cannot add to editor because preview is open, please click tag ''Editor'' to "
+                              "open first."),
+               QStringLiteral("Error"), MsgIcon::Information);
+        break;
+    }
+}
+
+void Fader5::Command6_Click()
+{
+    const QString initial = QStringLiteral("http://");
+    const QString address =
+        InputBox(QStringLiteral("Enter the URL Address."), QStringLiteral("Edit Hyperlink"), initial);
+    const bool none = address.isEmpty() || address == initial;
+    Hlink = none ? QString() : QStringLiteral("<a href=") + address + u'>';
+    Hlink2 = none ? QString() : QStringLiteral("</a>");
+}
+
+void Fader5::Command9_Click()
+{
+    const QString address =
+        InputBox(QStringLiteral("Enter your email address."), QStringLiteral("Edit E-Mail"));
+    if (address.isEmpty())
+        return; // only the other button takes a link away
+    Hlink = QStringLiteral("<a href=mailto:") + address + u'>';
+    Hlink2 = QStringLiteral("</a>");
+}
+
+// ---- Presets ---------------------------------------------------------------------------------------------
+
+Preset Fader5::preset()
+{
+    return {QStringLiteral("1color"),
+            QStringLiteral("Fader5"),
+            {{QStringLiteral("color1"), Color1},
+             {QStringLiteral("color2"), color2},
+             {QStringLiteral("color3"), color3},
+             {QStringLiteral("color4"), color4},
+             {QStringLiteral("color5"), Color5},
+             {QStringLiteral("Hcolor1"), Hcolor1},
+             {QStringLiteral("Fcolor1"), FColor1},
+             {QStringLiteral("Bcolor1"), BColor1},
+             {QStringLiteral("Tbcolor1"), TbColor1},
+             {QStringLiteral("Tbcolor2"), TbColor2}}};
+}
+
+void Fader5::Command4_Click()
+{
+    savePreset(preset());
+}
+
+/// The bars stay where they are: the first that moves takes its sample back to the bars' colour.
+void Fader5::Command5_Click()
+{
+    if (!loadPreset(preset()))
+        return;
+    Command1_Click();
+    refreshColorTexts();
+}
+
+// ---- The description of a listing ------------------------------------------------------------------------
+
+void Fader5::Command15_Click()
+{
+    FrmWeb* main = form<FrmWeb>();
+    if (main->SSTab1->Tab() == FrmWeb::PreviewTab)
+        return;
+    RichTextBox& source = *main->RichTextBox1;
+    const MarkerPair& description = markers(Region::Description);
+    const QByteArray opening = description.opening.toByteArray();
+    const QByteArray region = opening + source.encode(faderText(body(FaderUser::Description), false));
+    source.setFocus();
+    const int caret = source.SelStart();
+    source.setSelStart(0);
+    source.setSelLength(90000);
+    for (int start = source.Find(opening, 0); start >= 0; start = source.Find(opening, start + 1)) {
+        const int end = source.Find(description.closing.toByteArray(), start);
+        source.setSelStart(start);
+        source.setSelLength(end - start);
+        source.setSelText(region);
+    }
+    source.setSelStart(caret);
+    for (WebBrowser* surface : {main->WebBrowser1, main->WebBrowser3})
+        surface->write(source.decode(source.Text()));
+    Unload();
+}

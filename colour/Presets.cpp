@@ -1,0 +1,60 @@
+#include "colour/Presets.h"
+
+#include "colour/ColorSample.h"
+#include "platform/Conversion.h"
+#include "platform/Doors.h"
+#include "platform/RuntimeError.h"
+#include "services/Profile.h"
+
+namespace {
+
+CommonDialog presetDialog(const QString& fileName)
+{
+    CommonDialog dialog;
+    dialog.CancelError = true;
+    dialog.Filter = QStringLiteral("FPC Files (*.fpc)|*.fpc|");
+    dialog.FileName = fileName;
+    return dialog;
+}
+
+QString textOf(const Preset::Entry& entry)
+{
+    if (auto* const* sample = std::get_if<ColorSample*>(&entry.holder))
+        return fromNumber((*sample)->BackColor());
+    return *std::get<QString*>(entry.holder);
+}
+
+/// Throws RuntimeError for a colour that is no number.
+void take(const Preset::Entry& entry, const QString& text)
+{
+    if (auto* const* sample = std::get_if<ColorSample*>(&entry.holder)) {
+        (*sample)->setBackColor(toInteger32(text));
+    } else {
+        *std::get<QString*>(entry.holder) = text;
+    }
+}
+
+} // namespace
+
+void savePreset(const Preset& preset)
+try {
+    CommonDialog dialog = presetDialog(preset.fileName);
+    dialog.ShowSave();
+    for (const Preset::Entry& entry : preset.entries)
+        WriteProfile(preset.section, entry.key, textOf(entry), dialog.FileName);
+} catch (const RuntimeError&) {
+    return; // the user cancelled
+}
+
+bool loadPreset(const Preset& preset, const std::function<void()>& before)
+try {
+    CommonDialog dialog = presetDialog(QString());
+    dialog.ShowOpen();
+    if (before)
+        before();
+    for (const Preset::Entry& entry : preset.entries)
+        take(entry, ReadProfile(preset.section, entry.key, dialog.FileName));
+    return true;
+} catch (const RuntimeError&) {
+    return false; // cancelled, or a colour that is none
+}

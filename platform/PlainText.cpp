@@ -1,0 +1,12 @@
+#include "platform/PlainText.h"
+
+#include <QPlainTextEdit>
+#include <QTextDocument>
+
+QString wholeText(const QPlainTextEdit& box)
+{
+    QString text = box.document()->toRawText(); // the plain text has blanks for no-break blanks
+    for (const QChar lineEnd : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
+        text.replace(lineEnd, QLatin1String("\r\n"));
+    return text;
+}

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QString>
+
+class QPlainTextEdit;
+
+/// All of a text box of several lines, to the letter, with CR LF line ends.
+QString wholeText(const QPlainTextEdit& box);
