@@ -1,6 +1,10 @@
 #include "app/Openings.h"
 
 #include "colour/Fader5.h"
+#include "colour/FrmBody.h"
+#include "colour/FrmColorcode.h"
+#include "colour/FrmHR.h"
+#include "colour/color.h"
 #include "platform/Events.h"
 #include "shell/About.h"
 #include "shell/FrmHelp.h"
@@ -33,7 +37,11 @@ void toolOpens(FrmWeb* main, int toolbarIndex)
 void connectOpenings(FrmWeb* main)
 {
     toolOpens<FrmBuild1>(main, 15);
+    toolOpens<FrmBody>(main, 17);
     toolOpens<Fader5>(main, 18);
+    toolOpens<FrmHR>(main, 22);
+    opens<color>(main->munhighlightcolor);
+    opens<FrmColorcode>(main->muncolorcode);
     opens<FrmWord>(main->muQW);
     opens<FrmHelp>(main->munhelp);
     opens<About>(main->munabout);

@@ -17,6 +17,11 @@ void ColorSample::setBackColor(int color)
     update();
 }
 
+QColor ColorSample::shownColor() const
+{
+    return m_color < 0 ? palette().color(QPalette::Button) : colorOf(m_color);
+}
+
 void ColorSample::offerClick()
 {
     setFocusPolicy(Qt::StrongFocus);
@@ -36,7 +41,7 @@ void ColorSample::paintEvent(QPaintEvent*)
     frame.lineWidth = 1;
     frame.frameShape = QFrame::StyledPanel;
     frame.state |= QStyle::State_Sunken;
-    QColor color = m_color < 0 ? palette().color(QPalette::Button) : colorOf(m_color);
+    QColor color = shownColor();
     if (!isEnabled())
         color.setAlphaF(0.4F);
     painter.fillRect(rect().adjusted(1, 1, -1, -1), color);

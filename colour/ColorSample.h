@@ -2,6 +2,9 @@
 
 #include <QAbstractButton>
 
+/// The colour number that stands for the colour of button faces, whatever that is on this desktop.
+inline constexpr int ButtonFace = int(0x8000000F);
+
 /// A field that shows a colour; where it offers more than that, it can be clicked, or pressed with the space
 /// bar.
 class ColorSample : public QAbstractButton
@@ -12,8 +15,10 @@ public:
     /// A black field that can't be pressed.
     explicit ColorSample(QWidget* parent = nullptr);
 
-    /// The colour number; a negative one is a system colour, that of button faces.
+    /// The colour number; a negative one is shown as `ButtonFace`.
     int BackColor() const { return m_color; }
+    /// The colour as it is seen.
+    QColor shownColor() const;
     void setBackColor(int color);
 
     /// Lets the field be pressed.

@@ -1,0 +1,32 @@
+#include "colour/FrmColorcode.h"
+
+#include "colour/ColorRow.h"
+#include "platform/Conversion.h"
+#include "platform/Events.h"
+#include "services/Codes.h"
+
+FrmColorcode::FrmColorcode()
+{
+    setupUi(this);
+    setDefaultButton(Command4);
+    setCancelButton(Command1);
+    m_row = new ColorRow(RedB, GreenB, BlueB, Hcolor2);
+    on(m_row, &ColorRow::Change, this, &FrmColorcode::Command3_Click);
+    on(m_row, &ColorRow::Scroll, this, &FrmColorcode::Command3_Click);
+    on(Command1, &QPushButton::clicked, this, &FrmColorcode::Unload);
+    on(Command4, &QPushButton::clicked, this, &FrmColorcode::Command4_Click);
+    Command3_Click();
+}
+
+void FrmColorcode::Command3_Click()
+{
+    QString code = m_row->colorText();
+    Text3->setText(code);
+    Text1 = u'#' + fromNumber(HexToColor(code));
+}
+
+void FrmColorcode::Command4_Click()
+{
+    addToEditor(Text3->text());
+    Hide();
+}

@@ -1,0 +1,107 @@
+#include "colour/FrmHR.h"
+
+#include "colour/ColorRow.h"
+#include "platform/Events.h"
+#include "shell/Icons.h"
+
+#include <array>
+
+namespace {
+
+/// An option that places the rule. Its text ends the tag.
+struct AlignOption
+{
+    OptionButton* Ui::FrmHR::*option;
+    const char* icon;
+    const char* end;
+};
+
+constexpr std::array<AlignOption, 3> AlignOptions = {{
+    {&Ui::FrmHR::Option5, "format-justify-left", " align=Left>"},
+    {&Ui::FrmHR::Option4, "format-justify-center", " align=Center>"},
+    {&Ui::FrmHR::Option3, "format-justify-right", " align=Right>"},
+}};
+
+} // namespace
+
+FrmHR::FrmHR()
+{
+    setupUi(this);
+    WebBrowser1->setKind(WebPage::Kind::Sample);
+    setDefaultButton(Command6);
+    setCancelButton(Command7);
+    setClosingBox(Check3, QStringLiteral("HRpro"), QStringLiteral("chk3"));
+    m_row = new ColorRow(RedG, GreenG, BlueG, FColor1);
+    m_row->keepText(&Text11);
+    m_row->RowHexRefresh();
+
+    on(m_row, &ColorRow::Change, this, &FrmHR::Command8_Click);
+    on(m_row, &ColorRow::Scroll, this, &FrmHR::Command8_Click);
+    for (const AlignOption& entry : AlignOptions) {
+        (this->*entry.option)->setIcon(namedIcon(entry.icon));
+        on(this->*entry.option, &OptionButton::Click, this, &FrmHR::Command8_Click);
+    }
+    on(Text1, &QLineEdit::textChanged, this, &FrmHR::Command8_Click);
+    on(Text3, &QLineEdit::textChanged, this, &FrmHR::Command8_Click);
+    on(HScroll1, &ScrollBar::Change, this, &FrmHR::HScroll1_Change);
+    on(HScroll2, &ScrollBar::Change, this, &FrmHR::HScroll2_Change);
+    on(Command1, &QPushButton::clicked, this, &FrmHR::Command1_Click);
+    on(Command6, &QPushButton::clicked, this, &FrmHR::Command6_Click);
+    on(Command7, &QPushButton::clicked, this, &FrmHR::Unload);
+    on(Command9, &QPushButton::clicked, this, &FrmHR::Command9_Click);
+    on(Command10, &QPushButton::clicked, this, &FrmHR::Command10_Click);
+    Command8_Click();
+}
+
+void FrmHR::HScroll1_Change()
+{
+    Text1->setText(QString::number(HScroll1->Value()) + u'%');
+}
+
+void FrmHR::HScroll2_Change()
+{
+    Text3->setText(QString::number(HScroll2->Value()));
+}
+
+QString FrmHR::tag() const
+{
+    QString tag = QStringLiteral("<HR width=") + Text1->text() + QStringLiteral(" size=") + Text3->text() +
+                  QStringLiteral(" color=") + Text11;
+    for (const AlignOption& entry : AlignOptions) {
+        if ((this->*entry.option)->Value())
+            tag += QLatin1String(entry.end);
+    }
+    return tag;
+}
+
+void FrmHR::Command8_Click()
+{
+    WebBrowser1->writeSoon(tag());
+}
+
+void FrmHR::Command1_Click()
+{
+    copyFragment(tag());
+}
+
+void FrmHR::Command6_Click()
+{
+    addToEditor(tag());
+}
+
+Preset FrmHR::preset()
+{
+    return {QStringLiteral("1HRcolor"), QStringLiteral("HR"), {{QStringLiteral("Fcolor1"), FColor1}}};
+}
+
+void FrmHR::Command9_Click()
+{
+    savePreset(preset());
+}
+
+/// The sample shows the colour at its next refresh, and the bars stay where they are.
+void FrmHR::Command10_Click()
+{
+    if (loadPreset(preset()))
+        m_row->RowHexRefresh();
+}

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "colour/Presets.h"
+#include "colour/ui_FrmHR.h"
+#include "shell/ToolForm.h"
+
+class ColorRow;
+
+/// The tool that makes a horizontal rule. Shows it in a sample, copies it, or puts it at the caret of the
+/// source box. Sizes go out as they are typed.
+class FrmHR : public ToolForm, public Ui::FrmHR
+{
+    Q_OBJECT
+
+public:
+    /// Throws RuntimeError(TypeMismatch) when the key of section `HRpro` is missing or no number.
+    FrmHR();
+
+    /// The colour text of the rule.
+    QString Text11;
+
+private:
+    void HScroll1_Change();
+    void HScroll2_Change();
+    void Command1_Click();
+    void Command6_Click();
+    void Command8_Click();
+    void Command9_Click();
+    void Command10_Click();
+
+    QString tag() const;
+    Preset preset();
+
+    ColorRow* m_row;
+};
