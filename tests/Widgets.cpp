@@ -1,0 +1,90 @@
+#include "Widgets.h"
+
+#include "platform/ComboBox.h"
+#include "platform/ScrollBar.h"
+#include "platform/WebBrowser.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QStyleOptionSlider>
+#include <QTest>
+
+namespace {
+
+QPoint placeOf(const ScrollBar* bar, QStyle::SubControl part)
+{
+    QStyleOptionSlider option;
+    option.initFrom(bar);
+    option.orientation = bar->orientation();
+    option.minimum = bar->minimum();
+    option.maximum = bar->maximum();
+    option.sliderPosition = bar->value();
+    option.sliderValue = bar->value();
+    option.singleStep = bar->singleStep();
+    option.pageStep = bar->pageStep();
+    if (bar->orientation() == Qt::Horizontal)
+        option.state |= QStyle::State_Horizontal;
+    return bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, part, bar).center();
+}
+
+} // namespace
+
+void click(QAbstractButton* button)
+{
+    QTest::mouseClick(button, Qt::LeftButton);
+}
+
+void tick(QAbstractButton* box)
+{
+    QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
+}
+
+void choose(ComboBox* combo, int entry)
+{
+    combo->showPopup();
+    auto* list = combo->view();
+    list->setCurrentIndex(combo->model()->index(entry, 0));
+    QTest::keyClick(list, Qt::Key_Return);
+}
+
+void overtype(QWidget* field, const QString& text)
+{
+    field->setFocus();
+    QTest::keyClick(field, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(field, Qt::Key_Delete);
+    QTest::keyClicks(field, text);
+}
+
+void step(ScrollBar* bar, bool up)
+{
+    QTest::mouseClick(bar, Qt::LeftButton, {},
+                      placeOf(bar, up ? QStyle::SC_ScrollBarAddLine : QStyle::SC_ScrollBarSubLine));
+}
+
+void dragToEnd(ScrollBar* bar)
+{
+    const QPoint from = placeOf(bar, QStyle::SC_ScrollBarSlider);
+    const QPoint end(bar->width() - 1, from.y());
+    QTest::mousePress(bar, Qt::LeftButton, {}, from);
+    QTest::mouseMove(bar, (from + end) / 2);
+    QTest::mouseMove(bar, end);
+}
+
+void release(ScrollBar* bar)
+{
+    QTest::mouseRelease(bar, Qt::LeftButton, {}, QPoint(bar->width() - 1, bar->height() / 2));
+}
+
+QString pageText(WebBrowser* browser)
+{
+    return browser->evaluate(QStringLiteral("document.body ? document.body.textContent.trim() : ''"))
+        .value_or(QVariant())
+        .toString();
+}
+
+QString pageBody(WebBrowser* browser)
+{
+    return browser->evaluate(QStringLiteral("document.body ? document.body.innerHTML.trim() : ''"))
+        .value_or(QVariant())
+        .toString();
+}

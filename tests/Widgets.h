@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QStyle>
+
+class CheckBox;
+class ComboBox;
+class QAbstractButton;
+class QWidget;
+class ScrollBar;
+class WebBrowser;
+
+// What a hand does with the program's controls, and what an eye sees in them.
+
+/// Clicks the middle of a button.
+void click(QAbstractButton* button);
+/// Clicks the indicator of a check box or an option.
+void tick(QAbstractButton* box);
+/// Chooses an entry of a drop-down list with the keyboard.
+void choose(ComboBox* combo, int entry);
+/// Types a text in place of what a field holds.
+void overtype(QWidget* field, const QString& text);
+
+/// Clicks the arrow that makes a bar's value larger (or smaller).
+void step(ScrollBar* bar, bool up = true);
+/// Drags the slider of a bar to its end, and leaves the button pressed until `release`.
+void dragToEnd(ScrollBar* bar);
+void release(ScrollBar* bar);
+
+/// The text of the page in a rendering control, blanks at both ends left out.
+QString pageText(WebBrowser* browser);
+/// What stands inside the body of the page in a rendering control, with one line end where there are any.
+QString pageBody(WebBrowser* browser);
