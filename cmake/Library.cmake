@@ -16,6 +16,7 @@ target_compile_options(
             -Woverloaded-virtual
             -Werror
             -ffp-contract=off # colour steps round the same on every machine
+            -fno-math-errno # rounding is an instruction, no call
 )
 
 # brindlemark_library(<folder> LINK <libraries> SOURCES <files>): the static library of one folder.

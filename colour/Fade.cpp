@@ -4,9 +4,11 @@
 #include "services/Codes.h"
 
 #include <QTextBoundaryFinder>
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -15,67 +17,94 @@ namespace {
 /// What stands around a character and its colour.
 struct Piece
 {
-    QLatin1StringView beforeColor;
-    QLatin1StringView behindColor;
-    QLatin1StringView end;
+    QStringView beforeColor;
+    QStringView behindColor;
+    QStringView end;
 };
 
-constexpr Piece ClosedPiece = {QLatin1StringView("<Font Color=\"#"), QLatin1StringView("\">"),
-                               QLatin1StringView("</Font>")};
-constexpr Piece OpenPiece = {QLatin1StringView("<Font Color=#"), QLatin1StringView(">"), QLatin1StringView()};
+constexpr Piece ClosedPiece = {u"<Font Color=\"#", u"\">", u"</Font>"};
+constexpr Piece OpenPiece = {u"<Font Color=#", u">", u""};
 
 /// The wave: four characters up, level, down, level.
-constexpr std::array<QLatin1StringView, 4> WaveTexts = {
-    QLatin1StringView("<sup>"), QLatin1StringView("</sup>"), QLatin1StringView("<sub>"),
-    QLatin1StringView("</sub>")};
+constexpr std::array<QStringView, 4> WaveTexts = {u"<sup>", u"</sup>", u"<sub>", u"</sub>"};
+constexpr qsizetype LongestWave = 6;
 
-/// A channel of character `i` of `n`. Three steps, each rounded to double precision on its own.
-int fadeStep(int from, int to, int i, int n)
+/// A channel on its way. Three steps, each rounded to double precision on its own.
+class ChannelFade
 {
-    const double difference = double(to - from) / n;
-    const double way = i * difference;
-    const double value = way + from;
-    return int(std::nearbyint(value)); // halves to the even number
-}
+public:
+    ChannelFade(int from, int to, int n) : m_step(double(to - from) / n), m_from(from) {}
 
-void appendHex(QString& html, int channel)
-{
-    constexpr char Digits[] = "0123456789ABCDEF";
-    html += QLatin1Char(Digits[channel >> 4 & 0xF]);
-    html += QLatin1Char(Digits[channel & 0xF]);
-}
+    /// The channel of character `i`, from 1.
+    int at(int i) const
+    {
+        const double way = i * m_step;
+        const double value = way + m_from;
+        return int(std::lrint(value)); // halves to the even number
+    }
 
-/// Makes the HTML of one fade, run by run.
+private:
+    double m_step;
+    int m_from;
+};
+
+/// Makes the HTML of one fade, run by run. A template, so that the pieces are copied as constants.
+template <const Piece& piece>
 class Fade
 {
 public:
-    Fade(const Piece& piece, bool wavy) : m_piece(piece), m_wavy(wavy) {}
-
-    void reserve(qsizetype characters) { m_html.reserve(characters * 40); }
+    /// Reserves for `text`, of so many characters.
+    Fade(bool wavy, const QString& text, size_t characters) : m_wavy(wavy)
+    {
+        const qsizetype tags =
+            piece.beforeColor.size() + 6 + piece.behindColor.size() + LongestWave + piece.end.size();
+        m_html.resize(text.size() + qsizetype(characters) * tags);
+        m_end = m_html.data();
+    }
 
     void run(std::span<const QStringView> characters, const Channels& from, const Channels& to)
     {
         const int n = int(characters.size());
+        if (n == 0)
+            return;
+        const ChannelFade red(from.red, to.red, n);
+        const ChannelFade green(from.green, to.green, n);
+        const ChannelFade blue(from.blue, to.blue, n);
         for (int i = 1; i <= n; ++i) {
-            m_html += m_piece.beforeColor;
-            appendHex(m_html, fadeStep(from.red, to.red, i, n));
-            appendHex(m_html, fadeStep(from.green, to.green, i, n));
-            appendHex(m_html, fadeStep(from.blue, to.blue, i, n));
-            m_html += m_piece.behindColor;
+            append(piece.beforeColor);
+            appendHex(red.at(i));
+            appendHex(green.at(i));
+            appendHex(blue.at(i));
+            append(piece.behindColor);
             if (m_wavy)
-                m_html += WaveTexts.at(m_wave++ % WaveTexts.size());
-            m_html += characters[size_t(i - 1)];
-            m_html += m_piece.end;
+                append(WaveTexts[m_wave++ % WaveTexts.size()]);
+            for (const QChar unit : characters[size_t(i - 1)])
+                *m_end++ = unit;
+            append(piece.end);
         }
     }
 
-    QString html() { return std::move(m_html); }
+    QString html()
+    {
+        m_html.truncate(m_end - m_html.constData());
+        return std::move(m_html);
+    }
 
 private:
-    Piece m_piece;
+    // A fade is text by the megabyte in small pieces: they go to their places in one buffer.
+    void append(QStringView text) { m_end = std::copy(text.begin(), text.end(), m_end); }
+
+    void appendHex(int channel)
+    {
+        constexpr char16_t Digits[] = u"0123456789ABCDEF";
+        *m_end++ = Digits[channel >> 4 & 0xF];
+        *m_end++ = Digits[channel & 0xF];
+    }
+
     bool m_wavy;
     size_t m_wave = 0; // runs on from run to run
     QString m_html;
+    QChar* m_end;
 };
 
 /// The parts of the text that are seen as one character. Line ends are two.
@@ -83,14 +112,16 @@ std::vector<QStringView> split(QStringView text)
 {
     std::vector<QStringView> characters;
     characters.reserve(size_t(text.size()));
-    QTextBoundaryFinder finder(QTextBoundaryFinder::Grapheme, text.data(), text.size());
+    std::optional<QTextBoundaryFinder> finder; // takes its time to look at the whole text
     for (qsizetype start = 0; start < text.size();) {
         qsizetype end = start + 1;
         // Most characters are letters of their own, which is soon told.
         const bool plain = text[start].unicode() < 0x80 && (end == text.size() || text[end].unicode() < 0x80);
         if (!plain) {
-            finder.setPosition(start);
-            end = finder.toNextBoundary();
+            if (!finder)
+                finder.emplace(QTextBoundaryFinder::Grapheme, text.data(), text.size());
+            finder->setPosition(start);
+            end = finder->toNextBoundary();
         }
         characters.push_back(text.sliced(start, end - start));
         start = end;
@@ -133,8 +164,7 @@ QString FadeFiveRgb(int r1, int g1, int b1, int r2, int g2, int b2, int r3, int 
     const std::array<Channels, 5> colors = {
         {{r1, g1, b1}, {r2, g2, b2}, {r3, g3, b3}, {r4, g4, b4}, {r5, g5, b5}}};
     const std::vector<QStringView> characters = splitForFade(text);
-    Fade fade(ClosedPiece, wavy);
-    fade.reserve(qsizetype(characters.size()));
+    Fade<ClosedPiece> fade(wavy, text, characters.size());
     std::span<const QStringView> rest(characters);
     for (size_t part = 0; part < 4; ++part) {
         const size_t length = (characters.size() + 3 - part) / 4; // 10 characters: 3, 3, 2, 2
@@ -147,8 +177,7 @@ QString FadeFiveRgb(int r1, int g1, int b1, int r2, int g2, int b2, int r3, int 
 QString FadeTwoRgb(int r1, int g1, int b1, int r2, int g2, int b2, const QString& text, bool wavy)
 {
     const std::vector<QStringView> characters = splitForFade(text);
-    Fade fade(OpenPiece, wavy);
-    fade.reserve(qsizetype(characters.size()));
+    Fade<OpenPiece> fade(wavy, text, characters.size());
     fade.run(characters, {r1, g1, b1}, {r2, g2, b2});
     return fade.html();
 }
