@@ -91,7 +91,6 @@ void Find::placeAside()
          qBound(area.top(), corner.y(), qMax(area.top(), area.bottom() - height())));
 }
 
-/// Enter that no control has use for is the default button's.
 void Find::Check1_Click()
 {
     Text1->setFocus();

@@ -13,9 +13,9 @@ class FrmPop : public Form
 public:
     FrmPop();
 
-    QMenu mucell;      ///< titles of the cells
-    QMenu mulistpopup; ///< lists
-    QMenu mubody;      ///< terms
+    QMenu mucell{QStringLiteral("CellPopUp")};      ///< titles of the cells
+    QMenu mulistpopup{QStringLiteral("ListPopUp")}; ///< lists
+    QMenu mubody{QStringLiteral("BodyPopUp")};      ///< terms
 
     /// Cell title of the description, which only pages of style 3 have.
     QAction* muDesc = nullptr;

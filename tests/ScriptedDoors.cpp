@@ -44,9 +44,10 @@ ScriptedDoors::ScriptedDoors()
 ScriptedDoors::~ScriptedDoors()
 {
     setDoors(nullptr);
-    if (!m_script.isEmpty())
+    if (!m_script.isEmpty()) {
         QTest::qFail(qPrintable(QStringLiteral("%1 was never asked").arg(m_script.constFirst().dialog)),
                      __FILE__, __LINE__);
+    }
 }
 
 void ScriptedDoors::expect(Answer answer)

@@ -34,8 +34,7 @@ QString setNamesFile()
 /// A colour of the source box. Throws RuntimeError(TypeMismatch) when the setting is missing or no number.
 int sourceColor(const char* key)
 {
-    return toInteger32(
-        ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
+    return toInteger32(ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
 }
 
 TermsTexts readTerms()

@@ -15,7 +15,6 @@ public:
     void edit(const QString& html);
 
 protected:
-
 private:
     void Combo1_Click();
     void Combo2_Click();

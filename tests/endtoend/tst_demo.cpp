@@ -41,10 +41,11 @@ QHash<QString, QString> values(const QByteArray& text, const QString& section = 
     QHash<QString, QString> found;
     bool inside = section.isEmpty();
     for (const QString& line : QString::fromUtf8(text).split(u'\n')) {
-        if (line.startsWith(u'['))
+        if (line.startsWith(u'[')) {
             inside = line.trimmed() == u'[' + section + u']';
-        else if (inside && line.contains(u'=') && !line.startsWith(u'#'))
+        } else if (inside && line.contains(u'=') && !line.startsWith(u'#')) {
             found.insert(line.section(u'=', 0, 0), line.section(u'=', 1).trimmed());
+        }
     }
     return found;
 }

@@ -210,10 +210,11 @@ void TestDocument::textSetByProgramMakesDirty()
     MainWindow window;
     window.web->RichTextBox1->setText("old");
     window.web->Dirty = !dirty;
-    if (insert)
+    if (insert) {
         window.web->RichTextBox1->setSelText(text);
-    else
+    } else {
         window.web->RichTextBox1->setText(text);
+    }
     QCOMPARE(window.web->Dirty, dirty);
 }
 
@@ -1094,10 +1095,11 @@ void TestDocument::cutOnTabZero()
     window.web->RichTextBox1->setSelStart(3);
     window.web->RichTextBox1->setSelLength(4);
     window.web->Dirty = false;
-    if (toolbar)
+    if (toolbar) {
         window.press(6);
-    else
+    } else {
         window.choose(window.web->MnEdit, window.web->MnCut);
+    }
     QCOMPARE(clipboardText(window.doors), QStringLiteral(" two"));
     QCOMPARE(window.source(), QByteArray("one"));
     QVERIFY(window.web->Dirty);
@@ -1117,10 +1119,11 @@ void TestDocument::copyOnTabZero()
     window.web->RichTextBox1->setSelStart(4);
     window.web->RichTextBox1->setSelLength(7);
     window.web->SSTab1->setFocus();
-    if (toolbar)
+    if (toolbar) {
         window.press(7);
-    else
+    } else {
         window.choose(window.web->MnEdit, window.web->MnCopy);
+    }
     QCOMPARE(clipboardText(window.doors), QString::fromUtf8("Grüße"));
     QCOMPARE(window.source(), QByteArray("one Gr\xC3\xBC\xC3\x9F"
                                          "e"));
@@ -1149,10 +1152,11 @@ void TestDocument::pasteOnTabZero()
     window.web->RichTextBox1->setSelStart(4);
     window.web->RichTextBox1->setSelLength(3);
     Clipboard::SetText(QString::fromUtf8("zwölf"));
-    if (toolbar)
+    if (toolbar) {
         window.press(8);
-    else
+    } else {
         window.choose(window.web->MnEdit, window.web->MnPaste);
+    }
     QCOMPARE(window.source(), QByteArray("one zw\xC3\xB6lf three"));
 }
 

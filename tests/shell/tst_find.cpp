@@ -585,10 +585,10 @@ void TestFind::everyControlIsReachedByTab()
     const Find& find = *search.find;
     const QList<QWidget*> order = {find.Text1,    find.Text2,    find.Check1,   find.Check2,  find.Command8,
                                    find.Command3, find.Command7, find.Command6, find.Command5};
-    for (qsizetype i = 0; i < order.size(); ++i) {
+    for (auto i : order) {
         QWidget* now = QApplication::focusWidget();
-        QVERIFY2(now == order[i] || now->parentWidget() == order[i], qPrintable(order[i]->objectName()));
-        QVERIFY(!order[i]->toolTip().isEmpty());
+        QVERIFY2(now == i || now->parentWidget() == i, qPrintable(i->objectName()));
+        QVERIFY(!i->toolTip().isEmpty());
         QTest::keyClick(now, Qt::Key_Tab);
     }
 }

@@ -108,7 +108,8 @@ private slots:
     void addEditorAtTheCaret();
     void addEditorOfSeveral();
     void addEditorClosesByItsBox();
-    void addEditorOnPreview();
+    void addEditorOnOtherTabs_data();
+    void addEditorOnOtherTabs();
     void copyLeavesTheLast();
     void copyClosesByItsBox();
     void doubleClickCopies();
@@ -386,16 +387,24 @@ void TestFrmWord::addEditorClosesByItsBox()
     QVERIFY(!isLoaded<FrmWord>());
 }
 
-void TestFrmWord::addEditorOnPreview()
+void TestFrmWord::addEditorOnOtherTabs_data()
 {
+    QTest::addColumn<int>("tab");
+    QTest::newRow("Preview") << int(FrmWeb::PreviewTab);
+    QTest::newRow("Internet") << int(FrmWeb::InternetTab);
+}
+
+void TestFrmWord::addEditorOnOtherTabs()
+{
+    QFETCH(int, tab);
     Words window;
     window.web->RichTextBox1->load("source");
-    window.web->SSTab1->setTab(FrmWeb::PreviewTab);
+    window.web->SSTab1->setTab(tab);
     window.show("phrase\r\n");
     window.select({0});
     Words::click(window.words->Command4);
     QVERIFY(window.source().contains("phrase"));
-    QCOMPARE(window.web->SSTab1->Tab(), int(FrmWeb::PreviewTab));
+    QCOMPARE(window.web->SSTab1->Tab(), tab);
 }
 
 void TestFrmWord::copyLeavesTheLast()

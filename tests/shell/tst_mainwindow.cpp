@@ -777,9 +777,10 @@ void TestMainWindow::nothingOverlaps_data()
     QTest::addColumn<int>("tab");
     QTest::addColumn<QString>("frame");
     for (const QSize& size : {QSize(1366, 768), QSize(640, 480)}) {
-        for (int tab : {0, 1, 2})
+        for (int tab : {0, 1, 2}) {
             QTest::addRow("%dx%d, tab %d", size.width(), size.height(), tab)
                 << size << tab << QStringLiteral("Frame%1").arg(tab + 1);
+        }
     }
 }
 
@@ -814,9 +815,10 @@ void TestMainWindow::nothingOverlaps()
         const QRect room = control->parentWidget()->rect();
         QVERIFY2(room.contains(control->geometry()), qPrintable(describe(control)));
         for (const QWidget* other : controls) {
-            if (other != control)
+            if (other != control) {
                 QVERIFY2(!placeOf(control).intersects(placeOf(other)),
                          qPrintable(describe(control) + QStringLiteral(" over ") + describe(other)));
+            }
         }
     }
 }
@@ -894,10 +896,11 @@ void TestMainWindow::helpWindow()
 /// Closes the window by its frame or by the menu.
 static void closeWindow(const MainWindow& window, bool byMenu)
 {
-    if (byMenu)
+    if (byMenu) {
         window.choose(window.web->Mnfile, window.web->MnExit);
-    else
+    } else {
         window.web->close();
+    }
 }
 
 static void closingWays()
