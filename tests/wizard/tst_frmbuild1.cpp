@@ -1058,6 +1058,13 @@ void TestFrmBuild1::pictureAddresses()
     QVERIFY(wizard.onPage2());
     QCOMPARE(wizard->List3, list);
     QVERIFY(wizard->listing().OptP2);
+    // Page 2 offers picture styles, also without an address; two of them are for one picture.
+    const FrmBuild2& page2 = *form<FrmBuild2>();
+    QVERIFY(page2.Frame7->isVisible());
+    for (const size_t style : {0, 2})
+        QCOMPARE(page2.Chk.at(style)->isEnabled(), list.size() <= 1);
+    for (const size_t style : {1, 3})
+        QVERIFY(page2.Chk.at(style)->isEnabled());
 }
 
 void TestFrmBuild1::picturesStayWithoutTheirOption()
@@ -1085,6 +1092,7 @@ void TestFrmBuild1::okGoesToPage2()
     wizard.click("Command1");
     QVERIFY(wizard.onPage2());
     QVERIFY(!form<FrmBuild2>()->isModal());
+    QVERIFY(!form<FrmBuild2>()->Frame7->isVisible()); // there are no pictures
     QCOMPARE(wizard->Check1, 1);
     QCOMPARE(wizard->List1, QStringList{"PayPal"});
     QCOMPARE(wizard->List2, QStringList());
