@@ -5,20 +5,37 @@
 #include "platform/WebBrowser.h"
 #include "services/Codes.h"
 
-const char* htmlFontSize(const QString& text)
+namespace {
+
+struct Size
 {
-    struct Size
-    {
-        const char* points;
-        const char* html;
-    };
-    static constexpr Size Sizes[] = {{"Normal", "3"}, {"8", "1"},  {"10", "2"}, {"12", "3"},
-                                     {"14", "4"},     {"18", "5"}, {"24", "6"}, {"36", "7"}};
+    const char* text;
+    const char* html;
+};
+
+constexpr Size Sizes[] = {{"Normal", "3"}, {"8", "1"},  {"10", "2"}, {"12", "3"},
+                          {"14", "4"},     {"18", "5"}, {"24", "6"}, {"36", "7"}};
+
+/// The other side of the first size whose one side is `text`.
+const char* translate(const QString& text, const char* Size::*from, const char* Size::*to)
+{
     for (const Size& size : Sizes) {
-        if (text == QLatin1String(size.points))
-            return size.html;
+        if (text == QLatin1String(size.*from))
+            return size.*to;
     }
     return nullptr;
+}
+
+} // namespace
+
+const char* htmlFontSize(const QString& text)
+{
+    return translate(text, &Size::text, &Size::html);
+}
+
+const char* fontSizeText(const QString& htmlSize)
+{
+    return translate(htmlSize, &Size::html, &Size::text);
 }
 
 std::optional<QString> askForColor()

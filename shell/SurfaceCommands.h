@@ -42,6 +42,9 @@ inline constexpr const char* PointSizes[] = {"8", "10", "12", "14", "18", "24", 
 /// The HTML font size, "1" to "7", of a text in `Combo2`: "Normal" or a point size. Null for any other text.
 const char* htmlFontSize(const QString& text);
 
+/// The text of an HTML font size, the first that has it: "Normal" for "3". Null for any other.
+const char* fontSizeText(const QString& htmlSize);
+
 /// Asks for a colour with the colour dialog; its colour text, or no value when the user cancels.
 std::optional<QString> askForColor();
 

@@ -14,6 +14,7 @@
 #include "shell/Highlight.h"
 #include "shell/Icons.h"
 #include "shell/Regions.h"
+#include "shell/SavedTitles.h"
 #include "shell/Wait.h"
 #include "wizard/FrmBuild1.h"
 #include "wizard/Generators.h"
@@ -45,15 +46,6 @@ TermsTexts readTerms()
     return texts;
 }
 
-bool hasEntry(const ListObject& list, const QString& text)
-{
-    for (int i = 0; i < list.ListCount(); ++i) {
-        if (list.List(i) == text)
-            return true;
-    }
-    return false;
-}
-
 /// Unloads a form that may be gone already: while the source is coloured the user can close windows.
 template <typename F>
 void unload()
@@ -72,11 +64,8 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new WebBrowser(this)), RTB1(new RichTextBox
     RTB1->hide();
     Command1->setIcon(namedIcon("go-previous"));
     Command2->setIcon(namedIcon("go-next"));
-    for (ComboBox* combo : {Combo3, Combo4}) { // what they say while nothing is chosen isn't faint
-        QPalette readable = combo->palette();
-        readable.setColor(QPalette::PlaceholderText, readable.color(QPalette::ButtonText));
-        combo->setPalette(readable);
-    }
+    for (ComboBox* combo : {Combo3, Combo4})
+        showPlaceholder(*combo);
     for (const char* entry : ColorEntries)
         Combo3->AddItem(QString::fromLatin1(entry));
     LoadList(setNamesFile(), *Combo4);
@@ -176,20 +165,10 @@ void FrmBuild2::Combo4_Click()
 
 void FrmBuild2::Command19_Click()
 {
-    const QString name =
-        InputBox(QStringLiteral("Enter the name of all colors."), QStringLiteral("Save all colors"));
-    if (name.isEmpty())
-        return;
-    if (!hasEntry(*Combo4, name)) {
-        Combo4->AddItem(name);
-        Combo4->setText(name);
-        SaveList(setNamesFile(), *Combo4);
-    } else if (MsgBox(QStringLiteral("[ %1 ] - already exists.\r\nDo you want to replace it ?").arg(name),
-                      QStringLiteral("Information"), MsgIcon::Information,
-                      MsgButtons::YesNo) == MsgAnswer::No) {
-        return;
-    }
-    saveColorSet(m_look, name);
+    const QString name = askForTitle(*Combo4, setNamesFile(), QStringLiteral("Enter the name of all colors."),
+                                     QStringLiteral("Save all colors"));
+    if (!name.isEmpty())
+        saveColorSet(m_look, name);
 }
 
 void FrmBuild2::repaintDrawing()

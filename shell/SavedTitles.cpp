@@ -1,0 +1,44 @@
+#include "shell/SavedTitles.h"
+
+#include "platform/ComboBox.h"
+#include "platform/Doors.h"
+#include "services/Profile.h"
+
+namespace {
+
+bool hasEntry(const ComboBox& list, const QString& text)
+{
+    for (int i = 0; i < list.ListCount(); ++i) {
+        if (list.List(i) == text)
+            return true;
+    }
+    return false;
+}
+
+bool mayReplace(const QString& title)
+{
+    return MsgBox(QStringLiteral("[ %1 ] - already exists.\r\nDo you want to replace it ?").arg(title),
+                  QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes;
+}
+
+} // namespace
+
+void showPlaceholder(ComboBox& titles)
+{
+    QPalette readable = titles.palette();
+    readable.setColor(QPalette::PlaceholderText, readable.color(QPalette::ButtonText));
+    titles.setPalette(readable);
+}
+
+QString askForTitle(ComboBox& titles, const QString& listFile, const QString& prompt, const QString& caption)
+{
+    const QString title = InputBox(prompt, caption);
+    if (title.isEmpty())
+        return title;
+    if (hasEntry(titles, title))
+        return mayReplace(title) ? title : QString();
+    titles.AddItem(title);
+    titles.setText(title);
+    SaveList(listFile, titles);
+    return title;
+}
