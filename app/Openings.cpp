@@ -1,5 +1,7 @@
 #include "app/Openings.h"
 
+#include "builders/FrmAddTable.h"
+#include "builders/FrmTable.h"
 #include "colour/Fader5.h"
 #include "colour/FrmBody.h"
 #include "colour/FrmColorcode.h"
@@ -39,8 +41,10 @@ void connectOpenings(FrmWeb* main)
     toolOpens<FrmBuild1>(main, 15);
     toolOpens<FrmBody>(main, 17);
     toolOpens<Fader5>(main, 18);
+    toolOpens<FrmTable>(main, 20);
     toolOpens<FrmHR>(main, 22);
     opens<color>(main->munhighlightcolor);
+    opens<FrmAddTable>(main->munaddtable);
     opens<FrmColorcode>(main->muncolorcode);
     opens<FrmWord>(main->muQW);
     opens<FrmHelp>(main->munhelp);

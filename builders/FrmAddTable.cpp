@@ -1,0 +1,106 @@
+#include "builders/FrmAddTable.h"
+
+#include "builders/TableHtml.h"
+#include "colour/ColorRow.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/WaitCursor.h"
+
+#include <array>
+#include <limits>
+#include <optional>
+#include <utility>
+
+namespace {
+
+struct SizeBar
+{
+    ScrollBar* Ui::FrmAddTable::*bar;
+    QLineEdit* Ui::FrmAddTable::*box;
+};
+
+constexpr std::array<SizeBar, 3> SizeBars = {{
+    {&Ui::FrmAddTable::HScroll1, &Ui::FrmAddTable::Combo2},
+    {&Ui::FrmAddTable::HScroll2, &Ui::FrmAddTable::Combo3},
+    {&Ui::FrmAddTable::HScroll3, &Ui::FrmAddTable::Combo4},
+}};
+
+/// More cells than a page can show, or the source box can hold in good time.
+constexpr qint64 MostCells = 1'000'000;
+
+/// The whole number in a box, 0 to 32767. Without one the user is told, and stands in the box.
+std::optional<int> wholeNumber(QLineEdit* box)
+{
+    bool isNumber = false;
+    const int number = box->text().toInt(&isNumber);
+    if (isNumber && number >= 0 && number <= std::numeric_limits<qint16>::max())
+        return number;
+    MsgBox(QStringLiteral("Please enter a whole number."), QStringLiteral("Information"),
+           MsgIcon::Information);
+    box->setFocus();
+    box->selectAll();
+    return std::nullopt;
+}
+
+} // namespace
+
+FrmAddTable::FrmAddTable()
+{
+    setupUi(this);
+    setDefaultButton(Command1);
+    setCancelButton(Command2);
+    for (const auto& [row, text] : {std::pair(new ColorRow(RedA, GreenA, BlueA, BColor1), &Text4),
+                                    std::pair(new ColorRow(RedH, GreenH, BlueH, TbColor1), &Text13)}) {
+        row->keepText(text);
+        row->RowHexRefresh();
+    }
+    for (const SizeBar& entry : SizeBars) {
+        on(this->*entry.bar, &ScrollBar::Change, this,
+           [this, entry] { (this->*entry.box)->setText(QString::number((this->*entry.bar)->Value())); });
+    }
+    on(Grid, &SizeGrid::picked, this, &FrmAddTable::Frame1_picked);
+    on(Command1, &QPushButton::clicked, this, &FrmAddTable::Command1_Click);
+    on(Command2, &QPushButton::clicked, this, &FrmAddTable::Unload);
+}
+
+void FrmAddTable::CleanUp()
+{
+    Grid->CleanUp();
+}
+
+void FrmAddTable::Frame1_picked(int rows, int columns)
+{
+    txtRows->setText(QString::number(rows));
+    txtColls->setText(QString::number(columns));
+}
+
+QString FrmAddTable::align() const
+{
+    if (Option1->Value())
+        return QStringLiteral("left");
+    return Option2->Value() ? QStringLiteral("center") : QStringLiteral("right");
+}
+
+void FrmAddTable::Command1_Click()
+{
+    const std::optional<int> rows = wholeNumber(txtRows);
+    const std::optional<int> columns = rows ? wholeNumber(txtColls) : std::nullopt;
+    if (!columns)
+        return;
+    if (qint64(*rows) * qMax(1, *columns) > MostCells) {
+        MsgBox(QStringLiteral("The table is too large. It can have up to %1 cells.").arg(MostCells),
+               QStringLiteral("Information"), MsgIcon::Information);
+        txtRows->setFocus();
+        return;
+    }
+    const WaitCursor wait;
+    addToEditor(skeletonText({.align = align(),
+                              .Combo2 = Combo2->text(),
+                              .Combo3 = Combo3->text(),
+                              .Combo4 = Combo4->text(),
+                              .Text4 = Text4,
+                              .Text13 = Text13,
+                              .rows = *rows,
+                              .columns = *columns}));
+    Unload();
+}

@@ -1,0 +1,84 @@
+#include "builders/SizeGrid.h"
+
+#include "platform/Events.h"
+
+#include <QButtonGroup>
+#include <QGridLayout>
+#include <QPainter>
+#include <QToolButton>
+
+namespace {
+
+/// A cell: a field of one of two system colours.
+class GridCell : public QToolButton
+{
+public:
+    using QToolButton::QToolButton;
+
+    bool marked = false;
+
+    QSize sizeHint() const override { return {24, 18}; }
+
+protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setPen(palette().color(hasFocus() ? QPalette::WindowText : QPalette::Mid));
+        painter.setBrush(palette().color(marked ? QPalette::Highlight : QPalette::Base));
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        if (hasFocus())
+            painter.drawRect(rect().adjusted(1, 1, -2, -2));
+    }
+};
+
+} // namespace
+
+SizeGrid::SizeGrid(QWidget* parent) : QWidget(parent)
+{
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setSpacing(2);
+    auto* group = new QButtonGroup(this); // lets the arrow keys move within
+    group->setExclusive(false);
+    for (int row = 0; row < Side; ++row) {
+        for (int column = 0; column < Side; ++column) {
+            const int index = row * Side + column;
+            auto* cell = new GridCell(this);
+            cell->setObjectName(QStringLiteral("Picture%1").arg(index + 1));
+            cell->setAccessibleName(QStringLiteral("Rows: %1, columns: %2").arg(row + 1).arg(column + 1));
+            cell->setToolTip(cell->accessibleName());
+            cell->setFocusPolicy(index == 0 ? Qt::StrongFocus : Qt::ClickFocus); // Tab goes past the others
+            group->addButton(cell);
+            grid->addWidget(cell, row, column);
+            on(cell, &QToolButton::clicked, this, [this, index] { pick(index + 1); });
+            m_cells.at(size_t(index)) = cell;
+        }
+    }
+}
+
+void SizeGrid::CleanUp()
+{
+    mark(0, 0);
+}
+
+bool SizeGrid::isMarked(int cell) const
+{
+    return static_cast<const GridCell*>(m_cells.at(size_t(cell - 1)))->marked;
+}
+
+void SizeGrid::pick(int cell)
+{
+    const int row = (cell - 1) / Side + 1;
+    const int column = (cell - 1) % Side + 1;
+    mark(row, column);
+    emit picked(row, column);
+}
+
+void SizeGrid::mark(int rows, int columns)
+{
+    for (size_t i = 0; i < m_cells.size(); ++i) {
+        auto* cell = static_cast<GridCell*>(m_cells.at(i));
+        cell->marked = int(i) / Side < rows && int(i) % Side < columns;
+        cell->update();
+    }
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+class QAbstractButton;
+
+/// A grid of five by five cells that picks the size of a table: a click on a cell marks all from the first to
+/// it. Arrow keys move over the cells, the space bar clicks.
+class SizeGrid : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int Side = 5;
+
+    /// Nothing is marked. The cells are named "Picture1" to "Picture25", row by row.
+    explicit SizeGrid(QWidget* parent = nullptr);
+
+    /// Marks nothing.
+    void CleanUp();
+    /// Whether the cell, from 1, is marked.
+    bool isMarked(int cell) const;
+
+signals:
+    /// The user has picked a size, each 1 to 5.
+    void picked(int rows, int columns);
+
+private:
+    void pick(int cell);
+    void mark(int rows, int columns);
+
+    std::array<QAbstractButton*, size_t(Side* Side)> m_cells{};
+};

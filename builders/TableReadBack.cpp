@@ -1,0 +1,98 @@
+#include "builders/TableReadBack.h"
+
+#include "shell/SurfaceCommands.h"
+
+#include <array>
+
+namespace {
+
+using Cut = std::optional<QString>;
+
+/// What stands behind a name and so many characters more. No value: the name is missing.
+Cut behind(const Cut& text, const char* name, qsizetype more = 0)
+{
+    if (!text)
+        return std::nullopt;
+    const qsizetype place = text->indexOf(QLatin1String(name));
+    if (place < 0)
+        return std::nullopt;
+    return text->mid(place + qsizetype(qstrlen(name)) + more).trimmed();
+}
+
+/// What stands in front of a name and so many characters before it. No value: the name is missing, or there
+/// is less in front of it.
+Cut before(const Cut& text, const char* name, qsizetype less = 0)
+{
+    if (!text)
+        return std::nullopt;
+    const qsizetype end = text->indexOf(QLatin1String(name)) - less;
+    if (end < 0)
+        return std::nullopt;
+    return text->left(end).trimmed();
+}
+
+/// A spanning cell's colour is cut behind its "#".
+Cut cellColor(const QString& cell)
+{
+    if (cell.contains(QStringLiteral("colSpan=2")))
+        return before(behind(cell, "bgcolor=", 1), "colSpan=", 1);
+    return before(behind(cell, "bgcolor="), "width=", 1);
+}
+
+std::optional<TableAlign> alignOf(const Cut& word)
+{
+    struct Word
+    {
+        const char* lower;
+        const char* capital;
+        TableAlign align;
+    };
+    static constexpr std::array<Word, 3> Words = {{{"left", "Left", TableAlign::Left},
+                                                   {"center", "Center", TableAlign::Center},
+                                                   {"right", "Right", TableAlign::Right}}};
+    for (const Word& entry : Words) {
+        if (word && (*word == QLatin1String(entry.lower) || *word == QLatin1String(entry.capital)))
+            return entry.align;
+    }
+    return std::nullopt;
+}
+
+/// The styles whose opening tags are `tags`, to the letter.
+std::optional<TableReadBack::Styles> stylesOf(const Cut& tags)
+{
+    for (const bool bold : {false, true}) {
+        for (const bool italic : {false, true}) {
+            for (const bool underline : {false, true}) {
+                CellStyle style;
+                style.chkBold = bold;
+                style.chkItalic = italic;
+                style.chkUnderline = underline;
+                if (tags == styleTags(style, "<"))
+                    return TableReadBack::Styles{bold, italic, underline};
+            }
+        }
+    }
+    return std::nullopt;
+}
+
+Cut sizeText(const Cut& htmlSize)
+{
+    const char* text = htmlSize ? fontSizeText(*htmlSize) : nullptr;
+    return text ? Cut(QLatin1String(text)) : std::nullopt;
+}
+
+} // namespace
+
+TableReadBack readBack(const QString& cell)
+{
+    return {
+        .cellColor = cellColor(cell),
+        .TxWid = before(behind(cell, "width="), "height="),
+        .TxHei = before(behind(cell, "height="), "align=", 1),
+        .align = alignOf(before(behind(cell, "align="), ">")),
+        .styles = stylesOf(behind(before(cell, "<Font"), ">")),
+        .Combo7 = before(behind(cell, "face="), "size=", 1),
+        .Combo6 = sizeText(before(behind(cell, "size="), "color=", 1)),
+        .fontColor = before(behind(behind(cell, "<Font"), "color=", 1), ">"),
+    };
+}
