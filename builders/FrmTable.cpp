@@ -119,12 +119,12 @@ QStringList entries(const ListBox& list)
 
 QString setsFile()
 {
-    return AppPath() + QStringLiteral("Table.ini");
+    return appFile(QStringLiteral("\\Table.ini"));
 }
 
 QString titlesFile()
 {
-    return AppPath() + QStringLiteral("Table2.ini");
+    return appFile(QStringLiteral("\\Table2.ini"));
 }
 
 /// A number of a saved set; 0 where it is missing, none, or out of range.

@@ -2,10 +2,11 @@
 
 #include "platform/Events.h"
 
-#include <QButtonGroup>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QToolButton>
+#include <algorithm>
 
 namespace {
 
@@ -20,6 +21,15 @@ public:
     QSize sizeHint() const override { return {24, 18}; }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        const std::array arrows = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down};
+        if (std::find(arrows.begin(), arrows.end(), event->key()) != arrows.end()) {
+            event->ignore(); // the grid's
+        } else {
+            QToolButton::keyPressEvent(event);
+        }
+    }
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
@@ -38,8 +48,6 @@ SizeGrid::SizeGrid(QWidget* parent) : QWidget(parent)
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(2);
-    auto* group = new QButtonGroup(this); // lets the arrow keys move within
-    group->setExclusive(false);
     for (int row = 0; row < Side; ++row) {
         for (int column = 0; column < Side; ++column) {
             const int index = row * Side + column;
@@ -48,7 +56,6 @@ SizeGrid::SizeGrid(QWidget* parent) : QWidget(parent)
             cell->setAccessibleName(QStringLiteral("Rows: %1, columns: %2").arg(row + 1).arg(column + 1));
             cell->setToolTip(cell->accessibleName());
             cell->setFocusPolicy(index == 0 ? Qt::StrongFocus : Qt::ClickFocus); // Tab goes past the others
-            group->addButton(cell);
             grid->addWidget(cell, row, column);
             on(cell, &QToolButton::clicked, this, [this, index] { pick(index + 1); });
             m_cells.at(size_t(index)) = cell;
@@ -64,6 +71,25 @@ void SizeGrid::CleanUp()
 bool SizeGrid::isMarked(int cell) const
 {
     return static_cast<const GridCell*>(m_cells.at(size_t(cell - 1)))->marked;
+}
+
+void SizeGrid::keyPressEvent(QKeyEvent* event)
+{
+    const auto* here = std::find(m_cells.begin(), m_cells.end(), focusWidget());
+    if (here == m_cells.end()) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    const int index = int(here - m_cells.begin());
+    const int across = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
+    const int down = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
+    const int row = qBound(0, index / Side + down, Side - 1);
+    const int column = qBound(0, index % Side + across, Side - 1);
+    if (across == 0 && down == 0) {
+        QWidget::keyPressEvent(event); // Enter is the window's
+    } else {
+        m_cells.at(size_t(row * Side + column))->setFocus();
+    }
 }
 
 void SizeGrid::pick(int cell)

@@ -26,6 +26,9 @@ signals:
     /// The user has picked a size, each 1 to 5.
     void picked(int rows, int columns);
 
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
 private:
     void pick(int cell);
     void mark(int rows, int columns);

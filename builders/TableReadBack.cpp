@@ -31,10 +31,10 @@ Cut before(const Cut& text, const char* name, qsizetype less = 0)
     return text->left(end).trimmed();
 }
 
-/// A spanning cell's colour is cut behind its "#".
+/// A spanning cell's colour is cut behind its "#". Only the cell's own tag says that it spans, not its word.
 Cut cellColor(const QString& cell)
 {
-    if (cell.contains(QStringLiteral("colSpan=2")))
+    if (cell.left(cell.indexOf(u'>')).contains(QStringLiteral("colSpan=2")))
         return before(behind(cell, "bgcolor=", 1), "colSpan=", 1);
     return before(behind(cell, "bgcolor="), "width=", 1);
 }

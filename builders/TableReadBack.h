@@ -12,6 +12,8 @@ struct TableReadBack
         bool bold;
         bool italic;
         bool underline;
+
+        bool operator==(const Styles& other) const = default;
     };
 
     std::optional<QString> cellColor; ///< colour digits, with "#" in front or without
