@@ -26,6 +26,7 @@ void restyle(benchmark::State& state)
 {
     auto* table = form<FrmTable>();
     table->Show();
+    table->WebBrowser1->innerHtml(); // the engine is there
     fillRows(*table, int(state.range(0)));
     while (state.KeepRunning())
         table->Command9_Click();

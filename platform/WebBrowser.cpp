@@ -176,6 +176,7 @@ void WebBrowser::wait(QEventLoop& loop, int milliseconds)
     timer.setSingleShot(true);
     connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
     connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
+    connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     timer.start(milliseconds);
     ++operationsWaiting;
     loop.exec(QEventLoop::ExcludeUserInputEvents);
