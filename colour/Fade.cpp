@@ -107,6 +107,16 @@ private:
     QChar* m_end;
 };
 
+/// Whether a flag stands at a place: two letters of the block that flags are made of.
+bool isFlag(QStringView text, qsizetype place)
+{
+    const auto isLetter = [text](qsizetype i) {
+        return i + 1 < text.size() && text[i].unicode() == 0xD83C && text[i + 1].unicode() >= 0xDDE6 &&
+               text[i + 1].unicode() <= 0xDDFF;
+    };
+    return isLetter(place) && isLetter(place + 2);
+}
+
 /// The parts of the text that are seen as one character. Line ends are two.
 std::vector<QStringView> split(QStringView text)
 {
@@ -117,7 +127,9 @@ std::vector<QStringView> split(QStringView text)
         qsizetype end = start + 1;
         // Most characters are letters of their own, which is soon told.
         const bool plain = text[start].unicode() < 0x80 && (end == text.size() || text[end].unicode() < 0x80);
-        if (!plain) {
+        if (isFlag(text, start)) { // the finder cuts one behind another emoji
+            end = start + 4;
+        } else if (!plain) {
             if (!finder)
                 finder.emplace(QTextBoundaryFinder::Grapheme, text.data(), text.size());
             finder->setPosition(start);
@@ -194,7 +206,9 @@ int HexDigitValue(QChar digit)
 float HexToNumber(const QString& text)
 {
     float number = 0;
-    for (const QChar digit : text.right(8).toUpper())
-        number = number * 16 + float(HexDigitValue(digit));
+    float place = 1;
+    const QString digits = text.right(8);
+    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, place *= 16)
+        number += float(HexDigitValue(digit->toUpper())) * place;
     return number;
 }

@@ -22,13 +22,13 @@ public:
     Fader5();
 
     // Colours as colour texts, of the rows G, X, Z, F, H, I and J.
-    QString Text8;
-    QString TxtC1;
-    QString TxtC2;
-    QString Text5;
-    QString Text13;
-    QString Text17;
-    QString Text20;
+    QString Text8 = QStringLiteral("#000000");
+    QString TxtC1 = QStringLiteral("#000000");
+    QString TxtC2 = QStringLiteral("#000000");
+    QString Text5 = QStringLiteral("#000000");
+    QString Text13 = QStringLiteral("#000000");
+    QString Text17 = QStringLiteral("#000000");
+    QString Text20 = QStringLiteral("#000000");
     /// `Text1` in five colours, as the fade engine made it.
     QString Text2;
     /// The tags of the link, both empty without one.

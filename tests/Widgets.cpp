@@ -9,8 +9,6 @@
 #include <QStyleOptionSlider>
 #include <QTest>
 
-namespace {
-
 QPoint placeOf(const ScrollBar* bar, QStyle::SubControl part)
 {
     QStyleOptionSlider option;
@@ -26,8 +24,6 @@ QPoint placeOf(const ScrollBar* bar, QStyle::SubControl part)
         option.state |= QStyle::State_Horizontal;
     return bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, part, bar).center();
 }
-
-} // namespace
 
 void click(QAbstractButton* button)
 {

@@ -22,6 +22,8 @@ void choose(ComboBox* combo, int entry);
 /// Types a text in place of what a field holds.
 void overtype(QWidget* field, const QString& text);
 
+/// The middle of a part of a bar.
+QPoint placeOf(const ScrollBar* bar, QStyle::SubControl part);
 /// Clicks the arrow that makes a bar's value larger (or smaller).
 void step(ScrollBar* bar, bool up = true);
 /// Drags the slider of a bar to its end, and leaves the button pressed until `release`.

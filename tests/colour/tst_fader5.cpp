@@ -1,109 +1,136 @@
-#include "MainWindow.h"
+#include "FaderTool.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "colour/ColorSample.h"
-#include "colour/Fader5.h"
-#include "services/Markers.h"
+#include "platform/RuntimeError.h"
 
-#include <QFileInfo>
 #include <QFontDatabase>
-#include <QTimer>
+#include <functional>
 
 namespace {
 
-const QString Section = QStringLiteral("Fader5");
-const QString Filter = QStringLiteral("FPC Files (*.fpc)|*.fpc|");
+using Act = std::function<void(FaderTool&)>;
+
+const QString Black = QStringLiteral("#000000");
+const QString Eight = QStringLiteral("abcdefgh");
+
+/// The fragment of the default settings, with some attributes in place of the default ones.
+QString plain(const QString& text, const QString& color = Black, const QString& size = QStringLiteral("3"),
+              const QString& face = QStringLiteral("Arial"))
+{
+    return QStringLiteral("<Font face=%1 size=%2 color=%3>%4</FONT>").arg(face, size, color, text);
+}
+
+struct TableLook
+{
+    QString borderColor{}; // with its attribute
+    QString height = QStringLiteral("0%");
+    QString spacing = QStringLiteral("0");
+    QString padding = QStringLiteral("0");
+    QString width = QStringLiteral("0%");
+    QString align = QStringLiteral(" Align=left");
+    QString background = Black;
+    QString border = QStringLiteral("0");
+    QString cellAlign{};
+    QString cell = Black;
+};
+
+QString inTable(const QString& inner, const TableLook& look = {})
+{
+    return QStringLiteral("<TABLE") + look.borderColor + QStringLiteral(" height=") + look.height +
+           QStringLiteral(" cellSpacing=") + look.spacing + QStringLiteral(" cellPadding=") + look.padding +
+           QStringLiteral(" width=") + look.width + look.align + QStringLiteral(" bgcolor=") +
+           look.background + QStringLiteral(" border=") + look.border + QStringLiteral("><TBODY><TR><TD") +
+           look.cellAlign + QStringLiteral(" bgColor=") + look.cell + u'>' + inner +
+           QStringLiteral("</TD></TR></TBODY></TABLE>");
+}
+
+QString twoColors(const QString& text, const QString& one = Black, const QString& two = Black)
+{
+    QString run;
+    QString closers;
+    for (qsizetype i = 0; i < text.size(); i += 2) {
+        run += QStringLiteral("<Font face=Arial size=3 color=\"%1\">").arg(one) + text.mid(i, 1) +
+               QStringLiteral("<Font face=Arial size=3 color=\"%1\">").arg(two) + text.mid(i + 1, 1);
+        closers += QStringLiteral("</FONT></FONT>");
+    }
+    return run + closers + QStringLiteral("</FONT>");
+}
+
+QString fiveColors(const QString& text, const QStringList& codes, const QStringList& waves = {})
+{
+    QString html = QStringLiteral("<Font face=Arial size=3>");
+    for (qsizetype i = 0; i < text.size(); ++i)
+        html += QStringLiteral("<Font Color=\"#%1\">").arg(codes.at(i)) + waves.value(i) + text.mid(i, 1) +
+                QStringLiteral("</Font>");
+    return html + QStringLiteral("</FONT>");
+}
+
+/// A colour row, and what has to be clicked before it can be used.
+struct RowCase
+{
+    char letter;
+    const char* sample;
+    QString Fader5::*text;
+    QStringList before;
+};
+
+const QList<RowCase> RowCases = {
+    {'G', "FColor1", &Fader5::Text8, {}},
+    {'X', "ColorX", &Fader5::TxtC1, {"Opt2"}},
+    {'Z', "ColorZ", &Fader5::TxtC2, {"Opt2"}},
+    {'A', "Color1", nullptr, {"Opt3"}},
+    {'B', "color2", nullptr, {"Opt3"}},
+    {'C', "color3", nullptr, {"Opt3"}},
+    {'D', "color4", nullptr, {"Opt3"}},
+    {'E', "Color5", nullptr, {"Opt3"}},
+    {'F', "Hcolor1", &Fader5::Text5, {"Check1"}},
+    {'H', "TbColor1", &Fader5::Text13, {"Check7"}},
+    {'I', "TbColor2", &Fader5::Text17, {"Check7"}},
+    {'J', "BColor1", &Fader5::Text20, {"Check7", "ChkNoB"}},
+};
+
+/// The fragment of the text "abcdefgh" when this row alone is not black. `half` is what a fade shows half the
+/// way from black to the colour.
+QString bodyOf(const RowCase& row, const QString& code, const QString& half)
+{
+    const QString color = u'#' + code;
+    switch (row.letter) {
+    case 'G':
+        return plain(Eight, color);
+    case 'X':
+        return twoColors(Eight, color);
+    case 'Z':
+        return twoColors(Eight, Black, color);
+    case 'F':
+        return QStringLiteral("<FONT style=\"background-color: %1\"><Font face=Arial size=3 color=#000000>")
+                   .arg(color) +
+               Eight + QStringLiteral("</FONT></FONT>");
+    case 'H':
+        return inTable(plain(Eight), {.background = color});
+    case 'I':
+        return inTable(plain(Eight), {.cell = color});
+    case 'J':
+        return inTable(plain(Eight), {.borderColor = QStringLiteral(" borderColor=") + color});
+    default:
+        break;
+    }
+    // Four runs of two characters; the row's colour is the end of the run before its letter.
+    QStringList codes(8, QStringLiteral("000000"));
+    const int end = (row.letter - 'A') * 2;
+    for (const auto& [at, shown] : {std::pair{end - 2, half}, {end - 1, code}, {end, half}}) {
+        if (at >= 0 && at < 8)
+            codes[at] = shown;
+    }
+    return fiveColors(Eight, codes);
+}
+
+const QString UrlQuestion = QStringLiteral("InputBox|Edit Hyperlink|Enter the URL Address.|http://");
+const QString MailQuestion = QStringLiteral("InputBox|Edit E-Mail|Enter your email address.|");
 const QString NoWord = QStringLiteral("MsgBox|Error|Cannot add to editor because no word.|Information|Ok");
-const QString PreviewIsOpen = QStringLiteral(
+const QString PreviewOpen = QStringLiteral(
     "MsgBox|Error|Cannot add to editor because preview is open, please click tag ''Editor'' to "
     "open first.|Information|Ok");
-const QString Plain = QStringLiteral("<Font face=Arial size=3 color=#000000>ab</FONT>");
-
-using Bar = ScrollBar* Fader5::*;
-using Sample = ColorSample* Fader5::*;
-using ColorText = QString Fader5::*;
-
-struct RowNames
-{
-    const char* name;
-    Bar red;
-    Bar green;
-    Bar blue;
-    Sample sample;
-    ColorText text;
-};
-
-const std::array<RowNames, 12> Rows = {{
-    {"G", &Fader5::RedG, &Fader5::GreenG, &Fader5::BlueG, &Fader5::FColor1, &Fader5::Text8},
-    {"X", &Fader5::RedX, &Fader5::GreenX, &Fader5::BlueX, &Fader5::ColorX, &Fader5::TxtC1},
-    {"Z", &Fader5::RedZ, &Fader5::GreenZ, &Fader5::BlueZ, &Fader5::ColorZ, &Fader5::TxtC2},
-    {"A", &Fader5::RedA, &Fader5::GreenA, &Fader5::BlueA, &Fader5::Color1, nullptr},
-    {"B", &Fader5::RedB, &Fader5::GreenB, &Fader5::BlueB, &Fader5::color2, nullptr},
-    {"C", &Fader5::RedC, &Fader5::GreenC, &Fader5::BlueC, &Fader5::color3, nullptr},
-    {"D", &Fader5::RedD, &Fader5::GreenD, &Fader5::BlueD, &Fader5::color4, nullptr},
-    {"E", &Fader5::RedE, &Fader5::GreenE, &Fader5::BlueE, &Fader5::Color5, nullptr},
-    {"F", &Fader5::RedF, &Fader5::GreenF, &Fader5::BlueF, &Fader5::Hcolor1, &Fader5::Text5},
-    {"H", &Fader5::RedH, &Fader5::GreenH, &Fader5::BlueH, &Fader5::TbColor1, &Fader5::Text13},
-    {"I", &Fader5::RedI, &Fader5::GreenI, &Fader5::BlueI, &Fader5::TbColor2, &Fader5::Text17},
-    {"J", &Fader5::RedJ, &Fader5::GreenJ, &Fader5::BlueJ, &Fader5::BColor1, &Fader5::Text20},
-}};
-
-/// The fader beside a main window.
-class Fader : public MainWindow
-{
-public:
-    explicit Fader(const QByteArray& source = QByteArray(), int selStart = 0, int selLength = 0)
-    {
-        web->RichTextBox1->setText(source);
-        web->RichTextBox1->setSelStart(selStart);
-        web->RichTextBox1->setSelLength(selLength);
-        show();
-    }
-
-    Fader5* fader = nullptr;
-
-    void show()
-    {
-        fader = form<Fader5>();
-        fader->Show();
-        if (!QTest::qWaitForWindowActive(fader))
-            QTest::qFail("the window does not come up", __FILE__, __LINE__);
-    }
-    void write(const QString& text) const { fader->Text1->setPlainText(text); }
-    /// What a press on Copy gives, without its line end.
-    QString copied() const
-    {
-        click(fader->Command16);
-        const QString text = Clipboard::GetText();
-        if (!text.endsWith(QStringLiteral("\r\n")))
-            QTest::qFail("there is no line end", __FILE__, __LINE__);
-        return text.chopped(2);
-    }
-    /// What the engine says of the sample.
-    QString ask(const char* script) const
-    {
-        return fader->WebBrowser1->evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
-    }
-    QString sampleText() const { return pageText(fader->WebBrowser1); }
-    void load(const QByteArray& bytes)
-    {
-        folder.write(QStringLiteral("mine.fpc"), bytes);
-        doors.answerOpen(folder.path(QStringLiteral("mine.fpc")));
-        click(fader->Command5);
-    }
-    QList<int> colors() const
-    {
-        QList<int> colors;
-        for (const RowNames& row : Rows)
-            colors << (fader->*row.sample)->BackColor();
-        return colors;
-    }
-};
-
-QString plain(const QAbstractButton* button)
-{
-    return button->text().remove(u'&');
-}
 
 } // namespace
 
@@ -112,894 +139,1132 @@ class TestFader5 : public QObject
     Q_OBJECT
 
 private slots:
-    void texts();
-    void state();
-    void ranges();
-    void fonts();
-    void markedTextComesWithoutMarkup_data();
-    void markedTextComesWithoutMarkup();
-    void nothingMarkedLeavesTheClipboard();
-
-    void sampleFollowsTyping();
-    void sampleHasSmallTags();
-    void waveWaitsForTheNextRefresh();
-    void stylesAndFonts();
-    void sizes_data();
-    void sizes();
-    void modes();
-    void highlight();
-    void table();
-    void borderColor();
-    void numberBars_data();
-    void numberBars();
-    void fieldsGoOutAsTyped();
-    void alignments();
-
-    void rows_data();
-    void rows();
-    void pickAColor_data();
-    void pickAColor();
-    void toolClosedWhileTheDialogIsOpen();
-
-    void links();
-    void copyWithoutText();
-    void addWithoutText();
-    void addAtTheCaret();
-    void addOnPreview();
-    void addOnInternet();
-    void paragraphBox();
-    void closesByItsBox_data();
-    void closesByItsBox();
-    void boxesAreKept();
+    void cleanup();
+    void captionsAndTips();
+    void defaults();
+    void rangesAndRows();
+    void fontsOfTheScreen();
+    void boxesFromTheSettings_data();
+    void boxesFromTheSettings();
     void missingKeyStopsTheLoad_data();
     void missingKeyStopsTheLoad();
-    void longestText();
-    void cancelForgets();
-    void mainWindowGoes();
+    void boxesAreKeptAtOnce();
+    void forgetsTheRest();
+    void markedText_data();
+    void markedText();
+    void markedTextOfAWesternDocument();
+    void nothingMarked();
+    void events_data();
+    void events();
+    void eachSize_data();
+    void eachSize();
+    void quietEvents_data();
+    void quietEvents();
+    void wavyWaitsForTheNextRefresh();
+    void wavyByItsAccessKey();
+    void rowsByKeys_data();
+    void rowsByKeys();
+    void rowsByColorDialog_data();
+    void rowsByColorDialog();
+    void rowFollowsADrag();
+    void numberBarWaitsForTheHand();
+    void samplesOutOfReachAskNothing();
+    void modesEnableTheirRows();
+    void highlightEnablesItsRow();
+    void tableEnablesItsControls();
+    void tableOffDropsTheCellAlignment();
+    void copy();
+    void copyClosesByItsBox();
+    void copyOfNoText();
+    void lineEndsGoOutAsTwoCharacters();
+    void addAtTheCaret();
+    void addToAWesternDocument();
+    void addClosesByItsBox();
+    void addOfALineEnd();
+    void addWithoutText();
+    void addOnPreview();
+    void addOnTheInternetTab();
+    void link();
+    void mailLink();
+    void linkStandsInTheTable();
     void descriptions();
-
-    void presetSaves();
-    void presetLoads();
-    void presetThatIsNone_data();
-    void presetThatIsNone();
-    void presetMissing();
-    void presetCancelled();
-    void presetIntoAFolderThatIsNone();
+    void descriptionsOnPreview();
+    void longestText();
+    void cancelAndEscape();
+    void oneWindow();
+    void toolGoesWhileADialogIsOpen_data();
+    void toolGoesWhileADialogIsOpen();
+    void mainWindowGoes();
+    void mainWindowStays();
 };
 
-void TestFader5::texts()
+void TestFader5::cleanup()
 {
-    const Fader window;
-    const Fader5& f = *window.fader;
-    QCOMPARE(f.windowTitle(), QStringLiteral(" Font Properties"));
-    const QList<std::pair<const QAbstractButton*, const char*>> captions = {
-        {f.Opt1, "One Color"},       {f.Opt2, "Two Colors"},
-        {f.Opt3, "Five Color Fade"}, {f.Check4, "Wavy"},
-        {f.Check2, "paragraph."},    {f.Check3, "Close when select copy or add editor."},
-        {f.Command6, "URL Link"},    {f.Command9, "Email Link"},
-        {f.Command4, "Color Save"},  {f.Command5, "Color Load"},
-        {f.Command16, "Copy"},       {f.Command2, "Add to Editor"},
-        {f.Command7, "Cancel"},
-    };
-    for (const auto& [button, caption] : captions)
-        QCOMPARE(plain(button), QLatin1String(caption));
-    const QList<std::pair<const QWidget*, const char*>> tips = {
-        {f.Combo1, "Font"},
-        {f.Combo2, "Size"},
-        {f.chkBold, "Bold"},
-        {f.chkItalic, "Italic"},
-        {f.chkUnderline, "Underline"},
-        {f.chkStrikeout, "Strikeout"},
-        {f.Option6, "Table Left"},
-        {f.Option5, "Table Center"},
-        {f.Option4, "Table Right"},
-        {f.Option1, "Left"},
-        {f.Option2, "Center"},
-        {f.Option3, "Right"},
-        {f.Command2, "OK to add it"},
-        {f.Frame5, "Background Color"},
-        {f.Frame7, "Borde Color"},
-    };
-    for (const auto& [widget, tip] : tips)
-        QCOMPARE(widget->toolTip(), QLatin1String(tip));
-    const QList<std::pair<const QGroupBox*, const char*>> frames = {
-        {f.Frame2, "   Highlight"}, {f.Frame4, "     Table"},     {f.Frame5, "BG Color"},
-        {f.Frame6, "Cell Color"},   {f.Frame7, "   Borde Color"}, {f.Frame8, "View Sample"},
-    };
-    for (const auto& [frame, title] : frames)
-        QCOMPARE(frame->title(), QLatin1String(title));
-    const QList<std::pair<const QLabel*, const char*>> labels = {{f.Label7, "Border:"},
-                                                                 {f.Label5, "Cellpadding:"},
-                                                                 {f.Label6, "Cellspacing:"},
-                                                                 {f.Label3, "Width:"},
-                                                                 {f.Label2, "Height:"}};
-    for (const auto& [label, text] : labels)
-        QCOMPARE(label->text(), QLatin1String(text));
+    unloadAll();
 }
 
-void TestFader5::state()
-{
-    const Fader window;
-    const Fader5& f = *window.fader;
-    QCOMPARE(f.Text1->toPlainText(), QString());
-    QVERIFY(f.Opt1->Value());
-    QCOMPARE(f.Combo1->Text(), QStringLiteral("Arial"));
-    QCOMPARE(f.Combo2->Text(), QStringLiteral("Normal"));
-    for (const QLineEdit* box : {f.Combo6, f.Combo3, f.Combo5})
-        QCOMPARE(box->text(), QStringLiteral("0"));
-    for (const QLineEdit* box : {f.Combo9, f.Combo8})
-        QCOMPARE(box->text(), QStringLiteral("0%"));
-    QVERIFY(f.Option6->Value());
-    for (const OptionButton* option : {f.Option1, f.Option2, f.Option3}) {
-        QVERIFY(!option->Value());
-        QVERIFY(!option->isEnabled());
-    }
-    for (const CheckBox* box : {f.Check1, f.Check2, f.Check3, f.Check4, f.Check7, f.ChkNoB, f.chkBold,
-                                f.chkItalic, f.chkUnderline, f.chkStrikeout})
-        QCOMPARE(box->Value(), 0);
-    for (const RowNames& row : Rows) {
-        QCOMPARE((f.*row.sample)->BackColor(), 0);
-        if (row.text && row.text != &Fader5::TxtC1 && row.text != &Fader5::TxtC2)
-            QCOMPARE(f.*row.text, QStringLiteral("#000000"));
-    }
-    QVERIFY(f.RedG->isEnabled());
-    for (const ScrollBar* bar :
-         {f.RedX, f.BlueZ, f.RedA, f.BlueE, f.RedF, f.RedH, f.RedI, f.RedJ, f.HScroll1, f.HScroll5})
-        QVERIFY(!bar->isEnabled());
-    QVERIFY(!f.ChkNoB->isEnabled());
-    QVERIFY(f.Check7->isEnabled());
-    QVERIFY(f.Check1->isEnabled());
-    QCOMPARE(f.focusWidget(), f.Text1);
-    QCOMPARE(f.WebBrowser1->designMode(), DesignMode::Off);
-}
+// ---- Load ------------------------------------------------------------------------------------------------
 
-void TestFader5::ranges()
+void TestFader5::captionsAndTips()
 {
-    const Fader window;
-    for (const RowNames& row : Rows) {
-        for (const Bar bar : {row.red, row.green, row.blue}) {
-            QCOMPARE((window.fader->*bar)->minimum(), 0);
-            QCOMPARE((window.fader->*bar)->maximum(), 255);
-            QCOMPARE((window.fader->*bar)->Value(), 0);
-        }
-    }
-    const Fader5& f = *window.fader;
-    for (const ScrollBar* bar : {f.HScroll1, f.HScroll2, f.HScroll3})
-        QCOMPARE(bar->maximum(), 300);
-    for (const ScrollBar* bar : {f.HScroll4, f.HScroll5})
-        QCOMPARE(bar->maximum(), 900);
-}
+    FaderTool f;
+    f.show();
+    const Fader5& t = *f.tool;
+    QCOMPARE(t.windowTitle(), QStringLiteral(" Font Properties"));
+    QVERIFY(!t.isModal());
+    QCOMPARE(t.Check4->text(), QStringLiteral("&Wavy"));
 
-void TestFader5::fonts()
-{
-    const Fader window;
-    QStringList listed;
-    for (int i = 0; i < window.fader->Combo1->ListCount(); ++i)
-        listed << window.fader->Combo1->List(i);
-    QCOMPARE(listed, QFontDatabase::families());
-    QStringList sizes;
-    for (int i = 0; i < window.fader->Combo2->ListCount(); ++i)
-        sizes << window.fader->Combo2->List(i);
-    QCOMPARE(sizes.join(u' '), QStringLiteral("Normal 8 10 12 14 18 24 36"));
-}
-
-void TestFader5::markedTextComesWithoutMarkup_data()
-{
-    QTest::addColumn<QByteArray>("marked");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("words") << QByteArray("old clock") << "old clock";
-    QTest::newRow("tags") << QByteArray("<B>old</B> <FONT color=red>clock</FONT>") << "old clock";
-    QTest::newRow("entities") << QByteArray("Tick &amp; tock &lt;") << "Tick & tock <";
-    QTest::newRow("other letters") << QByteArray("\xC3\xA9t\xC3\xA9 \xF0\x9F\x98\x80")
-                                   << QStringLiteral("\u00E9t\u00E9 \U0001F600");
-    QTest::newRow("line break") << QByteArray("old<BR>clock") << "old\nclock";
-}
-
-void TestFader5::markedTextComesWithoutMarkup()
-{
-    QFETCH(QByteArray, marked);
-    QFETCH(QString, text);
-    const Fader window("before " + marked + " behind", 7, int(marked.size()));
-    QCOMPARE(window.fader->Text1->toPlainText(), text);
-    QCOMPARE(Clipboard::GetText().remove(u'\r'), text);
-}
-
-void TestFader5::nothingMarkedLeavesTheClipboard()
-{
-    const MainWindow window;
-    Clipboard::SetText(QStringLiteral("mine"));
-    window.web->RichTextBox1->setText("<B>old</B>");
-    QCOMPARE(form<Fader5>()->Text1->toPlainText(), QString());
-    QCOMPARE(Clipboard::GetText(), QStringLiteral("mine"));
-}
-
-void TestFader5::sampleFollowsTyping()
-{
-    const Fader window;
-    QTest::keyClicks(window.fader->Text1, QStringLiteral("ab"));
-    QTRY_COMPARE(window.sampleText(), QStringLiteral("ab"));
-    QCOMPARE(window.ask("document.querySelector('font').outerHTML"),
-             QStringLiteral("<font face=\"Arial\" size=\"3\" color=\"#000000\">ab</font>"));
-    QCOMPARE(window.copied(), Plain);
-    QTest::keyClick(window.fader->Text1, Qt::Key_Return);
-    QTest::keyClicks(window.fader->Text1, QStringLiteral("c"));
-    QTRY_COMPARE(window.sampleText(), QStringLiteral("ab\nc"));
-    QCOMPARE(window.copied(), QStringLiteral("<Font face=Arial size=3 color=#000000>ab\r\nc</FONT>"));
-}
-
-void TestFader5::sampleHasSmallTags()
-{
-    const Fader window;
-    window.write(QStringLiteral("ab"));
-    click(window.fader->chkBold);
-    click(window.fader->chkStrikeout);
-    QTRY_COMPARE(window.ask("document.querySelector('b > s, s > b')?.textContent"), QStringLiteral("ab"));
-    QCOMPARE(window.copied(), QStringLiteral("<B><S>") + Plain + QStringLiteral("</B></S>"));
-}
-
-void TestFader5::waveWaitsForTheNextRefresh()
-{
-    const Fader window;
-    window.write(QStringLiteral("ab"));
-    click(window.fader->Opt3);
-    QTRY_COMPARE(window.ask("document.querySelectorAll('font').length"), QStringLiteral("3"));
-    tick(window.fader->Check4);
-    QVERIFY(window.fader->Text2.contains(QStringLiteral("<sup>")));
-    QCOMPARE(window.fader->WebBrowser1->innerHtml().contains(QStringLiteral("SUP"), Qt::CaseInsensitive),
-             false);
-    click(window.fader->chkBold);
-    QTRY_VERIFY(window.ask("document.querySelectorAll('sup').length").toInt() > 0);
-}
-
-void TestFader5::stylesAndFonts()
-{
-    const Fader window;
-    window.write(QStringLiteral("ab"));
-    click(window.fader->chkItalic);
-    click(window.fader->chkUnderline);
-    const int last = window.fader->Combo1->ListCount() - 1;
-    choose(window.fader->Combo1, last);
-    const QString family = window.fader->Combo1->List(last);
-    QTRY_COMPARE(window.ask("document.querySelector('font').getAttribute('face')"),
-                 family.section(u' ', 0, 0));
-    QCOMPARE(window.copied(),
-             QStringLiteral("<I><U><Font face=%1 size=3 color=#000000>ab</FONT></I></U>").arg(family));
-    // A name that is typed shows at the next refresh.
-    window.fader->Combo1->setText(QStringLiteral("Papyrus"));
-    QCOMPARE(window.copied(),
-             QStringLiteral("<I><U><Font face=Papyrus size=3 color=#000000>ab</FONT></I></U>"));
-}
-
-void TestFader5::sizes_data()
-{
-    QTest::addColumn<QString>("size");
-    QTest::addColumn<QString>("code");
-    const struct
+    struct Caption
     {
-        const char* size;
-        const char* code;
-    } sizes[] = {{"Normal", "3"}, {"8", "1"},  {"10", "2"}, {"12", "3"}, {"14", "4"},
-                 {"18", "5"},     {"24", "6"}, {"36", "7"}, {"9", ""},   {"", ""}};
-    for (const auto& s : sizes)
-        QTest::addRow("'%s'", s.size) << s.size << s.code;
-}
-
-void TestFader5::sizes()
-{
-    QFETCH(QString, size);
-    QFETCH(QString, code);
-    const Fader window;
-    window.write(QStringLiteral("ab"));
-    window.fader->Combo2->setText(size);
-    QCOMPARE(window.copied(), QStringLiteral("<Font face=Arial size=%1 color=#000000>ab</FONT>").arg(code));
-}
-
-void TestFader5::modes()
-{
-    const Fader window;
-    Fader5& f = *window.fader;
-    window.write(QStringLiteral("abc"));
-    const auto enabled = [&] {
-        QString rows;
-        for (const RowNames& row : Rows) {
-            if ((f.*row.red)->isEnabled() && (f.*row.blue)->isEnabled() && (f.*row.sample)->isEnabled())
-                rows += QLatin1String(row.name);
-        }
-        return rows;
+        const char* name;
+        const char* caption; // null: a picture
+        const char* tip;     // null: whatever it is
     };
-    QCOMPARE(enabled(), QStringLiteral("G"));
-    click(f.Opt2);
-    QCOMPARE(enabled(), QStringLiteral("XZ"));
-    dragToEnd(f.RedX);
-    release(f.RedX);
-    dragToEnd(f.BlueZ);
-    release(f.BlueZ);
-    QCOMPARE(window.copied(),
-             QStringLiteral(
-                 "<Font face=Arial size=3 color=\"#FF0000\">a<Font face=Arial size=3 color=\"#0000FF\">b"
-                 "<Font face=Arial size=3 color=\"#FF0000\">c<Font face=Arial size=3 color=\"#0000FF\">"
-                 "</FONT></FONT></FONT></FONT></FONT>"));
-    QTRY_COMPARE(window.ask("document.querySelectorAll('font').length"), QStringLiteral("4"));
-    click(f.Opt3);
-    QCOMPARE(enabled(), QStringLiteral("ABCDE"));
-    f.GreenB->setValue(255);
-    QCOMPARE(window.copied(),
-             QStringLiteral("<Font face=Arial size=3><Font Color=\"#00FF00\">a</Font>"
-                            "<Font Color=\"#000000\">b</Font><Font Color=\"#000000\">c</Font></FONT>"));
-    QTRY_COMPARE(window.ask("document.querySelectorAll('font')[1].color"), QStringLiteral("#00FF00"));
-    click(f.Opt1);
-    QCOMPARE(enabled(), QStringLiteral("G"));
-}
-
-void TestFader5::highlight()
-{
-    const Fader window;
-    Fader5& f = *window.fader;
-    window.write(QStringLiteral("ab"));
-    QVERIFY(!f.Frame2->isEnabled());
-    tick(f.Check1);
-    QVERIFY(f.Frame2->isEnabled());
-    QVERIFY(f.RedF->isEnabled() && f.GreenF->isEnabled() && f.BlueF->isEnabled() && f.Hcolor1->isEnabled());
-    QCOMPARE(window.copied(), QStringLiteral("<FONT style=\"background-color: #000000\">") + Plain +
-                                  QStringLiteral("</FONT>").repeated(1));
-    step(f.RedF);
-    QTRY_COMPARE(window.ask("document.querySelector('font').getAttribute('style')"),
-                 QStringLiteral("background-color: #010000"));
-    tick(f.Check1);
-    QVERIFY(!f.Frame2->isEnabled());
-    QVERIFY(!f.RedF->isEnabled());
-    QCOMPARE(window.copied(), Plain);
-}
-
-void TestFader5::table()
-{
-    const Fader window;
-    Fader5& f = *window.fader;
-    window.write(QStringLiteral("ab"));
-    const QList<QWidget*> controls = {f.Frame5,   f.Frame6,   f.Frame7,   f.Combo3,   f.Combo5,
-                                      f.Combo6,   f.Combo8,   f.Combo9,   f.Label2,   f.Label3,
-                                      f.Label5,   f.Label6,   f.Label7,   f.Option1,  f.Option2,
-                                      f.Option3,  f.Option4,  f.Option5,  f.Option6,  f.HScroll1,
-                                      f.HScroll2, f.HScroll3, f.HScroll4, f.HScroll5, f.ChkNoB};
-    for (const QWidget* control : controls)
-        QVERIFY(!control->isEnabled());
-    tick(f.Check7);
-    for (const QWidget* control : controls)
-        QVERIFY2(control->isEnabled(), qPrintable(control->objectName()));
-    QTRY_COMPARE(window.ask("document.querySelector('td').textContent"), QStringLiteral("ab"));
-    click(f.Option2);
-    QVERIFY(window.copied().startsWith(
-        QStringLiteral("<TABLE height=0% cellSpacing=0 cellPadding=0 width=0% Align=left "
-                       "bgcolor=#000000 border=0><TBODY><TR><TD align=center bgColor=#000000>")));
-    tick(f.Check7);
-    for (const QWidget* control : controls)
-        QVERIFY2(!control->isEnabled(), qPrintable(control->objectName()));
-    QVERIFY(!f.Option2->Value());
-    QVERIFY(f.Option6->Value());
-    QCOMPARE(window.copied(), Plain);
-    QTRY_COMPARE(window.ask("document.querySelectorAll('table').length"), QStringLiteral("0"));
-}
-
-void TestFader5::borderColor()
-{
-    const Fader window;
-    Fader5& f = *window.fader;
-    tick(f.Check7);
-    QVERIFY(!f.RedJ->isEnabled());
-    tick(f.ChkNoB);
-    QVERIFY(f.RedJ->isEnabled() && f.GreenJ->isEnabled() && f.BlueJ->isEnabled());
-    step(f.BlueJ);
-    QVERIFY(window.copied().startsWith(QStringLiteral("<TABLE borderColor=#000001 height=0%")));
-    QTRY_COMPARE(window.ask("document.querySelector('table').getAttribute('bordercolor')"),
-                 QStringLiteral("#000001"));
-    tick(f.ChkNoB);
-    QVERIFY(!f.RedJ->isEnabled());
-    QVERIFY(window.copied().startsWith(QStringLiteral("<TABLE height=0%")));
-}
-
-void TestFader5::numberBars_data()
-{
-    QTest::addColumn<Bar>("bar");
-    QTest::addColumn<QString>("attribute");
-    QTest::addColumn<QString>("unit");
-    QTest::newRow("border") << Bar(&Fader5::HScroll1) << " border="
-                            << "";
-    QTest::newRow("padding") << Bar(&Fader5::HScroll2) << " cellPadding="
-                             << "";
-    QTest::newRow("spacing") << Bar(&Fader5::HScroll3) << " cellSpacing="
-                             << "";
-    QTest::newRow("width") << Bar(&Fader5::HScroll4) << " width="
-                           << "%";
-    QTest::newRow("height") << Bar(&Fader5::HScroll5) << " height="
-                            << "%";
-}
-
-void TestFader5::numberBars()
-{
-    QFETCH(Bar, bar);
-    QFETCH(QString, attribute);
-    QFETCH(QString, unit);
-    const Fader window;
-    tick(window.fader->Check7);
-    ScrollBar* moved = window.fader->*bar;
-    const auto holds = [&](int value) {
-        const QString expected = attribute + QString::number(value) + unit;
-        return window.copied().contains(QRegularExpression(expected + QStringLiteral("[ >]")));
+    const Caption buttons[] = {
+        {"Opt1", "One Color", nullptr},         {"Opt2", "Two Colors", nullptr},
+        {"Opt3", "Five Color Fade", nullptr},   {"chkBold", nullptr, "Bold"},
+        {"chkItalic", nullptr, "Italic"},       {"chkUnderline", nullptr, "Underline"},
+        {"chkStrikeout", nullptr, "Strikeout"}, {"Check1", "Highlight", nullptr},
+        {"Check7", "Table", nullptr},           {"ChkNoB", "Borde Color", "Borde Color"},
+        {"Option6", nullptr, "Table Left"},     {"Option5", nullptr, "Table Center"},
+        {"Option4", nullptr, "Table Right"},    {"Option1", nullptr, "Left"},
+        {"Option2", nullptr, "Center"},         {"Option3", nullptr, "Right"},
+        {"Check2", "paragraph.", nullptr},      {"Check3", "Close when select copy or add editor.", nullptr},
+        {"Command6", "URL Link", nullptr},      {"Command9", "Email Link", nullptr},
+        {"Command4", "Color Save", nullptr},    {"Command5", "Color Load", nullptr},
+        {"Command16", "Copy", nullptr},         {"Command2", "Add to Editor", "OK to add it"},
+        {"Command7", "Cancel", nullptr},
     };
-    QVERIFY(holds(0));
-    step(moved);
-    QVERIFY(holds(1));
-    dragToEnd(moved);
-    QVERIFY(holds(1)); // a drag counts once the hand lets go
-    release(moved);
-    QVERIFY(holds(moved->maximum()));
-    const QString name = attribute.trimmed().chopped(1).toLower();
-    QTRY_COMPARE(window.ask(qPrintable(
-                     QStringLiteral("document.querySelector('table').getAttribute('%1')").arg(name))),
-                 QString::number(moved->maximum()) + unit);
-}
-
-void TestFader5::fieldsGoOutAsTyped()
-{
-    const Fader window;
-    Fader5& f = *window.fader;
-    tick(f.Check7);
-    overtype(f.Combo6, QStringLiteral("thick"));
-    overtype(f.Combo3, QStringLiteral("-1"));
-    overtype(f.Combo5, QString());
-    overtype(f.Combo9, QStringLiteral("100 px"));
-    overtype(f.Combo8, QStringLiteral("\"5\""));
-    QVERIFY(window.copied().startsWith(
-        QStringLiteral("<TABLE height=\"5\" cellSpacing= cellPadding=-1 width=100 px "
-                       "Align=left bgcolor=#000000 border=thick>")));
-    QTRY_COMPARE(window.ask("document.querySelector('table').getAttribute('height')"), QStringLiteral("5"));
-}
-
-void TestFader5::alignments()
-{
-    const Fader window;
-    Fader5& f = *window.fader;
-    tick(f.Check7);
-    const QList<std::pair<OptionButton*, const char*>> options = {
-        {f.Option6, " Align=left bgcolor"},      {f.Option5, " Align=center bgcolor"},
-        {f.Option4, " Align=right bgcolor"},     {f.Option1, "<TD align=Left bgColor"},
-        {f.Option2, "<TD align=center bgColor"}, {f.Option3, "<TD align=right bgColor"}};
-    for (const auto& [option, attribute] : options) {
-        click(option);
-        QVERIFY2(window.copied().contains(QLatin1String(attribute)), attribute);
+    for (const Caption& row : buttons) {
+        const auto* button = f.control<QAbstractButton>(QString::fromLatin1(row.name));
+        if (row.caption)
+            QCOMPARE(QString(button->text()).remove(u'&'), QString::fromLatin1(row.caption));
+        else
+            QVERIFY2(button->text().isEmpty() && !button->icon().isNull(), row.name);
+        if (row.tip)
+            QCOMPARE(button->toolTip(), QString::fromLatin1(row.tip));
+        QVERIFY2(button->isVisible(), row.name);
     }
-    QVERIFY(f.Option4->Value()); // the cell's options leave the table's alone
-    QTRY_COMPARE(window.ask("document.querySelector('td').align + document.querySelector('table').align"),
-                 QStringLiteral("rightright"));
+    for (const auto& [name, title] : {std::pair{"Frame2", "   Highlight"},
+                                      {"Frame4", "     Table"},
+                                      {"Frame5", "BG Color"},
+                                      {"Frame6", "Cell Color"},
+                                      {"Frame7", "   Borde Color"},
+                                      {"Frame8", "View Sample"}})
+        QCOMPARE(f.control<QGroupBox>(QString::fromLatin1(name))->title(), QString::fromLatin1(title));
+    QCOMPARE(t.Frame5->toolTip(), QStringLiteral("Background Color"));
+    QCOMPARE(t.Frame7->toolTip(), QStringLiteral("Borde Color"));
+    for (const auto& [name, caption] : {std::pair{"Label7", "Border:"},
+                                        {"Label5", "Cellpadding:"},
+                                        {"Label6", "Cellspacing:"},
+                                        {"Label3", "Width:"},
+                                        {"Label2", "Height:"}})
+        QCOMPARE(f.control<QLabel>(QString::fromLatin1(name))->text(), QString::fromLatin1(caption));
+    QCOMPARE(t.Combo1->toolTip(), QStringLiteral("Font"));
+    QCOMPARE(t.Combo2->toolTip(), QStringLiteral("Size"));
+    // What is behind the scenes is in nobody's reach.
+    for (const char* name : {"Command1", "Command3", "Command8", "Command10", "Command11", "Command12",
+                             "Command13", "Command14", "Command15"})
+        QVERIFY2(!t.findChild<QWidget*>(QString::fromLatin1(name)), name);
 }
 
-void TestFader5::rows_data()
+void TestFader5::defaults()
 {
-    QTest::addColumn<int>("row");
-    for (int i = 0; i < int(Rows.size()); ++i)
-        QTest::newRow(Rows.at(size_t(i)).name) << i;
+    FaderTool f;
+    f.show();
+    const Fader5& t = *f.tool;
+    QCOMPARE(t.Text1->toPlainText(), QString());
+    QVERIFY(t.Opt1->Value() && !t.Opt2->Value() && !t.Opt3->Value());
+    for (const CheckBox* box : {t.Check4, t.chkBold, t.chkItalic, t.chkUnderline, t.chkStrikeout, t.Check1,
+                                t.Check7, t.ChkNoB, t.Check2, t.Check3})
+        QCOMPARE(box->Value(), 0);
+    QVERIFY(t.Option6->Value());
+    for (const OptionButton* option : {t.Option5, t.Option4, t.Option1, t.Option2, t.Option3})
+        QVERIFY(!option->Value());
+    QCOMPARE(t.Combo1->Text(), QStringLiteral("Arial"));
+    QCOMPARE(t.Combo2->Text(), QStringLiteral("Normal"));
+    QStringList sizes;
+    for (int i = 0; i < t.Combo2->ListCount(); ++i)
+        sizes << t.Combo2->List(i);
+    QCOMPARE(sizes, QStringList({"Normal", "8", "10", "12", "14", "18", "24", "36"}));
+    for (const QLineEdit* box : {t.Combo6, t.Combo3, t.Combo5})
+        QCOMPARE(box->text(), QStringLiteral("0"));
+    for (const QLineEdit* box : {t.Combo9, t.Combo8})
+        QCOMPARE(box->text(), QStringLiteral("0%"));
+    for (const QString* text : {&t.Text5, &t.Text8, &t.Text13, &t.Text17, &t.Text20, &t.TxtC1, &t.TxtC2})
+        QCOMPARE(*text, Black);
+    for (const QString* text : {&t.Text2, &t.Hlink, &t.Hlink2})
+        QCOMPARE(*text, QString());
+    QCOMPARE(t.WebBrowser1->designMode(), DesignMode::Off);
+    QCOMPARE(f.settledSample(), QString());
+    QCOMPARE(f.doors.asked, QStringList());
 }
 
-/// Each bar of each row, by its arrow and by a drag.
-void TestFader5::rows()
+void TestFader5::rangesAndRows()
 {
-    QFETCH(int, row);
-    const RowNames& names = Rows.at(size_t(row));
-    const Fader window;
-    Fader5& f = *window.fader;
-    if (names.name[0] == 'X' || names.name[0] == 'Z')
-        click(f.Opt2);
-    if (names.name[0] >= 'A' && names.name[0] <= 'E')
-        click(f.Opt3);
-    if (names.name[0] == 'F')
-        tick(f.Check1);
-    if (names.name[0] >= 'H' && names.name[0] <= 'J') {
-        tick(f.Check7);
-        tick(f.ChkNoB);
-    }
-    window.write(QStringLiteral("abcdefgh"));
-    const auto check = [&](int color, const char* text) {
-        QCOMPARE((f.*names.sample)->BackColor(), color);
-        if (names.text)
-            QCOMPARE(f.*names.text, QLatin1String(text));
-        // The first color of a fade is never seen.
-        if (names.name[0] != 'A')
-            QTRY_VERIFY(f.WebBrowser1->innerHtml().contains(QLatin1String(text), Qt::CaseInsensitive));
+    FaderTool f;
+    f.show();
+    const auto check = [&](const QString& name, int maximum) {
+        const auto* bar = f.control<ScrollBar>(name);
+        QCOMPARE(bar->minimum(), 0);
+        QCOMPARE(bar->maximum(), maximum);
+        QCOMPARE(bar->Value(), 0);
+        QCOMPARE(bar->orientation(), Qt::Horizontal);
     };
-    step(f.*names.red);
-    check(0x000001, "#010000");
-    dragToEnd(f.*names.green);
-    check(0x00FF01, "#01FF00");
-    release(f.*names.green);
-    step(f.*names.green, false);
-    check(0x00FE01, "#01FE00");
-    dragToEnd(f.*names.blue);
-    release(f.*names.blue);
-    check(0xFFFE01, "#01FEFF");
-}
-
-void TestFader5::pickAColor_data()
-{
-    rows_data();
-}
-
-void TestFader5::pickAColor()
-{
-    QFETCH(int, row);
-    const RowNames& names = Rows.at(size_t(row));
-    Fader window;
-    Fader5& f = *window.fader;
-    for (QWidget* control : QList<QWidget*>{f.*names.sample, (f.*names.sample)->parentWidget()})
-        control->setEnabled(true);
-    window.doors.answerColor(0x332211);
-    click(f.*names.sample);
-    QCOMPARE(window.doors.takeAsked(), QStringList{QStringLiteral("Color|0")});
-    QCOMPARE((f.*names.sample)->BackColor(), 0x332211);
-    QCOMPARE((f.*names.red)->Value(), 0x11);
-    QCOMPARE((f.*names.green)->Value(), 0x22);
-    QCOMPARE((f.*names.blue)->Value(), 0x33);
-    if (names.text)
-        QCOMPARE(f.*names.text, QStringLiteral("#112233"));
-    window.doors.cancelColor();
-    QTest::keyClick(f.*names.sample, Qt::Key_Space);
-    QCOMPARE(window.doors.takeAsked(), QStringList{QStringLiteral("Color|3351057")});
-    QCOMPARE((f.*names.sample)->BackColor(), 0x332211);
-}
-
-void TestFader5::toolClosedWhileTheDialogIsOpen()
-{
-    Fader window;
-    const QPointer<Fader5> fader = window.fader;
-    window.doors.during([&] { fader->Unload(); });
-    window.doors.answerColor(0xFF);
-    click(fader->FColor1);
-    QVERIFY(!isLoaded<Fader5>());
-    QTRY_VERIFY(!fader);
-}
-
-void TestFader5::links()
-{
-    Fader window;
-    Fader5& f = *window.fader;
-    window.write(QStringLiteral("ab"));
-    click(f.chkBold);
-    QTRY_COMPARE(window.sampleText(), QStringLiteral("ab"));
-    window.doors.answerInputBox(QStringLiteral("http://a b\"c"));
-    click(f.Command6);
-    QCOMPARE(window.doors.takeAsked(),
-             QStringList{QStringLiteral("InputBox|Edit Hyperlink|Enter the URL Address.|http://")});
-    QCOMPARE(window.copied(),
-             QStringLiteral("<a href=http://a b\"c><B>") + Plain + QStringLiteral("</B></a>"));
-    QCOMPARE(window.ask("document.querySelectorAll('a').length"),
-             QStringLiteral("0")); // until the next refresh
-
-    window.doors.cancelInputBox();
-    click(f.Command9);
-    QCOMPARE(window.doors.takeAsked(),
-             QStringList{QStringLiteral("InputBox|Edit E-Mail|Enter your email address.|")});
-    QVERIFY(window.copied().startsWith(QStringLiteral("<a href=http://a b\"c>")));
-    window.doors.answerInputBox(QStringLiteral("me@x.example"));
-    click(f.Command9);
-    QVERIFY(window.copied().startsWith(QStringLiteral("<a href=mailto:me@x.example><B>")));
-
-    for (const char* answer : {"", "http://"}) {
-        f.Hlink = QStringLiteral("<a href=x>");
-        f.Hlink2 = QStringLiteral("</a>");
-        window.doors.answerInputBox(QString::fromLatin1(answer));
-        click(f.Command6);
-        QCOMPARE(window.copied(), QStringLiteral("<B>") + Plain + QStringLiteral("</B>"));
+    for (const auto& [name, maximum] : {std::pair{"HScroll1", 300},
+                                        {"HScroll2", 300},
+                                        {"HScroll3", 300},
+                                        {"HScroll4", 900},
+                                        {"HScroll5", 900}})
+        check(QString::fromLatin1(name), maximum);
+    for (const RowCase& row : RowCases) {
+        for (const char* channel : {"Red", "Green", "Blue"})
+            check(QString::fromLatin1(channel) + QLatin1Char(row.letter), 255);
+        QCOMPARE(f.control<ColorSample>(QString::fromLatin1(row.sample))->BackColor(), 0);
     }
 }
 
-void TestFader5::copyWithoutText()
+void TestFader5::fontsOfTheScreen()
 {
-    const Fader window;
-    QCOMPARE(window.copied(), QStringLiteral("<Font face=Arial size=3 color=#000000></FONT>"));
+    FaderTool f;
+    f.show();
+    QStringList fonts;
+    for (int i = 0; i < f.tool->Combo1->ListCount(); ++i)
+        fonts << f.tool->Combo1->List(i);
+    QVERIFY(!fonts.isEmpty());
+    QCOMPARE(fonts, QFontDatabase::families());
 }
 
-void TestFader5::addWithoutText()
+void TestFader5::boxesFromTheSettings_data()
 {
-    Fader window;
-    for (const FrmWeb::Tab tab : {FrmWeb::EditorTab, FrmWeb::PreviewTab}) {
-        window.web->SSTab1->setTab(tab);
-        window.doors.answerMsgBox(MsgAnswer::Ok);
-        click(window.fader->Command2);
-        QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
-    }
-    QCOMPARE(window.source(), QByteArray());
-    QVERIFY(isLoaded<Fader5>());
+    QTest::addColumn<int>("paragraph");
+    QTest::addColumn<int>("closes");
+    QTest::newRow("paragraph") << 1 << 0;
+    QTest::newRow("closes") << 0 << 1;
+    QTest::newRow("both") << 1 << 1;
 }
 
-void TestFader5::addAtTheCaret()
+void TestFader5::boxesFromTheSettings()
 {
-    const Fader window("one two", 4, 0);
-    window.write(QStringLiteral("ab"));
-    click(window.fader->Command2);
-    QCOMPARE(window.source(), "one " + Plain.toUtf8() + "\r\ntwo");
-    window.web->RichTextBox1->setSelStart(0);
-    window.web->RichTextBox1->setSelLength(4);
-    click(window.fader->Command2);
-    QCOMPARE(window.source(), Plain.toUtf8() + "\r\n" + Plain.toUtf8() + "\r\ntwo");
-}
-
-void TestFader5::addOnPreview()
-{
-    Fader window;
-    window.write(QStringLiteral("ab"));
-    window.web->SSTab1->setTab(FrmWeb::PreviewTab);
-    tick(window.fader->Check3);
-    window.doors.answerMsgBox(MsgAnswer::Ok);
-    click(window.fader->Command2);
-    QCOMPARE(window.doors.takeAsked(), QStringList{PreviewIsOpen});
-    QVERIFY(isLoaded<Fader5>());
-    QCOMPARE(window.source(), QByteArray());
-}
-
-void TestFader5::addOnInternet()
-{
-    const Fader window;
-    window.write(QStringLiteral("ab"));
-    window.web->SSTab1->setTab(FrmWeb::InternetTab);
-    tick(window.fader->Check3);
-    click(window.fader->Command2);
-    QVERIFY(isLoaded<Fader5>());
-    QCOMPARE(window.source(), QByteArray());
-}
-
-void TestFader5::paragraphBox()
-{
-    const Fader window;
-    window.write(QStringLiteral("ab"));
-    tick(window.fader->Check2);
-    QCOMPARE(window.copied(), QStringLiteral("<P>") + Plain + QStringLiteral("</P>"));
-    click(window.fader->Command2);
-    QCOMPARE(window.source(), "<P>" + Plain.toUtf8() + "</P>\r\n");
-    QCOMPARE(window.ask("document.querySelectorAll('p').length"), QStringLiteral("0"));
-}
-
-void TestFader5::closesByItsBox_data()
-{
-    QTest::addColumn<bool>("copy");
-    QTest::newRow("Copy") << true;
-    QTest::newRow("Add to Editor") << false;
-}
-
-void TestFader5::closesByItsBox()
-{
-    QFETCH(bool, copy);
-    const Fader window;
-    window.write(QStringLiteral("ab"));
-    QPushButton* button = copy ? window.fader->Command16 : window.fader->Command2;
-    click(button);
-    QVERIFY(isLoaded<Fader5>());
-    tick(window.fader->Check3);
-    click(button);
-    QVERIFY(!isLoaded<Fader5>());
-}
-
-void TestFader5::boxesAreKept()
-{
-    Fader window;
-    tick(window.fader->Check2);
-    QVERIFY(window.folder.read(QStringLiteral("web.ini")).contains("[Fontpro]\r\nchk=1\r\nchk2=0\r\n"));
-    tick(window.fader->Check3);
-    QVERIFY(window.folder.read(QStringLiteral("web.ini")).contains("[Fontpro]\r\nchk=1\r\nchk2=1\r\n"));
-    window.fader->Unload();
-    window.show();
-    QCOMPARE(window.fader->Check2->Value(), 1);
-    QCOMPARE(window.fader->Check3->Value(), 1);
-    tick(window.fader->Check2);
-    QVERIFY(window.folder.read(QStringLiteral("web.ini")).contains("[Fontpro]\r\nchk=0\r\nchk2=1\r\n"));
+    QFETCH(int, paragraph);
+    QFETCH(int, closes);
+    FaderTool f;
+    f.folder.write(
+        QStringLiteral("web.ini"),
+        QStringLiteral("[Fontpro]\r\nchk=%1\r\nchk2=%2\r\n").arg(paragraph).arg(closes).toLatin1());
+    f.show();
+    QCOMPARE(f.tool->Check2->Value(), paragraph);
+    QCOMPARE(f.tool->Check3->Value(), closes);
 }
 
 void TestFader5::missingKeyStopsTheLoad_data()
 {
-    QTest::addColumn<QByteArray>("settings");
-    QTest::newRow("no section") << QByteArray("[Font]\r\n");
-    QTest::newRow("one key") << QByteArray("[Fontpro]\r\nchk=0\r\n");
-    QTest::newRow("no number") << QByteArray("[Fontpro]\r\nchk=yes\r\nchk2=0\r\n");
+    QTest::addColumn<QByteArray>("section");
+    QTest::newRow("no section") << QByteArray();
+    QTest::newRow("no chk") << QByteArray("[Fontpro]\r\nchk2=0\r\n");
+    QTest::newRow("no chk2") << QByteArray("[Fontpro]\r\nchk=0\r\n");
+    QTest::newRow("empty") << QByteArray("[Fontpro]\r\nchk=\r\nchk2=0\r\n");
+    QTest::newRow("no number") << QByteArray("[Fontpro]\r\nchk=0\r\nchk2=on\r\n");
 }
 
 void TestFader5::missingKeyStopsTheLoad()
 {
-    QFETCH(QByteArray, settings);
-    const MainWindow window;
-    window.folder.write(QStringLiteral("web.ini"), settings);
+    QFETCH(QByteArray, section);
+    const FaderTool f;
+    f.folder.write(QStringLiteral("web.ini"), section);
+    std::optional<ErrorNumber> number;
     try {
         form<Fader5>();
-        QFAIL("it loaded");
     } catch (const RuntimeError& error) {
-        QCOMPARE(error.number(), ErrorNumber::TypeMismatch);
+        number = error.number();
     }
+    QVERIFY(number == ErrorNumber::TypeMismatch);
     QVERIFY(!isLoaded<Fader5>());
 }
 
+void TestFader5::boxesAreKeptAtOnce()
+{
+    FaderTool f;
+    f.show();
+    const auto kept = [&] {
+        const QByteArray file = f.folder.read(QStringLiteral("web.ini")).replace("\r\n", "\n");
+        const qsizetype at = file.indexOf("[Fontpro]\n");
+        return file.mid(at + 10, file.indexOf("\n\n", at) - at - 10);
+    };
+    QCOMPARE(kept(), QByteArray("chk=0\nchk2=0"));
+    FaderTool::click(f.tool->Check2);
+    QCOMPARE(kept(), QByteArray("chk=1\nchk2=0"));
+    FaderTool::click(f.tool->Check3);
+    QCOMPARE(kept(), QByteArray("chk=1\nchk2=1"));
+    FaderTool::click(f.tool->Check2);
+    QCOMPARE(kept(), QByteArray("chk=0\nchk2=1"));
+}
+
+void TestFader5::forgetsTheRest()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.click({"Opt3", "Check4", "chkBold", "Check7", "Option4", "Check2"});
+    FaderTool::step(f.tool->RedA, Qt::Key_End);
+    FaderTool::step(f.tool->HScroll1, Qt::Key_End);
+    FaderTool::click(f.tool->Command7);
+    f.show(QStringLiteral("cd"));
+    QCOMPARE(f.tool->Color1->BackColor(), 0);
+    QVERIFY(f.tool->Option6->Value());
+    QCOMPARE(f.tool->Combo6->text(), QStringLiteral("0"));
+    QCOMPARE(f.copied(), QStringLiteral("<P>") + plain(QStringLiteral("cd")) + QStringLiteral("</P>\r\n"));
+}
+
+void TestFader5::markedText_data()
+{
+    QTest::addColumn<QByteArray>("html");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("plain") << QByteArray("two words") << "two words";
+    QTest::newRow("tags") << QByteArray("<B>bold</B> and <FONT color=red>red</FONT>") << "bold and red";
+    QTest::newRow("entities") << QByteArray("1 &lt; 2 &amp; &eacute;") << QString::fromUtf8("1 < 2 & é");
+    QTest::newRow("line break") << QByteArray("one<BR>two") << "one\ntwo";
+    QTest::newRow("blanks fall together") << QByteArray("a  \r\n  b") << "a b";
+    QTest::newRow("half a tag") << QByteArray("a</FONT></TD>b") << "ab";
+    QTest::newRow("comment") << QByteArray("a<!-- Body-title -->b") << "ab";
+    QTest::newRow("script") << QByteArray("a<SCRIPT>document.body.innerHTML='run'</SCRIPT>b") << "ab";
+    QTest::newRow("emoji") << QByteArray("\xF0\x9F\x98\x80 <I>e\xCC\x81</I>")
+                           << QString::fromUtf8("😀 ") + QStringLiteral("e\u0301");
+    QTest::newRow("cells") << QByteArray("<TABLE><TR><TD>a</TD><TD>b</TD></TR></TABLE>") << "a\tb";
+}
+
+void TestFader5::markedText()
+{
+    QFETCH(QByteArray, html);
+    QFETCH(QString, text);
+    FaderTool f;
+    Clipboard::SetText(QStringLiteral("the seller's own"));
+    f.web->RichTextBox1->setText("[" + html + "]");
+    f.web->RichTextBox1->setSelStart(1);
+    f.web->RichTextBox1->setSelLength(int(html.size()));
+    f.show();
+    QCOMPARE(f.tool->Text1->toPlainText(), text);
+    QCOMPARE(Clipboard::GetText(), text); // what it held is lost
+    QCOMPARE(f.source(), "[" + html + "]");
+    QVERIFY(isLoaded<Fader5>());
+    // The text is styled as a typed one is.
+    QTRY_COMPARE(f.sample(), f.rendered(plain(QString(text).replace(u'\n', QLatin1String("\r\n")))));
+}
+
+void TestFader5::markedTextOfAWesternDocument()
+{
+    FaderTool f;
+    f.folder.write(QStringLiteral("western.htm"), "<B>caf\xE9</B>");
+    f.open(f.folder.path(QStringLiteral("western.htm")));
+    f.web->RichTextBox1->setSelStart(0);
+    f.web->RichTextBox1->setSelLength(11);
+    f.show();
+    QCOMPARE(f.tool->Text1->toPlainText(), QString::fromUtf8("café"));
+}
+
+void TestFader5::nothingMarked()
+{
+    FaderTool f;
+    Clipboard::SetText(QStringLiteral("the seller's own"));
+    f.web->RichTextBox1->setText("text");
+    f.show();
+    QCOMPARE(f.tool->Text1->toPlainText(), QString());
+    QCOMPARE(Clipboard::GetText(), QStringLiteral("the seller's own"));
+}
+
+// ---- What refreshes the sample ---------------------------------------------------------------------------
+
+void TestFader5::events_data()
+{
+    QTest::addColumn<QStringList>("before"); // clicks
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<QString>("body");
+    const QString ab = plain(QStringLiteral("ab"));
+    const auto row = [](const char* name, const QStringList& before, const Act& act, const QString& body) {
+        QTest::newRow(name) << before << act << body;
+    };
+    const auto clicks = [](const char* name) {
+        return [name](FaderTool& f) { f.click(QStringList(QString::fromLatin1(name))); };
+    };
+    const auto types = [](const char* name, const char* text) {
+        return [name, text](FaderTool& f) {
+            overtype(f.control<QLineEdit>(QString::fromLatin1(name)), QString::fromLatin1(text));
+        };
+    };
+    const auto steps = [](const char* name) {
+        return [name](FaderTool& f) {
+            FaderTool::step(f.control<ScrollBar>(QString::fromLatin1(name)), Qt::Key_Right);
+        };
+    };
+    const QStringList table = {"Check7"};
+
+    row(
+        "Text1", {}, [](FaderTool& f) { QTest::keyClicks(f.tool->Text1, QStringLiteral("c")); },
+        plain(QStringLiteral("abc")));
+    row(
+        "Text1 emptied", {}, [](FaderTool& f) { overtype(f.tool->Text1, QString()); }, plain(QString()));
+    row("chkBold", {}, clicks("chkBold"), QStringLiteral("<b>") + ab + QStringLiteral("</b>"));
+    row("chkItalic", {}, clicks("chkItalic"), QStringLiteral("<i>") + ab + QStringLiteral("</i>"));
+    row("chkUnderline", {}, clicks("chkUnderline"), QStringLiteral("<u>") + ab + QStringLiteral("</u>"));
+    row("chkStrikeout", {}, clicks("chkStrikeout"), QStringLiteral("<S>") + ab + QStringLiteral("</S>"));
+    row("chkBold off", {"chkBold"}, clicks("chkBold"), ab);
+    row(
+        "Combo1", {},
+        [](FaderTool& f) {
+            choose(f.tool->Combo1, f.tool->Combo1->findText(QStringLiteral("Liberation Mono")));
+        },
+        plain(QStringLiteral("ab"), Black, QStringLiteral("3"), QStringLiteral("Liberation Mono")));
+    row("Combo6", table, types("Combo6", "7"), inTable(ab, {.border = QStringLiteral("7")}));
+    row("Combo3", table, types("Combo3", "7"), inTable(ab, {.padding = QStringLiteral("7")}));
+    row("Combo5", table, types("Combo5", "7"), inTable(ab, {.spacing = QStringLiteral("7")}));
+    row("Combo9", table, types("Combo9", "70"), inTable(ab, {.width = QStringLiteral("70")}));
+    row("Combo8", table, types("Combo8", "70"), inTable(ab, {.height = QStringLiteral("70")}));
+    row("HScroll1", table, steps("HScroll1"), inTable(ab, {.border = QStringLiteral("1")}));
+    row("HScroll2", table, steps("HScroll2"), inTable(ab, {.padding = QStringLiteral("1")}));
+    row("HScroll3", table, steps("HScroll3"), inTable(ab, {.spacing = QStringLiteral("1")}));
+    row("HScroll4", table, steps("HScroll4"), inTable(ab, {.width = QStringLiteral("1%")}));
+    row("HScroll5", table, steps("HScroll5"), inTable(ab, {.height = QStringLiteral("1%")}));
+    row("Option1", table, clicks("Option1"), inTable(ab, {.cellAlign = QStringLiteral(" align=Left")}));
+    row("Option2", table, clicks("Option2"), inTable(ab, {.cellAlign = QStringLiteral(" align=center")}));
+    row("Option3", table, clicks("Option3"), inTable(ab, {.cellAlign = QStringLiteral(" align=right")}));
+    row("Option4", table, clicks("Option4"), inTable(ab, {.align = QStringLiteral(" Align=right")}));
+    row("Option5", table, clicks("Option5"), inTable(ab, {.align = QStringLiteral(" Align=center")}));
+    row("Option6", {"Check7", "Option5"}, clicks("Option6"), inTable(ab));
+    row("Opt1", {"Opt2"}, clicks("Opt1"), ab);
+    row("Opt2", {}, clicks("Opt2"), twoColors(QStringLiteral("ab")));
+    row("Opt3", {}, clicks("Opt3"), fiveColors(QStringLiteral("ab"), {"000000", "000000"}));
+    row("Check1", {}, clicks("Check1"),
+        QStringLiteral("<FONT style=\"background-color: #000000\"><Font face=Arial size=3 "
+                       "color=#000000>ab</FONT></FONT>"));
+    row("Check1 off", {"Check1"}, clicks("Check1"), ab);
+    row("Check7", {}, clicks("Check7"), inTable(ab));
+    row("Check7 off", {"Check7", "Option2"}, clicks("Check7"), ab);
+    row("ChkNoB", table, clicks("ChkNoB"),
+        inTable(ab, {.borderColor = QStringLiteral(" borderColor=#000000")}));
+    row("ChkNoB off", {"Check7", "ChkNoB"}, clicks("ChkNoB"), inTable(ab));
+}
+
+void TestFader5::events()
+{
+    QFETCH(QStringList, before);
+    QFETCH(Act, act);
+    QFETCH(QString, body);
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.click(before);
+    const QString shown = f.rendered(body);
+    QVERIFY(f.settledSample() != shown);
+    act(f);
+    QTRY_COMPARE(f.sample(), shown);
+}
+
+void TestFader5::eachSize_data()
+{
+    QTest::addColumn<QString>("size");
+    const char* labels[] = {"Normal", "8", "10", "12", "14", "18", "24", "36"};
+    const char* sizes[] = {"3", "1", "2", "3", "4", "5", "6", "7"};
+    for (size_t i = 0; i < std::size(labels); ++i)
+        QTest::newRow(labels[i]) << QString::fromLatin1(sizes[i]);
+}
+
+void TestFader5::eachSize()
+{
+    QFETCH(QString, size);
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    overtype(f.tool->Combo2, QStringLiteral("9")); // no size at all; the sample waits
+    QTRY_COMPARE(f.sample(), f.rendered(plain(QStringLiteral("ab"))));
+    QCOMPARE(f.copied(), plain(QStringLiteral("ab"), Black, QString()) + QStringLiteral("\r\n"));
+    const int entry = f.tool->Combo2->findText(QString::fromLatin1(QTest::currentDataTag()));
+    choose(f.tool->Combo2, entry);
+    const QString body = plain(QStringLiteral("ab"), Black, size);
+    QTRY_COMPARE(f.sample(), f.rendered(body));
+    QCOMPARE(f.copied(), body + QStringLiteral("\r\n"));
+}
+
+void TestFader5::quietEvents_data()
+{
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<QString>("body"); // once something else refreshes the sample
+    QTest::newRow("font name typed") << Act([](FaderTool& f) {
+        overtype(f.tool->Combo1, QStringLiteral("Times New Roman"));
+    }) << plain(QStringLiteral("abc"), Black, QStringLiteral("3"), QStringLiteral("Times New Roman"));
+    QTest::newRow("size typed") << Act([](FaderTool& f) { overtype(f.tool->Combo2, QStringLiteral("24")); })
+                                << plain(QStringLiteral("abc"), Black, QStringLiteral("6"));
+    QTest::newRow("link") << Act([](FaderTool& f) {
+        f.doors.answerInputBox(QStringLiteral("http://x.example"));
+        FaderTool::click(f.tool->Command6);
+    }) << QStringLiteral("<a href=http://x.example>") + plain(QStringLiteral("abc")) + QStringLiteral("</a>");
+    QTest::newRow("mail link") << Act([](FaderTool& f) {
+        f.doors.answerInputBox(QStringLiteral("me@x.example"));
+        FaderTool::click(f.tool->Command9);
+    })
+                               << QStringLiteral("<a href=mailto:me@x.example>") +
+                                      plain(QStringLiteral("abc")) + QStringLiteral("</a>");
+    QTest::newRow("paragraph") << Act([](FaderTool& f) { FaderTool::click(f.tool->Check2); })
+                               << plain(QStringLiteral("abc"));
+}
+
+void TestFader5::quietEvents()
+{
+    QFETCH(Act, act);
+    QFETCH(QString, body);
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    const QString before = f.rendered(plain(QStringLiteral("ab")));
+    QTRY_COMPARE(f.sample(), before);
+    act(f);
+    QCOMPARE(f.settledSample(), before);
+    QTest::keyClicks(f.tool->Text1, QStringLiteral("c"));
+    QTRY_COMPARE(f.sample(), f.rendered(body));
+}
+
+void TestFader5::wavyWaitsForTheNextRefresh()
+{
+    FaderTool f;
+    f.show(QStringLiteral("abcde"));
+    f.click({"Opt3"});
+    const QStringList codes(5, QStringLiteral("000000"));
+    const QString level = f.rendered(fiveColors(QStringLiteral("abcde"), codes));
+    QTRY_COMPARE(f.sample(), level);
+    f.click({"Check4"});
+    QCOMPARE(f.settledSample(), level);
+    QVERIFY(f.tool->Text2.startsWith(QLatin1String("<Font Color=\"#000000\"><sup>a</Font>")));
+    f.click({"Check2"}); // no refresh either
+    QCOMPARE(f.settledSample(), level);
+    const QString wavy =
+        fiveColors(QStringLiteral("abcde"), codes, {"<sup>", "</sup>", "<sub>", "</sub>", "<sup>"});
+    QCOMPARE(f.copied(), QStringLiteral("<P>") + wavy + QStringLiteral("</P>\r\n"));
+    f.click({"Check1"});
+    f.click({"Check1"});
+    QTRY_COMPARE(f.sample(), f.rendered(wavy));
+    // The other modes know no waves.
+    f.click({"Opt1"});
+    QTRY_COMPARE(f.sample(), f.rendered(plain(QStringLiteral("abcde"))));
+    f.click({"Opt2"});
+    QTRY_COMPARE(f.sample(), f.rendered(twoColors(QStringLiteral("abcde"))));
+}
+
+void TestFader5::wavyByItsAccessKey()
+{
+    FaderTool f;
+    f.show();
+    QVERIFY(QTest::qWaitForWindowActive(f.tool));
+    QTest::keyClick(f.tool, Qt::Key_W, Qt::AltModifier);
+    QTRY_COMPARE(f.tool->Check4->Value(), 1); // once the box has shown itself pressed
+}
+
+// ---- Colour rows -----------------------------------------------------------------------------------------
+
+static void addRows()
+{
+    QTest::addColumn<int>("index");
+    for (int i = 0; i < RowCases.size(); ++i)
+        QTest::addRow("%c", RowCases.at(i).letter) << i;
+}
+
+void TestFader5::rowsByKeys_data()
+{
+    addRows();
+}
+
+void TestFader5::rowsByKeys()
+{
+    QFETCH(int, index);
+    const RowCase& row = RowCases.at(index);
+    FaderTool f;
+    f.show(Eight);
+    f.click(row.before);
+    struct Step
+    {
+        const char* channel;
+        int color;
+        const char* code;
+        const char* half;
+    };
+    for (const Step& step : {Step{"Red", 0x0000FF, "FF0000", "800000"},
+                             {"Green", 0x00FFFF, "FFFF00", "808000"},
+                             {"Blue", 0xFFFFFF, "FFFFFF", "808080"}}) {
+        auto* bar = f.control<ScrollBar>(QString::fromLatin1(step.channel) + QLatin1Char(row.letter));
+        FaderTool::step(bar, Qt::Key_End);
+        QCOMPARE(f.control<ColorSample>(QString::fromLatin1(row.sample))->BackColor(), step.color);
+        if (row.text)
+            QCOMPARE(f.tool->*row.text, u'#' + QString::fromLatin1(step.code));
+        const QString body = bodyOf(row, QString::fromLatin1(step.code), QString::fromLatin1(step.half));
+        QTRY_COMPARE(f.sample(), f.rendered(body));
+        QCOMPARE(f.copied(), body + QStringLiteral("\r\n"));
+    }
+}
+
+void TestFader5::rowsByColorDialog_data()
+{
+    addRows();
+}
+
+void TestFader5::rowsByColorDialog()
+{
+    QFETCH(int, index);
+    const RowCase& row = RowCases.at(index);
+    FaderTool f;
+    f.show(Eight);
+    f.click(row.before);
+    auto* sample = f.control<ColorSample>(QString::fromLatin1(row.sample));
+    const auto barValues = [&] {
+        QList<int> values;
+        for (const char* channel : {"Red", "Green", "Blue"})
+            values << f.control<ScrollBar>(QString::fromLatin1(channel) + QLatin1Char(row.letter))->Value();
+        return values;
+    };
+
+    f.doors.cancelColor();
+    FaderTool::click(sample);
+    QCOMPARE(f.doors.takeAsked().size(), 1);
+    QCOMPARE(sample->BackColor(), 0);
+    QCOMPARE(barValues(), QList<int>({0, 0, 0}));
+    QCOMPARE(f.copied(),
+             bodyOf(row, QStringLiteral("000000"), QStringLiteral("000000")) + QStringLiteral("\r\n"));
+
+    f.doors.answerColor(0xFF8040);
+    FaderTool::click(sample);
+    QCOMPARE(f.doors.takeAsked().size(), 1);
+    QCOMPARE(sample->BackColor(), 0xFF8040);
+    QCOMPARE(barValues(), QList<int>({0x40, 0x80, 0xFF}));
+    if (row.text)
+        QCOMPARE(f.tool->*row.text, QStringLiteral("#4080FF"));
+    const QString body = bodyOf(row, QStringLiteral("4080FF"), QStringLiteral("204080"));
+    QTRY_COMPARE(f.sample(), f.rendered(body));
+    QCOMPARE(f.copied(), body + QStringLiteral("\r\n"));
+
+    f.doors.cancelColor();
+    FaderTool::click(sample);
+    QCOMPARE(sample->BackColor(), 0xFF8040);
+    QCOMPARE(barValues(), QList<int>({0x40, 0x80, 0xFF}));
+}
+
+void TestFader5::rowFollowsADrag()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    ScrollBar* bar = f.tool->RedG;
+    int before = 0;
+    for (int step = 0; step < 3; ++step) {
+        FaderTool::dragBy(bar, 6);
+        QVERIFY(bar->Value() > before);
+        before = bar->Value();
+        QCOMPARE(f.tool->FColor1->BackColor(), before);
+        QCOMPARE(f.tool->Text8, QString::asprintf("#%02X0000", unsigned(before)));
+        QTRY_COMPARE(f.sample(), f.rendered(plain(QStringLiteral("ab"), f.tool->Text8)));
+    }
+    FaderTool::letGo(bar);
+    QCOMPARE(bar->Value(), before);
+    QCOMPARE(f.tool->FColor1->BackColor(), before);
+}
+
+void TestFader5::numberBarWaitsForTheHand()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.click({"Check7"});
+    for (const auto& [bar, box, unit] :
+         {std::tuple{f.tool->HScroll1, f.tool->Combo6, ""}, {f.tool->HScroll4, f.tool->Combo9, "%"}}) {
+        const QString before = box->text();
+        FaderTool::dragBy(bar, 10);
+        QVERIFY(bar->Value() > 0);
+        QCOMPARE(box->text(), before);
+        FaderTool::letGo(bar);
+        QCOMPARE(box->text(), QString::number(bar->Value()) + QLatin1String(unit));
+    }
+    FaderTool::step(f.tool->HScroll4, Qt::Key_End);
+    QCOMPARE(f.tool->Combo9->text(), QStringLiteral("900%"));
+    overtype(f.tool->Combo9, QStringLiteral("12")); // the bar stays
+    QCOMPARE(f.tool->HScroll4->Value(), 900);
+}
+
+void TestFader5::samplesOutOfReachAskNothing()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    for (const RowCase& row : RowCases) {
+        if (!row.before.isEmpty())
+            FaderTool::click(f.control<ColorSample>(QString::fromLatin1(row.sample)));
+    }
+    QCOMPARE(f.doors.asked, QStringList());
+}
+
+// ---- What depends on what --------------------------------------------------------------------------------
+
+/// The letters of the rows that can be used. All of a row's controls agree, unless `bars` tells of the bars
+/// alone.
+static QString usableRows(const FaderTool& f, bool bars = false)
+{
+    QString letters;
+    for (const RowCase& row : RowCases) {
+        const QString letter(QLatin1Char(row.letter));
+        QList<bool> usable;
+        for (const char* channel : {"Red", "Green", "Blue"})
+            usable << f.control<QWidget>(QString::fromLatin1(channel) + letter)->isEnabled();
+        if (!bars)
+            usable << f.control<QWidget>(QString::fromLatin1(row.sample))->isEnabled();
+        if (usable.contains(true) && usable.contains(false))
+            letters += u'(' + letter + u')';
+        else if (usable.constFirst())
+            letters += letter;
+    }
+    return letters;
+}
+
+void TestFader5::modesEnableTheirRows()
+{
+    FaderTool f;
+    f.show();
+    QCOMPARE(usableRows(f), QStringLiteral("G"));
+    f.click({"Opt2"});
+    QCOMPARE(usableRows(f), QStringLiteral("XZ"));
+    f.click({"Opt3"});
+    QCOMPARE(usableRows(f), QStringLiteral("ABCDE"));
+    f.click({"Opt1"});
+    QCOMPARE(usableRows(f), QStringLiteral("G"));
+}
+
+void TestFader5::highlightEnablesItsRow()
+{
+    FaderTool f;
+    f.show();
+    QVERIFY(!f.tool->Frame2->isEnabled());
+    QVERIFY(f.tool->Check1->isEnabled());
+    f.click({"Check1"});
+    QVERIFY(f.tool->Frame2->isEnabled());
+    QCOMPARE(usableRows(f), QStringLiteral("GF"));
+    f.click({"Check1"});
+    QVERIFY(!f.tool->Frame2->isEnabled());
+    QCOMPARE(usableRows(f), QStringLiteral("G"));
+}
+
+void TestFader5::tableEnablesItsControls()
+{
+    FaderTool f;
+    f.show();
+    const auto expectTable = [&](bool enabled) {
+        for (const char* name :
+             {"Frame5",   "Frame6",   "Frame7",   "Combo3",  "Combo5",  "Combo6",   "Combo8",
+              "Combo9",   "Label2",   "Label3",   "Label5",  "Label6",  "Label7",   "Option1",
+              "Option2",  "Option3",  "Option4",  "Option5", "Option6", "HScroll1", "HScroll2",
+              "HScroll3", "HScroll4", "HScroll5", "ChkNoB"})
+            QVERIFY2(f.control<QWidget>(QString::fromLatin1(name))->isEnabled() == enabled, name);
+        QVERIFY(f.tool->Check7->isEnabled());
+    };
+    expectTable(false);
+    QCOMPARE(usableRows(f), QStringLiteral("G"));
+    f.click({"Check7"});
+    expectTable(true);
+    QCOMPARE(usableRows(f, true), QStringLiteral("GHI"));
+    QVERIFY(f.tool->BColor1->isEnabled());
+    f.click({"ChkNoB"});
+    QCOMPARE(usableRows(f), QStringLiteral("GHIJ"));
+    f.click({"Check7"});
+    expectTable(false);
+    QCOMPARE(usableRows(f), QStringLiteral("G"));
+    QCOMPARE(f.tool->ChkNoB->Value(), 1);
+    f.click({"Check7"}); // the border's row stays as its box has it
+    QCOMPARE(usableRows(f), QStringLiteral("GHIJ"));
+    f.click({"ChkNoB"});
+    QCOMPARE(usableRows(f, true), QStringLiteral("GHI"));
+}
+
+void TestFader5::tableOffDropsTheCellAlignment()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    for (const char* option : {"Option1", "Option2", "Option3"}) {
+        f.click({"Check7", QString::fromLatin1(option), "Option4", "Check7"});
+        QVERIFY(!f.control<OptionButton>(QString::fromLatin1(option))->Value());
+        f.click({"Check7"});
+        const QString body = inTable(plain(QStringLiteral("ab")), {.align = QStringLiteral(" Align=right")});
+        QCOMPARE(f.copied(), body + QStringLiteral("\r\n"));
+        QTRY_COMPARE(f.sample(), f.rendered(body));
+        f.click({"Check7"});
+    }
+}
+
+// ---- What goes out ---------------------------------------------------------------------------------------
+
+void TestFader5::copy()
+{
+    FaderTool f;
+    auto old = std::make_unique<QMimeData>();
+    old->setHtml(QStringLiteral("<B>old</B>"));
+    f.doors.setClipboard(std::move(old));
+    f.show(QStringLiteral("ab"));
+    f.click({"chkBold", "chkItalic", "Check1"});
+    const QString body =
+        QStringLiteral("<B><I><FONT style=\"background-color: #000000\"><Font face=Arial size=3 "
+                       "color=#000000>ab</FONT></FONT></B></I>");
+    QCOMPARE(f.copied(), body + QStringLiteral("\r\n"));
+    QVERIFY(!f.doors.clipboard()->hasHtml());
+    f.click({"Check2"});
+    QCOMPARE(f.copied(), QStringLiteral("<P>") + body + QStringLiteral("</P>\r\n"));
+    QVERIFY(isLoaded<Fader5>());
+    QCOMPARE(f.source(), QByteArray());
+    QCOMPARE(f.doors.asked, QStringList());
+}
+
+void TestFader5::copyClosesByItsBox()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.click({"Check3"});
+    QCOMPARE(f.copied(), plain(QStringLiteral("ab")) + QStringLiteral("\r\n"));
+    QVERIFY(!isLoaded<Fader5>());
+}
+
+void TestFader5::copyOfNoText()
+{
+    FaderTool f;
+    f.show();
+    QCOMPARE(f.copied(), QStringLiteral("<Font face=Arial size=3 color=#000000></FONT>\r\n"));
+    f.click({"Opt2"});
+    QCOMPARE(f.copied(), QStringLiteral("</FONT>\r\n"));
+    f.click({"Opt3"});
+    QCOMPARE(f.copied(), QStringLiteral("<Font face=Arial size=3></FONT>\r\n"));
+    QCOMPARE(f.doors.asked, QStringList());
+}
+
+void TestFader5::lineEndsGoOutAsTwoCharacters()
+{
+    FaderTool f;
+    f.show(QStringLiteral(" a"));
+    QTest::keyClick(f.tool->Text1, Qt::Key_Return);
+    QTest::keyClicks(f.tool->Text1, QStringLiteral("<&"));
+    QCOMPARE(f.copied(), plain(QStringLiteral(" a\r\n<&")) + QStringLiteral("\r\n"));
+    f.click({"Opt2"});
+    QCOMPARE(f.copied(), twoColors(QStringLiteral(" a\r\n<&")) + QStringLiteral("\r\n"));
+    f.click({"Opt3"});
+    QCOMPARE(f.copied(), fiveColors(QStringLiteral(" a\r\n<&"), QStringList(6, QStringLiteral("000000"))) +
+                             QStringLiteral("\r\n"));
+}
+
+void TestFader5::addAtTheCaret()
+{
+    FaderTool f;
+    f.web->RichTextBox1->setText("one two three");
+    f.web->RichTextBox1->setSelStart(4);
+    f.show(QStringLiteral("ab"));
+    const QByteArray ab = plain(QStringLiteral("ab")).toLatin1();
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.source(), "one " + ab + "\r\ntwo three");
+    QVERIFY(isLoaded<Fader5>());
+    f.click({"Check2"});
+    FaderTool::click(f.tool->Command2); // behind the first
+    QCOMPARE(f.source(), "one " + ab + "\r\n<P>" + ab + "</P>\r\ntwo three");
+    // What is marked by now is replaced.
+    f.web->RichTextBox1->setSelStart(0);
+    f.web->RichTextBox1->setSelLength(int(f.source().size()));
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.source(), "<P>" + ab + "</P>\r\n");
+    QCOMPARE(f.doors.asked, QStringList());
+}
+
+void TestFader5::addToAWesternDocument()
+{
+    FaderTool f;
+    f.folder.write(QStringLiteral("western.htm"), "caf\xE9");
+    f.open(f.folder.path(QStringLiteral("western.htm")));
+    f.web->RichTextBox1->setSelStart(0);
+    f.show();
+    f.tool->Text1->setPlainText(QString::fromUtf8("é"));
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.source(), QByteArray("<Font face=Arial size=3 color=#000000>\xE9</FONT>\r\ncaf\xE9"));
+}
+
+void TestFader5::addClosesByItsBox()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.click({"Check3"});
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.source(), plain(QStringLiteral("ab")).toLatin1() + "\r\n");
+    QVERIFY(!isLoaded<Fader5>());
+}
+
+/// A line end is a text.
+void TestFader5::addOfALineEnd()
+{
+    FaderTool f;
+    f.show();
+    QTest::keyClick(f.tool->Text1, Qt::Key_Return);
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.source(), plain(QStringLiteral("\r\n")).toLatin1() + "\r\n");
+    QCOMPARE(f.doors.asked, QStringList());
+}
+
+void TestFader5::addWithoutText()
+{
+    FaderTool f;
+    f.web->RichTextBox1->setText("source");
+    f.show();
+    f.click({"Check3"});
+    for (const FrmWeb::Tab tab : {FrmWeb::EditorTab, FrmWeb::PreviewTab, FrmWeb::InternetTab}) {
+        f.web->SSTab1->setTab(tab);
+        f.doors.answerMsgBox(MsgAnswer::Ok);
+        FaderTool::click(f.tool->Command2);
+        QCOMPARE(f.doors.takeAsked(), QStringList(NoWord));
+    }
+    QVERIFY(isLoaded<Fader5>());
+    QCOMPARE(f.source(), QByteArray("source"));
+}
+
+void TestFader5::addOnPreview()
+{
+    FaderTool f;
+    f.web->RichTextBox1->setText("source");
+    f.show(QStringLiteral("ab"));
+    f.click({"Check3"});
+    f.showTab(FrmWeb::PreviewTab);
+    const QByteArray source = f.source();
+    f.doors.answerMsgBox(MsgAnswer::Ok);
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.doors.takeAsked(), QStringList(PreviewOpen));
+    QVERIFY(isLoaded<Fader5>());
+    QCOMPARE(f.source(), source);
+    QVERIFY(!f.copied().isEmpty()); // Copy does not mind, and closes
+    QVERIFY(!isLoaded<Fader5>());
+}
+
+void TestFader5::addOnTheInternetTab()
+{
+    FaderTool f;
+    f.web->RichTextBox1->setText("source");
+    f.show(QStringLiteral("ab"));
+    f.click({"Check3"});
+    f.showTab(FrmWeb::InternetTab);
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.doors.asked, QStringList());
+    QVERIFY(isLoaded<Fader5>());
+    QCOMPARE(f.source(), QByteArray("source"));
+}
+
+// ---- Links -----------------------------------------------------------------------------------------------
+
+void TestFader5::link()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    const QString linked = QStringLiteral("<a href=http://x.example/a b>") + plain(QStringLiteral("ab")) +
+                           QStringLiteral("</a>\r\n");
+    for (const char* none : std::initializer_list<const char*>{"", "http://", nullptr}) {
+        f.doors.answerInputBox(QStringLiteral("http://x.example/a b"));
+        FaderTool::click(f.tool->Command6);
+        QCOMPARE(f.doors.takeAsked(), QStringList(UrlQuestion));
+        QCOMPARE(f.copied(), linked);
+        if (none)
+            f.doors.answerInputBox(QString::fromLatin1(none));
+        else
+            f.doors.cancelInputBox();
+        FaderTool::click(f.tool->Command6);
+        QCOMPARE(f.doors.takeAsked(), QStringList(UrlQuestion));
+        QCOMPARE(f.copied(), plain(QStringLiteral("ab")) + QStringLiteral("\r\n"));
+    }
+}
+
+void TestFader5::mailLink()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.doors.answerInputBox(QStringLiteral("me@x.example"));
+    FaderTool::click(f.tool->Command9);
+    QCOMPARE(f.doors.takeAsked(), QStringList(MailQuestion));
+    const QString linked = QStringLiteral("<a href=mailto:me@x.example>") + plain(QStringLiteral("ab")) +
+                           QStringLiteral("</a>\r\n");
+    QCOMPARE(f.copied(), linked);
+    for (const bool cancelled : {false, true}) { // neither takes the link away
+        if (cancelled)
+            f.doors.cancelInputBox();
+        else
+            f.doors.answerInputBox(QString());
+        FaderTool::click(f.tool->Command9);
+        QCOMPARE(f.doors.takeAsked(), QStringList(MailQuestion));
+        QCOMPARE(f.copied(), linked);
+    }
+    f.doors.answerInputBox(QStringLiteral("http://x.example")); // a mail link gives way to another link
+    FaderTool::click(f.tool->Command6);
+    QCOMPARE(f.copied(), QStringLiteral("<a href=http://x.example>") + plain(QStringLiteral("ab")) +
+                             QStringLiteral("</a>\r\n"));
+}
+
+void TestFader5::linkStandsInTheTable()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.click({"Check7", "chkBold"});
+    f.doors.answerInputBox(QStringLiteral("x"));
+    FaderTool::click(f.tool->Command6);
+    QCOMPARE(f.copied(), inTable(QStringLiteral("<a href=x><B>") + plain(QStringLiteral("ab")) +
+                                 QStringLiteral("</B></a>")) +
+                             QStringLiteral("\r\n"));
+}
+
+// ---- The description of a listing ------------------------------------------------------------------------
+
+void TestFader5::descriptions()
+{
+    FaderTool f;
+    f.web->RichTextBox1->setText(
+        "<P>head</P><!-- Body-description -->one<!-- Body-description2 -->\r\n"
+        "<P>middle</P><!-- Body-description -->two<!-- Body-description2 --><P>end</P>");
+    f.web->RichTextBox1->setSelStart(5);
+    f.show(QStringLiteral("ab"));
+    f.click({"Check7", "chkBold", "Check2"}); // a paragraph is for the others
+    const QByteArray region =
+        "<!-- Body-description -->" +
+        inTable(QStringLiteral("<B>") + plain(QStringLiteral("ab")) + QStringLiteral("</B>"),
+                {.borderColor = QStringLiteral(" borderColor=#000000")})
+            .toLatin1() +
+        "\r\n<!-- Body-description2 -->";
+    f.tool->Command15_Click();
+    QCOMPARE(f.source(), "<P>head</P>" + region + "\r\n<P>middle</P>" + region + "<P>end</P>");
+    QCOMPARE(f.web->RichTextBox1->SelStart(), 5);
+    QVERIFY(!isLoaded<Fader5>());
+    for (WebBrowser* surface : {f.web->WebBrowser1, f.web->WebBrowser3}) {
+        const QString html = surface->innerHtml();
+        QCOMPARE(html.count(QLatin1String(">ab<")), 2);
+        QVERIFY(html.contains(QLatin1String("head")) && html.contains(QLatin1String("end")));
+    }
+}
+
+void TestFader5::descriptionsOnPreview()
+{
+    FaderTool f;
+    f.web->RichTextBox1->setText("<!-- Body-description -->one<!-- Body-description2 -->");
+    f.show(QStringLiteral("ab"));
+    f.showTab(FrmWeb::PreviewTab);
+    const QByteArray source = f.source();
+    f.tool->Command15_Click();
+    QCOMPARE(f.source(), source);
+    QVERIFY(isLoaded<Fader5>());
+}
+
+// ---- Limits and ends -------------------------------------------------------------------------------------
+
+/// One character more than the fade takes does not cost the seller the program.
 void TestFader5::longestText()
 {
-    Fader window;
-    window.write(QString(32767, u'x'));
-    QCOMPARE(window.doors.takeAsked(), QStringList());
-    click(window.fader->Opt3);
-    QCOMPARE(window.copied().count(QStringLiteral("<Font Color=")), 32767);
-    // The engine takes no more: the rest is left out, and told.
-    window.doors.answerMsgBox(MsgAnswer::Ok);
-    window.write(QString(32768, u'x'));
-    QCOMPARE(
-        window.doors.takeAsked(),
-        QStringList{QStringLiteral("MsgBox|Information|The text is too long. Its first 32767 characters were "
-                                   "taken.|Information|Ok")});
-    QCOMPARE(window.fader->Text1->toPlainText().size(), 32767);
-    QCOMPARE(window.copied().count(QStringLiteral("<Font Color=")), 32767);
+    FaderTool f;
+    f.show();
+    f.click({"Opt3"});
+    for (const QString& character : {QStringLiteral("x"), QString::fromUtf8("👨‍👩‍👧")}) {
+        f.tool->Text1->setPlainText(character.repeated(32767));
+        QCOMPARE(f.doors.takeAsked(), QStringList());
+        QCOMPARE(f.copied().count(QLatin1String("</Font>")), 32767);
+        f.doors.answerMsgBox(MsgAnswer::Ok);
+        f.tool->Text1->setPlainText(character.repeated(32768));
+        QCOMPARE(f.doors.takeAsked().size(), 1);
+        QVERIFY(f.tool->Text1->toPlainText() == character.repeated(32767));
+        QCOMPARE(f.copied().count(QLatin1String("</Font>")), 32767);
+        QVERIFY(!f.doors.ended);
+    }
 }
 
-void TestFader5::cancelForgets()
+void TestFader5::cancelAndEscape()
 {
-    Fader window;
-    window.write(QStringLiteral("ab"));
-    click(window.fader->chkBold);
-    window.fader->RedG->setValue(5);
-    click(window.fader->Command7);
+    FaderTool f;
+    f.web->RichTextBox1->setText("source");
+    f.show(QStringLiteral("ab"));
+    FaderTool::click(f.tool->Command7);
     QVERIFY(!isLoaded<Fader5>());
-    QCOMPARE(window.source(), QByteArray());
-    window.show();
-    QCOMPARE(window.fader->Text1->toPlainText(), QString());
-    QCOMPARE(window.fader->chkBold->Value(), 0);
-    QCOMPARE(window.colors(), QList<int>(12, 0));
-    QTest::keyClick(window.fader->Text1, Qt::Key_Escape);
+    f.show(QStringLiteral("ab"));
+    QTest::keyClick(f.tool->Text1, Qt::Key_Escape);
     QVERIFY(!isLoaded<Fader5>());
+    QCOMPARE(f.source(), QByteArray("source"));
+    QVERIFY(!f.doors.clipboard()->hasText());
+}
+
+void TestFader5::oneWindow()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    const Fader5* first = f.tool;
+    f.show();
+    QCOMPARE(f.tool, first);
+    QCOMPARE(f.tool->Text1->toPlainText(), QStringLiteral("ab"));
+}
+
+void TestFader5::toolGoesWhileADialogIsOpen_data()
+{
+    QTest::addColumn<Act>("prepare");
+    QTest::addColumn<QString>("button");
+    const auto row = [](const char* name, const Act& prepare, const char* button) {
+        QTest::newRow(name) << prepare << QString::fromLatin1(button);
+    };
+    row(
+        "colour", [](FaderTool& f) { f.doors.answerColor(0xFF8040); }, "FColor1");
+    row(
+        "colour, cancelled", [](FaderTool& f) { f.doors.cancelColor(); }, "FColor1");
+    row(
+        "save", [](FaderTool& f) { f.doors.answerSave(f.folder.path(QStringLiteral("1color.fpc"))); },
+        "Command4");
+    row(
+        "load",
+        [](FaderTool& f) {
+            f.folder.write(QStringLiteral("1color.fpc"), "[Fader5]\r\ncolor1=1\r\n");
+            f.doors.answerOpen(f.folder.path(QStringLiteral("1color.fpc")));
+        },
+        "Command5");
+    row(
+        "link", [](FaderTool& f) { f.doors.answerInputBox(QStringLiteral("x")); }, "Command6");
+    row(
+        "mail link", [](FaderTool& f) { f.doors.answerInputBox(QStringLiteral("x")); }, "Command9");
+    row(
+        "message",
+        [](FaderTool& f) {
+            overtype(f.tool->Text1, QString());
+            f.doors.answerMsgBox(MsgAnswer::Ok);
+        },
+        "Command2");
+}
+
+void TestFader5::toolGoesWhileADialogIsOpen()
+{
+    QFETCH(Act, prepare);
+    QFETCH(QString, button);
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    const QPointer<Fader5> tool = f.tool;
+    f.doors.during([&] {
+        tool->close();
+        // What is deleted at the next look at the event queue is not the window whose handler runs.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(tool);
+        QVERIFY(!tool->isVisible());
+    });
+    prepare(f);
+    f.click(QStringList(button));
+    QCOMPARE(f.doors.asked.size(), 1);
+    QVERIFY(!isLoaded<Fader5>());
+    QTRY_VERIFY(!tool);
+    f.show(QStringLiteral("ab"));
+    QCOMPARE(f.copied(), plain(QStringLiteral("ab")) + QStringLiteral("\r\n"));
+    QVERIFY(!f.doors.ended);
 }
 
 void TestFader5::mainWindowGoes()
 {
-    Fader window;
-    window.write(QStringLiteral("ab"));
-    window.web->Dirty = false;
-    window.web->Unload();
-    QCOMPARE(window.doors.ended, 0);
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.web->close();
+    QCOMPARE(f.doors.ended, 0);
+    QCOMPARE(f.doors.asked, QStringList()); // the text in the tool is nobody's document
 }
 
-/// No control runs it.
-void TestFader5::descriptions()
+void TestFader5::mainWindowStays()
 {
-    const MarkerPair& pair = markers(Region::Description);
-    const QByteArray open = pair.opening.toByteArray();
-    const QByteArray close = pair.closing.toByteArray();
-    const Fader window("1" + open + "old" + close + "2" + open + "older" + close + "3");
-    window.write(QStringLiteral("ab"));
-    tick(window.fader->Check7);
-    const QByteArray body =
-        "<TABLE borderColor=#000000 height=0% cellSpacing=0 cellPadding=0 width=0% Align=left "
-        "bgcolor=#000000 border=0><TBODY><TR><TD bgColor=#000000>" +
-        Plain.toUtf8() + "</TD></TR></TBODY></TABLE>\r\n";
-    window.web->SSTab1->setTab(FrmWeb::PreviewTab);
-    window.fader->Command15_Click();
-    QVERIFY(isLoaded<Fader5>());
-    window.web->SSTab1->setTab(FrmWeb::EditorTab);
-    window.web->RichTextBox1->setText("1" + open + "old" + close + "2" + open + "older" + close + "3");
-    window.fader->Command15_Click();
-    QCOMPARE(window.source(), "1" + open + body + close + "2" + open + body + close + "3");
-    QVERIFY(!isLoaded<Fader5>());
-    QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("ab")));
-}
-
-void TestFader5::presetSaves()
-{
-    Fader window;
-    const QString path = window.folder.path(QStringLiteral("mine.fpc"));
-    window.doors.answerSave(path);
-    click(window.fader->Command4);
-    QCOMPARE(window.doors.takeAsked(), QStringList{QStringLiteral("Save||1color|") + Filter});
-    QCOMPARE(
-        window.folder.read(QStringLiteral("mine.fpc")),
-        QByteArray("[Fader5]\r\ncolor1=0\r\ncolor2=0\r\ncolor3=0\r\ncolor4=0\r\ncolor5=0\r\nHcolor1=0\r\n"
-                   "Fcolor1=0\r\nBcolor1=0\r\nTbcolor1=0\r\nTbcolor2=0\r\n"));
-
-    // Into the file of another tool, which stays there.
-    int color = 1;
-    for (const Sample sample :
-         {Sample(&Fader5::Color1), Sample(&Fader5::color2), Sample(&Fader5::color3), Sample(&Fader5::color4),
-          Sample(&Fader5::Color5), Sample(&Fader5::Hcolor1), Sample(&Fader5::FColor1),
-          Sample(&Fader5::BColor1), Sample(&Fader5::TbColor1), Sample(&Fader5::TbColor2)})
-        (window.fader->*sample)->setBackColor(color++);
-    window.folder.write(QStringLiteral("mine.fpc"), "[HR]\r\nFcolor1=7\r\n");
-    window.doors.answerSave(path);
-    click(window.fader->Command4);
-    QCOMPARE(
-        window.folder.read(QStringLiteral("mine.fpc")),
-        QByteArray("[HR]\r\nFcolor1=7\r\n\r\n[Fader5]\r\ncolor1=1\r\ncolor2=2\r\ncolor3=3\r\ncolor4=4\r\n"
-                   "color5=5\r\nHcolor1=6\r\nFcolor1=7\r\nBcolor1=8\r\nTbcolor1=9\r\nTbcolor2=10\r\n"));
-}
-
-void TestFader5::presetLoads()
-{
-    Fader window;
-    Fader5& f = *window.fader;
-    window.write(QStringLiteral("abcd"));
-    click(f.Opt3);
-    QTRY_COMPARE(window.ask("document.querySelectorAll('font').length"), QStringLiteral("5"));
-    window.load("[fader5]\r\ncolor1=1\r\ncolor2=2\r\ncolor3=3\r\ncolor4=4\r\ncolor5=5\r\nHcolor1=6\r\n"
-                "FCOLOR1=255\r\nBcolor1=8\r\nTbcolor1=9\r\nTbcolor2=16777215\r\n");
-    QCOMPARE(window.doors.takeAsked(), QStringList{QStringLiteral("Open|||") + Filter});
-    QCOMPARE(window.colors(), (QList<int>{255, 0, 0, 1, 2, 3, 4, 5, 6, 9, 16777215, 8}));
-    QCOMPARE(f.Text8, QStringLiteral("#FF0000"));
-    QCOMPARE(f.Text5, QStringLiteral("#060000"));
-    QCOMPARE(f.Text13, QStringLiteral("#090000"));
-    QCOMPARE(f.Text17, QStringLiteral("#FFFFFF"));
-    QCOMPARE(f.Text20, QStringLiteral("#080000"));
-    QVERIFY(f.Text2.startsWith(QStringLiteral("<Font Color=\"#020000\">a</Font>")));
-    for (const RowNames& row : Rows)
-        QCOMPARE((f.*row.red)->Value(), 0); // the bars stay
-    QCOMPARE(window.ask("document.querySelectorAll('font')[1].color"), QStringLiteral("#000000"));
-    click(f.chkBold);
-    QTRY_COMPARE(window.ask("document.querySelectorAll('font')[1].color"), QStringLiteral("#020000"));
-    step(f.GreenB);
-    QCOMPARE(f.color2->BackColor(), 0x000100); // back to the bars
-}
-
-void TestFader5::presetThatIsNone_data()
-{
-    QTest::addColumn<QByteArray>("bytes");
-    QTest::addColumn<int>("first");
-    QTest::addColumn<int>("third");
-    QTest::newRow("another tool's") << QByteArray("[HR]\r\nFcolor1=5\r\n") << 7 << 7;
-    QTest::newRow("cut in the middle") << QByteArray("[Fader5]\r\ncolor1=1\r\ncolor2=2\r\ncol") << 1 << 7;
-    QTest::newRow("no number") << QByteArray("[Fader5]\r\ncolor1=1\r\ncolor2=abc\r\ncolor3=3\r\n") << 1 << 7;
-    QTest::newRow("too large") << QByteArray("[Fader5]\r\ncolor1=1\r\ncolor2=99999999999\r\ncolor3=3\r\n")
-                               << 1 << 7;
-    QTest::newRow("CR alone") << QByteArray("[Fader5]\rcolor1=1\rcolor2=2\rcolor3=3\r") << 1 << 3;
-    QTest::newRow("no text at all") << QByteArray() << 7 << 7;
-    QTest::newRow("NUL bytes") << QByteArray(100, '\0') << 7 << 7;
-}
-
-/// What was read so far stays; what follows the reading does not come.
-void TestFader5::presetThatIsNone()
-{
-    QFETCH(QByteArray, bytes);
-    QFETCH(int, first);
-    QFETCH(int, third);
-    Fader window;
-    Fader5& f = *window.fader;
-    for (ColorSample* sample : {f.Color1, f.color2, f.color3, f.FColor1})
-        sample->setBackColor(7);
-    const QString text = f.Text8;
-    window.load(bytes);
-    QCOMPARE(f.Color1->BackColor(), first);
-    QCOMPARE(f.color3->BackColor(), third);
-    QCOMPARE(f.FColor1->BackColor(), 7);
-    QCOMPARE(f.Text8, text);
-}
-
-void TestFader5::presetMissing()
-{
-    Fader window;
-    window.doors.answerOpen(window.folder.path(QStringLiteral("none.fpc")));
-    click(window.fader->Command5);
-    QCOMPARE(window.colors(), QList<int>(12, 0));
-    window.doors.answerOpen(window.folder.path(QStringLiteral(".")));
-    click(window.fader->Command5);
-    QCOMPARE(window.colors(), QList<int>(12, 0));
-}
-
-void TestFader5::presetCancelled()
-{
-    Fader window;
-    window.doors.cancelSave();
-    click(window.fader->Command4);
-    QVERIFY(!window.folder.has(QStringLiteral("1color")));
-    window.doors.cancelOpen();
-    click(window.fader->Command5);
-    QCOMPARE(window.colors(), QList<int>(12, 0));
-}
-
-/// A failure to write goes unnoticed, for an administrator too.
-void TestFader5::presetIntoAFolderThatIsNone()
-{
-    Fader window;
-    const QString path = window.folder.path(QStringLiteral("none/mine.fpc"));
-    window.doors.answerSave(path);
-    click(window.fader->Command4);
-    QVERIFY(!QFileInfo::exists(path));
-    QVERIFY(isLoaded<Fader5>());
+    FaderTool f;
+    f.type(QStringLiteral("word"));
+    f.show(QStringLiteral("ab"));
+    f.doors.answerMsgBox(MsgAnswer::Cancel);
+    f.web->close();
+    QVERIFY(!f.doors.ended);
+    QVERIFY(f.tool->isVisible());
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.source(), "word" + plain(QStringLiteral("ab")).toLatin1() + "\r\n");
 }
 
 WEB_TEST_MAIN(TestFader5)

@@ -1,216 +1,324 @@
 #include "colour/FaderFragment.h"
 
 #include <QTest>
+#include <functional>
 
 namespace {
 
-/// The fader as it opens, with a text.
-FaderSettings settings(const QString& text = QStringLiteral("ab"))
+using Change = std::function<void(FaderSettings&)>;
+
+constexpr FaderUser Users[] = {FaderUser::Sample, FaderUser::Copy, FaderUser::Add, FaderUser::Description};
+
+/// One colour, "ab", no switch on; every value that could show has a mark of its own.
+FaderSettings plainSettings()
 {
     FaderSettings s;
-    s.Text1 = text;
-    s.Text2 = QStringLiteral("(faded)");
-    s.Text8 = s.TxtC1 = s.TxtC2 = s.Text5 = s.Text13 = s.Text17 = s.Text20 = QStringLiteral("#000000");
+    s.Text1 = QStringLiteral("ab");
+    s.Text2 = QStringLiteral("[faded]");
+    s.Text8 = QStringLiteral("#080808");
+    s.TxtC1 = QStringLiteral("#111111");
+    s.TxtC2 = QStringLiteral("#222222");
     s.Combo1 = QStringLiteral("Arial");
     s.size = QStringLiteral("3");
+    s.Text5 = QStringLiteral("#050505");
     s.table = FaderAlign::Left;
-    s.Combo6 = s.Combo3 = s.Combo5 = QStringLiteral("0");
-    s.Combo9 = s.Combo8 = QStringLiteral("0%");
+    s.Text20 = QStringLiteral("#202020");
+    s.Text13 = QStringLiteral("#131313");
+    s.Text17 = QStringLiteral("#171717");
+    s.Combo6 = QStringLiteral("6");
+    s.Combo3 = QStringLiteral("3");
+    s.Combo5 = QStringLiteral("5");
+    s.Combo9 = QStringLiteral("9%");
+    s.Combo8 = QStringLiteral("8%");
     return s;
 }
 
-FaderSettings styled()
+void everythingOn(FaderSettings& s)
 {
-    FaderSettings s = settings();
     s.chkBold = s.chkItalic = s.chkUnderline = s.chkStrikeout = true;
-    return s;
+    s.Check1 = s.Check7 = s.ChkNoB = true;
+    s.cell = FaderAlign::Center;
+    s.Hlink = QStringLiteral("<a href=x>");
+    s.Hlink2 = QStringLiteral("</a>");
 }
 
-FaderSettings inTable()
-{
-    FaderSettings s = settings();
-    s.Check7 = true;
-    s.Combo8 = QStringLiteral("10%");
-    s.Combo5 = QStringLiteral("1");
-    s.Combo3 = QStringLiteral("2");
-    s.Combo9 = QStringLiteral("80%");
-    s.Combo6 = QStringLiteral("3");
-    s.Text13 = QStringLiteral("#111111");
-    s.Text17 = QStringLiteral("#222222");
-    s.Text20 = QStringLiteral("#333333");
-    return s;
-}
+constexpr char Plain[] = "<Font face=Arial size=3 color=#080808>ab</FONT>";
 
-const QString Text = QStringLiteral("<Font face=Arial size=3 color=#000000>ab</FONT>");
+constexpr char TableEnd[] = "</TD></TR></TBODY></TABLE>";
 
 } // namespace
-
-Q_DECLARE_METATYPE(FaderSettings)
 
 class TestFaderFragment : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void bodies_data();
-    void bodies();
-    void usersDiffer_data();
-    void usersDiffer();
-    void paragraph();
+    void sameForAllUsers_data();
+    void sameForAllUsers();
+    void styles_data();
+    void styles();
+    void tables_data();
+    void tables();
+    void everything_data();
+    void everything();
+    void longRunOfTwoColors();
+    void textThatGoesOut();
 };
 
-void TestFaderFragment::bodies_data()
+void TestFaderFragment::sameForAllUsers_data()
 {
-    QTest::addColumn<FaderSettings>("settings");
+    QTest::addColumn<Change>("change");
     QTest::addColumn<QString>("body");
-    const auto row = [](const char* name, const FaderSettings& s, const QString& body) {
-        QTest::newRow(name) << s << body;
+    const auto row = [](const char* name, const Change& change, const QString& body) {
+        QTest::newRow(name) << change << body;
     };
-
-    row("default", settings(), Text);
-    FaderSettings s = settings();
-    s.Combo1 = QStringLiteral("Comic Sans MS");
-    s.size = QString();
-    row("blanks in the font, no size", s,
-        QStringLiteral("<Font face=Comic Sans MS size= color=#000000>ab</FONT>"));
-    row("markup in the text", settings(QStringLiteral("<&\r\n\">")),
-        QStringLiteral("<Font face=Arial size=3 color=#000000><&\r\n\"></FONT>"));
-
-    s = settings();
-    s.Check1 = true;
-    row("highlight", s,
-        QStringLiteral("<FONT style=\"background-color: #000000\"><Font face=Arial size=3 color=#000000>ab"
-                       "</FONT></FONT>"));
-    s.mode = FaderMode::FiveFade;
-    row("highlight, five colors", s,
-        QStringLiteral(
-            "<FONT style=\"background-color: #000000\"><Font face=Arial size=3>(faded)</FONT></FONT>"));
-
-    s = settings();
-    s.chkBold = s.chkItalic = true;
-    row("bold and italic", s, QStringLiteral("<B><I>") + Text + QStringLiteral("</B></I>"));
-    row("all styles", styled(), QStringLiteral("<B><I><U><S>") + Text + QStringLiteral("</B></I></U></S>"));
-
-    s = settings();
-    s.mode = FaderMode::FiveFade;
-    row("five colors", s, QStringLiteral("<Font face=Arial size=3>(faded)</FONT>"));
-
-    s = settings(QStringLiteral("abc"));
-    s.mode = FaderMode::TwoColors;
-    s.TxtC1 = QStringLiteral("#111111");
-    s.TxtC2 = QStringLiteral("#222222");
-    const auto one = [](const char* letter) {
-        return QStringLiteral("<Font face=Arial size=3 color=\"#111111\">") + QLatin1String(letter);
+    const auto twoColors = [](const QString& text) {
+        return [text](FaderSettings& s) {
+            s.mode = FaderMode::TwoColors;
+            s.Text1 = text;
+        };
     };
-    const auto two = [](const char* letter) {
-        return QStringLiteral("<Font face=Arial size=3 color=\"#222222\">") + QLatin1String(letter);
-    };
-    const QString run = one("a") + two("b") + one("c") + two("");
-    row("two colors, three characters", s, run + QStringLiteral("</FONT></FONT></FONT></FONT></FONT>"));
-    s.chkBold = s.chkUnderline = true;
-    s.Check1 = true;
-    row("two colors, styled and highlighted", s,
-        QStringLiteral("<B><U><FONT style=\"background-color: #000000\">") + run +
-            QStringLiteral("</B></U></FONT></FONT></FONT></FONT></FONT>"));
-    s = settings(QString());
-    s.mode = FaderMode::TwoColors;
-    row("two colors, no text", s, QStringLiteral("</FONT>"));
-    s.Text1 = QStringLiteral("\U0001F600\u00E9");
-    row("two colors, emoji", s,
-        QStringLiteral("<Font face=Arial size=3 color=\"#000000\">\U0001F600"
-                       "<Font face=Arial size=3 color=\"#000000\">\u00E9</FONT></FONT></FONT>"));
+    const QString first = QStringLiteral("<Font face=Arial size=3 color=\"#111111\">");
+    const QString second = QStringLiteral("<Font face=Arial size=3 color=\"#222222\">");
+    const QString closers = QStringLiteral("</FONT></FONT>");
 
-    const QString table = QStringLiteral(
-        "<TABLE height=10% cellSpacing=1 cellPadding=2 width=80% Align=left bgcolor=#111111 border=3>"
-        "<TBODY><TR><TD bgColor=#222222>");
-    const QString tableEnd = QStringLiteral("</TD></TR></TBODY></TABLE>");
-    row("table", inTable(), table + Text + tableEnd);
-    s = settings();
-    s.Check7 = true;
-    row("table as it opens", s,
-        QStringLiteral("<TABLE height=0% cellSpacing=0 cellPadding=0 width=0% Align=left bgcolor=#000000 "
-                       "border=0><TBODY><TR><TD bgColor=#000000>") +
-            Text + tableEnd);
-    s = inTable();
-    s.ChkNoB = true;
-    row("table with a border color", s,
-        QString(table).replace(QStringLiteral("<TABLE"), QStringLiteral("<TABLE borderColor=#333333")) +
-            Text + tableEnd);
-    const struct
-    {
-        FaderAlign align;
-        const char* table;
-        const char* cell;
-    } aligns[] = {{FaderAlign::None, "", ""},
-                  {FaderAlign::Left, " Align=left", " align=Left"},
-                  {FaderAlign::Center, " Align=center", " align=center"},
-                  {FaderAlign::Right, " Align=right", " align=right"}};
-    for (const auto& a : aligns) {
-        s = inTable();
-        s.table = s.cell = a.align;
-        QTest::addRow("aligned %d", int(a.align))
-            << s
-            << QStringLiteral("<TABLE height=10% cellSpacing=1 cellPadding=2 width=80%") +
-                   QLatin1String(a.table) + QStringLiteral(" bgcolor=#111111 border=3><TBODY><TR><TD") +
-                   QLatin1String(a.cell) + QStringLiteral(" bgColor=#222222>") + Text + tableEnd;
-    }
+    row(
+        "one colour", [](FaderSettings&) {}, Plain);
+    row(
+        "no text", [](FaderSettings& s) { s.Text1.clear(); },
+        "<Font face=Arial size=3 color=#080808></FONT>");
+    row(
+        "text as it stands", [](FaderSettings& s) { s.Text1 = QStringLiteral(" <B>&\r\n\" "); },
+        "<Font face=Arial size=3 color=#080808> <B>&\r\n\" </FONT>");
+    row(
+        "font name with blanks", [](FaderSettings& s) { s.Combo1 = QStringLiteral("Times New Roman"); },
+        "<Font face=Times New Roman size=3 color=#080808>ab</FONT>");
+    row(
+        "no font name", [](FaderSettings& s) { s.Combo1.clear(); },
+        "<Font face= size=3 color=#080808>ab</FONT>");
+    row(
+        "no size", [](FaderSettings& s) { s.size.clear(); },
+        "<Font face=Arial size= color=#080808>ab</FONT>");
+    row(
+        "highlight", [](FaderSettings& s) { s.Check1 = true; },
+        "<FONT style=\"background-color: #050505\"><Font face=Arial size=3 color=#080808>ab</FONT></FONT>");
+    row(
+        "link",
+        [](FaderSettings& s) {
+            s.Hlink = QStringLiteral("<a href=http://x>");
+            s.Hlink2 = QStringLiteral("</a>");
+        },
+        "<a href=http://x><Font face=Arial size=3 color=#080808>ab</FONT></a>");
 
-    s = styled();
-    s.Check7 = true;
-    s.Check1 = true;
-    s.Combo8 = s.Combo9 = QStringLiteral("\"x\"");
-    s.Hlink = QStringLiteral("<a href=http://x>");
-    s.Hlink2 = QStringLiteral("</a>");
-    row("link inside the cell, outside the styles", s,
-        QStringLiteral(
-            "<TABLE height=\"x\" cellSpacing=0 cellPadding=0 width=\"x\" Align=left bgcolor=#000000 "
-            "border=0><TBODY><TR><TD bgColor=#000000><a href=http://x><B><I><U><S>"
-            "<FONT style=\"background-color: #000000\"><Font face=Arial size=3 color=#000000>ab"
-            "</FONT></FONT></B></I></U></S></a></TD></TR></TBODY></TABLE>"));
+    row(
+        "five colours", [](FaderSettings& s) { s.mode = FaderMode::FiveFade; },
+        "<Font face=Arial size=3>[faded]</FONT>");
+    row(
+        "five colours, highlight",
+        [](FaderSettings& s) {
+            s.mode = FaderMode::FiveFade;
+            s.Check1 = true;
+        },
+        "<FONT style=\"background-color: #050505\"><Font face=Arial size=3>[faded]</FONT></FONT>");
+
+    row("two colours", twoColors(QStringLiteral("ab")),
+        first + u'a' + second + u'b' + closers + QStringLiteral("</FONT>"));
+    row("two colours, one character", twoColors(QStringLiteral("a")),
+        first + u'a' + second + closers + QStringLiteral("</FONT>"));
+    row("two colours, three characters", twoColors(QStringLiteral("abc")),
+        first + u'a' + second + u'b' + first + u'c' + second + closers + closers + QStringLiteral("</FONT>"));
+    row("two colours, no text", twoColors(QString()), "</FONT>");
+    row("two colours, line end", twoColors(QStringLiteral("a\r\nb")),
+        first + u'a' + second + u'\r' + first + u'\n' + second + u'b' + closers + closers +
+            QStringLiteral("</FONT>"));
+    const QString family = QString::fromUtf8("👨‍👩‍👧");
+    const QString accented = QStringLiteral("e\u0301");
+    row("two colours, whole characters", twoColors(family + accented + u'<'),
+        first + family + second + accented + first + u'<' + second + closers + closers +
+            QStringLiteral("</FONT>"));
+    row(
+        "two colours, highlight",
+        [](FaderSettings& s) {
+            s.mode = FaderMode::TwoColors;
+            s.Check1 = true;
+        },
+        QStringLiteral("<FONT style=\"background-color: #050505\">") + first + u'a' + second + u'b' +
+            closers + QStringLiteral("</FONT>"));
 }
 
-void TestFaderFragment::bodies()
+void TestFaderFragment::sameForAllUsers()
 {
-    QFETCH(FaderSettings, settings);
+    QFETCH(Change, change);
     QFETCH(QString, body);
-    QCOMPARE(faderBody(settings, FaderUser::Copy), body);
-    QCOMPARE(faderBody(settings, FaderUser::Add), body);
+    FaderSettings settings = plainSettings();
+    change(settings);
+    for (const FaderUser user : Users)
+        QCOMPARE(faderBody(settings, user), body);
 }
 
-void TestFaderFragment::usersDiffer_data()
+void TestFaderFragment::styles_data()
 {
-    QTest::addColumn<FaderUser>("user");
+    QTest::addColumn<QString>("boxes");
     QTest::addColumn<QString>("opening");
     QTest::addColumn<QString>("closing");
-    QTest::addColumn<QString>("table");
-    const QString upper = QStringLiteral("<B><I><U><S>");
-    const QString upperEnd = QStringLiteral("</B></I></U></S>");
-    const QString plain = QStringLiteral("<TABLE height=10%");
-    QTest::newRow("sample") << FaderUser::Sample << "<b><i><u><S>"
-                            << "</b></i></u></S>" << plain;
-    QTest::newRow("Copy") << FaderUser::Copy << upper << upperEnd << plain;
-    QTest::newRow("Add") << FaderUser::Add << upper << upperEnd << plain;
-    QTest::newRow("description") << FaderUser::Description << upper << upperEnd
-                                 << "<TABLE borderColor=#333333 height=10%";
+    QTest::addColumn<QString>("sampleOpening");
+    QTest::addColumn<QString>("sampleClosing");
+    QTest::newRow("bold") << "B"
+                          << "<B>"
+                          << "</B>"
+                          << "<b>"
+                          << "</b>";
+    QTest::newRow("italic") << "I"
+                            << "<I>"
+                            << "</I>"
+                            << "<i>"
+                            << "</i>";
+    QTest::newRow("underline") << "U"
+                               << "<U>"
+                               << "</U>"
+                               << "<u>"
+                               << "</u>";
+    QTest::newRow("strikeout") << "S"
+                               << "<S>"
+                               << "</S>"
+                               << "<S>"
+                               << "</S>";
+    QTest::newRow("bold and italic") << "BI"
+                                     << "<B><I>"
+                                     << "</B></I>"
+                                     << "<b><i>"
+                                     << "</b></i>";
+    QTest::newRow("all") << "BIUS"
+                         << "<B><I><U><S>"
+                         << "</B></I></U></S>"
+                         << "<b><i><u><S>"
+                         << "</b></i></u></S>";
 }
 
-void TestFaderFragment::usersDiffer()
+void TestFaderFragment::styles()
 {
-    QFETCH(FaderUser, user);
+    QFETCH(QString, boxes);
     QFETCH(QString, opening);
     QFETCH(QString, closing);
-    QFETCH(QString, table);
-    QCOMPARE(faderBody(styled(), user), opening + Text + closing);
-    QVERIFY(faderBody(inTable(), user).startsWith(table));
-    FaderSettings bordered = inTable();
-    bordered.ChkNoB = true;
-    QVERIFY(faderBody(bordered, user).startsWith(QStringLiteral("<TABLE borderColor=#333333 height=10%")));
+    QFETCH(QString, sampleOpening);
+    QFETCH(QString, sampleClosing);
+    FaderSettings s = plainSettings();
+    s.chkBold = boxes.contains(u'B');
+    s.chkItalic = boxes.contains(u'I');
+    s.chkUnderline = boxes.contains(u'U');
+    s.chkStrikeout = boxes.contains(u'S');
+    const QString text = QStringLiteral("<Font face=Arial size=3 color=#080808>ab</FONT>");
+    for (const FaderUser user : {FaderUser::Copy, FaderUser::Add, FaderUser::Description})
+        QCOMPARE(faderBody(s, user), opening + text + closing);
+    QCOMPARE(faderBody(s, FaderUser::Sample), sampleOpening + text + sampleClosing);
 }
 
-void TestFaderFragment::paragraph()
+void TestFaderFragment::tables_data()
 {
-    QCOMPARE(faderText(QStringLiteral("x"), true), QStringLiteral("<P>x</P>\r\n"));
-    QCOMPARE(faderText(QStringLiteral("x"), false), QStringLiteral("x\r\n"));
+    QTest::addColumn<Change>("change");
+    QTest::addColumn<QString>("head");
+    const auto row = [](const char* name, const Change& change, const QString& tableAlign,
+                        const QString& cellAlign) {
+        QTest::newRow(name) << change
+                            << QStringLiteral(" height=8% cellSpacing=5 cellPadding=3 width=9%") +
+                                   tableAlign + QStringLiteral(" bgcolor=#131313 border=6><TBODY><TR><TD") +
+                                   cellAlign + QStringLiteral(" bgColor=#171717>");
+    };
+    row(
+        "table left", [](FaderSettings&) {}, " Align=left", "");
+    row(
+        "table center", [](FaderSettings& s) { s.table = FaderAlign::Center; }, " Align=center", "");
+    row(
+        "table right", [](FaderSettings& s) { s.table = FaderAlign::Right; }, " Align=right", "");
+    row(
+        "table nowhere", [](FaderSettings& s) { s.table = FaderAlign::None; }, "", "");
+    row(
+        "cell left", [](FaderSettings& s) { s.cell = FaderAlign::Left; }, " Align=left", " align=Left");
+    row(
+        "cell center", [](FaderSettings& s) { s.cell = FaderAlign::Center; }, " Align=left", " align=center");
+    row(
+        "cell right", [](FaderSettings& s) { s.cell = FaderAlign::Right; }, " Align=left", " align=right");
+    QTest::newRow("values as they stand") << Change([](FaderSettings& s) {
+        s.Combo8.clear();
+        s.Combo5 = QStringLiteral("-1");
+        s.Combo3 = QStringLiteral("a b");
+        s.Combo9 = QStringLiteral("<");
+        s.Combo6 = QStringLiteral("\"");
+    })
+                                          << " height= cellSpacing=-1 cellPadding=a b width=< Align=left "
+                                             "bgcolor=#131313 border=\"><TBODY><TR><TD "
+                                             "bgColor=#171717>";
+}
+
+void TestFaderFragment::tables()
+{
+    QFETCH(Change, change);
+    QFETCH(QString, head);
+    FaderSettings s = plainSettings();
+    change(s);
+    QCOMPARE(faderBody(s, FaderUser::Copy), QString::fromLatin1(Plain)); // not in a table yet
+    s.Check7 = true;
+    const QString rest = head + QLatin1String(Plain) + QLatin1String(TableEnd);
+    const QString bare = QStringLiteral("<TABLE") + rest;
+    const QString bordered = QStringLiteral("<TABLE borderColor=#202020") + rest;
+    for (const FaderUser user : Users) {
+        s.ChkNoB = false;
+        QCOMPARE(faderBody(s, user), user == FaderUser::Description ? bordered : bare);
+        s.ChkNoB = true;
+        QCOMPARE(faderBody(s, user), bordered);
+    }
+}
+
+void TestFaderFragment::everything_data()
+{
+    QTest::addColumn<FaderMode>("mode");
+    QTest::addColumn<QString>("inner"); // of the style tags and the highlight
+    QTest::newRow("one colour") << FaderMode::OneColor
+                                << "<Font face=Arial size=3 color=#080808>ab</FONT></FONT></B></I></U></S>";
+    QTest::newRow("two colours")
+        << FaderMode::TwoColors
+        << "<Font face=Arial size=3 color=\"#111111\">a<Font face=Arial size=3 color=\"#222222\">b"
+           "</B></I></U></S></FONT></FONT></FONT>";
+    QTest::newRow("five colours") << FaderMode::FiveFade
+                                  << "<Font face=Arial size=3>[faded]</FONT></FONT></B></I></U></S>";
+}
+
+void TestFaderFragment::everything()
+{
+    QFETCH(FaderMode, mode);
+    QFETCH(QString, inner);
+    FaderSettings s = plainSettings();
+    everythingOn(s);
+    s.mode = mode;
+    QString body = QStringLiteral("<TABLE borderColor=#202020 height=8% cellSpacing=5 cellPadding=3 width=9% "
+                                  "Align=left bgcolor=#131313 border=6><TBODY><TR><TD align=center "
+                                  "bgColor=#171717><a href=x><B><I><U><S>"
+                                  "<FONT style=\"background-color: #050505\">") +
+                   inner + QStringLiteral("</a></TD></TR></TBODY></TABLE>");
+    for (const FaderUser user : {FaderUser::Copy, FaderUser::Add, FaderUser::Description})
+        QCOMPARE(faderBody(s, user), body);
+    body.replace(QLatin1String("<B><I><U>"), QLatin1String("<b><i><u>"));
+    body.replace(QLatin1String("</B></I></U>"), QLatin1String("</b></i></u>"));
+    QCOMPARE(faderBody(s, FaderUser::Sample), body);
+}
+
+void TestFaderFragment::longRunOfTwoColors()
+{
+    FaderSettings s = plainSettings();
+    s.mode = FaderMode::TwoColors;
+    s.Text1 = QString(32767, u'x');
+    const QString body = faderBody(s, FaderUser::Add);
+    QCOMPARE(body.count(QLatin1String("color=\"#111111\">x")), 16384);
+    QCOMPARE(body.count(QLatin1String("color=\"#222222\">x")), 16383);
+    QVERIFY(body.contains(QLatin1String("color=\"#222222\"></FONT>")));
+    QCOMPARE(body.count(QLatin1String("</FONT>")), 32768 + 1);
+}
+
+void TestFaderFragment::textThatGoesOut()
+{
+    QCOMPARE(faderText(QStringLiteral("body"), false), QStringLiteral("body\r\n"));
+    QCOMPARE(faderText(QStringLiteral("body"), true), QStringLiteral("<P>body</P>\r\n"));
+    QCOMPARE(faderText(QString(), true), QStringLiteral("<P></P>\r\n"));
 }
 
 QTEST_GUILESS_MAIN(TestFaderFragment)
