@@ -1,7 +1,9 @@
 #include "app/Openings.h"
 
 #include "builders/FrmAddTable.h"
+#include "builders/FrmListChoose.h"
 #include "builders/FrmTable.h"
+#include "builders/Pics.h"
 #include "colour/Fader5.h"
 #include "colour/FrmBody.h"
 #include "colour/FrmColorcode.h"
@@ -41,7 +43,9 @@ void connectOpenings(FrmWeb* main)
     toolOpens<FrmBuild1>(main, 15);
     toolOpens<FrmBody>(main, 17);
     toolOpens<Fader5>(main, 18);
+    toolOpens<Pics>(main, 19);
     toolOpens<FrmTable>(main, 20);
+    toolOpens<FrmListChoose>(main, 21);
     toolOpens<FrmHR>(main, 22);
     opens<color>(main->munhighlightcolor);
     opens<FrmAddTable>(main->munaddtable);

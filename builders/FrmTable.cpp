@@ -13,10 +13,10 @@
 #include "services/Profile.h"
 #include "shell/Icons.h"
 #include "shell/SavedTitles.h"
+#include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
 
 #include <QCloseEvent>
-#include <QFontDatabase>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <utility>
@@ -201,11 +201,12 @@ FrmTable::FrmTable()
     setClosingBox(Check3, QStringLiteral("Tablepro"), QStringLiteral("chk3"), IfMissing::Unticked);
     LoadList(titlesFile(), *Combo1);
     connectRows();
-    for (const QString& family : QFontDatabase::families().mid(1)) // the first is left out
-        Combo7->AddItem(family);
+    addScreenFonts(*Combo7, 1); // the first is left out
     Combo7->setText(QStringLiteral("Arial"));
     Combo6->setText(QStringLiteral("Normal"));
     connectHandlers();
+    if (isLoaded<FrmAutoColor>()) // left open by an earlier table
+        autoColor();
     Text1->setFocus();
 }
 
@@ -297,7 +298,7 @@ void FrmTable::Command4_Click()
 void FrmTable::Command5_Click()
 {
     if (MsgBox(QStringLiteral("Are you sure you wish list clear ?"), QStringLiteral("List Clear?"),
-               MsgIcon::Information, MsgButtons::YesNo) != MsgAnswer::Yes)
+               MsgIcon::Information, MsgButtons::NoYes) != MsgAnswer::Yes)
         return;
     List1->Clear();
     List2->Clear();
@@ -473,12 +474,10 @@ void FrmTable::Check1_Click()
 /// The window of the two colours, whose words reach this table.
 FrmAutoColor* FrmTable::autoColor()
 {
-    if (m_autoColor != form<FrmAutoColor>()) {
-        m_autoColor = form<FrmAutoColor>();
-        on(m_autoColor.data(), &FrmAutoColor::taken, this, &FrmTable::autoColor_taken);
-        on(m_autoColor.data(), &FrmAutoColor::unloading, this, [this] { Check1->setValue(0); });
-    }
-    return m_autoColor;
+    return heardForm<FrmAutoColor>(m_autoColor, [this](FrmAutoColor* colors) {
+        on(colors, &FrmAutoColor::taken, this, &FrmTable::autoColor_taken);
+        on(colors, &FrmAutoColor::unloading, this, [this] { Check1->setValue(0); });
+    });
 }
 
 void FrmTable::autoColor_taken(const QString& first, const QString& second)

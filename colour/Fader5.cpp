@@ -11,9 +11,8 @@
 #include "services/Markers.h"
 #include "shell/FrmWeb.h"
 #include "shell/Icons.h"
+#include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
-
-#include <QFontDatabase>
 
 namespace {
 
@@ -130,8 +129,7 @@ Fader5::Fader5()
     connectRows();
     Command1_Click();
     refreshColorTexts();
-    for (const QString& family : QFontDatabase::families())
-        Combo1->AddItem(family);
+    addScreenFonts(*Combo1, 0);
     Combo1->setText(QStringLiteral("Arial"));
     Combo2->setText(QStringLiteral("Normal"));
     enableModes();

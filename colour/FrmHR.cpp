@@ -56,11 +56,13 @@ FrmHR::FrmHR()
 void FrmHR::HScroll1_Change()
 {
     Text1->setText(QString::number(HScroll1->Value()) + u'%');
+    Command8_Click();
 }
 
 void FrmHR::HScroll2_Change()
 {
     Text3->setText(QString::number(HScroll2->Value()));
+    Command8_Click();
 }
 
 QString FrmHR::tag() const

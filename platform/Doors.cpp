@@ -50,6 +50,8 @@ QMessageBox::Icon boxIcon(MsgIcon icon)
     switch (icon) {
     case MsgIcon::Stop:
         return QMessageBox::Critical;
+    case MsgIcon::Question:
+        return QMessageBox::Question;
     case MsgIcon::Exclamation:
         return QMessageBox::Warning;
     case MsgIcon::Information:
@@ -64,6 +66,7 @@ QMessageBox::StandardButtons boxButtons(MsgButtons buttons)
 {
     switch (buttons) {
     case MsgButtons::YesNo:
+    case MsgButtons::NoYes:
         return QMessageBox::Yes | QMessageBox::No;
     case MsgButtons::YesNoCancel:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
@@ -110,6 +113,8 @@ public:
     MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons) override
     {
         QMessageBox box(boxIcon(icon), title, boxText(prompt), boxButtons(buttons), frontWindow());
+        if (buttons == MsgButtons::NoYes)
+            box.setDefaultButton(QMessageBox::No);
         box.setTextFormat(Qt::PlainText); // file names and user text may hold tags
         switch (runInFront(box)) {
         case QMessageBox::Yes:

@@ -11,8 +11,9 @@ inline const QString ProgramTitle = QStringLiteral("Brindlemark");
 /// The product's name and number, as captions and the generator tag hold it.
 inline const QString ProgramName = QStringLiteral("Brindlemark 1.0");
 
-enum class MsgIcon { None, Stop, Exclamation, Information };
-enum class MsgButtons { Ok, YesNo, YesNoCancel };
+enum class MsgIcon { None, Stop, Question, Exclamation, Information };
+/// The first button is the default one; of `NoYes`, which shows Yes in front like the others, it is No.
+enum class MsgButtons { Ok, YesNo, NoYes, YesNoCancel };
 enum class MsgAnswer { Ok, Cancel, Yes, No };
 
 /// The common dialogs of the desktop. Fields are read when a dialog opens and written when the user takes it.

@@ -74,3 +74,15 @@ F* form()
         detail::instance<F>() = new F;
     return detail::instance<F>();
 }
+
+/// The form's one instance, for a caller that listens to it: `listen` runs for an instance that isn't
+/// `heard` yet.
+template <typename F, typename Listen>
+F* heardForm(QPointer<F>& heard, Listen listen)
+{
+    if (heard != form<F>()) {
+        heard = form<F>();
+        listen(heard.data());
+    }
+    return heard;
+}

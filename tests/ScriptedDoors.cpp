@@ -11,6 +11,8 @@ QString iconName(MsgIcon icon)
     switch (icon) {
     case MsgIcon::Stop:
         return QStringLiteral("Stop");
+    case MsgIcon::Question:
+        return QStringLiteral("Question");
     case MsgIcon::Exclamation:
         return QStringLiteral("Exclamation");
     case MsgIcon::Information:
@@ -26,6 +28,8 @@ QString buttonsName(MsgButtons buttons)
     switch (buttons) {
     case MsgButtons::YesNo:
         return QStringLiteral("YesNo");
+    case MsgButtons::NoYes:
+        return QStringLiteral("NoYes");
     case MsgButtons::YesNoCancel:
         return QStringLiteral("YesNoCancel");
     case MsgButtons::Ok:

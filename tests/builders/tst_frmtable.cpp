@@ -13,7 +13,7 @@ const QString NoWord = QStringLiteral("MsgBox|Error|Cannot add to editor because
 const QString CancelQuestion =
     QStringLiteral("MsgBox|Information|Are you sure you wish cancel it ?|Information|YesNo");
 const QString ClearQuestion =
-    QStringLiteral("MsgBox|List Clear?|Are you sure you wish list clear ?|Information|YesNo");
+    QStringLiteral("MsgBox|List Clear?|Are you sure you wish list clear ?|Information|NoYes");
 const QString TitleQuestion = QStringLiteral("InputBox|Save Title|Enter the title.|");
 
 const QString Font = QStringLiteral("<Font face=Arial size=3 color=#000000>");
@@ -139,6 +139,7 @@ private slots:
     void twoColorsTakenBack();
     void twoColorsUnticked();
     void twoColorsOfAnEarlierTable();
+    void twoColorsLeftOpen();
     void twoColorsAfterTheTableHasGone();
 
     void saves();
@@ -957,6 +958,20 @@ void TestFrmTable::twoColorsOfAnEarlierTable()
     click(form<FrmAutoColor>()->Command1);
     QCOMPARE(window.table->TxtAuto, QStringLiteral("#070000"));
     QVERIFY(window.table->LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
+}
+
+void TestFrmTable::twoColorsLeftOpen()
+{
+    Designer window;
+    tick(window.table->Check1);
+    window.table->Unload();
+    window.show();
+    window.add("a");
+    form<FrmAutoColor>()->RedA->setValue(7);
+    click(form<FrmAutoColor>()->Command1);
+    QCOMPARE(window.table->Check1->Value(), 1);
+    QVERIFY(window.table->LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
+    QVERIFY(!form<FrmAutoColor>()->isVisible());
 }
 
 void TestFrmTable::twoColorsAfterTheTableHasGone()

@@ -1,0 +1,41 @@
+#include "builders/FrmChar.h"
+
+#include "platform/Events.h"
+#include "shell/ScreenFonts.h"
+
+FrmChar::FrmChar()
+{
+    setupUi(this);
+    setDefaultButton(Command1);
+    setCancelButton(Command2);
+    addScreenFonts(*Combo1, 1); // the first is left out
+    Combo1->setText(QStringLiteral("Webdings"));
+    Combo1_Click();
+    on(CharC, &CharMap::moved, this, &FrmChar::CharC_MouseMove);
+    on(Combo1, &ComboBox::Click, this, &FrmChar::Combo1_Click);
+    on(Command1, &QPushButton::clicked, this, &FrmChar::Command1_Click);
+    on(Command2, &QPushButton::clicked, this, &FrmChar::Unload);
+    CharC->setFocus();
+}
+
+void FrmChar::CharC_MouseMove(int index)
+{
+    const int shown = CharC->marked() > 0 ? CharC->marked() : index;
+    LabV->setText(CharMap::text(shown));
+    Code->setText(QStringLiteral("Code %1").arg(shown));
+}
+
+void FrmChar::Combo1_Click()
+{
+    CharC->setFamily(Combo1->Text());
+    QFont font = LabV->font();
+    font.setFamily(Combo1->Text());
+    LabV->setFont(font);
+    tellMissingFont(Notice, Combo1->Text());
+}
+
+void FrmChar::Command1_Click()
+{
+    emit taken(windowTitle(), Combo1->Text(), LabV->text());
+    Hide();
+}

@@ -1,0 +1,149 @@
+#include "builders/FrmList.h"
+
+#include "colour/ColorRow.h"
+#include "colour/FrmFonts.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "shell/Icons.h"
+
+#include <QCloseEvent>
+#include <QMouseEvent>
+
+namespace {
+
+const QString FontCaption = QStringLiteral("List Properties Font");
+
+} // namespace
+
+FrmList::FrmList()
+{
+    setupUi(this);
+    Command21->setIcon(namedIcon("font"));
+    WebBrowser1->setKind(WebPage::Kind::Sample);
+    setCancelButton(Command7);
+    setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"), IfMissing::Unticked);
+    m_row = new ColorRow(RedA, GreenA, BlueA, Lcolor1);
+    m_row->keepText(&Text5);
+    m_row->RowHexRefresh();
+    m_row->offerPick();
+
+    // An arrow changes the colour alone, which the list takes at its next refresh; a drag is followed.
+    on(m_row, &ColorRow::Scroll, this, &FrmList::Command8_Click);
+    on(m_row, &ColorRow::Picked, this, &FrmList::Command8_Click);
+    for (OptionButton* kind : {Option1, Option2, Option6})
+        on(kind, &OptionButton::Click, this, &FrmList::Command8_Click);
+    on(List1, &ListBox::MouseUp, this, [this] { List1->setListIndex(-1); });
+    Text1->installEventFilter(this);
+    on(Text1, &QLineEdit::returnPressed, this, &FrmList::Command1_Click);
+    on(Command1, &QPushButton::clicked, this, &FrmList::Command1_Click);
+    on(Command2, &QPushButton::clicked, this, &FrmList::Command2_Click);
+    on(Command6, &QPushButton::clicked, this, &FrmList::Command6_Click);
+    on(Command7, &QPushButton::clicked, this, &FrmList::Command7_Click);
+    on(Command21, &QPushButton::clicked, this, &FrmList::Command21_Click);
+    on(Command22, &QPushButton::clicked, this, &FrmList::Command22_Click);
+    Text1->setFocus();
+}
+
+/// A click into the box for the word drops the selection.
+bool FrmList::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == Text1 && event->type() == QEvent::MouseButtonRelease)
+        guarded([this] { List1->setListIndex(-1); });
+    return ToolForm::eventFilter(watched, event);
+}
+
+void FrmList::Command1_Click()
+{
+    const QString word = Text1->text();
+    if (word.isEmpty()) {
+        MsgBox(QStringLiteral("No word ?"), QStringLiteral("Error"), MsgIcon::Information);
+        return;
+    }
+    List2 += listItem(word, {TxtFontName, TxtSize, TxtFontColor, TxtBIU, TxtBIU2});
+    List1->AddItem(word);
+    List1->scrollToBottom();
+    Text1->clear();
+    Command8_Click();
+}
+
+QString FrmList::opening() const
+{
+    const ListKind kind = Option1->Value()   ? ListKind::Bullets
+                          : Option2->Value() ? ListKind::Numbers
+                                             : ListKind::Squares;
+    return listOpening(kind, Text5);
+}
+
+void FrmList::Command8_Click()
+{
+    RichTextBox1 = listText(opening(), List2);
+    WebBrowser1->writeSoon(RichTextBox1);
+}
+
+bool FrmList::hasWords()
+{
+    if (List1->ListCount() > 0)
+        return true;
+    MsgBox(QStringLiteral("There no lists."), QStringLiteral("Error"), MsgIcon::Information);
+    return false;
+}
+
+/// The colour of this moment counts, also one that the sample doesn't show yet.
+void FrmList::Command6_Click()
+{
+    if (hasWords())
+        addToEditor(listText(opening(), List2));
+}
+
+/// The list as the sample shows it.
+void FrmList::Command22_Click()
+{
+    if (hasWords())
+        copyFragment(RichTextBox1);
+}
+
+void FrmList::Command2_Click()
+{
+    if (List1->ListCount() == 0 ||
+        MsgBox(QStringLiteral("Do you wish to clear the list ?"), QStringLiteral("Clear list"),
+               MsgIcon::Question, MsgButtons::NoYes) != MsgAnswer::Yes)
+        return;
+    List1->Clear();
+    List2.clear();
+    WebBrowser1->writeSoon(QString());
+}
+
+void FrmList::Command7_Click()
+{
+    if (List1->ListCount() == 0 ||
+        MsgBox(QStringLiteral("You fill out lists, Are you sure you wish cancel it ?"),
+               QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes)
+        Unload();
+}
+
+/// The window's own button asks as Cancel does.
+void FrmList::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    if (!isUnloaded())
+        guarded([this] { Command7_Click(); });
+}
+
+void FrmList::Command21_Click()
+{
+    auto* fonts = heardForm<FrmFonts>(
+        m_fonts, [this](FrmFonts* window) { on(window, &FrmFonts::taken, this, &FrmList::FrmFonts_taken); });
+    fonts->setWindowTitle(FontCaption);
+    fonts->Show();
+}
+
+void FrmList::FrmFonts_taken(const QString& caption, const FontChoice& font)
+{
+    if (caption != FontCaption)
+        return;
+    TxtFontColor = font.color;
+    TxtFontName = font.name;
+    TxtSize = font.size;
+    TxtBIU = font.open;
+    TxtBIU2 = font.close;
+}

@@ -1,0 +1,247 @@
+#include "builders/FrmList2.h"
+
+#include "builders/FrmChar.h"
+#include "colour/ColorRow.h"
+#include "colour/FrmFonts.h"
+#include "platform/AppPath.h"
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "services/Codes.h"
+#include "services/Profile.h"
+#include "shell/Icons.h"
+#include "shell/ScreenFonts.h"
+#include "shell/SurfaceCommands.h"
+
+#include <QCloseEvent>
+
+namespace {
+
+const QString WordsCaption = QStringLiteral("List Special Character Font");
+const QString TitleCaption = QStringLiteral("List Special Character Title Font");
+const QString CharacterCaption = QStringLiteral("List Properties Character");
+
+QString titlesFile()
+{
+    return appFile(QStringLiteral("\\list2.ini"));
+}
+
+} // namespace
+
+FrmList2::FrmList2()
+{
+    setupUi(this);
+    for (QPushButton* button : {Command15, Command17})
+        button->setIcon(namedIcon("font"));
+    chkBold->setIcon(namedIcon("format-text-bold"));
+    WebBrowser1->setKind(WebPage::Kind::Sample);
+    WebBrowser1->setDesignMode(DesignMode::On);
+    setCancelButton(Command13);
+    LoadList(titlesFile(), *TxtTitle);
+    TxtTitle->setText(QString());
+    setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk3"), IfMissing::Unticked);
+    Combo2->setText(QStringLiteral("Normal"));
+    m_row = new ColorRow(RedA, GreenA, BlueA, Lcolor1);
+    m_row->offerPick();
+    showSymbol();
+
+    for (const auto signal : {&ColorRow::Change, &ColorRow::Scroll, &ColorRow::Picked})
+        on(m_row, signal, this, &FrmList2::Lcolor1_Change);
+    on(chkBold, &CheckBox::Click, this, &FrmList2::Command14_Click);
+    on(Check1, &CheckBox::Click, this, &FrmList2::Check1_Click);
+    on(Combo2, &ComboBox::Click, this, &FrmList2::Combo2_Click);
+    on(TxtTitle, &ComboBox::Change, this, &FrmList2::Command14_Click);
+    on(TxtTitle, &ComboBox::Click, this, &FrmList2::Command14_Click);
+    on(Text1, &QLineEdit::returnPressed, this, &FrmList2::Text1_EnterPressed);
+    on(Command1, &QPushButton::clicked, this, &FrmList2::Command1_Click);
+    on(Command2, &QPushButton::clicked, this, &FrmList2::Command2_Click);
+    on(Command3, &QPushButton::clicked, this, &FrmList2::Command3_Click);
+    on(Command12, &QPushButton::clicked, this, &FrmList2::Command12_Click);
+    on(Command13, &QPushButton::clicked, this, &FrmList2::Command13_Click);
+    on(Command15, &QPushButton::clicked, this, &FrmList2::Command15_Click);
+    on(Command17, &QPushButton::clicked, this, &FrmList2::Command17_Click);
+    on(Command18, &QPushButton::clicked, this, &FrmList2::Command18_Click);
+    Text1->setFocus();
+}
+
+QString FrmList2::ReplaceSize(const ComboBox& combo) const
+{
+    return QString::fromLatin1(htmlFontSize(combo.Text()));
+}
+
+QString FrmList2::GetHexColor(int color) const
+{
+    return ::GetHexColor(color);
+}
+
+// ---- The symbol ------------------------------------------------------------------------------------------
+
+/// Gives the view the symbol's font, size and colour.
+void FrmList2::showSymbol()
+{
+    bool isNumber = false;
+    const int points = Combo2->Text().toInt(&isNumber);
+    QFont font = LabV->font();
+    font.setFamily(m_family);
+    font.setPointSize(isNumber ? points : 12);
+    LabV->setFont(font);
+    QPalette palette = LabV->palette();
+    palette.setColor(QPalette::WindowText, Lcolor1->shownColor());
+    LabV->setPalette(palette);
+    tellMissingFont(Notice, m_family);
+}
+
+void FrmList2::Lcolor1_Change()
+{
+    showSymbol();
+    Command14_Click();
+}
+
+void FrmList2::Combo2_Click()
+{
+    showSymbol();
+    Command14_Click();
+}
+
+void FrmList2::Command1_Click()
+{
+    auto* characters = heardForm<FrmChar>(m_characters, [this](FrmChar* window) {
+        on(window, &FrmChar::taken, this, &FrmList2::FrmChar_taken);
+    });
+    characters->setWindowTitle(CharacterCaption);
+    characters->Show();
+}
+
+void FrmList2::FrmChar_taken(const QString& caption, const QString& family, const QString& character)
+{
+    if (caption != CharacterCaption)
+        return;
+    m_family = family;
+    LabV->setText(character);
+    showSymbol();
+    Command14_Click();
+}
+
+// ---- Fonts -----------------------------------------------------------------------------------------------
+
+void FrmList2::showFonts(const QString& caption)
+{
+    auto* fonts = heardForm<FrmFonts>(
+        m_fonts, [this](FrmFonts* window) { on(window, &FrmFonts::taken, this, &FrmList2::FrmFonts_taken); });
+    fonts->setWindowTitle(caption);
+    fonts->Show();
+}
+
+void FrmList2::Command15_Click()
+{
+    showFonts(WordsCaption);
+}
+
+void FrmList2::Command17_Click()
+{
+    showFonts(TitleCaption);
+}
+
+void FrmList2::FrmFonts_taken(const QString& caption, const FontChoice& font)
+{
+    if (caption != WordsCaption && caption != TitleCaption)
+        return;
+    ListFont& target = caption == WordsCaption ? words : title;
+    target = {font.name, font.size, font.color, font.open, font.close};
+    Command14_Click();
+}
+
+// ---- The list --------------------------------------------------------------------------------------------
+
+void FrmList2::Command14_Click()
+{
+    RTB1 = Check1->Value() == 1 ? titleLine(TxtTitle->Text(), title) : QString();
+    const ListSymbol symbol{.character = LabV->text(),
+                            .font = m_family,
+                            .size = ReplaceSize(*Combo2),
+                            .color = GetHexColor(Lcolor1->BackColor()),
+                            .bold = chkBold->Value() == 1};
+    for (int i = 0; i < List1->ListCount(); ++i)
+        RTB1 += symbolLine(List1->List(i), symbol, words);
+    WebBrowser1->writeSoon(RTB1);
+}
+
+void FrmList2::Check1_Click()
+{
+    for (QWidget* control : std::initializer_list<QWidget*>{TxtTitle, Command17})
+        control->setEnabled(Check1->Value() == 1);
+    Command14_Click();
+}
+
+/// An empty word makes a line too.
+void FrmList2::Command3_Click()
+{
+    List1->AddItem(Text1->text());
+    List1->scrollToBottom();
+    Text1->clear();
+    Command14_Click();
+}
+
+/// Unlike the button's, Enter's word can't be empty.
+void FrmList2::Text1_EnterPressed()
+{
+    if (!Text1->text().isEmpty())
+        Command3_Click();
+}
+
+void FrmList2::Command2_Click()
+{
+    if (List1->ListCount() == 0 ||
+        MsgBox(QStringLiteral("Do you sure you wish clear list ?"), QStringLiteral("Clear list"),
+               MsgIcon::Question, MsgButtons::NoYes) != MsgAnswer::Yes)
+        return;
+    List1->Clear();
+    WebBrowser1->writeSoon(QString());
+}
+
+// ---- What goes out ---------------------------------------------------------------------------------------
+
+void FrmList2::Command12_Click()
+{
+    if (List1->ListCount() == 0)
+        return;
+    const QString text = RTB1;
+    rememberTitle();
+    addToEditor(text);
+}
+
+/// Ticked or not; an empty title stands in the list on screen alone.
+void FrmList2::rememberTitle()
+{
+    const QString text = TxtTitle->Text();
+    for (int i = 0; i < TxtTitle->ListCount(); ++i) {
+        if (TxtTitle->List(i) == text) {
+            TxtTitle->setListIndex(i);
+            return;
+        }
+    }
+    TxtTitle->AddItem(text);
+    TxtTitle->setListIndex(TxtTitle->ListCount() - 1);
+    SaveList(titlesFile(), *TxtTitle);
+}
+
+void FrmList2::Command18_Click()
+{
+    if (List1->ListCount() > 0)
+        copyFragment(RTB1);
+}
+
+void FrmList2::Command13_Click()
+{
+    if (List1->ListCount() == 0 ||
+        MsgBox(QStringLiteral("Are you sure you wish cancel it ?"), QStringLiteral("Information"),
+               MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes)
+        Unload();
+}
+
+/// The window's own button asks as Cancel does.
+void FrmList2::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    if (!isUnloaded())
+        guarded([this] { Command13_Click(); });
+}

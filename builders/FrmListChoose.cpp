@@ -1,0 +1,27 @@
+#include "builders/FrmListChoose.h"
+
+#include "builders/FrmList.h"
+#include "builders/FrmList2.h"
+#include "platform/Events.h"
+
+FrmListChoose::FrmListChoose()
+{
+    setupUi(this);
+    setDefaultButton(Command1);
+    setCancelButton(Cancel);
+    on(Command1, &QPushButton::clicked, this, &FrmListChoose::Command1_Click);
+    on(Command2, &QPushButton::clicked, this, &FrmListChoose::Command2_Click);
+    on(Cancel, &QPushButton::clicked, this, &FrmListChoose::Unload);
+}
+
+void FrmListChoose::Command1_Click()
+{
+    form<FrmList>()->Show();
+    Unload();
+}
+
+void FrmListChoose::Command2_Click()
+{
+    form<FrmList2>()->Show();
+    Unload();
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "builders/ui_FrmListChoose.h"
+#include "platform/Form.h"
+
+/// Asks which kind of list the user wants to build.
+class FrmListChoose : public Form, public Ui::FrmListChoose
+{
+    Q_OBJECT
+
+public:
+    FrmListChoose();
+
+private:
+    void Command1_Click();
+    void Command2_Click();
+};

@@ -1,0 +1,144 @@
+#include "builders/Pics.h"
+
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "shell/Icons.h"
+
+#include <array>
+
+namespace {
+
+using U = Ui::Pics;
+
+struct AlignOption
+{
+    OptionButton* U::*option;
+    const char* icon;
+    const char* word;
+};
+
+constexpr std::array<AlignOption, 3> AlignOptions = {{
+    {&U::Option1, "format-justify-left", "left"},
+    {&U::Option2, "format-justify-center", "center"},
+    {&U::Option3, "format-justify-right", "right"},
+}};
+
+struct SizeBar
+{
+    ScrollBar* U::*bar;
+    QLineEdit* U::*box;
+};
+
+constexpr std::array<SizeBar, 3> SizeBars = {{
+    {&U::HScroll2, &U::combo1},
+    {&U::HScroll3, &U::combo2},
+    {&U::HScroll1, &U::combo3},
+}};
+
+const QString Section = QStringLiteral("Picpro");
+
+} // namespace
+
+Pics::Pics()
+{
+    setupUi(this);
+    WebBrowser1->setKind(WebPage::Kind::Sample);
+    setCancelButton(Command5);
+    setClosingBox(Check3, Section, QStringLiteral("chk3"), IfMissing::Unticked);
+    keepInSettings(ChkP, Section, QStringLiteral("chkp"), IfMissing::Unticked);
+    enableAlignments();
+
+    on(Text1, &QLineEdit::returnPressed, this, &Pics::Command2_Click);
+    for (const SizeBar& entry : SizeBars) {
+        on(this->*entry.bar, &ScrollBar::Change, this, [this, entry] {
+            (this->*entry.box)->setText(QString::number((this->*entry.bar)->Value()));
+            Command2_Click();
+        });
+    }
+    for (const AlignOption& entry : AlignOptions) {
+        (this->*entry.option)->setIcon(namedIcon(entry.icon));
+        on(this->*entry.option, &OptionButton::MouseUp, this, &Pics::Command2_Click);
+    }
+    on(Check1, &CheckBox::Click, this, &Pics::Check1_Click);
+    on(ChkP, &CheckBox::Click, this, &Pics::ChkP_Click);
+    on(Command1, &QPushButton::clicked, this, &Pics::Command1_Click);
+    on(Command4, &QPushButton::clicked, this, &Pics::Command4_Click);
+    on(Command5, &QPushButton::clicked, this, &Pics::Unload);
+    Text1->setFocus();
+    Text1->setCursorPosition(int(Text1->text().size()));
+}
+
+PictureSettings Pics::settings() const
+{
+    PictureSettings settings{.Text1 = Text1->text(),
+                             .Check1 = Check1->Value() == 1,
+                             .combo1 = combo1->text(),
+                             .combo2 = combo2->text(),
+                             .combo3 = combo3->text(),
+                             .ChkP = ChkP->Value() == 1};
+    for (const AlignOption& entry : AlignOptions) {
+        if ((this->*entry.option)->Value())
+            settings.align = QLatin1String(entry.word);
+    }
+    return settings;
+}
+
+bool Pics::hasAddress() const
+{
+    return !Text1->text().isEmpty() && Text1->text() != QStringLiteral("http://");
+}
+
+bool Pics::requireAddress()
+{
+    if (hasAddress())
+        return true;
+    MsgBox(QStringLiteral("Cannot add to editor because no URL address."), QStringLiteral("Error"),
+           MsgIcon::Information);
+    return false;
+}
+
+void Pics::showSample(bool sized)
+{
+    if (!hasAddress())
+        return;
+    PictureSettings shown = settings();
+    shown.Check1 = sized;
+    WebBrowser1->writeSoon(pictureTag(shown));
+}
+
+void Pics::Command2_Click()
+{
+    showSample(Check1->Value() == 1);
+}
+
+/// The sample keeps the size's former state until it is made anew.
+void Pics::Check1_Click()
+{
+    const bool sized = Check1->Value() == 1;
+    showSample(!sized);
+    for (QWidget* control : std::initializer_list<QWidget*>{combo1, combo2, HScroll2, HScroll3})
+        control->setEnabled(sized);
+}
+
+void Pics::ChkP_Click()
+{
+    enableAlignments();
+}
+
+void Pics::enableAlignments()
+{
+    for (const AlignOption& entry : AlignOptions)
+        (this->*entry.option)->setEnabled(ChkP->Value() == 1);
+}
+
+void Pics::Command4_Click()
+{
+    if (requireAddress())
+        addToEditor(pictureTag(settings()));
+}
+
+void Pics::Command1_Click()
+{
+    if (requireAddress())
+        copyFragment(pictureTag(settings()));
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "builders/PictureHtml.h"
+#include "builders/ui_Pics.h"
+#include "shell/ToolForm.h"
+
+/// The tool that makes the tag of a picture.
+class Pics : public ToolForm, public Ui::Pics
+{
+    Q_OBJECT
+
+public:
+    Pics();
+
+private:
+    void Check1_Click();
+    void ChkP_Click();
+    void Command1_Click();
+    void Command2_Click();
+    void Command4_Click();
+
+    bool hasAddress() const;
+    bool requireAddress();
+    void showSample(bool sized);
+    void enableAlignments();
+    PictureSettings settings() const;
+};

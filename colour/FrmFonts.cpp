@@ -1,0 +1,82 @@
+#include "colour/FrmFonts.h"
+
+#include "colour/ColorRow.h"
+#include "platform/Events.h"
+#include "shell/Icons.h"
+#include "shell/ScreenFonts.h"
+#include "shell/SurfaceCommands.h"
+
+#include <array>
+
+namespace {
+
+struct StyleBox
+{
+    CheckBox* Ui::FrmFonts::*box;
+    const char* icon;
+    const char* tag;
+};
+
+constexpr std::array<StyleBox, 3> StyleBoxes = {{
+    {&Ui::FrmFonts::chkBold, "format-text-bold", "B>"},
+    {&Ui::FrmFonts::chkItalic, "format-text-italic", "I>"},
+    {&Ui::FrmFonts::chkUnderline, "format-text-underline", "U>"},
+}};
+
+} // namespace
+
+FrmFonts::FrmFonts()
+{
+    setupUi(this);
+    WebBrowser1->setKind(WebPage::Kind::Sample);
+    WebBrowser1->setDesignMode(DesignMode::On);
+    setDefaultButton(Command1);
+    setCancelButton(Command2);
+    addScreenFonts(*Combo1, 1); // the first is left out
+    Combo1->setText(QStringLiteral("Arial"));
+    Combo2->setText(QStringLiteral("Normal"));
+    m_row = new ColorRow(RedG, GreenG, BlueG, FColor1);
+    m_row->offerPick();
+
+    for (const auto signal : {&ColorRow::Change, &ColorRow::Scroll, &ColorRow::Picked})
+        on(m_row, signal, this, &FrmFonts::Command4_Click);
+    for (const StyleBox& entry : StyleBoxes) {
+        (this->*entry.box)->setIcon(namedIcon(entry.icon));
+        on(this->*entry.box, &CheckBox::Click, this, &FrmFonts::Command4_Click);
+    }
+    on(Combo1, &ComboBox::Click, this, &FrmFonts::Command4_Click);
+    on(Combo1, &ComboBox::Change, this, &FrmFonts::Command4_Click);
+    on(Combo2, &ComboBox::Click, this, &FrmFonts::Command4_Click);
+    on(Command1, &QPushButton::clicked, this, &FrmFonts::Command1_Click);
+    on(Command2, &QPushButton::clicked, this, &FrmFonts::Unload);
+    Command4_Click();
+}
+
+FontChoice FrmFonts::choice() const
+{
+    FontChoice font{.color = m_row->colorText(),
+                    .name = Combo1->Text(),
+                    .size = QString::fromLatin1(htmlFontSize(Combo2->Text()))};
+    for (const StyleBox& entry : StyleBoxes) {
+        if ((this->*entry.box)->Value() == 1) {
+            font.open += u'<' + QLatin1String(entry.tag);
+            font.close += QStringLiteral("</") + QLatin1String(entry.tag);
+        }
+    }
+    return font;
+}
+
+void FrmFonts::Command4_Click()
+{
+    const FontChoice font = choice();
+    WebBrowser1->writeSoon(font.open + QStringLiteral("<FONT face=") + font.name + QStringLiteral(" size=") +
+                           font.size + QStringLiteral(" color=") + font.color +
+                           QStringLiteral(">AaBbCcDd</FONT>") + font.close);
+    tellMissingFont(Notice, font.name);
+}
+
+void FrmFonts::Command1_Click()
+{
+    emit taken(windowTitle(), choice());
+    Unload();
+}

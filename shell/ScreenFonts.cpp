@@ -1,0 +1,25 @@
+#include "shell/ScreenFonts.h"
+
+#include "platform/ComboBox.h"
+
+#include <QFontDatabase>
+#include <QLabel>
+
+void addScreenFonts(ComboBox& list, int first)
+{
+    for (const QString& family : QFontDatabase::families().mid(first)) {
+        if (const QString name = family.trimmed(); !name.isEmpty())
+            list.AddItem(name);
+    }
+}
+
+void tellMissingFont(QLabel* notice, const QString& family)
+{
+    const bool missing = !family.isEmpty() && !QFontDatabase::hasFamily(family);
+    notice->setText(missing
+                        ? QStringLiteral("The font \"%1\" is not on this computer: what you see here is an "
+                                         "approximation.")
+                              .arg(family)
+                        : QString());
+    notice->setVisible(missing);
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QString>
+
+class ComboBox;
+class QLabel;
+
+/// Adds the names of the screen's fonts to a list, from a place in their order on.
+void addScreenFonts(ComboBox& list, int first);
+
+/// Lets a label say that a sample is an approximation, because the font is not on this computer; hides it
+/// otherwise. The HTML keeps the font's name: buyers who have the font see it.
+void tellMissingFont(QLabel* notice, const QString& family);
