@@ -1,0 +1,352 @@
+#include "Tool.h"
+#include "WebTestMain.h"
+#include "builders/FrmList.h"
+#include "builders/FrmList2.h"
+#include "builders/FrmListChoose.h"
+#include "colour/ColorSample.h"
+#include "colour/FrmFonts.h"
+
+namespace {
+
+const QString NoWord = QStringLiteral("MsgBox|Error|No word ?|Information|Ok");
+const QString NoLists = QStringLiteral("MsgBox|Error|There no lists.|Information|Ok");
+const QString ClearQuestion =
+    QStringLiteral("MsgBox|Clear list|Do you wish to clear the list ?|Question|NoYes");
+const QString CancelQuestion = QStringLiteral(
+    "MsgBox|Information|You fill out lists, Are you sure you wish cancel it ?|Information|YesNo");
+
+const QString Visa = QStringLiteral("<li><Font face=Arial size=3 color=#000000>Visa</Font>\r\n");
+const QString End = QStringLiteral("</ul>\r\n</Font>\r\n");
+
+class List : public Tool<FrmList>
+{
+public:
+    void add(const char* word) const
+    {
+        overtype(tool->Text1, QString::fromLatin1(word));
+        click(tool->Command1);
+    }
+    /// What a press on Copy gives.
+    QString copied() const
+    {
+        click(tool->Command22);
+        return Clipboard::GetText();
+    }
+};
+
+} // namespace
+
+class TestFrmList : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void chooses();
+    void texts();
+    void adds();
+    void enterAdds();
+    void refusesNoWord();
+    void kindsFollowAtOnce();
+    void colorFollowsADrag();
+    void colorByDialog();
+    void fontOfTheNextWord();
+    void fontOfAnotherWindow();
+    void fontAfterTheListHasGone();
+    void addToEditor();
+    void copy();
+    void nothingToGive();
+    void clears();
+    void cancels();
+    void clicksSelectNothing();
+    void closingBox();
+    void thousandWords();
+};
+
+void TestFrmList::chooses()
+{
+    const MainWindow window;
+    auto* choose = form<FrmListChoose>();
+    choose->Show();
+    QCOMPARE(plain(choose->Command1), QStringLiteral("List Properties"));
+    QCOMPARE(plain(choose->Command2), QStringLiteral("List Special Character Properties"));
+    click(choose->Command1);
+    QVERIFY(!isLoaded<FrmListChoose>());
+    QVERIFY(form<FrmList>()->isVisible());
+    form<FrmListChoose>()->Show();
+    click(form<FrmListChoose>()->Command2);
+    QVERIFY(!isLoaded<FrmListChoose>());
+    QVERIFY(form<FrmList2>()->isVisible());
+    form<FrmListChoose>()->Show();
+    QVERIFY(QTest::qWaitForWindowActive(form<FrmListChoose>()));
+    QTest::keyClick(form<FrmListChoose>(), Qt::Key_Escape);
+    QVERIFY(!isLoaded<FrmListChoose>());
+}
+
+void TestFrmList::texts()
+{
+    const List window;
+    const FrmList& t = *window.tool;
+    QCOMPARE(t.windowTitle(), QStringLiteral("List Properties"));
+    QCOMPARE(t.Frame4->title(), QStringLiteral("List Color"));
+    QCOMPARE(t.Frame7->title(), QStringLiteral("View Sample"));
+    QCOMPARE(plain(t.Command1), QStringLiteral("Add"));
+    QCOMPARE(t.Command1->toolTip(), QStringLiteral("Add it list"));
+    QCOMPARE(plain(t.Command2), QStringLiteral("Clear list"));
+    QCOMPARE(t.Command2->toolTip(), QStringLiteral("Clear lists"));
+    QCOMPARE(t.Command21->toolTip(), QStringLiteral("Font color, size, name, bold, Italic and underline"));
+    QVERIFY(!t.Command21->icon().isNull());
+    QCOMPARE(plain(t.Check3), QStringLiteral("Close when select copy or add editor."));
+    QCOMPARE(plain(t.Command22), QStringLiteral("Copy"));
+    QCOMPARE(plain(t.Command6), QStringLiteral("Add to Editor"));
+    QCOMPARE(t.Command6->toolTip(), QStringLiteral("OK"));
+    QCOMPARE(plain(t.Command7), QStringLiteral("Cancel"));
+    QVERIFY(t.Option1->Value());
+    QCOMPARE(t.Text5, QStringLiteral("#000000"));
+    QCOMPARE(t.TxtFontName + t.TxtSize + t.TxtFontColor + t.TxtBIU + t.TxtBIU2,
+             QStringLiteral("Arial3#000000"));
+    QCOMPARE(t.WebBrowser1->designMode(), DesignMode::Off);
+    QCOMPARE(t.focusWidget(), t.Text1);
+}
+
+void TestFrmList::adds()
+{
+    const List window;
+    window.add("Visa");
+    QCOMPARE(window.tool->List1->List(0), QStringLiteral("Visa"));
+    QCOMPARE(window.tool->Text1->text(), QString());
+    QCOMPARE(window.copied(), QStringLiteral("<Font color=#000000><ul>\r\n") + Visa + End);
+    QTRY_COMPARE(window.ask("document.querySelector('ul > li').textContent.trim()"), QStringLiteral("Visa"));
+}
+
+void TestFrmList::enterAdds()
+{
+    const List window;
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        QTest::keyClicks(window.tool->Text1, QStringLiteral("a"));
+        QTest::keyClick(window.tool->Text1, key);
+    }
+    QCOMPARE(window.tool->List1->ListCount(), 2);
+}
+
+void TestFrmList::refusesNoWord()
+{
+    List window;
+    window.doors.answerMsgBox(MsgAnswer::Ok);
+    click(window.tool->Command1);
+    QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
+    window.doors.answerMsgBox(MsgAnswer::Ok);
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
+    QCOMPARE(window.tool->List1->ListCount(), 0);
+}
+
+void TestFrmList::kindsFollowAtOnce()
+{
+    const List window;
+    window.add("Visa");
+    window.add("Visa");
+    click(window.tool->Option2);
+    QCOMPARE(window.copied(), QStringLiteral("<Font color=#000000><ol>\r\n") + Visa + Visa + End);
+    QTRY_COMPARE(window.ask("document.querySelectorAll('ol li').length"), QStringLiteral("2"));
+    click(window.tool->Option6);
+    QCOMPARE(window.copied(), QStringLiteral("<Font color=#000000><ul type=square>\r\n") + Visa + Visa + End);
+    QTRY_COMPARE(window.ask("document.querySelector('ul').type"), QStringLiteral("square"));
+    click(window.tool->Option1);
+    QVERIFY(window.copied().startsWith(QStringLiteral("<Font color=#000000><ul>\r\n")));
+}
+
+/// An arrow waits for the next refresh; what is added to the page has it at once.
+void TestFrmList::colorFollowsADrag()
+{
+    const List window;
+    window.add("Visa");
+    step(window.tool->RedA);
+    QCOMPARE(window.tool->Text5, QStringLiteral("#010000"));
+    QVERIFY(window.copied().startsWith(QStringLiteral("<Font color=#000000><ul>")));
+    dragToEnd(window.tool->GreenA);
+    QVERIFY(window.copied().startsWith(QStringLiteral("<Font color=#01FF00><ul>")));
+    release(window.tool->GreenA);
+    step(window.tool->BlueA);
+    click(window.tool->Command6);
+    QVERIFY(window.source().startsWith("<Font color=#01FF01><ul>\r\n"));
+}
+
+void TestFrmList::colorByDialog()
+{
+    List window;
+    window.add("Visa");
+    window.doors.answerColor(0x332211);
+    click(window.tool->Lcolor1);
+    QCOMPARE(window.doors.takeAsked(), QStringList{QStringLiteral("Color|0")});
+    QCOMPARE(window.tool->Text5, QStringLiteral("#112233"));
+    QCOMPARE(window.tool->GreenA->Value(), 0x22);
+    QVERIFY(window.copied().startsWith(QStringLiteral("<Font color=#112233><ul>")));
+    window.doors.cancelColor();
+    click(window.tool->Lcolor1);
+    QCOMPARE(window.tool->Text5, QStringLiteral("#112233"));
+}
+
+void TestFrmList::fontOfTheNextWord()
+{
+    const List window;
+    window.add("Visa");
+    click(window.tool->Command21);
+    auto* fonts = form<FrmFonts>();
+    QCOMPARE(fonts->windowTitle(), QStringLiteral("List Properties Font"));
+    fonts->Combo1->setText(QStringLiteral("Comic Sans MS"));
+    fonts->Combo2->setText(QStringLiteral("36"));
+    click(fonts->chkBold);
+    click(fonts->chkUnderline);
+    fonts->RedG->setValue(255);
+    click(fonts->Command1);
+    QVERIFY(!isLoaded<FrmFonts>());
+    QCOMPARE(window.copied(), QStringLiteral("<Font color=#000000><ul>\r\n") + Visa + End);
+    window.add("Visa");
+    QCOMPARE(window.copied(),
+             QStringLiteral("<Font color=#000000><ul>\r\n") + Visa +
+                 QStringLiteral(
+                     "<li><B><U><Font face=Comic Sans MS size=7 color=#FF0000>Visa</Font></B></U>\r\n") +
+                 End);
+    QTRY_COMPARE(window.ask("document.querySelectorAll('li b').length"), QStringLiteral("1"));
+}
+
+/// The caption alone says for whom a font is.
+void TestFrmList::fontOfAnotherWindow()
+{
+    const List window;
+    click(window.tool->Command21);
+    form<FrmFonts>()->setWindowTitle(QStringLiteral("Font"));
+    form<FrmFonts>()->Combo1->setText(QStringLiteral("X"));
+    click(form<FrmFonts>()->Command1);
+    QVERIFY(!isLoaded<FrmFonts>());
+    QCOMPARE(window.tool->TxtFontName, QStringLiteral("Arial"));
+}
+
+void TestFrmList::fontAfterTheListHasGone()
+{
+    const List window;
+    click(window.tool->Command21);
+    window.tool->Unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    click(form<FrmFonts>()->Command1);
+    QVERIFY(!isLoaded<FrmFonts>());
+    QVERIFY(!isLoaded<FrmList>());
+}
+
+void TestFrmList::addToEditor()
+{
+    const List window;
+    window.web->RichTextBox1->setText("one two three");
+    window.web->RichTextBox1->setSelStart(4);
+    window.web->RichTextBox1->setSelLength(3);
+    window.add("Visa");
+    click(window.tool->Command6);
+    QCOMPARE(window.source(),
+             "one " + (QStringLiteral("<Font color=#000000><ul>\r\n") + Visa + End).toUtf8() + " three");
+    window.web->RichTextBox1->undo();
+    QCOMPARE(window.source(), QByteArray("one two three"));
+}
+
+void TestFrmList::copy()
+{
+    const List window;
+    window.add("Visa");
+    Clipboard::SetText(QStringLiteral("mine"));
+    QVERIFY(window.copied().endsWith(Visa + End));
+    QCOMPARE(window.source(), QByteArray());
+    QVERIFY(isLoaded<FrmList>());
+}
+
+void TestFrmList::nothingToGive()
+{
+    List window;
+    for (QPushButton* button : {window.tool->Command6, window.tool->Command22}) {
+        window.doors.answerMsgBox(MsgAnswer::Ok);
+        click(button);
+        QCOMPARE(window.doors.takeAsked(), QStringList{NoLists});
+    }
+    QVERIFY(isLoaded<FrmList>());
+}
+
+void TestFrmList::clears()
+{
+    List window;
+    click(window.tool->Command2); // nothing to clear, nothing asked
+    window.add("Visa");
+    QTRY_COMPARE(window.ask("document.querySelectorAll('li').length"), QStringLiteral("1"));
+    window.doors.answerMsgBox(MsgAnswer::No);
+    click(window.tool->Command2);
+    QCOMPARE(window.doors.takeAsked(), QStringList{ClearQuestion});
+    QCOMPARE(window.tool->List1->ListCount(), 1);
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    click(window.tool->Command2);
+    window.doors.takeAsked();
+    QCOMPARE(window.tool->List1->ListCount() + int(window.tool->List2.size()), 0);
+    QTRY_COMPARE(window.ask("document.querySelectorAll('li').length"), QStringLiteral("0"));
+    for (QPushButton* button : {window.tool->Command6, window.tool->Command22}) {
+        window.doors.answerMsgBox(MsgAnswer::Ok);
+        click(button);
+        QCOMPARE(window.doors.takeAsked(), QStringList{NoLists});
+    }
+}
+
+void TestFrmList::cancels()
+{
+    List window;
+    click(window.tool->Command7);
+    QVERIFY(!isLoaded<FrmList>());
+    window.show();
+    window.add("Visa");
+    window.doors.answerMsgBox(MsgAnswer::No);
+    QTest::keyClick(window.tool->Text1, Qt::Key_Escape);
+    QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
+    QVERIFY(isLoaded<FrmList>());
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.tool->close();
+    QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
+    QVERIFY(!isLoaded<FrmList>());
+}
+
+void TestFrmList::clicksSelectNothing()
+{
+    const List window;
+    window.add("Visa");
+    ListBox* list = window.tool->List1;
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
+    QCOMPARE(list->ListIndex(), -1);
+    list->setListIndex(0);
+    QTest::mouseClick(window.tool->Text1, Qt::LeftButton);
+    QCOMPARE(list->ListIndex(), -1);
+}
+
+void TestFrmList::closingBox()
+{
+    List window;
+    tick(window.tool->Check3);
+    QVERIFY(window.settings().contains("[Listpro]\r\nchk4=1\r\nchk3=0\r\n"));
+    window.add("Visa");
+    click(window.tool->Command22);
+    QVERIFY(!isLoaded<FrmList>());
+    window.show();
+    QCOMPARE(window.tool->Check3->Value(), 1);
+    window.add("Visa");
+    click(window.tool->Command6);
+    QVERIFY(!isLoaded<FrmList>());
+    window.folder.write(QStringLiteral("web.ini"), "[Listpro]\r\n");
+    window.show();
+    QCOMPARE(window.tool->Check3->Value(), 0);
+}
+
+void TestFrmList::thousandWords()
+{
+    const List window;
+    for (int i = 0; i < 1000; ++i) {
+        window.tool->Text1->setText(QString::number(i));
+        click(window.tool->Command1);
+    }
+    QCOMPARE(window.copied().count(QStringLiteral("<li>")), 1000);
+    QTRY_COMPARE(window.ask("document.querySelectorAll('li').length"), QStringLiteral("1000"));
+}
+
+WEB_TEST_MAIN(TestFrmList)
+#include "tst_frmlist.moc"

@@ -1,0 +1,550 @@
+#include "Tool.h"
+#include "WebTestMain.h"
+#include "builders/FrmChar.h"
+#include "builders/FrmList2.h"
+#include "colour/ColorSample.h"
+#include "colour/FrmFonts.h"
+
+#include <QFontDatabase>
+#include <QMouseEvent>
+
+namespace {
+
+const QString ClearQuestion =
+    QStringLiteral("MsgBox|Clear list|Do you sure you wish clear list ?|Question|NoYes");
+const QString CancelQuestion =
+    QStringLiteral("MsgBox|Information|Are you sure you wish cancel it ?|Information|YesNo");
+const QString Symbol = QStringLiteral("&nbsp;<FONT face=Webdings size=3 color=#000000>4</FONT>");
+const QString Font = QStringLiteral("<FONT face=Arial size=3 color=#000000>");
+
+QString line(const char* word)
+{
+    return Symbol + Font + QStringLiteral("&nbsp;") + QLatin1String(word) +
+           QStringLiteral("&nbsp;</FONT><BR>\r\n");
+}
+
+class List : public Tool<FrmList2>
+{
+public:
+    void add(const char* word) const
+    {
+        overtype(tool->Text1, QString::fromLatin1(word));
+        click(tool->Command3);
+    }
+    /// Opens the character window with its button.
+    FrmChar* openCharacters() const
+    {
+        click(tool->Command1);
+        if (!QTest::qWaitForWindowActive(form<FrmChar>()))
+            QTest::qFail("the characters do not come up", __FILE__, __LINE__);
+        return form<FrmChar>();
+    }
+    static void clickCell(FrmChar* window, int cell)
+    {
+        QTest::mouseClick(window->CharC, Qt::LeftButton, {}, window->CharC->cellRect(cell).center());
+    }
+    static void hover(FrmChar* window, int cell)
+    {
+        const QPoint place = window->CharC->cellRect(cell).center();
+        // Without a display the pointer belongs to no window unless a button is pressed.
+        QMouseEvent move(QEvent::MouseMove, place, window->CharC->mapToGlobal(place), Qt::NoButton, {}, {});
+        QCoreApplication::sendEvent(window->CharC, &move);
+    }
+    static QColor cellColor(FrmChar* window, int cell)
+    {
+        const QRect place = window->CharC->cellRect(cell);
+        return window->CharC->grab().toImage().pixelColor(place.topLeft() + QPoint(3, 3));
+    }
+};
+
+} // namespace
+
+class TestFrmList2 : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void texts();
+    void adds();
+    void emptyWord();
+    void lookIsForAllLines();
+    void sizes_data();
+    void sizes();
+    void symbolColor();
+    void titleLine();
+    void fonts();
+    void fontsAfterTheListHasGone();
+    void addToEditor();
+    void titlesAreRemembered();
+    void emptyTitle();
+    void copy();
+    void emptyListDoesNothing();
+    void clears();
+    void cancels();
+    void closingBox();
+    void missingFontIsTold();
+    void titlesFileIsAFolder();
+
+    void characterTexts();
+    void characterCodes();
+    void picks();
+    void viewFollowsThePointer();
+    void markStays();
+    void firstCell();
+    void charactersByKeyboard();
+    void otherFont();
+    void charactersCancelled();
+    void otherCaption();
+    void charactersAfterTheListHasGone();
+};
+
+void TestFrmList2::texts()
+{
+    const List window;
+    const FrmList2& t = *window.tool;
+    QCOMPARE(t.windowTitle(), QStringLiteral("List Special Character Properties"));
+    QCOMPARE(t.Frame4->title(), QStringLiteral("List Styles"));
+    QCOMPARE(t.Frame1->title(), QStringLiteral("View"));
+    QCOMPARE(t.Frame7->title(), QStringLiteral("View Sample"));
+    QCOMPARE(t.LabV->text(), QStringLiteral("4"));
+    QCOMPARE(t.LabV->font().family(), QStringLiteral("Webdings"));
+    QCOMPARE(t.LabV->font().pointSize(), 12);
+    QCOMPARE(plain(t.Command1), QStringLiteral("Pick Char"));
+    QCOMPARE(t.Command1->toolTip(), QStringLiteral("Pick Special Character"));
+    QCOMPARE(t.Combo2->Text(), QStringLiteral("Normal"));
+    QStringList sizes;
+    for (int i = 0; i < t.Combo2->ListCount(); ++i)
+        sizes << t.Combo2->List(i);
+    QCOMPARE(sizes.join(u' '), QStringLiteral("8 10 12 14 18 24 36 Normal"));
+    QCOMPARE(t.chkBold->toolTip(), QStringLiteral("Bold"));
+    QCOMPARE(plain(t.Check1), QStringLiteral("Check here for the Title"));
+    QCOMPARE(t.Check1->Value(), 0);
+    QVERIFY(!t.TxtTitle->isEnabled() && !t.Command17->isEnabled());
+    QCOMPARE(plain(t.Command3), QStringLiteral("Add it"));
+    QCOMPARE(t.Command3->toolTip(), QStringLiteral("Add it list"));
+    QCOMPARE(plain(t.Command2), QStringLiteral("Clear list"));
+    QCOMPARE(t.Command2->toolTip(), QStringLiteral("Clear lists"));
+    QCOMPARE(plain(t.Check3), QStringLiteral("Close when select copy or add editor."));
+    QCOMPARE(plain(t.Command18), QStringLiteral("Copy"));
+    QCOMPARE(plain(t.Command12), QStringLiteral("Add to Editor"));
+    QCOMPARE(plain(t.Command13), QStringLiteral("Cancel"));
+    QCOMPARE(t.WebBrowser1->designMode(), DesignMode::On);
+    QCOMPARE(t.RTB1, QString());
+}
+
+void TestFrmList2::adds()
+{
+    const List window;
+    window.add("Visa");
+    QCOMPARE(window.tool->RTB1, line("Visa"));
+    QTest::keyClicks(window.tool->Text1, QStringLiteral("b<"));
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QCOMPARE(window.tool->RTB1, line("Visa") + line("b<"));
+    QCOMPARE(window.tool->Text1->text(), QString());
+    QTRY_COMPARE(window.ask("document.querySelectorAll('br').length"), QStringLiteral("2"));
+}
+
+void TestFrmList2::emptyWord()
+{
+    const List window;
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QCOMPARE(window.tool->List1->ListCount(), 0);
+    click(window.tool->Command3);
+    QCOMPARE(window.tool->List1->ListCount(), 1);
+    QCOMPARE(window.tool->RTB1, line(""));
+}
+
+void TestFrmList2::lookIsForAllLines()
+{
+    const List window;
+    window.add("a");
+    window.add("b");
+    click(window.tool->chkBold);
+    QCOMPARE(window.tool->RTB1.count(
+                 QStringLiteral("&nbsp;<B><FONT face=Webdings size=3 color=#000000>4</FONT></B>")),
+             2);
+    click(window.tool->chkBold);
+    QCOMPARE(window.tool->RTB1, line("a") + line("b"));
+}
+
+void TestFrmList2::sizes_data()
+{
+    QTest::addColumn<int>("entry");
+    QTest::addColumn<QString>("code");
+    QTest::addColumn<int>("points");
+    const struct
+    {
+        const char* code;
+        int points;
+    } sizes[] = {{"1", 8}, {"2", 10}, {"3", 12}, {"4", 14}, {"5", 18}, {"6", 24}, {"7", 36}, {"3", 12}};
+    for (int i = 0; i < 8; ++i)
+        QTest::addRow("%d", i) << i << sizes[i].code << sizes[i].points;
+}
+
+void TestFrmList2::sizes()
+{
+    QFETCH(int, entry);
+    QFETCH(QString, code);
+    QFETCH(int, points);
+    const List window;
+    window.add("a");
+    choose(window.tool->Combo2, entry);
+    QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=%1 color").arg(code)));
+    QCOMPARE(window.tool->LabV->font().pointSize(), points);
+    QCOMPARE(window.tool->ReplaceSize(*window.tool->Combo2), code);
+}
+
+void TestFrmList2::symbolColor()
+{
+    List window;
+    window.add("a");
+    step(window.tool->RedA);
+    QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=3 color=#010000>")));
+    dragToEnd(window.tool->BlueA);
+    QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=3 color=#0100FF>")));
+    QCOMPARE(window.tool->LabV->palette().color(QPalette::WindowText), QColor(1, 0, 255));
+    release(window.tool->BlueA);
+    window.doors.answerColor(0x112233);
+    click(window.tool->Lcolor1);
+    QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=3 color=#332211>")));
+    QCOMPARE(window.tool->GetHexColor(0x112233), QStringLiteral("#332211"));
+    QVERIFY(window.tool->RTB1.contains(Font)); // the words keep theirs
+}
+
+void TestFrmList2::titleLine()
+{
+    const List window;
+    window.add("a");
+    tick(window.tool->Check1);
+    QVERIFY(window.tool->TxtTitle->isEnabled() && window.tool->Command17->isEnabled());
+    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;&nbsp;</FONT><BR>\r\n") + line("a"));
+    QTest::keyClicks(window.tool->TxtTitle->lineEdit(), QStringLiteral("Pay"));
+    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;Pay&nbsp;</FONT><BR>\r\n") + line("a"));
+    tick(window.tool->Check1);
+    QCOMPARE(window.tool->RTB1, line("a"));
+    QVERIFY(!window.tool->TxtTitle->isEnabled() && !window.tool->Command17->isEnabled());
+}
+
+void TestFrmList2::fonts()
+{
+    const List window;
+    window.add("a");
+    tick(window.tool->Check1);
+    click(window.tool->Command15);
+    QCOMPARE(form<FrmFonts>()->windowTitle(), QStringLiteral("List Special Character Font"));
+    form<FrmFonts>()->Combo1->setText(QStringLiteral("X"));
+    click(form<FrmFonts>()->chkItalic);
+    click(form<FrmFonts>()->Command1);
+    const QString words =
+        QStringLiteral("<I><FONT face=X size=3 color=#000000>&nbsp;a&nbsp;</FONT></I><BR>\r\n");
+    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;&nbsp;</FONT><BR>\r\n") + Symbol + words);
+    click(window.tool->Command17);
+    QCOMPARE(form<FrmFonts>()->windowTitle(), QStringLiteral("List Special Character Title Font"));
+    form<FrmFonts>()->Combo2->setText(QStringLiteral("24"));
+    click(form<FrmFonts>()->Command1);
+    QCOMPARE(window.tool->RTB1,
+             QStringLiteral("<FONT face=Arial size=6 color=#000000>&nbsp;&nbsp;</FONT><BR>\r\n") + Symbol +
+                 words);
+    const QString before = window.tool->RTB1;
+    click(window.tool->Command15);
+    form<FrmFonts>()->Combo1->setText(QStringLiteral("Y"));
+    click(form<FrmFonts>()->Command2);
+    QCOMPARE(window.tool->RTB1, before);
+}
+
+void TestFrmList2::fontsAfterTheListHasGone()
+{
+    const List window;
+    click(window.tool->Command15);
+    window.tool->Unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    click(form<FrmFonts>()->Command1);
+    QVERIFY(!isLoaded<FrmFonts>() && !isLoaded<FrmList2>());
+}
+
+void TestFrmList2::addToEditor()
+{
+    const List window;
+    window.web->RichTextBox1->setText("one two");
+    window.web->RichTextBox1->setSelStart(4);
+    window.add("a");
+    click(window.tool->Command12);
+    QCOMPARE(window.source(), "one " + line("a").toUtf8() + "two");
+    QVERIFY(isLoaded<FrmList2>());
+}
+
+void TestFrmList2::titlesAreRemembered()
+{
+    List window;
+    window.folder.write(QStringLiteral("list2.ini"), "I accept\r\n");
+    window.tool->Unload();
+    window.show();
+    QCOMPARE(window.tool->TxtTitle->Text(), QString());
+    window.add("a");
+    window.tool->TxtTitle->setText(QStringLiteral("i accept")); // another one; the box needn't be ticked
+    click(window.tool->Command12);
+    QCOMPARE(window.folder.read(QStringLiteral("list2.ini")), QByteArray("I accept\r\ni accept\r\n"));
+    QCOMPARE(window.tool->TxtTitle->ListIndex(), 1);
+    window.tool->TxtTitle->setText(QStringLiteral("I accept"));
+    click(window.tool->Command12);
+    QCOMPARE(window.folder.read(QStringLiteral("list2.ini")), QByteArray("I accept\r\ni accept\r\n"));
+    QCOMPARE(window.tool->TxtTitle->ListIndex(), 0);
+}
+
+void TestFrmList2::emptyTitle()
+{
+    const List window;
+    window.add("a");
+    click(window.tool->Command12);
+    QVERIFY(window.folder.has(QStringLiteral("list2.ini"))); // without an entry
+    QCOMPARE(window.folder.read(QStringLiteral("list2.ini")), QByteArray());
+}
+
+void TestFrmList2::copy()
+{
+    const List window;
+    window.add("a");
+    window.tool->TxtTitle->setText(QStringLiteral("Pay"));
+    click(window.tool->Command18);
+    QCOMPARE(Clipboard::GetText(), line("a"));
+    QVERIFY(!window.folder.has(QStringLiteral("list2.ini")));
+    QCOMPARE(window.source(), QByteArray());
+}
+
+void TestFrmList2::emptyListDoesNothing()
+{
+    const List window;
+    Clipboard::SetText(QStringLiteral("mine"));
+    for (QPushButton* button : {window.tool->Command12, window.tool->Command18, window.tool->Command2})
+        click(button);
+    QCOMPARE(Clipboard::GetText(), QStringLiteral("mine"));
+    QCOMPARE(window.source(), QByteArray());
+    QVERIFY(!window.folder.has(QStringLiteral("list2.ini")));
+}
+
+void TestFrmList2::clears()
+{
+    List window;
+    window.add("a");
+    QTRY_COMPARE(window.ask("document.querySelectorAll('br').length"), QStringLiteral("1"));
+    window.doors.answerMsgBox(MsgAnswer::No);
+    click(window.tool->Command2);
+    QCOMPARE(window.doors.takeAsked(), QStringList{ClearQuestion});
+    QCOMPARE(window.tool->List1->ListCount(), 1);
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    click(window.tool->Command2);
+    window.doors.takeAsked();
+    QCOMPARE(window.tool->List1->ListCount(), 0);
+    QTRY_COMPARE(window.ask("document.querySelectorAll('br').length"), QStringLiteral("0"));
+    QVERIFY(isLoaded<FrmList2>());
+}
+
+void TestFrmList2::cancels()
+{
+    List window;
+    click(window.tool->Command13);
+    QVERIFY(!isLoaded<FrmList2>());
+    window.show();
+    window.add("a");
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.tool->close();
+    QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    QTest::keyClick(window.tool->Text1, Qt::Key_Escape);
+    window.doors.takeAsked();
+    QVERIFY(!isLoaded<FrmList2>());
+}
+
+void TestFrmList2::closingBox()
+{
+    List window;
+    tick(window.tool->Check3);
+    QVERIFY(window.settings().contains("[Listpro]\r\nchk4=0\r\nchk3=1\r\n"));
+    window.add("a");
+    click(window.tool->Command12);
+    QVERIFY(!isLoaded<FrmList2>());
+    window.show();
+    window.add("a");
+    click(window.tool->Command18);
+    QVERIFY(!isLoaded<FrmList2>());
+}
+
+void TestFrmList2::missingFontIsTold()
+{
+    const List window;
+    QCOMPARE(window.tool->Notice->isVisible(), !QFontDatabase::hasFamily(QStringLiteral("Webdings")));
+    if (window.tool->Notice->isVisible())
+        QVERIFY(window.tool->Notice->text().contains(QStringLiteral("\"Webdings\"")));
+}
+
+void TestFrmList2::titlesFileIsAFolder()
+{
+    const MainWindow window;
+    QDir(window.folder.path(QString())).mkpath(QStringLiteral("list2.ini"));
+    QCOMPARE(form<FrmList2>()->TxtTitle->ListCount(), 0);
+}
+
+// ---- The character window
+
+void TestFrmList2::characterTexts()
+{
+    const List window;
+    const FrmChar* c = window.openCharacters();
+    QCOMPARE(c->windowTitle(), QStringLiteral("List Properties Character"));
+    QCOMPARE(c->Frame1->title(), QStringLiteral("View"));
+    QCOMPARE(c->Combo1->Text(), QStringLiteral("Webdings"));
+    QCOMPARE(c->LabV->font().family(), QStringLiteral("Webdings"));
+    QCOMPARE(plain(c->Command1), QStringLiteral("OK"));
+    QCOMPARE(plain(c->Command2), QStringLiteral("Cancel"));
+    QCOMPARE(c->Combo1->ListCount(), int(QFontDatabase::families().size()) - 1);
+    const MainWindow other;
+    QCOMPARE(FrmChar().windowTitle(), QStringLiteral("Special Characters"));
+}
+
+void TestFrmList2::characterCodes()
+{
+    QCOMPARE(CharMap::text(0), QStringLiteral("A"));
+    QCOMPARE(CharMap::text(65), QStringLiteral("A"));
+    QCOMPARE(CharMap::text(1), QString(QChar(1)));
+    QCOMPARE(CharMap::text(128), QStringLiteral("\u20AC"));
+    QCOMPARE(CharMap::text(150), QStringLiteral("\u2013"));
+    QCOMPARE(CharMap::text(255), QStringLiteral("\u00FF"));
+    const List window;
+    const FrmChar* c = window.openCharacters();
+    for (int i = 0; i < CharMap::Count; ++i) { // 20 in a row, 13 rows
+        QCOMPARE(c->CharC->cellRect(i).x() / c->CharC->cellRect(1).x(), i % 20);
+        QCOMPARE(c->CharC->cellRect(i).y() / c->CharC->cellRect(20).y(), i / 20);
+    }
+}
+
+void TestFrmList2::picks()
+{
+    const List window;
+    window.add("a");
+    FrmChar* c = window.openCharacters();
+    List::clickCell(c, 252);
+    QCOMPARE(c->LabV->text(), QStringLiteral("\u00FC"));
+    QCOMPARE(c->Code->text(), QStringLiteral("Code 252"));
+    click(c->Command1);
+    QVERIFY(isLoaded<FrmChar>() && !c->isVisible());
+    QCOMPARE(window.tool->LabV->text(), QStringLiteral("\u00FC"));
+    QVERIFY(
+        window.tool->RTB1.contains(QStringLiteral("<FONT face=Webdings size=3 color=#000000>\u00FC</FONT>")));
+    window.openCharacters();
+    QCOMPARE(c->CharC->marked(), 252); // as it was left
+}
+
+void TestFrmList2::viewFollowsThePointer()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    for (const int cell : {66, 67, 240}) {
+        List::hover(c, cell);
+        QCOMPARE(c->LabV->text(), CharMap::text(cell));
+    }
+}
+
+void TestFrmList2::markStays()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    const QColor face = c->palette().color(QPalette::Button);
+    List::clickCell(c, 66);
+    QCOMPARE(List::cellColor(c, 66), QColor(Qt::yellow));
+    QCOMPARE(List::cellColor(c, 67), face);
+    List::hover(c, 67);
+    QCOMPARE(c->LabV->text(), QStringLiteral("B"));
+    List::clickCell(c, 67);
+    QCOMPARE(List::cellColor(c, 66), face);
+    QCOMPARE(List::cellColor(c, 67), QColor(Qt::yellow));
+    QTest::mouseDClick(c->CharC, Qt::LeftButton, {}, c->CharC->cellRect(67).center());
+    QCOMPARE(c->CharC->marked(), -1);
+    QCOMPARE(List::cellColor(c, 67), face);
+    List::hover(c, 68);
+    QCOMPARE(c->LabV->text(), QStringLiteral("D"));
+}
+
+/// A mark on it stays, and counts for nothing.
+void TestFrmList2::firstCell()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    List::clickCell(c, 0);
+    QCOMPARE(List::cellColor(c, 0), QColor(Qt::yellow));
+    List::hover(c, 70);
+    QCOMPARE(c->LabV->text(), QStringLiteral("F"));
+    List::clickCell(c, 70);
+    QCOMPARE(List::cellColor(c, 0), QColor(Qt::yellow));
+}
+
+void TestFrmList2::charactersByKeyboard()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    QCOMPARE(c->focusWidget(), c->CharC);
+    QTest::keyClick(c->CharC, Qt::Key_Home);
+    for (const Qt::Key key :
+         {Qt::Key_Down, Qt::Key_Down, Qt::Key_Down, Qt::Key_Right, Qt::Key_Right, Qt::Key_Left, Qt::Key_Up})
+        QTest::keyClick(c->CharC, key);
+    QCOMPARE(c->LabV->text(), QStringLiteral("*")); // code 42
+    QCOMPARE(c->Code->text(), QStringLiteral("Code 42"));
+    QCOMPARE(c->CharC->accessibleDescription(), QStringLiteral("Code 42"));
+    QTest::keyClick(c->CharC, Qt::Key_Space);
+    QCOMPARE(c->CharC->marked(), 42);
+    QTest::keyClick(c->CharC, Qt::Key_Right);
+    QCOMPARE(c->LabV->text(), QStringLiteral("*"));
+    QTest::keyClick(c->CharC, Qt::Key_Return);
+    QVERIFY(!c->isVisible());
+    QCOMPARE(window.tool->LabV->text(), QStringLiteral("*"));
+}
+
+void TestFrmList2::otherFont()
+{
+    const List window;
+    window.add("a");
+    FrmChar* c = window.openCharacters();
+    choose(c->Combo1, 0);
+    const QString family = c->Combo1->List(0);
+    QCOMPARE(c->LabV->font().family(), family);
+    QVERIFY(!c->Notice->isVisible());
+    List::clickCell(c, 88);
+    click(c->Command1);
+    QVERIFY(window.tool->RTB1.contains(
+        QStringLiteral("<FONT face=%1 size=3 color=#000000>X</FONT>").arg(family)));
+    QCOMPARE(window.tool->LabV->font().family(), family);
+}
+
+void TestFrmList2::charactersCancelled()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    List::clickCell(c, 88);
+    QTest::keyClick(c, Qt::Key_Escape);
+    QVERIFY(!isLoaded<FrmChar>());
+    QCOMPARE(window.tool->LabV->text(), QStringLiteral("4"));
+}
+
+void TestFrmList2::otherCaption()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    c->setWindowTitle(QStringLiteral("Special Characters"));
+    List::clickCell(c, 88);
+    click(c->Command1);
+    QVERIFY(!c->isVisible());
+    QCOMPARE(window.tool->LabV->text(), QStringLiteral("4"));
+}
+
+void TestFrmList2::charactersAfterTheListHasGone()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    window.tool->Unload();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    click(c->Command1);
+    QVERIFY(!c->isVisible());
+    QVERIFY(!isLoaded<FrmList2>());
+}
+
+WEB_TEST_MAIN(TestFrmList2)
+#include "tst_frmlist2.moc"

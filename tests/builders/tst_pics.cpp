@@ -1,0 +1,319 @@
+#include "Tool.h"
+#include "WebServer.h"
+#include "WebTestMain.h"
+#include "builders/Pics.h"
+
+namespace {
+
+const QString NoAddress =
+    QStringLiteral("MsgBox|Error|Cannot add to editor because no URL address.|Information|Ok");
+
+class Pictures : public Tool<Pics>
+{
+public:
+    QString copied() const
+    {
+        click(tool->Command1);
+        return Clipboard::GetText();
+    }
+    QString attribute(const char* name) const
+    {
+        return ask(qPrintable(QStringLiteral("document.querySelector('img')?.getAttribute('%1') ?? 'none'")
+                                  .arg(QLatin1String(name))));
+    }
+};
+
+} // namespace
+
+class TestPics : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void texts();
+    void plainTag();
+    void sizeTag();
+    void paragraphTag();
+    void addressThatIsNone_data();
+    void addressThatIsNone();
+    void addressAsTyped_data();
+    void addressAsTyped();
+    void enterShowsTheSample();
+    void bars_data();
+    void bars();
+    void alignmentsRefresh();
+    void sizeWaits();
+    void paragraphWaits();
+    void pictureIsFetched();
+    void addToEditor();
+    void closingBox();
+    void paragraphIsKept();
+    void missingKeys();
+    void cancel();
+};
+
+void TestPics::texts()
+{
+    const Pictures window;
+    const Pics& p = *window.tool;
+    QCOMPARE(p.windowTitle(), QStringLiteral("Picture Properties"));
+    const QList<std::pair<const QLabel*, const char*>> labels = {{p.Label1, "Enter the URL Address:"},
+                                                                 {p.Label5, "Press Enter to view sample"},
+                                                                 {p.Label2, "Width:"},
+                                                                 {p.Label3, "Height:"},
+                                                                 {p.Label4, "Border:"}};
+    for (const auto& [label, text] : labels)
+        QCOMPARE(label->text().remove(u'&'), QLatin1String(text));
+    QCOMPARE(p.Text1->text(), QStringLiteral("http://"));
+    QCOMPARE(plain(p.Check1), QStringLiteral("Specify size:"));
+    QCOMPARE(p.combo1->text() + u' ' + p.combo2->text() + u' ' + p.combo3->text(),
+             QStringLiteral("250 200 0"));
+    QCOMPARE(p.HScroll2->maximum(), 900);
+    QCOMPARE(p.HScroll3->maximum(), 900);
+    QCOMPARE(p.HScroll1->maximum(), 200);
+    QCOMPARE(p.HScroll2->Value(), 100);
+    QCOMPARE(p.HScroll3->Value(), 88);
+    for (const QWidget* control :
+         QList<QWidget*>{p.combo1, p.combo2, p.HScroll2, p.HScroll3, p.Option1, p.Option2, p.Option3})
+        QVERIFY(!control->isEnabled());
+    QVERIFY(p.combo3->isEnabled() && p.HScroll1->isEnabled());
+    QCOMPARE(plain(p.ChkP), QStringLiteral("paragraph."));
+    QVERIFY(p.Option2->Value());
+    QCOMPARE(p.Frame8->title(), QStringLiteral("View Sample"));
+    QCOMPARE(plain(p.Check3), QStringLiteral("Close when select copy or add editor."));
+    QCOMPARE(plain(p.Command1), QStringLiteral("Copy"));
+    QCOMPARE(plain(p.Command4), QStringLiteral("Add to Editor"));
+    QCOMPARE(p.Command4->toolTip(), QStringLiteral("ok to add it"));
+    QCOMPARE(plain(p.Command5), QStringLiteral("Cancel"));
+    QCOMPARE(p.WebBrowser1->designMode(), DesignMode::Off);
+}
+
+void TestPics::plainTag()
+{
+    const Pictures window;
+    QTest::keyClicks(window.tool->Text1, QStringLiteral("a/b.jpg"));
+    QCOMPARE(window.copied(), QStringLiteral("<IMG src=\"http://a/b.jpg\" border=0>\r\n"));
+}
+
+void TestPics::sizeTag()
+{
+    const Pictures window;
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    tick(window.tool->Check1);
+    for (const QWidget* control : QList<QWidget*>{window.tool->combo1, window.tool->combo2,
+                                                  window.tool->HScroll2, window.tool->HScroll3})
+        QVERIFY(control->isEnabled());
+    QCOMPARE(window.copied(), QStringLiteral("<IMG height=200 src=\"x\" width=250 border=0>\r\n"));
+    overtype(window.tool->combo1, QStringLiteral("half"));
+    overtype(window.tool->combo2, QString());
+    overtype(window.tool->combo3, QStringLiteral("-1"));
+    QCOMPARE(window.copied(), QStringLiteral("<IMG height= src=\"x\" width=half border=-1>\r\n"));
+    tick(window.tool->Check1);
+    QVERIFY(!window.tool->combo1->isEnabled() && !window.tool->HScroll3->isEnabled());
+    QCOMPARE(window.copied(), QStringLiteral("<IMG src=\"x\" border=-1>\r\n"));
+}
+
+void TestPics::paragraphTag()
+{
+    const Pictures window;
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    tick(window.tool->ChkP);
+    const QList<std::pair<OptionButton*, const char*>> options = {
+        {window.tool->Option2, "center"}, {window.tool->Option1, "left"}, {window.tool->Option3, "right"}};
+    for (const auto& [option, word] : options) {
+        QVERIFY(option->isEnabled());
+        click(option);
+        QCOMPARE(window.copied(),
+                 QStringLiteral("<P Align=%1><IMG src=\"x\" border=0></P>\r\n").arg(QLatin1String(word)));
+    }
+    tick(window.tool->ChkP);
+    QVERIFY(!window.tool->Option1->isEnabled());
+    QCOMPARE(window.copied(), QStringLiteral("<IMG src=\"x\" border=0>\r\n"));
+}
+
+void TestPics::addressThatIsNone_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::newRow("as it opens") << "http://";
+    QTest::newRow("empty") << "";
+}
+
+void TestPics::addressThatIsNone()
+{
+    QFETCH(QString, address);
+    Pictures window;
+    overtype(window.tool->Text1, address);
+    for (QPushButton* button : {window.tool->Command1, window.tool->Command4}) {
+        window.doors.answerMsgBox(MsgAnswer::Ok);
+        click(button);
+        QCOMPARE(window.doors.takeAsked(), QStringList{NoAddress});
+    }
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return); // says nothing
+    QCOMPARE(window.ask("document.querySelectorAll('img').length"), QStringLiteral("0"));
+    QCOMPARE(window.source(), QByteArray());
+}
+
+void TestPics::addressAsTyped_data()
+{
+    QTest::addColumn<QString>("address");
+    QTest::newRow("one letter more") << "http://x";
+    QTest::newRow("quote") << "a\"b";
+    QTest::newRow("blanks") << " a b ";
+    QTest::newRow("script") << "javascript:alert(1)";
+    QTest::newRow("5 MB of data") << QStringLiteral("data:image/png;base64,") + QString(5'000'000, u'A');
+}
+
+void TestPics::addressAsTyped()
+{
+    QFETCH(QString, address);
+    const Pictures window;
+    window.tool->Text1->setText(address);
+    QCOMPARE(window.copied(), QStringLiteral("<IMG src=\"") + address + QStringLiteral("\" border=0>\r\n"));
+}
+
+void TestPics::enterShowsTheSample()
+{
+    const Pictures window;
+    overtype(window.tool->Text1, QStringLiteral("http://127.0.0.1:9/none.png"));
+    QCOMPARE(window.attribute("src"), QStringLiteral("none"));
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QTRY_COMPARE(window.attribute("src"), QStringLiteral("http://127.0.0.1:9/none.png")); // broken, and shown
+    QVERIFY(isLoaded<Pics>());
+}
+
+void TestPics::bars_data()
+{
+    QTest::addColumn<int>("which");
+    QTest::addColumn<QString>("attribute");
+    QTest::addColumn<int>("first");
+    QTest::newRow("width") << 0 << "width" << 101;
+    QTest::newRow("height") << 1 << "height" << 89;
+    QTest::newRow("border") << 2 << "border" << 1;
+}
+
+void TestPics::bars()
+{
+    QFETCH(int, which);
+    QFETCH(QString, attribute);
+    QFETCH(int, first);
+    const Pictures window;
+    Pics& p = *window.tool;
+    overtype(p.Text1, QStringLiteral("x"));
+    tick(p.Check1);
+    ScrollBar* bar = QList<ScrollBar*>{p.HScroll2, p.HScroll3, p.HScroll1}.at(which);
+    const QLineEdit* box = QList<QLineEdit*>{p.combo1, p.combo2, p.combo3}.at(which);
+    step(bar);
+    QCOMPARE(box->text(), QString::number(first));
+    QTRY_COMPARE(window.attribute(qPrintable(attribute)), QString::number(first));
+    dragToEnd(bar);
+    QCOMPARE(box->text(), QString::number(first));
+    release(bar);
+    QTRY_COMPARE(window.attribute(qPrintable(attribute)), QString::number(bar->maximum()));
+}
+
+void TestPics::alignmentsRefresh()
+{
+    const Pictures window;
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    tick(window.tool->ChkP);
+    click(window.tool->Option3);
+    QTRY_COMPARE(window.ask("document.querySelector('p').align"), QStringLiteral("right"));
+}
+
+/// The sample keeps the former state until something else refreshes it.
+void TestPics::sizeWaits()
+{
+    const Pictures window;
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    tick(window.tool->Check1);
+    QTRY_COMPARE(window.attribute("src"), QStringLiteral("x"));
+    QCOMPARE(window.attribute("width"), QStringLiteral("none"));
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QTRY_COMPARE(window.attribute("width"), QStringLiteral("250"));
+    tick(window.tool->Check1);
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QTRY_COMPARE(window.attribute("width"), QStringLiteral("none"));
+}
+
+void TestPics::paragraphWaits()
+{
+    const Pictures window;
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QTRY_COMPARE(window.attribute("src"), QStringLiteral("x"));
+    tick(window.tool->ChkP);
+    QCOMPARE(window.ask("document.querySelectorAll('p').length"), QStringLiteral("0"));
+}
+
+void TestPics::pictureIsFetched()
+{
+    WebServer server;
+    QFile picture(QStringLiteral(SOURCE_DIR "/data/demo/lamp.svg"));
+    QVERIFY(picture.open(QIODevice::ReadOnly));
+    server.answer(QStringLiteral("/lamp.svg"),
+                  "HTTP/1.1 200 OK\r\nContent-Type: image/svg+xml\r\nConnection: close\r\n\r\n" +
+                      picture.readAll());
+    const Pictures window;
+    overtype(window.tool->Text1, server.url(QStringLiteral("/lamp.svg")));
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QTRY_VERIFY(window.ask("document.querySelector('img')?.naturalWidth ?? 0").toInt() > 0);
+}
+
+void TestPics::addToEditor()
+{
+    const Pictures window;
+    window.web->RichTextBox1->setText("one two three");
+    window.web->RichTextBox1->setSelStart(4);
+    window.web->RichTextBox1->setSelLength(3);
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    click(window.tool->Command4);
+    QCOMPARE(window.source(), QByteArray("one <IMG src=\"x\" border=0>\r\n three"));
+    QVERIFY(isLoaded<Pics>());
+}
+
+void TestPics::closingBox()
+{
+    Pictures window;
+    tick(window.tool->Check3);
+    QVERIFY(window.settings().contains("[Picpro]\r\nchk3=1\r\nchkp=0\r\n"));
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    click(window.tool->Command1);
+    QVERIFY(!isLoaded<Pics>());
+    window.show();
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    click(window.tool->Command4);
+    QVERIFY(!isLoaded<Pics>());
+}
+
+void TestPics::paragraphIsKept()
+{
+    Pictures window;
+    tick(window.tool->ChkP);
+    tick(window.tool->Check1);
+    QVERIFY(window.settings().contains("[Picpro]\r\nchk3=0\r\nchkp=1\r\n"));
+    window.tool->Unload();
+    window.show();
+    QCOMPARE(window.tool->ChkP->Value(), 1);
+    QVERIFY(window.tool->Option1->isEnabled());
+    QCOMPARE(window.tool->Check1->Value(), 0);
+}
+
+void TestPics::missingKeys()
+{
+    const MainWindow window;
+    window.folder.write(QStringLiteral("web.ini"), "[Picpro]\r\nchkp=x\r\n");
+    QCOMPARE(form<Pics>()->Check3->Value(), 0);
+    QCOMPARE(form<Pics>()->ChkP->Value(), 0);
+}
+
+void TestPics::cancel()
+{
+    const Pictures window;
+    overtype(window.tool->Text1, QStringLiteral("x"));
+    QTest::keyClick(window.tool->Text1, Qt::Key_Escape);
+    QVERIFY(!isLoaded<Pics>());
+    QCOMPARE(window.source(), QByteArray());
+}
+
+WEB_TEST_MAIN(TestPics)
+#include "tst_pics.moc"
