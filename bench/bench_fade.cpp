@@ -1,18 +1,15 @@
 // The fade engine on the longest text that it takes, beside a plain loop that formats each character with the
 // standard streams; and the fader's window while a colour bar is dragged.
 
+#include "MainWindowBench.h"
 #include "colour/ColorSample.h"
 #include "colour/Fade.h"
 #include "colour/Fader5.h"
-#include "platform/AppPath.h"
-#include "platform/WebEngine.h"
 #include "services/Codes.h"
-#include "shell/FrmWeb.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <array>
-#include <benchmark/benchmark.h>
 #include <cmath>
 #include <iomanip>
 #include <sstream>
@@ -127,15 +124,5 @@ BENCHMARK(refresh)
 
 int main(int argc, char* argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    prepareWebEngine();
-    const QApplication app(argc, argv);
-    setAppPath(QStringLiteral(SHIPPED_DATA));
-    form<FrmWeb>()->Show();
-    QApplication::processEvents();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    delete form<FrmWeb>();
-    return 0;
+    return runWithMainWindow(argc, argv);
 }

@@ -1,18 +1,15 @@
 // Replace All of 100,000 hits in 10 MB as the user waits for it, beside the bare component's own loop of find
 // and replace; and how the shared routine ReplaceAll grows with the number of hits.
 
-#include "platform/AppPath.h"
+#include "MainWindowBench.h"
 #include "platform/Doors.h"
-#include "platform/WebEngine.h"
 #include "services/Text.h"
 #include "shell/Find.h"
-#include "shell/FrmWeb.h"
 
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
 #include <Qsci/qsciscintilla.h>
-#include <benchmark/benchmark.h>
 
 namespace {
 
@@ -121,15 +118,5 @@ BENCHMARK(sharedReplaceAll)
 
 int main(int argc, char* argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    prepareWebEngine();
-    const QApplication app(argc, argv);
-    setAppPath(QStringLiteral(SHIPPED_DATA));
-    form<FrmWeb>()->Show();
-    QApplication::processEvents();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    delete form<FrmWeb>();
-    return 0;
+    return runWithMainWindow(argc, argv);
 }

@@ -1,15 +1,12 @@
 // A word added to a list of 1,000, and the character window: how long until it is up, and until it shows
 // another font.
 
+#include "MainWindowBench.h"
 #include "builders/FrmChar.h"
 #include "builders/FrmList.h"
 #include "builders/FrmList2.h"
-#include "platform/AppPath.h"
-#include "platform/WebEngine.h"
-#include "shell/FrmWeb.h"
 
 #include <QApplication>
-#include <benchmark/benchmark.h>
 
 namespace {
 
@@ -85,15 +82,5 @@ BENCHMARK(changeFont)->Name("Character window, another font")->Iterations(50)->U
 
 int main(int argc, char* argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    prepareWebEngine();
-    const QApplication app(argc, argv);
-    setAppPath(QStringLiteral(SHIPPED_DATA));
-    form<FrmWeb>()->Show();
-    QApplication::processEvents();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    delete form<FrmWeb>();
-    return 0;
+    return runWithMainWindow(argc, argv);
 }

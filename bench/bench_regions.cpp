@@ -1,13 +1,10 @@
 // A region button on a 10 MB document, from the click to the selection: one listing in front of much text,
 // one behind it, and 1,000 listings, of which the last one's region is selected.
 
-#include "platform/AppPath.h"
-#include "platform/WebEngine.h"
+#include "MainWindowBench.h"
 #include "services/Markers.h"
-#include "shell/FrmWeb.h"
 
 #include <QApplication>
-#include <benchmark/benchmark.h>
 
 namespace {
 
@@ -66,15 +63,5 @@ BENCHMARK(thousand)->Name("Region button, 10 MB/1,000 listings")->Unit(benchmark
 
 int main(int argc, char* argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    prepareWebEngine();
-    const QApplication app(argc, argv);
-    setAppPath(QStringLiteral(SHIPPED_DATA));
-    form<FrmWeb>()->Show();
-    QApplication::processEvents();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    delete form<FrmWeb>();
-    return 0;
+    return runWithMainWindow(argc, argv);
 }

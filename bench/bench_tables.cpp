@@ -1,14 +1,11 @@
 // The table designer with 1,000 rows while a colour bar is dragged, and an empty table of 1,000 by 100 cells
 // on its way into the source box.
 
+#include "MainWindowBench.h"
 #include "builders/FrmAddTable.h"
 #include "builders/FrmTable.h"
-#include "platform/AppPath.h"
-#include "platform/WebEngine.h"
-#include "shell/FrmWeb.h"
 
 #include <QApplication>
-#include <benchmark/benchmark.h>
 
 namespace {
 
@@ -67,15 +64,5 @@ BENCHMARK(skeleton)
 
 int main(int argc, char* argv[])
 {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
-        qputenv("QT_QPA_PLATFORM", "offscreen");
-    prepareWebEngine();
-    const QApplication app(argc, argv);
-    setAppPath(QStringLiteral(SHIPPED_DATA));
-    form<FrmWeb>()->Show();
-    QApplication::processEvents();
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    delete form<FrmWeb>();
-    return 0;
+    return runWithMainWindow(argc, argv);
 }

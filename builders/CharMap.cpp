@@ -123,8 +123,13 @@ void CharMap::mousePressEvent(QMouseEvent* event)
     mark(cell);
 }
 
-void CharMap::mouseDoubleClickEvent(QMouseEvent*)
+void CharMap::mouseDoubleClickEvent(QMouseEvent* event)
 {
+    // Two clicks on neighbours are no double click on either.
+    if (event->button() != Qt::LeftButton || cellAt(event->position().toPoint()) != m_current) {
+        mousePressEvent(event);
+        return;
+    }
     m_marked = -1;
     update();
     emit DblClick();

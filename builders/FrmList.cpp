@@ -6,7 +6,6 @@
 #include "platform/Events.h"
 #include "shell/Icons.h"
 
-#include <QCloseEvent>
 #include <QMouseEvent>
 
 namespace {
@@ -20,7 +19,7 @@ FrmList::FrmList()
     setupUi(this);
     Command21->setIcon(namedIcon("font"));
     WebBrowser1->setKind(WebPage::Kind::Sample);
-    setCancelButton(Command7);
+    setCancelButton(Command7, CloseButton::Cancels);
     setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"), IfMissing::Unticked);
     m_row = new ColorRow(RedA, GreenA, BlueA, Lcolor1);
     m_row->keepText(&Text5);
@@ -41,6 +40,8 @@ FrmList::FrmList()
     on(Command7, &QPushButton::clicked, this, &FrmList::Command7_Click);
     on(Command21, &QPushButton::clicked, this, &FrmList::Command21_Click);
     on(Command22, &QPushButton::clicked, this, &FrmList::Command22_Click);
+    if (isLoaded<FrmFonts>()) // left open by an earlier list
+        fonts();
     Text1->setFocus();
 }
 
@@ -121,20 +122,17 @@ void FrmList::Command7_Click()
         Unload();
 }
 
-/// The window's own button asks as Cancel does.
-void FrmList::closeEvent(QCloseEvent* event)
+/// The font window, whose words reach this list.
+FrmFonts* FrmList::fonts()
 {
-    event->ignore();
-    if (!isUnloaded())
-        guarded([this] { Command7_Click(); });
+    return heardForm<FrmFonts>(
+        m_fonts, [this](FrmFonts* window) { on(window, &FrmFonts::taken, this, &FrmList::FrmFonts_taken); });
 }
 
 void FrmList::Command21_Click()
 {
-    auto* fonts = heardForm<FrmFonts>(
-        m_fonts, [this](FrmFonts* window) { on(window, &FrmFonts::taken, this, &FrmList::FrmFonts_taken); });
-    fonts->setWindowTitle(FontCaption);
-    fonts->Show();
+    fonts()->setWindowTitle(FontCaption);
+    fonts()->Show();
 }
 
 void FrmList::FrmFonts_taken(const QString& caption, const FontChoice& font)

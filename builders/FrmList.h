@@ -34,7 +34,6 @@ public:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     void Command1_Click();
@@ -46,6 +45,7 @@ private:
     void Command22_Click();
     void FrmFonts_taken(const QString& caption, const FontChoice& font);
 
+    FrmFonts* fonts();
     QString opening() const;
     bool hasWords();
 

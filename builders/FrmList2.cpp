@@ -12,8 +12,6 @@
 #include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
 
-#include <QCloseEvent>
-
 namespace {
 
 const QString WordsCaption = QStringLiteral("List Special Character Font");
@@ -35,7 +33,7 @@ FrmList2::FrmList2()
     chkBold->setIcon(namedIcon("format-text-bold"));
     WebBrowser1->setKind(WebPage::Kind::Sample);
     WebBrowser1->setDesignMode(DesignMode::On);
-    setCancelButton(Command13);
+    setCancelButton(Command13, CloseButton::Cancels);
     LoadList(titlesFile(), *TxtTitle);
     TxtTitle->setText(QString());
     setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk3"), IfMissing::Unticked);
@@ -60,6 +58,11 @@ FrmList2::FrmList2()
     on(Command15, &QPushButton::clicked, this, &FrmList2::Command15_Click);
     on(Command17, &QPushButton::clicked, this, &FrmList2::Command17_Click);
     on(Command18, &QPushButton::clicked, this, &FrmList2::Command18_Click);
+    // Left open by an earlier list.
+    if (isLoaded<FrmFonts>())
+        fonts();
+    if (isLoaded<FrmChar>())
+        characters();
     Text1->setFocus();
 }
 
@@ -102,13 +105,18 @@ void FrmList2::Combo2_Click()
     Command14_Click();
 }
 
-void FrmList2::Command1_Click()
+/// The character window, whose words reach this list.
+FrmChar* FrmList2::characters()
 {
-    auto* characters = heardForm<FrmChar>(m_characters, [this](FrmChar* window) {
+    return heardForm<FrmChar>(m_characters, [this](FrmChar* window) {
         on(window, &FrmChar::taken, this, &FrmList2::FrmChar_taken);
     });
-    characters->setWindowTitle(CharacterCaption);
-    characters->Show();
+}
+
+void FrmList2::Command1_Click()
+{
+    characters()->setWindowTitle(CharacterCaption);
+    characters()->Show();
 }
 
 void FrmList2::FrmChar_taken(const QString& caption, const QString& family, const QString& character)
@@ -123,12 +131,17 @@ void FrmList2::FrmChar_taken(const QString& caption, const QString& family, cons
 
 // ---- Fonts -----------------------------------------------------------------------------------------------
 
+/// The font window, whose words reach this list.
+FrmFonts* FrmList2::fonts()
+{
+    return heardForm<FrmFonts>(
+        m_fonts, [this](FrmFonts* window) { on(window, &FrmFonts::taken, this, &FrmList2::FrmFonts_taken); });
+}
+
 void FrmList2::showFonts(const QString& caption)
 {
-    auto* fonts = heardForm<FrmFonts>(
-        m_fonts, [this](FrmFonts* window) { on(window, &FrmFonts::taken, this, &FrmList2::FrmFonts_taken); });
-    fonts->setWindowTitle(caption);
-    fonts->Show();
+    fonts()->setWindowTitle(caption);
+    fonts()->Show();
 }
 
 void FrmList2::Command15_Click()
@@ -236,12 +249,4 @@ void FrmList2::Command13_Click()
         MsgBox(QStringLiteral("Are you sure you wish cancel it ?"), QStringLiteral("Information"),
                MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes)
         Unload();
-}
-
-/// The window's own button asks as Cancel does.
-void FrmList2::closeEvent(QCloseEvent* event)
-{
-    event->ignore();
-    if (!isUnloaded())
-        guarded([this] { Command13_Click(); });
 }

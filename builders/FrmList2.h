@@ -31,9 +31,6 @@ public:
     /// The colour text of a colour number (see Codes.h).
     QString GetHexColor(int color) const;
 
-protected:
-    void closeEvent(QCloseEvent* event) override;
-
 private:
     void Check1_Click();
     void Combo2_Click();
@@ -51,6 +48,8 @@ private:
     void FrmChar_taken(const QString& caption, const QString& family, const QString& character);
     void FrmFonts_taken(const QString& caption, const FontChoice& font);
 
+    FrmChar* characters();
+    FrmFonts* fonts();
     void showFonts(const QString& caption);
     void showSymbol();
     void rememberTitle();

@@ -4,14 +4,15 @@
 #include "builders/FrmList2.h"
 #include "platform/Events.h"
 
+#include <QShortcut>
+
 FrmListChoose::FrmListChoose()
 {
     setupUi(this);
     setDefaultButton(Command1);
-    setCancelButton(Cancel);
     on(Command1, &QPushButton::clicked, this, &FrmListChoose::Command1_Click);
     on(Command2, &QPushButton::clicked, this, &FrmListChoose::Command2_Click);
-    on(Cancel, &QPushButton::clicked, this, &FrmListChoose::Unload);
+    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &FrmListChoose::Unload);
 }
 
 void FrmListChoose::Command1_Click()

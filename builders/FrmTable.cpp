@@ -16,7 +16,6 @@
 #include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
 
-#include <QCloseEvent>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <utility>
@@ -196,7 +195,7 @@ FrmTable::FrmTable()
     }
     WebBrowser1->setKind(WebPage::Kind::Sample);
     showPlaceholder(*Combo1);
-    setCancelButton(Command3);
+    setCancelButton(Command3, CloseButton::Cancels);
 
     setClosingBox(Check3, QStringLiteral("Tablepro"), QStringLiteral("chk3"), IfMissing::Unticked);
     LoadList(titlesFile(), *Combo1);
@@ -524,14 +523,6 @@ void FrmTable::Command3_Click()
     if (empty || MsgBox(QStringLiteral("Are you sure you wish cancel it ?"), QStringLiteral("Information"),
                         MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes)
         Unload();
-}
-
-/// The window's own button asks as Cancel does.
-void FrmTable::closeEvent(QCloseEvent* event)
-{
-    event->ignore();
-    if (!isUnloaded())
-        guarded([this] { Command3_Click(); });
 }
 
 // ---- Saved sets ------------------------------------------------------------------------------------------

@@ -85,8 +85,10 @@ void Form::setDefaultButton(QPushButton* button)
     m_default = button;
 }
 
-void Form::setCancelButton(QPushButton* button)
+void Form::setCancelButton(QPushButton* button, CloseButton closeButton)
 {
+    if (closeButton == CloseButton::Cancels)
+        m_closesBy = button;
     // A shortcut: a surface that has the focus would keep the key.
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, button, &QPushButton::click);
 }
@@ -99,7 +101,13 @@ bool Form::queryUnload()
 void Form::closeEvent(QCloseEvent* event)
 {
     event->ignore(); // the close button asks the same way as the program does
-    guarded([this] { Unload(); });
+    if (m_unloaded)
+        return;
+    if (m_closesBy) {
+        m_closesBy->click();
+    } else {
+        guarded([this] { Unload(); });
+    }
 }
 
 void Form::keyPressEvent(QKeyEvent* event)

@@ -29,8 +29,13 @@ public:
 protected:
     /// The button that Enter presses wherever the control in hand has no use for the key.
     void setDefaultButton(QPushButton* button);
-    /// The button that Escape presses.
-    void setCancelButton(QPushButton* button);
+    /// What the window's own close button does.
+    enum class CloseButton {
+        Unloads,
+        Cancels, ///< presses the cancel button, which may ask first
+    };
+    /// The button that Escape presses, and the window's own close button if wanted.
+    void setCancelButton(QPushButton* button, CloseButton closeButton = CloseButton::Unloads);
 
     /// The last word before the form goes: false refuses. Runs whatever closes the form. The default agrees.
     virtual bool queryUnload();
@@ -42,6 +47,7 @@ private:
     void placeOverFrontWindow();
 
     QPushButton* m_default = nullptr;
+    QPushButton* m_closesBy = nullptr; // in place of `Unload`
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_asking = false;

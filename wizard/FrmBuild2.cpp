@@ -20,7 +20,6 @@
 #include "wizard/Generators.h"
 #include "wizard/Terms.h"
 
-#include <QCloseEvent>
 #include <algorithm>
 
 namespace {
@@ -83,7 +82,7 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new WebBrowser(this)), RTB1(new RichTextBox
     for (size_t i = 0; i < Chk.size(); ++i) // `clicked` is the mouse, the keyboard and screen readers
         on(Chk[i], &CheckBox::clicked, this, [this, i] { Chk_MouseUp(int(i)); });
     setDefaultButton(Command23);
-    setCancelButton(Command4);
+    setCancelButton(Command4, CloseButton::Cancels);
 
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
     WebBrowser1->setDesignMode(DesignMode::On);
@@ -110,14 +109,6 @@ PageLook FrmBuild2::look() const
 }
 
 /// Enter that no control has use for is the default button's.
-/// The window's own button gives up as Cancel does: page 1 must not stay behind where nobody sees it.
-void FrmBuild2::closeEvent(QCloseEvent* event)
-{
-    event->ignore();
-    if (!isUnloaded())
-        guarded([this] { Command4_Click(); });
-}
-
 void FrmBuild2::Command1_Click()
 {
     stepStyle(-1);

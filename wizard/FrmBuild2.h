@@ -33,9 +33,6 @@ public:
     /// The boxes of the picture styles; exactly one is checked.
     std::array<CheckBox*, 4> Chk;
 
-protected:
-    void closeEvent(QCloseEvent* event) override;
-
 private:
     void Command1_Click();
     void Command2_Click();

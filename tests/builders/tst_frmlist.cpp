@@ -52,6 +52,7 @@ private slots:
     void fontOfTheNextWord();
     void fontOfAnotherWindow();
     void fontAfterTheListHasGone();
+    void fontsLeftOpen();
     void addToEditor();
     void copy();
     void nothingToGive();
@@ -231,6 +232,17 @@ void TestFrmList::fontAfterTheListHasGone()
     click(form<FrmFonts>()->Command1);
     QVERIFY(!isLoaded<FrmFonts>());
     QVERIFY(!isLoaded<FrmList>());
+}
+
+void TestFrmList::fontsLeftOpen()
+{
+    List window;
+    click(window.tool->Command21);
+    window.tool->Unload();
+    window.show();
+    form<FrmFonts>()->Combo1->setText(QStringLiteral("X"));
+    click(form<FrmFonts>()->Command1);
+    QCOMPARE(window.tool->TxtFontName, QStringLiteral("X"));
 }
 
 void TestFrmList::addToEditor()

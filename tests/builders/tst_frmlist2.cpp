@@ -96,6 +96,8 @@ private slots:
     void charactersCancelled();
     void otherCaption();
     void charactersAfterTheListHasGone();
+    void windowsLeftOpen();
+    void quickClicksOnNeighbours();
 };
 
 void TestFrmList2::texts()
@@ -198,8 +200,9 @@ void TestFrmList2::symbolColor()
 {
     List window;
     window.add("a");
+    window.add("b");
     step(window.tool->RedA);
-    QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=3 color=#010000>")));
+    QCOMPARE(window.tool->RTB1.count(QStringLiteral("face=Webdings size=3 color=#010000>")), 2);
     dragToEnd(window.tool->BlueA);
     QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=3 color=#0100FF>")));
     QCOMPARE(window.tool->LabV->palette().color(QPalette::WindowText), QColor(1, 0, 255));
@@ -245,11 +248,11 @@ void TestFrmList2::fonts()
     QCOMPARE(window.tool->RTB1,
              QStringLiteral("<FONT face=Arial size=6 color=#000000>&nbsp;&nbsp;</FONT><BR>\r\n") + Symbol +
                  words);
-    const QString before = window.tool->RTB1;
     click(window.tool->Command15);
     form<FrmFonts>()->Combo1->setText(QStringLiteral("Y"));
+    window.tool->RTB1 = QStringLiteral("not made anew");
     click(form<FrmFonts>()->Command2);
-    QCOMPARE(window.tool->RTB1, before);
+    QCOMPARE(window.tool->RTB1, QStringLiteral("not made anew"));
 }
 
 void TestFrmList2::fontsAfterTheListHasGone()
@@ -295,7 +298,9 @@ void TestFrmList2::emptyTitle()
 {
     const List window;
     window.add("a");
+    tick(window.tool->Check1);
     click(window.tool->Command12);
+    QCOMPARE(window.source(), (Font + QStringLiteral("&nbsp;&nbsp;</FONT><BR>\r\n") + line("a")).toUtf8());
     QVERIFY(window.folder.has(QStringLiteral("list2.ini"))); // without an entry
     QCOMPARE(window.folder.read(QStringLiteral("list2.ini")), QByteArray());
 }
@@ -533,6 +538,38 @@ void TestFrmList2::otherCaption()
     click(c->Command1);
     QVERIFY(!c->isVisible());
     QCOMPARE(window.tool->LabV->text(), QStringLiteral("4"));
+}
+
+void TestFrmList2::windowsLeftOpen()
+{
+    List window;
+    FrmChar* c = window.openCharacters();
+    click(window.tool->Command15);
+    window.tool->Unload();
+    window.show();
+    window.add("a");
+    List::clickCell(c, 88);
+    click(c->Command1);
+    QCOMPARE(window.tool->LabV->text(), QStringLiteral("X"));
+    form<FrmFonts>()->Combo1->setText(QStringLiteral("Y"));
+    click(form<FrmFonts>()->Command1);
+    QVERIFY(window.tool->RTB1.contains(QStringLiteral("<FONT face=Y size=3 color=#000000>&nbsp;a")));
+}
+
+/// Two clicks on neighbours are no double click.
+void TestFrmList2::quickClicksOnNeighbours()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    List::clickCell(c, 66);
+    QTest::mouseDClick(c->CharC, Qt::LeftButton, {}, c->CharC->cellRect(66).center());
+    QCOMPARE(c->CharC->marked(), -1);
+    List::clickCell(c, 66);
+    const QPoint next = c->CharC->cellRect(67).center();
+    QMouseEvent second(QEvent::MouseButtonDblClick, next, c->CharC->mapToGlobal(next), Qt::LeftButton,
+                       Qt::LeftButton, {});
+    QCoreApplication::sendEvent(c->CharC, &second);
+    QCOMPARE(c->CharC->marked(), 67);
 }
 
 void TestFrmList2::charactersAfterTheListHasGone()
