@@ -140,6 +140,8 @@ struct Overloaded : Functions...
 {
     using Functions::operator()...;
 };
+template <typename... Functions>
+Overloaded(Functions...) -> Overloaded<Functions...>;
 
 void information(const QString& prompt)
 {

@@ -88,7 +88,8 @@ void SizeGrid::keyPressEvent(QKeyEvent* event)
     if (across == 0 && down == 0) {
         QWidget::keyPressEvent(event); // Enter is the window's
     } else {
-        m_cells.at(size_t(row * Side + column))->setFocus();
+        const int next = row * Side + column;
+        m_cells.at(size_t(next))->setFocus();
     }
 }
 

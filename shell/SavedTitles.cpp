@@ -32,7 +32,7 @@ void showPlaceholder(ComboBox& titles)
 
 QString askForTitle(ComboBox& titles, const QString& listFile, const QString& prompt, const QString& caption)
 {
-    const QString title = InputBox(prompt, caption);
+    QString title = InputBox(prompt, caption);
     if (title.isEmpty())
         return title;
     if (hasEntry(titles, title))

@@ -160,7 +160,7 @@ void TestFade::lengths()
         QString expected;
         for (qsizetype i = 0; i < text.size(); ++i) {
             QString code = QStringLiteral("000000");
-            code.replace(channel * 2, 2, QString::asprintf("%02X", reds.at(i)));
+            code.replace(qsizetype(channel) * 2, 2, QString::asprintf("%02X", reds.at(i)));
             expected += closedPiece(code, text.mid(i, 1));
         }
         std::array<Rgb, 5> colors{};

@@ -60,9 +60,10 @@ QString twoColors(const QString& text, const QString& one = Black, const QString
 QString fiveColors(const QString& text, const QStringList& codes, const QStringList& waves = {})
 {
     QString html = QStringLiteral("<Font face=Arial size=3>");
-    for (qsizetype i = 0; i < text.size(); ++i)
+    for (qsizetype i = 0; i < text.size(); ++i) {
         html += QStringLiteral("<Font Color=\"#%1\">").arg(codes.at(i)) + waves.value(i) + text.mid(i, 1) +
                 QStringLiteral("</Font>");
+    }
     return html + QStringLiteral("</FONT>");
 }
 
@@ -237,10 +238,11 @@ void TestFader5::captionsAndTips()
     };
     for (const Caption& row : buttons) {
         const auto* button = f.control<QAbstractButton>(QString::fromLatin1(row.name));
-        if (row.caption)
+        if (row.caption) {
             QCOMPARE(QString(button->text()).remove(u'&'), QString::fromLatin1(row.caption));
-        else
+        } else {
             QVERIFY2(button->text().isEmpty() && !button->icon().isNull(), row.name);
+        }
         if (row.tip)
             QCOMPARE(button->toolTip(), QString::fromLatin1(row.tip));
         QVERIFY2(button->isVisible(), row.name);
@@ -804,10 +806,11 @@ static QString usableRows(const FaderTool& f, bool bars = false)
             usable << f.control<QWidget>(QString::fromLatin1(channel) + letter)->isEnabled();
         if (!bars)
             usable << f.control<QWidget>(QString::fromLatin1(row.sample))->isEnabled();
-        if (usable.contains(true) && usable.contains(false))
+        if (usable.contains(true) && usable.contains(false)) {
             letters += u'(' + letter + u')';
-        else if (usable.constFirst())
+        } else if (usable.constFirst()) {
             letters += letter;
+        }
     }
     return letters;
 }
@@ -1055,10 +1058,11 @@ void TestFader5::link()
         FaderTool::click(f.tool->Command6);
         QCOMPARE(f.doors.takeAsked(), QStringList(UrlQuestion));
         QCOMPARE(f.copied(), linked);
-        if (none)
+        if (none) {
             f.doors.answerInputBox(QString::fromLatin1(none));
-        else
+        } else {
             f.doors.cancelInputBox();
+        }
         FaderTool::click(f.tool->Command6);
         QCOMPARE(f.doors.takeAsked(), QStringList(UrlQuestion));
         QCOMPARE(f.copied(), plain(QStringLiteral("ab")) + QStringLiteral("\r\n"));
@@ -1076,10 +1080,11 @@ void TestFader5::mailLink()
                            QStringLiteral("</a>\r\n");
     QCOMPARE(f.copied(), linked);
     for (const bool cancelled : {false, true}) { // neither takes the link away
-        if (cancelled)
+        if (cancelled) {
             f.doors.cancelInputBox();
-        else
+        } else {
             f.doors.answerInputBox(QString());
+        }
         FaderTool::click(f.tool->Command9);
         QCOMPARE(f.doors.takeAsked(), QStringList(MailQuestion));
         QCOMPARE(f.copied(), linked);

@@ -382,10 +382,11 @@ void TestPresets::filesThatHoldNothing()
     f.load(presetOf(Mixed));
     const QStringList texts = f.texts();
     f.doors.takeAsked();
-    if (preset.isNull())
+    if (preset.isNull()) {
         f.load(f.folder.path(QStringLiteral("missing.fpc")));
-    else
+    } else {
         f.load(preset);
+    }
     QCOMPARE(f.doors.takeAsked(), QStringList(QString::fromLatin1(OpenQuestion))); // no message follows
     QCOMPARE(f.colors(), Mixed);
     QCOMPARE(f.texts(), texts);
