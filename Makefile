@@ -1,6 +1,6 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run test demo bench format tidy clean
+.PHONY: run test demo gallery bench format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -30,6 +30,13 @@ demo:
 	cmake --preset dev
 	cmake --build --preset dev --target tst_demo
 	DEMO_OUT="$(CURDIR)/out" tests/with-display $(DEV)/tests/tst_demo
+
+# Pictures of all windows at several scales, sizes of the desktop's font and palettes: out/gallery/index.html.
+gallery:
+	./setup --test
+	cmake --preset dev
+	cmake --build --preset dev --target gallery
+	tests/windows/make-gallery $(DEV)/tests/gallery "$(CURDIR)/out/gallery"
 
 bench:
 	./setup --bench

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "MainWindow.h"
+
+#include <span>
+
+/// A window as a seller comes to see it: with something in it, and in front. For what must hold of all
+/// windows.
+struct WindowView
+{
+    const char* name; ///< unique, fit for a file name
+    QWidget* (*show)(MainWindow& main);
+};
+
+/// All of them, in the order in which a day brings them.
+std::span<const WindowView> windowViews();
+
+/// Opens a window by the road that a seller takes to it, over a main window that was just made, and waits
+/// until it is in front.
+QWidget* openView(const WindowView& view, MainWindow& main);
+
+/// Lets this process's pictures load from "http://pictures.example/", as long as it lives: those of
+/// data/demo.
+class PictureHost
+{
+public:
+    PictureHost();
+    ~PictureHost();
+    Q_DISABLE_COPY_MOVE(PictureHost)
+
+private:
+    class WebServer* m_server;
+};
+
+/// Gives the application the look that the environment asks for: WINDOWS_FONT, the size of the desktop's font
+/// in points, and WINDOWS_PALETTE=dark.
+void takeDesktopLook();
