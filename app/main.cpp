@@ -1,4 +1,5 @@
 #include "app/Openings.h"
+#include "platform/DesktopLook.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/WebEngine.h"
@@ -31,6 +32,7 @@ int main(int argc, char* argv[])
     QApplication::setApplicationName(ProgramTitle);
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/brindlemark.svg")));
     QApplication::setQuitOnLastWindowClosed(false); // the main window's unload ends the program
+    followDesktopLook();
     QFont::insertSubstitution(QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue"));
 
     guarded([] {

@@ -17,7 +17,7 @@ const QString FontCaption = QStringLiteral("List Properties Font");
 FrmList::FrmList()
 {
     setupUi(this);
-    Command21->setIcon(namedIcon("font"));
+    Command21->setIcon(namedIcon("font", this));
     WebBrowser1->setKind(WebPage::Kind::Sample);
     setCancelButton(Command7, CloseButton::Cancels);
     setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"), IfMissing::Unticked);

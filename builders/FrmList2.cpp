@@ -29,8 +29,8 @@ FrmList2::FrmList2()
 {
     setupUi(this);
     for (QPushButton* button : {Command15, Command17})
-        button->setIcon(namedIcon("font"));
-    chkBold->setIcon(namedIcon("format-text-bold"));
+        button->setIcon(namedIcon("font", this));
+    chkBold->setIcon(namedIcon("format-text-bold", this));
     WebBrowser1->setKind(WebPage::Kind::Sample);
     WebBrowser1->setDesignMode(DesignMode::On);
     setCancelButton(Command13, CloseButton::Cancels);
@@ -87,9 +87,7 @@ void FrmList2::showSymbol()
     font.setFamily(m_family);
     font.setPointSize(isNumber ? points : 12);
     LabV->setFont(font);
-    QPalette palette = LabV->palette();
-    palette.setColor(QPalette::WindowText, Lcolor1->shownColor());
-    LabV->setPalette(palette);
+    showAsOnPage(LabV, Lcolor1->shownColor());
     tellMissingFont(Notice, m_family);
 }
 

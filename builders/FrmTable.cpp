@@ -190,10 +190,10 @@ FrmTable::FrmTable()
     setupUi(this);
     putOnCaption(ChkNoB, Frame1);
     for (const StyleBox& entry : StyleBoxes)
-        (this->*entry.box)->setIcon(namedIcon(entry.icon));
+        (this->*entry.box)->setIcon(namedIcon(entry.icon, this));
     for (const AlignOptions& options : {TableOptions, CellOptions}) {
         for (const AlignOption& entry : options)
-            (this->*entry.option)->setIcon(namedIcon(entry.icon));
+            (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
     }
     WebBrowser1->setKind(WebPage::Kind::Sample);
     showPlaceholder(*Combo1);

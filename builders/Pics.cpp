@@ -56,7 +56,7 @@ Pics::Pics()
         });
     }
     for (const AlignOption& entry : AlignOptions) {
-        (this->*entry.option)->setIcon(namedIcon(entry.icon));
+        (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
         on(this->*entry.option, &OptionButton::MouseUp, this, &Pics::Command2_Click);
     }
     on(Check1, &CheckBox::Click, this, &Pics::Check1_Click);

@@ -33,7 +33,9 @@ protected:
     void paintEvent(QPaintEvent*) override
     {
         QPainter painter(this);
-        painter.setPen(palette().color(hasFocus() ? QPalette::WindowText : QPalette::Mid));
+        QColor line = palette().color(QPalette::WindowText);
+        line.setAlphaF(hasFocus() ? 1 : 0.5F);
+        painter.setPen(line);
         painter.setBrush(palette().color(marked ? QPalette::Highlight : QPalette::Base));
         painter.drawRect(rect().adjusted(0, 0, -1, -1));
         if (hasFocus())

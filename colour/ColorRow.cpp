@@ -15,7 +15,7 @@ namespace {
 /// A channel of the row, and the tint of its bar.
 struct Channel
 {
-    const char* name;
+    const char* name; ///< its first letter stands on the bar
     int Channels::*value;
     QRgb tint;
 };
@@ -34,9 +34,12 @@ ColorRow::ColorRow(ScrollBar* red, ScrollBar* green, ScrollBar* blue, ColorSampl
     for (size_t i = 0; i < m_bars.size(); ++i) {
         ScrollBar* bar = m_bars.at(i);
         bar->setRange(0, 255);
+        bar->showValue(QString(QLatin1Char(*RowChannels.at(i).name)));
         QPalette palette = bar->palette();
-        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
             palette.setColor(group, QPalette::Button, QColor::fromRgb(RowChannels.at(i).tint));
+            palette.setColor(group, QPalette::ButtonText, Qt::black);
+        }
         bar->setPalette(palette);
         on(bar, &ScrollBar::Change, this, [this] {
             RowChange();

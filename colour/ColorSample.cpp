@@ -2,9 +2,18 @@
 
 #include "platform/ColorNumber.h"
 
+#include <QLabel>
 #include <QStyleOptionFocusRect>
-#include <QStyleOptionFrame>
 #include <QStylePainter>
+
+void showAsOnPage(QLabel* words, const QColor& color)
+{
+    QPalette page = words->palette();
+    page.setColor(QPalette::Window, Qt::white);
+    page.setColor(QPalette::WindowText, color);
+    words->setPalette(page);
+    words->setAutoFillBackground(true);
+}
 
 ColorSample::ColorSample(QWidget* parent) : QAbstractButton(parent)
 {
@@ -36,16 +45,15 @@ QSize ColorSample::sizeHint() const
 void ColorSample::paintEvent(QPaintEvent*)
 {
     QStylePainter painter(this);
-    QStyleOptionFrame frame;
-    frame.initFrom(this);
-    frame.lineWidth = 1;
-    frame.frameShape = QFrame::StyledPanel;
-    frame.state |= QStyle::State_Sunken;
     QColor color = shownColor();
     if (!isEnabled())
         color.setAlphaF(0.4F);
-    painter.fillRect(rect().adjusted(1, 1, -1, -1), color);
-    painter.drawControl(QStyle::CE_ShapedFrame, frame);
+    QColor edge =
+        palette().color(QPalette::WindowText); // tells black from a dark window, white from a light one
+    edge.setAlphaF(0.5F);
+    painter.fillRect(rect(), color);
+    painter.setPen(edge);
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
     if (hasFocus()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);

@@ -2,8 +2,13 @@
 
 #include <QAbstractButton>
 
+class QLabel;
+
 /// The colour number that stands for the colour of button faces, whatever that is on this desktop.
 inline constexpr int ButtonFace = int(0x8000000F);
+
+/// Shows a label's words in a colour and on white, as a browser shows them on a page.
+void showAsOnPage(QLabel* words, const QColor& color);
 
 /// A field that shows a colour; where it offers more than that, it can be clicked, or pressed with the space
 /// bar.

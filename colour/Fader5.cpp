@@ -116,12 +116,13 @@ Fader5::Fader5()
     putOnCaption(Check7, Frame4);
     putOnCaption(ChkNoB, Frame7);
     for (const StyleBox& entry : StyleBoxes)
-        (this->*entry.box)->setIcon(namedIcon(entry.icon));
+        (this->*entry.box)->setIcon(namedIcon(entry.icon, this));
     for (const auto& options : {TableOptions, CellOptions}) {
         for (const AlignOption& entry : options)
-            (this->*entry.option)->setIcon(namedIcon(entry.icon));
+            (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
     }
     WebBrowser1->setKind(WebPage::Kind::Sample);
+    giveWay(WebBrowser1, 64);
     setCancelButton(Command7);
 
     keepInSettings(Check2, Section, QStringLiteral("chk"));

@@ -61,9 +61,7 @@ void FrmBody::Check_Click(const Attribute& attribute)
 
 void FrmBody::colorLab(const QColor& color)
 {
-    QPalette palette = Lab->palette();
-    palette.setColor(QPalette::WindowText, color);
-    Lab->setPalette(palette);
+    showAsOnPage(Lab, color);
 }
 
 void FrmBody::Command3_Click()

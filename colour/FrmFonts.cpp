@@ -41,7 +41,7 @@ FrmFonts::FrmFonts()
     for (const auto signal : {&ColorRow::Change, &ColorRow::Scroll, &ColorRow::Picked})
         on(m_row, signal, this, &FrmFonts::Command4_Click);
     for (const StyleBox& entry : StyleBoxes) {
-        (this->*entry.box)->setIcon(namedIcon(entry.icon));
+        (this->*entry.box)->setIcon(namedIcon(entry.icon, this));
         on(this->*entry.box, &CheckBox::Click, this, &FrmFonts::Command4_Click);
     }
     on(Combo1, &ComboBox::Click, this, &FrmFonts::Command4_Click);

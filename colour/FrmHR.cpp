@@ -38,7 +38,7 @@ FrmHR::FrmHR()
     on(m_row, &ColorRow::Change, this, &FrmHR::Command8_Click);
     on(m_row, &ColorRow::Scroll, this, &FrmHR::Command8_Click);
     for (const AlignOption& entry : AlignOptions) {
-        (this->*entry.option)->setIcon(namedIcon(entry.icon));
+        (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
         on(this->*entry.option, &OptionButton::Click, this, &FrmHR::Command8_Click);
     }
     on(Text1, &QLineEdit::textChanged, this, &FrmHR::Command8_Click);

@@ -93,6 +93,14 @@ void Form::setCancelButton(QPushButton* button, CloseButton closeButton)
     connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, button, &QPushButton::click);
 }
 
+void Form::giveWay(QWidget* sample, int least)
+{
+    constexpr int Frame = 40; // title bar and edges
+    const int missing = sizeHint().height() + Frame - screen()->availableGeometry().height();
+    if (missing > 0)
+        sample->setMinimumHeight(qMax(least, sample->minimumHeight() - missing));
+}
+
 bool Form::queryUnload()
 {
     return true;

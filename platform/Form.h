@@ -37,6 +37,10 @@ protected:
     /// The button that Escape presses, and the window's own close button if wanted.
     void setCancelButton(QPushButton* button, CloseButton closeButton = CloseButton::Unloads);
 
+    /// Takes height from `sample`, down to `least` pixels, where a large font makes the window higher than
+    /// the screen.
+    void giveWay(QWidget* sample, int least);
+
     /// The last word before the form goes: false refuses. Runs whatever closes the form. The default agrees.
     virtual bool queryUnload();
 

@@ -1,6 +1,7 @@
 #include "platform/ScrollBar.h"
 
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
@@ -39,9 +40,46 @@ void ScrollBar::keyPressEvent(QKeyEvent* event)
     event->accept();
 }
 
+void ScrollBar::showValue(const QString& label)
+{
+    m_label = label;
+    updateGeometry();
+    update();
+}
+
+QFont ScrollBar::valueFont() const
+{
+    constexpr double Smaller = 0.85; // bars are lower than a line of text
+    QFont small = font();
+    small.setPointSizeF(small.pointSizeF() * Smaller);
+    return small;
+}
+
+QString ScrollBar::valueText(int value) const
+{
+    return QStringLiteral("%1 %2").arg(m_label).arg(value);
+}
+
+QSize ScrollBar::minimumSizeHint() const
+{
+    const QSize size = QScrollBar::minimumSizeHint();
+    if (m_label.isEmpty())
+        return size;
+    const QFontMetrics metrics(valueFont());
+    const int arrows = 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+    return {arrows + metrics.horizontalAdvance(valueText(maximum())) + 2 * metrics.averageCharWidth(),
+            qMax(size.height(), metrics.height())};
+}
+
 void ScrollBar::paintEvent(QPaintEvent* event)
 {
     QScrollBar::paintEvent(event);
+    if (!m_label.isEmpty()) {
+        QPainter painter(this);
+        painter.setFont(valueFont());
+        painter.setPen(palette().color(QPalette::ButtonText));
+        painter.drawText(rect(), Qt::AlignCenter, valueText(value()));
+    }
     if (!hasFocus())
         return;
     // Most styles don't show which bar the keys move.

@@ -14,6 +14,11 @@ public:
     /// Where the bar stands, `minimum()` to `maximum()`; set with `setValue`.
     int Value() const { return value(); }
 
+    /// Shows a short label and the value in the bar's middle, and makes room for them.
+    void showValue(const QString& label);
+
+    QSize minimumSizeHint() const override;
+
 signals:
     /// The value has changed: by an arrow, a page click, a key, the wheel or code; or by a drag, once, on
     /// release.
@@ -29,5 +34,9 @@ private:
     void noticeValue();
     void noticeRelease();
 
+    QFont valueFont() const;
+    QString valueText(int value) const;
+
+    QString m_label; // of the shown value; empty shows none
     int m_valueAtPress = 0;
 };

@@ -16,7 +16,7 @@ namespace {
 QToolButton* button(const char* icon, const QString& toolTip)
 {
     auto* made = new QToolButton;
-    made->setIcon(namedIcon(icon));
+    made->setIcon(namedIcon(icon, made));
     made->setToolTip(toolTip);
     made->setAccessibleName(toolTip);
     made->setAutoRaise(true);

@@ -1,6 +1,7 @@
 #include "shell/FrmWeb.h"
 
 #include "platform/AppPath.h"
+#include "platform/DesktopLook.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/Files.h"
@@ -98,7 +99,7 @@ FrmWeb::FrmWeb()
     WebBrowser2->setKind(WebPage::Kind::Internet);
     for (WebBrowser* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);
-    setPalette(QPalette(QColor(0xE0, 0xE0, 0xE0)));
+    setPalette(withReadableHints(QPalette(QColor(0xE0, 0xE0, 0xE0))));
     for (ComboBox* combo : {Combo1, Combo2, Combo3}) {
         QPalette field = palette();
         field.setColor(QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
@@ -106,9 +107,9 @@ FrmWeb::FrmWeb()
     }
     buildToolbar();
     for (const auto& entry : SurfaceButtons<Ui::FrmWeb>)
-        (this->*entry.button)->setIcon(namedIcon(entry.icon));
+        (this->*entry.button)->setIcon(namedIcon(entry.icon, this));
     for (const ButtonIcon& entry : InternetIcons)
-        (this->*entry.button)->setIcon(namedIcon(entry.icon));
+        (this->*entry.button)->setIcon(namedIcon(entry.icon, this));
 
     auto* textSizes = new QActionGroup(this); // one size at a time is checked
     for (QAction* size : mutextsize->actions())
@@ -149,7 +150,7 @@ void FrmWeb::buildToolbar()
             continue;
         }
         const QString toolTip = QString::fromLatin1(position.toolTip);
-        QAction* button = Toolbar1->addAction(namedIcon(position.icon), toolTip);
+        QAction* button = Toolbar1->addAction(namedIcon(position.icon, this), toolTip);
         Toolbar1->widgetForAction(button)->setFocusPolicy(Qt::TabFocus); // the tools have no menu entry
         const int index = int(i) + 1;
         on(button, &QAction::triggered, this, [this, index] { Toolbar1_ButtonClick(index); });
@@ -289,6 +290,8 @@ void FrmWeb::Form_Resize()
     layout = resized(layout, width() * TwipsPerPixel + 90,
                      (height() - menuHeight) * TwipsPerPixel + 680 - surplus);
     layout.SSTab1.Height += surplus;
+    // A large font makes the address bar taller: the page below it ends where the status line begins.
+    layout.WebBrowser2.Height = qMin(layout.WebBrowser2.Height, layout.Label1.Top - layout.WebBrowser2.Top);
 
     for (TwipsRect* frame : {&layout.Frame1, &layout.Frame2, &layout.Frame3})
         frame->Top -= usualHeight * TwipsPerPixel;

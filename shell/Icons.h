@@ -2,8 +2,8 @@
 
 #include <QIcon>
 
-/// The symbol of a button by its name in the icon set, such as "edit-undo".
-inline QIcon namedIcon(const char* name)
-{
-    return QIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
-}
+class QWidget;
+
+/// The symbol of a button by its name in the icon set, such as "edit-undo", in the ink of `owner`'s palette:
+/// it follows the desktop from dark to light and back.
+QIcon namedIcon(const char* name, const QWidget* owner);

@@ -61,8 +61,8 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new WebBrowser(this)), RTB1(new RichTextBox
     Chk = {Chk0, Chk1, Chk2, Chk3};
     WebBrowser1->hide();
     RTB1->hide();
-    Command1->setIcon(namedIcon("go-previous"));
-    Command2->setIcon(namedIcon("go-next"));
+    Command1->setIcon(namedIcon("go-previous", this));
+    Command2->setIcon(namedIcon("go-next", this));
     for (ComboBox* combo : {Combo3, Combo4})
         showPlaceholder(*combo);
     for (const char* entry : ColorEntries)

@@ -23,7 +23,7 @@ FrmTerms::FrmTerms()
     setupUi(this);
     for (const auto& entry : SurfaceButtons<Ui::FrmTerms>) {
         QToolButton* button = this->*entry.button;
-        button->setIcon(namedIcon(entry.icon));
+        button->setIcon(namedIcon(entry.icon, this));
         button->setAccessibleName(button->toolTip());
         if (entry.identifier) {
             on(button, &QToolButton::clicked, this,

@@ -18,6 +18,7 @@
 #include "colour/FrmFonts.h"
 #include "colour/FrmHR.h"
 #include "colour/color.h"
+#include "platform/DesktopLook.h"
 #include "shell/About.h"
 #include "shell/Find.h"
 #include "shell/FrmHelp.h"
@@ -443,4 +444,5 @@ void takeDesktopLook()
     }
     if (qEnvironmentVariable("WINDOWS_PALETTE") == QStringLiteral("dark"))
         QApplication::setPalette(darkPalette());
+    followDesktopLook();
 }

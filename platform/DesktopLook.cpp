@@ -1,0 +1,63 @@
+#include "platform/DesktopLook.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QPalette>
+
+namespace {
+
+/// `part` of the way from one colour to another.
+QColor between(const QColor& from, const QColor& to, float part)
+{
+    const auto mix = [part](float a, float b) { return a + (b - a) * part; };
+    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
+                            mix(from.blueF(), to.blueF()));
+}
+
+void mendColors()
+{
+    // A palette keeps in mind what is the desktop's and what was set: all else still follows the desktop.
+    const QPalette desktop = QApplication::palette();
+    QApplication::setPalette(withReadableHints(desktop));
+
+    QPalette boxes;
+    const QColor window = desktop.color(QPalette::Window);
+    if (qGray(window.rgb()) < 128)
+        boxes.setColor(QPalette::Base, between(window, desktop.color(QPalette::WindowText), 0.35F));
+    QApplication::setPalette(boxes, "QCheckBox");
+    QApplication::setPalette(boxes, "QRadioButton");
+}
+
+class ColorWatch : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange && !m_mending) {
+            m_mending = true; // our own change comes by here as well
+            mendColors();
+            m_mending = false;
+        }
+        return false;
+    }
+
+private:
+    bool m_mending = false;
+};
+
+} // namespace
+
+QPalette withReadableHints(QPalette palette)
+{
+    palette.setColor(QPalette::PlaceholderText,
+                     between(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.8F));
+    return palette;
+}
+
+void followDesktopLook()
+{
+    mendColors();
+    qApp->installEventFilter(new ColorWatch(qApp));
+}

@@ -1,0 +1,78 @@
+#include "shell/Icons.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QIconEngine>
+#include <QPainter>
+#include <QPixmapCache>
+#include <QPointer>
+#include <QStyle>
+#include <QStyleOption>
+#include <QSvgRenderer>
+#include <QWidget>
+
+namespace {
+
+/// Text colour of the icon set's files, in place of which goes the ink.
+constexpr char DrawnInk[] = "#232629";
+
+class NamedIconEngine : public QIconEngine
+{
+public:
+    NamedIconEngine(const char* name, const QWidget* owner)
+        : m_file(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name))), m_owner(owner)
+    {
+    }
+
+    QIconEngine* clone() const override { return new NamedIconEngine(*this); }
+
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State state) override
+    {
+        const qreal ratio = painter->device()->devicePixelRatioF();
+        painter->drawPixmap(place, pixmap(place.size() * ratio, mode, state));
+    }
+
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
+    {
+        const QString ink = palette().color(QPalette::Normal, QPalette::ButtonText).name();
+        const QString key =
+            QStringLiteral("%1 %2 %3x%4 %5").arg(m_file, ink).arg(size.width()).arg(size.height()).arg(mode);
+        QPixmap drawn;
+        if (!QPixmapCache::find(key, &drawn)) {
+            drawn = draw(size, ink);
+            if (mode == QIcon::Disabled) {
+                QStyleOption look;
+                look.palette = palette();
+                drawn = QApplication::style()->generatedIconPixmap(mode, drawn, &look);
+            }
+            QPixmapCache::insert(key, drawn);
+        }
+        return drawn;
+    }
+
+private:
+    QPalette palette() const { return m_owner ? m_owner->palette() : QApplication::palette(); }
+
+    QPixmap draw(const QSize& size, const QString& ink) const
+    {
+        QFile file(m_file);
+        if (!file.open(QIODevice::ReadOnly))
+            qWarning("no icon %ls", qUtf16Printable(m_file));
+        QSvgRenderer symbol(file.readAll().replace(DrawnInk, ink.toLatin1()));
+        QPixmap drawn(size);
+        drawn.fill(Qt::transparent);
+        QPainter painter(&drawn);
+        symbol.render(&painter);
+        return drawn;
+    }
+
+    QString m_file;
+    QPointer<const QWidget> m_owner;
+};
+
+} // namespace
+
+QIcon namedIcon(const char* name, const QWidget* owner)
+{
+    return QIcon(new NamedIconEngine(name, owner));
+}

@@ -1,0 +1,201 @@
+#include "Windows.h"
+#include "platform/WebEngine.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStyleOptionGroupBox>
+#include <QTabBar>
+#include <QTest>
+#include <cmath>
+
+// What must hold of each window in each look of the desktop (see `takeDesktopLook`; QT_SCALE_FACTOR is the
+// scale): it fits a small screen, no text is cut off, nothing lies on something else, and text can be read.
+
+namespace {
+
+/// Logical pixels of the smallest screen, without the frame that a window gets there.
+constexpr QSize SmallScreen(1366 - 4, 768 - 32);
+/// The least ratio of lightness between a text and what is behind it.
+constexpr double LeastContrast = 4.5;
+
+QString describe(const QWidget* widget)
+{
+    return QStringLiteral("%1 %2").arg(QString::fromLatin1(widget->metaObject()->className()),
+                                       widget->objectName());
+}
+
+/// What of its own a control shows as words; empty for all others.
+QString wordsOf(const QWidget* widget)
+{
+    if (const auto* label = qobject_cast<const QLabel*>(widget))
+        return label->text();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
+        return button->text();
+    if (const auto* combo = qobject_cast<const QComboBox*>(widget))
+        return combo->currentText();
+    if (const auto* line = qobject_cast<const QLineEdit*>(widget))
+        return line->displayText();
+    if (const auto* frame = qobject_cast<const QGroupBox*>(widget))
+        return frame->title();
+    return {};
+}
+
+/// The controls of a window that can be seen, without the inner parts of a control.
+QList<QWidget*> seenControls(QWidget* window)
+{
+    QList<QWidget*> seen;
+    for (QWidget* child : window->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!child->isVisible() || child->isWindow())
+            continue;
+        seen << child;
+        const bool whole = qobject_cast<QComboBox*>(child) || qobject_cast<QAbstractButton*>(child) ||
+                           child->inherits("WebBrowser") || child->inherits("QAbstractScrollArea") ||
+                           child->inherits("QTabBar") || child->inherits("QToolBar");
+        if (!whole)
+            seen << seenControls(child);
+    }
+    return seen;
+}
+
+/// How much room the words of a control lack, in pixels.
+int missingWidth(const QWidget* widget)
+{
+    if (const auto* combo = qobject_cast<const QComboBox*>(widget)) {
+        QStyleOptionComboBox look;
+        look.initFrom(combo);
+        look.editable = combo->isEditable();
+        const QRect field =
+            combo->style()->subControlRect(QStyle::CC_ComboBox, &look, QStyle::SC_ComboBoxEditField, combo);
+        return combo->fontMetrics().horizontalAdvance(combo->currentText()) - field.width();
+    }
+    if (const auto* label = qobject_cast<const QLabel*>(widget); label && label->wordWrap())
+        return label->heightForWidth(label->width()) - label->height();
+    if (const auto* frame = qobject_cast<const QGroupBox*>(widget))
+        return frame->fontMetrics().horizontalAdvance(frame->title()) - frame->width();
+    if (const auto* bar = qobject_cast<const QTabBar*>(widget))
+        return bar->sizeHint().width() - bar->width();
+    const bool hasWords = !wordsOf(widget).isEmpty();
+    if (hasWords && (qobject_cast<const QLabel*>(widget) || qobject_cast<const QAbstractButton*>(widget)))
+        return qMax(widget->sizeHint().width() - widget->width(),
+                    widget->sizeHint().height() - widget->height());
+    return 0;
+}
+
+/// The search bar lies on the page, and a box that switches a frame on its caption.
+bool meantToOverlap(const QWidget* over, const QWidget* under)
+{
+    if (over->inherits("FindBar"))
+        return under->inherits("WebBrowser");
+    const auto* frame = qobject_cast<const QGroupBox*>(under);
+    return frame && over->inherits("QCheckBox") && frame->title().startsWith(u' ');
+}
+
+/// The relative luminance of a colour, 0 to 1, as the Web Content Accessibility Guidelines define it.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const double lighter = qMax(luminance(a), luminance(b));
+    return (lighter + 0.05) / (qMin(luminance(a), luminance(b)) + 0.05);
+}
+
+/// The lowest contrast of a control's words, 21 where there are none.
+double contrastOf(const QWidget* widget)
+{
+    const QPalette palette = widget->palette();
+    if (const auto* line = qobject_cast<const QLineEdit*>(widget)) {
+        const QColor base = palette.color(QPalette::Base);
+        QColor hint = palette.color(QPalette::PlaceholderText);
+        hint = QColor::fromRgbF(hint.redF() * hint.alphaF() + base.redF() * (1 - hint.alphaF()),
+                                hint.greenF() * hint.alphaF() + base.greenF() * (1 - hint.alphaF()),
+                                hint.blueF() * hint.alphaF() + base.blueF() * (1 - hint.alphaF()));
+        const double ofHint = line->placeholderText().isEmpty() ? 21 : contrast(hint, base);
+        return qMin(ofHint, contrast(palette.color(QPalette::Text), base));
+    }
+    if (widget->inherits("QAbstractItemView") || widget->inherits("QPlainTextEdit"))
+        return contrast(palette.color(QPalette::Text), palette.color(QPalette::Base));
+    if (widget->inherits("QPushButton") || widget->inherits("QToolButton") || widget->inherits("QComboBox"))
+        return contrast(palette.color(QPalette::ButtonText), palette.color(QPalette::Button));
+    if (!wordsOf(widget).isEmpty())
+        return contrast(palette.color(QPalette::WindowText), palette.color(QPalette::Window));
+    return 21;
+}
+
+} // namespace
+
+class TestLooks : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void windows_data();
+    void windows();
+
+private:
+    PictureHost m_pictures;
+};
+
+void TestLooks::windows_data()
+{
+    QTest::addColumn<int>("index");
+    int index = 0;
+    for (const WindowView& view : windowViews())
+        QTest::newRow(view.name) << index++;
+}
+
+void TestLooks::windows()
+{
+    QFETCH(int, index);
+    MainWindow main;
+    QWidget* window = openView(windowViews()[size_t(index)], main);
+
+    QStringList faults;
+    const QSize size = window->size();
+    if (size.width() > SmallScreen.width() || size.height() > SmallScreen.height())
+        faults << QStringLiteral("%1 x %2 is more than a small screen").arg(size.width()).arg(size.height());
+    const QList<QWidget*> controls = seenControls(window);
+    for (QWidget* control : controls) {
+        if (const int missing = missingWidth(control); missing > 0)
+            faults << QStringLiteral("%1 \"%2\" lacks %3 pixels")
+                          .arg(describe(control), wordsOf(control))
+                          .arg(missing);
+        if (!control->parentWidget()->rect().contains(control->geometry()))
+            faults << describe(control) + QStringLiteral(" leaves its frame");
+        if (control->isEnabled() && contrastOf(control) < LeastContrast)
+            faults << QStringLiteral("%1 \"%2\" has a contrast of %3")
+                          .arg(describe(control), wordsOf(control))
+                          .arg(contrastOf(control));
+        for (QWidget* other : controls) {
+            if (other <= control || other->parentWidget() != control->parentWidget() ||
+                meantToOverlap(control, other) || meantToOverlap(other, control))
+                continue;
+            const QRect both = control->geometry().intersected(other->geometry());
+            if (!both.isEmpty())
+                faults << describe(control) + QStringLiteral(" and ") + describe(other) +
+                              QStringLiteral(" overlap");
+        }
+    }
+    QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+}
+
+int main(int argc, char** argv)
+{
+    prepareWebEngine();
+    QApplication application(argc, argv);
+    QFont::insertSubstitution(QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue"));
+    takeDesktopLook();
+    TestLooks test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_looks.moc"
