@@ -1,6 +1,6 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run install test demo gallery bench format tidy clean
+.PHONY: run install dist test demo gallery bench format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -32,6 +32,11 @@ install:
 	@echo "Brindlemark is installed."
 	@echo "  Start it:                              $$FOLDER/brindlemark"
 	@echo "  Put it into the menu of your desktop:  $$FOLDER/add-to-menu"
+
+# An archive with an installed program, in dist/.
+dist:
+	$(build_release)
+	package/dist $(RELEASE)
 
 test:
 	./setup --test
