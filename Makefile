@@ -1,10 +1,16 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run test demo gallery bench format tidy clean
+.PHONY: run install dist test demo gallery bench format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
 DEV := build/dev
+
+define build_release
+	./setup
+	cmake --preset release
+	cmake --build --preset release
+endef
 
 run:
 	@if [ -z "$$DISPLAY$$WAYLAND_DISPLAY" ]; then \
@@ -13,10 +19,24 @@ run:
 	  echo "(xvfb-run comes with: apt-get install xvfb xauth)"; \
 	  exit 1; \
 	fi
-	./setup
-	cmake --preset release
-	cmake --build --preset release
+	$(build_release)
 	$(RELEASE)/bin/brindlemark
+
+# make install PREFIX=<folder>: over an installed program, it keeps the settings.
+install: export FOLDER = $(patsubst ~/%,$(HOME)/%,$(or $(PREFIX),~/Brindlemark))
+install:
+	@package/usable-folder "$$FOLDER"
+	$(build_release)
+	cmake --install $(RELEASE) --strip --prefix "$$FOLDER"
+	@echo
+	@echo "Brindlemark is installed."
+	@echo "  Start it:                              $$FOLDER/brindlemark"
+	@echo "  Put it into the menu of your desktop:  $$FOLDER/add-to-menu"
+
+# An archive with an installed program, in dist/.
+dist:
+	$(build_release)
+	package/dist $(RELEASE)
 
 test:
 	./setup --test

@@ -8,8 +8,8 @@
 
 /// The program's title, as message boxes without a title of their own show it.
 inline const QString ProgramTitle = QStringLiteral("Brindlemark");
-/// The product's name and number, as captions and the generator tag hold it.
-inline const QString ProgramName = QStringLiteral("Brindlemark 1.0");
+/// The product's name and number, as captions hold it.
+inline const QString ProgramName = QStringLiteral("Brindlemark " PROGRAM_VERSION);
 
 enum class MsgIcon { None, Stop, Question, Exclamation, Information };
 /// The first button is the default one; of `NoYes`, which shows Yes in front like the others, it is No.

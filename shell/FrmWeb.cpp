@@ -96,6 +96,7 @@ void place(QWidget* widget, const TwipsRect& rect)
 FrmWeb::FrmWeb()
 {
     setupUi(this);
+    setCaption(Text2);
     WebBrowser2->setKind(WebPage::Kind::Internet);
     for (WebBrowser* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);

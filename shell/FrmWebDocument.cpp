@@ -18,8 +18,8 @@ const QString FileFilter = QStringLiteral("HTML Files (*.htm)|*.htm|Text files (
                                           "Document files (*.doc)|*.doc|All files (*.*)|*.*");
 
 /// What the source box holds after a visit to the design surface when the user has written nothing yet.
-constexpr char BlankDocument[] =
-    "<HEAD>\r\n<META content=\"Brindlemark 1.0\" name=GENERATOR></HEAD>\r\n<BODY></BODY>";
+const QByteArray BlankDocument =
+    QByteArray("<HEAD>\r\n") + GeneratorStart + "name=GENERATOR></HEAD>\r\n<BODY></BODY>";
 
 /// The name of the file at `path` without its folder; empty when no file lies there.
 QString bareName(const QString& path)

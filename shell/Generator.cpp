@@ -15,7 +15,7 @@ void stampGenerator(RichTextBox& box)
             throw RuntimeError(ErrorNumber::InvalidPropertyValue);
         box.setSelStart(tag);
         box.setSelLength(name - tag + 1); // up to and with the blank before "name"
-        box.setSelText("<META content=\"Brindlemark 1.0\" ");
+        box.setSelText(GeneratorStart);
     }
     box.setSelStart(caret);
 }

@@ -18,14 +18,22 @@ bool displayAnswers()
     return QTest::qWaitFor([] { return !xdotool({QStringLiteral("get_num_desktops")}).isEmpty(); }, Patience);
 }
 
-Program::Program()
+bool installProgram(const QString& folder)
 {
-    copy(QStringLiteral(PROGRAM), QStringLiteral("brindlemark"));
-    for (const char* name : {"web.ini", "Help0.htm", "weblst.ini", "weblst2.ini", "weblst3.ini",
-                             "webstyle.ini", "webstyle2.ini"})
-        copy(QStringLiteral(SOURCE_DIR "/data/") + QString::fromLatin1(name), QString::fromLatin1(name));
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    QProcess cmake;
+    cmake.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    cmake.start(QStringLiteral(CMAKE), {QStringLiteral("--install"), QStringLiteral(BUILD_FOLDER),
+                                        QStringLiteral("--prefix"), folder});
+    return cmake.waitForFinished(Patience) && cmake.exitStatus() == QProcess::NormalExit &&
+           cmake.exitCode() == 0;
 }
+
+Program::Program() : m_ownFolder(std::in_place), m_folder(m_ownFolder->path())
+{
+    QVERIFY(installProgram(m_folder));
+}
+
+Program::Program(const QString& folder) : m_folder(folder) {}
 
 Program::~Program()
 {
@@ -50,6 +58,7 @@ QByteArray Program::read(const QString& name) const
 
 void Program::launch()
 {
+    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process.start(path(QStringLiteral("brindlemark")), QStringList());
     QVERIFY(m_process.waitForStarted());
 }
@@ -148,9 +157,4 @@ void Program::press(const QString& dialog, const QString& keyName) const
     QVERIFY2(activate(dialog), qPrintable(dialog));
     key(keyName);
     QVERIFY2(waitGone(dialog), qPrintable(dialog));
-}
-
-void Program::copy(const QString& from, const QString& name) const
-{
-    QVERIFY2(QFile::copy(from, path(name)), qPrintable(from));
 }

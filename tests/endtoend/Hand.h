@@ -4,6 +4,7 @@
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
+#include <optional>
 
 // The program itself, in a folder of its own and on a real display, used with keys and mouse. Windows are
 // found by their titles, results are read from files.
@@ -22,15 +23,21 @@ QString xdotool(const QStringList& arguments);
 /// Waits for the display and its window manager.
 bool displayAnswers();
 
-/// A copy of the program with the files that ship beside it, running as long as the object lives.
+/// Installs the program into a folder, as its user would. False when that fails.
+bool installProgram(const QString& folder);
+
+/// The program as it is installed, running as long as the object lives.
 class Program
 {
 public:
+    /// In a fresh folder of its own.
     Program();
+    /// In a folder where it is installed already, and which stays.
+    explicit Program(const QString& folder);
     ~Program();
     Q_DISABLE_COPY_MOVE(Program)
 
-    QString path(const QString& name) const { return m_folder.filePath(name); }
+    QString path(const QString& name) const { return m_folder + u'/' + name; }
     void write(const QString& name, const QByteArray& bytes) const;
     /// A file's bytes; a null array when there is none.
     QByteArray read(const QString& name) const;
@@ -64,8 +71,7 @@ public:
     void press(const QString& dialog, const QString& keyName) const;
 
 private:
-    void copy(const QString& from, const QString& name) const;
-
-    QTemporaryDir m_folder;
+    std::optional<QTemporaryDir> m_ownFolder;
+    QString m_folder;
     QProcess m_process;
 };
