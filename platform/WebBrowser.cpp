@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QDeadlineTimer>
+#include <QDropEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -586,10 +587,27 @@ bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
         if (actOnKey(*static_cast<QKeyEvent*>(event)))
             return true;
         break;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        if (!takesDrop(*static_cast<QDropEvent*>(event))) {
+            event->ignore();
+            return true;
+        }
+        break;
     default:
         break;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+/// A design surface is edited by dragging too. From elsewhere it takes text, but no files and addresses; all
+/// other pages are to be looked at.
+bool WebBrowser::takesDrop(const QDropEvent& event) const
+{
+    if (m_kind != WebPage::Kind::Document || m_designMode == DesignMode::Off)
+        return false;
+    return event.source() == m_view || (event.mimeData()->hasText() && !event.mimeData()->hasUrls());
 }
 
 void WebBrowser::wakeCaret()

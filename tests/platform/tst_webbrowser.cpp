@@ -4,6 +4,7 @@
 #include "platform/WebBrowser.h"
 
 #include <QAction>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QMainWindow>
@@ -48,6 +49,36 @@ bool isRefused(const QSignalSpy& status)
     return std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
         return arguments.first().toString().startsWith(QStringLiteral("Links are not followed here"));
     });
+}
+
+/// Whether a control says that it takes what is dragged over its middle. What is accepted is dragged away
+/// again.
+bool isTaken(const WebBrowser& browser, const QMimeData& dragged)
+{
+    QWidget* input = browser.inputWidget();
+    QDragEnterEvent enter(input->rect().center(), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
+                          Qt::NoModifier);
+    QApplication::sendEvent(input, &enter);
+    if (!enter.isAccepted())
+        return false;
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(input->parentWidget(), &leave);
+    return true;
+}
+
+/// Drags something over a control's middle and drops it, whatever the control says of it. True: it was taken.
+bool drop(const WebBrowser& browser, const QMimeData& dragged)
+{
+    QWidget* input = browser.inputWidget();
+    const QPoint place = input->rect().center();
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(input, &enter);
+    for (QEvent* event : std::initializer_list<QEvent*>{&move, &drop})
+        QApplication::sendEvent(input->parentWidget(), event);
+    return drop.isAccepted();
 }
 
 /// A sample, not shown.
@@ -103,6 +134,9 @@ private slots:
     void hiddenMethods();
     void picturesAreLoaded();
     void filesAreRefused();
+    void drops_data();
+    void drops();
+    void dropOfTextOnADesignSurface();
     void documentsStay_data();
     void documentsStay();
     void linksDontLeave();
@@ -661,6 +695,73 @@ void TestWebBrowser::filesAreRefused()
     QTest::qWait(200); // for a frame that should not come
     QCOMPARE(value(browser, "[...document.title].sort().join('')"), QStringLiteral("abcd"));
     QCOMPARE(value(browser, "getComputedStyle(document.body).color"), QStringLiteral("rgb(0, 0, 0)"));
+}
+
+void TestWebBrowser::drops_data()
+{
+    QTest::addColumn<WebPage::Kind>("kind");
+    QTest::addColumn<DesignMode>("mode");
+    QTest::addColumn<bool>("takesText");
+    QTest::newRow("design surface") << WebPage::Kind::Document << DesignMode::On << true;
+    QTest::newRow("preview") << WebPage::Kind::Document << DesignMode::Off << false;
+    QTest::newRow("sample") << WebPage::Kind::Sample << DesignMode::Off << false;
+    QTest::newRow("sample in design mode") << WebPage::Kind::Sample << DesignMode::On << false;
+    QTest::newRow("internet") << WebPage::Kind::Internet << DesignMode::Off << false;
+}
+
+/// Files and addresses are dropped nowhere, text on design surfaces alone.
+void TestWebBrowser::drops()
+{
+    QFETCH(WebPage::Kind, kind);
+    QFETCH(DesignMode, mode);
+    QFETCH(bool, takesText);
+    Files files;
+    WebBrowser browser;
+    browser.setKind(kind);
+    browser.setDesignMode(mode);
+    browser.resize(300, 200);
+    browser.show();
+    // The page would take and read whatever reaches it.
+    QVERIFY(browser.write(QStringLiteral(
+        "<BODY style='height: 150px' ondragover='event.preventDefault()' "
+        "ondrop='event.preventDefault(); document.body.textContent = \"dropped\"'><P>page</BODY>")));
+    QTRY_VERIFY(browser.inputWidget());
+    const QString before = value(browser, "document.body.innerHTML");
+
+    QMimeData file;
+    file.setUrls({QUrl(files.url("page.htm"))});
+    QMimeData address;
+    address.setUrls({QUrl(QStringLiteral("http://127.0.0.1/page.htm"))});
+    address.setText(QStringLiteral("http://127.0.0.1/page.htm"));
+    QMimeData text;
+    text.setText(QStringLiteral("word"));
+    QMimeData html;
+    html.setHtml(QStringLiteral("<B>word</B>"));
+    html.setText(QStringLiteral("word"));
+    QMimeData picture;
+    picture.setImageData(QImage(2, 2, QImage::Format_RGB32));
+    for (const QMimeData* dragged : {&file, &address, &picture})
+        QVERIFY(!isTaken(browser, *dragged));
+    for (const QMimeData* dragged : {&text, &html})
+        QCOMPARE(isTaken(browser, *dragged), takesText);
+    if (!takesText)
+        QVERIFY(!drop(browser, text));
+    QVERIFY(!drop(browser, file));
+    QCOMPARE(value(browser, "document.body.innerHTML"), before);
+    QCOMPARE(value(browser, "document.URL"), QStringLiteral("surface:blank"));
+}
+
+void TestWebBrowser::dropOfTextOnADesignSurface()
+{
+    Surface surface(QStringLiteral("<P>page</P>"));
+    surface.resize(300, 200);
+    surface.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&surface));
+    QTRY_VERIFY(surface.inputWidget());
+    QMimeData text;
+    text.setText(QStringLiteral("word"));
+    // A drop on a page that was just shown can come before its layout.
+    QTRY_VERIFY(drop(surface, text) && surface.innerHtml().contains(QStringLiteral("word")));
 }
 
 void TestWebBrowser::documentsStay_data()
