@@ -165,18 +165,26 @@ void FrmWeb::MnNew_Click()
     UpdateRegionButtons(*this);
 }
 
-void FrmWeb::MnOpen_Click()
+/// Asks whether to save before another file takes the document's place. False: the user stays with it.
+bool FrmWeb::giveUpDocument()
 {
     if (Dirty)
         Checksafe();
     if (SaveCancelled)
-        return;
-    if (SaveDeclined) { // the old document is given up even if the dialog is cancelled now
+        return false;
+    if (SaveDeclined) { // the old document is given up even if no other comes
         emptyDocument();
         writeSurface(WebBrowser1, QString());
         writeSurface(WebBrowser3, QString());
         UpdateRegionButtons(*this);
     }
+    return true;
+}
+
+void FrmWeb::MnOpen_Click()
+{
+    if (!giveUpDocument())
+        return;
     CommonDialog dialog;
     dialog.CancelError = true;
     dialog.DialogTitle = QStringLiteral("Open As Files");
@@ -187,10 +195,20 @@ void FrmWeb::MnOpen_Click()
     } catch (const RuntimeError&) {
         return;
     }
-    if (dialog.FileName.isEmpty())
-        return;
+    if (!dialog.FileName.isEmpty())
+        openFile(dialog.FileName);
+}
 
-    Text2 = dialog.FileName;
+void FrmWeb::RichTextBox1_FileDropped(const QString& path)
+{
+    activateWindow(); // the window that the file comes from is in front
+    if (giveUpDocument())
+        openFile(path);
+}
+
+void FrmWeb::openFile(const QString& path)
+{
+    Text2 = path;
     try {
         const WaitCursor hourglass;
         RichTextBox1->load(readFile(Text2));
