@@ -197,6 +197,14 @@ long RichTextBox::send(unsigned message, qsizetype first, qsizetype second) cons
     return SendScintilla(message, static_cast<unsigned long>(first), static_cast<long>(second));
 }
 
+std::unique_ptr<WaitCursor> RichTextBox::hourglass(qsizetype length) const
+{
+    constexpr qsizetype LongText = 4'000'000; // bytes
+    // A walk over the text makes thousands of calls: one hourglass is enough.
+    const bool wanted = std::max(length, innerLength()) >= LongText && !QGuiApplication::overrideCursor();
+    return wanted ? std::make_unique<WaitCursor>() : nullptr;
+}
+
 // The text ------------------------------------------------------------------------------------------------
 
 /// The whole text as the component holds it; valid until the next edit.
@@ -251,6 +259,7 @@ qsizetype RichTextBox::fromInner(qsizetype position) const
 
 QByteArray RichTextBox::Text() const
 {
+    const auto signs = hourglass();
     return fromInner(innerText());
 }
 
@@ -261,6 +270,7 @@ void RichTextBox::setText(const QByteArray& text)
 
 void RichTextBox::setText(const QByteArray& text, TextEncoding encoding)
 {
+    const auto signs = hourglass(text.size());
     Step step(this);
     UndoGroup group(this);
     setEncoding(encoding);
@@ -272,6 +282,7 @@ void RichTextBox::setText(const QByteArray& text, TextEncoding encoding)
 
 void RichTextBox::load(const QByteArray& text)
 {
+    const auto signs = hourglass(text.size());
     Step step(this);
     send(SCI_SETUNDOCOLLECTION, 0);
     setText(text);
@@ -350,6 +361,7 @@ QByteArray RichTextBox::SelText() const
 
 void RichTextBox::setSelText(const QByteArray& text)
 {
+    const auto signs = hourglass(text.size());
     Step step(this);
     const Range replaced = innerSelection();
     const QByteArray inserted = toInner(text);
@@ -418,6 +430,7 @@ int RichTextBox::colorAt(int position) const
 
 int RichTextBox::Find(const QByteArray& text, int start, int end, int options)
 {
+    const auto signs = hourglass();
     const qsizetype from = start < 0 ? innerSelection().start : toInner(qsizetype{start});
     const qsizetype to = end < 0 ? innerLength() : toInner(qsizetype{end});
     const TextSearch search(toInner(text), options);
@@ -516,6 +529,7 @@ void RichTextBox::onUpdate()
 
 void RichTextBox::run(unsigned command)
 {
+    const auto signs = hourglass();
     Step step(this);
     send(command);
 }
@@ -539,6 +553,7 @@ void RichTextBox::cut()
 
 void RichTextBox::copy()
 {
+    const auto signs = hourglass();
     if (SelLength() > 0)
         doors().setClipboard(selectionData());
 }

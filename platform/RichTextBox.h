@@ -2,6 +2,7 @@
 
 #include "platform/TextEncoding.h"
 #include "platform/TextSearch.h"
+#include "platform/WaitCursor.h"
 
 #include <Qsci/qsciscintillabase.h>
 
@@ -149,6 +150,10 @@ private:
         Range range;
         int value = 0;
     };
+
+    /// The hourglass, if the work is on so much text that a person sees it take time; the length of the text
+    /// in the box, or one that is given, decides.
+    std::unique_ptr<WaitCursor> hourglass(qsizetype length = 0) const;
 
     /// The component's messages with two numbers.
     long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;

@@ -1,6 +1,7 @@
 #include "platform/WebBrowser.h"
 
 #include "platform/Doors.h"
+#include "platform/LongWork.h"
 #include "platform/WebEngine.h"
 
 #include <QAction>
@@ -180,6 +181,7 @@ void WebBrowser::wait(QEventLoop& loop, int milliseconds)
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     timer.start(milliseconds);
     ++operationsWaiting;
+    const LongWork signs;
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     --operationsWaiting;
     if (!self)

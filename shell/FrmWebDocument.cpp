@@ -2,6 +2,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Files.h"
+#include "platform/LongWork.h"
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"
@@ -20,6 +21,9 @@ const QString FileFilter = QStringLiteral("HTML Files (*.htm)|*.htm|Text files (
 /// What the source box holds after a visit to the design surface when the user has written nothing yet.
 constexpr char BlankDocument[] =
     "<HEAD>\r\n<META content=\"Brindlemark 1.0\" name=GENERATOR></HEAD>\r\n<BODY></BODY>";
+
+/// What takes about a second to open, in bytes.
+constexpr qint64 LongFile = 50'000'000;
 
 /// The name of the file at `path` without its folder; empty when no file lies there.
 QString bareName(const QString& path)
@@ -211,6 +215,9 @@ void FrmWeb::openFile(const QString& path)
     Text2 = path;
     try {
         const WaitCursor hourglass;
+        LongWork work;
+        if (QFileInfo(path).size() >= LongFile)
+            work.announce();
         RichTextBox1->load(readFile(Text2));
     } catch (const RuntimeError&) {
         RichTextBox1->load(QByteArray());

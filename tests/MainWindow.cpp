@@ -18,6 +18,8 @@ MainWindow::MainWindow() : web(form<FrmWeb>())
 
 MainWindow::~MainWindow()
 {
+    if (QGuiApplication::overrideCursor())
+        QTest::qFail("an hourglass was left behind", __FILE__, __LINE__);
     unloadAll();
 }
 

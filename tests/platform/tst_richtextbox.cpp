@@ -208,6 +208,9 @@ private slots:
     void noDropWhileAHandlerRuns();
     void droppedFileWaitsForHandlers();
 
+    void hourglassOverLongTexts_data();
+    void hourglassOverLongTexts();
+
     void agreesWithModel_data();
     void agreesWithModel();
 
@@ -1246,6 +1249,50 @@ void TestRichTextBox::droppedFileWaitsForHandlers()
         QCOMPARE(told.size(), 0);
     });
     QCOMPARE(told.size(), 1);
+}
+
+// Long texts -----------------------------------------------------------------------------------------------
+
+void TestRichTextBox::hourglassOverLongTexts_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("short") << 1000 << false;
+    QTest::newRow("long") << 10'000'000 << true;
+}
+
+/// It stands while the text changes, and for no longer.
+void TestRichTextBox::hourglassOverLongTexts()
+{
+    QFETCH(int, length);
+    QFETCH(bool, expected);
+    ScriptedDoors script;
+    RichTextBox box;
+    QByteArray line("<P>line\r\n");
+    const QByteArray text = line.repeated(length / line.size());
+    int changes = 0;
+    int hourglasses = 0;
+    connect(&box, &RichTextBox::Change, &box, [&] {
+        ++changes;
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        hourglasses += cursor && cursor->shape() == Qt::WaitCursor;
+    });
+    const auto after = [&](const char* step, const std::function<void()>& change) {
+        change();
+        QVERIFY2(changes == 1, step);
+        QVERIFY2(hourglasses == (expected ? 1 : 0), step);
+        QVERIFY2(!QGuiApplication::overrideCursor(), step);
+        changes = hourglasses = 0;
+    };
+    after("load", [&] { box.load(text); });
+    box.selectAll();
+    after("cut", [&] { QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier); });
+    after("undo", [&] { QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier); });
+    after("paste", [&] { QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier); });
+    after("undo", [&] { QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier); });
+    QCOMPARE(box.Text().size(), text.size());
+    QCOMPARE(box.Find("not there"), -1);
+    QVERIFY(!QGuiApplication::overrideCursor());
 }
 
 // All together --------------------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
 #include "ScriptedDoors.h"
 #include "WebServer.h"
 #include "WebTestMain.h"
+#include "platform/Wait.h"
 #include "platform/WebBrowser.h"
 
 #include <QAction>
@@ -81,6 +82,11 @@ bool drop(const WebBrowser& browser, const QMimeData& dragged)
     return drop.isAccepted();
 }
 
+bool signWindowStands()
+{
+    return isLoaded<Wait>() && form<Wait>()->isVisible();
+}
+
 /// A sample, not shown.
 class Sample : public WebBrowser
 {
@@ -145,6 +151,9 @@ private slots:
     void navigationAndWrite();
     void addresses();
     void zoom();
+    void signsOfALateAnswer_data();
+    void signsOfALateAnswer();
+    void signsGoWithTheControl();
     void severalAtOnce();
     void samplesShowTheLastPage();
     void samplesRunNoScripts();
@@ -914,6 +923,64 @@ void TestWebBrowser::zoom()
     browser.setZoomLevel(-1);
     QCOMPARE(browser.zoomLevel(), 0);
     QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("0.6"));
+}
+
+void TestWebBrowser::signsOfALateAnswer_data()
+{
+    QTest::addColumn<int>("late"); // ms; 0 without end
+    QTest::addColumn<bool>("answered");
+    QTest::newRow("late") << 1500 << true;
+    QTest::newRow("never") << 0 << false;
+    QTest::newRow("not after the renderer's end") << -1 << false;
+}
+
+/// While a page is waited for, the hourglass stands, after a while also the window with the bar; both go with
+/// the wait, whatever its end.
+void TestWebBrowser::signsOfALateAnswer()
+{
+    QFETCH(int, late);
+    QFETCH(bool, answered);
+    Surface surface(QStringLiteral("<P>page"));
+    surface.setPatience(late > 0 ? 30000 : 1500);
+    bool hourglass = false;
+    bool window = false;
+    QTimer look;
+    connect(&look, &QTimer::timeout, &look, [&] {
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        hourglass = hourglass || (cursor && cursor->shape() == Qt::WaitCursor);
+        window = window || signWindowStands();
+        if (window && late < 0) {
+            look.stop();
+            endRenderer(surface);
+        }
+    });
+    look.start(10);
+    const QString script =
+        late > 0 ? QStringLiteral("for (const end = Date.now() + %1; Date.now() < end;); 7").arg(late)
+                 : QStringLiteral("for (;;);");
+    QCOMPARE(surface.evaluate(script).has_value(), answered);
+    QVERIFY(hourglass);
+    QVERIFY(window);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!signWindowStands());
+    QVERIFY(surface.write(QStringLiteral("x")));
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void TestWebBrowser::signsGoWithTheControl()
+{
+    auto* surface = new Surface(QStringLiteral("<P>page"));
+    QTimer look;
+    connect(&look, &QTimer::timeout, &look, [&] {
+        if (!signWindowStands())
+            return;
+        look.stop();
+        delete surface;
+    });
+    look.start(10);
+    QVERIFY_EXCEPTION_THROWN(surface->evaluate(QStringLiteral("for (;;);")), SurfaceLost);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!signWindowStands());
 }
 
 void TestWebBrowser::severalAtOnce()

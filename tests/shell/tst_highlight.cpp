@@ -2,9 +2,9 @@
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
 #include "platform/RichTextBox.h"
+#include "platform/Wait.h"
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
-#include "shell/Wait.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -168,6 +168,7 @@ private slots:
     void highlightStepByStep();
     void unhighlightStepByStep();
     void waitWindow();
+    void eventsAreServedDuringTheWork();
     void scriptsAreOrange();
     void colorsStayOutOfTheFile();
     void highlightMakesTheDocumentDirty();
@@ -415,6 +416,18 @@ void TestHighlight::waitWindow()
     QCOMPARE(texts, QStringList{"Please wait. . ."});
     QCOMPARE(family, QStringLiteral("Comic Sans MS"));
     QVERIFY(onTop);
+}
+
+/// So that windows repaint and the bar of the window moves.
+void TestHighlight::eventsAreServedDuringTheWork()
+{
+    RichTextBox box;
+    box.setText("<b>x");
+    bool served = false;
+    QTimer::singleShot(0, &box, [&] { served = true; });
+    highlight(box, {.tags = 1, .values = 1, .comments = 1, .scripts = 1, .text = 1});
+    QVERIFY(served);
+    QVERIFY(!QGuiApplication::overrideCursor());
 }
 
 void TestHighlight::scriptsAreOrange()
