@@ -104,19 +104,17 @@ private:
     void beginDrag()
     {
         const QString id = window();
-        const auto isReady = [&] {
+        // On a busy machine the window can come late under the mouse: takes hold until it has it.
+        const auto isHeld = [&] {
+            releaseMouse();
             xdotool({QStringLiteral("windowactivate"), id});
             xdotool({QStringLiteral("windowmove"), id, QStringLiteral("1150"), QStringLiteral("500")});
-            return xdotool({QStringLiteral("getactivewindow")}) == id &&
-                   xdotool({QStringLiteral("getwindowgeometry"), id})
-                       .contains(QStringLiteral("Position: 11"));
+            xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), id, QStringLiteral("60"),
+                     QStringLiteral("40")});
+            pressMouse();
+            return QTest::qWaitFor([&] { return told().contains(QStringLiteral("held")); }, 1000);
         };
-        if (!QTest::qWaitFor(isReady, Patience))
-            QTest::qFail("the other program's window does not come to its place", __FILE__, __LINE__);
-        xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), id, QStringLiteral("60"),
-                 QStringLiteral("40")});
-        pressMouse();
-        if (!QTest::qWaitFor([&] { return told().contains(QStringLiteral("held")); }, Patience))
+        if (!QTest::qWaitFor(isHeld, Patience))
             QTest::qFail("the other program's window is not under the mouse", __FILE__, __LINE__);
         xdotool({QStringLiteral("mousemove_relative"), QStringLiteral("--"), QStringLiteral("-30"),
                  QStringLiteral("-20")});
