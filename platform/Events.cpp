@@ -44,9 +44,14 @@ QString kept()
 
 } // namespace
 
+bool handlersRun()
+{
+    return runningHandlers > 0;
+}
+
 void whenHandlersReturn(std::function<void()> action)
 {
-    if (runningHandlers == 0) {
+    if (!handlersRun()) {
         action();
     } else {
         waitingActions().push_back(std::move(action));

@@ -18,6 +18,9 @@ void keepOnFatal(std::function<QString()> keep);
 /// put out of use lives until then, also where a handler further out still waits in an event loop of its own.
 void whenHandlersReturn(std::function<void()> action);
 
+/// True while a handler runs, also while it waits in an event loop of its own.
+bool handlersRun();
+
 /// Runs a handler's body. The only place that catches what leaves a handler: an exception must not travel
 /// through the toolkit's own frames.
 void guarded(const std::function<void()>& body);

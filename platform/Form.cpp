@@ -40,7 +40,8 @@ void Form::Show()
         show();
     }
     raise();
-    activateWindow();
+    if (!testAttribute(Qt::WA_ShowWithoutActivating))
+        activateWindow();
 }
 
 void Form::placeOverFrontWindow()

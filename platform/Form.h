@@ -14,8 +14,8 @@ class Form : public QWidget
 public:
     explicit Form(QWidget* parent = nullptr);
 
-    /// Shows the window in front of the others and gives it the keyboard; the first time over the middle of
-    /// the window that is in front.
+    /// Shows the window in front of the others and gives it the keyboard, unless it is shown without being
+    /// activated; the first time over the middle of the window that is in front.
     void Show();
     /// Hides the window; its state stays.
     void Hide();

@@ -2,17 +2,20 @@
 
 #include "platform/ColorNumber.h"
 #include "platform/Doors.h"
+#include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
 #include <QContextMenuEvent>
+#include <QFileInfo>
 #include <QFontInfo>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QPointer>
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -73,6 +76,17 @@ bool isEditingKey(const QKeyEvent& key)
 void dropRectangleKeys(QMouseEvent* event)
 {
     event->setModifiers(event->modifiers() & ~(Qt::ControlModifier | Qt::AltModifier));
+}
+
+/// The first file that can be opened among what is dragged; empty when there is none. Folders and addresses
+/// of the internet are none.
+QString firstFile(const QMimeData& dragged)
+{
+    for (const QUrl& url : dragged.urls()) {
+        if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile())
+            return url.toLocalFile();
+    }
+    return {};
 }
 
 QString withWindowsLineEnds(QString text)
@@ -183,6 +197,14 @@ long RichTextBox::send(unsigned message, qsizetype first, qsizetype second) cons
     return SendScintilla(message, static_cast<unsigned long>(first), static_cast<long>(second));
 }
 
+std::unique_ptr<WaitCursor> RichTextBox::hourglass(qsizetype length) const
+{
+    constexpr qsizetype LongText = 4'000'000; // bytes
+    // A walk over the text makes thousands of calls: one hourglass is enough.
+    const bool wanted = std::max(length, innerLength()) >= LongText && !QGuiApplication::overrideCursor();
+    return wanted ? std::make_unique<WaitCursor>() : nullptr;
+}
+
 // The text ------------------------------------------------------------------------------------------------
 
 /// The whole text as the component holds it; valid until the next edit.
@@ -237,6 +259,7 @@ qsizetype RichTextBox::fromInner(qsizetype position) const
 
 QByteArray RichTextBox::Text() const
 {
+    const auto signs = hourglass();
     return fromInner(innerText());
 }
 
@@ -247,6 +270,7 @@ void RichTextBox::setText(const QByteArray& text)
 
 void RichTextBox::setText(const QByteArray& text, TextEncoding encoding)
 {
+    const auto signs = hourglass(text.size());
     Step step(this);
     UndoGroup group(this);
     setEncoding(encoding);
@@ -258,6 +282,7 @@ void RichTextBox::setText(const QByteArray& text, TextEncoding encoding)
 
 void RichTextBox::load(const QByteArray& text)
 {
+    const auto signs = hourglass(text.size());
     Step step(this);
     send(SCI_SETUNDOCOLLECTION, 0);
     setText(text);
@@ -336,6 +361,7 @@ QByteArray RichTextBox::SelText() const
 
 void RichTextBox::setSelText(const QByteArray& text)
 {
+    const auto signs = hourglass(text.size());
     Step step(this);
     const Range replaced = innerSelection();
     const QByteArray inserted = toInner(text);
@@ -372,12 +398,28 @@ void RichTextBox::setSelLength(int length)
 
 void RichTextBox::setSelColor(int color)
 {
-    const Range range = innerSelection();
+    constexpr int black = 0; // the text's own colour
+    paintColor(innerSelection(), color == black ? 0 : SC_INDICVALUEBIT | (color & SC_INDICVALUEMASK));
+}
+
+void RichTextBox::paintColor(Range range, int value)
+{
     if (range.length == 0)
         return;
-    constexpr int black = 0; // the text's own colour
-    send(SCI_SETINDICATORVALUE, SC_INDICVALUEBIT | (color & SC_INDICVALUEMASK));
-    send(color == black ? SCI_INDICATORCLEARRANGE : SCI_INDICATORFILLRANGE, range.start, range.length);
+    send(SCI_SETINDICATORVALUE, value);
+    send(value == 0 ? SCI_INDICATORCLEARRANGE : SCI_INDICATORFILLRANGE, range.start, range.length);
+}
+
+std::vector<RichTextBox::ColorRun> RichTextBox::colorsIn(Range range) const
+{
+    std::vector<ColorRun> runs;
+    for (qsizetype at = range.start; at < range.end();) {
+        const qsizetype runEnd = send(SCI_INDICATOREND, ColorIndicator, at);
+        const qsizetype end = runEnd > at ? std::min(runEnd, range.end()) : range.end();
+        runs.push_back({{at, end - at}, static_cast<int>(send(SCI_INDICATORVALUEAT, ColorIndicator, at))});
+        at = end;
+    }
+    return runs;
 }
 
 int RichTextBox::colorAt(int position) const
@@ -388,6 +430,7 @@ int RichTextBox::colorAt(int position) const
 
 int RichTextBox::Find(const QByteArray& text, int start, int end, int options)
 {
+    const auto signs = hourglass();
     const qsizetype from = start < 0 ? innerSelection().start : toInner(qsizetype{start});
     const qsizetype to = end < 0 ? innerLength() : toInner(qsizetype{end});
     const TextSearch search(toInner(text), options);
@@ -486,6 +529,7 @@ void RichTextBox::onUpdate()
 
 void RichTextBox::run(unsigned command)
 {
+    const auto signs = hourglass();
     Step step(this);
     send(command);
 }
@@ -509,6 +553,7 @@ void RichTextBox::cut()
 
 void RichTextBox::copy()
 {
+    const auto signs = hourglass();
     if (SelLength() > 0)
         doors().setClipboard(selectionData());
 }
@@ -741,39 +786,92 @@ void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
     QsciScintillaBase::mouseDoubleClickEvent(event);
 }
 
-/// Files are left to the window.
 void RichTextBox::dragEnterEvent(QDragEnterEvent* event)
 {
-    if (event->mimeData()->hasText() && !event->mimeData()->hasUrls())
-        QsciScintillaBase::dragEnterEvent(event);
+    RichTextBox::dragMoveEvent(event);
+}
+
+void RichTextBox::dragMoveEvent(QDragMoveEvent* event)
+{
+    answerDrag(event);
+    if (event->isAccepted() && !event->mimeData()->hasUrls())
+        QsciScintillaBase::dragMoveEvent(event); // shows where the text would go
+}
+
+/// Tells the pointer whether a drop would be taken. A file is copied whatever is proposed: who moves one
+/// deletes it where it was.
+void RichTextBox::answerDrag(QDropEvent* event)
+{
+    const QMimeData* dragged = event->mimeData();
+    if (handlersRun()) { // a question stands before the user, or the text is about to be replaced
+        event->ignore();
+    } else if (dragged->hasUrls()) {
+        event->setDropAction(Qt::CopyAction);
+        event->setAccepted(event->possibleActions() & Qt::CopyAction && !firstFile(*dragged).isEmpty());
+    } else if (dragged->hasText()) {
+        event->acceptProposedAction();
+    } else {
+        event->ignore();
+    }
+}
+
+void RichTextBox::dropEvent(QDropEvent* event)
+{
+    answerDrag(event);
+    if (!event->isAccepted())
+        return;
+    if (event->mimeData()->hasUrls()) {
+        // The program that the file comes from waits for the drop's end, not for what the user is asked then.
+        QTimer::singleShot(0, this, [this, path = firstFile(*event->mimeData())] {
+            whenHandlersReturn([box = QPointer<RichTextBox>(this), path] {
+                if (box)
+                    emit box->FileDropped(path);
+            });
+        });
+    } else {
+        dropText(*event);
+    }
 }
 
 /// The component's own drop ends a text at a NUL and changes line ends.
-void RichTextBox::dropEvent(QDropEvent* event)
+void RichTextBox::dropText(const QDropEvent& event)
 {
     Step step(this);
     QDragLeaveEvent leave;
     QsciScintillaBase::dragLeaveEvent(&leave); // takes the drop caret away
-    const QPoint point = event->position().toPoint();
-    const bool move = event->source() == this && event->dropAction() == Qt::MoveAction;
-    dropAt(send(SCI_POSITIONFROMPOINT, point.x(), point.y()), insertable(event->mimeData()), move);
-    event->accept();
+    const QPoint point = event.position().toPoint();
+    const qsizetype position = send(SCI_POSITIONFROMPOINT, point.x(), point.y());
+    if (event.source() == this) {
+        dropSelectionAt(position, event.dropAction() == Qt::MoveAction);
+    } else {
+        dropAt(position, insertable(event.mimeData()));
+    }
 }
 
-/// Inserts a text at one of the component's positions and selects it; a move takes the selection away. A
-/// selection that is moved into itself stays where it is.
-void RichTextBox::dropAt(qsizetype position, const QByteArray& text, bool move)
+/// Inserts a text at one of the component's positions and selects it.
+void RichTextBox::dropAt(qsizetype position, const QByteArray& text)
+{
+    UndoGroup group(this);
+    const QByteArray inserted = toInner(text);
+    replaceInner({position, 0}, inserted);
+    selectInner({position, inserted.size()});
+}
+
+/// Moves or copies the selection with its colours. One that is moved into itself stays where it is.
+void RichTextBox::dropSelectionAt(qsizetype position, bool move)
 {
     const Range selected = innerSelection();
     if (move && position >= selected.start && position <= selected.end())
         return;
+    const QByteArray text = SelText();
+    const std::vector<ColorRun> colors = colorsIn(selected);
     UndoGroup group(this);
     if (move)
         replaceInner(selected, {});
     const qsizetype target = move && position > selected.start ? position - selected.length : position;
-    const QByteArray inserted = toInner(text);
-    replaceInner({target, 0}, inserted);
-    selectInner({target, inserted.size()});
+    dropAt(target, text);
+    for (const ColorRun& run : colors)
+        paintColor({target + run.range.start - selected.start, run.range.length}, run.value);
 }
 
 void RichTextBox::contextMenuEvent(QContextMenuEvent* event)

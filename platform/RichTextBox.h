@@ -2,6 +2,7 @@
 
 #include "platform/TextEncoding.h"
 #include "platform/TextSearch.h"
+#include "platform/WaitCursor.h"
 
 #include <Qsci/qsciscintillabase.h>
 
@@ -10,6 +11,7 @@
 #include <QMimeData>
 #include <QTimer>
 #include <memory>
+#include <vector>
 
 class QLabel;
 
@@ -106,6 +108,8 @@ signals:
     void Click();
     /// A key (a Qt::Key) was released.
     void KeyUp(int key);
+    /// A file was dropped on the box, the first of several. Comes once the drag is over.
+    void FileDropped(const QString& path);
 
 protected:
     bool event(QEvent* event) override;
@@ -120,6 +124,7 @@ protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
@@ -139,6 +144,17 @@ private:
         bool operator==(const Range&) const = default;
     };
 
+    /// A stretch of one colour, as the component holds it: 0 where none was set.
+    struct ColorRun
+    {
+        Range range;
+        int value = 0;
+    };
+
+    /// The hourglass, if the work is on so much text that a person sees it take time; the length of the text
+    /// in the box, or one that is given, decides.
+    std::unique_ptr<WaitCursor> hourglass(qsizetype length = 0) const;
+
     /// The component's messages with two numbers.
     long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
 
@@ -155,6 +171,8 @@ private:
     void selectInner(Range range);
     void replaceInner(Range range, const QByteArray& text);
     void setEncoding(TextEncoding encoding);
+    std::vector<ColorRun> colorsIn(Range range) const;
+    void paintColor(Range range, int value);
     void scrollToCaretSoon();
     void scrollToCaret();
 
@@ -174,7 +192,10 @@ private:
     QByteArray insertable(const QMimeData* source) const;
     std::unique_ptr<QMimeData> selectionData() const;
     bool leave(bool next);
-    void dropAt(qsizetype position, const QByteArray& text, bool move);
+    void answerDrag(QDropEvent* event);
+    void dropText(const QDropEvent& event);
+    void dropAt(qsizetype position, const QByteArray& text);
+    void dropSelectionAt(qsizetype position, bool move);
     bool isHeld(const QString& text) const;
     bool runStandardKey(QKeyEvent* event);
     void runComponentKey(QKeyEvent* event);

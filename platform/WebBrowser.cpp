@@ -1,10 +1,12 @@
 #include "platform/WebBrowser.h"
 
 #include "platform/Doors.h"
+#include "platform/LongWork.h"
 #include "platform/WebEngine.h"
 
 #include <QAction>
 #include <QDeadlineTimer>
+#include <QDropEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -179,6 +181,7 @@ void WebBrowser::wait(QEventLoop& loop, int milliseconds)
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     timer.start(milliseconds);
     ++operationsWaiting;
+    const LongWork signs;
     loop.exec(QEventLoop::ExcludeUserInputEvents);
     --operationsWaiting;
     if (!self)
@@ -586,10 +589,27 @@ bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
         if (actOnKey(*static_cast<QKeyEvent*>(event)))
             return true;
         break;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        if (!takesDrop(*static_cast<QDropEvent*>(event))) {
+            event->ignore();
+            return true;
+        }
+        break;
     default:
         break;
     }
     return QWidget::eventFilter(watched, event);
+}
+
+/// A design surface is edited by dragging too. From elsewhere it takes text, but no files and addresses; all
+/// other pages are to be looked at.
+bool WebBrowser::takesDrop(const QDropEvent& event) const
+{
+    if (m_kind != WebPage::Kind::Document || m_designMode == DesignMode::Off)
+        return false;
+    return event.source() == m_view || (event.mimeData()->hasText() && !event.mimeData()->hasUrls());
 }
 
 void WebBrowser::wakeCaret()

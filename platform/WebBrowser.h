@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 
+class QDropEvent;
 class QEventLoop;
 class QKeyEvent;
 class QWebEngineHistoryItem;
@@ -187,6 +188,7 @@ private:
     bool takesKey(const QKeyEvent& key) const;
     bool isLinkKey(const QKeyEvent& key) const;
     bool actOnKey(const QKeyEvent& key);
+    bool takesDrop(const QDropEvent& event) const;
     void wakeCaret();
     void renewCaret();
 

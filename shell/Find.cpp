@@ -2,6 +2,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "platform/WaitCursor.h"
 #include "services/Desktop.h"
 #include "shell/FrmWeb.h"
 
@@ -38,6 +39,13 @@ QByteArray replacedEverywhere(const QByteArray& text, const QByteArray& find, co
         done = hit + find.size();
     }
     return result.append(text.constData() + done, text.size() - done);
+}
+
+void replaceEverywhere(RichTextBox& source, const QString& find, const QString& with)
+{
+    const WaitCursor hourglass;
+    const QByteArray text = replacedEverywhere(source.Text(), source.encode(find), source.encode(with));
+    source.setText(text, source.textEncoding());
 }
 
 } // namespace
@@ -159,8 +167,6 @@ void Find::Command6_Click()
     const QString with = Text2->Text();
     if (find.isEmpty() || with.isEmpty())
         return;
-    RichTextBox& source = sourceBox();
-    const QByteArray text = replacedEverywhere(source.Text(), source.encode(find), source.encode(with));
-    source.setText(text, source.textEncoding());
+    replaceEverywhere(sourceBox(), find, with);
     MsgBox(QStringLiteral("''") + with + QStringLiteral("'' - Done replacing."), QStringLiteral("Search"));
 }

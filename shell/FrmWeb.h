@@ -96,6 +96,9 @@ private:
     void RichTextBox1_SelChange();
     void RichTextBox1_Click();
     void RichTextBox1_KeyUp();
+    void RichTextBox1_FileDropped(const QString& path);
+    bool giveUpDocument();
+    void openFile(const QString& path);
     void emptyDocument();
     void setCaption(const QString& name);
     std::optional<QByteArray> FetchSource();

@@ -2,6 +2,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Files.h"
+#include "platform/LongWork.h"
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"
@@ -20,6 +21,9 @@ const QString FileFilter = QStringLiteral("HTML Files (*.htm)|*.htm|Text files (
 /// What the source box holds after a visit to the design surface when the user has written nothing yet.
 const QByteArray BlankDocument =
     QByteArray("<HEAD>\r\n") + GeneratorStart + "name=GENERATOR></HEAD>\r\n<BODY></BODY>";
+
+/// What takes about a second to open, in bytes.
+constexpr qint64 LongFile = 50'000'000;
 
 /// The name of the file at `path` without its folder; empty when no file lies there.
 QString bareName(const QString& path)
@@ -165,18 +169,26 @@ void FrmWeb::MnNew_Click()
     UpdateRegionButtons(*this);
 }
 
-void FrmWeb::MnOpen_Click()
+/// Asks whether to save before another file takes the document's place. False: the user stays with it.
+bool FrmWeb::giveUpDocument()
 {
     if (Dirty)
         Checksafe();
     if (SaveCancelled)
-        return;
-    if (SaveDeclined) { // the old document is given up even if the dialog is cancelled now
+        return false;
+    if (SaveDeclined) { // the old document is given up even if no other comes
         emptyDocument();
         writeSurface(WebBrowser1, QString());
         writeSurface(WebBrowser3, QString());
         UpdateRegionButtons(*this);
     }
+    return true;
+}
+
+void FrmWeb::MnOpen_Click()
+{
+    if (!giveUpDocument())
+        return;
     CommonDialog dialog;
     dialog.CancelError = true;
     dialog.DialogTitle = QStringLiteral("Open As Files");
@@ -187,12 +199,25 @@ void FrmWeb::MnOpen_Click()
     } catch (const RuntimeError&) {
         return;
     }
-    if (dialog.FileName.isEmpty())
-        return;
+    if (!dialog.FileName.isEmpty())
+        openFile(dialog.FileName);
+}
 
-    Text2 = dialog.FileName;
+void FrmWeb::RichTextBox1_FileDropped(const QString& path)
+{
+    activateWindow(); // the window that the file comes from is in front
+    if (giveUpDocument())
+        openFile(path);
+}
+
+void FrmWeb::openFile(const QString& path)
+{
+    Text2 = path;
     try {
         const WaitCursor hourglass;
+        LongWork work;
+        if (QFileInfo(path).size() >= LongFile)
+            work.announce();
         RichTextBox1->load(readFile(Text2));
     } catch (const RuntimeError&) {
         RichTextBox1->load(QByteArray());

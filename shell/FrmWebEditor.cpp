@@ -4,11 +4,11 @@
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
+#include "platform/Wait.h"
 #include "services/Desktop.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
-#include "shell/Wait.h"
 
 namespace {
 

@@ -3,6 +3,7 @@
 #include "platform/AppPath.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "platform/LongWork.h"
 #include "services/Desktop.h"
 #include "services/Profile.h"
 
@@ -76,6 +77,7 @@ void FrmWord::Command2_Click()
     }
     if (!confirmed(QStringLiteral("Are you sure you wish delete it ?")))
         return;
+    const LongWork signs;
     EventYield events;
     for (int i = 0; i < List1->ListCount();) {
         if (List1->Selected(i)) {
@@ -102,6 +104,7 @@ void FrmWord::Command3_Click()
 template <typename Use>
 void FrmWord::useSelected(Use use)
 {
+    const LongWork signs;
     EventYield events;
     for (int i = 0; i < List1->ListCount() && !isUnloaded();) {
         if (List1->Selected(i)) {

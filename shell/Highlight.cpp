@@ -1,5 +1,6 @@
 #include "shell/Highlight.h"
 
+#include "platform/LongWork.h"
 #include "platform/RichTextBox.h"
 
 #include <array>
@@ -30,12 +31,15 @@ void colorRange(RichTextBox& box, int start, int length, int color)
     box.setSelColor(color);
 }
 
-void run(RichTextBox& box, const Pass& pass, int color)
+/// Tells `progress` how far it is in the text.
+template <typename Progress>
+void run(RichTextBox& box, const Pass& pass, int color, Progress progress)
 {
     int close = 0;
     for (int open = box.Find(pass.opening, 0); open != -1; open = box.Find(pass.opening, open + 1)) {
         if (close != -1 && close < open + 2) // a closing text further on still is the next one
             close = box.Find(pass.closing, open + 2);
+        progress(open);
         // Without a closing text the length is negative, or a few characters at the very start of the text.
         const int length = close - open + pass.extraLength;
         if (length >= 0)
@@ -51,9 +55,14 @@ void highlight(RichTextBox& box, const HighlightColors& colors)
     const int caret = box.SelStart();
     if (colors.text)
         colorRange(box, 0, WorkingSelection, *colors.text);
-    for (const Pass& pass : Passes) {
-        if (const std::optional<int> color = colors.*pass.color)
-            run(box, pass, *color);
+    LongWork work;
+    const auto length = static_cast<double>(box.Text().size());
+    for (size_t i = 0; i < Passes.size(); ++i) {
+        const auto done = [&](int position) {
+            work.progress((static_cast<double>(i) + position / length) / Passes.size());
+        };
+        if (const std::optional<int> color = colors.*Passes[i].color)
+            run(box, Passes[i], *color, done);
     }
     box.setSelStart(caret);
 }

@@ -1,8 +1,10 @@
 #include "MainWindow.h"
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QSignalSpy>
 #include <QTest>
 #include <QToolBar>
@@ -16,6 +18,8 @@ MainWindow::MainWindow() : web(form<FrmWeb>())
 
 MainWindow::~MainWindow()
 {
+    if (QGuiApplication::overrideCursor())
+        QTest::qFail("an hourglass was left behind", __FILE__, __LINE__);
     unloadAll();
 }
 
@@ -78,6 +82,22 @@ void MainWindow::open(const QString& path)
 {
     doors.answerOpen(path);
     press(2);
+}
+
+void MainWindow::drop(const QString& path) const
+{
+    QMimeData dragged;
+    dragged.setUrls({QUrl::fromLocalFile(path)});
+    QWidget* box = web->RichTextBox1->viewport();
+    const QPoint place = box->rect().center();
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
+    QDragEnterEvent enter(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QSignalSpy dropped(web->RichTextBox1, &RichTextBox::FileDropped);
+    QApplication::sendEvent(box, &enter);
+    QApplication::sendEvent(box, &drop);
+    if (!enter.isAccepted() || !drop.isAccepted() || !QTest::qWaitFor([&] { return !dropped.isEmpty(); }))
+        QTest::qFail("the drop is not taken", __FILE__, __LINE__);
 }
 
 void MainWindow::saveAs(const QString& path)

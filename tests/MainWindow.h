@@ -31,6 +31,8 @@ public:
 
     /// Takes `path` in the open dialog.
     void open(const QString& path);
+    /// Drops a file on the source box, as it comes from a file manager.
+    void drop(const QString& path) const;
     /// Takes `path` in the Save As dialog; the file must not exist yet.
     void saveAs(const QString& path);
 

@@ -2,6 +2,7 @@
 
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QTest>
 
 namespace {
@@ -128,6 +129,8 @@ QStringList ScriptedDoors::takeAsked()
 ScriptedDoors::Answer ScriptedDoors::next(const QString& dialog, const QString& record)
 {
     asked << record;
+    if (QGuiApplication::overrideCursor())
+        QTest::qFail(qPrintable(QStringLiteral("the hourglass stands over ") + record), __FILE__, __LINE__);
     if (m_script.isEmpty() || m_script.constFirst().dialog != dialog) {
         QTest::qFail(qPrintable(QStringLiteral("nobody expected ") + record), __FILE__, __LINE__);
         return {.dialog = dialog, .cancelled = true, .button = MsgAnswer::Cancel};

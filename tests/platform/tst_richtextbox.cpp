@@ -1,20 +1,35 @@
 #include "ScriptedDoors.h"
+#include "platform/Events.h"
 #include "platform/RichTextBox.h"
 #include "platform/RuntimeError.h"
 
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QDropEvent>
+#include <QFile>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QUrl>
 #include <QVBoxLayout>
 
 namespace {
+
+/// Whether a drop was taken, and for what.
+struct DropAnswer
+{
+    bool taken = false;
+    Qt::DropAction action = Qt::IgnoreAction;
+};
 
 /// A shown box with the keyboard, and the record of what it tells.
 class Fixture : public QWidget
@@ -87,15 +102,27 @@ public:
         QTest::mouseRelease(box.viewport(), Qt::LeftButton, keys, at(to));
     }
 
-    bool drop(const QMimeData& dropped, int position)
+    /// Drags something from another program over the box and drops it there if the box says that it takes it.
+    /// The first of what is offered is what the other program proposes.
+    DropAnswer drop(const QMimeData& dropped, int position,
+                    const QList<Qt::DropAction>& offered = {Qt::CopyAction})
     {
-        QDragEnterEvent enter(at(position), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(box.viewport(), &enter);
-        if (!enter.isAccepted())
-            return false;
-        QDropEvent event(at(position), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(box.viewport(), &event);
-        return event.isAccepted();
+        Qt::DropActions actions;
+        for (const Qt::DropAction action : offered)
+            actions |= action;
+        QDragEnterEvent enter(at(0), actions, &dropped, Qt::LeftButton, Qt::NoModifier);
+        QDragMoveEvent move(at(position), actions, &dropped, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent drop(at(position), actions, &dropped, Qt::LeftButton, Qt::NoModifier);
+        for (QDropEvent* event : std::initializer_list<QDropEvent*>{&enter, &move, &drop}) {
+            event->setDropAction(offered.first());
+            QApplication::sendEvent(box.viewport(), event);
+            if (!event->isAccepted()) {
+                QDragLeaveEvent leave;
+                QApplication::sendEvent(box.viewport(), &leave);
+                return {};
+            }
+        }
+        return {true, drop.dropAction()};
     }
 
     QLineEdit before, after;
@@ -173,10 +200,22 @@ private slots:
     void emptySelectionLeavesTheClipboard();
     void dropOfText();
     void dropOfOwnTextKeepsBytes();
-    void dropOfFilesIsLeftToTheWindow();
+    void dropIsAStepOfItsOwn();
+    void colorsMoveAlongWithADrop();
+    void dropOfAFile_data();
+    void dropOfAFile();
+    void dropOfNoText();
+    void noDropWhileAHandlerRuns();
+    void droppedFileWaitsForHandlers();
+
+    void hourglassOverLongTexts_data();
+    void hourglassOverLongTexts();
 
     void agreesWithModel_data();
     void agreesWithModel();
+
+private:
+    QTemporaryDir m_files; // to be dropped
 };
 
 // The text ------------------------------------------------------------------------------------------------
@@ -1053,15 +1092,15 @@ void TestRichTextBox::dropOfText()
     f.select(0, 2);
     QMimeData data;
     data.setText(QStringLiteral("a\nő"));
-    QVERIFY(f.drop(data, 5));
+    QVERIFY(f.drop(data, 5).taken);
     QCOMPARE(f.box.Text(), QByteArray("01234a\r\n\xC5\x91"
                                       "56789"));
     QCOMPARE(f.told(), QStringLiteral("Change, Sel 5+5"));
-    f.box.undo();
+    QTest::keyClick(&f.box, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(f.box.Text(), QByteArray("0123456789"));
 
     f.start("0123456789\xE9");
-    QVERIFY(f.drop(data, 5));
+    QVERIFY(f.drop(data, 5).taken);
     QCOMPARE(f.box.Text(), QByteArray("01234a\r\n&#337;56789\xE9"));
 }
 
@@ -1073,19 +1112,190 @@ void TestRichTextBox::dropOfOwnTextKeepsBytes()
     f.box.selectAll();
     f.box.copy(); // a drag carries the same
     f.start("0123456789");
-    QVERIFY(f.drop(*script.clipboard(), 5));
+    QVERIFY(f.drop(*script.clipboard(), 5).taken);
     QCOMPARE(f.box.Text(), QByteArray("01234a\0\n\rb56789", 15));
 }
 
-void TestRichTextBox::dropOfFilesIsLeftToTheWindow()
+void TestRichTextBox::dropIsAStepOfItsOwn()
+{
+    Fixture f;
+    f.start(QByteArray());
+    QTest::keyClicks(&f.box, QStringLiteral("abc"));
+    QMimeData data;
+    data.setText(QStringLiteral("xyz"));
+    QVERIFY(f.drop(data, 3).taken); // right behind what was typed
+    f.box.setSelStart(6);
+    QTest::keyClicks(&f.box, QStringLiteral("def"));
+    QCOMPARE(f.box.Text(), QByteArray("abcxyzdef"));
+    QTest::keyClick(&f.box, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(f.box.Text(), QByteArray("abcxyz"));
+    QTest::keyClick(&f.box, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(f.box.Text(), QByteArray("abc"));
+}
+
+void TestRichTextBox::colorsMoveAlongWithADrop()
+{
+    Fixture f;
+    f.start("0123456789");
+    f.select(6, 2);
+    f.box.setSelColor(0x0000FF);
+    QMimeData data;
+    data.setText(QStringLiteral("abc"));
+    QVERIFY(f.drop(data, 2).taken);
+    QCOMPARE(f.box.Text(), QByteArray("01abc23456789"));
+    for (int i = 0; i < 13; ++i)
+        QCOMPARE(f.box.colorAt(i), i == 9 || i == 10 ? 0x0000FF : 0);
+}
+
+void TestRichTextBox::dropOfAFile_data()
+{
+    QTest::addColumn<QList<QUrl>>("dropped");
+    QTest::addColumn<QString>("opened");
+
+    QVERIFY(m_files.isValid());
+    const auto file = [this](const char* name) {
+        return QUrl::fromLocalFile(m_files.filePath(QLatin1String(name)));
+    };
+    for (const char* name : {"first.htm", "\xC5\x91 #1%20.txt"})
+        QFile(m_files.filePath(QString::fromUtf8(name))).open(QIODevice::WriteOnly);
+    const QUrl folder = QUrl::fromLocalFile(m_files.path());
+    const QUrl address(QStringLiteral("http://127.0.0.1/page.htm"));
+    const QString first = m_files.filePath(QStringLiteral("first.htm"));
+    const QString second = m_files.filePath(QString::fromUtf8("\xC5\x91 #1%20.txt"));
+
+    QTest::newRow("one") << QList{file("first.htm")} << first;
+    QTest::newRow("any letters") << QList{QUrl::fromLocalFile(second)} << second;
+    QTest::newRow("several") << QList{file("first.htm"), QUrl::fromLocalFile(second)} << first;
+    QTest::newRow("several, in the other order")
+        << QList{QUrl::fromLocalFile(second), file("first.htm")} << second;
+    QTest::newRow("behind a folder") << QList{folder, file("first.htm")} << first;
+    QTest::newRow("behind an address") << QList{address, file("first.htm")} << first;
+    QTest::newRow("behind a file that is gone") << QList{file("gone.htm"), file("first.htm")} << first;
+    QTest::newRow("folder") << QList{folder} << QString();
+    QTest::newRow("address") << QList{address} << QString();
+    QTest::newRow("file of another machine")
+        << QList{QUrl(QStringLiteral("smb://machine/page.htm"))} << QString();
+    QTest::newRow("file that is gone") << QList{file("gone.htm")} << QString();
+    QTest::newRow("device") << QList{QUrl::fromLocalFile(QStringLiteral("/dev/zero"))} << QString();
+}
+
+/// The box tells which file; the text stays as it is, and whatever is proposed, the file is only copied.
+void TestRichTextBox::dropOfAFile()
+{
+    QFETCH(QList<QUrl>, dropped);
+    QFETCH(QString, opened);
+    Fixture f;
+    f.start("0123456789");
+    QStringList told;
+    connect(&f.box, &RichTextBox::FileDropped, &f, [&told](const QString& path) { told << path; });
+    QMimeData data;
+    data.setUrls(dropped);
+    data.setText(dropped.first().toString());
+    for (const auto& offered : {QList{Qt::CopyAction}, QList{Qt::MoveAction, Qt::CopyAction, Qt::LinkAction},
+                                QList{Qt::LinkAction, Qt::CopyAction}}) {
+        const DropAnswer answer = f.drop(data, 5, offered);
+        QCOMPARE(answer.taken, !opened.isEmpty());
+        if (answer.taken)
+            QCOMPARE(answer.action, Qt::CopyAction);
+        QCOMPARE(told, QStringList()); // the drop comes to its end first
+        QCoreApplication::processEvents();
+        QCOMPARE(std::exchange(told, {}), opened.isEmpty() ? QStringList() : QStringList(opened));
+    }
+    QVERIFY(!f.drop(data, 5, {Qt::MoveAction}).taken); // nothing but a move is offered
+    QCoreApplication::processEvents();
+    QCOMPARE(told, QStringList());
+    QCOMPARE(f.box.Text(), QByteArray("0123456789"));
+    QCOMPARE(f.told(), QString());
+}
+
+void TestRichTextBox::dropOfNoText()
 {
     Fixture f;
     f.start("0123456789");
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(QStringLiteral("/tmp/page.htm"))});
-    data.setText(QStringLiteral("/tmp/page.htm"));
-    QVERIFY(!f.drop(data, 5));
+    data.setImageData(QImage(2, 2, QImage::Format_RGB32));
+    QVERIFY(!f.drop(data, 5).taken);
     QCOMPARE(f.box.Text(), QByteArray("0123456789"));
+}
+
+/// A question may stand before the user, or the text be about to be replaced.
+void TestRichTextBox::noDropWhileAHandlerRuns()
+{
+    Fixture f;
+    f.start("0123456789");
+    QMimeData text;
+    text.setText(QStringLiteral("abc"));
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile(QStringLiteral(SOURCE_DIR "/README.md"))});
+    guarded([&] {
+        QVERIFY(!f.drop(text, 5).taken);
+        QVERIFY(!f.drop(file, 5).taken);
+    });
+    QCOMPARE(f.box.Text(), QByteArray("0123456789"));
+    QVERIFY(f.drop(text, 5).taken);
+}
+
+/// A handler that has begun meanwhile comes to its end first.
+void TestRichTextBox::droppedFileWaitsForHandlers()
+{
+    Fixture f;
+    f.start("0123456789");
+    QSignalSpy told(&f.box, &RichTextBox::FileDropped);
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile(QStringLiteral(SOURCE_DIR "/README.md"))});
+    QVERIFY(f.drop(file, 5).taken);
+    guarded([&] {
+        QCoreApplication::processEvents();
+        QCOMPARE(told.size(), 0);
+    });
+    QCOMPARE(told.size(), 1);
+}
+
+// Long texts -----------------------------------------------------------------------------------------------
+
+void TestRichTextBox::hourglassOverLongTexts_data()
+{
+    QTest::addColumn<int>("length");
+    QTest::addColumn<bool>("expected");
+    QTest::newRow("short") << 1000 << false;
+    QTest::newRow("long") << 10'000'000 << true;
+}
+
+/// It stands while the text changes, and for no longer.
+void TestRichTextBox::hourglassOverLongTexts()
+{
+    QFETCH(int, length);
+    QFETCH(bool, expected);
+    ScriptedDoors script;
+    RichTextBox box;
+    QByteArray line("<P>line\r\n");
+    const QByteArray text = line.repeated(length / line.size());
+    int changes = 0;
+    int hourglasses = 0;
+    connect(&box, &RichTextBox::Change, &box, [&] {
+        ++changes;
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        hourglasses += cursor && cursor->shape() == Qt::WaitCursor;
+    });
+    const auto after = [&](const char* step, const std::function<void()>& change) {
+        change();
+        QVERIFY2(changes == 1, step);
+        QVERIFY2(hourglasses == (expected ? 1 : 0), step);
+        QVERIFY2(!QGuiApplication::overrideCursor(), step);
+        changes = hourglasses = 0;
+    };
+    after("load", [&] { box.load(text); });
+    box.selectAll();
+    box.copy();
+    box.setSelStart(0);
+    after("paste", [&] { box.paste(); });
+    after("undo", [&] { box.undo(); });
+    box.selectAll();
+    after("cut", [&] { box.cut(); });
+    after("paste", [&] { box.paste(); });
+    QCOMPARE(box.Text().size(), text.size());
+    QCOMPARE(box.Find("not there"), -1);
+    QVERIFY(!QGuiApplication::overrideCursor());
 }
 
 // All together --------------------------------------------------------------------------------------------

@@ -1,9 +1,11 @@
 #include "ScriptedDoors.h"
 #include "WebServer.h"
 #include "WebTestMain.h"
+#include "platform/Wait.h"
 #include "platform/WebBrowser.h"
 
 #include <QAction>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QImage>
 #include <QMainWindow>
@@ -48,6 +50,41 @@ bool isRefused(const QSignalSpy& status)
     return std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
         return arguments.first().toString().startsWith(QStringLiteral("Links are not followed here"));
     });
+}
+
+/// Whether a control says that it takes what is dragged over its middle. What is accepted is dragged away
+/// again.
+bool isTaken(const WebBrowser& browser, const QMimeData& dragged)
+{
+    QWidget* input = browser.inputWidget();
+    QDragEnterEvent enter(input->rect().center(), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
+                          Qt::NoModifier);
+    QApplication::sendEvent(input, &enter);
+    if (!enter.isAccepted())
+        return false;
+    QDragLeaveEvent leave;
+    QApplication::sendEvent(input->parentWidget(), &leave);
+    return true;
+}
+
+/// Drags something over a control's middle and drops it, whatever the control says of it. True: it was taken.
+bool drop(const WebBrowser& browser, const QMimeData& dragged)
+{
+    QWidget* input = browser.inputWidget();
+    const QPoint place = input->rect().center();
+    const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QDragMoveEvent move(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drop(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(input, &enter);
+    for (QEvent* event : std::initializer_list<QEvent*>{&move, &drop})
+        QApplication::sendEvent(input->parentWidget(), event);
+    return drop.isAccepted();
+}
+
+bool signWindowStands()
+{
+    return isLoaded<Wait>() && form<Wait>()->isVisible();
 }
 
 /// A sample, not shown.
@@ -103,6 +140,9 @@ private slots:
     void hiddenMethods();
     void picturesAreLoaded();
     void filesAreRefused();
+    void drops_data();
+    void drops();
+    void dropOfTextOnADesignSurface();
     void documentsStay_data();
     void documentsStay();
     void linksDontLeave();
@@ -111,6 +151,9 @@ private slots:
     void navigationAndWrite();
     void addresses();
     void zoom();
+    void signsOfALateAnswer_data();
+    void signsOfALateAnswer();
+    void signsGoWithTheControl();
     void severalAtOnce();
     void samplesShowTheLastPage();
     void samplesRunNoScripts();
@@ -663,6 +706,73 @@ void TestWebBrowser::filesAreRefused()
     QCOMPARE(value(browser, "getComputedStyle(document.body).color"), QStringLiteral("rgb(0, 0, 0)"));
 }
 
+void TestWebBrowser::drops_data()
+{
+    QTest::addColumn<WebPage::Kind>("kind");
+    QTest::addColumn<DesignMode>("mode");
+    QTest::addColumn<bool>("takesText");
+    QTest::newRow("design surface") << WebPage::Kind::Document << DesignMode::On << true;
+    QTest::newRow("preview") << WebPage::Kind::Document << DesignMode::Off << false;
+    QTest::newRow("sample") << WebPage::Kind::Sample << DesignMode::Off << false;
+    QTest::newRow("sample in design mode") << WebPage::Kind::Sample << DesignMode::On << false;
+    QTest::newRow("internet") << WebPage::Kind::Internet << DesignMode::Off << false;
+}
+
+/// Files and addresses are dropped nowhere, text on design surfaces alone.
+void TestWebBrowser::drops()
+{
+    QFETCH(WebPage::Kind, kind);
+    QFETCH(DesignMode, mode);
+    QFETCH(bool, takesText);
+    Files files;
+    WebBrowser browser;
+    browser.setKind(kind);
+    browser.setDesignMode(mode);
+    browser.resize(300, 200);
+    browser.show();
+    // The page would take and read whatever reaches it.
+    QVERIFY(browser.write(QStringLiteral(
+        "<BODY style='height: 150px' ondragover='event.preventDefault()' "
+        "ondrop='event.preventDefault(); document.body.textContent = \"dropped\"'><P>page</BODY>")));
+    QTRY_VERIFY(browser.inputWidget());
+    const QString before = value(browser, "document.body.innerHTML");
+
+    QMimeData file;
+    file.setUrls({QUrl(files.url("page.htm"))});
+    QMimeData address;
+    address.setUrls({QUrl(QStringLiteral("http://127.0.0.1/page.htm"))});
+    address.setText(QStringLiteral("http://127.0.0.1/page.htm"));
+    QMimeData text;
+    text.setText(QStringLiteral("word"));
+    QMimeData html;
+    html.setHtml(QStringLiteral("<B>word</B>"));
+    html.setText(QStringLiteral("word"));
+    QMimeData picture;
+    picture.setImageData(QImage(2, 2, QImage::Format_RGB32));
+    for (const QMimeData* dragged : {&file, &address, &picture})
+        QVERIFY(!isTaken(browser, *dragged));
+    for (const QMimeData* dragged : {&text, &html})
+        QCOMPARE(isTaken(browser, *dragged), takesText);
+    if (!takesText)
+        QVERIFY(!drop(browser, text));
+    QVERIFY(!drop(browser, file));
+    QCOMPARE(value(browser, "document.body.innerHTML"), before);
+    QCOMPARE(value(browser, "document.URL"), QStringLiteral("surface:blank"));
+}
+
+void TestWebBrowser::dropOfTextOnADesignSurface()
+{
+    Surface surface(QStringLiteral("<P>page</P>"));
+    surface.resize(300, 200);
+    surface.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&surface));
+    QTRY_VERIFY(surface.inputWidget());
+    QMimeData text;
+    text.setText(QStringLiteral("word"));
+    // A drop on a page that was just shown can come before its layout.
+    QTRY_VERIFY(drop(surface, text) && surface.innerHtml().contains(QStringLiteral("word")));
+}
+
 void TestWebBrowser::documentsStay_data()
 {
     QTest::addColumn<QString>("html");
@@ -813,6 +923,64 @@ void TestWebBrowser::zoom()
     browser.setZoomLevel(-1);
     QCOMPARE(browser.zoomLevel(), 0);
     QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("0.6"));
+}
+
+void TestWebBrowser::signsOfALateAnswer_data()
+{
+    QTest::addColumn<int>("late"); // ms; 0 without end
+    QTest::addColumn<bool>("answered");
+    QTest::newRow("late") << 1500 << true;
+    QTest::newRow("never") << 0 << false;
+    QTest::newRow("not after the renderer's end") << -1 << false;
+}
+
+/// While a page is waited for, the hourglass stands, after a while also the window with the bar; both go with
+/// the wait, whatever its end.
+void TestWebBrowser::signsOfALateAnswer()
+{
+    QFETCH(int, late);
+    QFETCH(bool, answered);
+    Surface surface(QStringLiteral("<P>page"));
+    surface.setPatience(late > 0 ? 30000 : 1500);
+    bool hourglass = false;
+    bool window = false;
+    QTimer look;
+    connect(&look, &QTimer::timeout, &look, [&] {
+        const QCursor* cursor = QGuiApplication::overrideCursor();
+        hourglass = hourglass || (cursor && cursor->shape() == Qt::WaitCursor);
+        window = window || signWindowStands();
+        if (window && late < 0) {
+            look.stop();
+            endRenderer(surface);
+        }
+    });
+    look.start(10);
+    const QString script =
+        late > 0 ? QStringLiteral("for (const end = Date.now() + %1; Date.now() < end;); 7").arg(late)
+                 : QStringLiteral("for (;;);");
+    QCOMPARE(surface.evaluate(script).has_value(), answered);
+    QVERIFY(hourglass);
+    QVERIFY(window);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!signWindowStands());
+    QVERIFY(surface.write(QStringLiteral("x")));
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void TestWebBrowser::signsGoWithTheControl()
+{
+    auto* surface = new Surface(QStringLiteral("<P>page"));
+    QTimer look;
+    connect(&look, &QTimer::timeout, &look, [&] {
+        if (!signWindowStands())
+            return;
+        look.stop();
+        delete surface;
+    });
+    look.start(10);
+    QVERIFY_EXCEPTION_THROWN(surface->evaluate(QStringLiteral("for (;;);")), SurfaceLost);
+    QVERIFY(!QGuiApplication::overrideCursor());
+    QVERIFY(!signWindowStands());
 }
 
 void TestWebBrowser::severalAtOnce()

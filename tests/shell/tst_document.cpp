@@ -111,6 +111,12 @@ private slots:
     void openMakesTheHighlightAnew();
     void openTreatsEveryFileAsText_data();
     void openTreatsEveryFileAsText();
+    void dropOpensTheFile();
+    void dropAsksFirst_data();
+    void dropAsksFirst();
+    void dropHeedsAStaleAnswer();
+    void dropOfAFileThatGoesResetsSilently();
+    void dropMakesTheHighlightAnew();
     void openAFileNameOfAnyLetters_data();
     void openAFileNameOfAnyLetters();
 
@@ -668,6 +674,91 @@ void TestDocument::openTreatsEveryFileAsText()
     window.open(window.folder.path(name));
     QCOMPARE(window.source(), QByteArray("{\\rtf1 plain}"));
     QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
+}
+
+void TestDocument::dropOpensTheFile()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "<B>a</B>\r\n\xE9\n");
+    window.drop(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.source(), QByteArray("<B>a</B>\r\n\xE9\n"));
+    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+    QVERIFY(window.web->Dirty); // as after any open
+    QCOMPARE(window.doors.takeAsked(), QStringList());
+    QTest::keyClick(window.web->RichTextBox1, Qt::Key_Z,
+                    Qt::ControlModifier); // not back into the old document
+    QCOMPARE(window.source(), QByteArray("<B>a</B>\r\n\xE9\n"));
+}
+
+void TestDocument::dropAsksFirst_data()
+{
+    openAsksFirst_data();
+}
+
+void TestDocument::dropAsksFirst()
+{
+    QFETCH(MsgAnswer, answer);
+    QFETCH(QByteArray, source);
+    QFETCH(QByteArray, file);
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "old");
+    window.folder.write(QStringLiteral("second.htm"), "second");
+    window.drop(window.folder.path(QStringLiteral("page.htm")));
+
+    window.doors.answerMsgBox(answer);
+    window.drop(window.folder.path(QStringLiteral("second.htm")));
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("page.htm"))});
+    QCOMPARE(window.source(), source);
+    QCOMPARE(window.web->SaveCancelled, answer == MsgAnswer::Cancel);
+    QCOMPARE(window.web->SaveDeclined, answer == MsgAnswer::No);
+    QCOMPARE(window.caption(), answer == MsgAnswer::Cancel ? QStringLiteral("page.htm - Brindlemark 1.0")
+                                                           : QStringLiteral("second.htm - Brindlemark 1.0"));
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
+    QCOMPARE(window.folder.read(QStringLiteral("second.htm")), QByteArray("second")); // copied, not moved
+}
+
+/// As Open does: a Cancel stops everything until the next question.
+void TestDocument::dropHeedsAStaleAnswer()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "page");
+    window.type(QStringLiteral("word"));
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    window.press(1);
+    window.saveAs(window.folder.path(QStringLiteral("word.htm")));
+    QVERIFY(!window.web->Dirty);
+    window.doors.takeAsked();
+    window.drop(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.source(), QByteArray("word"));
+    QCOMPARE(window.doors.takeAsked(), QStringList());
+}
+
+void TestDocument::dropOfAFileThatGoesResetsSilently()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "page");
+    window.type(QStringLiteral("word"));
+    window.saveAs(window.folder.path(QStringLiteral("word.htm")));
+    window.web->Dirty = true;
+    window.doors.takeAsked();
+    window.doors.during([&] { QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm")))); });
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.drop(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("word.htm"))});
+    QCOMPARE(window.source(), QByteArray());
+    QCOMPARE(window.web->Text2, Untitled);
+    QVERIFY(!window.web->Dirty);
+    QCOMPARE(window.caption(), QStringLiteral("word.htm - Brindlemark 1.0"));
+}
+
+void TestDocument::dropMakesTheHighlightAnew()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "<P>page");
+    window.web->Check1 = 1;
+    window.drop(window.folder.path(QStringLiteral("page.htm")));
+    QVERIFY(window.web->RichTextBox1->colorAt(0) != 0);
 }
 
 void TestDocument::openAFileNameOfAnyLetters_data()

