@@ -12,6 +12,7 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QRegularExpression>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 #include <QWebEngineFindTextResult>
@@ -529,12 +530,19 @@ void WebBrowser::sendKeys(const QString& keys)
     }
 }
 
-/// Whether a key is for the control or its page: all are but the window's shortcuts.
+/// Whether a key is for the control or its page: all are but the window's shortcuts and access keys.
 bool WebBrowser::takesKey(const QKeyEvent& key) const
 {
     if (key.matches(QKeySequence::Find) || isLinkKey(key))
         return true;
+    if (key.modifiers() == Qt::AltModifier && !key.text().isEmpty())
+        return false; // comes back to the page where no access key is meant
     const QKeySequence sequence(key.keyCombination());
+    const QList<QShortcut*> shortcuts = window()->findChildren<QShortcut*>();
+    if (std::any_of(shortcuts.begin(), shortcuts.end(), [&](const QShortcut* shortcut) {
+            return shortcut->isEnabled() && shortcut->keys().contains(sequence);
+        }))
+        return false;
     const QList<QAction*> actions = window()->findChildren<QAction*>();
     return std::none_of(actions.begin(), actions.end(), [&](const QAction* action) {
         return action->isEnabled() && action->shortcuts().contains(sequence);

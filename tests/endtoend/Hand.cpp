@@ -85,6 +85,14 @@ QString Program::window(const QString& title) const
     return found.section(u'\n', 0, 0);
 }
 
+qsizetype Program::visibleWindows() const
+{
+    return xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
+                    QString::number(m_process.processId())})
+        .split(u'\n', Qt::SkipEmptyParts)
+        .size();
+}
+
 bool Program::waitFor(const QString& title) const
 {
     return QTest::qWaitFor([&] { return !window(title).isEmpty(); }, Patience);
@@ -116,6 +124,12 @@ void Program::key(const QString& name)
     xdotool({QStringLiteral("key"), name});
 }
 
+void Program::keys(const QString& names)
+{
+    xdotool(QStringList{QStringLiteral("key"), QStringLiteral("--delay"), QStringLiteral("15")} +
+            names.split(u' '));
+}
+
 void Program::type(const QString& text)
 {
     xdotool({QStringLiteral("type"), QStringLiteral("--delay"), QStringLiteral("15"), QStringLiteral("--"),
@@ -124,7 +138,14 @@ void Program::type(const QString& text)
 
 void Program::click(const QString& title, int x, int y) const
 {
-    xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), window(title), QString::number(x),
+    const QString id = window(title);
+    if (y < 0) {
+        static const QRegularExpression height(QStringLiteral("HEIGHT=(\\d+)"));
+        y += height.match(xdotool({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id}))
+                 .captured(1)
+                 .toInt();
+    }
+    xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), id, QString::number(x),
              QString::number(y), QStringLiteral("click"), QStringLiteral("1")});
 }
 

@@ -51,14 +51,18 @@ public:
 
     /// The number of the visible window with this title; empty when there is none.
     QString window(const QString& title) const;
+    /// How many of the program's windows can be seen, open menus among them.
+    qsizetype visibleWindows() const;
     bool waitFor(const QString& title) const;
     bool waitGone(const QString& title) const;
     /// Waits for a window and until it has the keyboard.
     bool activate(const QString& title) const;
 
     static void key(const QString& name);
+    /// Presses keys one after the other, their names with blanks between them.
+    static void keys(const QString& names);
     static void type(const QString& text);
-    /// Clicks in a window, at a place in pixels from its corner.
+    /// Clicks in a window, at a place in pixels from its corner; a negative y counts from the bottom.
     void click(const QString& title, int x, int y) const;
 
     /// Chooses an entry of the menu File by its access key.

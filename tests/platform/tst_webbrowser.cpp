@@ -11,10 +11,13 @@
 #include <QMainWindow>
 #include <QMimeData>
 #include <QPointer>
+#include <QPushButton>
+#include <QShortcut>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QVBoxLayout>
 #include <csignal>
 
 namespace {
@@ -127,6 +130,7 @@ private slots:
     void typing();
     void keysOfTheProgram();
     void keysOfTheWindow();
+    void accessKeysOfTheWindow();
     void sentKeys();
     void rendererEndsBetween();
     void rendererEndsOnShow();
@@ -463,6 +467,29 @@ void TestWebBrowser::keysOfTheWindow()
     QTest::keyClick(window.windowHandle(), Qt::Key_S, Qt::ControlModifier);
     QCOMPARE(surface->innerHtml(), page(QString()));
     QCOMPARE(saved.count(), 5);
+}
+
+/// A form's buttons answer to their keys while its surface is typed into, and nothing is typed.
+void TestWebBrowser::accessKeysOfTheWindow()
+{
+    QWidget window;
+    QVBoxLayout layout(&window);
+    auto* surface = new Surface;
+    QPushButton ok(QStringLiteral("&OK"));
+    layout.addWidget(surface);
+    layout.addWidget(&ok);
+    QSignalSpy clicked(&ok, &QPushButton::clicked);
+    QShortcut cancel(Qt::Key_Escape, &window);
+    QSignalSpy cancelled(&cancel, &QShortcut::activated);
+    SHOW_FOR_TYPING(window, *surface);
+    for (int i = 1; i <= 5; ++i) {
+        QTest::keyClick(window.windowHandle(), Qt::Key_O, Qt::AltModifier);
+        QTRY_COMPARE(clicked.count(), i);
+        QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+        QTRY_COMPARE(cancelled.count(), i);
+    }
+    QTest::keyClick(window.windowHandle(), Qt::Key_A);
+    QTRY_COMPARE(surface->innerHtml(), page(QStringLiteral("a")));
 }
 
 void TestWebBrowser::sentKeys()
