@@ -139,12 +139,11 @@ void Program::type(const QString& text)
 void Program::click(const QString& title, int x, int y) const
 {
     const QString id = window(title);
-    if (y < 0) {
-        static const QRegularExpression height(QStringLiteral("HEIGHT=(\\d+)"));
-        y += height.match(xdotool({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id}))
-                 .captured(1)
-                 .toInt();
-    }
+    static const QRegularExpression size(QStringLiteral("WIDTH=(\\d+)\\s+HEIGHT=(\\d+)"));
+    const auto measured =
+        size.match(xdotool({QStringLiteral("getwindowgeometry"), QStringLiteral("--shell"), id}));
+    x += x < 0 ? measured.captured(1).toInt() : 0;
+    y += y < 0 ? measured.captured(2).toInt() : 0;
     xdotool({QStringLiteral("mousemove"), QStringLiteral("--window"), id, QString::number(x),
              QString::number(y), QStringLiteral("click"), QStringLiteral("1")});
 }

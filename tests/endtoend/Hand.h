@@ -62,7 +62,8 @@ public:
     /// Presses keys one after the other, their names with blanks between them.
     static void keys(const QString& names);
     static void type(const QString& text);
-    /// Clicks in a window, at a place in pixels from its corner; a negative y counts from the bottom.
+    /// Clicks in a window, at a place in pixels from its corner; negative ones count from the
+    /// right and from the bottom.
     void click(const QString& title, int x, int y) const;
 
     /// Chooses an entry of the menu File by its access key.

@@ -55,8 +55,8 @@ constexpr Spot CellButton{309, 100};
 constexpr Spot PictureButton{393, 100};
 // In other windows.
 constexpr Spot ClosingBox{18, -22}; // of each tool
-constexpr Spot FaderParagraph{784, -50};
-constexpr Spot FaderAdd{739, -22};
+constexpr Spot FaderParagraph{-96, -50};
+constexpr Spot FaderAdd{-141, -22};
 constexpr Spot BoldButton{413, 24};
 
 // What the tools write. Each line of a list and of a table ends with CR LF.

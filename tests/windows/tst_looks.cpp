@@ -19,8 +19,9 @@ namespace {
 
 /// Logical pixels of the smallest screen, without the frame that a window gets there.
 constexpr QSize SmallScreen(1366 - 4, 768 - 32);
-/// The least ratio of lightness between a text and what is behind it.
-constexpr double LeastContrast = 4.5;
+/// The least ratio of lightness between a text, or a symbol, and what is behind it.
+constexpr double TextContrast = 4.5;
+constexpr double SymbolContrast = 3;
 
 QString describe(const QWidget* widget)
 {
@@ -38,7 +39,7 @@ QString wordsOf(const QWidget* widget)
     if (const auto* combo = qobject_cast<const QComboBox*>(widget))
         return combo->currentText();
     if (const auto* line = qobject_cast<const QLineEdit*>(widget))
-        return line->displayText();
+        return line->displayText() + line->placeholderText();
     if (const auto* frame = qobject_cast<const QGroupBox*>(widget))
         return frame->title();
     return {};
@@ -54,7 +55,7 @@ QList<QWidget*> seenControls(QWidget* window)
         seen << child;
         const bool whole = qobject_cast<QComboBox*>(child) || qobject_cast<QAbstractButton*>(child) ||
                            child->inherits("WebBrowser") || child->inherits("QAbstractScrollArea") ||
-                           child->inherits("QTabBar") || child->inherits("QToolBar");
+                           child->inherits("QTabBar");
         if (!whole)
             seen << seenControls(child);
     }
@@ -109,10 +110,29 @@ double contrast(const QColor& a, const QColor& b)
     return (lighter + 0.05) / (qMin(luminance(a), luminance(b)) + 0.05);
 }
 
+/// The contrast of a symbol's best seen pixel, 21 where there is no symbol.
+double contrastOfIcon(const QAbstractButton& button)
+{
+    if (button.icon().isNull())
+        return 21;
+    const QImage symbol = button.icon().pixmap(button.iconSize()).toImage();
+    double best = 1;
+    for (int y = 0; y < symbol.height(); ++y) {
+        for (int x = 0; x < symbol.width(); ++x) {
+            const QColor pixel = symbol.pixelColor(x, y);
+            if (pixel.alpha() >= 100) // thin lines fill no pixel
+                best = qMax(best, contrast(pixel, button.palette().color(QPalette::Button)));
+        }
+    }
+    return best;
+}
+
 /// The lowest contrast of a control's words, 21 where there are none.
 double contrastOf(const QWidget* widget)
 {
     const QPalette palette = widget->palette();
+    if (const auto* button = qobject_cast<const QAbstractButton*>(widget); button && button->text().isEmpty())
+        return contrastOfIcon(*button);
     if (const auto* line = qobject_cast<const QLineEdit*>(widget)) {
         const QColor base = palette.color(QPalette::Base);
         QColor hint = palette.color(QPalette::PlaceholderText);
@@ -171,7 +191,8 @@ void TestLooks::windows()
                           .arg(missing);
         if (!control->parentWidget()->rect().contains(control->geometry()))
             faults << describe(control) + QStringLiteral(" leaves its frame");
-        if (control->isEnabled() && contrastOf(control) < LeastContrast)
+        if (control->isEnabled() &&
+            contrastOf(control) < (wordsOf(control).isEmpty() ? SymbolContrast : TextContrast))
             faults << QStringLiteral("%1 \"%2\" has a contrast of %3")
                           .arg(describe(control), wordsOf(control))
                           .arg(contrastOf(control));
