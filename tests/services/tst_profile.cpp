@@ -325,6 +325,10 @@ void TestProfile::writesSpecialValues_data()
     QTest::newRow("cut at CR") << "\rb" << QByteArray("back=") << "";
     QTest::newRow("=") << "=" << QByteArray("back==") << "=";
     QTest::newRow("header-like") << "[Font]" << QByteArray("back=[Font]") << "[Font]";
+    QTest::newRow("byte order mark") << QStringLiteral("\uFEFFa")
+                                     << QByteArray("back=\xEF\xBB\xBF"
+                                                   "a")
+                                     << QStringLiteral("\uFEFFa");
     QTest::newRow("NUL") << QString(QStringLiteral("a") + QChar(0) + u'b') << raw("back=a\0b")
                          << QString(QStringLiteral("a") + QChar(0) + u'b');
 }
@@ -344,8 +348,9 @@ void TestProfile::titlesOfUsersAreFoundAgain_data()
 {
     QTest::addColumn<QString>("title");
     for (const char* title : {"My table", "a]b", "]", "[a]", "a=b", "a, b", ";a", "\xE2\x82\xAC 5", "a;b]",
-                              "100%", " blanks ", "\"quoted\"", "a\\b"})
+                              "100%", " blanks ", "\xC2\xA0hard blanks\xE2\x80\x83", "\"quoted\"", "a\\b"})
         QTest::newRow(title) << QString::fromUtf8(title);
+    QTest::newRow("byte order mark") << QStringLiteral("\uFEFFmark");
     QTest::newRow("line break") << QStringLiteral("a\r\nb");
 }
 
@@ -554,10 +559,14 @@ void TestProfile::loadsFields_data()
                                                    "a\r\n")
                                      << QStringList{"a"};
     QTest::newRow("byte order mark alone") << QByteArray("\xEF\xBB\xBF") << QStringList();
+    QTest::newRow("byte order mark within") << QByteArray("a,\xEF\xBB\xBF"
+                                                          "b")
+                                            << QStringList{"a", QStringLiteral("\uFEFFb")};
     QTest::newRow("beyond ASCII") << QByteArray("\xE2\x82\xAC")
                                   << QStringList{QString::fromUtf8("\xE2\x82\xAC")};
     QTest::newRow("NUL") << raw("a\0b,c") << QStringList{QString(QStringLiteral("a") + QChar(0) + u'b'), "c"};
     QTest::newRow("invalid bytes") << QByteArray("\xFF,a") << QStringList{QString(QChar(0xFFFD)), "a"};
+    QTest::newRow("half a character") << QByteArray("\xC3,a") << QStringList{QString(QChar(0xFFFD)), "a"};
 }
 
 void TestProfile::loadsFields()
