@@ -1,6 +1,6 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run install dist test demo gallery bench format tidy clean
+.PHONY: run install dist test demo gallery bench fuzz format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -63,6 +63,15 @@ bench:
 	cmake --preset bench
 	cmake --build --preset bench --target run-benchmarks
 
+# Each fuzzer for TIME seconds, as many side by side as there are cores. Fails when one finds something.
+TIME ?= 600
+
+fuzz:
+	./setup --fuzz
+	cmake --preset fuzz
+	cmake --build --preset fuzz
+	fuzz/run build/fuzz $(TIME)
+
 format:
 	./setup --develop
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
@@ -71,7 +80,7 @@ tidy:
 	./setup --develop
 	cmake --preset dev
 	cmake --build --preset dev
-	git ls-files '*.cpp' ':!bench' | xargs -n 1 -P "$$(nproc)" clang-tidy -p $(DEV) --quiet
+	git ls-files '*.cpp' ':!bench' ':!fuzz/Fuzzer.cpp' | xargs -n 1 -P "$$(nproc)" clang-tidy -p $(DEV) --quiet
 
 # Removes what was compiled, not the settings and lists that the program keeps beside itself.
 clean:

@@ -72,6 +72,19 @@ bool isEditingKey(const QKeyEvent& key)
            (!key.text().isEmpty() && key.text().front().isPrint());
 }
 
+/// Keys with which typing goes on: those of characters, and those that only shift them.
+bool isTypingKey(const QKeyEvent& key)
+{
+    constexpr std::array shifts = {Qt::Key_Shift, Qt::Key_CapsLock, Qt::Key_AltGr, Qt::Key_Control,
+                                   Qt::Key_Alt};
+    if (std::find(shifts.begin(), shifts.end(), key.key()) != shifts.end())
+        return true;
+    const Qt::KeyboardModifiers command =
+        key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return (!command || command == (Qt::ControlModifier | Qt::AltModifier)) && !key.text().isEmpty() &&
+           key.text().front().isPrint();
+}
+
 /// Ctrl or Alt with the mouse would select a rectangle.
 void dropRectangleKeys(QMouseEvent* event)
 {
@@ -103,7 +116,11 @@ QString withWindowsLineEnds(QString text)
 class RichTextBox::Step
 {
 public:
-    explicit Step(RichTextBox* box) : m_box(box) { ++m_box->m_steps; }
+    explicit Step(RichTextBox* box, bool typing = false) : m_box(box)
+    {
+        if (m_box->m_steps++ == 0 && !typing)
+            m_box->endOvertyping();
+    }
     ~Step()
     {
         if (--m_box->m_steps == 0)
@@ -117,6 +134,8 @@ private:
 
 RichTextBox::UndoGroup::UndoGroup(RichTextBox* box) : m_box(box)
 {
+    if (m_box->m_steps == 0)
+        m_box->endOvertyping();
     m_box->send(SCI_BEGINUNDOACTION);
 }
 
@@ -634,9 +653,28 @@ bool RichTextBox::leave(bool next)
     return QAbstractScrollArea::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
+/// Typing over a selection and on is one step of undo, up to whatever comes next: else the first undo would
+/// leave the first letter in place of what was selected.
+void RichTextBox::beginOvertyping()
+{
+    if (m_overtyping || SelLength() == 0)
+        return;
+    m_overtyping = true;
+    send(SCI_BEGINUNDOACTION);
+}
+
+void RichTextBox::endOvertyping()
+{
+    if (std::exchange(m_overtyping, false))
+        send(SCI_ENDUNDOACTION);
+}
+
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
-    Step step(this);
+    const bool typing = isTypingKey(*event);
+    Step step(this, typing);
+    if (typing && !event->text().isEmpty())
+        beginOvertyping();
     const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
     if (tab && event->modifiers() & Qt::ControlModifier) {
         leave(!(event->modifiers() & Qt::ShiftModifier));
@@ -702,7 +740,9 @@ void RichTextBox::keyReleaseEvent(QKeyEvent* event)
 /// The component would write a text that is still being composed into the document.
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    Step step(this);
+    Step step(this, true);
+    if (!event->commitString().isEmpty())
+        beginOvertyping();
     if (event->replacementLength() > 0) {
         const qsizetype start =
             send(SCI_POSITIONRELATIVECODEUNITS, innerSelection().start, event->replacementStart());

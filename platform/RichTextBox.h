@@ -197,6 +197,8 @@ private:
     void dropAt(qsizetype position, const QByteArray& text);
     void dropSelectionAt(qsizetype position, bool move);
     bool isHeld(const QString& text) const;
+    void beginOvertyping();
+    void endOvertyping();
     bool runStandardKey(QKeyEvent* event);
     void runComponentKey(QKeyEvent* event);
     void showPreedit(const QString& text);
@@ -214,7 +216,8 @@ private:
     };
     mutable Mark m_mark;
 
-    int m_steps = 0; // how many changes are under way, one inside another
+    bool m_overtyping = false; // a step of undo is open
+    int m_steps = 0;           // how many changes are under way, one inside another
     bool m_textChanged = false;
     bool m_selectionSet = false; // to be told even if it is the same
     Range m_toldSelection;

@@ -7,6 +7,7 @@
 
 #include <QByteArrayView>
 #include <QFileInfo>
+#include <QStringDecoder>
 #include <algorithm>
 
 namespace {
@@ -39,6 +40,13 @@ qsizetype textStart(QByteArrayView bytes)
     return bytes.startsWith(mark) ? 3 : 0;
 }
 
+/// The text of some bytes. A byte order mark is one at the start of a file only: within, it is a character.
+QString textOf(QByteArrayView bytes)
+{
+    using Flag = QStringDecoder::Flag;
+    return QStringDecoder(QStringDecoder::Utf8, Flag::Stateless | Flag::ConvertInitialBom)(bytes);
+}
+
 QString firstLine(const QString& text)
 {
     const auto isLineEnd = [](QChar c) { return c == u'\r' || c == u'\n'; };
@@ -48,7 +56,7 @@ QString firstLine(const QString& text)
 /// Whether a name in a file is `name`, which has no blanks around it.
 bool isName(QByteArrayView found, const QString& name)
 {
-    return QString::fromUtf8(found.trimmed()).compare(name, Qt::CaseInsensitive) == 0;
+    return textOf(found).trimmed().compare(name, Qt::CaseInsensitive) == 0;
 }
 
 /// Where a key stands in a profile file, or where it would go.
@@ -187,7 +195,7 @@ QString ReadProfile(const QString& section, const QString& key, const QString& f
         const Place place = find(bytes, section, key);
         const QByteArrayView value =
             QByteArrayView(bytes).sliced(place.valueBegin, place.valueEnd - place.valueBegin);
-        return cutValue(QString::fromUtf8(withoutQuotes(value.trimmed())));
+        return cutValue(textOf(withoutQuotes(value.trimmed())));
     } catch (const RuntimeError&) {
         return {};
     }
@@ -239,6 +247,6 @@ void LoadList(const QString& file, ListObject& list)
     while (!rest.isEmpty()) {
         const QByteArrayView field = takeField(rest);
         if (!field.isEmpty())
-            list.AddItem(QString::fromUtf8(field));
+            list.AddItem(textOf(field));
     }
 }

@@ -36,7 +36,8 @@ FrmPop::FrmPop()
     for (const Entry& entry : Entries) {
         QAction* action = (this->*entry.menu).addAction(QString::fromLatin1(entry.caption));
         action->setObjectName(QString::fromLatin1(entry.name));
-        on(action, &QAction::triggered, this, [entry] { selectRegion(*form<FrmWeb>(), entry.region); });
+        on(action, &QAction::triggered, this,
+           [entry] { selectRegion(*form<FrmWeb>()->RichTextBox1, entry.region); });
     }
     muDesc = mucell.actions().constFirst();
 }

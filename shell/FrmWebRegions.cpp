@@ -28,7 +28,7 @@ void FrmWeb::connectRegions()
 {
     for (const RegionButton& entry : RegionButtons)
         on(this->*entry.button, &QPushButton::clicked, this,
-           [this, entry] { selectRegion(*this, entry.region); });
+           [this, entry] { selectRegion(*RichTextBox1, entry.region); });
     on(CmdCell, &QPushButton::clicked, this, &FrmWeb::CmdCell_Click);
     on(CmdOffLeg, &QPushButton::clicked, this, &FrmWeb::CmdOffLeg_Click);
 }

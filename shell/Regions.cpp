@@ -36,11 +36,10 @@ std::optional<size_t> documentStyle(RichTextBox& source)
 
 } // namespace
 
-void selectRegion(FrmWeb& main, Region region)
+void selectRegion(RichTextBox& source, Region region)
 {
     const QByteArray opening = markers(region).opening.toByteArray();
     const QByteArray closing = markers(region).closing.toByteArray();
-    RichTextBox& source = *main.RichTextBox1;
     source.setFocus();
     source.setSelStart(0);
     source.setSelLength(WorkingSelection);

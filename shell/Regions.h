@@ -3,13 +3,14 @@
 #include "services/Markers.h"
 
 class FrmWeb;
+class RichTextBox;
 
 // The parts of a listing in the source box, found by their marker comments. Case plays no part in the search.
 
 /// Selects the inside of a part of the listing, without its markers, and gives the source box the focus. Of
 /// several listings in one document the last one's part is selected; without any, the first 90000 bytes are.
 /// Throws RuntimeError(InvalidPropertyValue) for an opening marker whose closing one is missing.
-void selectRegion(FrmWeb& main, Region region);
+void selectRegion(RichTextBox& source, Region region);
 
 /// Enables the buttons and the cell entry for the parts that the document's design style has, and disables
 /// the buttons for a document without a style marker. Style markers are looked for from the selection on, and

@@ -21,6 +21,7 @@
 #include <QTest>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <functional>
 
 namespace {
 
@@ -154,6 +155,10 @@ private slots:
     void undoBringsTheEncodingBack();
     void loadForgetsTheHistory();
     void undoGroupIsOneStep();
+    void overtypingIsOneStepOfUndo_data();
+    void overtypingIsOneStepOfUndo();
+    void overtypingEnds_data();
+    void overtypingEnds();
 
     void selectionSetters_data();
     void selectionSetters();
@@ -322,6 +327,103 @@ void TestRichTextBox::loadForgetsTheHistory()
     box.setSelText("x");
     box.undo();
     QCOMPARE(box.Text(), QByteArray("\xE9"));
+}
+
+void TestRichTextBox::overtypingIsOneStepOfUndo_data()
+{
+    QTest::addColumn<QByteArray>("document");
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<QByteArray>("after");
+    QTest::newRow("letters") << QByteArray("one two three") << "New word" << QByteArray("one New word three");
+    QTest::newRow("beyond ASCII") << QByteArray("one two three")
+                                  << QString::fromUtf8("\xE2\x82\xAC"
+                                                       "5")
+                                  << QByteArray("one \xE2\x82\xAC"
+                                                "5 three");
+    QTest::newRow("Western") << QByteArray("\xC9ne two \xFF")
+                             << QString::fromUtf8("a\xE2\x82\xAC\xC5\x91"
+                                                  "b")
+                             << QByteArray("\xC9ne a\x80&#337;b \xFF");
+}
+
+void TestRichTextBox::overtypingIsOneStepOfUndo()
+{
+    QFETCH(QByteArray, document);
+    QFETCH(QString, typed);
+    QFETCH(QByteArray, after);
+    for (const bool composed : {false, true}) {
+        Fixture f;
+        f.start(document);
+        f.select(4, 3);
+        for (const QChar letter : typed) {
+            QTest::keyPress(&f.box, Qt::Key_Shift); // changes nothing
+            if (composed) {
+                f.compose(QStringLiteral("x"), QString());
+                f.compose(QString(), letter);
+            } else {
+                f.type(letter);
+            }
+            QTest::keyRelease(&f.box, Qt::Key_Shift);
+        }
+        QCOMPARE(f.box.Text(), after);
+        QTest::keyClick(&f.box, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(f.box.Text(), document);
+        QTest::keyClick(&f.box, Qt::Key_Y, Qt::ControlModifier);
+        QCOMPARE(f.box.Text(), after);
+    }
+}
+
+void TestRichTextBox::overtypingEnds_data()
+{
+    using Next = std::function<void(Fixture&)>;
+    QTest::addColumn<Next>("next"); // what is done between two keys
+    QTest::addColumn<QByteArray>("after");
+    const auto row = [](const char* name, const Next& next, const char* after) {
+        QTest::newRow(name) << next << QByteArray(after);
+    };
+    row(
+        "key", [](Fixture& f) { QTest::keyClick(&f.box, Qt::Key_Home); }, "bone a three");
+    row(
+        "click", [](Fixture& f) { QTest::mouseClick(f.box.viewport(), Qt::LeftButton, {}, f.at(1)); },
+        "obne a three");
+    row(
+        "selection", [](Fixture& f) { f.box.setSelStart(2); }, "onbe a three");
+    row(
+        "insertion", [](Fixture& f) { f.box.setSelText("<BR>"); }, "one a<BR>b three");
+    row(
+        "group",
+        [](Fixture& f) {
+            const RichTextBox::UndoGroup group(&f.box);
+            f.box.setSelText("<BR>");
+        },
+        "one a<BR>b three");
+    row(
+        "other overtyping", [](Fixture& f) { f.select(0, 3); }, "b a three");
+}
+
+/// What is done next is a step of its own, and so is what is typed then.
+void TestRichTextBox::overtypingEnds()
+{
+    QFETCH(std::function<void(Fixture&)>, next);
+    QFETCH(QByteArray, after);
+    Fixture f;
+    f.start("one two three");
+    f.select(4, 3);
+    f.type(QStringLiteral("a"));
+    next(f);
+    const QByteArray between = f.box.Text();
+    f.type(QStringLiteral("b"));
+    QCOMPARE(f.box.Text(), after);
+    f.box.undo();
+    QCOMPARE(f.box.Text(), between);
+    if (between != "one a three") {
+        f.box.undo();
+        QCOMPARE(f.box.Text(), QByteArray("one a three"));
+    }
+    f.box.undo();
+    QCOMPARE(f.box.Text(), QByteArray("one two three"));
+    f.box.undo();
+    QCOMPARE(f.box.Text(), QByteArray("one two three"));
 }
 
 void TestRichTextBox::undoGroupIsOneStep()

@@ -1,5 +1,7 @@
 #include "services/Codes.h"
 
+#include "Random.h"
+
 #include <QTest>
 
 class TestCodes : public QObject
@@ -14,6 +16,8 @@ private slots:
     void hexToColor_data();
     void hexToColor();
     void colourTextsReadBack();
+    void textsAndNumbersAreInverse_data() { addSeeds(); }
+    void textsAndNumbersAreInverse();
     void splitColor_data();
     void splitColor();
     void splitPairFadeHandsOverTheChannels();
@@ -103,6 +107,48 @@ void TestCodes::colourTextsReadBack()
         int consumed = colour;
         QString code = GetHexColor(consumed);
         QCOMPARE(HexToColor(code), static_cast<double>(colour));
+    }
+}
+
+void TestCodes::textsAndNumbersAreInverse()
+{
+    QFETCH(quint32, seed);
+    Random random(seed);
+    for (int round = 0; round < 1000; ++round) {
+        // From the channels, which are told apart by their weights alone.
+        const int red = random.number(256);
+        const int green = random.number(256);
+        const int blue = random.number(256);
+        const int colour = red + 256 * green + 65536 * blue;
+        int rest = colour;
+        QString code = GetHexColor(rest);
+        QCOMPARE(rest, blue);
+        QCOMPARE(code.mid(1, 2).toInt(nullptr, 16), red);
+        QCOMPARE(HexToColor(code), double(colour));
+        const Channels channels = ::splitColor(colour);
+        QCOMPARE((QList<int>{channels.red, channels.green, channels.blue}), (QList<int>{red, green, blue}));
+
+        // From a text, in either case, with the mark or without.
+        QString digits;
+        while (digits.size() < 6)
+            digits += random.of(QStringLiteral("0123456789abcdefABCDEF"));
+        QString marked = u'#' + digits;
+        int number = int(HexToColor(marked));
+        QCOMPARE(marked, digits); // handed back without it
+        QCOMPARE(HexToColor(digits), double(number));
+        QCOMPARE(GetHexColor(number), u'#' + digits.toUpper());
+
+        // Any number stands in its six digits or more.
+        const quint32 any = random.bits() >> random.number(32);
+        QCOMPARE(HexPad6(int(any)).toUInt(nullptr, 16), any);
+        QVERIFY(HexPad6(int(any)).size() >= 6);
+
+        // What is no colour text is some colour all the same.
+        QString text = random.text(8);
+        const QString before = text;
+        const double some = HexToColor(text);
+        QVERIFY2(some >= 0 && some <= 0xFFFFFF, qPrintable(before));
+        QCOMPARE(text, before.startsWith(u'#') ? before.right(6) : before);
     }
 }
 

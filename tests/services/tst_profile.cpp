@@ -1,5 +1,6 @@
 #include "services/Profile.h"
 
+#include "Random.h"
 #include "platform/AppPath.h"
 #include "platform/ListObject.h"
 #include "platform/RuntimeError.h"
@@ -9,6 +10,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -107,7 +109,10 @@ private slots:
     void writesSpecialValues();
     void titlesOfUsersAreFoundAgain_data();
     void titlesOfUsersAreFoundAgain();
+    void writtenValuesReadBackAndAllElseStays_data() { addSeeds(); }
     void writtenValuesReadBackAndAllElseStays();
+    void whatIsWrittenIsRead_data() { addSeeds(); }
+    void whatIsWrittenIsRead();
     void sameValueWritesNothing();
     void writeThatFailsHarmsNothing();
     void largeFile();
@@ -122,6 +127,8 @@ private slots:
     void loadOfNoFileAddsNothing();
     void entryWithACommaComesBackAsTwo();
     void longList();
+    void savedEntriesAreLoaded_data() { addSeeds(); }
+    void savedEntriesAreLoaded();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -325,6 +332,10 @@ void TestProfile::writesSpecialValues_data()
     QTest::newRow("cut at CR") << "\rb" << QByteArray("back=") << "";
     QTest::newRow("=") << "=" << QByteArray("back==") << "=";
     QTest::newRow("header-like") << "[Font]" << QByteArray("back=[Font]") << "[Font]";
+    QTest::newRow("byte order mark") << QStringLiteral("\uFEFFa")
+                                     << QByteArray("back=\xEF\xBB\xBF"
+                                                   "a")
+                                     << QStringLiteral("\uFEFFa");
     QTest::newRow("NUL") << QString(QStringLiteral("a") + QChar(0) + u'b') << raw("back=a\0b")
                          << QString(QStringLiteral("a") + QChar(0) + u'b');
 }
@@ -344,8 +355,9 @@ void TestProfile::titlesOfUsersAreFoundAgain_data()
 {
     QTest::addColumn<QString>("title");
     for (const char* title : {"My table", "a]b", "]", "[a]", "a=b", "a, b", ";a", "\xE2\x82\xAC 5", "a;b]",
-                              "100%", " blanks ", "\"quoted\"", "a\\b"})
+                              "100%", " blanks ", "\xC2\xA0hard blanks\xE2\x80\x83", "\"quoted\"", "a\\b"})
         QTest::newRow(title) << QString::fromUtf8(title);
+    QTest::newRow("byte order mark") << QStringLiteral("\uFEFFmark");
     QTest::newRow("line break") << QStringLiteral("a\r\nb");
 }
 
@@ -364,7 +376,8 @@ void TestProfile::titlesOfUsersAreFoundAgain()
 
 void TestProfile::writtenValuesReadBackAndAllElseStays()
 {
-    QRandomGenerator random(21);
+    QFETCH(quint32, seed);
+    QRandomGenerator random(seed);
     const QStringList sections{"Font", "Color", "a]b", "x=y", QString::fromUtf8("\xC3\xA9")};
     const QStringList keys{"back", "one", "two words", "9", QString::fromUtf8("\xC3\xBC")};
     const QList<QByteArray> lineEnds{"\r\n", "\n", "\r"};
@@ -375,7 +388,7 @@ void TestProfile::writtenValuesReadBackAndAllElseStays()
         return QByteArray(random.bounded(3), ' ') + text.toUtf8();
     };
 
-    for (int round = 0; round < 150; ++round) {
+    for (int round = 0; round < 40; ++round) {
         // One line end a file: a lone CR and a blank line ended by LF would read as one line end.
         const QByteArray lineEnd = pick(lineEnds);
         QList<Piece> pieces;
@@ -410,6 +423,47 @@ void TestProfile::writtenValuesReadBackAndAllElseStays()
             QCOMPARE(ReadProfile(section.toUpper(), key.toUpper(), ini()), value);
         }
     }
+}
+
+/// Many values under many names in one file: each is there at the end.
+void TestProfile::whatIsWrittenIsRead()
+{
+    QFETCH(quint32, seed);
+    Random random(seed);
+    const auto inQuotes = [](const QString& text) {
+        return text.size() > 1 && (text.front() == u'"' || text.front() == u'\'') &&
+               text.front() == text.back();
+    };
+    struct Value
+    {
+        QString section;
+        QString key;
+        QString value;
+    };
+    QList<Value> written;
+    for (int writes = 0; writes < 60; ++writes) {
+        const QString section = random.text(4);
+        // Keys are the program's own: none has a sign of the file's.
+        const QString key = random.text(4).remove(u'=').remove(u'[').remove(u';');
+        QString value;
+        do {
+            value = random.text(20).trimmed();
+        } while (inQuotes(value) || value.size() > 254);
+
+        const auto same = [&](const Value& other) {
+            return other.section.trimmed().compare(section.trimmed(), Qt::CaseInsensitive) == 0 &&
+                   other.key.trimmed().compare(key.trimmed(), Qt::CaseInsensitive) == 0;
+        };
+        const auto place = std::find_if(written.begin(), written.end(), same);
+        if (place == written.end()) {
+            written << Value{section, key, value};
+        } else {
+            place->value = value;
+        }
+        WriteProfile(section, key, value, ini());
+    }
+    for (const Value& each : std::as_const(written))
+        QCOMPARE(ReadProfile(each.section, each.key, ini()), each.value);
 }
 
 void TestProfile::sameValueWritesNothing()
@@ -554,10 +608,14 @@ void TestProfile::loadsFields_data()
                                                    "a\r\n")
                                      << QStringList{"a"};
     QTest::newRow("byte order mark alone") << QByteArray("\xEF\xBB\xBF") << QStringList();
+    QTest::newRow("byte order mark within") << QByteArray("a,\xEF\xBB\xBF"
+                                                          "b")
+                                            << QStringList{"a", QStringLiteral("\uFEFFb")};
     QTest::newRow("beyond ASCII") << QByteArray("\xE2\x82\xAC")
                                   << QStringList{QString::fromUtf8("\xE2\x82\xAC")};
     QTest::newRow("NUL") << raw("a\0b,c") << QStringList{QString(QStringLiteral("a") + QChar(0) + u'b'), "c"};
     QTest::newRow("invalid bytes") << QByteArray("\xFF,a") << QStringList{QString(QChar(0xFFFD)), "a"};
+    QTest::newRow("half a character") << QByteArray("\xC3,a") << QStringList{QString(QChar(0xFFFD)), "a"};
 }
 
 void TestProfile::loadsFields()
@@ -608,6 +666,34 @@ void TestProfile::longList()
     LoadList(path("Ils.ini"), read);
     QCOMPARE(read.entries, saved.entries);
     QVERIFY2(watch.elapsed() < 20'000, qPrintable(QString::number(watch.elapsed())));
+}
+
+void TestProfile::savedEntriesAreLoaded()
+{
+    QFETCH(quint32, seed);
+    Random random(seed);
+    static const QRegularExpression quotedField(",[ \t]*\""); // would run on to the next quote
+    for (int round = 0; round < 50; ++round) {
+        Texts saved;
+        QStringList expected;
+        for (int entries = random.number(20); entries > 0; --entries) {
+            QString entry;
+            do {
+                entry = u'.' + random.text(10);
+            } while (entry.contains(quotedField));
+            saved.entries << entry;
+            for (QString field : entry.split(u',')) { // a comma parts an entry
+                while (field.startsWith(u' ') || field.startsWith(u'\t'))
+                    field.remove(0, 1);
+                if (!field.isEmpty())
+                    expected << field;
+            }
+        }
+        SaveList(path("Ils.ini"), saved);
+        Texts read;
+        LoadList(path("Ils.ini"), read);
+        QCOMPARE(read.entries, expected);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestProfile)

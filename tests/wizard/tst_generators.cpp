@@ -1,8 +1,10 @@
+#include "Random.h"
 #include "SampleListing.h"
 #include "platform/RuntimeError.h"
 #include "wizard/Generators.h"
 #include "wizard/PictureBlock.h"
 
+#include <QRegularExpression>
 #include <QTest>
 #include <functional>
 
@@ -325,6 +327,75 @@ QByteArray difference(const QString& actual, const QString& expected)
            expected.mid(from, 160).toUtf8();
 }
 
+QStringList randomTexts(Random& random, int most)
+{
+    QStringList texts;
+    for (int count = random.number(most + 1); count > 0; --count)
+        texts << random.text(6);
+    return texts;
+}
+
+Listing randomListing(Random& random)
+{
+    Listing listing;
+    listing.Text1 = random.text(10);
+    listing.Text2 = random.text(50);
+    listing.OptP2 = random.chance();
+    listing.List1 = randomTexts(random, 3);
+    listing.List2 = randomTexts(random, 3);
+    listing.List3 = randomTexts(random, 6);
+    for (bool Listing::*option : {&Listing::OptLS1, &Listing::OptLS2, &Listing::OptLS3, &Listing::OptPS1,
+                                  &Listing::OptPS2, &Listing::ChkZC, &Listing::ChkTR1, &Listing::ChkSlist})
+        listing.*option = random.chance();
+    for (QString Listing::*cost : {&Listing::TxSH1, &Listing::TxSH2, &Listing::TxSI1, &Listing::TxSI2,
+                                   &Listing::TxAI1, &Listing::TxAI2, &Listing::TxST1, &Listing::TxST2})
+        listing.*cost = random.text(2);
+    return listing;
+}
+
+/// The markers that a page must have, from its top to its end.
+QStringList markersOf(const Listing& listing, int style, int pictureStyle)
+{
+    QStringList markers;
+    const auto add = [&](const char* name) {
+        markers << QStringLiteral("<!-- %1 -->").arg(QLatin1String(name));
+    };
+    const auto addPair = [&](const char* name) {
+        add(name);
+        add(qPrintable(QLatin1String(name) + QStringLiteral("2")));
+    };
+    const bool onePicture = pictureStyle == 0 || pictureStyle == 2;
+    const bool picture = onePicture || (listing.OptP2 && !listing.List3.isEmpty());
+    const bool pictureFirst = pictureStyle == 0 || pictureStyle == 1;
+
+    add(qPrintable(QStringLiteral("body-buildwizard%1").arg(style)));
+    addPair("Body-title");
+    if (style == 0 || style == 1)
+        addPair("Body-line");
+    if (style == 3)
+        addPair("Body4-Cell");
+    if (picture && pictureFirst)
+        addPair("Body-picture");
+    addPair("Body-description");
+    if (picture && !pictureFirst)
+        addPair("Body-picture");
+    addPair("Body-Cell");
+    add("Body-list");
+    if (!listing.List1.isEmpty())
+        add("Body-list2");
+    addPair("Body-body");
+    addPair("Body2-Cell");
+    addPair("Body2-list");
+    addPair("Body2-body");
+    addPair("Body3-Cell");
+    add("Body3-list");
+    if (!listing.ChkSlist) {
+        add("Body3-list2");
+        addPair("Body3-body");
+    }
+    return markers;
+}
+
 /// Rows for all design styles and picture styles.
 void addPages()
 {
@@ -370,6 +441,8 @@ private slots:
     void emptyColors();
     void missingTermsLeaveTheFrames_data() { addStyles(); }
     void missingTermsLeaveTheFrames();
+    void markersStandOnceAndInOrder_data() { addSeeds(); }
+    void markersStandOnceAndInOrder();
     void noSuchStyle();
 
     void noPictureIsDescriptionOnly();
@@ -539,6 +612,25 @@ void TestGenerators::missingTermsLeaveTheFrames()
     const QString page = listingPage(sampleListing(), sampleLook(style, 3), {});
     QVERIFY2(page == expected, difference(page, expected).constData());
     QCOMPARE(page.count(QStringLiteral("<FONT color=#009900 size=3 face=Arial>\r\n<BR></FONT>")), 3);
+}
+
+void TestGenerators::markersStandOnceAndInOrder()
+{
+    QFETCH(quint32, seed);
+    Random random(seed);
+    static const QRegularExpression marker(QStringLiteral("<!-- body.*? -->"),
+                                           QRegularExpression::CaseInsensitiveOption);
+    for (int round = 0; round < 100; ++round) {
+        const Listing listing = randomListing(random);
+        const TermsTexts terms = {random.text(5), random.text(5), random.text(5)};
+        const int style = random.number(4);
+        const int pictureStyle = random.number(4);
+        const QString page = listingPage(listing, sampleLook(style, pictureStyle), terms);
+        QStringList found;
+        for (auto match = marker.globalMatch(page); match.hasNext();)
+            found << match.next().captured();
+        QCOMPARE(found, markersOf(listing, style, pictureStyle));
+    }
 }
 
 void TestGenerators::noSuchStyle()

@@ -1,0 +1,79 @@
+#include "Fuzz.h"
+#include "colour/FaderFragment.h"
+
+#include <QRegularExpression>
+#include <QStringList>
+
+namespace {
+
+QString withoutTags(QString html)
+{
+    static const QRegularExpression tag(QStringLiteral("<[^>]*>"));
+    return html.remove(tag);
+}
+
+/// A value without what has a meaning in HTML.
+QString plain(QString value)
+{
+    value.removeIf([](QChar c) { return c == u'<' || c == u'>'; });
+    return value;
+}
+
+qsizetype count(const QString& html, const char* tag)
+{
+    return html.count(QLatin1String(tag), Qt::CaseInsensitive);
+}
+
+} // namespace
+
+/// Settings of all kinds: the text stands between the tags, and the users' fragments differ in nothing else
+/// than they say.
+void targets::faderfragment(const QByteArray& bytes)
+{
+    Fields fields(bytes);
+    const uint flags = fields.nextNumber();
+    FaderSettings s;
+    s.mode = static_cast<FaderMode>(flags % 3);
+    s.table = static_cast<FaderAlign>((flags >> 2) % 4);
+    s.cell = static_cast<FaderAlign>((flags >> 4) % 4);
+    s.chkBold = flags & 64;
+    s.chkItalic = flags & 128;
+    s.chkUnderline = flags & 256;
+    s.chkStrikeout = flags & 512;
+    s.Check1 = flags & 1024;
+    s.Check7 = flags & 2048;
+    s.ChkNoB = flags & 4096;
+    if (flags & 8192) {
+        s.Hlink = QStringLiteral("<A href=x>");
+        s.Hlink2 = QStringLiteral("</A>");
+    }
+    for (QString* value : {&s.Text8, &s.TxtC1, &s.TxtC2, &s.Combo1, &s.size, &s.Text5, &s.Text20, &s.Text13,
+                           &s.Text17, &s.Combo6, &s.Combo3, &s.Combo5, &s.Combo9, &s.Combo8})
+        *value = plain(fields.nextText());
+    s.Text1 = textOf(fields.rest());
+    s.Text2 = s.Text1;
+
+    const QString copy = faderBody(s, FaderUser::Copy);
+    hold(faderBody(s, FaderUser::Add) == copy, "what is added is what is copied");
+    hold(faderBody(s, FaderUser::Sample).toLower() == copy.toLower(), "the sample differs in case alone");
+    FaderSettings bordered = s;
+    bordered.ChkNoB = true;
+    hold(faderBody(s, FaderUser::Description) == faderBody(bordered, FaderUser::Copy),
+         "a description's table has a border colour");
+    hold(faderText(copy, true) == QStringLiteral("<P>") + copy + QStringLiteral("</P>\r\n"),
+         "a paragraph stands around it");
+    if (s.mode != FaderMode::TwoColors)
+        hold(copy.contains(s.Text1), "the text stands in it as it is");
+
+    s.Text1 = plain(s.Text1);
+    s.Text2 = s.Text1;
+    for (const FaderUser user :
+         {FaderUser::Sample, FaderUser::Copy, FaderUser::Add, FaderUser::Description}) {
+        const QString body = faderBody(s, user);
+        hold(withoutTags(body) == s.Text1, "the text stands between the tags");
+        for (const auto& [opening, closing] :
+             {std::pair("<table", "</table>"), std::pair("<b>", "</b>"), std::pair("<i>", "</i>"),
+              std::pair("<u>", "</u>"), std::pair("<s>", "</s>"), std::pair("<a ", "</a>")})
+            hold(count(body, opening) == count(body, closing), "what is opened is closed");
+    }
+}
