@@ -1,5 +1,6 @@
 #include "platform/WebBrowser.h"
 
+#include "platform/Accessible.h"
 #include "platform/Doors.h"
 #include "platform/LongWork.h"
 #include "platform/WebEngine.h"
@@ -94,6 +95,8 @@ SurfaceLost::SurfaceLost()
 
 WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
 {
+    describeClass(staticMetaObject, accessibleGroup);
+    setFocusPolicy(Qt::StrongFocus); // the place of the view in the window's Tab order
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     for (QTimer* timer : {&m_documentTimer, &m_writeTimer, &m_revealTimer, &m_lossTimer, &m_caretTimer})
@@ -115,13 +118,14 @@ void WebBrowser::makeView()
 {
     if (m_view)
         return;
+    m_before = previousInFocusChain();
     m_page = new WebPage(m_kind, nullptr);
     m_view = new QWebEngineView(m_page, this);
     m_page->setParent(m_view);
     m_view->setContextMenuPolicy(Qt::NoContextMenu);
     m_view->installEventFilter(this); // the widget that takes input comes later, and anew with each renderer
     for (QWidget* child : m_view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-        child->installEventFilter(this);
+        takeInput(child);
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     m_view->show();
@@ -554,6 +558,15 @@ bool WebBrowser::isLinkKey(const QKeyEvent& key) const
     return m_designMode == DesignMode::On && key.keyCombination() == (Qt::CTRL | Qt::Key_K);
 }
 
+/// A design surface keeps the Tab key for the text, as the source box does, and is left with Ctrl+Tab or
+/// Shift+Tab. A sample has no use for it.
+bool WebBrowser::isLeavingKey(const QKeyEvent& key) const
+{
+    if (key.key() != Qt::Key_Tab && key.key() != Qt::Key_Backtab)
+        return false;
+    return m_kind == WebPage::Kind::Sample || key.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+}
+
 /// What the program does on a key of the page; false leaves the key to the page.
 bool WebBrowser::actOnKey(const QKeyEvent& key)
 {
@@ -567,6 +580,10 @@ bool WebBrowser::actOnKey(const QKeyEvent& key)
     }
     if (m_designMode == DesignMode::Off)
         return false;
+    if (isLeavingKey(key)) {
+        focusNextPrevChild(key.key() == Qt::Key_Tab && !(key.modifiers() & Qt::ShiftModifier));
+        return true;
+    }
     static const std::pair<QKeySequence::StandardKey, const char*> commands[] = {
         {QKeySequence::Cut, "Cut"}, {QKeySequence::Copy, "Copy"}, {QKeySequence::Paste, "Paste"}};
     for (const auto& [sequence, command] : commands) {
@@ -578,13 +595,22 @@ bool WebBrowser::actOnKey(const QKeyEvent& key)
     return false;
 }
 
+/// Hears the keys of a widget of the view, and gives it the control's place in the Tab order; it would come
+/// last.
+void WebBrowser::takeInput(QWidget* child)
+{
+    child->installEventFilter(this);
+    if (m_before)
+        setTabOrder(m_before, child);
+}
+
 bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::ChildAdded:
         if (QObject* child = static_cast<QChildEvent*>(event)->child();
             watched == m_view && child->isWidgetType())
-            child->installEventFilter(this);
+            takeInput(static_cast<QWidget*>(child));
         break;
     case QEvent::FocusIn:
         m_caretTries = CaretTries;

@@ -4,6 +4,7 @@
 #include "platform/WebPage.h"
 
 #include <QList>
+#include <QPointer>
 #include <QTimer>
 #include <QVariant>
 #include <QWidget>
@@ -187,6 +188,8 @@ private:
     bool paste();
     bool takesKey(const QKeyEvent& key) const;
     bool isLinkKey(const QKeyEvent& key) const;
+    void takeInput(QWidget* child);
+    bool isLeavingKey(const QKeyEvent& key) const;
     bool actOnKey(const QKeyEvent& key);
     bool takesDrop(const QDropEvent& event) const;
     void wakeCaret();
@@ -196,6 +199,7 @@ private:
     DesignMode m_designMode = DesignMode::Off;
     Content m_content = Content::Nothing;
     QWebEngineView* m_view = nullptr;
+    QPointer<QWidget> m_before; // in the window's Tab order
     WebPage* m_page = nullptr;
     QTimer m_documentTimer;
     QTimer m_writeTimer;
