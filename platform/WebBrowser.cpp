@@ -96,7 +96,6 @@ SurfaceLost::SurfaceLost()
 WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
 {
     describeClass(staticMetaObject, accessibleGroup);
-    setFocusPolicy(Qt::StrongFocus); // the place of the view in the window's Tab order
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     for (QTimer* timer : {&m_documentTimer, &m_writeTimer, &m_revealTimer, &m_lossTimer, &m_caretTimer})
@@ -118,14 +117,13 @@ void WebBrowser::makeView()
 {
     if (m_view)
         return;
-    m_before = previousInFocusChain();
     m_page = new WebPage(m_kind, nullptr);
     m_view = new QWebEngineView(m_page, this);
     m_page->setParent(m_view);
     m_view->setContextMenuPolicy(Qt::NoContextMenu);
     m_view->installEventFilter(this); // the widget that takes input comes later, and anew with each renderer
     for (QWidget* child : m_view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
-        takeInput(child);
+        child->installEventFilter(this);
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     m_view->show();
@@ -595,22 +593,13 @@ bool WebBrowser::actOnKey(const QKeyEvent& key)
     return false;
 }
 
-/// Hears the keys of a widget of the view, and gives it the control's place in the Tab order; it would come
-/// last.
-void WebBrowser::takeInput(QWidget* child)
-{
-    child->installEventFilter(this);
-    if (m_before)
-        setTabOrder(m_before, child);
-}
-
 bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
 {
     switch (event->type()) {
     case QEvent::ChildAdded:
         if (QObject* child = static_cast<QChildEvent*>(event)->child();
             watched == m_view && child->isWidgetType())
-            takeInput(static_cast<QWidget*>(child));
+            child->installEventFilter(this);
         break;
     case QEvent::FocusIn:
         m_caretTries = CaretTries;

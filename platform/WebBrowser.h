@@ -4,7 +4,6 @@
 #include "platform/WebPage.h"
 
 #include <QList>
-#include <QPointer>
 #include <QTimer>
 #include <QVariant>
 #include <QWidget>
@@ -188,7 +187,6 @@ private:
     bool paste();
     bool takesKey(const QKeyEvent& key) const;
     bool isLinkKey(const QKeyEvent& key) const;
-    void takeInput(QWidget* child);
     bool isLeavingKey(const QKeyEvent& key) const;
     bool actOnKey(const QKeyEvent& key);
     bool takesDrop(const QDropEvent& event) const;
@@ -199,7 +197,6 @@ private:
     DesignMode m_designMode = DesignMode::Off;
     Content m_content = Content::Nothing;
     QWebEngineView* m_view = nullptr;
-    QPointer<QWidget> m_before; // in the window's Tab order
     WebPage* m_page = nullptr;
     QTimer m_documentTimer;
     QTimer m_writeTimer;
