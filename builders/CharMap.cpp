@@ -1,20 +1,120 @@
 #include "builders/CharMap.h"
 
+#include "platform/Accessible.h"
 #include "platform/TextEncoding.h"
 
+#include <QAccessibleWidget>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QToolTip>
+#include <QWindow>
+#include <array>
 
 namespace {
 
 constexpr int Rows = (CharMap::Count + CharMap::Columns - 1) / CharMap::Columns;
 
+/// A cell, for screen readers: an entry of a list, with its character and code.
+class AccessibleCell : public QAccessibleInterface
+{
+public:
+    AccessibleCell(CharMap* map, int cell) : m_map(map), m_cell(cell) {}
+
+    int cell() const { return m_cell; }
+
+    bool isValid() const override { return m_map; }
+    QObject* object() const override { return nullptr; }
+    QWindow* window() const override { return m_map->window()->windowHandle(); }
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Name)
+            return QString();
+        return QStringLiteral("%1, code %2").arg(CharMap::text(m_cell)).arg(m_cell);
+    }
+    void setText(QAccessible::Text, const QString&) override {}
+    QRect rect() const override
+    {
+        const QRect place = m_map->cellRect(m_cell);
+        return {m_map->mapToGlobal(place.topLeft()), place.size()};
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        state.focusable = true;
+        state.selectable = true;
+        state.focused = m_map->hasFocus() && m_map->current() == m_cell;
+        state.selected = m_map->marked() == m_cell;
+        state.invisible = !m_map->isVisible();
+        return state;
+    }
+    QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(m_map); }
+    QAccessibleInterface* child(int) const override { return nullptr; }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface*) const override { return -1; }
+
+private:
+    QPointer<CharMap> m_map;
+    int m_cell;
+};
+
+class AccessibleMap : public QAccessibleWidget
+{
+public:
+    explicit AccessibleMap(QWidget* widget) : QAccessibleWidget(widget, QAccessible::List) {}
+    ~AccessibleMap() override
+    {
+        for (const QAccessible::Id cell : m_cells) {
+            if (cell != 0)
+                QAccessible::deleteAccessibleInterface(cell);
+        }
+    }
+    Q_DISABLE_COPY_MOVE(AccessibleMap)
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? child(map().current())->text(QAccessible::Name)
+                                          : QAccessibleWidget::text(kind);
+    }
+    int childCount() const override { return CharMap::Count; }
+    QAccessibleInterface* child(int index) const override
+    {
+        if (index < 0 || index >= CharMap::Count)
+            return nullptr;
+        QAccessible::Id& cell = m_cells.at(size_t(index));
+        if (cell == 0)
+            cell = QAccessible::registerAccessibleInterface(new AccessibleCell(&map(), index));
+        return QAccessible::accessibleInterface(cell);
+    }
+    QAccessibleInterface* childAt(int x, int y) const override
+    {
+        return child(map().cellAt(map().mapFromGlobal(QPoint(x, y))));
+    }
+    QAccessibleInterface* focusChild() const override
+    {
+        return map().hasFocus() ? child(map().current()) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        const auto* cell = dynamic_cast<const AccessibleCell*>(child);
+        return cell ? cell->cell() : -1;
+    }
+
+private:
+    CharMap& map() const { return *static_cast<CharMap*>(object()); }
+
+    mutable std::array<QAccessible::Id, CharMap::Count> m_cells{}; // made when first asked for
+};
+
 } // namespace
 
 CharMap::CharMap(QWidget* parent) : QWidget(parent)
 {
+    describeClass(staticMetaObject,
+                  [](QWidget* widget) -> QAccessibleInterface* { return new AccessibleMap(widget); });
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
 }
@@ -67,12 +167,28 @@ void CharMap::mark(int cell)
     emit moved(cell);
 }
 
+void CharMap::unmark()
+{
+    m_marked = -1;
+    update();
+    emit DblClick();
+}
+
 void CharMap::moveTo(int cell)
 {
     m_current = cell;
     setAccessibleDescription(QStringLiteral("Code %1").arg(cell));
+    tellCurrent();
     update();
     emit moved(cell);
+}
+
+/// Tells screen readers which cell the keys stand on.
+void CharMap::tellCurrent()
+{
+    QAccessibleEvent told(this, QAccessible::Focus);
+    told.setChild(m_current);
+    QAccessible::updateAccessibility(&told);
 }
 
 bool CharMap::event(QEvent* event)
@@ -130,9 +246,7 @@ void CharMap::mouseDoubleClickEvent(QMouseEvent* event)
         mousePressEvent(event);
         return;
     }
-    m_marked = -1;
-    update();
-    emit DblClick();
+    unmark();
 }
 
 void CharMap::keyPressEvent(QKeyEvent* event)
@@ -158,7 +272,11 @@ void CharMap::keyPressEvent(QKeyEvent* event)
         to = Count - 1;
         break;
     case Qt::Key_Space:
-        mark(m_current);
+        if (m_current == m_marked) {
+            unmark();
+        } else {
+            mark(m_current);
+        }
         return;
     default:
         QWidget::keyPressEvent(event);
@@ -171,6 +289,7 @@ void CharMap::keyPressEvent(QKeyEvent* event)
 void CharMap::focusInEvent(QFocusEvent* event)
 {
     QWidget::focusInEvent(event);
+    tellCurrent();
     update();
 }
 

@@ -3,7 +3,7 @@
 #include <QWidget>
 
 /// 256 cells that show the characters of a font. One can be marked: by a click, or with the space bar on the
-/// cell that the arrow keys stand on.
+/// cell that the arrow keys stand on. A double click, or the space bar once more, takes the mark away.
 class CharMap : public QWidget
 {
     Q_OBJECT
@@ -22,8 +22,12 @@ public:
     void setFamily(const QString& family);
     /// The marked cell that counts, 1 to 255, or -1.
     int marked() const { return m_marked; }
+    /// The cell that the arrow keys stand on.
+    int current() const { return m_current; }
     /// Where a cell is painted.
     QRect cellRect(int cell) const;
+    /// The cell at a place, or -1.
+    int cellAt(QPoint place) const;
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
@@ -47,9 +51,10 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
 
 private:
-    int cellAt(QPoint place) const;
     void mark(int cell);
+    void unmark();
     void moveTo(int cell);
+    void tellCurrent();
     int pitch() const;
 
     QString m_family;

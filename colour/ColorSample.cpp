@@ -1,7 +1,9 @@
 #include "colour/ColorSample.h"
 
+#include "platform/Accessible.h"
 #include "platform/ColorNumber.h"
 
+#include <QAccessibleWidget>
 #include <QLabel>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
@@ -15,15 +17,57 @@ void showAsOnPage(QLabel* words, const QColor& color)
     words->setAutoFillBackground(true);
 }
 
+namespace {
+
+/// A button where it can be pressed, else a picture; in both cases the colour is told.
+class AccessibleSample : public QAccessibleWidget
+{
+public:
+    explicit AccessibleSample(QWidget* widget) : QAccessibleWidget(widget) {}
+
+    QAccessible::Role role() const override
+    {
+        return sample().offersClick() ? QAccessible::Button : QAccessible::Graphic;
+    }
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind != QAccessible::Value && kind != QAccessible::Description)
+            return QAccessibleWidget::text(kind);
+        return sample().shownColor().name().toUpper();
+    }
+    QStringList actionNames() const override
+    {
+        const QStringList press = sample().offersClick() ? QStringList{pressAction()} : QStringList();
+        return press + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override
+    {
+        if (name == pressAction() && sample().offersClick()) {
+            sample().click();
+        } else {
+            QAccessibleWidget::doAction(name);
+        }
+    }
+
+private:
+    ColorSample& sample() const { return *static_cast<ColorSample*>(object()); }
+};
+
+} // namespace
+
 ColorSample::ColorSample(QWidget* parent) : QAbstractButton(parent)
 {
-    setFocusPolicy(Qt::NoFocus);
+    describeClass(staticMetaObject,
+                  [](QWidget* widget) -> QAccessibleInterface* { return new AccessibleSample(widget); });
+    setFocusPolicy(Qt::StrongFocus); // until shown: the Tab order of a window is made of what takes the focus
 }
 
 void ColorSample::setBackColor(int color)
 {
     m_color = color;
     update();
+    QAccessibleEvent told(this, QAccessible::DescriptionChanged);
+    QAccessible::updateAccessibility(&told);
 }
 
 QColor ColorSample::shownColor() const
@@ -33,6 +77,7 @@ QColor ColorSample::shownColor() const
 
 void ColorSample::offerClick()
 {
+    m_offersClick = true;
     setFocusPolicy(Qt::StrongFocus);
     setCursor(Qt::PointingHandCursor);
 }
@@ -40,6 +85,13 @@ void ColorSample::offerClick()
 QSize ColorSample::sizeHint() const
 {
     return {fontMetrics().horizontalAdvance(QStringLiteral("#000000")), fontMetrics().height() + 4};
+}
+
+void ColorSample::showEvent(QShowEvent* event)
+{
+    if (!m_offersClick)
+        setFocusPolicy(Qt::NoFocus);
+    QAbstractButton::showEvent(event);
 }
 
 void ColorSample::paintEvent(QPaintEvent*)

@@ -28,12 +28,15 @@ public:
 
     /// Lets the field be pressed.
     void offerClick();
+    bool offersClick() const { return m_offersClick; }
 
     QSize sizeHint() const override;
 
 protected:
+    void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:
     int m_color = 0;
+    bool m_offersClick = false;
 };

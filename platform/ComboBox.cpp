@@ -1,5 +1,6 @@
 #include "platform/ComboBox.h"
 
+#include "platform/Accessible.h"
 #include "platform/RuntimeError.h"
 
 #include <QCompleter>
@@ -8,6 +9,7 @@
 
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
+    describeClass(staticMetaObject, accessibleComboBox);
     setInsertPolicy(NoInsert);
     setPlaceholderText(QStringLiteral(" ")); // with one, the first entry isn't chosen by itself
     connect(this, &QComboBox::activated, this, &ComboBox::Click);

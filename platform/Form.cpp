@@ -2,13 +2,13 @@
 
 #include "platform/Events.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScreen>
-#include <QShortcut>
 #include <utility>
 
 namespace {
@@ -90,8 +90,10 @@ void Form::setCancelButton(QPushButton* button, CloseButton closeButton)
 {
     if (closeButton == CloseButton::Cancels)
         m_closesBy = button;
-    // A shortcut: a surface that has the focus would keep the key.
-    connect(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, button, &QPushButton::click);
+    auto* escape = new QAction(this); // an action, as a page that has the focus keeps the keys of none
+    escape->setShortcut(Qt::Key_Escape);
+    addAction(escape);
+    connect(escape, &QAction::triggered, button, &QPushButton::click);
 }
 
 void Form::giveWay(QWidget* sample, int least)
@@ -119,11 +121,19 @@ void Form::closeEvent(QCloseEvent* event)
     }
 }
 
+/// What Enter presses: a button that has the focus, such as Cancel, comes before the window's own. Boxes and
+/// options are for the space bar.
+QAbstractButton* Form::enterButton() const
+{
+    auto* inHand = qobject_cast<QAbstractButton*>(focusWidget());
+    return inHand && !inHand->isCheckable() ? inHand : m_default;
+}
+
 void Form::keyPressEvent(QKeyEvent* event)
 {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && m_default) {
-        m_default->click();
+    if (QAbstractButton* button = enterButton(); enter && button) {
+        button->click();
     } else {
         QWidget::keyPressEvent(event);
     }

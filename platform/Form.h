@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QWidget>
 
+class QAbstractButton;
 class QPushButton;
 
 /// A window of the program. Each form has one instance, made when first asked for (`form<FrmHR>()`) and
@@ -27,7 +28,8 @@ public:
     bool isUnloaded() const { return m_unloaded; }
 
 protected:
-    /// The button that Enter presses wherever the control in hand has no use for the key.
+    /// The button that Enter presses wherever the control in hand has no use for the key and is no button
+    /// itself.
     void setDefaultButton(QPushButton* button);
     /// What the window's own close button does.
     enum class CloseButton {
@@ -49,6 +51,7 @@ protected:
 
 private:
     void placeOverFrontWindow();
+    QAbstractButton* enterButton() const;
 
     QPushButton* m_default = nullptr;
     QPushButton* m_closesBy = nullptr; // in place of `Unload`

@@ -1,5 +1,7 @@
 #include "platform/ScrollBar.h"
 
+#include "platform/Accessible.h"
+
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
@@ -7,6 +9,7 @@
 
 ScrollBar::ScrollBar(QWidget* parent) : QScrollBar(parent)
 {
+    describeClass(staticMetaObject, accessibleSlider);
     setFocusPolicy(Qt::StrongFocus); // the toolkit's bars are out of the keyboard's reach
     connect(this, &QScrollBar::sliderPressed, this, [this] { m_valueAtPress = value(); });
     connect(this, &QScrollBar::valueChanged, this, &ScrollBar::noticeValue);

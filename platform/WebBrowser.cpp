@@ -1,5 +1,6 @@
 #include "platform/WebBrowser.h"
 
+#include "platform/Accessible.h"
 #include "platform/Doors.h"
 #include "platform/LongWork.h"
 #include "platform/WebEngine.h"
@@ -94,6 +95,7 @@ SurfaceLost::SurfaceLost()
 
 WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
 {
+    describeClass(staticMetaObject, accessibleGroup);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     for (QTimer* timer : {&m_documentTimer, &m_writeTimer, &m_revealTimer, &m_lossTimer, &m_caretTimer})
@@ -554,6 +556,15 @@ bool WebBrowser::isLinkKey(const QKeyEvent& key) const
     return m_designMode == DesignMode::On && key.keyCombination() == (Qt::CTRL | Qt::Key_K);
 }
 
+/// A design surface keeps the Tab key for the text, as the source box does, and is left with Ctrl+Tab or
+/// Shift+Tab. A sample has no use for it.
+bool WebBrowser::isLeavingKey(const QKeyEvent& key) const
+{
+    if (key.key() != Qt::Key_Tab && key.key() != Qt::Key_Backtab)
+        return false;
+    return m_kind == WebPage::Kind::Sample || key.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+}
+
 /// What the program does on a key of the page; false leaves the key to the page.
 bool WebBrowser::actOnKey(const QKeyEvent& key)
 {
@@ -567,6 +578,10 @@ bool WebBrowser::actOnKey(const QKeyEvent& key)
     }
     if (m_designMode == DesignMode::Off)
         return false;
+    if (isLeavingKey(key)) {
+        focusNextPrevChild(key.key() == Qt::Key_Tab && !(key.modifiers() & Qt::ShiftModifier));
+        return true;
+    }
     static const std::pair<QKeySequence::StandardKey, const char*> commands[] = {
         {QKeySequence::Cut, "Cut"}, {QKeySequence::Copy, "Copy"}, {QKeySequence::Paste, "Paste"}};
     for (const auto& [sequence, command] : commands) {

@@ -187,6 +187,7 @@ private:
     bool paste();
     bool takesKey(const QKeyEvent& key) const;
     bool isLinkKey(const QKeyEvent& key) const;
+    bool isLeavingKey(const QKeyEvent& key) const;
     bool actOnKey(const QKeyEvent& key);
     bool takesDrop(const QDropEvent& event) const;
     void wakeCaret();

@@ -122,6 +122,7 @@ void FrmBuild2::Command2_Click()
 void FrmBuild2::stepStyle(int by)
 {
     Label11->setText(QString::number(qBound(0, look().style + by, LastStyle)));
+    Label11->setAccessibleName(QStringLiteral("Design style %1").arg(Label11->text()));
     repaintDrawing();
 }
 

@@ -1,5 +1,7 @@
 #include "wizard/PageDrawing.h"
 
+#include "platform/Accessible.h"
+
 #include <QPainter>
 #include <array>
 
@@ -200,6 +202,7 @@ void drawPicture(Canvas& canvas, const Place& place)
 
 PageDrawing::PageDrawing(QWidget* parent) : QWidget(parent)
 {
+    describeClass(staticMetaObject, accessibleGraphic);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
@@ -242,6 +245,7 @@ void PageDrawing::paintEvent(QPaintEvent*)
 
 PictureStyleDrawing::PictureStyleDrawing(QWidget* parent) : QWidget(parent)
 {
+    describeClass(staticMetaObject, accessibleGraphic);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 

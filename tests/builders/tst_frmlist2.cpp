@@ -139,6 +139,7 @@ void TestFrmList2::adds()
     const List window;
     window.add("Visa");
     QCOMPARE(window.tool->RTB1, line("Visa"));
+    window.tool->Text1->setFocus();
     QTest::keyClicks(window.tool->Text1, QStringLiteral("b<"));
     QTest::keyClick(window.tool->Text1, Qt::Key_Return);
     QCOMPARE(window.tool->RTB1, line("Visa") + line("b<"));

@@ -610,8 +610,11 @@ void TestFrmBuild2::enterOpensTheEditor()
 {
     auto* page = openPage2();
     QVERIFY(QTest::qWaitForWindowActive(page));
-    page->Command1->setFocus();
-    QTest::keyClick(page->Command1, Qt::Key_Return);
+    page->Command2->setFocus();
+    QTest::keyClick(page->Command2, Qt::Key_Return); // a button that has the focus is the one that is pressed
+    QCOMPARE(page->Label11->text(), QStringLiteral("1"));
+    page->Chk1->setFocus();
+    QTest::keyClick(page->Chk1, Qt::Key_Return);
     QVERIFY(!isLoaded<FrmBuild2>());
     QVERIFY(source().contains(QLatin1String("Old lamp")));
 }

@@ -1,0 +1,133 @@
+#include "platform/Accessible.h"
+
+#include <QAbstractItemView>
+#include <QAbstractSlider>
+#include <QAccessibleWidget>
+#include <QComboBox>
+#include <QHash>
+#include <QLineEdit>
+
+namespace {
+
+QHash<QString, MakeAccessible>& makers()
+{
+    static QHash<QString, MakeAccessible> byClass;
+    return byClass;
+}
+
+QAccessibleInterface* makeDescribed(const QString& className, QObject* object)
+{
+    const MakeAccessible make = makers().value(className);
+    auto* widget = qobject_cast<QWidget*>(object);
+    return make && widget ? make(widget) : nullptr;
+}
+
+class AccessibleSlider : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit AccessibleSlider(QWidget* widget) : QAccessibleWidget(widget, QAccessible::Slider) {}
+
+    void* interface_cast(QAccessible::InterfaceType type) override
+    {
+        if (type == QAccessible::ValueInterface)
+            return static_cast<QAccessibleValueInterface*>(this);
+        return QAccessibleWidget::interface_cast(type);
+    }
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? QString::number(slider().value()) : QAccessibleWidget::text(kind);
+    }
+
+    QVariant currentValue() const override { return slider().value(); }
+    void setCurrentValue(const QVariant& value) override { slider().setValue(value.toInt()); }
+    QVariant minimumValue() const override { return slider().minimum(); }
+    QVariant maximumValue() const override { return slider().maximum(); }
+    QVariant minimumStepSize() const override { return slider().singleStep(); }
+
+private:
+    QAbstractSlider& slider() const { return *static_cast<QAbstractSlider*>(object()); }
+};
+
+/// Its children are the list and, where there is one, the edit field.
+class AccessibleComboBox : public QAccessibleWidget
+{
+public:
+    explicit AccessibleComboBox(QWidget* widget) : QAccessibleWidget(widget, QAccessible::ComboBox) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? combo().currentText() : QAccessibleWidget::text(kind);
+    }
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.expanded = combo().view()->isVisible();
+        state.editable = combo().isEditable();
+        return state;
+    }
+    int childCount() const override { return combo().isEditable() ? 2 : 1; }
+    QAccessibleInterface* child(int index) const override
+    {
+        switch (index) {
+        case 0:
+            return QAccessible::queryAccessibleInterface(combo().view());
+        case 1:
+            return QAccessible::queryAccessibleInterface(lineEdit());
+        default:
+            return nullptr;
+        }
+    }
+    int indexOfChild(const QAccessibleInterface* child) const override
+    {
+        return child->object() == combo().view() ? 0 : child->object() == lineEdit() ? 1 : -1;
+    }
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; } // one thing under the pointer
+    QStringList actionNames() const override
+    {
+        return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
+    }
+    void doAction(const QString& name) override
+    {
+        if (name != showMenuAction() && name != pressAction()) {
+            QAccessibleWidget::doAction(name);
+        } else if (combo().isEnabled() && !combo().view()->isVisible()) {
+            combo().showPopup();
+        } else {
+            combo().hidePopup();
+        }
+    }
+
+private:
+    QComboBox& combo() const { return *static_cast<QComboBox*>(object()); }
+    QLineEdit* lineEdit() const { return combo().lineEdit(); }
+};
+
+} // namespace
+
+void describeClass(const QMetaObject& type, MakeAccessible make)
+{
+    if (makers().isEmpty())
+        QAccessible::installFactory(makeDescribed);
+    makers().insert(QString::fromLatin1(type.className()), make);
+}
+
+QAccessibleInterface* accessibleGraphic(QWidget* widget)
+{
+    return new QAccessibleWidget(widget, QAccessible::Graphic);
+}
+
+QAccessibleInterface* accessibleGroup(QWidget* widget)
+{
+    return new QAccessibleWidget(widget, QAccessible::Grouping);
+}
+
+QAccessibleInterface* accessibleSlider(QWidget* widget)
+{
+    return new AccessibleSlider(widget);
+}
+
+QAccessibleInterface* accessibleComboBox(QWidget* widget)
+{
+    return new AccessibleComboBox(widget);
+}
