@@ -1,6 +1,6 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run install dist test demo gallery bench fuzz format tidy clean
+.PHONY: run install dist test demo gallery help-pictures bench fuzz format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -57,6 +57,13 @@ gallery:
 	cmake --preset dev
 	cmake --build --preset dev --target gallery
 	tests/windows/make-gallery $(DEV)/tests/gallery "$(CURDIR)/out/gallery"
+
+# Takes the pictures of the help page anew; look at them before you commit them.
+help-pictures:
+	./setup --test
+	cmake --preset dev
+	cmake --build --preset dev --target gallery
+	tests/windows/make-help-pictures $(DEV)/tests/gallery data
 
 bench:
 	./setup --bench

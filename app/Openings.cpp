@@ -1,20 +1,34 @@
 #include "app/Openings.h"
 
 #include "builders/FrmAddTable.h"
+#include "builders/FrmChar.h"
+#include "builders/FrmList.h"
+#include "builders/FrmList2.h"
 #include "builders/FrmListChoose.h"
 #include "builders/FrmTable.h"
 #include "builders/Pics.h"
 #include "colour/Fader5.h"
+#include "colour/FrmAutoColor.h"
 #include "colour/FrmBody.h"
 #include "colour/FrmColorcode.h"
+#include "colour/FrmFonts.h"
 #include "colour/FrmHR.h"
 #include "colour/color.h"
 #include "platform/Events.h"
+#include "platform/SSTab.h"
+#include "platform/Wait.h"
 #include "shell/About.h"
+#include "shell/Find.h"
 #include "shell/FrmHelp.h"
+#include "shell/FrmSplash.h"
 #include "shell/FrmWeb.h"
 #include "shell/FrmWord.h"
 #include "wizard/FrmBuild1.h"
+#include "wizard/FrmBuild2.h"
+#include "wizard/FrmTerms.h"
+
+#include <algorithm>
+#include <array>
 
 namespace {
 
@@ -35,6 +49,59 @@ void toolOpens(FrmWeb* main, int toolbarIndex)
     });
 }
 
+/// Where the help page tells of a window, and of the tab that is up there.
+struct HelpSection
+{
+    const QMetaObject* form;
+    int tab;
+    const char* id;
+};
+
+const std::array HelpSections = std::to_array<HelpSection>({
+    {&FrmSplash::staticMetaObject, 0, "start"},
+    {&FrmWeb::staticMetaObject, FrmWeb::EditorTab, "editor"},
+    {&FrmWeb::staticMetaObject, FrmWeb::PreviewTab, "preview"},
+    {&FrmWeb::staticMetaObject, FrmWeb::InternetTab, "internet"},
+    {&FrmBuild1::staticMetaObject, 0, "create-item"},
+    {&FrmBuild1::staticMetaObject, 1, "create-pictures"},
+    {&FrmBuild1::staticMetaObject, 2, "create-payment"},
+    {&FrmBuild1::staticMetaObject, 3, "create-location"},
+    {&FrmBuild1::staticMetaObject, 4, "create-pays"},
+    {&FrmBuild2::staticMetaObject, 0, "create-look"},
+    {&FrmTerms::staticMetaObject, 0, "terms"},
+    {&Find::staticMetaObject, 0, "find"},
+    {&FrmWord::staticMetaObject, 0, "words"},
+    {&color::staticMetaObject, 0, "highlight-color"},
+    {&FrmColorcode::staticMetaObject, 0, "color-code"},
+    {&FrmBody::staticMetaObject, 0, "body"},
+    {&Fader5::staticMetaObject, 0, "fader"},
+    {&Pics::staticMetaObject, 0, "picture"},
+    {&FrmHR::staticMetaObject, 0, "rule"},
+    {&FrmTable::staticMetaObject, 0, "table"},
+    {&FrmAutoColor::staticMetaObject, 0, "two-colors"},
+    {&FrmAddTable::staticMetaObject, 0, "newtable"},
+    {&FrmListChoose::staticMetaObject, 0, "lists"},
+    {&FrmList::staticMetaObject, 0, "list"},
+    {&FrmFonts::staticMetaObject, 0, "fonts"},
+    {&FrmList2::staticMetaObject, 0, "symbols"},
+    {&FrmChar::staticMetaObject, 0, "characters"},
+    {&Wait::staticMetaObject, 0, "wait"},
+    {&FrmHelp::staticMetaObject, 0, "help"},
+    {&About::staticMetaObject, 0, "about"},
+});
+
+/// Opens the help page where it tells of the form.
+void showHelpOf(const Form& form)
+{
+    const auto* tabs = form.findChild<SSTab*>();
+    const int tab = tabs ? tabs->Tab() : 0;
+    const auto* section = std::ranges::find_if(HelpSections, [&](const HelpSection& entry) {
+        return entry.form == form.metaObject() && entry.tab == tab;
+    });
+    ::form<FrmHelp>()->showSection(section == HelpSections.end() ? QString()
+                                                                 : QString::fromLatin1(section->id));
+}
+
 } // namespace
 
 // What opens what: one line an opening. A tool without a line is not there yet.
@@ -53,4 +120,5 @@ void connectOpenings(FrmWeb* main)
     opens<FrmWord>(main->muQW);
     opens<FrmHelp>(main->munhelp);
     opens<About>(main->munabout);
+    showHelpBy(showHelpOf);
 }

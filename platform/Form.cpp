@@ -26,9 +26,28 @@ const QWidget* frontWindow(const QWidget* except)
     return nullptr;
 }
 
+std::function<void(const Form&)>& helpShower()
+{
+    static std::function<void(const Form&)> show;
+    return show;
+}
+
 } // namespace
 
-Form::Form(QWidget* parent) : QWidget(parent, Qt::Window) {}
+Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
+{
+    auto* help = new QShortcut(QKeySequence::HelpContents, this);
+    help->setAutoRepeat(false);
+    on(help, &QShortcut::activated, this, [this] {
+        if (helpShower())
+            helpShower()(*this);
+    });
+}
+
+void showHelpBy(std::function<void(const Form&)> show)
+{
+    helpShower() = std::move(show);
+}
 
 void Form::Show()
 {

@@ -2,6 +2,7 @@
 
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 
 class QAbstractButton;
 class QPushButton;
@@ -59,6 +60,10 @@ private:
     bool m_unloaded = false;
     bool m_asking = false;
 };
+
+/// Sets what F1 does in every form, wherever its keyboard is; at first it does nothing. `show` gets the form
+/// that wants help.
+void showHelpBy(std::function<void(const Form& form)> show);
 
 namespace detail {
 

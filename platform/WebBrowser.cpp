@@ -75,6 +75,13 @@ QString literal(bool value)
     return value ? QStringLiteral("true") : QStringLiteral("false");
 }
 
+/// Lets a page that comes from a file show pictures that are files. The engine's setting is wider, but of
+/// other files the profile's guard lets none through.
+void showLocalPictures(WebPage* page, bool on)
+{
+    page->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, on);
+}
+
 /// Runs what a timer of the control began. A control that is deleted meanwhile has nobody left to tell.
 void untilDeleted(const std::function<void()>& body)
 {
@@ -406,6 +413,7 @@ bool WebBrowser::openBlankPage()
         m_lost = false;
         m_openedFor = m_designMode;
         m_page->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, scriptsRun());
+        showLocalPictures(m_page, false);
         m_page->triggerAction(QWebEnginePage::Stop); // a load still under way would replace what is written
         m_page->leaveFor(blankAddress());
         m_page->load(blankAddress()); // the same address again replaces its entry in the history
@@ -680,6 +688,7 @@ void WebBrowser::Navigate(const QString& address)
         return;
     }
     makeView();
+    showLocalPictures(m_page, url.isLocalFile()); // those beside it
     load(url, [&] { m_page->load(url); });
 }
 

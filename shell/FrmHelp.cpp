@@ -6,6 +6,7 @@
 #include "shell/FindBar.h"
 
 #include <QAction>
+#include <QUrl>
 #include <QVBoxLayout>
 
 FrmHelp::FrmHelp() : WebBrowser1(new WebBrowser(this))
@@ -24,4 +25,12 @@ FrmHelp::FrmHelp() : WebBrowser1(new WebBrowser(this))
 
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
     WebBrowser1->Navigate(appFile(QStringLiteral("\\Help0.htm")));
+}
+
+void FrmHelp::showSection(const QString& id)
+{
+    QUrl place = QUrl::fromLocalFile(appFile(QStringLiteral("\\Help0.htm")));
+    place.setFragment(id);
+    WebBrowser1->Navigate(place.toString(QUrl::FullyEncoded)); // a page that is there already only scrolls
+    Show();
 }

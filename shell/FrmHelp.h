@@ -12,5 +12,8 @@ class FrmHelp : public Form
 public:
     FrmHelp();
 
+    /// Shows the window in front, at the section of the page with this id; at the top without one.
+    void showSection(const QString& id);
+
     WebBrowser* WebBrowser1;
 };

@@ -94,8 +94,8 @@ void TestInstall::allIsThere()
     const QStringList names =
         QDir(m_folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     for (const char* name : {"COPYING", "Help0.htm", "README.txt", "add-to-menu", "brindlemark",
-                             "brindlemark.desktop", "brindlemark.svg", "setup", "web.ini", "weblst.ini",
-                             "weblst2.ini", "weblst3.ini", "webstyle.ini", "webstyle2.ini"})
+                             "brindlemark.desktop", "brindlemark.svg", "help", "setup", "web.ini",
+                             "weblst.ini", "weblst2.ini", "weblst3.ini", "webstyle.ini", "webstyle2.ini"})
         QVERIFY2(names.contains(QString::fromLatin1(name)), name);
     for (const char* name : {"add-to-menu", "brindlemark", "setup"})
         QVERIFY2(QFile::permissions(inFolder(QString::fromLatin1(name))) & QFile::ExeUser, name);

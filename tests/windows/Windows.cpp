@@ -227,6 +227,7 @@ QWidget* entry(MainWindow& main)
 
 QWidget* help(MainWindow& main)
 {
+    QFile::link(QStringLiteral(SOURCE_DIR "/data/help"), main.folder.path(QStringLiteral("help")));
     main.web->munhelp->trigger();
     auto* window = shown<FrmHelp>();
     waitForText(window->WebBrowser1, QStringLiteral("Brindlemark"));
