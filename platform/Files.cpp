@@ -5,7 +5,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <cerrno>
 #include <filesystem>
+#include <unistd.h>
 
 namespace {
 
@@ -14,14 +16,37 @@ namespace {
     throw RuntimeError(ErrorNumber::PathFileAccess, reason);
 }
 
+std::filesystem::path nativePath(const QString& path)
+{
+    return QFile::encodeName(path).toStdString();
+}
+
+/// What lies at a path. When that can't be told, the file may well be there: taken for missing, all that it
+/// holds would be lost with the next write.
+std::filesystem::file_type known(const std::filesystem::file_status& status, const std::error_code& failure)
+{
+    if (status.type() == std::filesystem::file_type::none)
+        refuse(QString::fromLocal8Bit(failure.message().c_str()));
+    return status.type();
+}
+
+/// The same at the end of all links.
+std::filesystem::file_type typeOf(const QString& path)
+{
+    std::error_code failure;
+    return known(std::filesystem::status(nativePath(path), failure), failure);
+}
+
 /// Where a path leads at the end of its symbolic links. Links are followed one by one and joined as they
 /// stand, because "cleaning" a path with ".." behind a linked folder names another file.
 QString followLinks(const QString& path)
 {
     constexpr int mostLinks = 40; // as many as the kernel follows
-    std::filesystem::path place = QFile::encodeName(path).toStdString();
+    std::filesystem::path place = nativePath(path);
     std::error_code failure;
-    for (int links = 0; std::filesystem::is_symlink(place, failure); ++links) {
+    for (int links = 0; known(std::filesystem::symlink_status(place, failure), failure) ==
+                        std::filesystem::file_type::symlink;
+         ++links) {
         if (links == mostLinks)
             refuse(QStringLiteral("Too many levels of symbolic links"));
         const std::filesystem::path target = std::filesystem::read_symlink(place, failure);
@@ -39,21 +64,29 @@ bool isProtected(const QFileInfo& file)
            !(file.permissions() & (QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther));
 }
 
+/// Whether the disk has what was written. A disk that fails or is full may say so only here; a file system
+/// that can't tell has nothing to say.
+bool reachesDisk(const QSaveFile& file)
+{
+    return fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
+}
+
 /// Writes and checks everything that can be checked before the old file is replaced. On a full disk one
 /// large write comes back short and all later steps report success: the count is the only witness.
 bool writeWhole(QSaveFile& file, const QByteArray& bytes)
 {
-    return file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size();
+    return file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size() &&
+           reachesDisk(file);
 }
 
 } // namespace
 
 QByteArray readFile(const QString& path)
 {
-    const QFileInfo info(path);
-    if (!info.exists())
+    const std::filesystem::file_type type = typeOf(path);
+    if (type == std::filesystem::file_type::not_found)
         throw RuntimeError(ErrorNumber::FileNotFound);
-    if (!info.isFile()) // a pipe or a device might never end
+    if (type != std::filesystem::file_type::regular) // a pipe or a device might never end
         refuse(QStringLiteral("Not a regular file"));
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
@@ -67,8 +100,11 @@ QByteArray readFile(const QString& path)
 void writeFile(const QString& path, const QByteArray& bytes)
 {
     const QFileInfo old(followLinks(path));
-    const bool replaces = old.exists();
-    if (replaces && !old.isFile()) // replacing a device by a file would harm the whole system
+    const std::filesystem::file_type type = typeOf(old.filePath());
+    const bool replaces = type != std::filesystem::file_type::not_found;
+    if (replaces &&
+        type !=
+            std::filesystem::file_type::regular) // replacing a device by a file would harm the whole system
         refuse(QStringLiteral("Not a regular file"));
     if (replaces && isProtected(old))
         refuse(QStringLiteral("The file is write-protected"));

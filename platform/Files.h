@@ -5,7 +5,7 @@
 
 /// The whole content of a file.
 /// Throws RuntimeError: FileNotFound when there is none, PathFileAccess (with the system's reason) when it
-/// is no regular file or can't be read to its end.
+/// is no regular file, can't be read to its end, or nobody can tell whether it is there.
 QByteArray readFile(const QString& path);
 
 /// Makes `bytes` the whole content of a file; every file that the program writes is written here. Either

@@ -282,6 +282,13 @@ QByteArray RichTextBox::Text() const
     return fromInner(innerText());
 }
 
+std::function<QByteArray()> RichTextBox::textLater() const
+{
+    return [text = innerText().toByteArray(), encoding = m_encoding] {
+        return encoding == TextEncoding::Utf8 ? text : ::encode(QString::fromUtf8(text), encoding);
+    };
+}
+
 void RichTextBox::setText(const QByteArray& text)
 {
     setText(text, encodingOf(text));

@@ -10,6 +10,7 @@
 #include <QFont>
 #include <QMimeData>
 #include <QTimer>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -29,6 +30,8 @@ public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
     QByteArray Text() const;
+    /// The text as it is now, for another thread: what is costly in it is done when the result is called.
+    std::function<QByteArray()> textLater() const;
     /// Replaces the whole text, in one step of undo, puts the caret to 0 and drops all colours. Decides the
     /// encoding anew. Raises `Change` and `SelChange` always, for an equal text as well.
     void setText(const QByteArray& text);

@@ -401,7 +401,7 @@ bool WebBrowser::writePage(const QString& html)
 void WebBrowser::reveal()
 {
     m_revealTimer.stop();
-    if (m_designMode == DesignMode::On && m_content == Content::Document && !m_lost) {
+    if (isEditable()) {
         m_page->runJavaScript(surfaceScript() + QStringLiteral(".reveal()"),
                               QWebEngineScript::ApplicationWorld);
     }
@@ -459,6 +459,32 @@ QString WebBrowser::innerHtml()
     }
     m_length = answer->toString().size();
     return answer->toString();
+}
+
+/// Whether there is a document that the user can edit.
+bool WebBrowser::isEditable() const
+{
+    return m_designMode == DesignMode::On && m_content == Content::Document && !m_lost;
+}
+
+void WebBrowser::readEdits(const std::function<void(const QString& html)>& heard)
+{
+    if (!isEditable() || operationsWaiting > 0)
+        return;
+    const auto answered = [self = QPointer<WebBrowser>(this), heard](const QVariant& answer) {
+        if (self && answer.typeId() == QMetaType::QString)
+            heard(answer.toString());
+    };
+    m_page->runJavaScript(surfaceScript() + QStringLiteral(".edits()"), QWebEngineScript::ApplicationWorld,
+                          answered);
+}
+
+void WebBrowser::forgetEdits()
+{
+    if (isEditable()) {
+        m_page->runJavaScript(surfaceScript() + QStringLiteral(".forgetEdits()"),
+                              QWebEngineScript::ApplicationWorld);
+    }
 }
 
 bool WebBrowser::execCommand(const QString& id, const QString& value)

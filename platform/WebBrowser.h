@@ -73,6 +73,13 @@ public:
     /// SurfaceLost when the page doesn't answer: an empty answer is always an empty document.
     QString innerHtml();
 
+    /// Calls `heard` with what `innerHtml` would return if the user has edited the design surface since it
+    /// was last written, `forgetEdits` was called or the last edit was heard of. Returns at once; the page
+    /// goes on meanwhile as if nothing were asked. A page that can't answer is not heard of.
+    void readEdits(const std::function<void(const QString& html)>& heard);
+    /// Takes the document as unedited from here on.
+    void forgetEdits();
+
     /// False: the renderer has ended and the caller has been told; there is no document until the next
     /// `write`.
     bool hasDocument() const { return !(m_lost && m_lossTold); }
@@ -161,6 +168,7 @@ private:
     void writeNext();
     bool scriptsRun() const;
     bool takesPage() const;
+    bool isEditable() const;
     QString writeFunction(const QString& html);
     bool writePage(const QString& html);
     bool openBlankPage();

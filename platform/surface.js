@@ -55,6 +55,15 @@ function harmless(html) {
 /** Whether this page was found ready once. */
 let started = false;
 
+/** Whether a design surface was edited and nobody has read it since. */
+let edited = false;
+const observer = new MutationObserver(() => { edited = true; });
+
+function forgetEdits() {
+    observer.takeRecords();
+    edited = false;
+}
+
 return {
     /**
      * Makes the empty page ready; on a design surface to be edited, with FONT and B instead of styles and P for a
@@ -69,6 +78,7 @@ return {
             placeCaret();
             command('styleWithCSS', false);
             command('defaultParagraphSeparator', 'p');
+            observer.observe(document, { subtree: true, childList: true, attributes: true, characterData: true });
         }
         return true;
     },
@@ -85,10 +95,19 @@ return {
         Document.prototype.close.call(document);
         if (design)
             placeCaret();
+        forgetEdits();
         return true;
     },
 
     reveal,
+    forgetEdits,
+
+    /** The text of a design surface that was edited since this was last asked; null when it was not. */
+    edits() {
+        const news = observer.takeRecords().length > 0 || edited;
+        edited = false;
+        return news ? serialise(document, false) : null;
+    },
 
     innerHtml(scripting) {
         return serialise(document, scripting);

@@ -47,4 +47,5 @@ void FrmSplash::Timer2_Timer()
     emit mainWindowLoaded();
     main->Show();
     Unload();
+    main->offerUnsavedText(); // waits for the user
 }

@@ -93,7 +93,7 @@ void place(QWidget* widget, const TwipsRect& rect)
 
 } // namespace
 
-FrmWeb::FrmWeb()
+FrmWeb::FrmWeb() : m_journal({AppPath(), QDir::homePath()})
 {
     setupUi(this);
     setCaption(Text2);
@@ -133,6 +133,9 @@ FrmWeb::FrmWeb()
     connectQuickTags();
     connectInternet();
     keepOnFatal([this] { return keepText(); });
+    JournalTimer.setSingleShot(true);
+    on(&JournalTimer, &QTimer::timeout, this, &FrmWeb::JournalTimer_Timer);
+    JournalTimer_Timer();
     RichTextBox1->setFocus();
 }
 
@@ -350,13 +353,17 @@ void FrmWeb::munfind_Click()
     }
 }
 
-/// Keeps the source as `Recovered.htm`, and an earlier one as `Recovered.old.htm`, before a fatal error ends
-/// the program; where the program's folder refuses it, in the user's own.
+/// Keeps the source in the journal, from which the next start offers it, and as `Recovered.htm`, an earlier
+/// one as `Recovered.old.htm`, before a fatal error ends the program; where the program's folder refuses it,
+/// in the user's own.
 QString FrmWeb::keepText()
 {
     const QByteArray text = RichTextBox1->Text();
     if (text.isEmpty())
         return QString();
+    m_journal.finish();
+    JournalTimer_Timer();
+    m_journal.finish();
     for (const QString& folder : {AppPath(), QDir::homePath(), QDir::tempPath()}) {
         const QString path = folder + QStringLiteral("/Recovered.htm");
         const QString older = folder + QStringLiteral("/Recovered.old.htm");

@@ -1,9 +1,11 @@
 #pragma once
 
 #include "platform/Form.h"
+#include "shell/Journal.h"
 #include "shell/ui_FrmWeb.h"
 
 #include <QByteArray>
+#include <QTimer>
 #include <optional>
 
 /// The main window: owner of the document, its views and the settings of the source box.
@@ -46,6 +48,12 @@ public:
     /// The text as it goes out: each character combined with a key of zero, so that it stays as it is.
     QString etxt(const QString& text) const;
 
+    /// Asks whether unsaved text that an earlier run of the program left shall come back, and makes it the
+    /// document on Yes. For the start only.
+    void offerUnsavedText();
+    /// Runs out when unsaved text is to be kept on the disk (see Journal).
+    QTimer JournalTimer;
+
     /// The toolbar's button at `index`, 1 to 22.
     QAction* toolbarButton(int index) const;
 
@@ -87,6 +95,7 @@ private:
     void mnsaveas_Click();
     bool save();
     bool saveAs();
+    void saved();
     void MnCut_Click();
     void MnCopy_Click();
     void MnPaste_Click();
@@ -152,6 +161,18 @@ private:
     void loadEditorBackground();
     void setEditorBackground(int color);
 
-    /// What was last written to a surface: a lost one is made anew from it.
+    // FrmWebJournal.cpp
+    void JournalTimer_Timer();
+    void keepUnsavedText();
+    void keepSource();
+    void forgetUnsavedText();
+    void bringBack(const Journal::Leftover& left);
+
+    /// What was last written to a surface, or read from it to be kept: a lost one is made anew from it.
     QString m_lastShown;
+
+    Journal m_journal;
+    qint64 m_change = 0;        // how often the source has changed
+    qint64 m_keptChange = 0;    // ... when it was last kept, saved or loaded
+    bool m_surfaceKept = false; // what is kept is an edit on the design surface, which the source lacks
 };

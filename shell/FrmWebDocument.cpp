@@ -141,6 +141,7 @@ void FrmWeb::emptyDocument()
     RichTextBox1->load(QByteArray());
     Text2 = Untitled;
     Dirty = false;
+    forgetUnsavedText();
     setCaption(Untitled);
 }
 
@@ -223,8 +224,10 @@ void FrmWeb::openFile(const QString& path)
         RichTextBox1->load(QByteArray());
         Text2 = Untitled;
         Dirty = false;
+        forgetUnsavedText();
         return;
     }
+    forgetUnsavedText();
     if (SSTab1->Tab() == PreviewTab) {
         showSource(WebBrowser1);
         if (Option2->Value())
@@ -257,11 +260,18 @@ bool FrmWeb::save()
         return false;
     try {
         writeRecord(Text2, *text);
-        Dirty = false;
+        saved();
     } catch (const RuntimeError&) {
         sayCannotSave();
     }
     return true;
+}
+
+void FrmWeb::saved()
+{
+    Dirty = false;
+    if (SSTab1->Tab() != InternetTab) // from there the document itself has not gone to the file
+        forgetUnsavedText();
 }
 
 /// The same under a name that the user gives.
@@ -296,7 +306,7 @@ bool FrmWeb::saveAs()
     }
     Text2 = dialog.FileName;
     setCaption(dialog.FileTitle);
-    Dirty = false;
+    saved();
     return true;
 }
 
@@ -372,6 +382,7 @@ void FrmWeb::mnuhtml_Click()
 
 void FrmWeb::RichTextBox1_Change()
 {
+    ++m_change;
     Dirty = !RichTextBox1->isEmpty();
 }
 

@@ -103,6 +103,7 @@ void FrmWeb::Option1_Click()
     WebBrowser1->show();
     WebBrowser3->hide();
     setDesignTools(true);
+    keepUnsavedText(); // what was typed before the preview is about to be written over
     // A preview that could not be shown has nothing to give; the user knows.
     const std::optional<QString> html = WebBrowser3->hasDocument() ? readSurface(WebBrowser3) : std::nullopt;
     writeSurface(WebBrowser1, html.value_or(m_lastShown));
@@ -182,6 +183,8 @@ void FrmWeb::showSource(WebBrowser* surface)
 /// Shows a document on a surface. The user reads why when that fails.
 void FrmWeb::writeSurface(WebBrowser* surface, const QString& html)
 {
+    if (surface == WebBrowser1)
+        m_surfaceKept = false;
     m_lastShown = html;
     if (!underHourglass([&] { return surface->write(html); })) {
         MsgBox(QStringLiteral(
@@ -220,8 +223,8 @@ std::optional<QString> FrmWeb::readSurface(WebBrowser* surface)
 void FrmWeb::replaceLost(WebBrowser* surface)
 {
     MsgBox(QStringLiteral(
-               "The process that showed the page has ended. What was edited on the page since it was last "
-               "shown is lost; your text in the editor is as it was, and nothing was saved."),
+               "The process that showed the page has ended. What was edited on the page in the last seconds "
+               "may be lost; your text in the editor is as it was, and nothing was saved."),
            ProgramTitle, MsgIcon::Exclamation);
     if (surface == WebBrowser1 || surface->isVisible())
         writeSurface(surface, m_lastShown);

@@ -10,11 +10,17 @@
 #include "wizard/Terms.h"
 
 #include <QFontDatabase>
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 namespace {
 
 /// What closes a terms file.
 constexpr QLatin1StringView lineEnd("\r\n");
+
+/// How old the text is that a lost page comes back with.
+constexpr auto KeepEvery = 10s;
 
 } // namespace
 
@@ -52,6 +58,9 @@ FrmTerms::FrmTerms()
     setCancelButton(Command15);
     on(WebBrowser1, &WebBrowser::linkRequested, this, &FrmTerms::WebBrowser1_LinkRequested);
     on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmTerms::WebBrowser1_RendererDied);
+    KeepTimer.setSingleShot(true);
+    on(&KeepTimer, &QTimer::timeout, this, &FrmTerms::KeepTimer_Timer);
+    KeepTimer.start(KeepEvery);
 }
 
 void FrmTerms::edit(const QString& html)
@@ -102,10 +111,16 @@ void FrmTerms::WebBrowser1_LinkRequested()
     askForLink(*WebBrowser1);
 }
 
+void FrmTerms::KeepTimer_Timer()
+{
+    KeepTimer.start(KeepEvery);
+    WebBrowser1->readEdits([this](const QString& html) { m_lastShown = html; });
+}
+
 void FrmTerms::WebBrowser1_RendererDied()
 {
-    MsgBox(QStringLiteral("The process that showed the terms has ended. What was changed since they were "
-                          "opened is lost; their file is as it was."),
+    MsgBox(QStringLiteral("The process that showed the terms has ended. What was changed in the last seconds "
+                          "may be lost; their file is as it was."),
            ProgramTitle, MsgIcon::Exclamation);
     edit(m_lastShown);
 }

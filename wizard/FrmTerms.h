@@ -3,6 +3,8 @@
 #include "platform/Form.h"
 #include "wizard/ui_FrmTerms.h"
 
+#include <QTimer>
+
 /// The small editor of the seller's terms. Its caption alone tells which file of `TermsFiles` it works on.
 class FrmTerms : public Form, public Ui::FrmTerms
 {
@@ -14,8 +16,11 @@ public:
     /// Replaces what is being edited. The user reads why when that fails.
     void edit(const QString& html);
 
-protected:
+    /// Runs out when the changed text is to be kept, for the case that its page is lost.
+    QTimer KeepTimer;
+
 private:
+    void KeepTimer_Timer();
     void Combo1_Click();
     void Combo2_Click();
     void Command5_Click();
@@ -27,7 +32,7 @@ private:
     void pickColorFor(const QString& command);
     void save();
 
-    /// What the surface was given last: a lost one is made anew from it.
+    /// What the surface was given, or was read from it, last: a lost one is made anew from it.
     QString m_lastShown;
 };
 

@@ -37,6 +37,11 @@ Program::Program(const QString& folder) : m_folder(folder) {}
 
 Program::~Program()
 {
+    kill();
+}
+
+void Program::kill()
+{
     if (m_process.state() == QProcess::NotRunning)
         return;
     m_process.kill();

@@ -48,6 +48,8 @@ public:
     bool isRunning() { return !m_process.waitForFinished(0) && m_process.state() == QProcess::Running; }
     /// Waits for the program's end; -1 when it stays or crashes.
     int exitCode();
+    /// Ends the program as the system does when memory runs out.
+    void kill();
 
     /// The number of the visible window with this title; empty when there is none.
     QString window(const QString& title) const;

@@ -117,6 +117,8 @@ private slots:
     void readsNothingWrongBeforeTheFirstWrite();
     void designModeKeepsTheDocument();
     void scriptsRunInThePreviewOnly();
+    void editsAreHeardOfOnce();
+    void editsOfOtherSurfacesAreNotHeardOf();
     void hostileDocuments_data();
     void hostileDocuments();
     void commands_data();
@@ -226,6 +228,58 @@ void TestWebBrowser::scriptsRunInThePreviewOnly()
     browser.setDesignMode(DesignMode::Off);
     QVERIFY(browser.write(html));
     QCOMPARE(value(browser, "document.title"), QStringLiteral("ran"));
+}
+
+void TestWebBrowser::editsAreHeardOfOnce()
+{
+    Surface surface;
+    QStringList heard;
+    const auto ask = [&] {
+        surface.readEdits([&](const QString& html) { heard << html; });
+        surface.innerHtml(); // is answered later
+        return std::exchange(heard, QStringList());
+    };
+    QCOMPARE(ask(), QStringList()); // no document yet
+    QVERIFY(surface.write(QStringLiteral("<p>one")));
+    QCOMPARE(ask(), QStringList());
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
+    QCOMPARE(ask(), QStringList());
+    QVERIFY(surface.execCommand(QStringLiteral("InsertText"), QStringLiteral("two")));
+    QCOMPARE(ask(), QStringList(page(QStringLiteral("\r\n<P>two</P>"))));
+    QCOMPARE(ask(), QStringList());
+    for (const char* script : {"document.querySelector('p').align = 'left'; 1",        // attributes
+                               "document.querySelector('p').firstChild.data = 'x'; 1", // letters
+                               "document.querySelector('p').remove(); 1"}) {
+        QVERIFY(surface.evaluate(QString::fromLatin1(script)));
+        QCOMPARE(ask().size(), 1);
+    }
+    QVERIFY(surface.evaluate(QStringLiteral("document.body.append('y'); 1")));
+    surface.forgetEdits();
+    QCOMPARE(ask(), QStringList());
+    QVERIFY(surface.evaluate(QStringLiteral("document.body.append('z'); 1")));
+    QVERIFY(surface.write(QStringLiteral("<p>other")));
+    QCOMPARE(ask(), QStringList());
+
+    QVERIFY(surface.evaluate(QStringLiteral("document.body.append('z'); 1")));
+    endRenderer(surface);
+    QTRY_VERIFY(!surface.hasDocument());
+    surface.readEdits([&](const QString& html) { heard << html; });
+    surface.forgetEdits();
+    QVERIFY(surface.write(QStringLiteral("<p>new")));
+    QCOMPARE(ask(), QStringList());
+    QVERIFY(surface.evaluate(QStringLiteral("document.body.append('z'); 1")));
+    QCOMPARE(ask().size(), 1);
+}
+
+void TestWebBrowser::editsOfOtherSurfacesAreNotHeardOf()
+{
+    WebBrowser preview;
+    bool heard = false;
+    QVERIFY(preview.write(QStringLiteral("<p>one<script>document.body.append('two')</script>")));
+    QVERIFY(preview.evaluate(QStringLiteral("document.body.append('three'); 1")));
+    preview.readEdits([&](const QString&) { heard = true; });
+    QVERIFY(preview.innerHtml().contains(QStringLiteral("three")));
+    QVERIFY(!heard);
 }
 
 void TestWebBrowser::hostileDocuments_data()

@@ -72,6 +72,7 @@ private slots:
     void failedWrite_data();
     void failedWrite();
     void lostRenderer();
+    void lostRendererComesBackWithTheChanges();
 
 private:
     std::unique_ptr<ProgramFolder> m_folder;
@@ -532,6 +533,25 @@ void TestFrmTerms::lostRenderer()
     ::kill(pid_t(editor->WebBrowser1->rendererPid()), SIGKILL);
     QTRY_COMPARE(doors.asked.size(), 1);
     QTRY_COMPARE(bodyOf(editor), QStringLiteral("pay"));
+    QCOMPARE(m_folder->read(QStringLiteral("weblst.ini")), QByteArray("<BODY>pay</BODY>"));
+}
+
+void TestFrmTerms::lostRendererComesBackWithTheChanges()
+{
+    ScriptedDoors doors;
+    m_folder->write(QStringLiteral("weblst.ini"), "<BODY>pay</BODY>");
+    openTerms(0);
+    auto* editor = form<FrmTerms>();
+    QCOMPARE(bodyOf(editor), QStringLiteral("pay"));
+    QVERIFY(editor->WebBrowser1->evaluate(QStringLiteral("document.body.append(' soon'); 1")));
+    QVERIFY(editor->KeepTimer.remainingTime() <= 15000);
+    editor->KeepTimer.start(0);
+    QTRY_VERIFY(editor->KeepTimer.remainingTime() > 0);
+    QCOMPARE(bodyOf(editor), QStringLiteral("pay soon"));
+    doors.answerMsgBox(MsgAnswer::Ok);
+    ::kill(pid_t(editor->WebBrowser1->rendererPid()), SIGKILL);
+    QTRY_COMPARE(doors.asked.size(), 1);
+    QTRY_COMPARE(bodyOf(editor), QStringLiteral("pay soon"));
     QCOMPARE(m_folder->read(QStringLiteral("weblst.ini")), QByteArray("<BODY>pay</BODY>"));
 }
 

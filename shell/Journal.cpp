@@ -1,0 +1,201 @@
+#include "shell/Journal.h"
+
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QUrl>
+#include <exception>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+const QString FileName = QStringLiteral("Brindlemark-unsaved-%1.htm");
+/// More than anybody runs at once from one folder.
+constexpr int MostPlaces = 99;
+
+// The last line of the file: Opening, the document's path, Middle, the checksum of all before it, Closing.
+constexpr char Opening[] = "\n<!-- Brindlemark, unsaved text of ";
+constexpr char Middle[] = ", checksum ";
+constexpr char Closing[] = " -->\n";
+
+QByteArray checksum(QByteArrayView bytes)
+{
+    QCryptographicHash hash(QCryptographicHash::Sha256);
+    hash.addData(bytes);
+    return hash.result().toHex();
+}
+
+/// What the file holds for a text.
+QByteArray sealed(QByteArray text, const QString& document)
+{
+    text += Opening + QUrl::toPercentEncoding(document, "/");
+    const QByteArray sum = checksum(text);
+    return text += Middle + sum + Closing;
+}
+
+/// What a file gives back. Without its last line it was torn, and all of it is what remains.
+Journal::Leftover unsealed(const QByteArray& bytes)
+{
+    const qsizetype opening = bytes.lastIndexOf(Opening);
+    const qsizetype middle = opening < 0 ? -1 : bytes.indexOf(Middle, opening);
+    const QByteArray text = bytes.first(opening < 0 ? bytes.size() : opening);
+    if (middle < 0 ||
+        bytes.sliced(middle) != Middle + checksum(QByteArrayView(bytes).first(middle)) + Closing)
+        return {.document = QString(), .text = text, .whole = false};
+    const qsizetype name = opening + qsizetype(sizeof Opening) - 1;
+    return {.document = QUrl::fromPercentEncoding(bytes.sliced(name, middle - name)), .text = text};
+}
+
+} // namespace
+
+/// A file name that is this program's alone as long as the object lives. Its end leaves the text's file.
+class Journal::Place
+{
+public:
+    /// Null when another program has the name, or the folder refuses.
+    static std::unique_ptr<Place> take(const QString& path)
+    {
+        const QByteArray lock = QFile::encodeName(path) + ".lock";
+        const int handle = ::open(lock.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+        if (handle < 0)
+            return nullptr;
+        std::unique_ptr<Place> place(new Place(path, lock, handle));
+        if (flock(handle, LOCK_EX | LOCK_NB) != 0 || !place->isCurrent()) {
+            place->m_lock.clear(); // the other's
+            return nullptr;
+        }
+        return place;
+    }
+    ~Place()
+    {
+        if (!m_lock.isEmpty())
+            ::unlink(m_lock.constData());
+        ::close(m_handle);
+    }
+    Q_DISABLE_COPY_MOVE(Place)
+
+    const QString& path() const { return m_path; }
+
+private:
+    Place(QString path, QByteArray lock, int handle)
+        : m_path(std::move(path)), m_lock(std::move(lock)), m_handle(handle)
+    {
+    }
+
+    /// Not when a program that was just leaving has removed the name of the file that is locked now.
+    bool isCurrent() const
+    {
+        struct stat named = {};
+        struct stat held = {};
+        return stat(m_lock.constData(), &named) == 0 && fstat(m_handle, &held) == 0 &&
+               named.st_ino == held.st_ino && named.st_dev == held.st_dev;
+    }
+
+    QString m_path;
+    QByteArray m_lock;
+    int m_handle;
+};
+
+Journal::Journal(QStringList folders) : m_folders(std::move(folders))
+{
+    m_writer.setMaxThreadCount(1); // one after the other
+}
+
+Journal::~Journal()
+{
+    if (m_holds)
+        clear();
+    finish();
+}
+
+void Journal::keep(const QString& document, const std::function<QByteArray()>& text)
+{
+    m_holds = true;
+    m_writer.start([this, document, text] {
+        try {
+            write(sealed(text(), document));
+        } catch (const std::exception&) {
+            return; // no memory for it now; the text before stays
+        }
+    });
+}
+
+void Journal::clear()
+{
+    m_holds = false;
+    m_writer.start([this] {
+        if (m_place)
+            QFile::remove(m_place->path());
+        m_place.reset();
+    });
+}
+
+/// To the file in use, or else to a new one in the first folder that takes it.
+void Journal::write(const QByteArray& bytes)
+{
+    if (m_place) {
+        try {
+            writeFile(m_place->path(), bytes);
+            return;
+        } catch (const RuntimeError&) {
+            // Full, perhaps; there may be room elsewhere.
+        }
+    }
+    for (const QString& folder : m_folders) {
+        if (writeElsewhere(folder, bytes))
+            return;
+    }
+}
+
+bool Journal::writeElsewhere(const QString& folder, const QByteArray& bytes)
+{
+    for (int number = 1; number <= MostPlaces; ++number) {
+        const QString path = folder + u'/' + FileName.arg(number);
+        if (QFile::exists(path))
+            continue;
+        std::unique_ptr<Place> place = Place::take(path);
+        if (!place || QFile::exists(path))
+            continue;
+        try {
+            writeFile(path, bytes);
+        } catch (const RuntimeError&) {
+            return false;
+        }
+        if (m_place)
+            QFile::remove(m_place->path()); // older now
+        m_place = std::move(place);
+        return true;
+    }
+    return false;
+}
+
+std::optional<Journal::Leftover> Journal::takeLeftover()
+{
+    finish();
+    for (const QString& folder : m_folders) {
+        const QDir dir(folder);
+        for (const QString& name : dir.entryList({FileName.arg(QLatin1Char('*'))}, QDir::Files, QDir::Name)) {
+            std::unique_ptr<Place> place = Place::take(dir.filePath(name));
+            if (!place)
+                continue;
+            try {
+                Leftover leftover = unsealed(readFile(place->path()));
+                m_place = std::move(place);
+                if (!leftover.text.isEmpty())
+                    return leftover;
+                clear(); // torn before the first byte
+                finish();
+            } catch (const RuntimeError&) {
+                continue; // gone meanwhile, or not ours to read
+            }
+        }
+    }
+    return std::nullopt;
+}

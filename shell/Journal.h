@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+#include <QThreadPool>
+#include <functional>
+#include <memory>
+#include <optional>
+
+/// The unsaved text of one document, kept in a file for the case that the program is ended from outside. The
+/// file, "Brindlemark-unsaved-1.htm" or another number, holds the text and, as a comment in its last line,
+/// whose text it is and a checksum. While a program uses a number it holds a lock on a file beside it, which
+/// the system gives up when the program ends in whatever way: so programs that share a folder never take each
+/// other's text, and a text without a holder is one that was left.
+///
+/// Texts are written by a thread of the journal's own. Nothing here raises errors: a text that can't be kept
+/// leaves the one before.
+class Journal
+{
+public:
+    /// What an earlier program left.
+    struct Leftover
+    {
+        /// The document's full path, or "Untitled".
+        QString document;
+        QByteArray text;
+        /// False: the file was damaged, `text` is what remains, and whose it was is not known.
+        bool whole = true;
+    };
+
+    /// The file lies in the first of `folders` that takes it.
+    explicit Journal(QStringList folders);
+    /// An end in good order: what this program keeps is removed.
+    ~Journal();
+    Q_DISABLE_COPY_MOVE(Journal)
+
+    /// Keeps a text in place of the one before, and returns at once. `text` is called in the other thread.
+    void keep(const QString& document, const std::function<QByteArray()>& text);
+    /// Removes what is kept, or what `takeLeftover` gave last; returns at once.
+    void clear();
+    /// Whether `keep` was called since the last `clear`.
+    bool holds() const { return m_holds; }
+    /// Whether a text is still being written.
+    bool isBusy() const { return m_writer.activeThreadCount() > 0; }
+    /// Waits until all is written.
+    void finish() { m_writer.waitForDone(); }
+
+    /// A text that an ended program left; no value when there is none. The file stays until the next `keep`
+    /// replaces it or `clear` removes it.
+    std::optional<Leftover> takeLeftover();
+
+private:
+    class Place;
+
+    void write(const QByteArray& bytes);
+    bool writeElsewhere(const QString& folder, const QByteArray& bytes);
+
+    QStringList m_folders;
+    QThreadPool m_writer;
+    std::unique_ptr<Place> m_place; // while the writer works, its own
+    bool m_holds = false;
+};
