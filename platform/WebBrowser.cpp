@@ -341,9 +341,14 @@ void WebBrowser::writeNext()
         return;
     }
     m_writing = html;
-    const auto written = [self = QPointer<WebBrowser>(this)](const QVariant&) {
+    const auto written = [self = QPointer<WebBrowser>(this)](const QVariant& taken) {
         if (!self)
             return;
+        if (!taken.toBool() && self->m_writing) { // the renderer ended first; the signal may be still to come
+            self->m_content = Content::Nothing;
+            if (!self->m_next)
+                self->m_next = self->m_writing;
+        }
         self->m_writing.reset();
         if (self->m_next)
             self->m_writeTimer.start(0);

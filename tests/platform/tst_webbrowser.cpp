@@ -18,7 +18,9 @@
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <chrono>
 #include <csignal>
+#include <thread>
 
 namespace {
 
@@ -119,6 +121,7 @@ private slots:
     void scriptsRunInThePreviewOnly();
     void editsAreHeardOfOnce();
     void editsOfOtherSurfacesAreNotHeardOf();
+    void pageForADyingRendererIsShown();
     void hostileDocuments_data();
     void hostileDocuments();
     void commands_data();
@@ -280,6 +283,22 @@ void TestWebBrowser::editsOfOtherSurfacesAreNotHeardOf()
     preview.readEdits([&](const QString&) { heard = true; });
     QVERIFY(preview.innerHtml().contains(QStringLiteral("three")));
     QVERIFY(!heard);
+}
+
+void TestWebBrowser::pageForADyingRendererIsShown()
+{
+    // Whatever comes first, the page's answer or the news of the renderer's end.
+    Sample sample;
+    for (int i = 0; i < 20; ++i) {
+        const QString text = QStringLiteral("<p>page %1").arg(i);
+        sample.writeSoon(QStringLiteral("<p>before"));
+        QTRY_VERIFY(value(sample, "document.body.innerHTML").contains(QStringLiteral("before")));
+        endRenderer(sample);
+        if (i % 2)
+            std::this_thread::sleep_for(std::chrono::milliseconds(i)); // no event comes through meanwhile
+        sample.writeSoon(text);
+        QTRY_COMPARE(value(sample, "document.body.innerHTML"), text + QStringLiteral("</p>"));
+    }
 }
 
 void TestWebBrowser::hostileDocuments_data()
