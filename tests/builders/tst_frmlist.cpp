@@ -136,6 +136,7 @@ void TestFrmList::refusesNoWord()
     click(window.tool->Command1);
     QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
     window.doors.answerMsgBox(MsgAnswer::Ok);
+    window.tool->Text1->setFocus();
     QTest::keyClick(window.tool->Text1, Qt::Key_Return);
     QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
     QCOMPARE(window.tool->List1->ListCount(), 0);

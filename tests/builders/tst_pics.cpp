@@ -148,6 +148,7 @@ void TestPics::addressThatIsNone()
         click(button);
         QCOMPARE(window.doors.takeAsked(), QStringList{NoAddress});
     }
+    window.tool->Text1->setFocus();
     QTest::keyClick(window.tool->Text1, Qt::Key_Return); // says nothing
     QCOMPARE(window.ask("document.querySelectorAll('img').length"), QStringLiteral("0"));
     QCOMPARE(window.source(), QByteArray());

@@ -537,7 +537,7 @@ void TestFrmWord::everyControlIsReachedByTab()
     const FrmWord& words = *window.words;
     for (QWidget* control :
          QList<QWidget*>{words.Text1, words.List1, words.Command1, words.Command2, words.Command3,
-                         words.Command4, words.Command6, words.Check1, words.Command5}) {
+                         words.Command4, words.Command6, words.Command5, words.Check1}) {
         QCOMPARE(QApplication::focusWidget(), control);
         QVERIFY(!control->toolTip().isEmpty());
         QTest::keyClick(control, Qt::Key_Tab);
