@@ -250,8 +250,11 @@ QWidget* fader(MainWindow& main)
 QWidget* faderWithTable(MainWindow& main)
 {
     QWidget* window = fader(main);
-    for (auto* box : {form<Fader5>()->Check1, form<Fader5>()->Check7})
+    auto* tools = form<Fader5>();
+    for (auto* box : {tools->Check1, tools->Check7})
         tick(box);
+    for (auto* bar : {tools->RedF, tools->GreenF}) // a yellow highlight
+        bar->setValue(255);
     return window;
 }
 
