@@ -1,5 +1,7 @@
 #include "MainWindow.h"
 
+#include "Widgets.h"
+
 #include <QApplication>
 #include <QDropEvent>
 #include <QMenu>
@@ -12,7 +14,7 @@
 MainWindow::MainWindow() : web(form<FrmWeb>())
 {
     web->Show();
-    if (!QTest::qWaitForWindowExposed(web))
+    if (!QTest::qWaitForWindowExposed(web, Patience))
         QTest::qFail("the main window never came up", __FILE__, __LINE__);
 }
 
@@ -32,7 +34,7 @@ void MainWindow::choose(QMenu* menu, QAction* entry) const
 {
     QMenuBar* bar = web->MenuBar1;
     QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(menu->menuAction()).center());
-    if (!QTest::qWaitForWindowExposed(menu)) {
+    if (!QTest::qWaitForWindowExposed(menu, Patience)) {
         QTest::qFail("the menu does not open", __FILE__, __LINE__);
         return;
     }

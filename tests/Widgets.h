@@ -13,6 +13,9 @@ class WebBrowser;
 
 // What a hand does with the program's controls, and what an eye sees in them.
 
+/// How long to wait for a window or a page, in milliseconds; wide, for a busy machine.
+constexpr int Patience = 20000;
+
 /// Clicks the middle of a button.
 void click(QAbstractButton* button);
 /// Clicks the indicator of a check box or an option.

@@ -19,7 +19,7 @@ public:
     {
         tool = form<F>();
         tool->Show();
-        if (!QTest::qWaitForWindowActive(tool))
+        if (!QTest::qWaitForWindowActive(tool, Patience))
             QTest::qFail("the window does not come up", __FILE__, __LINE__);
     }
     /// What the engine says of the sample.

@@ -16,7 +16,7 @@ void FaderTool::show()
 {
     press(18);
     tool = form<Fader5>();
-    if (!QTest::qWaitForWindowExposed(tool))
+    if (!QTest::qWaitForWindowExposed(tool, Patience))
         QTest::qFail("the fader does not show", __FILE__, __LINE__);
 }
 

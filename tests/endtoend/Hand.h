@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Widgets.h"
+
 #include <QByteArray>
 #include <QProcess>
 #include <QString>
@@ -8,9 +10,6 @@
 
 // The program itself, in a folder of its own and on a real display, used with keys and mouse. Windows are
 // found by their titles, results are read from files.
-
-/// How long a hand waits for a window or a file, in milliseconds; wide, for a busy machine.
-constexpr int Patience = 20000;
 
 /// The title of the main window at the start.
 inline const QString MainWindow = QStringLiteral("Untitled - Brindlemark 1.0");

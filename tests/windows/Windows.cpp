@@ -52,7 +52,7 @@ QByteArray shipped(const QString& name)
 template <typename F>
 F* shown()
 {
-    if (!QTest::qWaitFor([] { return isLoaded<F>() && form<F>()->isVisible(); }))
+    if (!QTest::qWaitFor([] { return isLoaded<F>() && form<F>()->isVisible(); }, Patience))
         QTest::qFail("the window does not open", __FILE__, __LINE__);
     return form<F>();
 }
@@ -68,7 +68,7 @@ F* tool(MainWindow& main, int toolbarIndex)
 /// Waits until a surface shows a text.
 void waitForText(WebBrowser* surface, const QString& text)
 {
-    if (!QTest::qWaitFor([&] { return surface->innerHtml().contains(text); }))
+    if (!QTest::qWaitFor([&] { return surface->innerHtml().contains(text); }, Patience))
         QTest::qFail("the page does not come up", __FILE__, __LINE__);
 }
 
@@ -137,8 +137,8 @@ void openListing(MainWindow& main)
     auto* page2 = wizardPage2(main);
     click(page2->Command23);
     main.web->activateWindow(); // where no window manager does it
-    if (!QTest::qWaitFor([&] { return main.source().contains("Art Deco"); }) ||
-        !QTest::qWaitForWindowActive(main.web))
+    if (!QTest::qWaitFor([&] { return main.source().contains("Art Deco"); }, Patience) ||
+        !QTest::qWaitForWindowActive(main.web, Patience))
         QTest::qFail("the listing does not come", __FILE__, __LINE__);
 }
 
@@ -413,7 +413,7 @@ QWidget* openView(const WindowView& view, MainWindow& main)
     for (const char* name : {"weblst.ini", "weblst2.ini", "weblst3.ini", "webstyle.ini", "webstyle2.ini"})
         main.folder.write(QString::fromLatin1(name), shipped(QString::fromLatin1(name)));
     QWidget* window = view.show(main);
-    if (!QTest::qWaitForWindowExposed(window))
+    if (!QTest::qWaitForWindowExposed(window, Patience))
         QTest::qFail("the window does not come up", __FILE__, __LINE__);
     return window;
 }

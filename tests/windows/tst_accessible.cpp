@@ -338,7 +338,7 @@ void TestAccessible::keyboardReachesAll()
     MainWindow main;
     QWidget* window = openView(fetchedView(), main);
     window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window));
+    QVERIFY(QTest::qWaitForWindowActive(window, Patience));
     QTRY_VERIFY2(controlInHand(), "no control has the focus at the start");
 
     const QSet<QWidget*> expected = tabControls(window);
@@ -419,7 +419,7 @@ void TestAccessible::escapeIsCancel()
     MainWindow main;
     const QPointer<QWidget> window = openView(fetchedView(), main);
     window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window));
+    QVERIFY(QTest::qWaitForWindowActive(window, Patience));
     if (!question.isEmpty())
         main.doors.answerMsgBox(MsgAnswer::Yes);
     QTRY_VERIFY(QApplication::focusWidget());
@@ -539,7 +539,7 @@ void TestAccessible::menuBarOpensByKey()
 {
     MainWindow main;
     main.web->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(main.web));
+    QVERIFY(QTest::qWaitForWindowActive(main.web, Patience));
     QCOMPARE(QApplication::focusWidget(), main.web->RichTextBox1);
     QTest::keyClick(main.web->windowHandle(), Qt::Key_Alt, Qt::AltModifier);
     QTRY_VERIFY(main.web->MenuBar1->activeAction());
@@ -557,7 +557,7 @@ void TestAccessible::toolsOpenByKey()
     MainWindow main;
     connectOpenings(main.web);
     main.web->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(main.web));
+    QVERIFY(QTest::qWaitForWindowActive(main.web, Patience));
     QTest::keyClick(main.web->windowHandle(), Qt::Key_Tab, Qt::ControlModifier);
     const QWidget* tool = main.web->Toolbar1->widgetForAction(main.web->toolbarButton(22));
     for (int key = 0; key < 22 && QApplication::focusWidget() != tool; ++key)

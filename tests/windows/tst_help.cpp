@@ -121,7 +121,7 @@ bool sectionShows(const QString& id)
 void pressF1(QWidget* window)
 {
     window->activateWindow();
-    if (!QTest::qWaitForWindowActive(window))
+    if (!QTest::qWaitForWindowActive(window, Patience))
         QTest::qFail("the window does not come to the front", __FILE__, __LINE__);
     QWidget* focus = window->focusWidget();
     QTest::keyClick(focus ? focus : window, Qt::Key_F1);
