@@ -22,6 +22,7 @@
 #include <QMainWindow>
 #include <QMimeData>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTimer>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineNewWindowRequest>
@@ -340,6 +341,7 @@ private slots:
     void addresses();
     void pagesOfTheInternet_data() { addPages(); }
     void pagesOfTheInternet();
+    void framesOfTheInternet();
 };
 
 /// Proves that the traps notice each vector: a page that nobody guards springs them all.
@@ -728,6 +730,33 @@ void TestSecurity::pagesOfTheInternet()
     }
     QCOMPARE(lines(sprung), QString());
     QCOMPARE(main.doors.takeAsked(), QStringList());
+}
+
+/// A click on a link in a frame starts no program either.
+void TestSecurity::framesOfTheInternet()
+{
+    Program main;
+    main.traps.server.page(
+        QStringLiteral("/seen/outer"),
+        main.traps
+            .arm("inframe", "<body style='margin: 0'><iframe style='border: 0; width: 100%; height: 400px' "
+                            "srcdoc=\"<body style='margin: 0'><a href='{scheme}' style='display: block; "
+                            "height: 400px'>x</a>\"></iframe>")
+            .toUtf8());
+    main.showTab(FrmWeb::InternetTab);
+    main.traps.takeSprung();
+    main.web->WebBrowser2->Navigate(main.traps.arm("outer", "{seen}"));
+    QTRY_VERIFY(main.traps.wasSeen(QStringLiteral("outer")));
+    const QSignalSpy status(main.web->WebBrowser2, &WebBrowser::statusTextChanged);
+    // The frame comes up later than its page.
+    QTRY_VERIFY_WITH_TIMEOUT(
+        [&] {
+            QTest::mouseClick(main.web->WebBrowser2->inputWidget(), Qt::LeftButton, {}, QPoint(50, 50));
+            QTest::qWait(100);
+            return status.contains(QVariantList{QStringLiteral("Not opened here: trap:inframe")});
+        }(),
+        30000);
+    QCOMPARE(lines(main.traps.takeSprung()), QString());
 }
 
 WEB_TEST_MAIN(TestSecurity)
