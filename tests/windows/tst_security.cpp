@@ -126,6 +126,10 @@ constexpr Vector Vectors[] = {
      "'turn:{socket}?transport=tcp', username: 'u', credential: 'c' }] });"
      " c.createDataChannel('x'); c.createOffer().then(o => c.setLocalDescription(o)) }</script>",
      "", "connection"},
+    {"calls", "stun",
+     "<script>{ const c = new RTCPeerConnection({ iceServers: [{ urls: 'stun:{udp}' }] });"
+     " c.createDataChannel('x'); c.createOffer().then(o => c.setLocalDescription(o)) }</script>",
+     "packet"},
     {"calls", "frameturn",
      "<script>{ const f = document.createElement('iframe'); document.documentElement.append(f); const c = "
      "new f.contentWindow.RTCPeerConnection({ iceServers: [{ urls: 'turn:{socket}?transport=tcp', username: "
