@@ -346,6 +346,7 @@ private slots:
     void pagesOfTheInternet_data() { addPages(); }
     void pagesOfTheInternet();
     void framesOfTheInternet();
+    void prompts();
 };
 
 /// Proves that the traps notice each vector: a page that nobody guards springs them all.
@@ -761,6 +762,25 @@ void TestSecurity::framesOfTheInternet()
         }(),
         30000);
     QCOMPARE(lines(main.traps.takeSprung()), QString());
+}
+
+/// What a script asks with is shown as text. The real dialog, as no script of answers shows anything.
+void TestSecurity::prompts()
+{
+    Traps traps;
+    const QString question = traps.arm("prompt", "<img src='{file}.png'><h1>Your password</h1>");
+    bool seen = false;
+    QTimer::singleShot(200, qApp, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        QVERIFY(dialog);
+        for (const QLabel* label : dialog->findChildren<QLabel*>())
+            seen = seen || (label->text() == question && label->textFormat() == Qt::PlainText);
+        traps.takeSprung(); // the dialog itself
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QVERIFY(!doors().inputBox(question, QStringLiteral("Message of the page"), QString()));
+    QVERIFY(seen);
+    QCOMPARE(lines(traps.takeSprung()), QString());
 }
 
 WEB_TEST_MAIN(TestSecurity)
