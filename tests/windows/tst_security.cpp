@@ -640,6 +640,9 @@ void TestSecurity::pastes_data()
     row("animated link",
         "<svg><a><animate attributeName=href values='javascript:{run}'></animate><text>x</text></a></svg>");
     row("link", "<a href='javascript:{run}'>x</a>");
+    row("link with a line end", "<a href=' java&#10;script&#9;:{run}'>x</a>");
+    row("second value",
+        "<svg><a><animate attributeName=href values='#;javascript:{run}'></animate></a></svg>");
     row("form", "<form action='javascript:{run}'><button formaction='javascript:{run}'>x</button></form>");
 }
 
