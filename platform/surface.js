@@ -79,6 +79,9 @@ return {
         if (started)
             return false;
         started = true;
+        window.name = ''; // what a script of the document before left
+        if (history.state !== null)
+            history.replaceState(null, '');
         if (design) {
             document.designMode = 'on';
             placeCaret();

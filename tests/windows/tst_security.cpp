@@ -330,6 +330,7 @@ private slots:
     void vectorsBite();
     void documents_data() { addPages(); }
     void documents();
+    void documentsShareNothing();
     void terms();
     void pictureAddresses();
     void pictureTool();
@@ -418,6 +419,39 @@ void TestSecurity::documents()
     settle(main.web->WebBrowser3, traps);
     QCOMPARE(lines(traps.takeSprung()), lines(previewed(page)));
     QCOMPARE(main.doors.takeAsked(), QStringList());
+}
+
+/// A page's script leaves nothing behind for the next document's.
+void TestSecurity::documentsShareNothing()
+{
+    Program main;
+    main.folder.write(QStringLiteral("one.htm"),
+                      main.traps
+                          .arm("one", "<script>window.name = 'left'; document.cookie = 'a=b';"
+                                      "try { localStorage.a = sessionStorage.a = 'left' } catch {}"
+                                      "try { indexedDB.open('left') } catch {}"
+                                      "history.replaceState('left', '')</script>")
+                          .toUtf8());
+    main.folder.write(
+        QStringLiteral("two.htm"),
+        (main.traps.arm("name", "<script>if (window.name) {leak}</script>") +
+         main.traps.arm("cookie", "<script>if (document.cookie) {leak}</script>") +
+         main.traps.arm("local", "<script>try { if (localStorage.a) {leak} } catch {}</script>") +
+         main.traps.arm("session", "<script>try { if (sessionStorage.a) {leak} } catch {}</script>") +
+         main.traps.arm("database", "<script>try { indexedDB.databases().then(d => { if (d.length) {leak} }, "
+                                    "() => 0) } catch {}</script>") +
+         main.traps.arm("history", "<script>if (history.state) {leak}</script>"))
+            .toUtf8());
+    main.showTab(FrmWeb::PreviewTab);
+    click(main.web->Option2);
+    for (const char* name : {"one.htm", "two.htm"}) {
+        main.showTab(FrmWeb::EditorTab);
+        if (main.web->Dirty)
+            main.doors.answerMsgBox(MsgAnswer::No);
+        main.open(main.folder.path(QString::fromLatin1(name)));
+        main.showTab(FrmWeb::PreviewTab);
+        QCOMPARE(main.sprungOn(main.web->WebBrowser3), QString());
+    }
 }
 
 /// Terms are HTML: in their editor, in the page that the wizard makes, and in the views of that page.
