@@ -11,6 +11,7 @@
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <algorithm>
@@ -133,7 +134,9 @@ public:
     {
         QInputDialog box(frontWindow());
         box.setWindowTitle(title);
-        box.setLabelText(prompt);
+        box.setLabelText(boxText(prompt));
+        for (auto* label : box.findChildren<QLabel*>())
+            label->setTextFormat(Qt::PlainText); // a page's script may ask
         box.setTextValue(initial);
         box.resize(420, box.sizeHint().height());
         if (runInFront(box) != QDialog::Accepted)

@@ -108,6 +108,9 @@ void prepareWebEngine()
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1"); // the sandbox can't be made by the superuser
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
         qputenv("QT_QUICK_BACKEND", "software"); // works where there is no OpenGL, and is lighter
+    // Packets of scripts are no requests, and no guard sees them.
+    qputenv("QTWEBENGINE_CHROMIUM_FLAGS", qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") +
+                                              " --force-webrtc-ip-handling-policy=disable_non_proxied_udp");
 
     QWebEngineUrlScheme scheme(BlankScheme);
     scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);

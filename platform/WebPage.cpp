@@ -12,6 +12,16 @@ namespace {
 /// So that nobody takes the page's words for the program's.
 const QString MessageTitle = QStringLiteral("Message of the page");
 
+/// What a page of the internet shows in its frames is its own affair, as long as the engine itself shows it.
+/// All else would be handed to another program.
+bool isShownInFrames(const QUrl& address)
+{
+    static const QStringList schemes = {QStringLiteral("http"), QStringLiteral("https"),
+                                        QStringLiteral("about"), QStringLiteral("data"),
+                                        QStringLiteral("blob")};
+    return schemes.contains(address.scheme());
+}
+
 } // namespace
 
 QString shownAddress(const QUrl& address)
@@ -63,8 +73,7 @@ bool WebPage::acceptNavigationRequest(const QUrl& address, NavigationType, bool 
     if (m_target == blankAddress()) // whatever the page that is left wants meanwhile
         return address == m_target;
     if (m_kind == Kind::Internet) {
-        // What a page shows in its frames is its own affair.
-        if (!mainFrame || isAllowed(m_kind, address))
+        if (mainFrame ? isAllowed(m_kind, address) : isShownInFrames(address))
             return true;
         emit refused(QStringLiteral("Not opened here: %1").arg(shownAddress(address)));
         return false;

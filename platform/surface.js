@@ -38,6 +38,12 @@ function linkAtCaret() {
 
 const escapeHtml = text => text.replace(/&/g, '&amp;').replace(/</g, '&lt;').replace(/"/g, '&quot;');
 
+/** What an address may hold anywhere, and still is the same address. */
+const BLANKS = /[\u0000-\u0020]/g;
+
+/** A script in place of an address, alone or in a list of values. */
+const SCRIPT_ADDRESS = /(^|;)javascript:/i;
+
 /** A fragment without what would act by itself: scripts, foreign documents, handlers and script addresses. */
 function harmless(html) {
     const page = new DOMParser().parseFromString(html, 'text/html');
@@ -45,7 +51,7 @@ function harmless(html) {
         element.remove();
     for (const element of page.querySelectorAll('*')) {
         for (const { name, value } of Array.from(attributes(element))) {
-            if (name.startsWith('on') || /^[\s\u0000-\u0020]*javascript:/i.test(value))
+            if (name.startsWith('on') || SCRIPT_ADDRESS.test(value.replace(BLANKS, '')))
                 Element.prototype.removeAttribute.call(element, name);
         }
     }
@@ -73,6 +79,9 @@ return {
         if (started)
             return false;
         started = true;
+        window.name = ''; // what a script of the document before left
+        if (history.state !== null)
+            history.replaceState(null, '');
         if (design) {
             document.designMode = 'on';
             placeCaret();

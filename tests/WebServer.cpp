@@ -110,6 +110,7 @@ void WebServer::serve(QTcpSocket* socket)
     socket->readAll();
     const QString path = QString::fromLatin1(request.split(' ').value(1));
     ++m_requests[path];
+    m_requestedPaths << path;
     const Behaviour behaviour = m_paths.value(path, {.response = header("404 Not Found", 0)});
     socket->write(behaviour.response);
     if (behaviour.streams > 0) {

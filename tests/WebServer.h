@@ -2,7 +2,7 @@
 
 #include <QByteArray>
 #include <QHash>
-#include <QString>
+#include <QStringList>
 #include <QTcpServer>
 #include <memory>
 
@@ -35,6 +35,8 @@ public:
 
     /// How often a path was asked for.
     int requests(const QString& path) const { return m_requests.value(path); }
+    /// All that was asked for so far, in its order.
+    QStringList requestedPaths() const { return m_requestedPaths; }
     /// How many of the bytes of `stream` were sent so far.
     qint64 streamed() const { return m_streamed; }
     /// Connections that are open now.
@@ -56,6 +58,7 @@ private:
     std::unique_ptr<QTcpServer> m_server;
     QHash<QString, Behaviour> m_paths;
     QHash<QString, int> m_requests;
+    QStringList m_requestedPaths;
     qint64 m_streamed = 0;
     int m_connections = 0;
 };

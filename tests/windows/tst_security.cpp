@@ -1,0 +1,824 @@
+// What hostile pages and files can do: see docs/SECURITY.md.
+
+#include "MainWindow.h"
+#include "Traps.h"
+#include "WebTestMain.h"
+#include "Widgets.h"
+#include "app/Openings.h"
+#include "builders/FrmTable.h"
+#include "builders/Pics.h"
+#include "colour/Fader5.h"
+#include "colour/FrmBody.h"
+#include "colour/FrmHR.h"
+#include "platform/WebEngine.h"
+#include "shell/FrmWord.h"
+#include "wizard/FrmBuild1.h"
+#include "wizard/FrmBuild2.h"
+#include "wizard/FrmTerms.h"
+
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QMimeData>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QWebEngineDownloadRequest>
+#include <QWebEngineNewWindowRequest>
+#include <QWebEnginePage>
+#include <QWebEngineProfile>
+#include <QWebEngineSettings>
+#include <QWebEngineView>
+#include <memory>
+#include <vector>
+
+namespace {
+
+/// A way to get out of a page; its name and its words are those of `Traps`.
+struct Vector
+{
+    const char* page; ///< vectors with the same are tried in one page; they leave each other alone
+    const char* name;
+    const char* html;
+    const char* stopped = "";    ///< what the engine refuses in any page, as `prepareWebEngine` sets it up
+    const char* preview = "ran"; ///< what of its effects happens in the preview, where scripts run
+};
+
+constexpr Vector Vectors[] = {
+    // What markup loads.
+    {"frames", "iframe", "<iframe src='{file}.htm'></iframe><iframe src='{web}'></iframe>"},
+    {"frames", "folder", "<iframe src='{folder}'></iframe>", "file"},
+    {"frames", "srcdoc",
+     "<iframe srcdoc='<iframe src={file}.htm></iframe><iframe src={web}></iframe>'></iframe>"},
+    {"frames", "object", "<object data='{file}.htm'></object><object data='{web}'></object>"},
+    {"frames", "embed", "<embed src='{file}.htm'><embed src='{web}'>"},
+    {"frames", "schemeframe", "<iframe src='{scheme}'></iframe>"},
+    {"frames", "mailframe", "<iframe src='{mail}'></iframe>"},
+    {"frameset", "frameset", "<frameset cols='1,1'><frame src='{file}.htm'><frame src='{web}'></frameset>"},
+    {"links", "script", "<script src='{file}.js'></script><script src='{web}'></script>"},
+    {"links", "module", "<script type=module src='{web}'></script>"},
+    {"links", "svgscript", "<svg><script href='{file}.js'></script><script href='{web}'></script></svg>"},
+    {"links", "stylesheet", "<link rel=stylesheet href='{file}.css'>"},
+    {"links", "import", "<style>@import url('{file}.css');</style>"},
+    {"links", "font",
+     "<style>@font-face { font-family: trap; src: url('{file}.woff'), url('{web}') }</style>"
+     "<p style='font-family: trap'>text</p>"},
+    {"links", "preload",
+     "<link rel=preload as=script href='{file}.js'><link rel=preload as=font "
+     "href='{web}' crossorigin>"},
+    {"links", "preloadfetch", "<link rel=preload as=fetch href='{web}' crossorigin>"},
+    {"links", "modulepreload", "<link rel=modulepreload href='{web}'>"},
+    {"links", "prefetch", "<link rel=prefetch href='{web}'>"},
+    {"links", "preconnect", "<link rel=preconnect href='http://{socket}'>", "connection"},
+    {"media", "video", "<video src='{file}.mp4' autoplay></video><video src='{web}' autoplay></video>"},
+    {"media", "audio", "<audio src='{file}.ogg' autoplay></audio><audio src='{web}' autoplay></audio>"},
+    {"media", "source", "<video autoplay><source src='{file}.mp4'><source src='{web}'></video>"},
+    {"media", "svguse", "<svg><use href='{file}.svg#x'></use></svg>"},
+    {"media", "filter", "<p style=\"filter: url('{file}.svg#x')\">text</p>"},
+    {"base", "base", "<base href='{folder}/'><script src='base.js'></script><!-- {file}.js -->"},
+
+    // What leaves the page by itself.
+    {"refreshfile", "refreshfile", "<meta http-equiv=refresh content='0; url={file}.htm'>"},
+    {"refreshweb", "refreshweb", "<meta http-equiv=refresh content='0; url={web}'>"},
+    {"refreshscheme", "refreshscheme", "<meta http-equiv=refresh content='0; url={scheme}'>"},
+
+    // What runs without being called a script.
+    {"handlers", "inline", "<script>{run}</script>"},
+    {"handlers", "onerror", "<img src='x:' onerror='{run}'>"},
+    {"handlers", "onload", "<img src='{picture}' onload='{run}'>"},
+    {"handlers", "svgonload", "<svg onload='{run}'></svg>"},
+    {"handlers", "svgscriptinline", "<svg><script>{run}</script></svg>"},
+    {"handlers", "mathhandler", "<math><mtext><img src='x:' onerror='{run}'></mtext></math>"},
+    {"handlers", "ontoggle", "<details open ontoggle='{run}'>text</details>"},
+    {"handlers", "styleonload", "<style onload='{run}'>b { color: red }</style>"},
+    {"handlers", "onanimation",
+     "<style>@keyframes k { from { left: 0 } }</style>"
+     "<p style='animation: k 1s' onanimationstart='{run}'>text</p>"},
+    {"handlers", "videoerror", "<video><source src='x:' onerror='{run}'></video>"},
+    {"handlers", "scriptframe", "<iframe src='javascript:parent.eval(\"{run}\")'></iframe>"},
+    {"handlers", "srcdocscript", "<iframe srcdoc='<script>{run}</script>'></iframe>"},
+    {"handlers", "srcdochandler", "<iframe srcdoc='<img src=x: onerror=\"{run}\">'></iframe>"},
+    {"handlers", "shadow", "<div><template shadowroot=open><img src='x:' onerror='{run}'></template></div>",
+     "", ""},
+    {"handlers", "dataframe", "<iframe src='data:text/html,<script>{run}</script>'></iframe>", "", ""},
+    {"body", "bodyonload", "<body onload='{run}'>text"},
+    {"body", "pageshow", "<body onpageshow='{run}'>text"},
+
+    // What scripts ask for.
+    {"calls", "fetch",
+     "<script>for (const u of ['{file}.txt', '{web}']) fetch(u, { mode: 'no-cors' })"
+     ".then(() => {leak}, () => 0)</script>",
+     "file leak"},
+    {"calls", "request",
+     "<script>for (const u of ['{file}.txt', '{web}']) { try { const r = new XMLHttpRequest();"
+     " r.open('GET', u); r.send() } catch {} }</script>"},
+    {"calls", "beacon", "<script>navigator.sendBeacon('{web}', 'x')</script>"},
+    {"calls", "eventsource", "<script>new EventSource('{web}')</script>"},
+    {"calls", "websocket", "<script>new WebSocket('ws://{socket}/')</script>"},
+    {"calls", "worker", "<script>try { new Worker('{file}.js') } catch {}</script>"},
+    {"calls", "blobworker",
+     "<script>new Worker(URL.createObjectURL(new Blob([\"try { importScripts('{file}.js') }"
+     " catch {} ; importScripts('{web}')\"])))</script>"},
+    {"calls", "dynamicimport", "<script>import('{web}').catch(() => 0)</script>"},
+    {"calls", "turn",
+     "<script>{ const c = new RTCPeerConnection({ iceServers: [{ urls: "
+     "'turn:{socket}?transport=tcp', username: 'u', credential: 'c' }] });"
+     " c.createDataChannel('x'); c.createOffer().then(o => c.setLocalDescription(o)) }</script>",
+     "", "connection"},
+    {"calls", "stun",
+     "<script>{ const c = new RTCPeerConnection({ iceServers: [{ urls: 'stun:{udp}' }] });"
+     " c.createDataChannel('x'); c.createOffer().then(o => c.setLocalDescription(o)) }</script>",
+     "packet"},
+    {"calls", "frameturn",
+     "<script>{ const f = document.createElement('iframe'); document.documentElement.append(f); const c = "
+     "new f.contentWindow.RTCPeerConnection({ iceServers: [{ urls: 'turn:{socket}?transport=tcp', username: "
+     "'u', credential: 'c' }] }); c.createDataChannel('x'); c.createOffer().then(o => "
+     "c.setLocalDescription(o)) }</script>",
+     "", "connection"},
+    {"calls", "pixels",
+     "<script>{ const i = new Image(); i.onload = () => { const c = document.createElement("
+     "'canvas'); c.width = c.height = 2; const x = c.getContext('2d'); x.drawImage(i, 0, 0);"
+     " try { c.toDataURL(); {leak} } catch {} }; i.src = '{picture}' }</script>",
+     "leak"},
+    {"calls", "where", "<script>navigator.geolocation.getCurrentPosition(() => {leak}, () => 0)</script>",
+     "leak"},
+    {"calls", "camera",
+     "<script>try { navigator.mediaDevices.getUserMedia({ video: true }).then(() => {leak},"
+     " () => 0) } catch {}</script>",
+     "leak"},
+    {"calls", "notify",
+     "<script>Notification.requestPermission(s => { if (s == 'granted') {leak} })</script>", "leak"},
+    {"calls", "clipboard",
+     "<script>if (document.execCommand('paste')) {leak};"
+     " navigator.clipboard?.readText().then(() => {leak}, () => 0)</script>",
+     "leak"},
+
+    // What scripts open.
+    {"opens", "window", "<script>window.open('{web}'); window.open('{file}.htm')</script>"},
+    {"opens", "blanklink", "<a id=bl target=_blank href='{web}'>x</a><script>bl.click()</script>"},
+    {"opens", "schemewindow", "<script>window.open('{scheme}')</script>"},
+    {"opens", "scriptedframe",
+     "<script>document.body.append(Object.assign(document.createElement('iframe'),"
+     " { src: '{web}' }))</script>"},
+    {"opens", "blobframe",
+     "<script>document.body.append(Object.assign(document.createElement('iframe'), { src: "
+     "URL.createObjectURL(new Blob([`<iframe src='{web}'></iframe>`], { type: 'text/html' "
+     "})) }))</script>"},
+    {"opens", "frameform",
+     "<iframe name=ff></iframe><form id=f1 target=ff method=post action='{web}'><input name=a>"
+     "</form><script>f1.submit()</script>"},
+    {"download", "download",
+     "<a id=d1 download=x.exe href='data:application/octet-stream,MZ'>x</a>"
+     "<script>d1.click()</script>"},
+    {"gofile", "gofile", "<script>location = '{file}.htm'</script>"},
+    {"goweb", "goweb", "<script>location = '{web}'</script>"},
+    {"goscheme", "goscheme", "<script>location = '{scheme}'</script>"},
+    {"goform", "goform", "<form id=f2 method=post action='{web}'></form><script>f2.submit()</script>"},
+    {"ping", "ping", "<a id=a1 ping='{web}' href='#x'>x</a><script>a1.click()</script>"},
+};
+
+/// What each word of a vector leads to.
+struct Effect
+{
+    QLatin1StringView word;
+    QLatin1StringView name;
+};
+
+constexpr Effect Effects[] = {
+    {QLatin1StringView("{file}"), QLatin1StringView("file")},
+    {QLatin1StringView("{folder}"), QLatin1StringView("file")},
+    {QLatin1StringView("{web}"), QLatin1StringView("request")},
+    {QLatin1StringView("{run}"), QLatin1StringView("ran")},
+    {QLatin1StringView("{leak}"), QLatin1StringView("leak")},
+    {QLatin1StringView("{udp}"), QLatin1StringView("packet")},
+    {QLatin1StringView("{socket}"), QLatin1StringView("connection")},
+    {QLatin1StringView("{scheme}"), QLatin1StringView("program")},
+    {QLatin1StringView("{mail}"), QLatin1StringView("program")},
+};
+
+/// The page of the vectors of one name.
+QString pageOf(const QString& name, Traps& traps)
+{
+    QString html;
+    for (const Vector& vector : Vectors) {
+        if (name == QLatin1String(vector.page))
+            html += traps.arm(vector.name, vector.html) + u'\n';
+    }
+    return html;
+}
+
+/// So that a failure shows it all.
+QString lines(const QStringList& list)
+{
+    return list.join(QStringLiteral("; "));
+}
+
+/// The effects of the vectors of a page, out of those that `of` names for each.
+template <typename Names>
+QStringList effectsOf(const QString& page, Names of)
+{
+    QStringList all;
+    for (const Vector& vector : Vectors) {
+        const QString html = QString::fromLatin1(vector.html);
+        for (const Effect& effect : Effects) {
+            if (page == QLatin1String(vector.page) && html.contains(effect.word) && of(vector, effect.name))
+                all << QLatin1String(vector.name) + QStringLiteral(": ") + effect.name;
+        }
+    }
+    all.sort();
+    all.removeDuplicates();
+    return all;
+}
+
+/// What happens where nobody guards the page.
+QStringList unguarded(const QString& page)
+{
+    return effectsOf(page, [](const Vector& vector, QLatin1StringView effect) {
+        return !QLatin1StringView(vector.stopped).contains(effect);
+    });
+}
+
+/// What happens in the preview.
+QStringList previewed(const QString& page)
+{
+    return effectsOf(page, [](const Vector& vector, QLatin1StringView effect) {
+        return QLatin1StringView(vector.preview).contains(effect);
+    });
+}
+
+void addPages()
+{
+    QTest::addColumn<QString>("page");
+    QStringList known;
+    for (const Vector& vector : Vectors) {
+        const QString page = QString::fromLatin1(vector.page);
+        if (!known.contains(page)) {
+            known << page;
+            QTest::newRow(vector.page) << page;
+        }
+    }
+}
+
+/// Waits until a surface has loaded all that its page names, and a little for what comes later.
+void settle(WebBrowser* surface, Traps& traps)
+{
+    static int number = 0;
+    for (int round = 0; round < 2; ++round) {
+        const QString mark = QStringLiteral("mark%1").arg(++number);
+        surface->evaluate(
+            QStringLiteral("new Image().src = '%1'").arg(traps.arm(mark, QStringLiteral("{seen}"))));
+        if (!QTest::qWaitFor([&] { return traps.wasSeen(mark); }, 10000))
+            QTest::qFail("the page loads no pictures", __FILE__, __LINE__);
+    }
+    QTest::qWait(300);
+}
+
+/// A fragment that tries much at once, on one line and shorter than a setting may be. `before` gets it out of
+/// where it is put.
+QString fragment(Traps& traps, const QString& part, const QString& before)
+{
+    return traps.arm(part, before + QStringLiteral("<script>{run}</script><img src=x: onerror=\"{run}\">"
+                                                   "<iframe src='{file}.htm'></iframe>"));
+}
+
+/// The main window with the way to all tools.
+class Program : public MainWindow
+{
+public:
+    Program()
+    {
+        connectOpenings(web);
+        traps.watch(documentProfile());
+        traps.watch(internetProfile());
+    }
+
+    Traps traps;
+
+    /// Presses a button of the toolbar and waits for its window.
+    template <typename F>
+    F* tool(int toolbarIndex)
+    {
+        press(toolbarIndex);
+        return shown<F>();
+    }
+    template <typename F>
+    F* shown()
+    {
+        if (!QTest::qWaitFor([] { return isLoaded<F>() && form<F>()->isVisible(); }) ||
+            !QTest::qWaitForWindowExposed(form<F>()))
+            QTest::qFail("the window does not open", __FILE__, __LINE__);
+        traps.takeSprung();
+        return form<F>();
+    }
+    /// What a surface did since the window came up.
+    QString sprungOn(WebBrowser* surface)
+    {
+        settle(surface, traps);
+        return lines(traps.takeSprung());
+    }
+};
+
+} // namespace
+
+class TestSecurity : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void vectorsBite_data() { addPages(); }
+    void vectorsBite();
+    void documents_data() { addPages(); }
+    void documents();
+    void documentsShareNothing();
+    void terms();
+    void pictureAddresses();
+    void pictureTool();
+    void colourFiles();
+    void savedTitles();
+    void lists();
+    void links_data();
+    void links();
+    void pastes_data();
+    void pastes();
+    void drops();
+    void addresses_data();
+    void addresses();
+    void pagesOfTheInternet_data() { addPages(); }
+    void pagesOfTheInternet();
+    void framesOfTheInternet();
+    void prompts();
+};
+
+/// Proves that the traps notice each vector: a page that nobody guards springs them all.
+void TestSecurity::vectorsBite()
+{
+    QFETCH(QString, page);
+    Traps traps;
+    QWebEngineProfile profile;
+    QObject::connect(&profile, &QWebEngineProfile::downloadRequested, &profile,
+                     [](QWebEngineDownloadRequest* download) {
+                         download->setDownloadDirectory(QDir::tempPath());
+                         download->accept();
+                         download->cancel();
+                     });
+    QWebEnginePage open(&profile);
+    for (const auto attribute :
+         {QWebEngineSettings::LocalContentCanAccessFileUrls,
+          QWebEngineSettings::LocalContentCanAccessRemoteUrls, QWebEngineSettings::JavascriptCanOpenWindows,
+          QWebEngineSettings::HyperlinkAuditingEnabled})
+        profile.settings()->setAttribute(attribute, true);
+    profile.settings()->setAttribute(QWebEngineSettings::PlaybackRequiresUserGesture, false);
+    profile.settings()->setUnknownUrlSchemePolicy(QWebEngineSettings::AllowAllUnknownUrlSchemes);
+    std::vector<std::unique_ptr<QWebEnginePage>> others;
+    QObject::connect(&open, &QWebEnginePage::newWindowRequested, &open,
+                     [&](QWebEngineNewWindowRequest& request) {
+                         others.push_back(std::make_unique<QWebEnginePage>(&profile));
+                         request.openIn(others.back().get());
+                     });
+    QMainWindow window; // what moves must be seen
+    window.setCentralWidget(new QWebEngineView(&open));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QFile file(traps.folder() + QStringLiteral(".htm"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QByteArray html = pageOf(page, traps).toUtf8();
+    QCOMPARE(file.write(html), html.size());
+    file.close();
+    traps.takeSprung();
+    open.load(QUrl::fromLocalFile(file.fileName()));
+    QStringList missing = unguarded(page);
+    const bool bites = QTest::qWaitFor(
+        [&] {
+            for (const QString& sprung : traps.takeSprung())
+                missing.removeAll(sprung);
+            return missing.isEmpty();
+        },
+        60000); // each frame has a process of its own
+    QFile::remove(file.fileName());
+    QVERIFY2(bites, qPrintable(missing.join(QStringLiteral(", "))));
+}
+
+/// A file that somebody sent: opened, and shown on both views.
+void TestSecurity::documents()
+{
+    QFETCH(QString, page);
+    Traps traps;
+    MainWindow main;
+    traps.watch(documentProfile());
+    main.folder.write(QStringLiteral("sent.htm"), pageOf(page, traps).toUtf8());
+    main.open(main.folder.path(QStringLiteral("sent.htm")));
+    traps.takeSprung();
+    main.doors.takeAsked();
+
+    main.showTab(FrmWeb::PreviewTab);
+    settle(main.web->WebBrowser1, traps);
+    QCOMPARE(lines(traps.takeSprung()), QString());
+
+    click(main.web->Option2);
+    settle(main.web->WebBrowser3, traps);
+    QCOMPARE(lines(traps.takeSprung()), lines(previewed(page)));
+    QCOMPARE(main.doors.takeAsked(), QStringList());
+}
+
+/// A page's script leaves nothing behind for the next document's.
+void TestSecurity::documentsShareNothing()
+{
+    Program main;
+    main.folder.write(QStringLiteral("one.htm"),
+                      main.traps
+                          .arm("one", "<script>window.name = 'left'; document.cookie = 'a=b';"
+                                      "try { localStorage.a = sessionStorage.a = 'left' } catch {}"
+                                      "try { indexedDB.open('left') } catch {}"
+                                      "history.replaceState('left', '')</script>")
+                          .toUtf8());
+    main.folder.write(
+        QStringLiteral("two.htm"),
+        (main.traps.arm("name", "<script>if (window.name) {leak}</script>") +
+         main.traps.arm("cookie", "<script>if (document.cookie) {leak}</script>") +
+         main.traps.arm("local", "<script>try { if (localStorage.a) {leak} } catch {}</script>") +
+         main.traps.arm("session", "<script>try { if (sessionStorage.a) {leak} } catch {}</script>") +
+         main.traps.arm("database", "<script>try { indexedDB.databases().then(d => { if (d.length) {leak} }, "
+                                    "() => 0) } catch {}</script>") +
+         main.traps.arm("history", "<script>if (history.state) {leak}</script>"))
+            .toUtf8());
+    main.showTab(FrmWeb::PreviewTab);
+    click(main.web->Option2);
+    for (const char* name : {"one.htm", "two.htm"}) {
+        main.showTab(FrmWeb::EditorTab);
+        if (main.web->Dirty)
+            main.doors.answerMsgBox(MsgAnswer::No);
+        main.open(main.folder.path(QString::fromLatin1(name)));
+        main.showTab(FrmWeb::PreviewTab);
+        QCOMPARE(main.sprungOn(main.web->WebBrowser3), QString());
+    }
+}
+
+/// Terms are HTML: in their editor, in the page that the wizard makes, and in the views of that page.
+void TestSecurity::terms()
+{
+    Program main;
+    QString html = fragment(main.traps, QStringLiteral("terms"), QString());
+    for (const char* page : {"frames", "links", "media", "handlers", "calls"})
+        html += pageOf(QString::fromLatin1(page), main.traps);
+    for (const char* name : {"weblst.ini", "weblst2.ini", "weblst3.ini"})
+        main.folder.write(QString::fromLatin1(name), html.toUtf8());
+
+    auto* page1 = main.tool<FrmBuild1>(15);
+    overtype(page1->Text1, QStringLiteral("Lamp"));
+    overtype(page1->Text2, QStringLiteral("fine"));
+    page1->SSTab1->setTab(2);
+    click(page1->Command3);
+    auto* editor = main.shown<FrmTerms>();
+    QVERIFY(editor->WebBrowser1->innerHtml().contains(QStringLiteral("<IFRAME")));
+    QCOMPARE(main.sprungOn(editor->WebBrowser1), QString());
+    click(editor->Command14);
+
+    tick(page1->ChKPay1);
+    page1->SSTab1->setTab(4);
+    overtype(page1->TxSH1, QStringLiteral("5"));
+    click(page1->Command1);
+    auto* page2 = main.shown<FrmBuild2>();
+    click(page2->Command23);
+    QTRY_VERIFY(main.source().contains("<IFRAME"));
+    QCOMPARE(lines(main.traps.takeSprung()), QString());
+    main.showTab(FrmWeb::PreviewTab);
+    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+    QCOMPARE(main.doors.takeAsked(), QStringList());
+}
+
+/// Addresses of pictures that close the tag, and the other texts of the wizard's first page.
+void TestSecurity::pictureAddresses()
+{
+    Program main;
+    auto* page1 = main.tool<FrmBuild1>(15);
+    overtype(page1->Text1, fragment(main.traps, QStringLiteral("title"), QString()));
+    overtype(page1->Text2, fragment(main.traps, QStringLiteral("description"), QString()));
+    page1->SSTab1->setTab(1);
+    tick(page1->OptP2);
+    overtype(page1->TxP1, fragment(main.traps, QStringLiteral("address"), QStringLiteral("x\">")));
+    overtype(page1->TxP2, main.traps.arm("address2", "{scheme}"));
+    overtype(page1->TxP3, main.traps.arm("address3", "javascript:{run}"));
+    page1->SSTab1->setTab(2);
+    tick(page1->ChKPay1);
+    page1->SSTab1->setTab(4);
+    overtype(page1->TxSH1, QStringLiteral("5"));
+    click(page1->Command1);
+    auto* page2 = main.shown<FrmBuild2>();
+    click(page2->Command23);
+    QTRY_VERIFY(main.source().contains("<IFRAME"));
+    main.showTab(FrmWeb::PreviewTab);
+    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+}
+
+void TestSecurity::pictureTool()
+{
+    Program main;
+    auto* tool = main.tool<Pics>(19);
+    overtype(tool->Text1, fragment(main.traps, QStringLiteral("pics"), QStringLiteral("x\">")));
+    QTest::keyClick(tool->Text1, Qt::Key_Return);
+    QTRY_VERIFY(tool->WebBrowser1->innerHtml().contains(QStringLiteral("<IFRAME")));
+    QCOMPARE(main.sprungOn(tool->WebBrowser1), QString());
+    click(tool->Command4);
+    QVERIFY(main.source().contains("<iframe"));
+    main.showTab(FrmWeb::PreviewTab);
+    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+}
+
+/// A file of colours that somebody sent, with HTML in place of each.
+void TestSecurity::colourFiles()
+{
+    Program main;
+    const QString html = fragment(main.traps, QStringLiteral("colours"), QStringLiteral("#000000>"));
+    QVERIFY(html.size() < 254);
+    QByteArray file;
+    for (const char* section : {"Fader5", "HR", "body"}) {
+        file += QByteArray("[") + section + "]\r\n";
+        const bool body = section == QByteArray("body"); // its texts come after its colours
+        for (const char* key : {"color1", "color2", "color3", "color4", "color5", "Hcolor1", "Fcolor1",
+                                "Bcolor1", "Tbcolor1", "Tbcolor2"})
+            file += QByteArray(key) + '=' + (body ? QByteArray("255") : html.toUtf8()) + "\r\n";
+        for (const char* key : {"text1", "text2", "text3", "text4"})
+            file += QByteArray(key) + '=' + html.toUtf8() + "\r\n";
+    }
+    main.folder.write(QStringLiteral("sent.fpc"), file);
+    const QString path = main.folder.path(QStringLiteral("sent.fpc"));
+
+    auto* fader = main.tool<Fader5>(18);
+    QTest::keyClicks(fader->Text1, QStringLiteral("word"));
+    main.doors.answerOpen(path);
+    click(fader->Command5);
+    QCOMPARE(main.sprungOn(fader->WebBrowser1), QString());
+    click(fader->Command2);
+
+    auto* rule = main.tool<FrmHR>(22);
+    main.doors.answerOpen(path);
+    click(rule->Command10);
+    QCOMPARE(main.sprungOn(rule->WebBrowser1), QString());
+    click(rule->Command6);
+
+    auto* body = main.tool<FrmBody>(17);
+    main.doors.answerOpen(path);
+    click(body->Command5);
+    click(body->Command1);
+    QVERIFY(main.source().contains("<iframe")); // the texts are taken as they are
+    main.showTab(FrmWeb::PreviewTab);
+    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+}
+
+/// Saved looks of a table and of a page, with HTML in place of each value.
+void TestSecurity::savedTitles()
+{
+    Program main;
+    const QString html = fragment(main.traps, QStringLiteral("titles"), QStringLiteral("\">"));
+    QByteArray set = "[set]\r\n";
+    for (const char* key : {"1", "2", "3", "4", "5", "6", "7", "8", "9"})
+        set += QByteArray(key) + '=' + html.toUtf8() + "\r\n";
+    main.folder.write(QStringLiteral("webstyle.ini"), set);
+    main.folder.write(QStringLiteral("webstyle2.ini"), "set\r\n");
+
+    auto* page1 = main.tool<FrmBuild1>(15);
+    overtype(page1->Text1, QStringLiteral("Lamp"));
+    overtype(page1->Text2, QStringLiteral("fine"));
+    page1->SSTab1->setTab(2);
+    tick(page1->ChKPay1);
+    page1->SSTab1->setTab(4);
+    overtype(page1->TxSH1, QStringLiteral("5"));
+    click(page1->Command1);
+    auto* page2 = main.shown<FrmBuild2>();
+    choose(page2->Combo4, 0);
+    click(page2->Command23);
+    QTRY_VERIFY(main.source().contains("Lamp"));
+    QVERIFY(main.source().contains("<IFRAME"));
+    main.showTab(FrmWeb::PreviewTab);
+    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+}
+
+/// Lists of addresses, quick words and titles show HTML as the text that it is.
+void TestSecurity::lists()
+{
+    Traps traps;
+    const QString html = traps.arm("list", "<img src='{file}.png'><b>{run}</b>");
+    const ProgramFolder folder; // lists are read when a window is made
+    Program main;
+    for (const char* name : {"Ils.ini", "Quick.ini", "Table2.ini", "list2.ini", "webstyle2.ini"})
+        main.folder.write(QString::fromLatin1(name), '"' + html.toUtf8() + "\"\r\n");
+    main.web->muQW->trigger();
+    auto* words = main.shown<FrmWord>();
+    QCOMPARE(words->List1->List(0), html);
+    words->List1->setListIndex(0);
+    auto* table = main.tool<FrmTable>(20);
+    QCOMPARE(table->Combo1->List(0), html);
+    table->Combo1->showPopup();
+    QTest::qWait(100);
+    table->Combo1->hidePopup();
+    choose(table->Combo1, 0);
+    QCOMPARE(lines(traps.takeSprung()).remove(QStringLiteral("window")), QString());
+}
+
+void TestSecurity::links_data()
+{
+    QTest::addColumn<QString>("address");
+    for (const char* address : {"{scheme}", "{mail}", "{file}.htm", "{web}", "javascript:void {run}",
+                                "data:text/html,<script>{run}</script>"})
+        QTest::newRow(address) << QString::fromLatin1(address);
+}
+
+/// A click on a link leads nowhere, in the preview not even to a ping.
+void TestSecurity::links()
+{
+    QFETCH(QString, address);
+    Program main;
+    const QString html = main.traps.arm(QStringLiteral("link"),
+                                        QStringLiteral("<body style='margin: 0'><a href=\"%1\" ping='{web}' "
+                                                       "style='display: block; height: 2000px'>x</a>")
+                                            .arg(address));
+    main.folder.write(QStringLiteral("sent.htm"), html.toUtf8());
+    main.open(main.folder.path(QStringLiteral("sent.htm")));
+    main.showTab(FrmWeb::PreviewTab);
+    for (WebBrowser* surface : {main.web->WebBrowser1, main.web->WebBrowser3}) {
+        if (surface == main.web->WebBrowser3)
+            click(main.web->Option2);
+        settle(surface, main.traps);
+        main.traps.takeSprung();
+        for (const auto button : {Qt::LeftButton, Qt::MiddleButton}) {
+            for (const Qt::KeyboardModifiers keys : {Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier})
+                QTest::mouseClick(surface->inputWidget(), button, keys, QPoint(50, 50));
+        }
+        const bool runs =
+            surface == main.web->WebBrowser3 && address.startsWith(QStringLiteral("javascript"));
+        QCOMPARE(main.sprungOn(surface), runs ? QStringLiteral("link: ran") : QString());
+    }
+}
+
+void TestSecurity::pastes_data()
+{
+    QTest::addColumn<QString>("html");
+    const auto row = [](const char* name, const char* html) {
+        QTest::newRow(name) << QString::fromLatin1(html);
+    };
+    row("script", "<script>{run}</script>");
+    row("handler", "<img src='x:' onerror='{run}'>");
+    row("svg", "<svg onload='{run}'><script>{run}</script></svg>");
+    row("frame", "<iframe srcdoc='<script>{run}</script>'></iframe><iframe src='javascript:{run}'></iframe>");
+    row("attribute that ends a noscript",
+        "<noscript><p title=\"</noscript><img src=x: onerror='{run}'>\"></noscript>");
+    row("attribute that ends a noembed",
+        "<svg><noembed><p title=\"</noembed><img src=x: onerror='{run}'>\"></svg>");
+    row("style in math", "<form><math><mtext></form><form><mglyph><svg><mtext><style><path id=\"</style>"
+                         "<img src=x: onerror='{run}'>\">");
+    row("text area in svg",
+        "<svg><desc><textarea><p title=\"</textarea><img src=x: onerror='{run}'>\"></svg>");
+    row("template", "<div><template shadowroot=open><img src='x:' onerror='{run}'></template>x</div>");
+    row("comment", "<!--><img src=x: onerror='{run}'>-->");
+    row("animated link",
+        "<svg><a><animate attributeName=href values='javascript:{run}'></animate><text>x</text></a></svg>");
+    row("link", "<a href='javascript:{run}'>x</a>");
+    row("link with a line end", "<a href=' java&#10;script&#9;:{run}'>x</a>");
+    row("second value",
+        "<svg><a><animate attributeName=href values='#;javascript:{run}'></animate></a></svg>");
+    row("form", "<form action='javascript:{run}'><button formaction='javascript:{run}'>x</button></form>");
+}
+
+/// What a page put on the clipboard does not run in the preview either.
+void TestSecurity::pastes()
+{
+    QFETCH(QString, html);
+    Program main;
+    auto clip = std::make_unique<QMimeData>();
+    clip->setHtml(main.traps.arm(QStringLiteral("paste"), html + QStringLiteral("<b>word</b>")));
+    main.doors.setClipboard(std::move(clip));
+    main.showTab(FrmWeb::PreviewTab);
+    main.typeOnSurface(QStringLiteral("a"));
+    QTest::keyClick(main.web->WebBrowser1->inputWidget(), Qt::Key_V, Qt::ControlModifier);
+    QTRY_VERIFY(main.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
+    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+    click(main.web->Option2);
+    QCOMPARE(main.sprungOn(main.web->WebBrowser3), QString());
+    QString pasted = main.web->WebBrowser3->innerHtml();
+    pasted.remove(QRegularExpression(QStringLiteral("\\s")));
+    for (const char* bad : {"script", "template", "onerror='", "onerror=("})
+        QVERIFY2(!pasted.contains(QString::fromLatin1(bad), Qt::CaseInsensitive), qPrintable(pasted));
+}
+
+void TestSecurity::drops()
+{
+    Program main;
+    main.showTab(FrmWeb::PreviewTab);
+    main.typeOnSurface(QStringLiteral("a"));
+    QMimeData dragged;
+    dragged.setHtml(
+        fragment(main.traps, QStringLiteral("drop"), QStringLiteral("<b onclick='{run}'>word</b>")));
+    dragged.setText(QStringLiteral("word"));
+    QWidget* input = main.web->WebBrowser1->inputWidget();
+    const QPoint place(20, 15);
+    QTRY_VERIFY([&] {
+        QDragEnterEvent enter(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QDragMoveEvent move(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent drop(place, Qt::CopyAction, &dragged, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(input, &enter);
+        for (QEvent* event : std::initializer_list<QEvent*>{&move, &drop})
+            QApplication::sendEvent(input->parentWidget(), event);
+        return main.web->WebBrowser1->innerHtml().contains(QStringLiteral("word"));
+    }());
+    click(main.web->Option2);
+    QCOMPARE(main.sprungOn(main.web->WebBrowser3), QString());
+}
+
+void TestSecurity::addresses_data()
+{
+    QTest::addColumn<QString>("address");
+    for (const char* address :
+         {"{scheme}", "{mail}", "{file}.htm", "view-source:{web}", "javascript:void {run}",
+          "data:text/html,<script>{run}</script>", "surface:blank", "qrc:/platform/surface.js",
+          "chrome://crash", "blob:{web}", "filesystem:{web}", "about:srcdoc", " \tjavascript:{run}",
+          "JaVaScRiPt:{run}"})
+        QTest::newRow(address) << QString::fromLatin1(address);
+}
+
+/// An address that came with the list of addresses or stands for the home page.
+void TestSecurity::addresses()
+{
+    QFETCH(QString, address);
+    Program main;
+    const QString armed = main.traps.arm(QStringLiteral("go"), address);
+    main.showTab(FrmWeb::InternetTab);
+    main.web->Combo3->AddItem(armed);
+    choose(main.web->Combo3, main.web->Combo3->ListCount() - 1);
+    main.folder.write(QStringLiteral("web.ini"), "[internet]\r\nhome=" + armed.toUtf8() + "\r\n");
+    click(main.web->Command15);
+    QTest::qWait(300);
+    QCOMPARE(lines(main.traps.takeSprung()), QString());
+    QVERIFY(main.web->WebBrowser2->innerHtml().endsWith(QStringLiteral("<BODY></BODY>")));
+}
+
+/// A page of the internet may load what it likes from there, but nothing of this computer.
+void TestSecurity::pagesOfTheInternet()
+{
+    QFETCH(QString, page);
+    Program main;
+    main.traps.server.page(QStringLiteral("/seen/page"), pageOf(page, main.traps).toUtf8());
+    QStringList sprung;
+    main.showTab(FrmWeb::InternetTab);
+    main.traps.takeSprung();
+    main.web->WebBrowser2->Navigate(main.traps.arm("page", "{seen}"));
+    QTRY_VERIFY(main.traps.wasSeen(QStringLiteral("page")));
+    QTest::qWait(500);
+    for (const QString& one : main.traps.takeSprung()) {
+        const QString effect = one.section(QStringLiteral(": "), -1);
+        if (effect != QLatin1String("request") && effect != QLatin1String("ran") &&
+            effect != QLatin1String("connection") && one != QLatin1String("fetch: leak"))
+            sprung << one;
+    }
+    QCOMPARE(lines(sprung), QString());
+    QCOMPARE(main.doors.takeAsked(), QStringList());
+}
+
+/// A click on a link in a frame starts no program either.
+void TestSecurity::framesOfTheInternet()
+{
+    Program main;
+    main.traps.server.page(
+        QStringLiteral("/seen/outer"),
+        main.traps
+            .arm("inframe", "<body style='margin: 0'><iframe style='border: 0; width: 100%; height: 400px' "
+                            "srcdoc=\"<body style='margin: 0'><a href='{scheme}' style='display: block; "
+                            "height: 400px'>x</a>\"></iframe>")
+            .toUtf8());
+    main.showTab(FrmWeb::InternetTab);
+    main.traps.takeSprung();
+    main.web->WebBrowser2->Navigate(main.traps.arm("outer", "{seen}"));
+    QTRY_VERIFY(main.traps.wasSeen(QStringLiteral("outer")));
+    const QSignalSpy status(main.web->WebBrowser2, &WebBrowser::statusTextChanged);
+    // The frame comes up later than its page.
+    QTRY_VERIFY_WITH_TIMEOUT(
+        [&] {
+            QTest::mouseClick(main.web->WebBrowser2->inputWidget(), Qt::LeftButton, {}, QPoint(50, 50));
+            QTest::qWait(100);
+            return status.contains(QVariantList{QStringLiteral("Not opened here: trap:inframe")});
+        }(),
+        30000);
+    QCOMPARE(lines(main.traps.takeSprung()), QString());
+}
+
+/// What a script asks with is shown as text. The real dialog, as no script of answers shows anything.
+void TestSecurity::prompts()
+{
+    Traps traps;
+    const QString question = traps.arm("prompt", "<img src='{file}.png'><h1>Your password</h1>");
+    bool seen = false;
+    QTimer::singleShot(200, qApp, [&] {
+        QWidget* dialog = QApplication::activeModalWidget();
+        QVERIFY(dialog);
+        for (const QLabel* label : dialog->findChildren<QLabel*>())
+            seen = seen || (label->text() == question && label->textFormat() == Qt::PlainText);
+        traps.takeSprung(); // the dialog itself
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    QVERIFY(!doors().inputBox(question, QStringLiteral("Message of the page"), QString()));
+    QVERIFY(seen);
+    QCOMPARE(lines(traps.takeSprung()), QString());
+}
+
+WEB_TEST_MAIN(TestSecurity)
+#include "tst_security.moc"
