@@ -65,6 +65,7 @@ help-pictures:
 	cmake --build --preset dev --target gallery
 	tests/windows/make-help-pictures $(DEV)/tests/gallery data
 
+# Measures everything and writes docs/BENCHMARKS.md. BENCH_QUICK=1 make bench is a short try, which leaves the page alone.
 bench:
 	./setup --bench
 	cmake --preset bench

@@ -1,0 +1,242 @@
+// The program as the user waits for it: from its start to a letter in the source box, the changes of the tab,
+// and the wizard from OK to its second page and on to the editor. What only happens once in a process is
+// measured in a process of its own: this program, with an argument.
+
+#include "MainWindow.h"
+#include "Measure.h"
+#include "platform/Doors.h"
+#include "wizard/FrmBuild1.h"
+#include "wizard/FrmBuild2.h"
+
+#include <QElapsedTimer>
+#include <QKeyEvent>
+#include <QProcess>
+#include <QWebEngineView>
+#include <Qsci/qsciscintilla.h>
+#include <iostream>
+
+namespace {
+
+/// Counts the paints of a widget.
+class PaintWatch : public QObject
+{
+public:
+    explicit PaintWatch(QWidget* widget) { widget->installEventFilter(this); }
+
+    void wait() const
+    {
+        while (m_paints == 0)
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    }
+
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint)
+            ++m_paints;
+        return false;
+    }
+
+private:
+    int m_paints = 0;
+};
+
+/// What a person takes to look at a page, which the engine paints meanwhile.
+void look()
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < 300)
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+}
+
+// ---- In a process of its own -----------------------------------------------------------------------------
+
+void typeLetter(QWidget* target)
+{
+    QKeyEvent press(QEvent::KeyPress, Qt::Key_X, Qt::NoModifier, QStringLiteral("x"));
+    QApplication::sendEvent(target, &press);
+}
+
+/// A window that holds nothing but the bare editing component.
+bool bareComponent()
+{
+    QsciScintilla editor;
+    editor.resize(1000, 700);
+    const PaintWatch watch(editor.viewport());
+    editor.show();
+    watch.wait();
+    typeLetter(&editor);
+    return editor.length() == 1;
+}
+
+/// The main window, without the splash.
+bool program()
+{
+    auto* main = form<FrmWeb>();
+    const PaintWatch watch(main->RichTextBox1->viewport());
+    main->Show();
+    watch.wait();
+    typeLetter(main->RichTextBox1);
+    return main->RichTextBox1->Text().size() == 1;
+}
+
+QByteArray listing(qsizetype length)
+{
+    const QByteArray row =
+        "<TR><TD width=\"40%\"><FONT face=Arial color=#804000>Words of a listing</FONT><TD>"
+        "more<!-- note -->\r\n";
+    return "<HTML><BODY><TABLE border=1>\r\n" + row.repeated(length / row.size()) +
+           "</TABLE></BODY></HTML>\r\n";
+}
+
+/// Milliseconds of one change to Preview, with a page of 100 KB.
+double changeToPreview()
+{
+    auto* main = form<FrmWeb>();
+    main->SSTab1->setTab(FrmWeb::EditorTab);
+    main->RichTextBox1->setText(listing(100'000));
+    return milliseconds([main] { main->SSTab1->setTab(FrmWeb::PreviewTab); });
+}
+
+/// Milliseconds of the same page in a bare view, up to the end of its loading; the first call makes the view.
+double bareEngine()
+{
+    const QString html = QString::fromLatin1(listing(100'000));
+    return milliseconds([html] {
+        static QWebEngineView* view = nullptr; // ends with the process
+        if (!view) {
+            view = new QWebEngineView;
+            view->resize(800, 600);
+            view->show();
+        }
+        QEventLoop loop;
+        QObject::connect(view, &QWebEngineView::loadFinished, &loop, &QEventLoop::quit);
+        view->setHtml(html);
+        loop.exec();
+    });
+}
+
+int probe(int argc, char* argv[])
+{
+    prepareWebEngine();
+    QApplication app(argc, argv);
+    setAppPath(QStringLiteral(SHIPPED_DATA));
+    const QByteArray what = argv[1];
+    bool good = true;
+    if (what == "program") {
+        good = program();
+    } else if (what == "bare") {
+        good = bareComponent();
+    } else if (what == "preview") {
+        form<FrmWeb>()->Show();
+        QCoreApplication::processEvents();
+        std::cout << changeToPreview() << std::flush;
+    } else {
+        std::cout << bareEngine() << std::flush;
+    }
+    doors().endNow(good ? 0 : 1);
+    return 1;
+}
+
+/// This program, started with an argument.
+QByteArray started(const char* what)
+{
+    QProcess process;
+    process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(what)});
+    require(process.waitForFinished() && process.exitCode() == 0, "a probe failed");
+    return process.readAllStandardOutput();
+}
+
+Repetition told(const char* what)
+{
+    return [what] { return started(what).toDouble(); };
+}
+
+// ---- In this process -------------------------------------------------------------------------------------
+
+void fillPage1()
+{
+    auto* page = form<FrmBuild1>();
+    page->Text1->setText(QStringLiteral("Old wall clock"));
+    page->Text2->setPlainText(QStringLiteral("It keeps time and chimes. ").repeated(40));
+    page->OptP2->setValue(true);
+    page->TxP1->setText(QStringLiteral("http://pictures.example/clock.jpg"));
+    page->ChKPay5->setValue(1);
+    page->OptPS1->setValue(true);
+    page->Show();
+}
+
+/// From OK to the first paint of page 2.
+void toPage2()
+{
+    form<FrmBuild1>()->Command1->click();
+    PaintWatch(form<FrmBuild2>()).wait();
+}
+
+/// From "Open with Editor" to the page in the source box.
+void toEditor()
+{
+    form<FrmBuild2>()->Command23->click();
+}
+
+bool inEditor()
+{
+    return form<FrmWeb>()->RichTextBox1->Text().contains("Old wall clock");
+}
+
+Repetition thenLook(double (*change)())
+{
+    return [change] {
+        const double time = change();
+        look();
+        return time;
+    };
+}
+
+void run()
+{
+    measure({"Program",
+             "Start, to a letter in the source box",
+             {.most = 1000},
+             {{Role::Ours, "Brindlemark", timed([] { started("program"); })},
+              {Role::Peer, "window with QScintilla alone", timed([] { started("bare"); })}}});
+    measure({"Program",
+             "First change to Preview, 100 KB",
+             {.most = 1000},
+             {{Role::Ours, "tab", told("preview")},
+              {Role::Limit, "engine alone, first page loaded", told("engine")}}});
+    measure({"Program",
+             "Later change to Preview, 100 KB",
+             {.most = 500},
+             {{Role::Ours, "tab", thenLook(changeToPreview)},
+              {Role::Limit, "engine alone, later page loaded", thenLook(bareEngine)}}});
+    form<FrmWeb>()->SSTab1->setTab(FrmWeb::EditorTab);
+    measure({"Program",
+             "Wizard, OK to page 2",
+             {.most = 500},
+             {{Role::Ours, "button OK", timed(toPage2, fillPage1, [] {
+                   look();
+                   toEditor();
+                   return inEditor();
+               })}}});
+    measure({"Program",
+             "Wizard, page 2 to the editor",
+             {.most = 500},
+             {{Role::Ours, "button Open with Editor",
+               timed(
+                   toEditor,
+                   [] {
+                       fillPage1();
+                       toPage2();
+                       look();
+                       form<FrmWeb>()->RichTextBox1->load(QByteArray());
+                   },
+                   inEditor)}}});
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    return argc > 1 ? probe(argc, argv) : withMainWindow(argc, argv, run);
+}
