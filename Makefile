@@ -1,6 +1,6 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run install dist test demo gallery help-pictures bench fuzz format tidy clean
+.PHONY: run install dist test demo gallery help-pictures bench soak fuzz format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -70,6 +70,19 @@ bench:
 	./setup --bench
 	cmake --preset bench
 	cmake --build --preset bench --target run-benchmarks
+
+# Opens and closes all windows, changes tabs and makes listings again and again; fails when something is left over or
+# memory grows. The three numbers can be given: make soak OPENINGS=100
+OPENINGS ?= 2000
+TABS ?= 1000
+LISTINGS ?= 300
+
+soak:
+	./setup --test
+	cmake --preset dev
+	cmake --build --preset dev --target tst_soak
+	QT_QPA_PLATFORM=offscreen SOAK_OPENINGS=$(OPENINGS) SOAK_TABS=$(TABS) SOAK_LISTINGS=$(LISTINGS) \
+	  $(DEV)/tests/tst_soak -silent
 
 # Each fuzzer for TIME seconds, as many side by side as there are cores. Fails when one finds something.
 TIME ?= 600

@@ -7,7 +7,6 @@
 #include "platform/ScrollBar.h"
 #include "services/Codes.h"
 
-#include <QPalette>
 #include <QToolTip>
 
 namespace {
@@ -35,12 +34,7 @@ ColorRow::ColorRow(ScrollBar* red, ScrollBar* green, ScrollBar* blue, ColorSampl
         ScrollBar* bar = m_bars.at(i);
         bar->setRange(0, 255);
         bar->showValue(QString(QLatin1Char(*RowChannels.at(i).name)));
-        QPalette palette = bar->palette();
-        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-            palette.setColor(group, QPalette::Button, QColor::fromRgb(RowChannels.at(i).tint));
-            palette.setColor(group, QPalette::ButtonText, Qt::black);
-        }
-        bar->setPalette(palette);
+        bar->setTint(RowChannels.at(i).tint);
         on(bar, &ScrollBar::Change, this, [this] {
             RowChange();
             emit Change();

@@ -2,10 +2,38 @@
 
 #include "platform/Accessible.h"
 
+#include <QHash>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
+
+namespace {
+
+/// The palette of a tinted bar, one for all bars of a tint. The style keeps pictures of bars by their
+/// palette, and the names of those pictures for ever: a palette of its own for each bar would let them grow.
+QPalette tinted(const QPalette& plain, QRgb tint)
+{
+    struct Tinted
+    {
+        qint64 plain = 0;
+        QPalette palette;
+    };
+    static QHash<QRgb, Tinted> made;
+    Tinted& entry = made[tint];
+    if (entry.plain != plain.cacheKey()) {
+        entry = {plain.cacheKey(), plain};
+        for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+            entry.palette.setColor(group, QPalette::Button, QColor::fromRgb(tint));
+            entry.palette.setColor(group, QPalette::ButtonText, Qt::black);
+        }
+    }
+    QPalette palette = entry.palette;
+    palette.setCurrentColorGroup(plain.currentColorGroup());
+    return palette;
+}
+
+} // namespace
 
 ScrollBar::ScrollBar(QWidget* parent) : QScrollBar(parent)
 {
@@ -50,6 +78,19 @@ void ScrollBar::showValue(const QString& label)
     update();
 }
 
+void ScrollBar::setTint(QRgb tint)
+{
+    m_tint = tint;
+    update();
+}
+
+void ScrollBar::initStyleOption(QStyleOptionSlider* look) const
+{
+    QScrollBar::initStyleOption(look);
+    if (m_tint)
+        look->palette = tinted(look->palette, *m_tint);
+}
+
 QFont ScrollBar::valueFont() const
 {
     constexpr double Smaller = 0.85; // bars are lower than a line of text
@@ -80,7 +121,9 @@ void ScrollBar::paintEvent(QPaintEvent* event)
     if (!m_label.isEmpty()) {
         QPainter painter(this);
         painter.setFont(valueFont());
-        painter.setPen(palette().color(QPalette::ButtonText));
+        QStyleOptionSlider look;
+        initStyleOption(&look);
+        painter.setPen(look.palette.color(QPalette::ButtonText));
         painter.drawText(rect(), Qt::AlignCenter, valueText(value()));
     }
     if (!hasFocus())

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QScrollBar>
+#include <optional>
 
 /// A scroll bar that tells a drag from a step, so a handler can follow the hand or wait for its decision.
 class ScrollBar : public QScrollBar
@@ -17,6 +18,9 @@ public:
     /// Shows a short label and the value in the bar's middle, and makes room for them.
     void showValue(const QString& label);
 
+    /// Colours the bar, with black words on it, as long as it is enabled.
+    void setTint(QRgb tint);
+
     QSize minimumSizeHint() const override;
 
 signals:
@@ -27,6 +31,7 @@ signals:
     void Scroll();
 
 protected:
+    void initStyleOption(QStyleOptionSlider* look) const override;
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -38,5 +43,6 @@ private:
     QString valueText(int value) const;
 
     QString m_label; // of the shown value; empty shows none
+    std::optional<QRgb> m_tint;
     int m_valueAtPress = 0;
 };

@@ -259,6 +259,7 @@ private slots:
     void barThatCannotMoveIsSilent();
     void heldArrowChangesAtEachStep();
     void barCanBeReachedByTheKeyboard();
+    void barsOfATintShareTheirPalette();
 
     void checkBoxByHand();
     void checkBoxByCode();
@@ -435,6 +436,48 @@ void TestControls::barCanBeReachedByTheKeyboard()
     QTest::keyClick(&field, Qt::Key_Tab);
     QVERIFY(bar.hasFocus());
     QVERIFY(bar.grab().toImage() != without); // the focus can be seen
+}
+
+void TestControls::barsOfATintShareTheirPalette()
+{
+    struct Tinted : ScrollBar
+    {
+        explicit Tinted(QRgb tint) { setTint(tint); }
+        QPalette look() const
+        {
+            QStyleOptionSlider option;
+            initStyleOption(&option);
+            return option.palette;
+        }
+    };
+    const Tinted red(0xFFE59A9A);
+    const Tinted alsoRed(0xFFE59A9A);
+    const Tinted green(0xFF9AD29A);
+    QCOMPARE(red.look().cacheKey(), alsoRed.look().cacheKey());
+    QCOMPARE(green.look().color(QPalette::Active, QPalette::Button), QColor(0x9A, 0xD2, 0x9A));
+    QCOMPARE(red.look().color(QPalette::Inactive, QPalette::Button), QColor(0xE5, 0x9A, 0x9A));
+    QCOMPARE(red.look().color(QPalette::Active, QPalette::ButtonText), QColor(Qt::black));
+    QCOMPARE(red.look().color(QPalette::Disabled, QPalette::Button),
+             ScrollBar().palette().color(QPalette::Disabled, QPalette::Button));
+
+    // It is drawn as a bar that has these colours for its own.
+    ScrollBar own;
+    QPalette colors = own.palette();
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        colors.setColor(group, QPalette::Button, QColor(0xE5, 0x9A, 0x9A));
+        colors.setColor(group, QPalette::ButtonText, Qt::black);
+    }
+    own.setPalette(colors);
+    Tinted bar(0xFFE59A9A);
+    for (ScrollBar* each : {&own, static_cast<ScrollBar*>(&bar)}) {
+        each->setOrientation(Qt::Horizontal);
+        each->showValue(QStringLiteral("R"));
+        each->resize(120, 20);
+    }
+    QCOMPARE(bar.grab().toImage(), own.grab().toImage());
+    own.setEnabled(false);
+    bar.setEnabled(false);
+    QCOMPARE(bar.grab().toImage(), own.grab().toImage());
 }
 
 // --- check boxes

@@ -407,11 +407,16 @@ std::span<const WindowView> windowViews()
     return Views;
 }
 
-QWidget* openView(const WindowView& view, MainWindow& main)
+void prepareViews(MainWindow& main)
 {
     connectOpenings(main.web);
     for (const char* name : {"weblst.ini", "weblst2.ini", "weblst3.ini", "webstyle.ini", "webstyle2.ini"})
         main.folder.write(QString::fromLatin1(name), shipped(QString::fromLatin1(name)));
+}
+
+QWidget* openView(const WindowView& view, MainWindow& main)
+{
+    prepareViews(main);
     QWidget* window = view.show(main);
     if (!QTest::qWaitForWindowExposed(window, Patience))
         QTest::qFail("the window does not come up", __FILE__, __LINE__);

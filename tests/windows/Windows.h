@@ -15,6 +15,9 @@ struct WindowView
 /// All of them, in the order in which a day brings them.
 std::span<const WindowView> windowViews();
 
+/// Connects a main window's openings, and puts the files of a seller beside the program. Once for each.
+void prepareViews(MainWindow& main);
+
 /// Opens a window by the road that a seller takes to it, over a main window that was just made, and waits
 /// until it is in front.
 QWidget* openView(const WindowView& view, MainWindow& main);
