@@ -850,15 +850,14 @@ void RichTextBox::dragMoveEvent(QDragMoveEvent* event)
 void RichTextBox::answerDrag(QDropEvent* event)
 {
     const QMimeData* dragged = event->mimeData();
-    if (handlersRun()) { // a question stands before the user, or the text is about to be replaced
+    // While a handler runs, a question stands before the user, or the text is about to be replaced.
+    if (handlersRun() || !(dragged->hasUrls() || dragged->hasText())) {
         event->ignore();
     } else if (dragged->hasUrls()) {
         event->setDropAction(Qt::CopyAction);
         event->setAccepted(event->possibleActions() & Qt::CopyAction && !firstFile(*dragged).isEmpty());
-    } else if (dragged->hasText()) {
-        event->acceptProposedAction();
     } else {
-        event->ignore();
+        event->acceptProposedAction();
     }
 }
 

@@ -337,7 +337,12 @@ void WebBrowser::writeNext()
         return;
     const QString html = *std::exchange(m_next, std::nullopt);
     if (!takesPage()) {
-        writePage(html);
+        const bool shown = writePage(html);
+        if (!shown && !m_next && !m_triedAgain) { // a renderer may end while it starts
+            m_next = html;
+            m_writeTimer.start(0);
+        }
+        m_triedAgain = !shown;
         return;
     }
     m_writing = html;

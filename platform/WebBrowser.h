@@ -218,6 +218,7 @@ private:
     DesignMode m_openedFor = DesignMode::Off; // of the empty page that was opened last
     std::optional<QString> m_next;            // what `writeSoon` has yet to show
     std::optional<QString> m_writing;         // ... and what the engine has not yet taken
+    bool m_triedAgain = false;                // the last page could not be shown, once or twice
     int m_zoomLevel = 2;
     int m_patience = 5000;
     qsizetype m_length = 0; // of the text last written or read, in characters

@@ -75,9 +75,10 @@ QWebEngineProfile* makeProfile()
     QObject::connect(
         profile, &QWebEngineProfile::downloadRequested, profile, [](QWebEngineDownloadRequest* download) {
             download->cancel();
-            if (auto* page = qobject_cast<WebPage*>(download->page()))
+            if (auto* page = qobject_cast<WebPage*>(download->page())) {
                 emit page->refused(
                     QStringLiteral("Refused: the page offers a file, %1").arg(download->downloadFileName()));
+            }
         });
 
     QWebEngineSettings* settings = profile->settings();
