@@ -555,7 +555,8 @@ void TestJournal::readingDisturbsNoTyping()
         });
         QVERIFY2(read, qPrintable(QString::number(heard) + surface->innerHtml()));
     }
-    QTRY_VERIFY(surface->innerHtml().contains(QStringLiteral("two") + letters + QStringLiteral("</P>")));
+    QTRY_VERIFY2(surface->innerHtml().contains(QStringLiteral("two") + letters + QStringLiteral("</P>")),
+                 qPrintable(surface->innerHtml()));
     QCOMPARE(QApplication::focusWidget(), focus);
     for (int i = 0; i < 10 && surface->innerHtml().contains(QStringLiteral("quick")); ++i)
         surface->execCommand(QStringLiteral("Undo"));
