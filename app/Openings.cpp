@@ -104,7 +104,7 @@ void showHelpOf(const Form& form)
 
 } // namespace
 
-// What opens what: one line an opening. A tool without a line is not there yet.
+// What opens what: one line an opening.
 void connectOpenings(FrmWeb* main)
 {
     toolOpens<FrmBuild1>(main, 15);
