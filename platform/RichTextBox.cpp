@@ -48,6 +48,15 @@ TextEncoding encodingAfter(int token)
     return static_cast<TextEncoding>(token & 1);
 }
 
+/// What the component keeps with coloured text; black is the text's own colour.
+int colorValue(int color)
+{
+    constexpr int black = 0;
+    return color == black
+               ? 0
+               : QsciScintillaBase::SC_INDICVALUEBIT | (color & QsciScintillaBase::SC_INDICVALUEMASK);
+}
+
 bool beginsCharacter(char byte)
 {
     return (byte & 0xC0) != 0x80;
@@ -424,8 +433,13 @@ void RichTextBox::setSelLength(int length)
 
 void RichTextBox::setSelColor(int color)
 {
-    constexpr int black = 0; // the text's own colour
-    paintColor(innerSelection(), color == black ? 0 : SC_INDICVALUEBIT | (color & SC_INDICVALUEMASK));
+    paintColor(innerSelection(), colorValue(color));
+}
+
+void RichTextBox::setColor(int start, int length, int color)
+{
+    const qsizetype from = toInner(qsizetype{start});
+    paintColor({from, toInner(qsizetype{start} + length) - from}, colorValue(color));
 }
 
 void RichTextBox::paintColor(Range range, int value)
@@ -464,7 +478,8 @@ int RichTextBox::Find(const QByteArray& text, int start, int end, int options)
     if (!match)
         return -1;
     const qsizetype position = fromInner(match->position);
-    selectInner({match->position, match->length});
+    if (!(options & NoSelection))
+        selectInner({match->position, match->length});
     return static_cast<int>(position);
 }
 

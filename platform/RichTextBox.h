@@ -58,6 +58,8 @@ public:
     /// Colours the selected text with a colour number (0x00BBGGRR). Colours are no part of the text: they
     /// raise no notification and are never undone.
     void setSelColor(int color);
+    /// Does the same with `length` bytes from `start` on, whatever is selected.
+    void setColor(int start, int length, int color);
     /// The colour number of a byte; 0, black, where none was set.
     int colorAt(int position) const;
 

@@ -3,7 +3,7 @@
 #include <QChar>
 #include <QString>
 #include <algorithm>
-#include <string_view>
+#include <cstring>
 
 namespace {
 
@@ -109,15 +109,17 @@ qsizetype TextSearch::Letter::sizeAtStart(QByteArrayView text) const
     return 0;
 }
 
-TextSearch::TextSearch(const QByteArray& wanted, int options)
-    : m_wanted(wanted), m_wholeWord((options & WholeWord) != 0)
+TextSearch::TextSearch(const QByteArray& wanted, int options) : m_wholeWord((options & WholeWord) != 0)
 {
-    const QByteArrayView text(m_wanted);
+    const QByteArrayView text(wanted);
     m_letters.reserve(static_cast<size_t>(text.size()));
+    bool oneSpelling = true;
     for (qsizetype position = 0; position < text.size();) {
         const QByteArrayView character = characterAt(text, position);
         m_letters.emplace_back(character, (options & MatchCase) != 0);
-        m_exact = m_exact && m_letters.back().hasOneSpelling();
+        oneSpelling = oneSpelling && m_letters.back().hasOneSpelling();
+        if (oneSpelling)
+            m_start += character;
         position += character.size();
     }
     if (!m_letters.empty())
@@ -138,21 +140,26 @@ std::optional<TextMatch> TextSearch::find(QByteArrayView text, qsizetype from, q
 
 std::optional<TextMatch> TextSearch::next(QByteArrayView text, qsizetype from) const
 {
-    if (m_exact) {
-        const std::string_view view(text.data(), static_cast<size_t>(text.size()));
-        const size_t hit = view.find(std::string_view(m_wanted.data(), static_cast<size_t>(m_wanted.size())),
-                                     static_cast<size_t>(from));
-        if (hit == std::string_view::npos)
-            return std::nullopt;
-        return TextMatch{static_cast<qsizetype>(hit), m_wanted.size()};
-    }
-    for (qsizetype position = from; position < text.size(); ++position) {
-        if (!m_firstBytes[static_cast<uchar>(text[position])])
-            continue;
+    for (qsizetype position = candidate(text, from); position < text.size();
+         position = candidate(text, position + 1)) {
         if (const qsizetype length = matchLength(text.sliced(position)))
             return TextMatch{position, length};
     }
     return std::nullopt;
+}
+
+/// The first position at or behind `from` where a match can begin; the text's size when there is none.
+qsizetype TextSearch::candidate(QByteArrayView text, qsizetype from) const
+{
+    const auto* start = text.begin() + from;
+    const auto size = static_cast<size_t>(text.end() - start);
+    if (!m_start.isEmpty()) {
+        const void* hit = memmem(start, size, m_start.constData(), static_cast<size_t>(m_start.size()));
+        return hit ? static_cast<const char*>(hit) - text.begin() : text.size();
+    }
+    return std::find_if(start, text.end(),
+                        [this](char byte) { return m_firstBytes[static_cast<uchar>(byte)]; }) -
+           text.begin();
 }
 
 /// The length of the match with which `text` begins, 0 if with none.

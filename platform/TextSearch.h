@@ -6,11 +6,12 @@
 #include <optional>
 #include <vector>
 
-/// How `TextSearch` and `RichTextBox::Find` compare. The numbers add up; 0 ignores case and takes parts of
-/// words.
+/// How `TextSearch` and `RichTextBox::Find` work. The numbers add up; 0 ignores case, takes parts of words
+/// and selects what is found.
 enum FindOption {
     WholeWord = 2, ///< not where a letter, digit or underline of the text runs on from one of the match
     MatchCase = 4,
+    NoSelection = 8, ///< `Find` leaves the selection as it is
 };
 
 /// Where a match lies, in bytes. Its length may differ from that of the wanted text: the two cases of some
@@ -61,11 +62,11 @@ private:
     };
 
     std::optional<TextMatch> next(QByteArrayView text, qsizetype from) const;
+    qsizetype candidate(QByteArrayView text, qsizetype from) const;
     qsizetype matchLength(QByteArrayView text) const;
 
-    QByteArray m_wanted;
+    QByteArray m_start; // of the wanted text, as far as there is one spelling only
     std::vector<Letter> m_letters;
     std::array<bool, 256> m_firstBytes{};
-    bool m_exact = true;
     bool m_wholeWord;
 };

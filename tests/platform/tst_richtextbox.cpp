@@ -176,9 +176,11 @@ private slots:
     void find();
     void findInWesternText();
     void findBeginsAtTheSelection();
+    void findWithoutSelecting();
     void failedFindKeepsTheSelection();
 
     void colours();
+    void coloursOfAnyRange();
     void coloursAreNoPartOfTheText();
     void look();
     void caretShowsOnEveryBackground();
@@ -709,6 +711,18 @@ void TestRichTextBox::findBeginsAtTheSelection()
     QCOMPARE(box.Find("b"), -1);
 }
 
+void TestRichTextBox::findWithoutSelecting()
+{
+    Fixture f;
+    f.start("abc ABC");
+    f.select(1, 2);
+    QCOMPARE(f.box.Find("b", 2, -1, NoSelection), 5);
+    QCOMPARE(f.box.Find("b", 2, -1, NoSelection | MatchCase), -1);
+    QCOMPARE(f.box.SelStart(), 1);
+    QCOMPARE(f.box.SelLength(), 2);
+    QCOMPARE(f.told(), QString());
+}
+
 void TestRichTextBox::failedFindKeepsTheSelection()
 {
     Fixture f;
@@ -746,6 +760,26 @@ void TestRichTextBox::colours()
     QCOMPARE(box.colorAt(2), 0x0000FF);
     QCOMPARE(box.colorAt(3), 0);
     QCOMPARE(box.colorAt(5), 0x0000FF);
+}
+
+void TestRichTextBox::coloursOfAnyRange()
+{
+    Fixture f;
+    f.start("caf\xC9 \xC9t\xC9"); // one byte a character here, two in the component
+    f.select(1, 2);
+    f.box.setColor(3, 3, 0x0000FF);
+    for (int i = 0; i < 8; ++i)
+        QCOMPARE(f.box.colorAt(i), i >= 3 && i < 6 ? 0x0000FF : 0);
+    f.box.setColor(4, 90000, 0x030201); // to the end of the text
+    f.box.setColor(-5, 6, 0x030201);
+    f.box.setColor(5, 1, 0);
+    f.box.setColor(2, 0, 0x030201);
+    const QList<int> expected = {0x030201, 0, 0, 0x0000FF, 0x030201, 0, 0x030201, 0x030201};
+    for (int i = 0; i < 8; ++i)
+        QCOMPARE(f.box.colorAt(i), expected[i]);
+    QCOMPARE(f.box.SelStart(), 1);
+    QCOMPARE(f.box.SelLength(), 2);
+    QCOMPARE(f.told(), QString());
 }
 
 void TestRichTextBox::coloursAreNoPartOfTheText()

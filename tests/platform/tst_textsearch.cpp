@@ -56,6 +56,9 @@ void TestTextSearch::find_data()
     row("case matched, none", "<B>", "<b>", MatchCase, None);
     row("signs beside the letters", "@[`{", "`", Any, {2, 1});
     row("begun twice", "<!-<!--", "<!--", Any, {3, 4});
+    row("begun twice, then letters", "<!-- a<!-- B -->", "<!-- b", Any, {6, 6});
+    row("signs, then letters, never", "<!-- a <!-- b", "<!-- c", Any, None);
+    row("NUL in both", QByteArray("a\0b\0C", 5), QByteArray("\0c", 2), Any, {3, 2});
 
     row("accent, small for capital", "\xC3\x89t\xC3\xA9", "\xC3\xA9", Any, {0, 2});
     row("accent, capital for small", "t\xC3\xA9", "\xC3\x89", Any, {1, 2});
