@@ -131,7 +131,11 @@ std::vector<Rival> highlightAll(qsizetype size)
     const QByteArray text = page(size);
     auto box = std::make_shared<std::shared_ptr<QsciScintilla>>();
     return {{Role::Ours, "highlight",
-             timed([] { highlight(source(), Colors); }, [text] { source().load(text); },
+             timed([] { highlight(source(), Colors); },
+                   [text] {
+                       source().load(text);
+                       QApplication::processEvents();
+                   },
                    [] { return source().colorAt(1) == Colors.tags; })},
             {Role::Peer, Bare,
              timed([box] { highlightBare(**box); }, [box, text] { *box = bareComponent(text); })}};

@@ -20,6 +20,7 @@ int worksUnderWay = 0;
 
 LongWork::LongWork()
 {
+    m_served.start();
     if (worksUnderWay++ > 0)
         return;
     for (QTimer* timer : {&m_cursorTimer, &m_windowTimer})
@@ -76,7 +77,7 @@ void LongWork::announce()
 
 void LongWork::progress(double done)
 {
-    if (m_served.isValid() && m_served.elapsed() < ServeEvery)
+    if (m_served.elapsed() < ServeEvery)
         return;
     m_done = done;
     if (m_windowShown && isLoaded<Wait>())

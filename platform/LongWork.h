@@ -21,7 +21,7 @@ public:
     Q_DISABLE_COPY_MOVE(LongWork)
 
     /// Tells how much is done, 0 to 1. Serves all events but the user's input, so that windows repaint, and
-    /// costs next to nothing if that was less than 50 ms ago.
+    /// costs next to nothing if that, or the beginning, was less than 50 ms ago.
     void progress(double done);
     /// Shows both signs at once, for work that will take long and serves no events.
     void announce();
@@ -33,7 +33,7 @@ private:
     QTimer m_cursorTimer;
     QTimer m_windowTimer;
     std::optional<WaitCursor> m_hourglass;
-    QElapsedTimer m_served; // not valid before the first time
+    QElapsedTimer m_served;
     std::optional<double> m_done;
     bool m_windowShown = false; // with its bar
     bool m_windowOwned = false; // not shown before, by what the work is part of

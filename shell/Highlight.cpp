@@ -24,26 +24,20 @@ constexpr std::array<Pass, 4> Passes = {{
     {"<SCRIPT", "</SCRIPT>", &HighlightColors::scripts, 0, 9},
 }};
 
-void colorRange(RichTextBox& box, int start, int length, int color)
-{
-    box.setSelStart(start);
-    box.setSelLength(length);
-    box.setSelColor(color);
-}
-
 /// Tells `progress` how far it is in the text.
 template <typename Progress>
 void run(RichTextBox& box, const Pass& pass, int color, Progress progress)
 {
+    const auto find = [&box](const char* text, int from) { return box.Find(text, from, -1, NoSelection); };
     int close = 0;
-    for (int open = box.Find(pass.opening, 0); open != -1; open = box.Find(pass.opening, open + 1)) {
+    for (int open = find(pass.opening, 0); open != -1; open = find(pass.opening, open + 1)) {
         if (close != -1 && close < open + 2) // a closing text further on still is the next one
-            close = box.Find(pass.closing, open + 2);
+            close = find(pass.closing, open + 2);
         progress(open);
         // Without a closing text the length is negative, or a few characters at the very start of the text.
         const int length = close - open + pass.extraLength;
         if (length >= 0)
-            colorRange(box, open + pass.startOffset, length, color);
+            box.setColor(open + pass.startOffset, length, color);
     }
 }
 
@@ -53,8 +47,10 @@ void highlight(RichTextBox& box, const HighlightColors& colors)
 {
     box.setFocus();
     const int caret = box.SelStart();
+    box.setSelStart(0);
+    box.setSelLength(WorkingSelection); // its notification makes the document count as changed
     if (colors.text)
-        colorRange(box, 0, WorkingSelection, *colors.text);
+        box.setSelColor(*colors.text);
     LongWork work;
     const auto length = static_cast<double>(box.Text().size());
     for (size_t i = 0; i < Passes.size(); ++i) {
