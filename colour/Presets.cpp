@@ -40,8 +40,10 @@ void savePreset(const Preset& preset)
 try {
     CommonDialog dialog = presetDialog(preset.fileName);
     dialog.ShowSave();
+    QList<ProfileValue> values;
     for (const Preset::Entry& entry : preset.entries)
-        WriteProfile(preset.section, entry.key, textOf(entry), dialog.FileName);
+        values << ProfileValue{preset.section, entry.key, textOf(entry)};
+    WriteProfile(values, dialog.FileName);
 } catch (const RuntimeError&) {
     return; // the user cancelled
 }

@@ -59,9 +59,11 @@ try {
 
 void color::Command1_Click()
 {
+    QList<ProfileValue> values;
     for (const StoredColor& entry : StoredColors) {
-        WriteProfile(Section, QString::fromLatin1(entry.key), fromNumber((this->*entry.sample)->BackColor()),
-                     webIni());
+        values << ProfileValue{Section, QString::fromLatin1(entry.key),
+                               fromNumber((this->*entry.sample)->BackColor())};
     }
+    WriteProfile(values, webIni());
     Unload();
 }

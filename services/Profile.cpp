@@ -127,23 +127,22 @@ QByteArray openLineEnd(QByteArrayView before)
     return open ? QByteArray(lineEnd) : QByteArray();
 }
 
-QByteArray withValue(const QByteArray& bytes, const QString& section, const QString& key,
-                     const QString& value)
+QByteArray withValue(const QByteArray& bytes, const ProfileValue& entry)
 {
-    const Place place = find(bytes, section, key);
-    const QByteArray valueBytes = firstLine(value).toUtf8();
+    const Place place = find(bytes, entry.section, entry.key);
+    const QByteArray valueBytes = firstLine(entry.value).toUtf8();
     QByteArray changed = bytes;
     if (place.key)
         return changed.replace(place.valueBegin, place.valueEnd - place.valueBegin, valueBytes);
 
-    const QByteArray line = key.toUtf8() + '=' + valueBytes + lineEnd;
+    const QByteArray line = entry.key.toUtf8() + '=' + valueBytes + lineEnd;
     if (place.section)
         return changed.insert(place.newKey, openLineEnd(bytes.first(place.newKey)) + line);
 
     changed += openLineEnd(bytes);
     if (!place.blankBefore)
         changed += lineEnd;
-    return changed + '[' + firstLine(section).toUtf8() + ']' + lineEnd + line;
+    return changed + '[' + firstLine(entry.section).toUtf8() + ']' + lineEnd + line;
 }
 
 /// A profile file's content; nothing when there is no such file yet.
@@ -203,9 +202,16 @@ QString ReadProfile(const QString& section, const QString& key, const QString& f
 
 void WriteProfile(const QString& section, const QString& key, const QString& value, const QString& file)
 {
+    WriteProfile({{section, key, value}}, file);
+}
+
+void WriteProfile(const QList<ProfileValue>& values, const QString& file)
+{
     try {
         const QByteArray bytes = readProfileFile(file);
-        const QByteArray changed = withValue(bytes, section, key, value);
+        QByteArray changed = bytes;
+        for (const ProfileValue& entry : values)
+            changed = withValue(changed, entry);
         if (changed != bytes)
             writeFile(file, changed);
     } catch (const RuntimeError&) {

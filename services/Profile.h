@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 class ListObject;
@@ -26,6 +27,18 @@ QString ReadProfile(const QString& section, const QString& key, const QString& f
 /// made. All else in the file stays byte for byte. The value is written as it is, up to its first line break:
 /// blanks or quotes around it are lost when it is read. A failure goes unnoticed and leaves the old file.
 void WriteProfile(const QString& section, const QString& key, const QString& value, const QString& file);
+
+/// A key of a section, and what it is set to.
+struct ProfileValue
+{
+    QString section;
+    QString key;
+    QString value;
+};
+
+/// Sets one value after the other as above and writes the file once, so that a failure leaves all the old
+/// ones.
+void WriteProfile(const QList<ProfileValue>& values, const QString& file);
 
 /// Whether a file is there whose length can be told; no folder, pipe or device.
 bool FileLenExists(const QString& file);

@@ -19,11 +19,6 @@ QString fontSetting(const char* key)
     return ReadProfile(FontSection, QString::fromLatin1(key), webIni());
 }
 
-void keepFontSetting(const char* key, const QString& value)
-{
-    WriteProfile(FontSection, QString::fromLatin1(key), value, webIni());
-}
-
 /// A colour of the highlight; no value when the setting is missing or isn't a number.
 std::optional<int> highlightColor(const char* key)
 {
@@ -88,10 +83,11 @@ void FrmWeb::munsetfont_Click()
     font.setBold(dialog.Font.bold());
     font.setItalic(dialog.Font.italic());
     RichTextBox1->setTextFont(font);
-    keepFontSetting("name", font.family());
-    keepFontSetting("size", fromNumber(static_cast<float>(font.pointSizeF())));
-    keepFontSetting("bold", fromBoolean(font.bold()));
-    keepFontSetting("italic", fromBoolean(font.italic()));
+    WriteProfile({{FontSection, QStringLiteral("name"), font.family()},
+                  {FontSection, QStringLiteral("size"), fromNumber(static_cast<float>(font.pointSizeF()))},
+                  {FontSection, QStringLiteral("bold"), fromBoolean(font.bold())},
+                  {FontSection, QStringLiteral("italic"), fromBoolean(font.italic())}},
+                 webIni());
 }
 
 void FrmWeb::munEBC_Click()
@@ -107,7 +103,7 @@ void FrmWeb::munEBC_Click()
         return;
     }
     setEditorBackground(dialog.Color);
-    keepFontSetting("BG", QString::number(dialog.Color));
+    WriteProfile(FontSection, QStringLiteral("BG"), QString::number(dialog.Color), webIni());
 }
 
 void FrmWeb::munhighlight_Click()

@@ -121,9 +121,14 @@ QString setting(const char* section, const char* key)
     return ReadProfile(QLatin1String(section), QLatin1String(key), webIni());
 }
 
-void keep(const char* section, const char* key, const QString& value)
+void keep(const char* section, const char* key, bool on)
 {
-    WriteProfile(QLatin1String(section), QLatin1String(key), value, webIni());
+    WriteProfile(QLatin1String(section), QLatin1String(key), flag(on), webIni());
+}
+
+ProfileValue kept(const char* section, const char* key, const QString& value)
+{
+    return {QLatin1String(section), QLatin1String(key), value};
 }
 
 void restoreBox(CheckBox* box, const char* section, const char* key)
@@ -146,8 +151,10 @@ void restoreOptions(const Ui::FrmBuild1* page, std::span<const KeptOption> optio
 
 void keepOptions(const Ui::FrmBuild1* page, std::span<const KeptOption> options, const char* section)
 {
+    QList<ProfileValue> values;
     for (const auto& [option, key] : options)
-        keep(section, key, flag((page->*option)->Value()));
+        values << kept(section, key, flag((page->*option)->Value()));
+    WriteProfile(values, webIni());
 }
 
 /// An "Other" text, which is kept as "0" while it is empty.
@@ -158,9 +165,9 @@ void restoreOther(QLineEdit* field, const char* section, const char* key)
         field->setText(value);
 }
 
-void keepOther(const QLineEdit* field, const char* section, const char* key)
+QString otherText(const QLineEdit* field)
 {
-    keep(section, key, field->text().isEmpty() ? flag(false) : field->text());
+    return field->text().isEmpty() ? flag(false) : field->text();
 }
 
 void enableCosts(const Ui::FrmBuild1* page, std::span<const Cost> costs, bool on)
@@ -287,20 +294,21 @@ void FrmBuild1::restore()
 /// Keeps what no handler has written at the click.
 void FrmBuild1::save() const
 {
+    QList<ProfileValue> values;
     for (const LineBox& entry : PaymentBoxes)
-        keep(PaymentSection, entry.key, flag((this->*entry.box)->Value() == 1));
-    keepOther(Txtother, PaymentSection, OtherPaymentKey);
+        values << kept(PaymentSection, entry.key, flag((this->*entry.box)->Value() == 1));
+    values << kept(PaymentSection, OtherPaymentKey, otherText(Txtother));
 
     for (const LineBox& entry : RegionBoxes)
-        keep(LocationSection, entry.key, flag((this->*entry.box)->Value() == 1));
-    keepOther(Txtother2, LocationSection, OtherRegionKey);
+        values << kept(LocationSection, entry.key, flag((this->*entry.box)->Value() == 1));
+    values << kept(LocationSection, OtherRegionKey, otherText(Txtother2));
 
-    keep(PaysSection, "txt", TxST1->text());
-    keep(PaysSection, "txt2", TxST2->Text());
+    values << kept(PaysSection, "txt", TxST1->text()) << kept(PaysSection, "txt2", TxST2->Text());
     for (const Cost& cost : Costs) {
-        keep(PaysSection, cost.dollarsKey, (this->*cost.dollars)->text());
-        keep(PaysSection, cost.centsKey, (this->*cost.cents)->text());
+        values << kept(PaysSection, cost.dollarsKey, (this->*cost.dollars)->text())
+               << kept(PaysSection, cost.centsKey, (this->*cost.cents)->text());
     }
+    WriteProfile(values, webIni());
 }
 
 bool FrmBuild1::queryUnload()
@@ -397,19 +405,19 @@ void FrmBuild1::OptPS2_Click()
 void FrmBuild1::ChkZC_Click()
 {
     enableCosts(this, CalculatedCosts, ChkZC->Value() == 0);
-    keep(PaysSection, "chk", flag(ChkZC->Value() == 1));
+    keep(PaysSection, "chk", ChkZC->Value() == 1);
 }
 
 void FrmBuild1::ChkTR1_Click()
 {
     enableTax(ChkTR1->Value() == 1);
-    keep(PaysSection, "chk2", flag(ChkTR1->Value() == 1));
+    keep(PaysSection, "chk2", ChkTR1->Value() == 1);
 }
 
 void FrmBuild1::ChkSlist_Click()
 {
     Command5->setEnabled(ChkSlist->Value() == 0);
-    keep(PaysSection, "ChkSlist", flag(ChkSlist->Value() == 1));
+    keep(PaysSection, "ChkSlist", ChkSlist->Value() == 1);
 }
 
 /// What the seller must still give, as the message says it; empty when all is there.

@@ -87,8 +87,10 @@ void paintDrawing(const PageLook& look, DrawingColors& drawing)
 
 void saveColorSet(const PageLook& look, const QString& name)
 {
+    QList<ProfileValue> values;
     for (size_t i = 0; i < ColorFields.size(); ++i)
-        WriteProfile(name, QString::number(i + 1), look.*ColorFields[i].field, setsFile());
+        values << ProfileValue{name, QString::number(i + 1), look.*ColorFields[i].field};
+    WriteProfile(values, setsFile());
 }
 
 void loadColorSet(PageLook& look, const QString& name)

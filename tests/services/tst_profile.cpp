@@ -105,6 +105,7 @@ private slots:
     void namesKnowNoCase();
     void writes_data();
     void writes();
+    void writesSeveral();
     void writesSpecialValues_data();
     void writesSpecialValues();
     void titlesOfUsersAreFoundAgain_data();
@@ -316,6 +317,18 @@ void TestProfile::writes()
     QCOMPARE(content("web.ini"), after);
     QCOMPARE(ReadProfile("Color", "back", ini()), QStringLiteral("255"));
     QCOMPARE(QDir(m_folder->path()).entryList(QDir::Files | QDir::Hidden), QStringList{"web.ini"});
+}
+
+void TestProfile::writesSeveral()
+{
+    make("web.ini", "; mine\r\n[Font]\r\nname=Arial\r\n");
+    WriteProfile({{"Font", "name", "Courier New"},
+                  {"Color", "back", "255"},
+                  {"font", "size", "10"},
+                  {"Color", "Back", "0"}},
+                 ini());
+    QCOMPARE(content("web.ini"), QByteArray("; mine\r\n[Font]\r\nname=Courier New\r\nsize=10\r\n"
+                                            "\r\n[Color]\r\nback=0\r\n"));
 }
 
 void TestProfile::writesSpecialValues_data()
