@@ -331,6 +331,7 @@ private slots:
     void documents_data() { addPages(); }
     void documents();
     void documentsShareNothing();
+    void recoveredText();
     void terms();
     void pictureAddresses();
     void pictureTool();
@@ -452,6 +453,24 @@ void TestSecurity::documentsShareNothing()
         main.showTab(FrmWeb::PreviewTab);
         QCOMPARE(main.sprungOn(main.web->WebBrowser3), QString());
     }
+}
+
+/// Text that an ended program is said to have left, in a file that somebody put in its place.
+void TestSecurity::recoveredText()
+{
+    Program main;
+    main.showTab(FrmWeb::PreviewTab);
+    main.showTab(FrmWeb::EditorTab);
+    main.folder.write(QStringLiteral("Brindlemark-unsaved-1.htm"),
+                      (fragment(main.traps, QStringLiteral("recovered"), QString()) +
+                       pageOf(QStringLiteral("frames"), main.traps))
+                          .toUtf8());
+    main.doors.answerMsgBox(MsgAnswer::Yes);
+    main.web->offerUnsavedText();
+    QVERIFY(main.source().contains("<iframe"));
+    QCOMPARE(lines(main.traps.takeSprung()), QString());
+    main.showTab(FrmWeb::PreviewTab);
+    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
 }
 
 /// Terms are HTML: in their editor, in the page that the wizard makes, and in the views of that page.
