@@ -1,10 +1,10 @@
 #include "FaderTool.h"
+#include "OrdinaryUser.h"
 #include "WebTestMain.h"
 #include "colour/ColorSample.h"
 
 #include <QDir>
 #include <functional>
-#include <unistd.h>
 
 namespace {
 
@@ -83,31 +83,6 @@ public:
         load(folder.path(QStringLiteral("preset.fpc")));
     }
     QStringList texts() const { return {tool->Text5, tool->Text8, tool->Text20, tool->Text13, tool->Text17}; }
-};
-
-/// The superuser may write everywhere: while this lives, the process is nobody, as is the owner of `folder`.
-class OrdinaryUser
-{
-public:
-    explicit OrdinaryUser(const QString& folder)
-    {
-        constexpr uid_t nobody = 65534;
-        m_root = geteuid() == 0;
-        m_ordinary = !m_root || (chown(QFile::encodeName(folder).constData(), nobody, nobody) == 0 &&
-                                 setresuid(nobody, nobody, 0) == 0);
-    }
-    ~OrdinaryUser()
-    {
-        if (m_root && setresuid(0, 0, 0) != 0)
-            qFatal("the superuser's rights did not come back");
-    }
-    Q_DISABLE_COPY_MOVE(OrdinaryUser)
-
-    bool ordinary() const { return m_ordinary; }
-
-private:
-    bool m_root = false;
-    bool m_ordinary = false;
 };
 
 } // namespace

@@ -4,6 +4,16 @@
 #include <QRegularExpression>
 #include <QTest>
 
+QByteArray fileBytes(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        QTest::qFail(qPrintable(path + QStringLiteral(" can't be read")), __FILE__, __LINE__);
+        return {};
+    }
+    return file.readAll();
+}
+
 QString xdotool(const QStringList& arguments)
 {
     QProcess tool;

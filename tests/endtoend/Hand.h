@@ -16,6 +16,9 @@ inline const QString MainWindow = QStringLiteral("Untitled - Brindlemark 1.0");
 /// The title of message boxes that have none of their own.
 inline const QString Box = QStringLiteral("Brindlemark");
 
+/// A file's bytes; fails the test when it can't be read.
+QByteArray fileBytes(const QString& path);
+
 /// What an xdotool command prints; empty when it fails.
 QString xdotool(const QStringList& arguments);
 

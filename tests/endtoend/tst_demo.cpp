@@ -25,16 +25,6 @@ namespace {
 const QString Page1 = QStringLiteral("Brindlemark Create 1 of 2");
 const QString Page2 = QStringLiteral("Brindlemark Create 2 of 2 ");
 
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        QTest::qFail(qPrintable(path + QStringLiteral(" can't be read")), __FILE__, __LINE__);
-        return {};
-    }
-    return file.readAll();
-}
-
 /// The lines "name=value" of a text; with a section, only those behind its header.
 QHash<QString, QString> values(const QByteArray& text, const QString& section = QString())
 {

@@ -13,12 +13,6 @@ namespace {
 
 const QString Quick = QStringLiteral("Quick-Word");
 
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 bool overwrite(const QString& path, const QByteArray& bytes)
 {
     QFile file(path);

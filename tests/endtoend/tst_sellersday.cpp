@@ -108,16 +108,6 @@ QString picture(int index)
     return QStringLiteral("/globe%1.svg").arg(index + 1);
 }
 
-QByteArray fileBytes(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        QTest::qFail(qPrintable(path + QStringLiteral(" can't be read")), __FILE__, __LINE__);
-        return {};
-    }
-    return file.readAll();
-}
-
 QByteArray shipped(const char* name)
 {
     return fileBytes(QStringLiteral(SOURCE_DIR "/data/") + QString::fromLatin1(name));

@@ -1,3 +1,4 @@
+#include "OrdinaryUser.h"
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
 
@@ -12,7 +13,6 @@
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <tuple>
-#include <unistd.h>
 
 namespace {
 
@@ -30,32 +30,6 @@ int numberOf(const std::optional<RuntimeError>& error)
 {
     return error ? static_cast<int>(error->number()) : 0;
 }
-
-/// The superuser passes over permission bits: while this lives, the process is nobody, and so is the owner
-/// of `folder`.
-class OrdinaryUser
-{
-public:
-    explicit OrdinaryUser(const QString& folder)
-    {
-        constexpr uid_t nobody = 65534;
-        m_root = geteuid() == 0;
-        m_ordinary = !m_root || (chown(QFile::encodeName(folder).constData(), nobody, nobody) == 0 &&
-                                 setresuid(nobody, nobody, 0) == 0);
-    }
-    ~OrdinaryUser()
-    {
-        if (m_root && setresuid(0, 0, 0) != 0)
-            qFatal("the superuser's rights did not come back");
-    }
-    Q_DISABLE_COPY_MOVE(OrdinaryUser)
-
-    bool ordinary() const { return m_ordinary; }
-
-private:
-    bool m_root = false;
-    bool m_ordinary = false;
-};
 
 /// No file grows beyond `bytes` while this lives: writes come back short, as on a full disk.
 class FullDisk
