@@ -169,11 +169,12 @@ FrmHelp* openHelp(MainWindow& main)
         if (qstrcmp(view.name, "help") == 0)
             openView(view, main);
     }
-    if (!QTest::qWaitFor(
-            [] {
-                return inHelp(QStringLiteral("document.readyState")).toString() == QStringLiteral("complete");
-            },
-            PageLimit))
+    const auto isThere = [] { // the empty page before it is complete as well
+        return inHelp(QStringLiteral("document.readyState == 'complete' && "
+                                     "document.querySelector('#search')?.getClientRects().length > 0"))
+            .toBool();
+    };
+    if (!QTest::qWaitFor(isThere, PageLimit))
         QTest::qFail("the help page does not come up", __FILE__, __LINE__);
     return form<FrmHelp>();
 }
