@@ -378,6 +378,7 @@ void TestHelp::picturesAreThereAndSmall()
     const QDir folder(QStringLiteral(SOURCE_DIR "/data/help"));
     const QStringList tags = inPage("(<img [^>]*>)");
     QStringList named;
+    constexpr qint64 KiB = 1024;
     qint64 total = 0;
     for (const QString& tag : tags) {
         static const QRegularExpression form(
@@ -388,10 +389,10 @@ void TestHelp::picturesAreThereAndSmall()
         named << match.captured(1);
         const QString file = folder.filePath(named.last());
         QCOMPARE(QImage(file).size(), QSize(match.captured(2).toInt(), match.captured(3).toInt()));
-        QVERIFY2(QFileInfo(file).size() < 30 * 1024, qPrintable(file));
+        QVERIFY2(QFileInfo(file).size() < 30 * KiB, qPrintable(file));
         total += QFileInfo(file).size();
     }
-    QVERIFY2(total < 600 * 1024, qPrintable(QString::number(total)));
+    QVERIFY2(total < 600 * KiB, qPrintable(QString::number(total)));
     named.sort();
     QCOMPARE(named, folder.entryList(QDir::Files, QDir::Name)); // each once, and none for nothing
 }
