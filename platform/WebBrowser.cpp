@@ -40,6 +40,9 @@ constexpr int CaretPause = 30;
 /// How long the loss of a renderer waits to be told while operations are under way, in milliseconds.
 constexpr int LossPause = 30;
 
+/// How often the same sample is shown again when its renderer ends.
+constexpr int SampleTries = 3;
+
 /// How long a page that is stopped may take to give a sign of life, in milliseconds.
 constexpr int SignOfLife = 2000;
 
@@ -276,11 +279,9 @@ void WebBrowser::rendererEnded()
     m_lost = true;
     m_lossTold = false;
     m_lossTimer.start(0);
-    if (m_writing && !m_next) // nobody will say that it is done
-        m_next = m_writing;
-    m_writing.reset();
-    if (m_next)
-        m_writeTimer.start(0);
+    m_writing = false; // nobody will say that it is done
+    if (!m_inWritePage)
+        showSampleAgain();
 }
 
 void WebBrowser::tellLoss()
@@ -318,6 +319,7 @@ void WebBrowser::showDocument()
 
 bool WebBrowser::write(const QString& html)
 {
+    m_sample.reset();
     m_next.reset();
     if (!m_view && html.isEmpty()) // an empty document needs no view until it is seen
         return true;
@@ -326,35 +328,41 @@ bool WebBrowser::write(const QString& html)
 
 void WebBrowser::writeSoon(const QString& html)
 {
+    m_sample = html;
+    m_sampleTries = SampleTries;
     m_next = html;
     if (!m_writing)
         m_writeTimer.start(0);
 }
 
+/// A sample that was lost with its renderer: nobody else knows that it has to be written again. One that ends
+/// every renderer stays away.
+void WebBrowser::showSampleAgain()
+{
+    if (!m_next && m_sample && m_sampleTries-- > 0)
+        m_next = m_sample;
+    if (m_next)
+        m_writeTimer.start(0);
+}
+
 void WebBrowser::writeNext()
 {
-    if (!m_next || m_writing)
+    if (!m_next || m_writing || m_inWritePage)
         return;
     const QString html = *std::exchange(m_next, std::nullopt);
     if (!takesPage()) {
-        const bool shown = writePage(html);
-        if (!shown && !m_next && !m_triedAgain) { // a renderer may end while it starts
-            m_next = html;
-            m_writeTimer.start(0);
-        }
-        m_triedAgain = !shown;
+        writePage(html);
         return;
     }
-    m_writing = html;
+    m_writing = true;
     const auto written = [self = QPointer<WebBrowser>(this)](const QVariant& taken) {
         if (!self)
             return;
         if (!taken.toBool() && self->m_writing) { // the renderer ended first; the signal may be still to come
             self->m_content = Content::Nothing;
-            if (!self->m_next)
-                self->m_next = self->m_writing;
+            self->showSampleAgain();
         }
-        self->m_writing.reset();
+        self->m_writing = false;
         if (self->m_next)
             self->m_writeTimer.start(0);
     };
@@ -388,22 +396,35 @@ bool WebBrowser::writePage(const QString& html)
     makeView();
     if (m_page->isAsking()) // the page can't go while the user has yet to answer
         return false;
+    m_inWritePage = true;
+    const bool written = openAndWrite(html);
+    m_inWritePage = false;
+    if (written) {
+        m_revealTimer.start(0); // behind what is asked in the same breath
+        wakeCaret();
+        if (m_next) // given meanwhile
+            m_writeTimer.start(0);
+    } else {
+        m_lossTold = true;
+        showSampleAgain();
+    }
+    return written;
+}
+
+bool WebBrowser::openAndWrite(const QString& html)
+{
     const QString function = writeFunction(html);
     bool ready = takesPage();
     m_content = Content::Document; // what waits for the view to be seen must not write into the same page
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (!ready && !openBlankPage())
-            break;
+            return false;
         ready = false;
-        if (call(function).value_or(false).toBool()) {
-            m_revealTimer.start(0); // behind what is asked in the same breath
-            wakeCaret();
+        if (call(function).value_or(false).toBool())
             return true;
-        }
         if (m_gaveUp) // would only do so again
-            break;
+            return false;
     }
-    m_lossTold = true;
     return false;
 }
 

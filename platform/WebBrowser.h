@@ -66,7 +66,8 @@ public:
 
     /// Replaces the whole document when the engine is ready for it, and returns at once. Of pages given
     /// faster than the engine takes them only the last is shown, so a sample follows the hand without holding
-    /// it up. Operations that come later find the page there.
+    /// it up. Operations that come later find the page there. When its renderer ends, the page is shown
+    /// again.
     void writeSoon(const QString& html);
 
     /// The inner HTML of the root element, with the comments around it, as serialise.js prints it. Throws
@@ -170,7 +171,9 @@ private:
     bool takesPage() const;
     bool isEditable() const;
     QString writeFunction(const QString& html);
+    void showSampleAgain();
     bool writePage(const QString& html);
+    bool openAndWrite(const QString& html);
     bool openBlankPage();
     bool startBlankPage();
 
@@ -217,8 +220,10 @@ private:
     bool m_gaveUp = false;                    // the last question was not answered within the limit
     DesignMode m_openedFor = DesignMode::Off; // of the empty page that was opened last
     std::optional<QString> m_next;            // what `writeSoon` has yet to show
-    std::optional<QString> m_writing;         // ... and what the engine has not yet taken
-    bool m_triedAgain = false;                // the last page could not be shown, once or twice
+    bool m_writing = false;                   // ... and the engine has not yet taken
+    std::optional<QString> m_sample;          // what `writeSoon` was given last, until the next `write`
+    int m_sampleTries = 0;                    // ... and how often it may still be shown again
+    bool m_inWritePage = false;
     int m_zoomLevel = 2;
     int m_patience = 5000;
     qsizetype m_length = 0; // of the text last written or read, in characters

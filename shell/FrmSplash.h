@@ -12,6 +12,9 @@ class FrmSplash : public Form
 public:
     FrmSplash();
 
+    /// Runs out when the main window is to be loaded.
+    QTimer Timer2;
+
 signals:
     /// The main window has been loaded and is about to show.
     void mainWindowLoaded();
@@ -21,6 +24,4 @@ protected:
 
 private:
     void Timer2_Timer();
-
-    QTimer Timer2;
 };

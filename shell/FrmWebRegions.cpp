@@ -26,9 +26,10 @@ constexpr std::array<RegionButton, 4> RegionButtons = {{
 
 void FrmWeb::connectRegions()
 {
-    for (const RegionButton& entry : RegionButtons)
+    for (const RegionButton& entry : RegionButtons) {
         on(this->*entry.button, &QPushButton::clicked, this,
            [this, entry] { selectRegion(*RichTextBox1, entry.region); });
+    }
     on(CmdCell, &QPushButton::clicked, this, &FrmWeb::CmdCell_Click);
     on(CmdOffLeg, &QPushButton::clicked, this, &FrmWeb::CmdOffLeg_Click);
 }

@@ -18,6 +18,7 @@
 #include <QTest>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <QWebEnginePage>
 #include <chrono>
 #include <csignal>
 #include <thread>
@@ -167,6 +168,8 @@ private slots:
     void samplesShowTheLastPage();
     void samplesRunNoScripts();
     void samplesSurviveTheirRenderer();
+    void samplesComeBack();
+    void samplesChangeWhileTheEngineStarts();
     void samplesInDesignMode();
     void deletedSample();
     void formUnloadedWhileWaiting();
@@ -337,6 +340,7 @@ void TestWebBrowser::hostileDocuments()
     QFETCH(QString, html);
     QFETCH(QString, contains);
     Surface surface;
+    surface.setPatience(30000); // a busy machine lays out deep pages for seconds
     QVERIFY(surface.write(html));
     const QString text = surface.innerHtml();
     QVERIFY2(text.contains(contains), qPrintable(text.left(300)));
@@ -1146,6 +1150,38 @@ void TestWebBrowser::samplesSurviveTheirRenderer()
     QTRY_VERIFY(!died.isEmpty());
     sample.writeSoon(QStringLiteral("found"));
     QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("found"));
+}
+
+void TestWebBrowser::samplesComeBack()
+{
+    // Also when nothing is changed any more.
+    Sample sample;
+    sample.writeSoon(QStringLiteral("kept"));
+    for (int round = 0; round < 3; ++round) {
+        QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("kept"));
+        QSignalSpy died(&sample, &WebBrowser::rendererDied);
+        endRenderer(sample);
+        QTRY_VERIFY(!died.isEmpty());
+    }
+    QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("kept"));
+}
+
+void TestWebBrowser::samplesChangeWhileTheEngineStarts()
+{
+    // As by a bar whose arrow is held, which goes on while an operation waits.
+    Sample sample;
+    QTimer bar;
+    connect(&bar, &QTimer::timeout, &sample, [&] {
+        const auto* page = sample.findChild<QWebEnginePage*>();
+        if (!page || !page->isLoading())
+            return;
+        bar.stop();
+        sample.writeSoon(QStringLiteral("new"));
+    });
+    bar.start(0);
+    QVERIFY(sample.write(QStringLiteral("old")));
+    QVERIFY(!bar.isActive());
+    QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("new"));
 }
 
 void TestWebBrowser::samplesInDesignMode()

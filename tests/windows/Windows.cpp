@@ -145,6 +145,7 @@ void openListing(MainWindow& main)
 QWidget* splash(MainWindow&)
 {
     auto* window = form<FrmSplash>();
+    window->Timer2.stop(); // or it would go before a busy machine has looked at it
     window->show();
     return window;
 }
