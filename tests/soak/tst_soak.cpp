@@ -89,11 +89,9 @@ constexpr double MiddlesApart = 0.8;
 constexpr double HeapNoise = 300;
 constexpr double ProgramNoise = 2500;
 constexpr double EngineNoise = 20000;
-/// ... and for what the libraries keep without any of the program's code, in KiB: of each page, an object of
-/// 1,824 bytes for the filling of forms, and small ones (see `engineAlone`); of each window that is hidden,
-/// 72 bytes of the platform without a display (see `toolkitAlone`).
-constexpr double HeapOfPage = 2.2;
-constexpr double HeapOfWindow = 0.1;
+/// ... and for what the engine keeps of each page without any of the program's code, in KiB: an object of
+/// 1,824 bytes for filling in forms, and small ones (see `engineAlone`).
+constexpr double HeapOfPage = 2.4;
 
 /// Says yes to everything, and no to saving.
 class Patient : public ScriptedDoors
@@ -189,40 +187,30 @@ QList<Form*> openForms()
     return forms;
 }
 
-/// Windows, and pages that the engine has begun with.
-struct Opened
-{
-    qsizetype windows = 0;
-    qsizetype pages = 0;
-};
+/// Pages that are there between the rounds of the phase, and those that its rounds have opened besides.
+qsizetype pagesBetween = 0;
+qsizetype pagesOpened = 0;
 
-/// What is open between the rounds of the phase.
-Opened always;
-/// What its rounds have opened besides.
-Opened opened;
-
-Opened openNow()
+/// Pages that the engine has begun with.
+qsizetype pagesNow()
 {
     const QWidgetList all = QApplication::allWidgets();
-    return {.windows = QApplication::topLevelWidgets().size(),
-            .pages = std::ranges::count_if(all, [](QWidget* widget) {
-                const auto* view = qobject_cast<QWebEngineView*>(widget);
-                return view && view->page()->renderProcessPid() > 0;
-            })};
+    return std::ranges::count_if(all, [](QWidget* widget) {
+        const auto* view = qobject_cast<QWebEngineView*>(widget);
+        return view && view->page()->renderProcessPid() > 0;
+    });
 }
 
 /// To be called once in each round while all is open.
-void noteOpened()
+void notePages()
 {
-    const Opened now = openNow();
-    opened.windows += now.windows - always.windows;
-    opened.pages += now.pages - always.pages;
+    pagesOpened += pagesNow() - pagesBetween;
 }
 
 /// Closes all windows but the main window by their close buttons, which do what Cancel does.
 void closeForms()
 {
-    noteOpened();
+    notePages();
     for (const QPointer<Form> window : openForms()) {
         if (window && window->isVisible())
             window->close();
@@ -294,8 +282,7 @@ public:
         QString faults;
         QString line =
             QStringLiteral("%1 rounds in %2 s;").arg(m_rounds).arg(double(clock.elapsed()) / 1e3, 0, 'f', 1);
-        const double kept =
-            MiddlesApart * (HeapOfPage * double(opened.pages) + HeapOfWindow * double(opened.windows));
+        const double kept = MiddlesApart * HeapOfPage * double(pagesOpened);
         for (const auto& [name, samples, allowed] : {
                  Kind{"heap", valuesOf(&Memory::heap), HeapNoise + kept},
                  Kind{"program", valuesOf(&Memory::program), ProgramNoise + kept},
@@ -391,11 +378,11 @@ QStringList stillLeft(const Census& before)
 template <typename Round>
 void soak(int rounds, Round round)
 {
-    always = openNow();
+    pagesBetween = pagesNow();
     for (int i = 0; i < WarmUp; ++i)
         round(i);
     const Census before = settledCensus();
-    opened = {};
+    pagesOpened = 0;
     Course course(rounds);
     QElapsedTimer clock;
     clock.start();
@@ -468,7 +455,7 @@ void TestSoak::engineAlone()
         view.show();
         if (!QTest::qWaitFor([&] { return view.page()->renderProcessPid() > 0; }))
             QTest::qFail("the engine does not come up", __FILE__, __LINE__);
-        noteOpened();
+        notePages();
     });
 }
 
@@ -480,7 +467,6 @@ void TestSoak::toolkitAlone()
         window.show();
         if (!QTest::qWaitForWindowExposed(&window))
             QTest::qFail("the window does not come up", __FILE__, __LINE__);
-        noteOpened();
         window.hide();
     });
 }
@@ -570,7 +556,7 @@ void TestSoak::listings()
         auto* page2 = form<FrmBuild2>();
         if (!QTest::qWaitForWindowExposed(page2))
             QTest::qFail("the second page does not come up", __FILE__, __LINE__);
-        noteOpened();
+        notePages();
         click(page2->Command23);
         QVERIFY2(m_main->source().contains(title.toUtf8()), qPrintable(title));
         closeForms();
