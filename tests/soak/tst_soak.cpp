@@ -451,9 +451,11 @@ void TestSoak::engineAlone()
 {
     soak((::openings() + 3) / 4, [](int) {
         QWebEngineView view(documentProfile(), nullptr);
+        bool loaded = false;
+        QObject::connect(&view, &QWebEngineView::loadFinished, &view, [&] { loaded = true; });
         view.load(blankAddress());
         view.show();
-        if (!QTest::qWaitFor([&] { return view.page()->renderProcessPid() > 0; }))
+        if (!QTest::qWaitFor([&] { return loaded; }))
             QTest::qFail("the engine does not come up", __FILE__, __LINE__);
         notePages();
     });
