@@ -196,7 +196,7 @@ FrmTable::FrmTable()
             (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
     }
     WebBrowser1->setKind(WebPage::Kind::Sample);
-    showPlaceholder(*Combo1);
+    Combo1->showPlaceholderClearly();
     setCancelButton(Command3, CloseButton::Cancels);
 
     setClosingBox(Check3, QStringLiteral("Tablepro"), QStringLiteral("chk3"), IfMissing::Unticked);

@@ -1,6 +1,7 @@
 #include "platform/ComboBox.h"
 
 #include "platform/Accessible.h"
+#include "platform/DesktopLook.h"
 #include "platform/RuntimeError.h"
 
 #include <QCompleter>
@@ -26,6 +27,24 @@ void ComboBox::setEditable(bool editable)
     // When the field is left, the toolkit would choose the entry that reads as what was typed.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(lineEdit(), &QLineEdit::textEdited, this, &ComboBox::Change);
+}
+
+void ComboBox::showPlaceholderClearly()
+{
+    m_clearPlaceholder = true;
+    update();
+}
+
+void ComboBox::initStyleOption(QStyleOptionComboBox* look) const
+{
+    QComboBox::initStyleOption(look);
+    if (m_clearPlaceholder) {
+        look->palette =
+            sharedPalette(look->palette, QStringLiteral("clear placeholder"), [](QPalette& palette) {
+                palette.setColor(QPalette::PlaceholderText,
+                                 palette.color(QPalette::Active, QPalette::ButtonText));
+            });
+    }
 }
 
 void ComboBox::Clear()

@@ -18,6 +18,9 @@ public:
     /// complete.)
     void setEditable(bool editable);
 
+    /// Lets the box say what its placeholder says as clearly as an entry.
+    void showPlaceholderClearly();
+
     int ListCount() const override { return count(); }
     QString List(int index) const override { return itemText(index); }
     /// Appends an entry; neither the index nor the text changes.
@@ -49,4 +52,8 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void initStyleOption(QStyleOptionComboBox* look) const override;
+
+private:
+    bool m_clearPlaceholder = false;
 };

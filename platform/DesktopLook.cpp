@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QHash>
 #include <QPalette>
 
 namespace {
@@ -53,6 +54,25 @@ QPalette withReadableHints(QPalette palette)
 {
     palette.setColor(QPalette::PlaceholderText,
                      between(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.8F));
+    return palette;
+}
+
+QPalette sharedPalette(const QPalette& plain, const QString& name,
+                       const std::function<void(QPalette&)>& change)
+{
+    struct Shared
+    {
+        qint64 plain = 0;
+        QPalette palette;
+    };
+    static QHash<QString, Shared> made;
+    Shared& entry = made[name];
+    if (entry.plain != plain.cacheKey()) {
+        entry = {plain.cacheKey(), plain};
+        change(entry.palette);
+    }
+    QPalette palette = entry.palette;
+    palette.setCurrentColorGroup(plain.currentColorGroup());
     return palette;
 }
 

@@ -1,10 +1,19 @@
 #pragma once
 
+#include <functional>
+
 class QPalette;
+class QString;
 
 /// A palette whose hints in empty fields have a contrast of at least 4.5 to 1 with what is behind them, as
 /// long as its texts have one of 7 to 1.
 QPalette withReadableHints(QPalette palette);
+
+/// `plain` with some colours changed, for the painting of a control: one palette for all controls that ask
+/// under the same name. The style keeps pictures of bars and drop-down lists by their palette, and the names
+/// of those pictures for ever: a palette of its own for each control would let them grow.
+QPalette sharedPalette(const QPalette& plain, const QString& name,
+                       const std::function<void(QPalette&)>& change);
 
 /// Makes the desktop's colours fit for all to read, now and whenever they change: the hints of empty fields
 /// reach a contrast of 4.5 to 1, and boxes to tick stand out of a dark window. Called once there is a

@@ -1,8 +1,8 @@
 #include "platform/ScrollBar.h"
 
 #include "platform/Accessible.h"
+#include "platform/DesktopLook.h"
 
-#include <QHash>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
@@ -10,27 +10,14 @@
 
 namespace {
 
-/// The palette of a tinted bar, one for all bars of a tint. The style keeps pictures of bars by their
-/// palette, and the names of those pictures for ever: a palette of its own for each bar would let them grow.
 QPalette tinted(const QPalette& plain, QRgb tint)
 {
-    struct Tinted
-    {
-        qint64 plain = 0;
-        QPalette palette;
-    };
-    static QHash<QRgb, Tinted> made;
-    Tinted& entry = made[tint];
-    if (entry.plain != plain.cacheKey()) {
-        entry = {plain.cacheKey(), plain};
+    return sharedPalette(plain, QStringLiteral("bar %1").arg(tint, 0, 16), [tint](QPalette& palette) {
         for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
-            entry.palette.setColor(group, QPalette::Button, QColor::fromRgb(tint));
-            entry.palette.setColor(group, QPalette::ButtonText, Qt::black);
+            palette.setColor(group, QPalette::Button, QColor::fromRgb(tint));
+            palette.setColor(group, QPalette::ButtonText, Qt::black);
         }
-    }
-    QPalette palette = entry.palette;
-    palette.setCurrentColorGroup(plain.currentColorGroup());
-    return palette;
+    });
 }
 
 } // namespace

@@ -248,7 +248,10 @@ std::optional<QVariant> WebBrowser::evaluate(const QString& script)
 
 std::optional<QVariant> WebBrowser::call(const QString& function)
 {
-    return evaluate(surfaceScript() + u'.' + function);
+    const std::optional<QVariant> answer = evaluate(surfaceCall(function));
+    if (!answer || !answer->isNull())
+        return answer;
+    return evaluate(surfaceScript() + u'.' + function); // the first call in this page
 }
 
 bool WebBrowser::succeeds(const QString& function)
@@ -366,8 +369,7 @@ void WebBrowser::writeNext()
         if (self->m_next)
             self->m_writeTimer.start(0);
     };
-    m_page->runJavaScript(surfaceScript() + u'.' + writeFunction(html), QWebEngineScript::ApplicationWorld,
-                          written);
+    m_page->runJavaScript(surfaceCall(writeFunction(html)), QWebEngineScript::ApplicationWorld, written);
     reveal();
 }
 
@@ -433,8 +435,7 @@ void WebBrowser::reveal()
 {
     m_revealTimer.stop();
     if (isEditable()) {
-        m_page->runJavaScript(surfaceScript() + QStringLiteral(".reveal()"),
-                              QWebEngineScript::ApplicationWorld);
+        m_page->runJavaScript(surfaceCall(QStringLiteral("reveal()")), QWebEngineScript::ApplicationWorld);
     }
 }
 
@@ -506,14 +507,14 @@ void WebBrowser::readEdits(const std::function<void(const QString& html)>& heard
         if (self && answer.typeId() == QMetaType::QString)
             heard(answer.toString());
     };
-    m_page->runJavaScript(surfaceScript() + QStringLiteral(".edits()"), QWebEngineScript::ApplicationWorld,
+    m_page->runJavaScript(surfaceCall(QStringLiteral("edits()")), QWebEngineScript::ApplicationWorld,
                           answered);
 }
 
 void WebBrowser::forgetEdits()
 {
     if (isEditable()) {
-        m_page->runJavaScript(surfaceScript() + QStringLiteral(".forgetEdits()"),
+        m_page->runJavaScript(surfaceCall(QStringLiteral("forgetEdits()")),
                               QWebEngineScript::ApplicationWorld);
     }
 }
@@ -714,8 +715,7 @@ void WebBrowser::renewCaret()
         input->testAttribute(Qt::WA_InputMethodEnabled))
         return;
     --m_caretTries;
-    m_page->runJavaScript(surfaceScript() + QStringLiteral(".renewCaret()"),
-                          QWebEngineScript::ApplicationWorld);
+    m_page->runJavaScript(surfaceCall(QStringLiteral("renewCaret()")), QWebEngineScript::ApplicationWorld);
     m_caretTimer.start(CaretPause);
 }
 
@@ -838,7 +838,7 @@ void WebBrowser::loadingChanged(const QWebEngineLoadingInfo& info)
         m_page->arrived();
         applyZoom();
         if (m_designMode == DesignMode::On) {
-            m_page->runJavaScript(QStringLiteral("document.designMode = 'on'"),
+            m_page->runJavaScript(QStringLiteral("document.designMode = 'on'; ") + surfaceScript(),
                                   QWebEngineScript::ApplicationWorld);
         }
         emit progressChanged(0, 0);

@@ -148,11 +148,15 @@ const QString& surfaceScript()
 {
     static const QString script = [] {
         initResources();
-        // Made once in a page, so that the engine gets to know it: four times as quick as made anew for each
-        // call. The page's elements have names in the same place, but none is a symbol.
+        // The page's elements have names in the same place, but none is a symbol.
         return QStringLiteral("(globalThis[Symbol.for('surface')] ?\?= (%1)(%2))")
             .arg(resourceText(QStringLiteral(":/platform/surface.js")),
                  resourceText(QStringLiteral(":/platform/serialise.js")));
     }();
     return script;
+}
+
+QString surfaceCall(const QString& function)
+{
+    return QStringLiteral("globalThis[Symbol.for('surface')]?.") + function;
 }

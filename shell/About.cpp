@@ -16,7 +16,10 @@ About::About()
     setWindowFlag(Qt::WindowMinMaxButtonsHint, false);
 
     auto* icon = new QLabel(this);
-    icon->setPixmap(QIcon(QStringLiteral(":/brindlemark.svg")).pixmap(64, 64));
+    // The toolkit keeps the name of each icon's pictures for ever, so there is one icon. It is never deleted,
+    // as the library that draws it may go first.
+    static const auto* picture = new QIcon(QStringLiteral(":/brindlemark.svg"));
+    icon->setPixmap(picture->pixmap(64, 64));
     auto* name = new QLabel(ProgramName, this);
     QFont large = name->font();
     large.setPointSizeF(large.pointSizeF() * 1.8);

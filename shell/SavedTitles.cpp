@@ -23,13 +23,6 @@ bool mayReplace(const QString& title)
 
 } // namespace
 
-void showPlaceholder(ComboBox& titles)
-{
-    QPalette readable = titles.palette();
-    readable.setColor(QPalette::PlaceholderText, readable.color(QPalette::ButtonText));
-    titles.setPalette(readable);
-}
-
 QString askForTitle(ComboBox& titles, const QString& listFile, const QString& prompt, const QString& caption)
 {
     QString title = InputBox(prompt, caption);

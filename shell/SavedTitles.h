@@ -7,9 +7,6 @@ class ComboBox;
 // Sets of settings that the user keeps under titles. A drop-down list offers the titles and stands in a list
 // file; the sets themselves stand wherever the window keeps them.
 
-/// Lets a list say what its placeholder says as clearly as an entry.
-void showPlaceholder(ComboBox& titles);
-
 /// Asks for the title of a set that is to be kept. A new title joins the list, which shows it then, and the
 /// list's file is written anew. For one that is in the list, to the letter, the user is asked whether the set
 /// may be replaced. Empty: nothing is to be kept.

@@ -64,7 +64,7 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new WebBrowser(this)), RTB1(new RichTextBox
     Command1->setIcon(namedIcon("go-previous", this));
     Command2->setIcon(namedIcon("go-next", this));
     for (ComboBox* combo : {Combo3, Combo4})
-        showPlaceholder(*combo);
+        combo->showPlaceholderClearly();
     for (const char* entry : ColorEntries)
         Combo3->AddItem(QString::fromLatin1(entry));
     LoadList(setNamesFile(), *Combo4);

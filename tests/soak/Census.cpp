@@ -102,9 +102,10 @@ Memory memoryInUse()
 {
     const struct mallinfo2 heap = mallinfo2();
     Memory memory{.heap = double(heap.uordblks + heap.hblkhd) / 1024,
-                  .program = residentOf(QStringLiteral("self"))};
+                  .program = residentOf(QStringLiteral("self")),
+                  .engine = {}};
     for (const int process : processesBelow())
-        memory.engine += residentOf(QString::number(process));
+        memory.engine[process] = residentOf(QString::number(process));
     return memory;
 }
 

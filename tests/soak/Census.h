@@ -7,9 +7,9 @@
 /// How much memory is in use, in KiB.
 struct Memory
 {
-    double heap = 0;    ///< of this process, as its allocator counts it
-    double program = 0; ///< resident, of this process
-    double engine = 0;  ///< resident, of the processes of the web engine together; shared pages count in each
+    double heap = 0;          ///< of this process, as its allocator counts it
+    double program = 0;       ///< resident, of this process
+    QMap<int, double> engine; ///< resident, of each process of the web engine; shared pages count in each
 };
 
 Memory memoryInUse();
