@@ -2,6 +2,9 @@
 
 #include "platform/Form.h"
 
+#include <QTimer>
+#include <QUrl>
+
 class WebBrowser;
 
 /// The help page in a window of its own.
@@ -16,4 +19,10 @@ public:
     void showSection(const QString& id);
 
     WebBrowser* WebBrowser1;
+
+private:
+    void openPlace();
+
+    QUrl m_place; // of the help page, with the section
+    QTimer m_opening;
 };

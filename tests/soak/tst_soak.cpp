@@ -111,6 +111,12 @@ QWidget* shown()
     return form<F>();
 }
 
+QWidget* splash()
+{
+    form<FrmSplash>()->Timer2.stop(); // or it would go by itself
+    return shown<FrmSplash>();
+}
+
 /// Fills the wizard's first page with the least that it asks for.
 void fillFirstPage(FrmBuild1& page, const QString& title)
 {
@@ -142,7 +148,7 @@ struct Opening
 };
 
 constexpr Opening Openings[] = {
-    {"FrmSplash", shown<FrmSplash>},
+    {"FrmSplash", splash},
     {"FrmBuild1", shown<FrmBuild1>},
     {"FrmBuild2", secondPage},
     {"FrmTerms", terms},

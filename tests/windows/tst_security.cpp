@@ -702,6 +702,10 @@ void TestSecurity::pastes_data()
 /// What a page put on the clipboard does not run in the preview either.
 void TestSecurity::pastes()
 {
+    static const QRegularExpression Blanks(QStringLiteral("\\s"));
+    static const QRegularExpression Values(QStringLiteral("=\"[^\"]*\"")); // a tag in one is just a text
+    static const QRegularExpression Handler(QStringLiteral("<[^>]*\\son\\w"),
+                                            QRegularExpression::CaseInsensitiveOption);
     QFETCH(QString, html);
     Program main;
     auto clip = std::make_unique<QMimeData>();
@@ -714,10 +718,11 @@ void TestSecurity::pastes()
     QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
     click(main.web->Option2);
     QCOMPARE(main.sprungOn(main.web->WebBrowser3), QString());
-    QString pasted = main.web->WebBrowser3->innerHtml();
-    pasted.remove(QRegularExpression(QStringLiteral("\\s")));
-    for (const char* bad : {"script", "template", "onerror='", "onerror=("})
-        QVERIFY2(!pasted.contains(QString::fromLatin1(bad), Qt::CaseInsensitive), qPrintable(pasted));
+    const QString pasted = main.web->WebBrowser3->innerHtml();
+    for (const char* bad : {"script", "template"})
+        QVERIFY2(!QString(pasted).remove(Blanks).contains(QLatin1String(bad), Qt::CaseInsensitive),
+                 qPrintable(pasted));
+    QVERIFY2(!QString(pasted).remove(Values).contains(Handler), qPrintable(pasted));
 }
 
 void TestSecurity::drops()
