@@ -6,6 +6,7 @@
 #include "shell/FindBar.h"
 
 #include <QAction>
+#include <QUrl>
 #include <QVBoxLayout>
 
 FrmHelp::FrmHelp() : WebBrowser1(new WebBrowser(this))
@@ -23,21 +24,13 @@ FrmHelp::FrmHelp() : WebBrowser1(new WebBrowser(this))
     on(escape, &QAction::triggered, this, &FrmHelp::Unload);
 
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
-    m_place = QUrl::fromLocalFile(appFile(QStringLiteral("\\Help0.htm")));
-    m_opening.setSingleShot(true);
-    on(&m_opening, &QTimer::timeout, this, &FrmHelp::openPlace);
-    m_opening.start();
+    WebBrowser1->Navigate(appFile(QStringLiteral("\\Help0.htm")));
 }
 
 void FrmHelp::showSection(const QString& id)
 {
-    m_place.setFragment(id);
-    m_opening.start();
+    QUrl place = QUrl::fromLocalFile(appFile(QStringLiteral("\\Help0.htm")));
+    place.setFragment(id);
+    WebBrowser1->Navigate(place.toString(QUrl::FullyEncoded)); // a page that is there already only scrolls
     Show();
-}
-
-/// A page that is there already only scrolls.
-void FrmHelp::openPlace()
-{
-    WebBrowser1->Navigate(m_place.toString(QUrl::FullyEncoded));
 }

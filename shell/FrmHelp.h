@@ -2,9 +2,6 @@
 
 #include "platform/Form.h"
 
-#include <QTimer>
-#include <QUrl>
-
 class WebBrowser;
 
 /// The help page in a window of its own.
@@ -19,10 +16,4 @@ public:
     void showSection(const QString& id);
 
     WebBrowser* WebBrowser1;
-
-private:
-    void openPlace();
-
-    QUrl m_place; // of the help page, with the section
-    QTimer m_opening;
 };
