@@ -2,7 +2,7 @@
 #include "platform/DesktopLook.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
-#include "platform/WebEngine.h"
+#include "web/WebEngine.h"
 #include "shell/FrmSplash.h"
 #include "shell/FrmWeb.h"
 

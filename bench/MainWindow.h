@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/AppPath.h"
-#include "platform/WebEngine.h"
+#include "web/WebEngine.h"
 #include "shell/FrmWeb.h"
 
 #include <QApplication>

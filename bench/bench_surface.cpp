@@ -7,8 +7,8 @@
 
 #include "Measure.h"
 #include "platform/Files.h"
-#include "platform/WebBrowser.h"
-#include "platform/WebEngine.h"
+#include "web/WebBrowser.h"
+#include "web/WebEngine.h"
 
 #include <QApplication>
 #include <QDir>

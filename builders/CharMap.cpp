@@ -1,7 +1,7 @@
 #include "builders/CharMap.h"
 
 #include "platform/Accessible.h"
-#include "platform/TextEncoding.h"
+#include "source/TextEncoding.h"
 
 #include <QAccessibleWidget>
 #include <QHelpEvent>

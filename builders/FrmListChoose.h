@@ -1,7 +1,7 @@
 #pragma once
 
 #include "builders/ui_FrmListChoose.h"
-#include "platform/Form.h"
+#include "forms/Form.h"
 
 /// Asks which kind of list the user wants to build.
 class FrmListChoose : public Form, public Ui::FrmListChoose

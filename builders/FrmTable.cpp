@@ -4,7 +4,7 @@
 #include "colour/ColorRow.h"
 #include "colour/FrmAutoColor.h"
 #include "platform/AppPath.h"
-#include "platform/CaptionBox.h"
+#include "forms/CaptionBox.h"
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"

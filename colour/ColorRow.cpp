@@ -4,7 +4,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
-#include "platform/ScrollBar.h"
+#include "forms/ScrollBar.h"
 #include "services/Codes.h"
 
 #include <QToolTip>

@@ -3,7 +3,7 @@
 #include "colour/ColorRow.h"
 #include "colour/ColorSample.h"
 #include "colour/Fade.h"
-#include "platform/CaptionBox.h"
+#include "forms/CaptionBox.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/PlainText.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "colour/ui_FrmAutoColor.h"
-#include "platform/Form.h"
+#include "forms/Form.h"
 
 class ColorRow;
 

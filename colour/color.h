@@ -1,7 +1,7 @@
 #pragma once
 
 #include "colour/ui_color.h"
-#include "platform/Form.h"
+#include "forms/Form.h"
 
 /// The colours of the source box's highlight. Only stores them: the next highlight takes them.
 class color : public Form, public Ui::color

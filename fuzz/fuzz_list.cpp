@@ -1,5 +1,5 @@
 #include "Fuzz.h"
-#include "platform/ListObject.h"
+#include "forms/ListObject.h"
 #include "services/Profile.h"
 
 #include <QStringList>

@@ -1,5 +1,5 @@
 #include "Fuzz.h"
-#include "platform/RichTextBox.h"
+#include "source/RichTextBox.h"
 #include "platform/RuntimeError.h"
 #include "shell/Regions.h"
 

@@ -2,7 +2,7 @@
 
 #include "platform/AppPath.h"
 #include "platform/Files.h"
-#include "platform/ListObject.h"
+#include "forms/ListObject.h"
 #include "platform/RuntimeError.h"
 
 #include <QByteArrayView>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Form.h"
+#include "forms/Form.h"
 
 /// The window that gives the product's name and number.
 class About : public Form

@@ -1,7 +1,7 @@
 #include "shell/FindBar.h"
 
 #include "platform/Events.h"
-#include "platform/WebBrowser.h"
+#include "web/WebBrowser.h"
 #include "shell/Icons.h"
 
 #include <QGuiApplication>

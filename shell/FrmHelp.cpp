@@ -2,7 +2,7 @@
 
 #include "platform/AppPath.h"
 #include "platform/Events.h"
-#include "platform/WebBrowser.h"
+#include "web/WebBrowser.h"
 #include "shell/FindBar.h"
 
 #include <QAction>

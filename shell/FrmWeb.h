@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Form.h"
+#include "forms/Form.h"
 #include "shell/Journal.h"
 #include "shell/ui_FrmWeb.h"
 

@@ -2,7 +2,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Files.h"
-#include "platform/LongWork.h"
+#include "forms/LongWork.h"
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"

@@ -4,7 +4,7 @@
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
-#include "platform/Wait.h"
+#include "forms/Wait.h"
 #include "services/Desktop.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"

@@ -3,7 +3,7 @@
 #include "platform/AppPath.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
-#include "platform/LongWork.h"
+#include "forms/LongWork.h"
 #include "services/Desktop.h"
 #include "services/Profile.h"
 

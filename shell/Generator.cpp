@@ -1,6 +1,6 @@
 #include "shell/Generator.h"
 
-#include "platform/RichTextBox.h"
+#include "source/RichTextBox.h"
 #include "platform/RuntimeError.h"
 #include "shell/Highlight.h"
 

@@ -1,7 +1,7 @@
 #include "shell/Highlight.h"
 
-#include "platform/LongWork.h"
-#include "platform/RichTextBox.h"
+#include "forms/LongWork.h"
+#include "source/RichTextBox.h"
 
 #include <array>
 

@@ -1,6 +1,6 @@
 #include "shell/SavedTitles.h"
 
-#include "platform/ComboBox.h"
+#include "forms/ComboBox.h"
 #include "platform/Doors.h"
 #include "services/Profile.h"
 

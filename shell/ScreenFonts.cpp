@@ -1,6 +1,6 @@
 #include "shell/ScreenFonts.h"
 
-#include "platform/ComboBox.h"
+#include "forms/ComboBox.h"
 
 #include <QFontDatabase>
 #include <QLabel>

@@ -2,7 +2,7 @@
 
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
-#include "platform/WebBrowser.h"
+#include "web/WebBrowser.h"
 #include "services/Codes.h"
 
 namespace {

@@ -1,6 +1,6 @@
 #include "shell/ToolForm.h"
 
-#include "platform/CheckBox.h"
+#include "forms/CheckBox.h"
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/WebEngine.h"
+#include "web/WebEngine.h"
 
 #include <QApplication>
 #include <QTest>

@@ -1,8 +1,8 @@
 #include "Widgets.h"
 
-#include "platform/ComboBox.h"
-#include "platform/ScrollBar.h"
-#include "platform/WebBrowser.h"
+#include "forms/ComboBox.h"
+#include "forms/ScrollBar.h"
+#include "web/WebBrowser.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>

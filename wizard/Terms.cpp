@@ -3,8 +3,8 @@
 #include "platform/AppPath.h"
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
-#include "platform/TextEncoding.h"
-#include "platform/TextSearch.h"
+#include "source/TextEncoding.h"
+#include "source/TextSearch.h"
 
 QString GetTermsList(const QString& name)
 {

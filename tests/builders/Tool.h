@@ -2,7 +2,7 @@
 
 #include "MainWindow.h"
 #include "Widgets.h"
-#include "platform/WebBrowser.h"
+#include "web/WebBrowser.h"
 
 #include <QTest>
 

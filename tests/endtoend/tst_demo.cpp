@@ -1,6 +1,6 @@
 #include "Hand.h"
 #include "WebServer.h"
-#include "platform/WebEngine.h"
+#include "web/WebEngine.h"
 #include "services/Markers.h"
 
 #include <QApplication>

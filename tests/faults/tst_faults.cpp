@@ -5,7 +5,7 @@
 #include "platform/AppPath.h"
 #include "platform/Events.h"
 #include "platform/Files.h"
-#include "platform/ListBox.h"
+#include "forms/ListBox.h"
 #include "platform/RuntimeError.h"
 #include "services/Profile.h"
 #include "shell/Journal.h"

@@ -1,5 +1,5 @@
 #include "platform/Files.h"
-#include "platform/ListBox.h"
+#include "forms/ListBox.h"
 #include "services/Profile.h"
 #include "shell/Journal.h"
 

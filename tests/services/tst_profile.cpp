@@ -2,7 +2,7 @@
 
 #include "Random.h"
 #include "platform/AppPath.h"
-#include "platform/ListObject.h"
+#include "forms/ListObject.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>

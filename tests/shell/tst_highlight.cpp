@@ -1,8 +1,8 @@
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
-#include "platform/RichTextBox.h"
-#include "platform/Wait.h"
+#include "source/RichTextBox.h"
+#include "forms/Wait.h"
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
 

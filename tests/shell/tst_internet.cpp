@@ -1,7 +1,7 @@
 #include "MainWindow.h"
 #include "WebServer.h"
 #include "WebTestMain.h"
-#include "platform/WebEngine.h"
+#include "web/WebEngine.h"
 
 #include <QElapsedTimer>
 #include <QLineEdit>

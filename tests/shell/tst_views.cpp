@@ -1,9 +1,9 @@
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
-#include "platform/RichTextBox.h"
-#include "platform/Wait.h"
-#include "platform/WebBrowser.h"
+#include "source/RichTextBox.h"
+#include "forms/Wait.h"
+#include "web/WebBrowser.h"
 #include "shell/FindBar.h"
 #include "shell/FrmWeb.h"
 

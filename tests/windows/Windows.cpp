@@ -19,7 +19,7 @@
 #include "colour/FrmHR.h"
 #include "colour/color.h"
 #include "platform/DesktopLook.h"
-#include "platform/Wait.h"
+#include "forms/Wait.h"
 #include "shell/About.h"
 #include "shell/Find.h"
 #include "shell/FrmHelp.h"

@@ -1,5 +1,5 @@
 #include "Windows.h"
-#include "platform/WebEngine.h"
+#include "web/WebEngine.h"
 
 #include <QApplication>
 #include <QDir>

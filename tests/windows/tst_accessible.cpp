@@ -9,9 +9,9 @@
 #include "colour/ColorSample.h"
 #include "colour/Fader5.h"
 #include "colour/FrmHR.h"
-#include "platform/OptionButton.h"
-#include "platform/ScrollBar.h"
-#include "platform/WebBrowser.h"
+#include "forms/OptionButton.h"
+#include "forms/ScrollBar.h"
+#include "web/WebBrowser.h"
 #include "shell/Find.h"
 #include "wizard/PageDrawing.h"
 

@@ -1,7 +1,7 @@
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "Windows.h"
-#include "platform/WebBrowser.h"
+#include "web/WebBrowser.h"
 #include "shell/FrmHelp.h"
 
 #include <QAbstractButton>

@@ -10,7 +10,7 @@
 #include "colour/Fader5.h"
 #include "colour/FrmBody.h"
 #include "colour/FrmHR.h"
-#include "platform/WebEngine.h"
+#include "web/WebEngine.h"
 #include "shell/FrmWord.h"
 #include "wizard/FrmBuild1.h"
 #include "wizard/FrmBuild2.h"
@@ -754,7 +754,7 @@ void TestSecurity::addresses_data()
     QTest::addColumn<QString>("address");
     for (const char* address :
          {"{scheme}", "{mail}", "{file}.htm", "view-source:{web}", "javascript:void {run}",
-          "data:text/html,<script>{run}</script>", "surface:blank", "qrc:/platform/surface.js",
+          "data:text/html,<script>{run}</script>", "surface:blank", "qrc:/web/surface.js",
           "chrome://crash", "blob:{web}", "filesystem:{web}", "about:srcdoc", " \tjavascript:{run}",
           "JaVaScRiPt:{run}"})
         QTest::newRow(address) << QString::fromLatin1(address);

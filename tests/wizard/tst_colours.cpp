@@ -1,5 +1,5 @@
 #include "ProgramFolder.h"
-#include "platform/ListBox.h"
+#include "forms/ListBox.h"
 #include "services/Profile.h"
 #include "wizard/PageColors.h"
 

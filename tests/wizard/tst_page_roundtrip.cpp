@@ -1,6 +1,6 @@
 #include "SampleListing.h"
 #include "WebTestMain.h"
-#include "platform/WebBrowser.h"
+#include "web/WebBrowser.h"
 #include "services/Markers.h"
 
 #include <QRegularExpression>

@@ -1,0 +1,43 @@
+#include "forms/CheckBox.h"
+
+#include "forms/GraphicalButton.h"
+#include "platform/RuntimeError.h"
+
+CheckBox::CheckBox(QWidget* parent) : QCheckBox(parent)
+{
+    connect(this, &QCheckBox::toggled, this, &CheckBox::Click);
+    connect(this, &QCheckBox::clicked, this, &CheckBox::MouseUp);
+}
+
+void CheckBox::setValue(int value)
+{
+    if (value != 0 && value != 1)
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    setChecked(value == 1);
+}
+
+void CheckBox::setGraphical(bool graphical)
+{
+    m_graphical = graphical;
+    updateGeometry();
+    update();
+}
+
+QSize CheckBox::sizeHint() const
+{
+    return m_graphical ? graphicalButtonSize(*this) : QCheckBox::sizeHint();
+}
+
+bool CheckBox::hitButton(const QPoint& position) const
+{
+    return m_graphical ? rect().contains(position) : QCheckBox::hitButton(position);
+}
+
+void CheckBox::paintEvent(QPaintEvent* event)
+{
+    if (m_graphical) {
+        paintGraphicalButton(*this);
+    } else {
+        QCheckBox::paintEvent(event);
+    }
+}

@@ -1,0 +1,160 @@
+#include "forms/Form.h"
+
+#include "platform/Events.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QScreen>
+#include <QShortcut>
+#include <utility>
+
+namespace {
+
+/// The window that the user is in, or any of the program's when that one has just been hidden.
+const QWidget* frontWindow(const QWidget* except)
+{
+    const QWidget* active = QApplication::activeWindow();
+    if (active && active != except)
+        return active;
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != except && window->isVisible() && qobject_cast<const Form*>(window))
+            return window;
+    }
+    return nullptr;
+}
+
+std::function<void(const Form&)>& helpShower()
+{
+    static std::function<void(const Form&)> show;
+    return show;
+}
+
+} // namespace
+
+Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
+{
+    auto* help = new QShortcut(QKeySequence::HelpContents, this);
+    help->setAutoRepeat(false);
+    on(help, &QShortcut::activated, this, [this] {
+        if (helpShower())
+            helpShower()(*this);
+    });
+}
+
+void showHelpBy(std::function<void(const Form&)> show)
+{
+    helpShower() = std::move(show);
+}
+
+void Form::Show()
+{
+    if (!std::exchange(m_placed, true))
+        placeOverFrontWindow();
+    if (isMinimized()) {
+        showNormal();
+    } else {
+        show();
+    }
+    raise();
+    if (!testAttribute(Qt::WA_ShowWithoutActivating))
+        activateWindow();
+}
+
+void Form::placeOverFrontWindow()
+{
+    const QWidget* front = frontWindow(this);
+    if (!front)
+        return; // the window manager knows best
+    if (!testAttribute(Qt::WA_Resized))
+        adjustSize();
+    const QRect area = front->screen()->availableGeometry();
+    const QPoint corner = front->geometry().center() - rect().center();
+    move(qBound(area.left(), corner.x(), qMax(area.left(), area.right() - width())),
+         qBound(area.top(), corner.y(), qMax(area.top(), area.bottom() - height())));
+}
+
+void Form::Hide()
+{
+    hide();
+}
+
+void Form::Unload()
+{
+    // The question of `queryUnload` runs an event loop, in which the user can press the close button again.
+    if (m_unloaded || m_asking)
+        return;
+    {
+        const QScopedValueRollback<bool> asking(m_asking, true);
+        if (!queryUnload())
+            return;
+    }
+    m_unloaded = true;
+    hide();
+    whenHandlersReturn([form = QPointer<Form>(this)] {
+        if (form)
+            form->deleteLater();
+    });
+}
+
+void Form::setDefaultButton(QPushButton* button)
+{
+    button->setDefault(true); // looks like the one that Enter presses
+    m_default = button;
+}
+
+void Form::setCancelButton(QPushButton* button, CloseButton closeButton)
+{
+    if (closeButton == CloseButton::Cancels)
+        m_closesBy = button;
+    auto* escape = new QAction(this); // an action, as a page that has the focus keeps the keys of none
+    escape->setShortcut(Qt::Key_Escape);
+    addAction(escape);
+    connect(escape, &QAction::triggered, button, &QPushButton::click);
+}
+
+void Form::giveWay(QWidget* sample, int least)
+{
+    constexpr int Frame = 40; // title bar and edges
+    const int missing = sizeHint().height() + Frame - screen()->availableGeometry().height();
+    if (missing > 0)
+        sample->setMinimumHeight(qMax(least, sample->minimumHeight() - missing));
+}
+
+bool Form::queryUnload()
+{
+    return true;
+}
+
+void Form::closeEvent(QCloseEvent* event)
+{
+    event->ignore(); // the close button asks the same way as the program does
+    if (m_unloaded)
+        return;
+    if (m_closesBy) {
+        m_closesBy->click();
+    } else {
+        guarded([this] { Unload(); });
+    }
+}
+
+/// What Enter presses: a button that has the focus, such as Cancel, comes before the window's own. Boxes and
+/// options are for the space bar.
+QAbstractButton* Form::enterButton() const
+{
+    auto* inHand = qobject_cast<QAbstractButton*>(focusWidget());
+    return inHand && !inHand->isCheckable() ? inHand : m_default;
+}
+
+void Form::keyPressEvent(QKeyEvent* event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (QAbstractButton* button = enterButton(); enter && button) {
+        button->click();
+    } else {
+        QWidget::keyPressEvent(event);
+    }
+}

@@ -1,0 +1,118 @@
+#include "forms/ListBox.h"
+
+#include "platform/RuntimeError.h"
+
+#include <QMouseEvent>
+#include <QSignalBlocker>
+
+ListBox::ListBox(QWidget* parent) : QListWidget(parent)
+{
+    connect(this, &QListWidget::itemSelectionChanged, this, &ListBox::noticeSelection);
+    connect(this, &QListWidget::itemDoubleClicked, this, &ListBox::DblClick);
+}
+
+QString ListBox::List(int index) const
+{
+    const QListWidgetItem* entry = item(index);
+    return entry ? entry->text() : QString();
+}
+
+void ListBox::AddItem(const QString& text)
+{
+    addItem(text);
+}
+
+void ListBox::AddItem(const QString& text, int index)
+{
+    if (index < 0 || index > count())
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    const QSignalBlocker noClick(this); // a selected entry that moves down is no new selection
+    insertItem(index, text);
+}
+
+void ListBox::RemoveItem(int index)
+{
+    if (index < 0 || index >= count())
+        throw RuntimeError(ErrorNumber::InvalidProcedureCall);
+    const QSignalBlocker noClick(this);
+    if (index == currentRow()) { // otherwise the toolkit selects a neighbour
+        item(index)->setSelected(false);
+        setCurrentRow(-1, QItemSelectionModel::NoUpdate);
+    }
+    delete takeItem(index);
+}
+
+void ListBox::Clear()
+{
+    const QSignalBlocker noClick(this);
+    clear();
+}
+
+int ListBox::ListIndex() const
+{
+    if (!selectsOne())
+        return currentRow();
+    // The focus gives the list a current entry that nobody selected.
+    const QList<QListWidgetItem*> selection = selectedItems();
+    return selection.isEmpty() ? -1 : row(selection.constFirst());
+}
+
+void ListBox::setListIndex(int index)
+{
+    requireEntry(index, -1);
+    if (index == ListIndex())
+        return;
+    if (selectsOne()) {
+        setCurrentRow(index);
+    } else {
+        setCurrentRow(index, QItemSelectionModel::NoUpdate);
+        emit Click();
+    }
+}
+
+bool ListBox::Selected(int index) const
+{
+    requireEntry(index);
+    return item(index)->isSelected();
+}
+
+void ListBox::setSelected(int index, bool selected)
+{
+    if (selected == Selected(index))
+        return;
+    if (selectsOne()) {
+        setListIndex(selected ? index : -1);
+    } else {
+        item(index)->setSelected(selected);
+    }
+}
+
+void ListBox::mousePressEvent(QMouseEvent* event)
+{
+    const bool left = event->button() == Qt::LeftButton;
+    if (left)
+        emit MouseDown();
+    m_clicked = false;
+    QListWidget::mousePressEvent(event);
+    if (left && !m_clicked && itemAt(event->position().toPoint()))
+        emit Click();
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    QListWidget::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton)
+        emit MouseUp();
+}
+
+void ListBox::noticeSelection()
+{
+    m_clicked = true;
+    emit Click();
+}
+
+void ListBox::requireEntry(int index, int first) const
+{
+    if (index < first || index >= count())
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+}

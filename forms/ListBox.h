@@ -1,0 +1,62 @@
+#pragma once
+
+#include "forms/ListObject.h"
+
+#include <QListWidget>
+
+/// A list box, with one selected entry at most (the start) or with several, as `selectionMode()` says.
+class ListBox : public QListWidget, public ListObject
+{
+    Q_OBJECT
+
+public:
+    /// An empty list.
+    explicit ListBox(QWidget* parent = nullptr);
+
+    int ListCount() const override { return count(); }
+    QString List(int index) const override;
+    void AddItem(const QString& text) override;
+    /// Puts an entry in front of entry `index`; `ListCount()` appends. The selection stays with its entries.
+    /// Raises no event, and InvalidProcedureCall outside 0 to `ListCount()`.
+    void AddItem(const QString& text, int index);
+    /// Removes entry `index`; when it was selected none takes its place. Raises no event, and
+    /// InvalidProcedureCall outside the list.
+    void RemoveItem(int index);
+    /// Removes all entries. Raises no event.
+    void Clear();
+
+    /// The selected entry, from 0, or -1 for none; where several may be selected the one that the keys stand
+    /// on.
+    int ListIndex() const;
+    /// Selects an entry, or none with -1; where several may be selected the keys move there and the selection
+    /// stays. Counts as a click when the index changes. Raises InvalidPropertyValue outside -1 to
+    /// `ListCount()` - 1.
+    void setListIndex(int index);
+
+    /// Whether entry `index` is selected. Raises InvalidPropertyValue outside the list.
+    bool Selected(int index) const;
+    /// Selects or deselects entry `index`; counts as a click when that changes anything. Raises
+    /// InvalidPropertyValue outside the list.
+    void setSelected(int index, bool selected);
+
+signals:
+    /// The selection has changed, by hand or by code; or the hand has clicked on an entry once more.
+    void Click();
+    /// The hand has clicked twice on an entry.
+    void DblClick();
+    /// The left button goes down on the list; the selection is still the old one.
+    void MouseDown();
+    /// The left button has gone up after a press on the list, wherever the pointer is by then.
+    void MouseUp();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+
+private:
+    void noticeSelection();
+    bool selectsOne() const { return selectionMode() == SingleSelection; }
+    void requireEntry(int index, int first = 0) const;
+
+    bool m_clicked = false; // since the last press
+};

@@ -1,0 +1,87 @@
+#include "forms/LongWork.h"
+
+#include "forms/Wait.h"
+
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QWindow>
+#include <utility>
+
+namespace {
+
+constexpr int HourglassAfter = 100; // ms
+constexpr int WindowAfter = 1000;
+constexpr qint64 ServeEvery = 50;
+constexpr int AnnounceLimit = 200;
+
+int worksUnderWay = 0;
+
+} // namespace
+
+LongWork::LongWork()
+{
+    m_served.start();
+    if (worksUnderWay++ > 0)
+        return;
+    for (QTimer* timer : {&m_cursorTimer, &m_windowTimer})
+        timer->setSingleShot(true);
+    QObject::connect(&m_cursorTimer, &QTimer::timeout, &m_cursorTimer, [this] { showHourglass(); });
+    QObject::connect(&m_windowTimer, &QTimer::timeout, &m_windowTimer, [this] { showWindow(); });
+    m_cursorTimer.start(HourglassAfter);
+    m_windowTimer.start(WindowAfter);
+}
+
+LongWork::~LongWork()
+{
+    --worksUnderWay;
+    if (!m_windowShown || !isLoaded<Wait>())
+        return;
+    form<Wait>()->hideProgress();
+    if (!m_windowOwned)
+        return;
+    const bool tookKeyboard = form<Wait>()->isActiveWindow(); // on desktops that heed no window's wish
+    form<Wait>()->Hide();
+    if (tookKeyboard && m_front)
+        m_front->activateWindow();
+}
+
+void LongWork::showHourglass()
+{
+    if (!m_hourglass)
+        m_hourglass.emplace();
+}
+
+void LongWork::showWindow()
+{
+    if (std::exchange(m_windowShown, true))
+        return;
+    form<Wait>()->showProgress(m_done);
+    if (form<Wait>()->isVisible())
+        return;
+    m_windowOwned = true;
+    m_front = QApplication::activeWindow();
+    form<Wait>()->Show();
+}
+
+void LongWork::announce()
+{
+    showHourglass();
+    showWindow();
+    // A window is painted when the desktop has put it up.
+    const QDeadlineTimer deadline(AnnounceLimit);
+    do {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, 10);
+    } while (!form<Wait>()->windowHandle()->isExposed() && !deadline.hasExpired());
+    form<Wait>()->repaint();
+}
+
+void LongWork::progress(double done)
+{
+    if (m_served.elapsed() < ServeEvery)
+        return;
+    m_done = done;
+    if (m_windowShown && isLoaded<Wait>())
+        form<Wait>()->showProgress(done);
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_served.start();
+}

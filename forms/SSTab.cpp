@@ -1,0 +1,24 @@
+#include "forms/SSTab.h"
+
+#include "platform/RuntimeError.h"
+
+#include <utility>
+
+SSTab::SSTab(QWidget* parent) : QTabWidget(parent)
+{
+    connect(this, &QTabWidget::currentChanged, this, &SSTab::noticeTab);
+}
+
+void SSTab::setTab(int tab)
+{
+    if (tab < 0 || tab >= count())
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    setCurrentIndex(tab);
+}
+
+void SSTab::noticeTab(int tab)
+{
+    const int previous = std::exchange(m_tab, tab);
+    if (previous >= 0 && tab >= 0) // the first page comes up, and the last one goes, without a click
+        emit Click(previous);
+}

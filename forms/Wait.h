@@ -1,0 +1,24 @@
+#pragma once
+
+#include "forms/Form.h"
+
+#include <optional>
+
+class QProgressBar;
+
+/// The small window on top of all others that stands while the source is recoloured, and while other work
+/// takes longer than a second. It never takes the keyboard.
+class Wait : public Form
+{
+    Q_OBJECT
+
+public:
+    Wait();
+
+    /// Shows how much of the work is done, 0 to 1; without a value that it goes on.
+    void showProgress(std::optional<double> done);
+    void hideProgress();
+
+private:
+    QProgressBar* m_progress;
+};

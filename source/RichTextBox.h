@@ -1,0 +1,233 @@
+#pragma once
+
+#include "source/TextEncoding.h"
+#include "source/TextSearch.h"
+#include "platform/WaitCursor.h"
+
+#include <Qsci/qsciscintillabase.h>
+
+#include <QByteArray>
+#include <QFont>
+#include <QMimeData>
+#include <QTimer>
+#include <functional>
+#include <memory>
+#include <vector>
+
+class QLabel;
+
+/// The source box: an editor whose text is bytes, kept exactly, whatever they are. All positions and lengths
+/// count bytes from 0, so CR LF is two. Valid UTF-8 is shown as such, anything else as Windows-1252 (see
+/// TextEncoding.h).
+///
+/// A setter raises the notifications that it causes before it returns, and none comes later. Their handlers
+/// may set properties again.
+class RichTextBox : public QsciScintillaBase
+{
+    Q_OBJECT
+
+public:
+    explicit RichTextBox(QWidget* parent = nullptr);
+
+    QByteArray Text() const;
+    /// The text as it is now, for another thread: what is costly in it is done when the result is called.
+    std::function<QByteArray()> textLater() const;
+    /// Replaces the whole text, in one step of undo, puts the caret to 0 and drops all colours. Decides the
+    /// encoding anew. Raises `Change` and `SelChange` always, for an equal text as well.
+    void setText(const QByteArray& text);
+    /// The same in an encoding that the caller knows: bytes of the one can be valid in the other by chance.
+    void setText(const QByteArray& text, TextEncoding encoding);
+    /// The same for the text of another document: undo doesn't reach behind it.
+    void load(const QByteArray& text);
+    /// Whether the text is empty; much cheaper than asking `Text`.
+    bool isEmpty() const;
+
+    /// The selected bytes; empty without a selection.
+    QByteArray SelText() const;
+    /// Replaces the selection, or inserts at the caret; the caret ends up behind the new text.
+    void setSelText(const QByteArray& text);
+    /// Where the selection begins, or the caret.
+    int SelStart() const;
+    /// Puts the caret there and selects nothing; the position is brought into the text.
+    void setSelStart(int position);
+    int SelLength() const;
+    /// Selects so many bytes from `SelStart` on, at most to the end of the text. Throws
+    /// RuntimeError(InvalidPropertyValue) for a negative length.
+    void setSelLength(int length);
+
+    /// Colours the selected text with a colour number (0x00BBGGRR). Colours are no part of the text: they
+    /// raise no notification and are never undone.
+    void setSelColor(int color);
+    /// Does the same with `length` bytes from `start` on, whatever is selected.
+    void setColor(int start, int length, int color);
+    /// The colour number of a byte; 0, black, where none was set.
+    int colorAt(int position) const;
+
+    /// Looks for a text from `start`, by default from the beginning of the selection, to `end`, by default
+    /// the end of the text, and selects the first match. Returns its position, or -1 (the selection then
+    /// stays); an empty text is never found. `options` is a sum of `FindOption`.
+    int Find(const QByteArray& text, int start = -1, int end = -1, int options = 0);
+
+    /// The background's colour number.
+    int BackColor() const { return m_backColor; }
+    void setBackColor(int color);
+
+    /// The face, size (in points, fractions count), weight and slant of the text.
+    QFont textFont() const { return m_textFont; }
+    void setTextFont(const QFont& font);
+
+    TextEncoding textEncoding() const { return m_encoding; }
+    /// The bytes that a text takes in this document, and the text of some of its bytes.
+    QByteArray encode(const QString& text) const { return ::encode(text, m_encoding); }
+    QString decode(const QByteArray& bytes) const { return ::decode(bytes, m_encoding); }
+
+    /// Makes all edits of its lifetime one step of undo.
+    class UndoGroup
+    {
+    public:
+        explicit UndoGroup(RichTextBox* box);
+        ~UndoGroup();
+        Q_DISABLE_COPY_MOVE(UndoGroup)
+
+    private:
+        RichTextBox* m_box;
+    };
+
+public slots:
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    /// Inserts the clipboard's text. Text of other programs gets CR LF line ends.
+    void paste();
+    /// Deletes the selection, or the character behind the caret.
+    void del();
+    void selectAll();
+
+signals:
+    /// The text has changed.
+    void Change();
+    /// `SelStart` or `SelLength` has changed; after `Change` when both have.
+    void SelChange();
+    /// The left mouse button was pressed and released in the box.
+    void Click();
+    /// A key (a Qt::Key) was released.
+    void KeyUp(int key);
+    /// A file was dropped on the box, the first of several. Comes once the drag is over.
+    void FileDropped(const QString& path);
+
+protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+    QMimeData* toMimeData(const QByteArray& text, bool rectangular) const override;
+
+private:
+    class Step;
+
+    /// A stretch of text. The component holds the text as UTF-8 in either encoding, so its positions (called
+    /// inner here) are the document's own only in a UTF-8 document.
+    struct Range
+    {
+        qsizetype start = 0;
+        qsizetype length = 0;
+
+        qsizetype end() const { return start + length; }
+        bool operator==(const Range&) const = default;
+    };
+
+    /// A stretch of one colour, as the component holds it: 0 where none was set.
+    struct ColorRun
+    {
+        Range range;
+        int value = 0;
+    };
+
+    /// The hourglass, if the work is on so much text that a person sees it take time; the length of the text
+    /// in the box, or one that is given, decides.
+    std::unique_ptr<WaitCursor> hourglass(qsizetype length = 0) const;
+
+    /// The component's messages with two numbers.
+    long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
+
+    QByteArrayView innerText() const;
+    qsizetype innerLength() const;
+    QByteArray toInner(const QByteArray& bytes) const;
+    QByteArray fromInner(QByteArrayView text) const;
+    qsizetype toInner(qsizetype position) const;
+    qsizetype fromInner(qsizetype position) const;
+
+    Range innerSelection() const;
+    Range selection() const;
+    void select(Range range);
+    void selectInner(Range range);
+    void replaceInner(Range range, const QByteArray& text);
+    void setEncoding(TextEncoding encoding);
+    std::vector<ColorRun> colorsIn(Range range) const;
+    void paintColor(Range range, int value);
+    void scrollToCaretSoon();
+    void scrollToCaret();
+
+    void onModified(int position, int type, int token);
+    void notify();
+    void notifySoon();
+    void onUpdate();
+
+    void setUpComponent();
+    void setUpKeys();
+    void listenToEdits();
+    void applyLook();
+    void applySelectionColors();
+
+    void run(unsigned command);
+    void pasteFrom(const QMimeData* source);
+    QByteArray insertable(const QMimeData* source) const;
+    std::unique_ptr<QMimeData> selectionData() const;
+    bool leave(bool next);
+    void answerDrag(QDropEvent* event);
+    void dropText(const QDropEvent& event);
+    void dropAt(qsizetype position, const QByteArray& text);
+    void dropSelectionAt(qsizetype position, bool move);
+    bool isHeld(const QString& text) const;
+    void beginOvertyping();
+    void endOvertyping();
+    bool runStandardKey(QKeyEvent* event);
+    void runComponentKey(QKeyEvent* event);
+    void showPreedit(const QString& text);
+    QPoint caretPoint() const;
+
+    TextEncoding m_encoding = TextEncoding::Utf8;
+    int m_backColor = 0xFFFFFF;
+    QFont m_textFont;
+
+    /// A place whose position is known on both sides; places of a Western text are counted from here.
+    struct Mark
+    {
+        qsizetype inner = 0;
+        qsizetype outer = 0;
+    };
+    mutable Mark m_mark;
+
+    bool m_overtyping = false; // a step of undo is open
+    int m_steps = 0;           // how many changes are under way, one inside another
+    bool m_textChanged = false;
+    bool m_selectionSet = false; // to be told even if it is the same
+    Range m_toldSelection;
+    QTimer m_notifyTimer;
+    QTimer m_scrollTimer;
+    bool m_leftPressed = false;
+    QLabel* m_preedit = nullptr;
+};
