@@ -18,7 +18,6 @@ FrmList::FrmList()
 {
     setupUi(this);
     Command21->setIcon(namedIcon("font", this));
-    WebBrowser1->setKind(WebPage::Kind::Sample);
     setCancelButton(Command7, CloseButton::Cancels);
     setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"), IfMissing::Unticked);
     m_row = new ColorRow(RedA, GreenA, BlueA, Lcolor1);

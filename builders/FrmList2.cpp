@@ -31,7 +31,6 @@ FrmList2::FrmList2()
     for (QPushButton* button : {Command15, Command17})
         button->setIcon(namedIcon("font", this));
     chkBold->setIcon(namedIcon("format-text-bold", this));
-    WebBrowser1->setKind(WebPage::Kind::Sample);
     WebBrowser1->setDesignMode(DesignMode::On);
     setCancelButton(Command13, CloseButton::Cancels);
     LoadList(titlesFile(), *TxtTitle);

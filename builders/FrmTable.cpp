@@ -195,7 +195,6 @@ FrmTable::FrmTable()
         for (const AlignOption& entry : options)
             (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
     }
-    WebBrowser1->setKind(WebPage::Kind::Sample);
     Combo1->showPlaceholderClearly();
     setCancelButton(Command3, CloseButton::Cancels);
 

@@ -42,7 +42,6 @@ const QString Section = QStringLiteral("Picpro");
 Pics::Pics()
 {
     setupUi(this);
-    WebBrowser1->setKind(WebPage::Kind::Sample);
     setCancelButton(Command5);
     setClosingBox(Check3, Section, QStringLiteral("chk3"), IfMissing::Unticked);
     keepInSettings(ChkP, Section, QStringLiteral("chkp"), IfMissing::Unticked);

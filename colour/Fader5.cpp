@@ -13,6 +13,7 @@
 #include "shell/Icons.h"
 #include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
+#include "web/DocumentSurface.h"
 
 namespace {
 
@@ -121,7 +122,6 @@ Fader5::Fader5()
         for (const AlignOption& entry : options)
             (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
     }
-    WebBrowser1->setKind(WebPage::Kind::Sample);
     giveWay(WebBrowser1, 64);
     setCancelButton(Command7);
 
@@ -189,18 +189,22 @@ void Fader5::connectHandlers()
     on(Command16, &QPushButton::clicked, this, &Fader5::Command16_Click);
 }
 
-/// The markup of what is marked in the source goes through the sample, which knows its plain text. The
+/// The markup of what is marked in the source goes through a surface, which knows its plain text. The
 /// clipboard carries it, and loses what it held.
 void Fader5::takeMarkedText()
 {
     const RichTextBox& source = *form<FrmWeb>()->RichTextBox1;
     if (source.SelLength() == 0)
         return;
+    const QString marked = source.decode(source.SelText());
+    WebBrowser1->writeSoon(marked);
     const WaitCursor wait; // the engine may have to be started
     try {
-        WebBrowser1->write(source.decode(source.SelText()));
-        WebBrowser1->execCommand(QStringLiteral("SelectAll"));
-        WebBrowser1->execCommand(QStringLiteral("Copy"));
+        DocumentSurface reader;
+        reader.setDesignMode(DesignMode::On); // no script in the text runs
+        reader.write(marked);
+        reader.execCommand(QStringLiteral("SelectAll"));
+        reader.execCommand(QStringLiteral("Copy"));
         Text1->setPlainText(Clipboard::GetText());
     } catch (const RuntimeError&) {
         return; // without the engine the text stays empty
@@ -447,7 +451,7 @@ void Fader5::Command15_Click()
         source.setSelText(region);
     }
     source.setSelStart(caret);
-    for (WebBrowser* surface : {main->WebBrowser1, main->WebBrowser3})
+    for (DocumentSurface* surface : {main->WebBrowser1, main->WebBrowser3})
         surface->write(source.decode(source.Text()));
     Unload();
 }

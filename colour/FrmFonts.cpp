@@ -28,7 +28,6 @@ constexpr std::array<StyleBox, 3> StyleBoxes = {{
 FrmFonts::FrmFonts()
 {
     setupUi(this);
-    WebBrowser1->setKind(WebPage::Kind::Sample);
     WebBrowser1->setDesignMode(DesignMode::On);
     setDefaultButton(Command1);
     setCancelButton(Command2);

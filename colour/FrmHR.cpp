@@ -27,7 +27,6 @@ constexpr std::array<AlignOption, 3> AlignOptions = {{
 FrmHR::FrmHR()
 {
     setupUi(this);
-    WebBrowser1->setKind(WebPage::Kind::Sample);
     setDefaultButton(Command6);
     setCancelButton(Command7);
     setClosingBox(Check3, QStringLiteral("HRpro"), QStringLiteral("chk3"));

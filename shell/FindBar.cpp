@@ -1,7 +1,7 @@
 #include "shell/FindBar.h"
 
 #include "platform/Events.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "shell/Icons.h"
 
 #include <QGuiApplication>
@@ -25,7 +25,7 @@ QToolButton* button(const char* icon, const QString& toolTip)
 
 } // namespace
 
-FindBar::FindBar(WebBrowser* surface)
+FindBar::FindBar(DocumentSurface* surface)
     : QFrame(surface->parentWidget()), m_surface(surface), m_text(new QLineEdit), m_count(new QLabel)
 {
     setObjectName(surface->objectName() + QStringLiteral("FindBar"));
@@ -49,7 +49,7 @@ FindBar::FindBar(WebBrowser* surface)
     on(next, &QToolButton::clicked, this, &FindBar::findNext);
     on(closer, &QToolButton::clicked, this, &FindBar::dismiss);
     on(m_text, &QLineEdit::returnPressed, this, &FindBar::enterPressed);
-    on(surface, &WebBrowser::findRequested, this, &FindBar::open);
+    on(surface, &DocumentSurface::findRequested, this, &FindBar::open);
     surface->installEventFilter(this);
     hide();
 }

@@ -4,7 +4,7 @@
 
 class QLabel;
 class QLineEdit;
-class WebBrowser;
+class DocumentSurface;
 
 /// A bar over a surface's upper edge that looks for text in the page: what is typed is found at once, Enter
 /// and Shift+Enter go on and back, Escape closes it.
@@ -14,7 +14,7 @@ class FindBar : public QFrame
 
 public:
     /// A hidden bar for `surface`, whose parent it shares; Ctrl+F on the surface opens it.
-    explicit FindBar(WebBrowser* surface);
+    explicit FindBar(DocumentSurface* surface);
 
     /// Shows the bar with its text selected, ready to type.
     void open();
@@ -31,7 +31,7 @@ private:
     void findPrevious();
     void place();
 
-    WebBrowser* m_surface;
+    DocumentSurface* m_surface;
     QLineEdit* m_text;
     QLabel* m_count;
 };

@@ -2,14 +2,14 @@
 
 #include "platform/AppPath.h"
 #include "platform/Events.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "shell/FindBar.h"
 
 #include <QAction>
 #include <QUrl>
 #include <QVBoxLayout>
 
-FrmHelp::FrmHelp() : WebBrowser1(new WebBrowser(this))
+FrmHelp::FrmHelp() : WebBrowser1(new DocumentSurface(this))
 {
     setWindowTitle(QStringLiteral("Help"));
     auto* layout = new QVBoxLayout(this);

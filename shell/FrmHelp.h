@@ -2,7 +2,7 @@
 
 #include "forms/Form.h"
 
-class WebBrowser;
+class DocumentSurface;
 
 /// The help page in a window of its own.
 class FrmHelp : public Form
@@ -15,5 +15,5 @@ public:
     /// Shows the window in front, at the section of the page with this id; at the top without one.
     void showSection(const QString& id);
 
-    WebBrowser* WebBrowser1;
+    DocumentSurface* WebBrowser1;
 };

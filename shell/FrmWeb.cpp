@@ -97,8 +97,7 @@ FrmWeb::FrmWeb() : m_journal({AppPath(), QDir::homePath()})
 {
     setupUi(this);
     setCaption(Text2);
-    WebBrowser2->setKind(WebPage::Kind::Internet);
-    for (WebBrowser* surface : {WebBrowser1, WebBrowser3})
+    for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);
     setPalette(withReadableHints(QPalette(QColor(0xE0, 0xE0, 0xE0))));
     for (ComboBox* combo : {Combo1, Combo2, Combo3}) {
@@ -177,8 +176,10 @@ void FrmWeb::loadSettings()
     loadEditorFont();
     loadEditorBackground();
 
-    for (WebBrowser* browser : {WebBrowser1, WebBrowser2, WebBrowser3})
-        browser->Navigate(QStringLiteral("about:blank"));
+    const QString blank = QStringLiteral("about:blank");
+    WebBrowser1->Navigate(blank);
+    WebBrowser2->Navigate(blank);
+    WebBrowser3->Navigate(blank);
     WebBrowser1->setDesignMode(DesignMode::On);
     WebBrowser3->setDesignMode(DesignMode::Off);
     Dirty = false;
@@ -346,7 +347,7 @@ void FrmWeb::munfind_Click()
         form<Find>()->Text1->lineEdit()->selectAll(); // the next letter begins another search
         break;
     case PreviewTab: {
-        WebBrowser* shown = Option1->Value() ? WebBrowser1 : WebBrowser3;
+        DocumentSurface* shown = Option1->Value() ? WebBrowser1 : WebBrowser3;
         shown->sendKeys(QStringLiteral("^f"));
         break;
     }

@@ -131,10 +131,10 @@ private:
     void pickColorFor(const QString& command);
     void surfaceCommand(const QString& identifier, const QString& value = QString());
     bool takeSurface();
-    void showSource(WebBrowser* surface);
-    void writeSurface(WebBrowser* surface, const QString& html);
-    std::optional<QString> readSurface(WebBrowser* surface);
-    void replaceLost(WebBrowser* surface);
+    void showSource(DocumentSurface* surface);
+    void writeSurface(DocumentSurface* surface, const QString& html);
+    std::optional<QString> readSurface(DocumentSurface* surface);
+    void replaceLost(DocumentSurface* surface);
     void WebBrowser1_LinkRequested();
     void WebBrowser1_RendererDied();
     void WebBrowser3_RendererDied();

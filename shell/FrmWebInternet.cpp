@@ -34,14 +34,14 @@ struct Command
 {
     QToolButton* U::*button;
     QAction* U::*entry;
-    void (*run)(WebBrowser&);
+    void (*run)(InternetBrowser&);
 };
 
 constexpr std::array<Command, 4> Commands = {{
-    {&U::Command17, &U::munback, [](WebBrowser& browser) { browser.GoBack(); }},
-    {&U::Command18, &U::munforward, [](WebBrowser& browser) { browser.GoForward(); }},
-    {&U::Command19, &U::munstop, [](WebBrowser& browser) { browser.Stop(); }},
-    {&U::Command20, &U::munrefresh, [](WebBrowser& browser) { browser.Refresh(); }},
+    {&U::Command17, &U::munback, [](InternetBrowser& browser) { browser.GoBack(); }},
+    {&U::Command18, &U::munforward, [](InternetBrowser& browser) { browser.GoForward(); }},
+    {&U::Command19, &U::munstop, [](InternetBrowser& browser) { browser.Stop(); }},
+    {&U::Command20, &U::munrefresh, [](InternetBrowser& browser) { browser.Refresh(); }},
 }};
 
 } // namespace
@@ -58,8 +58,8 @@ void FrmWeb::connectInternet()
     }
     for (size_t level = 0; level < TextSizes.size(); ++level) {
         on(this->*TextSizes.at(level), &QAction::triggered, this, [this, level] {
-            for (WebBrowser* browser : {WebBrowser1, WebBrowser2})
-                browser->setZoomLevel(int(level));
+            WebBrowser1->setZoomLevel(int(level));
+            WebBrowser2->setZoomLevel(int(level));
         });
     }
     on(Combo3, &ComboBox::EnterPressed, this, &FrmWeb::Command14_Click);
@@ -68,9 +68,9 @@ void FrmWeb::connectInternet()
     on(Command15, &QToolButton::clicked, this, &FrmWeb::Command15_Click);
     on(muoptions, &QAction::triggered, this, &FrmWeb::muoptions_Click);
     on(muaddressclear, &QAction::triggered, this, &FrmWeb::muaddressclear_Click);
-    on(WebBrowser2, &WebBrowser::progressChanged, this, &FrmWeb::WebBrowser2_ProgressChange);
-    on(WebBrowser2, &WebBrowser::statusTextChanged, this, &FrmWeb::WebBrowser2_StatusTextChange);
-    on(WebBrowser2, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser2_RendererDied);
+    on(WebBrowser2, &InternetBrowser::progressChanged, this, &FrmWeb::WebBrowser2_ProgressChange);
+    on(WebBrowser2, &InternetBrowser::statusTextChanged, this, &FrmWeb::WebBrowser2_StatusTextChange);
+    on(WebBrowser2, &InternetBrowser::rendererDied, this, &FrmWeb::WebBrowser2_RendererDied);
 }
 
 /// Goes to the address in the box, and keeps a new one in the list at once, before anybody knows that it is

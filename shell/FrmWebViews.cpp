@@ -31,9 +31,9 @@ void FrmWeb::connectViews()
     on(Command5, &QToolButton::clicked, this, &FrmWeb::Command5_Click);
     on(Command11, &QToolButton::clicked, this, &FrmWeb::Command11_Click);
     on(Command16, &QToolButton::clicked, this, &FrmWeb::Command16_Click);
-    on(WebBrowser1, &WebBrowser::linkRequested, this, &FrmWeb::WebBrowser1_LinkRequested);
-    on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser1_RendererDied);
-    on(WebBrowser3, &WebBrowser::rendererDied, this, &FrmWeb::WebBrowser3_RendererDied);
+    on(WebBrowser1, &DocumentSurface::linkRequested, this, &FrmWeb::WebBrowser1_LinkRequested);
+    on(WebBrowser1, &DocumentSurface::rendererDied, this, &FrmWeb::WebBrowser1_RendererDied);
+    on(WebBrowser3, &DocumentSurface::rendererDied, this, &FrmWeb::WebBrowser3_RendererDied);
     for (const auto& entry : SurfaceButtons<Ui::FrmWeb>) {
         if (entry.identifier) {
             on(this->*entry.button, &QToolButton::clicked, this,
@@ -175,13 +175,13 @@ void FrmWeb::WebBrowser1_LinkRequested()
     askForLink(*WebBrowser1);
 }
 
-void FrmWeb::showSource(WebBrowser* surface)
+void FrmWeb::showSource(DocumentSurface* surface)
 {
     writeSurface(surface, RichTextBox1->decode(RichTextBox1->Text()));
 }
 
 /// Shows a document on a surface. The user reads why when that fails.
-void FrmWeb::writeSurface(WebBrowser* surface, const QString& html)
+void FrmWeb::writeSurface(DocumentSurface* surface, const QString& html)
 {
     if (surface == WebBrowser1)
         m_surfaceKept = false;
@@ -208,7 +208,7 @@ bool FrmWeb::takeSurface()
 }
 
 /// A surface's content; no value when it gave no answer, which is never taken for an empty document.
-std::optional<QString> FrmWeb::readSurface(WebBrowser* surface)
+std::optional<QString> FrmWeb::readSurface(DocumentSurface* surface)
 {
     try {
         return underHourglass([&] { return surface->innerHtml(); });
@@ -220,7 +220,7 @@ std::optional<QString> FrmWeb::readSurface(WebBrowser* surface)
 
 /// Tells the user that a surface's renderer has ended, and makes it anew from what it was given last. A
 /// hidden preview waits until it is needed, as its scripts may have been what ended it.
-void FrmWeb::replaceLost(WebBrowser* surface)
+void FrmWeb::replaceLost(DocumentSurface* surface)
 {
     MsgBox(QStringLiteral(
                "The process that showed the page has ended. What was edited on the page in the last seconds "

@@ -2,7 +2,7 @@
 
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "services/Codes.h"
 
 namespace {
@@ -50,7 +50,7 @@ std::optional<QString> askForColor()
     return GetHexColor(dialog.Color);
 }
 
-void askForLink(WebBrowser& surface)
+void askForLink(DocumentSurface& surface)
 {
     const std::optional<QString> address =
         doors().inputBox(QStringLiteral("Address of the link (empty for none):"), QStringLiteral("Hyperlink"),

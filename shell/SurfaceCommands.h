@@ -4,7 +4,7 @@
 #include <QToolButton>
 #include <optional>
 
-class WebBrowser;
+class DocumentSurface;
 
 // What the button bars of all design surfaces have in common.
 
@@ -49,4 +49,4 @@ const char* fontSizeText(const QString& htmlSize);
 std::optional<QString> askForColor();
 
 /// Asks for the address of the link at the surface's caret and sets it; an empty one removes the link.
-void askForLink(WebBrowser& surface);
+void askForLink(DocumentSurface& surface);

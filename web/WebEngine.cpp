@@ -1,10 +1,7 @@
 #include "web/WebEngine.h"
 
-#include "web/WebPage.h"
-
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QFile>
 #include <QPointer>
 #include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
@@ -15,12 +12,6 @@
 #include <QWebEngineUrlScheme>
 #include <QWebEngineUrlSchemeHandler>
 #include <unistd.h>
-
-// A library's resources are linked only when something calls for them; the macro can't stand in a namespace.
-static void initResources()
-{
-    Q_INIT_RESOURCE(web);
-}
 
 namespace {
 
@@ -72,14 +63,8 @@ QWebEngineProfile* makeProfile()
 {
     auto* profile = new QWebEngineProfile(QCoreApplication::instance()); // without a name: off the record
     profile->installUrlSchemeHandler(BlankScheme, new BlankPage(profile));
-    QObject::connect(
-        profile, &QWebEngineProfile::downloadRequested, profile, [](QWebEngineDownloadRequest* download) {
-            download->cancel();
-            if (auto* page = qobject_cast<WebPage*>(download->page())) {
-                emit page->refused(
-                    QStringLiteral("Refused: the page offers a file, %1").arg(download->downloadFileName()));
-            }
-        });
+    QObject::connect(profile, &QWebEngineProfile::downloadRequested, profile,
+                     [](QWebEngineDownloadRequest* download) { download->cancel(); }); // the page tells
 
     QWebEngineSettings* settings = profile->settings();
     settings->setFontFamily(QWebEngineSettings::StandardFont, QStringLiteral("Liberation Serif"));
@@ -91,14 +76,6 @@ QWebEngineProfile* makeProfile()
           QWebEngineSettings::NavigateOnDropEnabled})
         settings->setAttribute(attribute, false);
     return profile;
-}
-
-QString resourceText(const QString& path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        qFatal("%s is not in the program", qPrintable(path));
-    return QString::fromUtf8(file.readAll());
 }
 
 } // namespace
@@ -142,21 +119,4 @@ QWebEngineProfile* internetProfile()
     if (!profile)
         profile = makeProfile();
     return profile;
-}
-
-const QString& surfaceScript()
-{
-    static const QString script = [] {
-        initResources();
-        // The page's elements have names in the same place, but none is a symbol.
-        return QStringLiteral("(globalThis[Symbol.for('surface')] ?\?= (%1)(%2))")
-            .arg(resourceText(QStringLiteral(":/web/surface.js")),
-                 resourceText(QStringLiteral(":/web/serialise.js")));
-    }();
-    return script;
-}
-
-QString surfaceCall(const QString& function)
-{
-    return QStringLiteral("globalThis[Symbol.for('surface')]?.") + function;
 }

@@ -18,12 +18,3 @@ QWebEngineProfile* documentProfile();
 
 /// What the internet tab has for itself, forgotten at the program's end.
 QWebEngineProfile* internetProfile();
-
-/// The object of functions that the control runs in a page, as a JavaScript expression, which makes it where
-/// it is not there yet (see surface.js). Only for the first call in a page: the engine keeps a copy of the
-/// text each time, 56 KiB.
-const QString& surfaceScript();
-
-/// A call of one of these functions, such as "reveal()", as a JavaScript expression; `undefined` in a page in
-/// which they were not made.
-QString surfaceCall(const QString& function);

@@ -5,7 +5,9 @@
 
 #include <QScopedValueRollback>
 #include <QWebEngineCertificateError>
+#include <QWebEngineDownloadRequest>
 #include <QWebEngineNewWindowRequest>
+#include <QWebEngineProfile>
 
 namespace {
 
@@ -45,6 +47,10 @@ void WebPage::refuseFeatures()
                 setFeaturePermission(origin, feature, PermissionDeniedByUser);
                 emit refused(QStringLiteral("Refused: the page asks for a permission"));
             });
+    connect(profile(), &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* offer) {
+        if (offer->page() == this)
+            emit refused(QStringLiteral("Refused: the page offers a file, %1").arg(offer->downloadFileName()));
+    });
     connect(this, &QWebEnginePage::certificateError, this, [this](QWebEngineCertificateError error) {
         error.rejectCertificate();
         emit refused(QStringLiteral("Refused: the certificate of %1 is not valid").arg(error.url().host()));

@@ -7,7 +7,7 @@
 #include "source/RichTextBox.h"
 #include "forms/Wait.h"
 #include "platform/WaitCursor.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "services/Desktop.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
@@ -55,7 +55,7 @@ void unload()
 
 } // namespace
 
-FrmBuild2::FrmBuild2() : WebBrowser1(new WebBrowser(this)), RTB1(new RichTextBox(this))
+FrmBuild2::FrmBuild2() : WebBrowser1(new DocumentSurface(this)), RTB1(new RichTextBox(this))
 {
     setupUi(this);
     Chk = {Chk0, Chk1, Chk2, Chk3};

@@ -8,7 +8,7 @@
 #include <array>
 
 class RichTextBox;
-class WebBrowser;
+class DocumentSurface;
 
 /// Page 2 of the listing wizard: design style, picture style and colours, and from here the finished page
 /// goes to the main window. A drawing stands in for the page until then.
@@ -56,7 +56,7 @@ private:
 
     PageLook m_look; // the colours; styles stand in the controls
     DrawingColors m_drawing;
-    WebBrowser* WebBrowser1; // the engine that the page passes through, out of view
+    DocumentSurface* WebBrowser1; // the engine that the page passes through, out of view
     RichTextBox* RTB1;       // the page, out of view
     QTimer m_warmUp;
 };

@@ -56,8 +56,8 @@ FrmTerms::FrmTerms()
     on(Command15, &QPushButton::clicked, this, &FrmTerms::Unload);
     setDefaultButton(Command14);
     setCancelButton(Command15);
-    on(WebBrowser1, &WebBrowser::linkRequested, this, &FrmTerms::WebBrowser1_LinkRequested);
-    on(WebBrowser1, &WebBrowser::rendererDied, this, &FrmTerms::WebBrowser1_RendererDied);
+    on(WebBrowser1, &DocumentSurface::linkRequested, this, &FrmTerms::WebBrowser1_LinkRequested);
+    on(WebBrowser1, &DocumentSurface::rendererDied, this, &FrmTerms::WebBrowser1_RendererDied);
     KeepTimer.setSingleShot(true);
     on(&KeepTimer, &QTimer::timeout, this, &FrmTerms::KeepTimer_Timer);
     KeepTimer.start(KeepEvery);

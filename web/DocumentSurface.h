@@ -1,0 +1,93 @@
+#pragma once
+
+#include "web/WrittenPage.h"
+
+/// How often a text was found, and which of the places is selected, counted from 1; 0 when it wasn't found.
+struct FindResult
+{
+    int matches = 0;
+    int current = 0;
+};
+
+/// The surface of a document: it is written, edited by hand and by commands, and read back. Its operations
+/// are synchronous: they return when they are done.
+class DocumentSurface : public WrittenPage
+{
+    Q_OBJECT
+
+public:
+    explicit DocumentSurface(QWidget* parent = nullptr);
+
+    /// Off at first. A change keeps the document. Throws SurfaceLost.
+    void setDesignMode(DesignMode mode);
+
+    // ---- The document
+
+    /// Replaces the whole document. False: the renderer ended, or a script of the page did not within the
+    /// limit of 5 seconds and 5 more for each million characters; then there is no document. Also false while
+    /// a message of the page stands before the user; then it stays.
+    bool write(const QString& html);
+
+    /// The inner HTML of the root element, with the comments around it, as serialise.js prints it. Throws
+    /// SurfaceLost when the page doesn't answer: an empty answer is always an empty document.
+    QString innerHtml();
+
+    /// Calls `heard` with what `innerHtml` would return if the user has edited the design surface since it
+    /// was last written, `forgetEdits` was called or the last edit was heard of. Returns at once; the page
+    /// goes on meanwhile as if nothing were asked. A page that can't answer is not heard of.
+    void readEdits(const std::function<void(const QString& html)>& heard);
+    /// Takes the document as unedited from here on.
+    void forgetEdits();
+
+    /// False: the renderer has ended and the caller has been told; there is no document until the next
+    /// `write`.
+    bool hasDocument() const { return renderer() != Renderer::Missed; }
+
+    /// Shows a page that a file or an address holds, in the document's place. What a person types for an
+    /// address will do; an empty text or "about:blank" gives the empty document. What is no address is told
+    /// in the status text.
+    void Navigate(const QString& address);
+
+    /// Text size in five steps, 0 smallest to 4 largest; 2 at first. Beyond: the nearest.
+    using WrittenPage::setZoomLevel;
+
+    // ---- Editing
+
+    /// Runs an editing command on the selection: "Bold", "FontName", "Undo" ... in any case. "Cut", "Copy"
+    /// and "Paste" use the program's clipboard. False: it could not be run, or nobody answered.
+    bool execCommand(const QString& id, const QString& value = QString());
+
+    /// The address of the link at the caret; empty when there is none.
+    QString currentLink();
+    /// Changes the link at the caret, or removes it when `address` is empty. Where there is none, makes the
+    /// selection a link, or inserts one with the address as its text.
+    bool setLink(const QString& address);
+
+    /// Selects the next place of a text, or the one before, going round at the end. An empty text drops the
+    /// marks of the last search.
+    FindResult find(const QString& text, bool backwards = false, bool matchCase = false);
+
+    /// Gives the surface the focus and lets it act on a key as if it were pressed: "^k" link, "^f" find.
+    /// Throws RuntimeError(InvalidProcedureCall) for any other.
+    void sendKeys(const QString& keys);
+
+signals:
+    /// Ctrl+K on a design surface.
+    void linkRequested();
+    /// Ctrl+F.
+    void findRequested();
+
+protected:
+    void showDocument() override;
+    void arrived() override;
+    bool takesKey(const QKeyEvent& key) const override;
+    bool actOnKey(const QKeyEvent& key) override;
+    bool takesDrop(const QDropEvent& event) const override;
+
+private:
+    void makeDocument();
+    bool succeeds(const QString& function);
+    bool copySelection();
+    bool paste();
+    bool isLinkKey(const QKeyEvent& key) const;
+};

@@ -1,0 +1,145 @@
+#include "web/InternetBrowser.h"
+
+#include "web/WebEngine.h"
+
+#include <QPointer>
+#include <QRegularExpression>
+#include <QTimer>
+#include <QWebEngineHistory>
+#include <QWebEngineScript>
+#include <algorithm>
+
+namespace {
+
+/// How long a page that is stopped may take to give a sign of life, in milliseconds.
+constexpr int SignOfLife = 2000;
+
+/// What a person types for an address.
+QUrl addressOf(const QString& text)
+{
+    // A name with a port looks like a scheme, but what follows is a number.
+    static const QRegularExpression scheme(QStringLiteral("^[A-Za-z][A-Za-z0-9+.-]*:(?!\\d)"));
+    const QUrl url(scheme.match(text).hasMatch() ? text : QStringLiteral("http://") + text);
+    return url.scheme().startsWith(QLatin1String("http")) && url.host().isEmpty() ? QUrl() : url;
+}
+
+} // namespace
+
+InternetBrowser::InternetBrowser(QWidget* parent) : WebControl(WebPage::Kind::Internet, parent) {}
+
+void InternetBrowser::viewMade()
+{
+    connect(page(), &QWebEnginePage::loadProgress, this, [this](int percent) {
+        if (content() == Content::Loaded)
+            emit progressChanged(percent, 100);
+    });
+    connect(page(), &QWebEnginePage::loadFinished, this, [this] {
+        if (content() == Content::Nothing) { // the empty page is there
+            page()->arrived();
+            applyZoom();
+        }
+    });
+}
+
+void InternetBrowser::showEvent(QShowEvent* event)
+{
+    WebControl::showEvent(event);
+    makeView();
+    if (content() == Content::Nothing)
+        showEmptyPage();
+}
+
+void InternetBrowser::showEmptyPage()
+{
+    setContent(Content::Nothing);
+    if (!page()) // it needs no view until it is seen
+        return;
+    beginsToLoad();
+    page()->triggerAction(QWebEnginePage::Stop);
+    page()->leaveFor(blankAddress());
+    page()->load(blankAddress());
+}
+
+// ---- Going places ----------------------------------------------------------------------------------------
+
+void InternetBrowser::Navigate(const QString& address)
+{
+    const QString text = address.trimmed();
+    const QUrl url = addressOf(text);
+    if (text.isEmpty() || text == QLatin1String("about:blank")) {
+        showEmptyPage();
+    } else if (!isAddress(url)) {
+        tellNoAddress(text);
+    } else if (!WebPage::isAllowed(kind(), url)) {
+        emit statusTextChanged(QStringLiteral("Not opened here: %1").arg(shownAddress(url)));
+    } else {
+        open(url);
+    }
+}
+
+/// Goes to the nearest page; the empty one is no place to go to.
+bool InternetBrowser::step(const QList<QWebEngineHistoryItem>& nearestFirst)
+{
+    for (const QWebEngineHistoryItem& item : nearestFirst) {
+        if (item.url() != blankAddress()) {
+            load(item.url(), [&] { page()->history()->goToItem(item); });
+            return true;
+        }
+    }
+    return false;
+}
+
+bool InternetBrowser::GoBack()
+{
+    if (!page())
+        return false;
+    QList<QWebEngineHistoryItem> items = page()->history()->backItems(page()->history()->count());
+    std::reverse(items.begin(), items.end());
+    return step(items);
+}
+
+bool InternetBrowser::GoForward()
+{
+    return page() && step(page()->history()->forwardItems(page()->history()->count()));
+}
+
+void InternetBrowser::Refresh()
+{
+    if (content() == Content::Loaded)
+        load(page()->url(), [this] { page()->triggerAction(QWebEnginePage::Reload); });
+}
+
+void InternetBrowser::Stop()
+{
+    if (!page())
+        return;
+    const bool wasLoading = page()->isLoading();
+    page()->triggerAction(QWebEnginePage::Stop);
+    page()->arrived();
+    loadingEnded();
+    if (wasLoading)
+        emit statusTextChanged(QStringLiteral("Stopped"));
+    endIfDeaf();
+}
+
+void InternetBrowser::loadingEnded()
+{
+    emit progressChanged(0, 0);
+}
+
+/// Asks the page for a sign of life, without waiting for it.
+void InternetBrowser::endIfDeaf()
+{
+    if (isLost() || page()->isAsking())
+        return;
+    auto* patience = new QTimer(page());
+    patience->setSingleShot(true);
+    connect(patience, &QTimer::timeout, this, [this, patience] {
+        patience->deleteLater();
+        if (!isLost() && !page()->isAsking())
+            untilDeleted([this] { endRenderer(); });
+    });
+    patience->start(SignOfLife);
+    page()->runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
+                          [timer = QPointer<QTimer>(patience)](const QVariant&) { delete timer; });
+}

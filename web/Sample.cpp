@@ -1,0 +1,113 @@
+#include "web/Sample.h"
+
+#include <QKeyEvent>
+#include <QPointer>
+#include <utility>
+
+namespace {
+
+/// How often the same page is shown again when its renderer ends.
+constexpr int MostTries = 3;
+
+} // namespace
+
+Sample::Sample(QWidget* parent) : WrittenPage(WebPage::Kind::Sample, parent)
+{
+    m_writeTimer.setSingleShot(true);
+    connect(&m_writeTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { writeNext(); }); });
+}
+
+void Sample::setDesignMode(DesignMode mode)
+{
+    if (mode == designMode())
+        return;
+    setPageDesign(mode);
+    if (content() == Content::Written)
+        writeSoon(m_sample);
+}
+
+void Sample::writeSoon(const QString& html)
+{
+    m_sample = html;
+    m_next = html;
+    m_tries = MostTries;
+    if (m_writing != Writing::Engine)
+        m_writeTimer.start(0);
+}
+
+void Sample::showDocument()
+{
+    if (!m_next && (content() == Content::Nothing || renderer() == Renderer::Missed))
+        m_next = m_sample;
+    writeNext();
+}
+
+void Sample::writeNext()
+{
+    if (!m_next || m_writing != Writing::Nobody)
+        return;
+    const QString html = *std::exchange(m_next, std::nullopt);
+    if (!takesPage()) {
+        writeAndWait(html);
+        return;
+    }
+    m_writing = Writing::Engine;
+    callSoon(writeFunction(html), [self = QPointer<Sample>(this)](const QVariant& taken) {
+        if (self)
+            self->pageIsThere(taken.toBool());
+    });
+    reveal();
+}
+
+/// Into an empty page, for which it waits. More may be given meanwhile.
+void Sample::writeAndWait(const QString& html)
+{
+    m_writing = Writing::Control;
+    const bool written = writePage(html);
+    m_writing = Writing::Nobody;
+    if (!written)
+        showAgain();
+    if (m_next)
+        m_writeTimer.start(0);
+}
+
+/// The engine has answered; not taken: the renderer ended first, and the news of it may be still to come.
+void Sample::pageIsThere(bool taken)
+{
+    if (!taken && m_writing == Writing::Engine) {
+        setContent(Content::Nothing);
+        showAgain();
+    }
+    if (m_writing == Writing::Engine)
+        m_writing = Writing::Nobody;
+    if (m_next)
+        m_writeTimer.start(0);
+}
+
+void Sample::rendererEnded()
+{
+    WrittenPage::rendererEnded();
+    if (m_writing == Writing::Control) // it tries again by itself
+        return;
+    m_writing = Writing::Nobody; // nobody will say that the page is there
+    showAgain();
+}
+
+/// A page that was lost with its renderer: nobody else knows that it has to be written again. One that ends
+/// every renderer stays away.
+void Sample::showAgain()
+{
+    if (!m_next && m_tries-- > 0)
+        m_next = m_sample;
+    if (m_next)
+        m_writeTimer.start(0);
+}
+
+/// One that can be edited has no use for the Tab key.
+bool Sample::actOnKey(const QKeyEvent& key)
+{
+    if (designMode() == DesignMode::Off || !isTab(key))
+        return false;
+    leaveBy(key);
+    return true;
+}

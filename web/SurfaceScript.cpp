@@ -1,0 +1,61 @@
+#include "web/SurfaceScript.h"
+
+#include <QFile>
+
+// A library's resources are linked only when something calls for them; the macro can't stand in a namespace.
+static void initResources()
+{
+    Q_INIT_RESOURCE(web);
+}
+
+namespace {
+
+QString resourceText(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("%s is not in the program", qPrintable(path));
+    return QString::fromUtf8(file.readAll());
+}
+
+} // namespace
+
+const QString& surfaceScript()
+{
+    static const QString script = [] {
+        initResources();
+        // The page's elements have names in the same place, but none is a symbol.
+        return QStringLiteral("(globalThis[Symbol.for('surface')] ?\?= (%1)(%2))")
+            .arg(resourceText(QStringLiteral(":/web/surface.js")),
+                 resourceText(QStringLiteral(":/web/serialise.js")));
+    }();
+    return script;
+}
+
+QString surfaceCall(const QString& function)
+{
+    return QStringLiteral("globalThis[Symbol.for('surface')]?.") + function;
+}
+
+QString literal(const QString& text)
+{
+    QString quoted;
+    quoted.reserve(text.size() + text.size() / 16 + 2);
+    quoted += u'"';
+    for (const QChar character : text) {
+        const char16_t unit = character.unicode();
+        if (unit < 0x20 || unit == 0x2028 || unit == 0x2029 || character.isSurrogate()) {
+            quoted += QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'));
+            continue;
+        }
+        if (unit == u'"' || unit == u'\\')
+            quoted += u'\\';
+        quoted += character;
+    }
+    return quoted += u'"';
+}
+
+QString literal(bool value)
+{
+    return value ? QStringLiteral("true") : QStringLiteral("false");
+}

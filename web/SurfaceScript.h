@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+// What the controls run in a page, in a world of their own: the functions of surface.js.
+
+/// The object of these functions, as a JavaScript expression, which makes it where it is not there yet. Only
+/// for the first call in a page: the engine keeps a copy of the text each time, 56 KiB.
+const QString& surfaceScript();
+
+/// A call of one of them, such as "reveal()", as a JavaScript expression; `undefined` in a page in which they
+/// were not made.
+QString surfaceCall(const QString& function);
+
+/// A text or a truth as JavaScript writes it.
+QString literal(const QString& text);
+QString literal(bool value);

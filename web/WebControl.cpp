@@ -1,0 +1,371 @@
+#include "web/WebControl.h"
+
+#include "forms/LongWork.h"
+#include "platform/Accessible.h"
+#include "web/SurfaceScript.h"
+
+#include <QAction>
+#include <QDropEvent>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QShortcut>
+#include <QVBoxLayout>
+#include <QWebEngineLoadingInfo>
+#include <QWebEngineScript>
+#include <QWebEngineSettings>
+#include <QWebEngineView>
+#include <algorithm>
+#include <array>
+#include <csignal>
+#include <memory>
+#include <utility>
+
+namespace {
+
+/// How long a killed renderer may take to be gone, in milliseconds.
+constexpr int GoneLimit = 2000;
+
+/// How long the loss of a renderer waits to be told while questions are under way, in milliseconds.
+constexpr int LossPause = 30;
+
+constexpr std::array ZoomFactors = {0.6, 0.8, 1.0, 1.25, 1.6};
+
+/// Questions of all controls that wait for the engine right now.
+int questionsWaiting = 0;
+
+} // namespace
+
+SurfaceLost::SurfaceLost()
+    : RuntimeError(ErrorNumber::ObjectNotSet,
+                   QStringLiteral("The page has stopped answering, and its text could not be read"))
+{
+}
+
+WebControl::WebControl(WebPage::Kind kind, QWidget* parent) : QWidget(parent), m_kind(kind)
+{
+    describeClass(staticMetaObject, accessibleGroup);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    m_lossTimer.setSingleShot(true);
+    connect(&m_lossTimer, &QTimer::timeout, this, &WebControl::tellLoss);
+}
+
+// Before the base class goes: the page's last signals must still find a whole control.
+WebControl::~WebControl()
+{
+    delete m_view;
+}
+
+// ---- The view --------------------------------------------------------------------------------------------
+
+void WebControl::makeView()
+{
+    if (m_view)
+        return;
+    m_page = new WebPage(m_kind, nullptr);
+    m_view = new QWebEngineView(m_page, this);
+    m_page->setParent(m_view);
+    m_view->setContextMenuPolicy(Qt::NoContextMenu);
+    m_view->installEventFilter(this); // the widget that takes input comes later, and anew with each renderer
+    for (QWidget* child : m_view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
+        child->installEventFilter(this);
+    layout()->addWidget(m_view);
+    setFocusProxy(m_view);
+    m_view->show();
+
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { rendererEnded(); });
+    connect(m_page, &QWebEnginePage::loadingChanged, this, &WebControl::loadingChanged);
+    connect(m_page, &QWebEnginePage::urlChanged, this, [this] {
+        if (m_content == Content::Loaded)
+            m_page->arrived(); // from here on the new page speaks, not the one that is left
+    });
+    connect(m_page, &QWebEnginePage::linkHovered, this, &WebControl::statusTextChanged);
+    connect(m_page, &WebPage::refused, this, &WebControl::statusTextChanged);
+    viewMade();
+}
+
+qint64 WebControl::rendererPid() const
+{
+    return m_page ? m_page->renderProcessPid() : 0;
+}
+
+QWidget* WebControl::inputWidget() const
+{
+    return m_view ? m_view->focusProxy() : nullptr;
+}
+
+// ---- The renderer's life ---------------------------------------------------------------------------------
+
+/// What each event makes of the renderer's state; the columns are the states from `None` to `Missed`.
+void WebControl::advance(Event event)
+{
+    using enum Renderer;
+    static constexpr std::array<std::array<Renderer, 4>, 3> next = {{
+        {Alive, Alive, Alive, Alive},   // Loads: a new renderer comes where there is none
+        {Ended, Ended, Ended, Missed},  // Ends: the end of one that is missed already is no news
+        {None, Alive, Missed, Missed},  // Told
+    }};
+    m_renderer = next.at(size_t(event)).at(size_t(m_renderer));
+}
+
+void WebControl::endRenderer()
+{
+    const qint64 pid = m_page->renderProcessPid();
+    if (pid <= 0) {
+        rendererEnded();
+        return;
+    }
+    QEventLoop loop;
+    ::kill(static_cast<pid_t>(pid), SIGKILL);
+    wait(loop, GoneLimit);
+    if (!isLost())
+        rendererEnded();
+}
+
+void WebControl::rendererEnded()
+{
+    advance(Event::Ends);
+    m_lossTimer.start(0);
+}
+
+void WebControl::tellLoss()
+{
+    if (m_renderer != Renderer::Ended)
+        return;
+    if (isAnyWaiting()) {
+        m_lossTimer.start(LossPause);
+        return;
+    }
+    advance(Event::Told);
+    emit rendererDied();
+}
+
+// ---- The conversation ------------------------------------------------------------------------------------
+
+bool WebControl::isAnyWaiting()
+{
+    return questionsWaiting > 0;
+}
+
+void WebControl::wait(QEventLoop& loop, int milliseconds)
+{
+    const QPointer<WebControl> self(this);
+    QTimer timer;
+    timer.setSingleShot(true);
+    connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
+    connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
+    connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
+    timer.start(milliseconds);
+    ++questionsWaiting;
+    const LongWork signs;
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    --questionsWaiting;
+    if (!self)
+        throw SurfaceLost();
+}
+
+void WebControl::untilDeleted(const std::function<void()>& body)
+{
+    try {
+        body();
+    } catch (const SurfaceLost&) {
+        return;
+    }
+}
+
+int WebControl::limit() const
+{
+    return m_patience +
+           static_cast<int>(static_cast<double>(m_patience) * static_cast<double>(m_length) / 1e6);
+}
+
+WebControl::Answer WebControl::ask(const Question& question)
+{
+    if (!m_page || isLost() || m_page->isAsking()) // nobody there, or the user has yet to answer
+        return {};
+
+    struct Reply
+    {
+        std::optional<QVariant> answer;
+        QPointer<QEventLoop> loop;
+    };
+    QEventLoop loop;
+    const auto reply = std::make_shared<Reply>(); // outlives this call, for an answer that comes late
+    reply->loop = &loop;
+    question([reply](const QVariant& answer) {
+        reply->answer = answer;
+        if (reply->loop)
+            reply->loop->quit();
+    });
+    const bool wasMuted = m_page->isMuted(); // by a call further out
+    m_page->setMuted(true);
+    if (!reply->answer && !isLost())
+        wait(loop, limit());
+    m_page->setMuted(wasMuted);
+
+    if (reply->answer || isLost())
+        return {reply->answer};
+    endRenderer();
+    return {.value = reply->answer, .gaveUp = true};
+}
+
+WebControl::Answer WebControl::askPage(const QString& script)
+{
+    return ask([&](const auto& answer) {
+        m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld, answer);
+    });
+}
+
+std::optional<QVariant> WebControl::evaluate(const QString& script)
+{
+    return askPage(script).value;
+}
+
+WebControl::Answer WebControl::call(const QString& function)
+{
+    const Answer answer = askPage(surfaceCall(function));
+    if (!answer.value || !answer.value->isNull())
+        return answer;
+    return askPage(surfaceScript() + u'.' + function); // the first call in this page
+}
+
+void WebControl::evaluateSoon(const QString& script, const std::function<void(const QVariant&)>& answered)
+{
+    m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld, answered);
+}
+
+void WebControl::callSoon(const QString& function, const std::function<void(const QVariant&)>& answered)
+{
+    evaluateSoon(surfaceCall(function), answered);
+}
+
+// ---- Loading ---------------------------------------------------------------------------------------------
+
+/// The engine's setting is wider than its name, but of other files the profile's guard lets none through.
+void WebControl::showLocalPictures(bool on)
+{
+    m_page->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, on);
+}
+
+void WebControl::load(const QUrl& address, const std::function<void()>& begin)
+{
+    m_content = Content::Loaded;
+    m_page->leaveFor(address);
+    begin();
+}
+
+void WebControl::open(const QUrl& address)
+{
+    makeView();
+    showLocalPictures(address.isLocalFile());
+    load(address, [&] { m_page->load(address); });
+}
+
+bool WebControl::isAddress(const QUrl& url)
+{
+    return url.isValid() && url.scheme() != QLatin1String("javascript");
+}
+
+void WebControl::tellNoAddress(const QString& text)
+{
+    constexpr qsizetype LongestShown = 200; // characters
+    emit statusTextChanged(QStringLiteral("Not an address: %1").arg(text.left(LongestShown)));
+}
+
+void WebControl::loadingChanged(const QWebEngineLoadingInfo& info)
+{
+    if (m_content != Content::Loaded)
+        return;
+    const bool ok = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
+    switch (info.status()) {
+    case QWebEngineLoadingInfo::LoadStartedStatus:
+        advance(Event::Loads); // a page that has ended gets a new renderer
+        emit statusTextChanged(QStringLiteral("Opening page %1").arg(shownAddress(info.url())));
+        break;
+    case QWebEngineLoadingInfo::LoadStoppedStatus: // by the user, or by the next load, which goes on
+        loadingEnded();
+        break;
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+        m_page->arrived();
+        applyZoom();
+        arrived();
+        loadingEnded();
+        if (ok) {
+            emit statusTextChanged(QStringLiteral("Done"));
+        } else if (!isLost()) { // the loss is told by itself
+            emit statusTextChanged(
+                QStringLiteral("The page %1 could not be opened").arg(shownAddress(info.url())));
+        }
+        emit navigationFinished(ok);
+        break;
+    }
+}
+
+void WebControl::setZoomLevel(int level)
+{
+    m_zoomLevel = std::clamp(level, 0, static_cast<int>(ZoomFactors.size()) - 1);
+    applyZoom();
+}
+
+void WebControl::applyZoom()
+{
+    if (m_page)
+        m_page->setZoomFactor(ZoomFactors.at(static_cast<size_t>(m_zoomLevel)));
+}
+
+// ---- Events of the view ----------------------------------------------------------------------------------
+
+bool WebControl::takesKey(const QKeyEvent& key) const
+{
+    if (key.modifiers() == Qt::AltModifier && !key.text().isEmpty())
+        return false; // comes back to the page where no access key is meant
+    const QKeySequence sequence(key.keyCombination());
+    const QList<QShortcut*> shortcuts = window()->findChildren<QShortcut*>();
+    if (std::any_of(shortcuts.begin(), shortcuts.end(), [&](const QShortcut* shortcut) {
+            return shortcut->isEnabled() && shortcut->keys().contains(sequence);
+        }))
+        return false;
+    const QList<QAction*> actions = window()->findChildren<QAction*>();
+    return std::none_of(actions.begin(), actions.end(), [&](const QAction* action) {
+        return action->isEnabled() && action->shortcuts().contains(sequence);
+    });
+}
+
+bool WebControl::isOwnDrag(const QDropEvent& event) const
+{
+    return event.source() == m_view;
+}
+
+bool WebControl::eventFilter(QObject* watched, QEvent* event)
+{
+    switch (event->type()) {
+    case QEvent::ChildAdded:
+        if (QObject* child = static_cast<QChildEvent*>(event)->child();
+            watched == m_view && child->isWidgetType())
+            child->installEventFilter(this);
+        break;
+    case QEvent::FocusIn:
+        focusCame();
+        break;
+    case QEvent::ShortcutOverride: // decided here, or else the page and the window race for the key
+        event->setAccepted(takesKey(*static_cast<QKeyEvent*>(event)));
+        return true;
+    case QEvent::KeyPress:
+        if (actOnKey(*static_cast<QKeyEvent*>(event)))
+            return true;
+        break;
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        if (!takesDrop(*static_cast<QDropEvent*>(event))) {
+            event->ignore();
+            return true;
+        }
+        break;
+    default:
+        break;
+    }
+    return QWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,193 @@
+#pragma once
+
+#include "platform/RuntimeError.h"
+#include "web/WebPage.h"
+
+#include <QTimer>
+#include <QVariant>
+#include <QWidget>
+#include <functional>
+#include <optional>
+
+class QDropEvent;
+class QEventLoop;
+class QKeyEvent;
+class QWebEngineLoadingInfo;
+class QWebEngineView;
+
+/// The page of a control can't be read, because its renderer ended or doesn't answer. What was edited in it is
+/// lost; writing it makes it anew.
+class SurfaceLost : public RuntimeError
+{
+public:
+    SurfaceLost();
+};
+
+/// What the controls that show pages have in common: the engine's view, the life of the renderer behind it,
+/// and the one conversation with its page.
+///
+/// The conversation is synchronous: a question returns with the answer. While one waits for the engine, no
+/// input of the user is handled, and each ends within a limit whatever the page does; then the renderer is
+/// ended. The engine's own view is made when the control is first shown or needed. When the control is
+/// deleted while a question waits, the question throws SurfaceLost.
+class WebControl : public QWidget
+{
+    Q_OBJECT
+
+public:
+    ~WebControl() override;
+
+    // ---- For tests and measurements
+
+    /// The result of a script in the control's own world; no value when nobody answered.
+    std::optional<QVariant> evaluate(const QString& script);
+    /// How long a question waits, in milliseconds, besides what the length of the text adds.
+    void setPatience(int milliseconds) { m_patience = milliseconds; }
+    /// The system's number of the process that renders the page; 0 when there is none.
+    qint64 rendererPid() const;
+    /// The widget that takes keys and mouse; null before the view was made.
+    QWidget* inputWidget() const;
+
+signals:
+    /// The renderer ended by itself, or by an operation that has no way to say so. There is no page until the
+    /// next one is written or loaded. Never emitted while a question waits.
+    void rendererDied();
+    /// What a status bar shows: the address under the mouse, the state of a load, a refusal.
+    void statusTextChanged(const QString& text);
+    /// A page that was loaded from an address is complete, or could not be loaded.
+    void navigationFinished(bool ok);
+
+protected:
+    /// How it stands with the renderer of the page that the control shows.
+    enum class Renderer {
+        None,  ///< nothing was loaded yet
+        Alive, ///< there, or about to be
+        Ended, ///< and the control's owner has yet to be told
+        Missed ///< ended, and the owner knows
+    };
+
+    /// What the view shows.
+    enum class Content {
+        Nothing, ///< no page yet
+        Written, ///< what the program wrote
+        Loaded   ///< what was loaded from an address
+    };
+
+    /// What was asked of a page has come to this.
+    struct Answer
+    {
+        std::optional<QVariant> value; ///< none: nobody answered
+        bool gaveUp = false;           ///< for want of time, so that the renderer was ended
+
+        bool isTrue() const { return value && value->toBool(); }
+    };
+
+    WebControl(WebPage::Kind kind, QWidget* parent);
+
+    // ---- The view
+
+    /// Makes the view where there is none yet.
+    void makeView();
+    /// The view has just been made.
+    virtual void viewMade() {}
+    /// The page in the view; null before the view was made.
+    WebPage* page() const { return m_page; }
+    WebPage::Kind kind() const { return m_kind; }
+
+    // ---- The renderer's life
+
+    Renderer renderer() const { return m_renderer; }
+    bool isLost() const { return m_renderer == Renderer::Ended || m_renderer == Renderer::Missed; }
+    /// The owner is about to learn of the loss by what an operation returns or throws.
+    void lossIsTold() { advance(Event::Told); }
+    /// Ends a renderer that answers to nothing; an endless script does not even hear a request to stop.
+    void endRenderer();
+    /// The renderer has ended.
+    virtual void rendererEnded();
+
+    // ---- The conversation
+
+    /// Hands the engine something to do and, with it, what to call with the answer.
+    using Question = std::function<void(std::function<void(const QVariant&)> answer)>;
+
+    Answer ask(const Question& question);
+    /// Calls a function of surface.js, such as "reveal()", in the page and waits for what it returns.
+    Answer call(const QString& function);
+    /// Runs a script without waiting for it.
+    void evaluateSoon(const QString& script, const std::function<void(const QVariant&)>& answered = {});
+    /// Calls a function without waiting, in a page in which they were made.
+    void callSoon(const QString& function, const std::function<void(const QVariant&)>& answered = {});
+    /// True while any control waits for the engine.
+    static bool isAnyWaiting();
+    /// Lets all events but the user's input be handled until `loop` is told to quit, the renderer ends or the
+    /// time is up.
+    void wait(QEventLoop& loop, int milliseconds);
+    /// Runs what a timer of a control began. A control that is deleted meanwhile has nobody left to tell.
+    static void untilDeleted(const std::function<void()>& body);
+    /// How long a question waits, in milliseconds.
+    int limit() const;
+    /// Tells how long the page's text is, in characters: longer ones get more time.
+    void setLength(qsizetype length) { m_length = length; }
+
+    // ---- Loading
+
+    Content content() const { return m_content; }
+    void setContent(Content content) { m_content = content; }
+    /// A page of the program's own is about to be loaded: a renderer that has ended gets a successor.
+    void beginsToLoad() { advance(Event::Loads); }
+    /// Leaves the page for an address; `begin` makes the engine go there.
+    void load(const QUrl& address, const std::function<void()>& begin);
+    /// Loads an address that was found fit; a file may show the pictures beside it.
+    void open(const QUrl& address);
+    /// Whether an address can be gone to at all; a script is none.
+    static bool isAddress(const QUrl& url);
+    /// Tells in the status text that what a person typed is no address.
+    void tellNoAddress(const QString& text);
+    /// Whether pages that come from files may show pictures that are files.
+    void showLocalPictures(bool on);
+    /// A page from an address is complete, or could not be loaded.
+    virtual void arrived() {}
+    /// A load has ended in any way.
+    virtual void loadingEnded() {}
+
+    // ---- The text size
+
+    /// In five steps, 0 smallest to 4 largest; 2 at first. Beyond: the nearest.
+    void setZoomLevel(int level);
+    int zoomLevel() const { return m_zoomLevel; }
+    /// A page in a new renderer begins at the normal size.
+    void applyZoom();
+
+    // ---- Events of the view
+
+    /// Whether a key is for the control or its page: all are but the window's shortcuts and access keys.
+    virtual bool takesKey(const QKeyEvent& key) const;
+    /// What the program does on a key of the page; false leaves the key to the page.
+    virtual bool actOnKey(const QKeyEvent&) { return false; }
+    /// Whether a page takes what is dragged over it.
+    virtual bool takesDrop(const QDropEvent&) const { return false; }
+    /// Whether a drag began in the control's own page.
+    bool isOwnDrag(const QDropEvent& event) const;
+    /// The keyboard has come to the page.
+    virtual void focusCame() {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    enum class Event { Loads, Ends, Told };
+
+    void advance(Event event);
+    Answer askPage(const QString& script);
+    void tellLoss();
+    void loadingChanged(const QWebEngineLoadingInfo& info);
+
+    const WebPage::Kind m_kind;
+    QWebEngineView* m_view = nullptr;
+    WebPage* m_page = nullptr;
+    Renderer m_renderer = Renderer::None;
+    Content m_content = Content::Nothing;
+    QTimer m_lossTimer;
+    int m_zoomLevel = 2;
+    int m_patience = 5000;
+    qsizetype m_length = 0;
+};

@@ -1,0 +1,177 @@
+#include "web/WrittenPage.h"
+
+#include "web/SurfaceScript.h"
+#include "web/WebEngine.h"
+
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QKeyEvent>
+#include <QWebEngineSettings>
+#include <algorithm>
+
+namespace {
+
+/// How long the engine may take to come up, in milliseconds.
+constexpr int StartLimit = 30000;
+
+/// How often, and after what pause in milliseconds, the caret is set anew until the surface takes letters.
+constexpr int CaretTries = 10;
+constexpr int CaretPause = 30;
+
+} // namespace
+
+WrittenPage::WrittenPage(WebPage::Kind kind, QWidget* parent) : WebControl(kind, parent)
+{
+    for (QTimer* timer : {&m_documentTimer, &m_revealTimer, &m_caretTimer})
+        timer->setSingleShot(true);
+    connect(&m_documentTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { showDocument(); }); });
+    connect(&m_revealTimer, &QTimer::timeout, this, &WrittenPage::reveal);
+    connect(&m_caretTimer, &QTimer::timeout, this, &WrittenPage::renewCaret);
+}
+
+void WrittenPage::showEvent(QShowEvent* event)
+{
+    WebControl::showEvent(event);
+    makeView();
+    m_documentTimer.start(0); // so that one can type into it
+}
+
+bool WrittenPage::isEditable() const
+{
+    return m_designMode == DesignMode::On && content() == Content::Written && !isLost();
+}
+
+bool WrittenPage::runsScripts(DesignMode mode) const
+{
+    return kind() != WebPage::Kind::Sample && mode == DesignMode::Off;
+}
+
+// ---- Writing ---------------------------------------------------------------------------------------------
+
+bool WrittenPage::takesPage() const
+{
+    return content() == Content::Written && !isLost() && m_openedFor == m_designMode && !scriptsRun();
+}
+
+QString WrittenPage::writeFunction(const QString& html)
+{
+    setLength(html.size());
+    return QStringLiteral("write(") + literal(html) + QStringLiteral(", ") +
+           literal(m_designMode == DesignMode::On) + u')';
+}
+
+bool WrittenPage::writePage(const QString& html)
+{
+    makeView();
+    if (page()->isAsking()) // the page can't go while the user has yet to answer
+        return false;
+    if (!openAndWrite(html)) {
+        lossIsTold();
+        return false;
+    }
+    m_revealTimer.start(0); // behind what is asked in the same breath
+    m_caretTries = CaretTries;
+    renewCaret();
+    return true;
+}
+
+bool WrittenPage::openAndWrite(const QString& html)
+{
+    const QString function = writeFunction(html);
+    bool ready = takesPage();
+    setContent(Content::Written); // what waits for the view to be seen must not write into the same page
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (!ready && !openBlankPage())
+            return false;
+        ready = false;
+        const Answer written = call(function);
+        if (written.isTrue())
+            return true;
+        if (written.gaveUp) // would only do so again
+            return false;
+    }
+    return false;
+}
+
+void WrittenPage::reveal()
+{
+    m_revealTimer.stop();
+    if (isEditable())
+        callSoon(QStringLiteral("reveal()"));
+}
+
+void WrittenPage::revealSoonest()
+{
+    if (m_revealTimer.isActive())
+        reveal();
+}
+
+bool WrittenPage::openBlankPage()
+{
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        m_openedFor = m_designMode;
+        page()->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, scriptsRun());
+        showLocalPictures(false);
+        beginsToLoad();
+        page()->triggerAction(QWebEnginePage::Stop); // a load still under way would replace what is written
+        page()->leaveFor(blankAddress());
+        page()->load(blankAddress()); // the same address again replaces its entry in the history
+        const bool started = startBlankPage();
+        page()->arrived();
+        if (started) {
+            applyZoom();
+            return true;
+        }
+        if (!isLost())
+            endRenderer();
+    }
+    return false;
+}
+
+/// Waits until the empty page is there. The end of an earlier load may come late and look like this one's.
+bool WrittenPage::startBlankPage()
+{
+    const QDeadlineTimer deadline(rendererPid() > 0 ? limit() : std::max(StartLimit, limit()));
+    while (!isLost() && !deadline.hasExpired()) {
+        QEventLoop loop;
+        connect(page(), &QWebEnginePage::loadFinished, &loop, [&](bool ok) {
+            if (ok && page()->url() == blankAddress())
+                loop.quit();
+        });
+        wait(loop, static_cast<int>(deadline.remainingTime()));
+        if (!deadline.hasExpired() &&
+            call(QStringLiteral("start(") + literal(m_openedFor == DesignMode::On) + u')').isTrue())
+            return true;
+    }
+    return false;
+}
+
+// ---- The keyboard ----------------------------------------------------------------------------------------
+
+void WrittenPage::focusCame()
+{
+    m_caretTries = CaretTries;
+    m_caretTimer.start(0);
+}
+
+/// A caret that was set before the focus came leaves the view deaf to typed letters: sets it anew until not.
+void WrittenPage::renewCaret()
+{
+    const QWidget* input = inputWidget();
+    if (m_designMode == DesignMode::Off || isLost() || m_caretTries == 0 || !input || !input->hasFocus() ||
+        input->testAttribute(Qt::WA_InputMethodEnabled))
+        return;
+    --m_caretTries;
+    callSoon(QStringLiteral("renewCaret()"));
+    m_caretTimer.start(CaretPause);
+}
+
+bool WrittenPage::isTab(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+}
+
+void WrittenPage::leaveBy(const QKeyEvent& tab)
+{
+    focusNextPrevChild(tab.key() == Qt::Key_Tab && !(tab.modifiers() & Qt::ShiftModifier));
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "web/WebControl.h"
+
+/// Whether a document can be edited. On a design surface and in a sample no script of the page runs;
+/// elsewhere they do.
+enum class DesignMode { Off, On };
+
+/// A control into which the program writes its pages: it opens the empty page that takes them, and keeps the
+/// caret awake where they can be edited.
+class WrittenPage : public WebControl
+{
+    Q_OBJECT
+
+public:
+    DesignMode designMode() const { return m_designMode; }
+
+protected:
+    WrittenPage(WebPage::Kind kind, QWidget* parent);
+
+    /// For the pages that are written from here on.
+    void setPageDesign(DesignMode mode) { m_designMode = mode; }
+
+    /// Replaces the whole document, and waits for it. False: the renderer ended, or did not answer within the
+    /// limit; then there is no document. Also false while a message of the page stands before the user; then
+    /// it stays.
+    bool writePage(const QString& html);
+    /// The call that writes a document, in a page that takes it.
+    QString writeFunction(const QString& html);
+    /// Whether the next document can go where the present one is. The scripts of a page live on in its realm,
+    /// so a page with scripts needs a new one.
+    bool takesPage() const;
+    /// Whether the page's own scripts run in the present document.
+    bool scriptsRun() const { return runsScripts(m_openedFor); }
+    /// Whether there is a document that the user can edit.
+    bool isEditable() const;
+    /// Lays out what was written (see surface.js).
+    void reveal();
+    /// Lays it out now if that is still to come.
+    void revealSoonest();
+    /// Whether a key moves the focus in windows.
+    static bool isTab(const QKeyEvent& key);
+    /// Moves the focus on, or back with Shift.
+    void leaveBy(const QKeyEvent& tab);
+    /// Has the control something to show and to type into, also where its renderer ended out of sight.
+    virtual void showDocument() = 0;
+
+    void focusCame() override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    bool runsScripts(DesignMode mode) const;
+    bool openAndWrite(const QString& html);
+    bool openBlankPage();
+    bool startBlankPage();
+    void renewCaret();
+
+    DesignMode m_designMode = DesignMode::Off;
+    DesignMode m_openedFor = DesignMode::Off; // of the empty page that was opened last
+    QTimer m_documentTimer;
+    QTimer m_revealTimer;
+    QTimer m_caretTimer;
+    int m_caretTries = 0;
+};
