@@ -275,7 +275,7 @@ void measureFader()
     tool->Show();
     tool->Opt3->setValue(true);
     tool->Text1->setPlainText(words(1000));
-    WebBrowser* sample = tool->WebBrowser1;
+    Sample* sample = tool->WebBrowser1;
     sample->innerHtml(); // the page is there
     auto step = [tool, value = 0]() mutable {
         value = (value + 1) % 256;

@@ -7,7 +7,7 @@
 
 #include "Measure.h"
 #include "platform/Files.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "web/WebEngine.h"
 
 #include <QApplication>
@@ -104,12 +104,12 @@ BareEngine& bareEngine()
     return *engine;
 }
 
-WebBrowser& surface(DesignMode mode)
+DocumentSurface& surface(DesignMode mode)
 {
-    static WebBrowser* browsers[2] = {};
-    WebBrowser*& browser = browsers[mode == DesignMode::On ? 1 : 0];
+    static DocumentSurface* browsers[2] = {};
+    DocumentSurface*& browser = browsers[mode == DesignMode::On ? 1 : 0];
     if (!browser) {
-        browser = new WebBrowser;
+        browser = new DocumentSurface;
         browser->setDesignMode(mode);
         browser->resize(800, 600);
         browser->show();
@@ -119,13 +119,13 @@ WebBrowser& surface(DesignMode mode)
 }
 
 /// The surface shows its page behind what was asked in the same breath.
-void settle(WebBrowser& browser)
+void settle(DocumentSurface& browser)
 {
     QCoreApplication::processEvents();
     browser.evaluate(Settled);
 }
 
-void writeAndRead(WebBrowser& browser, const QString& html)
+void writeAndRead(DocumentSurface& browser, const QString& html)
 {
     require(browser.write(html) && !browser.innerHtml().isEmpty(), "the page did not answer");
 }
@@ -185,7 +185,7 @@ std::vector<Rival> design(qsizetype size)
 /// A page as the surface has printed it, which is what each further change of the tab brings.
 std::vector<Rival> designAgain(qsizetype size)
 {
-    WebBrowser& browser = surface(DesignMode::On);
+    DocumentSurface& browser = surface(DesignMode::On);
     writeAndRead(browser, listing(size));
     const QString html = browser.innerHtml();
     return {{Role::Ours, "design surface", onSurface(DesignMode::On, html)}, engine(html)};
@@ -223,7 +223,7 @@ double memoryInUse()
 /// time.
 void measureMemory()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     browser.setDesignMode(DesignMode::On);
     const QString html = listing(1'000'000);
     const auto lowestOfTen = [&] {

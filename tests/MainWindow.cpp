@@ -64,7 +64,7 @@ void MainWindow::type(const QString& text) const
 
 void MainWindow::typeOnSurface(const QString& text) const
 {
-    WebBrowser* surface = web->WebBrowser1;
+    DocumentSurface* surface = web->WebBrowser1;
     if (!QTest::qWaitFor([surface] { return surface->inputWidget() != nullptr; })) {
         QTest::qFail("the surface never came up", __FILE__, __LINE__);
         return;

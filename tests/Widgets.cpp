@@ -2,7 +2,7 @@
 
 #include "forms/ComboBox.h"
 #include "forms/ScrollBar.h"
-#include "web/WebBrowser.h"
+#include "web/WebControl.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -71,14 +71,14 @@ void release(ScrollBar* bar)
     QTest::mouseRelease(bar, Qt::LeftButton, {}, QPoint(bar->width() - 1, bar->height() / 2));
 }
 
-QString pageText(WebBrowser* browser)
+QString pageText(WebControl* browser)
 {
     return browser->evaluate(QStringLiteral("document.body ? document.body.textContent.trim() : ''"))
         .value_or(QVariant())
         .toString();
 }
 
-QString pageBody(WebBrowser* browser)
+QString pageBody(WebControl* browser)
 {
     return browser->evaluate(QStringLiteral("document.body ? document.body.innerHTML.trim() : ''"))
         .value_or(QVariant())

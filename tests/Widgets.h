@@ -9,7 +9,7 @@ class ComboBox;
 class QAbstractButton;
 class QWidget;
 class ScrollBar;
-class WebBrowser;
+class WebControl;
 
 // What a hand does with the program's controls, and what an eye sees in them.
 
@@ -34,6 +34,6 @@ void dragToEnd(ScrollBar* bar);
 void release(ScrollBar* bar);
 
 /// The text of the page in a rendering control, blanks at both ends left out.
-QString pageText(WebBrowser* browser);
+QString pageText(WebControl* browser);
 /// What stands inside the body of the page in a rendering control, with one line end where there are any.
-QString pageBody(WebBrowser* browser);
+QString pageBody(WebControl* browser);

@@ -11,16 +11,21 @@ class TestLayers : public QObject
 
 private slots:
     void noArrowRunsUp();
+    void placesAreThere();
 };
 
 static const QMap<QString, QStringList> Below = {
     {"platform", {}},
-    {"services", {"platform"}},
-    {"shell", {"platform", "services"}},
-    {"colour", {"platform", "services", "shell"}},
-    {"builders", {"platform", "services", "shell", "colour"}},
-    {"wizard", {"platform", "services", "shell"}},
-    {"app", {"platform", "services", "shell", "colour", "builders", "wizard"}},
+    {"forms", {"platform"}},
+    {"source", {"platform", "forms"}},
+    {"web", {"platform", "forms"}},
+    {"services", {"platform", "forms"}},
+    {"shell", {"platform", "forms", "source", "web", "services"}},
+    {"colour", {"platform", "forms", "source", "web", "services", "shell"}},
+    {"builders", {"platform", "forms", "source", "web", "services", "shell", "colour"}},
+    {"wizard", {"platform", "forms", "source", "web", "services", "shell"}},
+    {"app",
+     {"platform", "forms", "source", "web", "services", "shell", "colour", "builders", "wizard"}},
 };
 
 void TestLayers::noArrowRunsUp()
@@ -45,6 +50,33 @@ void TestLayers::noArrowRunsUp()
     }
     QVERIFY(seen > 50);
     QCOMPARE(wrong, QStringList());
+}
+
+/// What the table "Where is ...?" names is where it says.
+void TestLayers::placesAreThere()
+{
+    QFile page(QStringLiteral(SOURCE_DIR "/docs/ARCHITECTURE.md"));
+    QVERIFY(page.open(QIODevice::ReadOnly));
+    const QString text = QString::fromUtf8(page.readAll());
+    const qsizetype start = text.indexOf(QStringLiteral("## Where is ...?"));
+    QVERIFY(start >= 0);
+    const QString table = text.mid(start, text.indexOf(QStringLiteral("\n## "), start + 1) - start);
+    static const QRegularExpression row(QStringLiteral("^\\| ([^|]+) \\| ([^|]+) \\|$"),
+                                        QRegularExpression::MultilineOption);
+    static const QRegularExpression path(QStringLiteral("`([A-Za-z0-9_/.]+)`"));
+    int rows = 0;
+    for (auto rowMatch = row.globalMatch(table); rowMatch.hasNext();) {
+        const QRegularExpressionMatch cells = rowMatch.next();
+        if (cells.captured(2).startsWith(QStringLiteral("Where")))
+            continue;
+        ++rows;
+        QVERIFY2(path.match(cells.captured(2)).hasMatch(), qPrintable(cells.captured(1)));
+        for (auto match = path.globalMatch(cells.captured(2)); match.hasNext();) {
+            const QString name = match.next().captured(1);
+            QVERIFY2(QFile::exists(QStringLiteral(SOURCE_DIR "/") + name), qPrintable(name));
+        }
+    }
+    QVERIFY2(rows >= 20, qPrintable(QString::number(rows)));
 }
 
 QTEST_APPLESS_MAIN(TestLayers)

@@ -50,6 +50,7 @@ public:
 
     /// Text size in five steps, 0 smallest to 4 largest; 2 at first. Beyond: the nearest.
     using WrittenPage::setZoomLevel;
+    using WrittenPage::zoomLevel;
 
     // ---- Editing
 

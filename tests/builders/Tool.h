@@ -2,7 +2,7 @@
 
 #include "MainWindow.h"
 #include "Widgets.h"
-#include "web/WebBrowser.h"
+#include "web/WebControl.h"
 
 #include <QTest>
 

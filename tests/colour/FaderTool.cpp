@@ -9,7 +9,7 @@
 FaderTool::FaderTool()
 {
     connectOpenings(web);
-    m_reference.setKind(WebPage::Kind::Sample);
+    m_reference.setDesignMode(DesignMode::On); // no script runs
 }
 
 void FaderTool::show()
@@ -74,7 +74,7 @@ QString FaderTool::copied() const
     return Clipboard::GetText();
 }
 
-QString FaderTool::documentOf(WebBrowser& browser)
+QString FaderTool::documentOf(WebControl& browser)
 {
     return browser.evaluate(QStringLiteral("document.body ? document.body.innerHTML : ''"))
         .value_or(QVariant())

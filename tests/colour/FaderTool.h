@@ -48,7 +48,7 @@ public:
     QString copied() const;
 
 private:
-    static QString documentOf(WebBrowser& browser);
+    static QString documentOf(WebControl& browser);
 
-    WebBrowser m_reference;
+    DocumentSurface m_reference;
 };

@@ -1128,7 +1128,7 @@ void TestFader5::descriptions()
     QCOMPARE(f.source(), "<P>head</P>" + region + "\r\n<P>middle</P>" + region + "<P>end</P>");
     QCOMPARE(f.web->RichTextBox1->SelStart(), 5);
     QVERIFY(!isLoaded<Fader5>());
-    for (WebBrowser* surface : {f.web->WebBrowser1, f.web->WebBrowser3}) {
+    for (DocumentSurface* surface : {f.web->WebBrowser1, f.web->WebBrowser3}) {
         const QString html = surface->innerHtml();
         QCOMPARE(html.count(QLatin1String(">ab<")), 2);
         QVERIFY(html.contains(QLatin1String("head")) && html.contains(QLatin1String("end")));

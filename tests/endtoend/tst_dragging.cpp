@@ -271,7 +271,9 @@ void TestDragging::otherPagesTakeNothing()
     stage.folder.write(QStringLiteral("page.htm"), "<P>page");
     stage.type(QStringLiteral("<P>word"));
     const bool internet = page == QLatin1String("internet");
-    WebBrowser* browser = internet ? stage.web->WebBrowser2 : stage.web->WebBrowser3;
+    WebControl* browser = stage.web->WebBrowser3;
+    if (internet)
+        browser = stage.web->WebBrowser2;
     stage.showTab(internet ? FrmWeb::InternetTab : FrmWeb::PreviewTab);
     if (!internet)
         QTest::mouseClick(stage.web->Option2, Qt::LeftButton);
@@ -292,7 +294,7 @@ void TestDragging::designSurfaceTakesTextButNoFiles()
     stage.folder.write(QStringLiteral("page.htm"), "<P>page");
     stage.type(QStringLiteral("<P>word</P>"));
     stage.showTab(FrmWeb::PreviewTab);
-    WebBrowser* surface = stage.web->WebBrowser1;
+    DocumentSurface* surface = stage.web->WebBrowser1;
     QTRY_VERIFY(surface->inputWidget() && surface->isVisible());
     const QString before = surface->innerHtml();
     {

@@ -39,7 +39,7 @@ class Killer
 {
 public:
     /// At once every third time, and else within `microseconds`.
-    Killer(const WebBrowser* browser, int round, int microseconds = 20000)
+    Killer(const WebControl* browser, int round, int microseconds = 20000)
     {
         const auto pid = pid_t(browser->rendererPid());
         if (pid <= 0)
@@ -130,7 +130,7 @@ void TestRenderers::typedOnTheDesign()
     Patient doors;
     window.web->RichTextBox1->setText("<P>begin</P>");
     window.showTab(FrmWeb::PreviewTab);
-    WebBrowser* surface = window.web->WebBrowser1;
+    DocumentSurface* surface = window.web->WebBrowser1;
     for (int round = 1; round <= kills(); ++round) {
         const QString word = QStringLiteral("word%1.").arg(round);
         QVERIFY(surface->evaluate(
@@ -250,7 +250,7 @@ void TestRenderers::wizard()
         page1->Show();
         page1->Command1->click();
         auto* page2 = form<FrmBuild2>();
-        const auto* engine = page2->findChild<WebBrowser*>();
+        const auto* engine = page2->findChild<DocumentSurface*>();
         QVERIFY(engine);
         QTRY_VERIFY(engine->rendererPid() > 0);
         const auto told = doors.asked.size();

@@ -382,7 +382,7 @@ void TestInternet::textSizes()
 void TestInternet::progressAndStatus()
 {
     const InternetTab tab;
-    WebBrowser* browser = tab.web->WebBrowser2;
+    InternetBrowser* browser = tab.web->WebBrowser2;
     QProgressBar* bar = tab.web->ProgressBar1;
     emit browser->progressChanged(30, 60);
     QCOMPARE(bar->maximum(), 60);
@@ -467,7 +467,7 @@ void TestInternet::refusedLinks()
     const InternetTab tab;
     tab.enter(server.url(QStringLiteral("/mail")));
     QTRY_COMPARE(tab.text(), QStringLiteral("x"));
-    QSignalSpy status(tab.web->WebBrowser2, &WebBrowser::statusTextChanged);
+    QSignalSpy status(tab.web->WebBrowser2, &InternetBrowser::statusTextChanged);
     QTest::mouseClick(tab.web->WebBrowser2->inputWidget(), Qt::LeftButton, {}, QPoint(50, 50));
     QTRY_VERIFY(std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
         return arguments.first().toString() == QLatin1String("Not opened here: mailto:me@x.example");
@@ -483,7 +483,7 @@ void TestInternet::downloads()
         "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\nContent-Disposition: attachment; "
         "filename=price.exe\r\nContent-Length: 4\r\nConnection: close\r\n\r\nMZ..");
     const InternetTab tab;
-    QSignalSpy status(tab.web->WebBrowser2, &WebBrowser::statusTextChanged);
+    QSignalSpy status(tab.web->WebBrowser2, &InternetBrowser::statusTextChanged);
     tab.enter(server.url(QStringLiteral("/file")));
     QTRY_VERIFY(std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
         return arguments.first().toString() == QLatin1String("Refused: the page offers a file, price.exe");
@@ -524,7 +524,7 @@ void TestInternet::permissions()
                 "x<script>navigator.geolocation.getCurrentPosition(() => document.title = "
                 "'told', e => document.title = 'denied ' + e.code)</script>");
     const InternetTab tab;
-    QSignalSpy status(tab.web->WebBrowser2, &WebBrowser::statusTextChanged);
+    QSignalSpy status(tab.web->WebBrowser2, &InternetBrowser::statusTextChanged);
     tab.enter(server.url(QStringLiteral("/where")));
     QTRY_COMPARE(
         tab.web->WebBrowser2->evaluate(QStringLiteral("document.title")).value_or(QVariant()).toString(),
@@ -539,7 +539,7 @@ void TestInternet::certificates()
     WebServer server(WebServer::Security::Https);
     server.page(QStringLiteral("/shop"), "secret");
     const InternetTab tab;
-    QSignalSpy status(tab.web->WebBrowser2, &WebBrowser::statusTextChanged);
+    QSignalSpy status(tab.web->WebBrowser2, &InternetBrowser::statusTextChanged);
     tab.enter(server.url(QStringLiteral("/shop")));
     QTRY_VERIFY(std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
         return arguments.first().toString() ==
@@ -557,7 +557,7 @@ void TestInternet::messagesWithoutEnd()
     InternetTab tab;
     for (int i = 0; i < 10; ++i)
         tab.doors.answerMsgBox(MsgAnswer::Ok);
-    const QSignalSpy finished(tab.web->WebBrowser2, &WebBrowser::navigationFinished);
+    const QSignalSpy finished(tab.web->WebBrowser2, &InternetBrowser::navigationFinished);
     tab.enter(server.url(QStringLiteral("/alerts")));
     QTRY_COMPARE(finished.count(), 1); // asking the page meanwhile would silence it
     QCOMPARE(tab.text(), QStringLiteral("after"));

@@ -541,7 +541,7 @@ void TestJournal::readingDisturbsNoTyping()
     window.web->RichTextBox1->setText("<P>one two</P>");
     window.showTab(FrmWeb::PreviewTab);
     window.typeOnSurface(QStringLiteral("a"));
-    WebBrowser* surface = window.web->WebBrowser1;
+    DocumentSurface* surface = window.web->WebBrowser1;
     QTest::keyClick(surface->inputWidget(), Qt::Key_End, Qt::ControlModifier);
     const QString before = surface->innerHtml();
     int heard = 0;

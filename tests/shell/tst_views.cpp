@@ -3,7 +3,7 @@
 #include "WebTestMain.h"
 #include "source/RichTextBox.h"
 #include "forms/Wait.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "shell/FindBar.h"
 #include "shell/FrmWeb.h"
 
@@ -80,7 +80,7 @@ public:
     void designOff() const { choose(web->Option2); }
 
     /// The body of what a surface shows, as it prints it.
-    static QString body(WebBrowser* browser)
+    static QString body(DocumentSurface* browser)
     {
         const QString html = browser->innerHtml();
         const qsizetype start = html.indexOf(QStringLiteral("<BODY"));
@@ -104,7 +104,7 @@ public:
     }
 
     /// Ends the renderer of a surface as a crash does.
-    static void crash(WebBrowser* browser)
+    static void crash(DocumentSurface* browser)
     {
         const qint64 pid = browser->rendererPid();
         QVERIFY(pid > 0);
@@ -115,8 +115,8 @@ public:
     ScriptedDoors script;
     std::unique_ptr<FrmWeb> web;
     RichTextBox* box = nullptr;
-    WebBrowser* surface = nullptr;
-    WebBrowser* preview = nullptr;
+    DocumentSurface* surface = nullptr;
+    DocumentSurface* preview = nullptr;
 
 private:
     static void choose(OptionButton* option)
@@ -1167,7 +1167,7 @@ void TestViews::fontSizes_data()
 }
 
 /// The HTML font size of the selection on a surface.
-static QString sizeOfSelection(WebBrowser* surface)
+static QString sizeOfSelection(DocumentSurface* surface)
 {
     return surface->evaluate(QStringLiteral("document.queryCommandValue('FontSize')"))
         .value_or(QVariant())

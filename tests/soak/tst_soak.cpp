@@ -17,7 +17,7 @@
 #include "colour/FrmHR.h"
 #include "colour/color.h"
 #include "forms/Wait.h"
-#include "web/WebBrowser.h"
+#include "web/WebControl.h"
 #include "web/WebEngine.h"
 #include "shell/About.h"
 #include "shell/Find.h"
@@ -236,7 +236,7 @@ void closeForms()
 void waitForPages(QWidget* window)
 {
     bool up = QTest::qWaitForWindowExposed(window);
-    for (const auto* browser : window->findChildren<WebBrowser*>()) {
+    for (const auto* browser : window->findChildren<WebControl*>()) {
         if (browser->isVisible())
             up = up && QTest::qWaitFor([&] { return browser->rendererPid() > 0; });
     }

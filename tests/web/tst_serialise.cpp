@@ -1,5 +1,5 @@
 #include "WebTestMain.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 
 #include <QDir>
 #include <QFile>
@@ -44,12 +44,12 @@ private slots:
 private:
     QString check(const QString& call);
 
-    std::unique_ptr<WebBrowser> m_surface;
+    std::unique_ptr<DocumentSurface> m_surface;
 };
 
 void TestSerialise::initTestCase()
 {
-    m_surface = std::make_unique<WebBrowser>();
+    m_surface = std::make_unique<DocumentSurface>();
     m_surface->setDesignMode(DesignMode::On);
     m_surface->setPatience(60000); // the checks run for seconds
 }
@@ -170,7 +170,7 @@ void TestSerialise::scriptedTrees()
 
 void TestSerialise::scriptsOnKeepNoscript()
 {
-    WebBrowser preview;
+    DocumentSurface preview;
     QVERIFY(preview.write(QStringLiteral("x<noscript><b>off</b></noscript><script>x = 1</script>")));
     const QString text = body(QStringLiteral("x<NOSCRIPT><B>off</B></NOSCRIPT><SCRIPT>x = 1</SCRIPT>"));
     QCOMPARE(preview.innerHtml(), text);

@@ -2,7 +2,10 @@
 #include "WebServer.h"
 #include "WebTestMain.h"
 #include "forms/Wait.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
+#include "web/InternetBrowser.h"
+#include "web/Sample.h"
+#include "web/SurfaceScript.h"
 
 #include <QAction>
 #include <QDropEvent>
@@ -33,21 +36,27 @@ QString page(const QString& body)
            body + QStringLiteral("</BODY>");
 }
 
-void endRenderer(const WebBrowser& browser)
+void endRenderer(const WebControl& browser)
 {
     QVERIFY(browser.rendererPid() > 0);
     ::kill(static_cast<pid_t>(browser.rendererPid()), SIGKILL);
 }
 
 /// Ends the renderer as soon as events are handled, which is while the next operation waits.
-void endRendererSoon(WebBrowser& browser)
+void endRendererSoon(WebControl& browser)
 {
     QTimer::singleShot(0, &browser, [&browser] { endRenderer(browser); });
 }
 
-QString value(WebBrowser& browser, const char* script)
+QString value(WebControl& browser, const char* script)
 {
     return browser.evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
+}
+
+/// What `innerHtml` would print of a sample.
+QString printed(Sample& sample)
+{
+    return value(sample, qPrintable(surfaceCall(QStringLiteral("innerHtml(false)"))));
 }
 
 /// Whether the status line told that the document can't be left.
@@ -60,7 +69,7 @@ bool isRefused(const QSignalSpy& status)
 
 /// Whether a control says that it takes what is dragged over its middle. What is accepted is dragged away
 /// again.
-bool isTaken(const WebBrowser& browser, const QMimeData& dragged)
+bool isTaken(const WebControl& browser, const QMimeData& dragged)
 {
     QWidget* input = browser.inputWidget();
     QDragEnterEvent enter(input->rect().center(), Qt::CopyAction | Qt::MoveAction, &dragged, Qt::LeftButton,
@@ -74,7 +83,7 @@ bool isTaken(const WebBrowser& browser, const QMimeData& dragged)
 }
 
 /// Drags something over a control's middle and drops it, whatever the control says of it. True: it was taken.
-bool drop(const WebBrowser& browser, const QMimeData& dragged)
+bool drop(const WebControl& browser, const QMimeData& dragged)
 {
     QWidget* input = browser.inputWidget();
     const QPoint place = input->rect().center();
@@ -93,15 +102,8 @@ bool signWindowStands()
     return isLoaded<Wait>() && form<Wait>()->isVisible();
 }
 
-/// A sample, not shown.
-class Sample : public WebBrowser
-{
-public:
-    Sample() { setKind(WebPage::Kind::Sample); }
-};
-
 /// A design surface, not shown.
-class Surface : public WebBrowser
+class Surface : public DocumentSurface
 {
 public:
     Surface() { setDesignMode(DesignMode::On); }
@@ -187,7 +189,7 @@ void TestWebBrowser::blankSurface()
 void TestWebBrowser::writeAndReadInOneBreath()
 {
     Surface design;
-    WebBrowser preview;
+    DocumentSurface preview;
     for (int i = 0; i < 30; ++i) {
         const QString text = QStringLiteral("number %1").arg(i);
         QVERIFY(design.write(text));
@@ -199,18 +201,24 @@ void TestWebBrowser::writeAndReadInOneBreath()
 
 void TestWebBrowser::readsNothingWrongBeforeTheFirstWrite()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     QVERIFY(browser.write(QString()));
     QVERIFY(!browser.inputWidget()); // an empty document costs no renderer
-    QVERIFY(!browser.GoBack());
-    browser.Stop();
-    browser.Refresh();
     QCOMPARE(browser.innerHtml(), page(QString()));
+
+    InternetBrowser internet;
+    internet.Navigate(QStringLiteral("about:blank"));
+    QVERIFY(!internet.inputWidget());
+    QVERIFY(!internet.GoBack());
+    QVERIFY(!internet.GoForward());
+    internet.Stop();
+    internet.Refresh();
+    QVERIFY(!internet.inputWidget());
 }
 
 void TestWebBrowser::designModeKeepsTheDocument()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     QCOMPARE(browser.designMode(), DesignMode::Off);
     QVERIFY(browser.write(QStringLiteral("<b>x</b>")));
     browser.setDesignMode(DesignMode::On);
@@ -223,7 +231,7 @@ void TestWebBrowser::designModeKeepsTheDocument()
 void TestWebBrowser::scriptsRunInThePreviewOnly()
 {
     const QString html = QStringLiteral("<script>let once = 1; document.title = 'ran'</script>x");
-    WebBrowser browser;
+    DocumentSurface browser;
     for (int i = 0; i < 3; ++i) { // each time in a realm of its own
         QVERIFY(browser.write(html));
         QCOMPARE(value(browser, "document.title"), QStringLiteral("ran"));
@@ -279,7 +287,7 @@ void TestWebBrowser::editsAreHeardOfOnce()
 
 void TestWebBrowser::editsOfOtherSurfacesAreNotHeardOf()
 {
-    WebBrowser preview;
+    DocumentSurface preview;
     bool heard = false;
     QVERIFY(preview.write(QStringLiteral("<p>one<script>document.body.append('two')</script>")));
     QVERIFY(preview.evaluate(QStringLiteral("document.body.append('three'); 1")));
@@ -510,8 +518,8 @@ void TestWebBrowser::keysOfTheProgram()
     ScriptedDoors desktop;
     Surface surface(QStringLiteral("<p>abc def"));
     SHOW_FOR_TYPING(surface, surface);
-    QSignalSpy links(&surface, &WebBrowser::linkRequested);
-    QSignalSpy finds(&surface, &WebBrowser::findRequested);
+    QSignalSpy links(&surface, &DocumentSurface::linkRequested);
+    QSignalSpy finds(&surface, &DocumentSurface::findRequested);
     QTest::keyClick(surface.inputWidget(), Qt::Key_K, Qt::ControlModifier);
     QTRY_COMPARE(links.count(), 1);
     QTest::keyClick(surface.inputWidget(), Qt::Key_F, Qt::ControlModifier);
@@ -572,8 +580,8 @@ void TestWebBrowser::accessKeysOfTheWindow()
 void TestWebBrowser::sentKeys()
 {
     Surface surface;
-    QSignalSpy links(&surface, &WebBrowser::linkRequested);
-    QSignalSpy finds(&surface, &WebBrowser::findRequested);
+    QSignalSpy links(&surface, &DocumentSurface::linkRequested);
+    QSignalSpy finds(&surface, &DocumentSurface::findRequested);
     surface.sendKeys(QStringLiteral("^k"));
     QCOMPARE(links.count(), 1);
     surface.sendKeys(QStringLiteral("^f"));
@@ -586,7 +594,7 @@ void TestWebBrowser::sentKeys()
 void TestWebBrowser::rendererEndsBetween()
 {
     Surface surface(QStringLiteral("<p>a"));
-    QSignalSpy died(&surface, &WebBrowser::rendererDied);
+    QSignalSpy died(&surface, &DocumentSurface::rendererDied);
     endRenderer(surface);
     QTRY_COMPARE(died.count(), 1);
     QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost);
@@ -601,7 +609,7 @@ void TestWebBrowser::rendererEndsOnShow()
     Surface surface;
     surface.resize(400, 300);
     surface.show();
-    QSignalSpy died(&surface, &WebBrowser::rendererDied);
+    QSignalSpy died(&surface, &DocumentSurface::rendererDied);
     QVERIFY(QTest::qWaitForWindowExposed(&surface));
     QTRY_VERIFY(surface.rendererPid() > 0);
     endRenderer(surface);
@@ -612,7 +620,7 @@ void TestWebBrowser::rendererEndsOnShow()
 void TestWebBrowser::rendererEndsDuringRead()
 {
     Surface surface(QStringLiteral("<p>word ").repeated(100000));
-    QSignalSpy died(&surface, &WebBrowser::rendererDied);
+    QSignalSpy died(&surface, &DocumentSurface::rendererDied);
     endRendererSoon(surface);
     QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost);
     QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost); // not the empty document either
@@ -625,7 +633,7 @@ void TestWebBrowser::rendererEndsDuringRead()
 void TestWebBrowser::rendererEndsDuringWrite()
 {
     Surface surface(QStringLiteral("x"));
-    QSignalSpy died(&surface, &WebBrowser::rendererDied);
+    QSignalSpy died(&surface, &DocumentSurface::rendererDied);
     endRendererSoon(surface);
     const QString html = QStringLiteral("<P>word</P>\r\n").repeated(50000);
     QVERIFY(surface.write(html)); // in a new one
@@ -635,10 +643,10 @@ void TestWebBrowser::rendererEndsDuringWrite()
 
 void TestWebBrowser::endlessScript()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     QVERIFY(browser.write(QStringLiteral("x")));
     browser.setPatience(1500);
-    QSignalSpy died(&browser, &WebBrowser::rendererDied);
+    QSignalSpy died(&browser, &DocumentSurface::rendererDied);
     QElapsedTimer clock;
     clock.start();
     QVERIFY(!browser.write(QStringLiteral("<script>for (;;);</script>")));
@@ -660,7 +668,7 @@ const QString Hangs =
 
 void TestWebBrowser::endlessTask()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     QVERIFY(browser.write(Hangs));
     browser.setPatience(1500);
     const auto isLost = [&] {
@@ -679,10 +687,10 @@ void TestWebBrowser::endlessTask()
 
 void TestWebBrowser::endlessTaskBeforeACommand()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     QVERIFY(browser.write(Hangs));
     browser.setPatience(1500);
-    QSignalSpy died(&browser, &WebBrowser::rendererDied);
+    QSignalSpy died(&browser, &DocumentSurface::rendererDied);
     const auto hasDied = [&] {
         browser.execCommand(QStringLiteral("Bold"));
         return died.count() == 1;
@@ -694,7 +702,7 @@ void TestWebBrowser::endlessTaskBeforeACommand()
 void TestWebBrowser::scriptMessages()
 {
     ScriptedDoors desktop;
-    WebBrowser browser;
+    DocumentSurface browser;
     // While the page is written nobody is asked...
     QVERIFY(browser.write(QStringLiteral("<script>alert(1); confirm(2); prompt(3)</script>ok")));
     QVERIFY(browser.innerHtml().endsWith(QStringLiteral(">ok</BODY>")));
@@ -717,7 +725,7 @@ void TestWebBrowser::scriptMessages()
 void TestWebBrowser::messagesWithoutEnd()
 {
     ScriptedDoors desktop;
-    WebBrowser browser;
+    DocumentSurface browser;
     for (int i = 0; i < 10; ++i)
         desktop.answerMsgBox(MsgAnswer::Ok);
     QVERIFY(browser.write(
@@ -730,7 +738,7 @@ void TestWebBrowser::messagesWithoutEnd()
 
 void TestWebBrowser::hiddenMethods()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     const QString html = QStringLiteral(
         "<SCRIPT>document.open = document.write = document.close = null; "
         "Document.prototype.write = Element.prototype.closest = null; getSelection = null</SCRIPT>"
@@ -794,7 +802,7 @@ void TestWebBrowser::filesAreRefused()
 {
     Files files;
     files.put("frame.htm", "<script>parent.postMessage('frame', '*')</script>");
-    WebBrowser browser;
+    DocumentSurface browser;
     // Each thing that is refused adds a letter to the title, each that is loaded a "!".
     QVERIFY(browser.write(
         QStringLiteral("<script>const say = text => document.title += text; onmessage = () => say('!'); "
@@ -812,34 +820,58 @@ void TestWebBrowser::filesAreRefused()
 
 void TestWebBrowser::drops_data()
 {
-    QTest::addColumn<WebPage::Kind>("kind");
-    QTest::addColumn<DesignMode>("mode");
+    using Make = std::function<WebControl*(const QString& html, WebServer& server)>;
+    const auto surface = [](DesignMode mode) -> Make {
+        return [mode](const QString& html, WebServer&) {
+            auto* made = new DocumentSurface;
+            made->setDesignMode(mode);
+            made->write(html);
+            return made;
+        };
+    };
+    const auto sample = [](DesignMode mode) -> Make {
+        return [mode](const QString& html, WebServer&) {
+            auto* made = new Sample;
+            made->setDesignMode(mode);
+            made->writeSoon(html);
+            return made;
+        };
+    };
+    const Make internet = [](const QString& html, WebServer& server) {
+        server.page(QStringLiteral("/page.htm"), html.toUtf8());
+        auto* made = new InternetBrowser;
+        made->Navigate(server.url(QStringLiteral("/page.htm")));
+        return made;
+    };
+    QTest::addColumn<Make>("make");
     QTest::addColumn<bool>("takesText");
-    QTest::newRow("design surface") << WebPage::Kind::Document << DesignMode::On << true;
-    QTest::newRow("preview") << WebPage::Kind::Document << DesignMode::Off << false;
-    QTest::newRow("sample") << WebPage::Kind::Sample << DesignMode::Off << false;
-    QTest::newRow("sample in design mode") << WebPage::Kind::Sample << DesignMode::On << false;
-    QTest::newRow("internet") << WebPage::Kind::Internet << DesignMode::Off << false;
+    QTest::newRow("design surface") << surface(DesignMode::On) << true;
+    QTest::newRow("preview") << surface(DesignMode::Off) << false;
+    QTest::newRow("sample") << sample(DesignMode::Off) << false;
+    QTest::newRow("sample in design mode") << sample(DesignMode::On) << false;
+    QTest::newRow("internet") << internet << false;
 }
 
 /// Files and addresses are dropped nowhere, text on design surfaces alone.
 void TestWebBrowser::drops()
 {
-    QFETCH(WebPage::Kind, kind);
-    QFETCH(DesignMode, mode);
+    using Make = std::function<WebControl*(const QString& html, WebServer& server)>;
+    QFETCH(Make, make);
     QFETCH(bool, takesText);
     Files files;
-    WebBrowser browser;
-    browser.setKind(kind);
-    browser.setDesignMode(mode);
+    WebServer server;
+    // The page would take and read whatever reaches it.
+    const std::unique_ptr<WebControl> control(make(
+        QStringLiteral("<BODY style='height: 150px' ondragover='event.preventDefault()' "
+                       "ondrop='event.preventDefault(); document.body.textContent = \"dropped\"'><P>page</BODY>"),
+        server));
+    WebControl& browser = *control;
     browser.resize(300, 200);
     browser.show();
-    // The page would take and read whatever reaches it.
-    QVERIFY(browser.write(QStringLiteral(
-        "<BODY style='height: 150px' ondragover='event.preventDefault()' "
-        "ondrop='event.preventDefault(); document.body.textContent = \"dropped\"'><P>page</BODY>")));
     QTRY_VERIFY(browser.inputWidget());
+    QTRY_COMPARE(value(browser, "document.body.textContent"), QStringLiteral("page"));
     const QString before = value(browser, "document.body.innerHTML");
+    const QString place = value(browser, "document.URL");
 
     QMimeData file;
     file.setUrls({QUrl(files.url("page.htm"))});
@@ -861,7 +893,7 @@ void TestWebBrowser::drops()
         QVERIFY(!drop(browser, text));
     QVERIFY(!drop(browser, file));
     QCOMPARE(value(browser, "document.body.innerHTML"), before);
-    QCOMPARE(value(browser, "document.URL"), QStringLiteral("surface:blank"));
+    QCOMPARE(value(browser, "document.URL"), place);
 }
 
 void TestWebBrowser::dropOfTextOnADesignSurface()
@@ -892,8 +924,8 @@ void TestWebBrowser::documentsStay_data()
 void TestWebBrowser::documentsStay()
 {
     QFETCH(QString, html);
-    WebBrowser browser;
-    QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
+    DocumentSurface browser;
+    QSignalSpy status(&browser, &DocumentSurface::statusTextChanged);
     QVERIFY(browser.write(html));
     QTRY_VERIFY(isRefused(status));
     QTest::qWait(100); // for the page that should not come
@@ -904,14 +936,14 @@ void TestWebBrowser::documentsStay()
 void TestWebBrowser::linksDontLeave()
 {
     for (const DesignMode mode : {DesignMode::Off, DesignMode::On}) {
-        WebBrowser browser;
+        DocumentSurface browser;
         browser.setDesignMode(mode);
         browser.resize(400, 300);
         browser.show();
         QVERIFY(QTest::qWaitForWindowExposed(&browser));
         QVERIFY(browser.write(QStringLiteral("<body style='margin: 0'><a href='http://away.invalid/' "
                                              "style='display: block; height: 200px'>link</a>")));
-        QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
+        QSignalSpy status(&browser, &DocumentSurface::statusTextChanged);
         const auto click = [&] {
             QTest::mouseClick(browser.inputWidget(), Qt::LeftButton, Qt::NoModifier, QPoint(50, 50));
             QTest::qWait(100);
@@ -929,7 +961,7 @@ void TestWebBrowser::linksDontLeave()
 void TestWebBrowser::windowsAndDownloads()
 {
     const qsizetype windows = QApplication::topLevelWidgets().size();
-    WebBrowser browser;
+    DocumentSurface browser;
     QVERIFY(browser.write(
         QStringLiteral("<a download=x.txt href='data:text/plain,x'>x</a><script>document.title = "
                        "String(open('about:blank')); document.links[0].click()</script>")));
@@ -946,17 +978,18 @@ void TestWebBrowser::navigation()
     WebServer server;
     server.page(QStringLiteral("/a.htm"), "first");
     server.page(QStringLiteral("/b.htm"), "second");
-    WebBrowser browser;
-    browser.setKind(WebPage::Kind::Internet);
-    QSignalSpy finished(&browser, &WebBrowser::navigationFinished);
-    QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
-    QSignalSpy progress(&browser, &WebBrowser::progressChanged);
+    InternetBrowser browser;
+    QSignalSpy finished(&browser, &InternetBrowser::navigationFinished);
+    QSignalSpy status(&browser, &InternetBrowser::statusTextChanged);
+    QSignalSpy progress(&browser, &InternetBrowser::progressChanged);
     const auto text = [&] { return value(browser, "document.body.innerText").trimmed(); };
     const auto done = [&](int count) {
         return finished.count() == count && finished.last().first().toBool();
     };
 
-    QVERIFY(browser.write(QStringLiteral("blank")));
+    browser.show();
+    QTRY_COMPARE(value(browser, "document.URL"), QStringLiteral("surface:blank"));
+    QCOMPARE(status.count() + finished.count(), 0); // nobody asked for that one
     browser.Navigate(server.url(QStringLiteral("/a.htm")));
     QTRY_VERIFY(done(1));
     QCOMPARE(text(), QStringLiteral("first"));
@@ -991,7 +1024,7 @@ void TestWebBrowser::navigationAndWrite()
         QTest::qWait(50);
         QCOMPARE(surface.innerHtml(), page(QStringLiteral("mine")));
     }
-    QSignalSpy finished(&surface, &WebBrowser::navigationFinished);
+    QSignalSpy finished(&surface, &DocumentSurface::navigationFinished);
     surface.Navigate(files.url("page.htm"));
     QTRY_COMPARE(finished.count(), 1);
     QVERIFY(surface.innerHtml().contains(QStringLiteral("secret")));
@@ -1001,13 +1034,13 @@ void TestWebBrowser::navigationAndWrite()
 
 void TestWebBrowser::addresses()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     QVERIFY(browser.write(QStringLiteral("x")));
-    QSignalSpy status(&browser, &WebBrowser::statusTextChanged);
+    QSignalSpy status(&browser, &DocumentSurface::statusTextChanged);
     browser.Navigate(QStringLiteral("javascript:document.title='ran'"));
     QCOMPARE(status.count(), 1);
     QCOMPARE(value(browser, "document.title"), QString());
-    QSignalSpy finished(&browser, &WebBrowser::navigationFinished);
+    QSignalSpy finished(&browser, &DocumentSurface::navigationFinished);
     browser.Navigate(QStringLiteral("/no/such/file.htm"));
     QTRY_COMPARE(finished.count(), 1);
     QVERIFY(!finished.first().first().toBool());
@@ -1015,7 +1048,7 @@ void TestWebBrowser::addresses()
 
 void TestWebBrowser::zoom()
 {
-    WebBrowser browser;
+    DocumentSurface browser;
     browser.resize(400, 300);
     browser.show();
     QVERIFY(browser.write(QStringLiteral("x")));
@@ -1089,7 +1122,7 @@ void TestWebBrowser::signsGoWithTheControl()
 
 void TestWebBrowser::severalAtOnce()
 {
-    WebBrowser first;
+    DocumentSurface first;
     Surface second;
     QVERIFY(first.write(
         QStringLiteral("<script>onmessage = () => { for (;;); }; postMessage('', '*')</script>")));
@@ -1104,7 +1137,7 @@ void TestWebBrowser::samplesShowTheLastPage()
     Sample sample;
     for (int i = 0; i < 100; ++i)
         sample.writeSoon(QStringLiteral("<P>%1</P>").arg(i));
-    QCOMPARE(sample.innerHtml(), page(QStringLiteral("\r\n<P>99</P>")));
+    QTRY_COMPARE(printed(sample), page(QStringLiteral("\r\n<P>99</P>")));
 
     // No one asks: the page is there all the same, and many more came than the engine was given.
     sample.evaluate(
@@ -1115,10 +1148,6 @@ void TestWebBrowser::samplesShowTheLastPage()
     QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("now 99"));
     const int pages = value(sample, "String(globalThis.pages)").toInt();
     QVERIFY2(pages >= 1 && pages <= 10, qPrintable(QString::number(pages)));
-
-    sample.writeSoon(QStringLiteral("late"));
-    QVERIFY(sample.write(QStringLiteral("later")));
-    QCOMPARE(sample.innerHtml(), page(QStringLiteral("later")));
 }
 
 void TestWebBrowser::samplesRunNoScripts()
@@ -1126,9 +1155,7 @@ void TestWebBrowser::samplesRunNoScripts()
     Sample sample;
     const QString html = QStringLiteral("<SCRIPT>document.title = 'ran'</SCRIPT><P>x</P>");
     sample.writeSoon(html);
-    QVERIFY(sample.innerHtml().contains(html.left(20)));
-    QCOMPARE(value(sample, "document.title"), QString());
-    QVERIFY(sample.write(html));
+    QTRY_VERIFY(printed(sample).contains(html.left(20)));
     QCOMPARE(value(sample, "document.title"), QString());
     QCOMPARE(value(sample, "document.designMode"), QStringLiteral("off"));
 }
@@ -1137,8 +1164,8 @@ void TestWebBrowser::samplesSurviveTheirRenderer()
 {
     Sample sample;
     sample.writeSoon(QStringLiteral("before"));
-    QCOMPARE(sample.innerHtml(), page(QStringLiteral("before")));
-    QSignalSpy died(&sample, &WebBrowser::rendererDied);
+    QTRY_COMPARE(printed(sample), page(QStringLiteral("before")));
+    QSignalSpy died(&sample, &Sample::rendererDied);
     endRenderer(sample);
     sample.writeSoon(QStringLiteral("between"));
     sample.writeSoon(QStringLiteral("after"));
@@ -1159,7 +1186,7 @@ void TestWebBrowser::samplesComeBack()
     sample.writeSoon(QStringLiteral("kept"));
     for (int round = 0; round < 3; ++round) {
         QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("kept"));
-        QSignalSpy died(&sample, &WebBrowser::rendererDied);
+        QSignalSpy died(&sample, &Sample::rendererDied);
         endRenderer(sample);
         QTRY_VERIFY(!died.isEmpty());
     }
@@ -1179,8 +1206,8 @@ void TestWebBrowser::samplesChangeWhileTheEngineStarts()
         sample.writeSoon(QStringLiteral("new"));
     });
     bar.start(0);
-    QVERIFY(sample.write(QStringLiteral("old")));
-    QVERIFY(!bar.isActive());
+    sample.writeSoon(QStringLiteral("old"));
+    QTRY_VERIFY(!bar.isActive());
     QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("new"));
 }
 
@@ -1189,13 +1216,13 @@ void TestWebBrowser::samplesInDesignMode()
     Sample sample;
     sample.setDesignMode(DesignMode::On);
     sample.writeSoon(QStringLiteral("one"));
-    QCOMPARE(sample.innerHtml(), page(QStringLiteral("one")));
+    QTRY_COMPARE(printed(sample), page(QStringLiteral("one")));
     QCOMPARE(value(sample, "document.designMode"), QStringLiteral("on"));
     sample.writeSoon(QStringLiteral("two"));
     QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("two"));
     sample.setDesignMode(DesignMode::Off);
-    QCOMPARE(sample.innerHtml(), page(QStringLiteral("two")));
-    QCOMPARE(value(sample, "document.designMode"), QStringLiteral("off"));
+    QTRY_COMPARE(value(sample, "document.designMode"), QStringLiteral("off"));
+    QTRY_COMPARE(printed(sample), page(QStringLiteral("two")));
 }
 
 void TestWebBrowser::deletedSample()
@@ -1207,7 +1234,7 @@ void TestWebBrowser::deletedSample()
     for (const int turns : {0, 1, 2}) {
         auto* another = new Sample;
         another->writeSoon(QStringLiteral("x"));
-        another->innerHtml();
+        QTRY_VERIFY(!printed(*another).isEmpty());
         another->writeSoon(QStringLiteral("y"));
         for (int i = 0; i < turns; ++i)
             QCoreApplication::processEvents();
@@ -1218,8 +1245,8 @@ void TestWebBrowser::deletedSample()
 
 void TestWebBrowser::formUnloadedWhileWaiting()
 {
-    auto* browser = new WebBrowser;
-    const QPointer<WebBrowser> alive(browser);
+    auto* browser = new DocumentSurface;
+    const QPointer<DocumentSurface> alive(browser);
     QVERIFY(browser->write(QStringLiteral("x")));
     QTimer::singleShot(20, browser, &QObject::deleteLater);
     QElapsedTimer waited;

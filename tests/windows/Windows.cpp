@@ -66,7 +66,7 @@ F* tool(MainWindow& main, int toolbarIndex)
 }
 
 /// Waits until a surface shows a text.
-void waitForText(WebBrowser* surface, const QString& text)
+void waitForText(DocumentSurface* surface, const QString& text)
 {
     if (!QTest::qWaitFor([&] { return surface->innerHtml().contains(text); }, Patience))
         QTest::qFail("the page does not come up", __FILE__, __LINE__);

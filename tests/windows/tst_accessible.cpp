@@ -11,7 +11,7 @@
 #include "colour/FrmHR.h"
 #include "forms/OptionButton.h"
 #include "forms/ScrollBar.h"
-#include "web/WebBrowser.h"
+#include "web/WrittenPage.h"
 #include "shell/Find.h"
 #include "wizard/PageDrawing.h"
 
@@ -92,7 +92,7 @@ void collect(QAccessibleInterface* face, QList<QAccessibleInterface*>& found)
     if (!face || face->state().invisible)
         return;
     found.append(face);
-    if (qobject_cast<WebBrowser*>(face->object()))
+    if (qobject_cast<WebControl*>(face->object()))
         return;
     for (int i = 0; i < face->childCount(); ++i)
         collect(face->child(i), found);
@@ -136,7 +136,9 @@ QAccessible::Role expectedRole(QWidget* widget)
         {"QToolButton", QAccessible::Button},
         {"RichTextBox", QAccessible::EditableText},
         {"ScrollBar", QAccessible::Slider},
-        {"WebBrowser", QAccessible::Grouping},
+        {"DocumentSurface", QAccessible::Grouping},
+        {"InternetBrowser", QAccessible::Grouping},
+        {"Sample", QAccessible::Grouping},
     };
     return roles.value(widget->metaObject()->className(), QAccessible::NoRole);
 }
@@ -147,16 +149,16 @@ QAccessible::Role expectedRole(QWidget* widget)
 QWidget* controlInHand()
 {
     QWidget* widget = QApplication::focusWidget();
-    auto* page = ancestor<WebBrowser>(widget);
+    auto* page = ancestor<WebControl>(widget);
     return page ? page : widget;
 }
 
 bool takesTab(QWidget* window, QWidget* widget)
 {
-    if (auto* page = qobject_cast<WebBrowser*>(widget))
+    if (auto* page = qobject_cast<WebControl*>(widget))
         return page->isVisibleTo(window);
     return widget->isVisibleTo(window) && widget->isEnabled() && widget->focusPolicy() & Qt::TabFocus &&
-           !widget->focusProxy() && !ancestor<WebBrowser>(widget);
+           !widget->focusProxy() && !ancestor<WebControl>(widget);
 }
 
 QSet<QWidget*> tabControls(QWidget* window)
@@ -185,14 +187,14 @@ QSet<QWidget*> optionsWith(QWidget* widget)
 /// Editors keep the Tab key for the text.
 bool keepsTab(QWidget* widget)
 {
-    const auto* page = qobject_cast<WebBrowser*>(widget);
+    const auto* page = qobject_cast<WrittenPage*>(widget);
     return qobject_cast<RichTextBox*>(widget) || (page && page->designMode() == DesignMode::On);
 }
 
 /// Where the focus is within a page.
 QVariant placeInPage(QWidget* control)
 {
-    auto* page = qobject_cast<WebBrowser*>(control);
+    auto* page = qobject_cast<WebControl*>(control);
     return page ? page->evaluate(QStringLiteral("[...document.all].indexOf(document.activeElement)"))
                       .value_or(QVariant())
                 : QVariant();
@@ -304,10 +306,10 @@ void TestAccessible::controlsAreTold()
             const QAccessible::Role role = expectedRole(widget);
             if (role != QAccessible::NoRole && face->role() != role)
                 faults.append(QStringLiteral("%1: role %2").arg(called(widget)).arg(face->role()));
-            if (widget->focusProxy() && !qobject_cast<WebBrowser*>(widget))
+            if (widget->focusProxy() && !qobject_cast<WebControl*>(widget))
                 continue;
         }
-        const bool page = qobject_cast<WebBrowser*>(widget);
+        const bool page = qobject_cast<WebControl*>(widget);
         if ((!face->state().focusable && !page) || isEntry(face))
             continue;
         ++m_controls;

@@ -1,7 +1,7 @@
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "Windows.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "shell/FrmHelp.h"
 
 #include <QAbstractButton>
@@ -506,7 +506,7 @@ void TestHelp::linkOutOfTheSearch()
 void TestHelp::withoutScripts()
 {
     const ProgramFolder folder;
-    WebBrowser surface;
+    DocumentSurface surface;
     surface.resize(820, 620);
     surface.setDesignMode(DesignMode::On); // no script of a page runs there
     surface.show();

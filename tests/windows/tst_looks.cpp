@@ -54,7 +54,7 @@ QList<QWidget*> seenControls(QWidget* window)
             continue;
         seen << child;
         const bool whole = qobject_cast<QComboBox*>(child) || qobject_cast<QAbstractButton*>(child) ||
-                           child->inherits("WebBrowser") || child->inherits("QAbstractScrollArea") ||
+                           child->inherits("WebControl") || child->inherits("QAbstractScrollArea") ||
                            child->inherits("QTabBar");
         if (!whole)
             seen << seenControls(child);
@@ -90,7 +90,7 @@ int missingWidth(const QWidget* widget)
 bool meantToOverlap(const QWidget* over, const QWidget* under)
 {
     if (over->inherits("FindBar"))
-        return under->inherits("WebBrowser");
+        return under->inherits("WebControl");
     const auto* frame = qobject_cast<const QGroupBox*>(under);
     return frame && over->inherits("QCheckBox") && frame->title().startsWith(u' ');
 }

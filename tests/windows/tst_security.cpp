@@ -261,7 +261,7 @@ void addPages()
 }
 
 /// Waits until a surface has loaded all that its page names, and a little for what comes later.
-void settle(WebBrowser* surface, Traps& traps)
+void settle(WebControl* surface, Traps& traps)
 {
     static int number = 0;
     for (int round = 0; round < 2; ++round) {
@@ -312,7 +312,7 @@ public:
         return form<F>();
     }
     /// What a surface did since the window came up.
-    QString sprungOn(WebBrowser* surface)
+    QString sprungOn(WebControl* surface)
     {
         settle(surface, traps);
         return lines(traps.takeSprung());
@@ -536,7 +536,7 @@ void TestSecurity::pictureTool()
     auto* tool = main.tool<Pics>(19);
     overtype(tool->Text1, fragment(main.traps, QStringLiteral("pics"), QStringLiteral("x\">")));
     QTest::keyClick(tool->Text1, Qt::Key_Return);
-    QTRY_VERIFY(tool->WebBrowser1->innerHtml().contains(QStringLiteral("<IFRAME")));
+    QTRY_VERIFY(pageBody(tool->WebBrowser1).contains(QStringLiteral("<iframe")));
     QCOMPARE(main.sprungOn(tool->WebBrowser1), QString());
     click(tool->Command4);
     QVERIFY(main.source().contains("<iframe"));
@@ -655,7 +655,7 @@ void TestSecurity::links()
     main.folder.write(QStringLiteral("sent.htm"), html.toUtf8());
     main.open(main.folder.path(QStringLiteral("sent.htm")));
     main.showTab(FrmWeb::PreviewTab);
-    for (WebBrowser* surface : {main.web->WebBrowser1, main.web->WebBrowser3}) {
+    for (DocumentSurface* surface : {main.web->WebBrowser1, main.web->WebBrowser3}) {
         if (surface == main.web->WebBrowser3)
             click(main.web->Option2);
         settle(surface, main.traps);
@@ -813,7 +813,7 @@ void TestSecurity::framesOfTheInternet()
     main.traps.takeSprung();
     main.web->WebBrowser2->Navigate(main.traps.arm("outer", "{seen}"));
     QTRY_VERIFY(main.traps.wasSeen(QStringLiteral("outer")));
-    const QSignalSpy status(main.web->WebBrowser2, &WebBrowser::statusTextChanged);
+    const QSignalSpy status(main.web->WebBrowser2, &InternetBrowser::statusTextChanged);
     // The frame comes up later than its page.
     QTRY_VERIFY_WITH_TIMEOUT(
         [&] {

@@ -4,7 +4,7 @@
 #include "source/RichTextBox.h"
 #include "platform/RuntimeError.h"
 #include "forms/Wait.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "shell/FrmWeb.h"
 #include "shell/Generator.h"
 #include "shell/Regions.h"
@@ -652,10 +652,10 @@ void TestFrmBuild2::previewLeavesTheRegionButtons()
 void TestFrmBuild2::lostEngineIsMadeAnew()
 {
     auto* page = openPage2();
-    const QList<WebBrowser*> browsers = page->findChildren<WebBrowser*>();
+    const QList<DocumentSurface*> browsers = page->findChildren<WebControl*>();
     QCOMPARE(browsers.size(), 1);
     QTRY_VERIFY(browsers.front()->rendererPid() != 0); // warmed up behind the first picture
-    QSignalSpy died(browsers.front(), &WebBrowser::rendererDied);
+    QSignalSpy died(browsers.front(), &DocumentSurface::rendererDied);
     ::kill(pid_t(browsers.front()->rendererPid()), SIGKILL);
     QTRY_COMPARE(died.size(), 1);
     click(page->Command23);

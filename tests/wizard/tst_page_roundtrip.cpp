@@ -1,6 +1,6 @@
 #include "SampleListing.h"
 #include "WebTestMain.h"
-#include "web/WebBrowser.h"
+#include "web/DocumentSurface.h"
 #include "services/Markers.h"
 
 #include <QRegularExpression>
@@ -19,12 +19,12 @@ private slots:
 private:
     QString read(const QString& page);
 
-    WebBrowser* m_surface = nullptr;
+    DocumentSurface* m_surface = nullptr;
 };
 
 void TestPageRoundtrip::initTestCase()
 {
-    m_surface = new WebBrowser;
+    m_surface = new DocumentSurface;
     m_surface->setDesignMode(DesignMode::On);
 }
 
