@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/WaitCursor.h"
+#include "source/ByteMap.h"
+#include "source/TextColors.h"
 #include "source/TextEncoding.h"
 #include "source/TextSearch.h"
-#include "platform/WaitCursor.h"
 
 #include <Qsci/qsciscintillabase.h>
 
@@ -12,7 +14,6 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
-#include <vector>
 
 class QLabel;
 
@@ -76,10 +77,10 @@ public:
     QFont textFont() const { return m_textFont; }
     void setTextFont(const QFont& font);
 
-    TextEncoding textEncoding() const { return m_encoding; }
+    TextEncoding textEncoding() const { return m_map.encoding(); }
     /// The bytes that a text takes in this document, and the text of some of its bytes.
-    QByteArray encode(const QString& text) const { return ::encode(text, m_encoding); }
-    QString decode(const QByteArray& bytes) const { return ::decode(bytes, m_encoding); }
+    QByteArray encode(const QString& text) const { return ::encode(text, textEncoding()); }
+    QString decode(const QByteArray& bytes) const { return ::decode(bytes, textEncoding()); }
 
     /// Makes all edits of its lifetime one step of undo.
     class UndoGroup
@@ -138,23 +139,7 @@ protected:
 private:
     class Step;
 
-    /// A stretch of text. The component holds the text as UTF-8 in either encoding, so its positions (called
-    /// inner here) are the document's own only in a UTF-8 document.
-    struct Range
-    {
-        qsizetype start = 0;
-        qsizetype length = 0;
-
-        qsizetype end() const { return start + length; }
-        bool operator==(const Range&) const = default;
-    };
-
-    /// A stretch of one colour, as the component holds it: 0 where none was set.
-    struct ColorRun
-    {
-        Range range;
-        int value = 0;
-    };
+    using Range = TextRange;
 
     /// The hourglass, if the work is on so much text that a person sees it take time; the length of the text
     /// in the box, or one that is given, decides.
@@ -165,8 +150,6 @@ private:
 
     QByteArrayView innerText() const;
     qsizetype innerLength() const;
-    QByteArray toInner(const QByteArray& bytes) const;
-    QByteArray fromInner(QByteArrayView text) const;
     qsizetype toInner(qsizetype position) const;
     qsizetype fromInner(qsizetype position) const;
 
@@ -176,8 +159,6 @@ private:
     void selectInner(Range range);
     void replaceInner(Range range, const QByteArray& text);
     void setEncoding(TextEncoding encoding);
-    std::vector<ColorRun> colorsIn(Range range) const;
-    void paintColor(Range range, int value);
     void scrollToCaretSoon();
     void scrollToCaret();
 
@@ -194,7 +175,6 @@ private:
 
     void run(unsigned command);
     void pasteFrom(const QMimeData* source);
-    QByteArray insertable(const QMimeData* source) const;
     std::unique_ptr<QMimeData> selectionData() const;
     bool leave(bool next);
     void answerDrag(QDropEvent* event);
@@ -209,17 +189,10 @@ private:
     void showPreedit(const QString& text);
     QPoint caretPoint() const;
 
-    TextEncoding m_encoding = TextEncoding::Utf8;
+    ByteMap m_map;
+    TextColors m_colors;
     int m_backColor = 0xFFFFFF;
     QFont m_textFont;
-
-    /// A place whose position is known on both sides; places of a Western text are counted from here.
-    struct Mark
-    {
-        qsizetype inner = 0;
-        qsizetype outer = 0;
-    };
-    mutable Mark m_mark;
 
     bool m_overtyping = false; // a step of undo is open
     int m_steps = 0;           // how many changes are under way, one inside another

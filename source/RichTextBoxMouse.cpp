@@ -1,0 +1,188 @@
+// The mouse on the source box: clicks, drags and the context menu.
+
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "source/RichTextBoxStep.h"
+#include "source/SourceClip.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMouseEvent>
+#include <QPointer>
+#include <array>
+#include <utility>
+
+namespace {
+
+/// Ctrl or Alt with the mouse would select a rectangle.
+void dropRectangleKeys(QMouseEvent* event)
+{
+    event->setModifiers(event->modifiers() & ~(Qt::ControlModifier | Qt::AltModifier));
+}
+
+} // namespace
+
+void RichTextBox::mousePressEvent(QMouseEvent* event)
+{
+    Step step(this);
+    if (event->button() == Qt::LeftButton)
+        m_leftPressed = true;
+    if (event->button() == Qt::MiddleButton) {
+        if (!QApplication::clipboard()->supportsSelection())
+            return;
+        const QPoint point = event->position().toPoint();
+        selectInner({send(SCI_POSITIONFROMPOINT, point.x(), point.y()), 0});
+        pasteFrom(QApplication::clipboard()->mimeData(QClipboard::Selection));
+        return;
+    }
+    dropRectangleKeys(event);
+    QsciScintillaBase::mousePressEvent(event);
+}
+
+void RichTextBox::mouseMoveEvent(QMouseEvent* event)
+{
+    Step step(this);
+    dropRectangleKeys(event);
+    QsciScintillaBase::mouseMoveEvent(event);
+}
+
+void RichTextBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    {
+        Step step(this);
+        dropRectangleKeys(event);
+        QsciScintillaBase::mouseReleaseEvent(event);
+    }
+    const bool click = event->button() == Qt::LeftButton && std::exchange(m_leftPressed, false);
+    if (click && viewport()->rect().contains(event->position().toPoint()))
+        emit Click();
+}
+
+void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    Step step(this);
+    dropRectangleKeys(event);
+    QsciScintillaBase::mouseDoubleClickEvent(event);
+}
+
+void RichTextBox::dragEnterEvent(QDragEnterEvent* event)
+{
+    RichTextBox::dragMoveEvent(event);
+}
+
+void RichTextBox::dragMoveEvent(QDragMoveEvent* event)
+{
+    answerDrag(event);
+    if (event->isAccepted() && !event->mimeData()->hasUrls())
+        QsciScintillaBase::dragMoveEvent(event); // shows where the text would go
+}
+
+/// Tells the pointer whether a drop would be taken. A file is copied whatever is proposed: who moves one
+/// deletes it where it was.
+void RichTextBox::answerDrag(QDropEvent* event)
+{
+    const QMimeData* dragged = event->mimeData();
+    // While a handler runs, a question stands before the user, or the text is about to be replaced.
+    if (handlersRun() || !(dragged->hasUrls() || dragged->hasText())) {
+        event->ignore();
+    } else if (dragged->hasUrls()) {
+        event->setDropAction(Qt::CopyAction);
+        event->setAccepted(event->possibleActions() & Qt::CopyAction && !firstFile(*dragged).isEmpty());
+    } else {
+        event->acceptProposedAction();
+    }
+}
+
+void RichTextBox::dropEvent(QDropEvent* event)
+{
+    answerDrag(event);
+    if (!event->isAccepted())
+        return;
+    if (event->mimeData()->hasUrls()) {
+        // The program that the file comes from waits for the drop's end, not for what the user is asked then.
+        QTimer::singleShot(0, this, [this, path = firstFile(*event->mimeData())] {
+            whenHandlersReturn([box = QPointer<RichTextBox>(this), path] {
+                if (box)
+                    emit box->FileDropped(path);
+            });
+        });
+    } else {
+        dropText(*event);
+    }
+}
+
+/// The component's own drop ends a text at a NUL and changes line ends.
+void RichTextBox::dropText(const QDropEvent& event)
+{
+    Step step(this);
+    QDragLeaveEvent leave;
+    QsciScintillaBase::dragLeaveEvent(&leave); // takes the drop caret away
+    const QPoint point = event.position().toPoint();
+    const qsizetype position = send(SCI_POSITIONFROMPOINT, point.x(), point.y());
+    if (event.source() == this) {
+        dropSelectionAt(position, event.dropAction() == Qt::MoveAction);
+    } else {
+        dropAt(position, bytesOf(*event.mimeData(), textEncoding()));
+    }
+}
+
+/// Inserts a text at one of the component's positions and selects it.
+void RichTextBox::dropAt(qsizetype position, const QByteArray& text)
+{
+    UndoGroup group(this);
+    const QByteArray inserted = m_map.toInner(text);
+    replaceInner({position, 0}, inserted);
+    selectInner({position, inserted.size()});
+}
+
+/// Moves or copies the selection with its colours. One that is moved into itself stays where it is.
+void RichTextBox::dropSelectionAt(qsizetype position, bool move)
+{
+    const Range selected = innerSelection();
+    if (move && position >= selected.start && position <= selected.end())
+        return;
+    const QByteArray text = SelText();
+    const std::vector<ColorRun> colors = m_colors.in(selected);
+    UndoGroup group(this);
+    if (move)
+        replaceInner(selected, {});
+    const qsizetype target = move && position > selected.start ? position - selected.length : position;
+    dropAt(target, text);
+    for (const ColorRun& run : colors)
+        m_colors.paint({target + run.range.start - selected.start, run.range.length}, run.color);
+}
+
+void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
+{
+    struct Entry
+    {
+        QString text;
+        QKeySequence::StandardKey key;
+        void (RichTextBox::*command)();
+        bool enabled;
+    };
+    const bool selected = SelLength() > 0;
+    const QMimeData* clipboard = doors().clipboard();
+    const bool pasteable = clipboard && clipboard->hasText();
+    const std::array entries = {
+        Entry{tr("&Undo"), QKeySequence::Undo, &RichTextBox::undo, send(SCI_CANUNDO) != 0},
+        Entry{tr("&Redo"), QKeySequence::Redo, &RichTextBox::redo, send(SCI_CANREDO) != 0},
+        Entry{tr("Cu&t"), QKeySequence::Cut, &RichTextBox::cut, selected},
+        Entry{tr("&Copy"), QKeySequence::Copy, &RichTextBox::copy, selected},
+        Entry{tr("&Paste"), QKeySequence::Paste, &RichTextBox::paste, pasteable},
+        Entry{tr("&Delete"), QKeySequence::Delete, &RichTextBox::del, selected},
+        Entry{tr("Select &All"), QKeySequence::SelectAll, &RichTextBox::selectAll, !isEmpty()},
+    };
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (const Entry& entry : entries) {
+        const QString key = QKeySequence(entry.key).toString(QKeySequence::NativeText);
+        menu->addAction(entry.text + u'\t' + key, this, entry.command)->setEnabled(entry.enabled);
+        if (entry.command == &RichTextBox::redo || entry.command == &RichTextBox::del)
+            menu->addSeparator();
+    }
+    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+    menu->popup(byKey ? viewport()->mapToGlobal(caretPoint()) : event->globalPos());
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "source/RichTextBox.h"
+
+/// One change of the box. Notifications wait until the outermost step is done: the component drops edits that
+/// a handler makes in the middle of another.
+class RichTextBox::Step
+{
+public:
+    explicit Step(RichTextBox* box, bool typing = false) : m_box(box)
+    {
+        if (m_box->m_steps++ == 0 && !typing)
+            m_box->endOvertyping();
+    }
+    ~Step()
+    {
+        if (--m_box->m_steps == 0)
+            m_box->notify();
+    }
+    Q_DISABLE_COPY_MOVE(Step)
+
+private:
+    RichTextBox* m_box;
+};

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "source/TextEncoding.h"
+
+#include <QMimeData>
+#include <memory>
+
+// What goes from a document to the clipboard or into a drag, and what comes from there.
+
+/// Some of a document's bytes, as text for all programs and as they are for this one.
+std::unique_ptr<QMimeData> clipOf(const QByteArray& bytes, TextEncoding encoding);
+
+/// The bytes that a document of an encoding takes from a clipboard or a drag. Text of other programs gets
+/// CR LF line ends.
+QByteArray bytesOf(const QMimeData& clip, TextEncoding encoding);
+
+/// The first file that can be opened among what is dragged; empty when there is none. Folders and addresses
+/// of the internet are none.
+QString firstFile(const QMimeData& dragged);
