@@ -652,10 +652,10 @@ void TestFrmBuild2::previewLeavesTheRegionButtons()
 void TestFrmBuild2::lostEngineIsMadeAnew()
 {
     auto* page = openPage2();
-    const QList<DocumentSurface*> browsers = page->findChildren<WebControl*>();
+    const QList<WebControl*> browsers = page->findChildren<WebControl*>();
     QCOMPARE(browsers.size(), 1);
     QTRY_VERIFY(browsers.front()->rendererPid() != 0); // warmed up behind the first picture
-    QSignalSpy died(browsers.front(), &DocumentSurface::rendererDied);
+    QSignalSpy died(browsers.front(), &WebControl::rendererDied);
     ::kill(pid_t(browsers.front()->rendererPid()), SIGKILL);
     QTRY_COMPARE(died.size(), 1);
     click(page->Command23);
