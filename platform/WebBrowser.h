@@ -125,6 +125,8 @@ public:
 
     /// The result of a script in the control's own world; no value when nobody answered.
     std::optional<QVariant> evaluate(const QString& script);
+    /// Whether a page that `writeSoon` was given is still on its way to the eye.
+    bool isWriting() const { return m_next || m_writing; }
     /// How long an operation waits, in milliseconds, besides what the length of the text adds.
     void setPatience(int milliseconds) { m_patience = milliseconds; }
     /// The system's number of the process that renders the page; 0 when there is none.

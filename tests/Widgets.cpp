@@ -8,6 +8,8 @@
 #include <QAbstractItemView>
 #include <QStyleOptionSlider>
 #include <QTest>
+#include <optional>
+#include <utility>
 
 QPoint placeOf(const ScrollBar* bar, QStyle::SubControl part)
 {
@@ -83,4 +85,20 @@ QString pageBody(WebBrowser* browser)
     return browser->evaluate(QStringLiteral("document.body ? document.body.innerHTML.trim() : ''"))
         .value_or(QVariant())
         .toString();
+}
+
+QString settledSample(WebBrowser* sample)
+{
+    std::optional<QString> seen;
+    const auto settled = [&] {
+        if (sample->isWriting()) {
+            seen.reset();
+            return false;
+        }
+        const std::optional<QString> before = std::exchange(seen, pageBody(sample));
+        return !sample->isWriting() && before == seen;
+    };
+    if (!QTest::qWaitFor(settled, Patience))
+        QTest::qFail("the sample does not settle", __FILE__, __LINE__);
+    return seen.value_or(QString());
 }

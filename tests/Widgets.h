@@ -37,3 +37,6 @@ void release(ScrollBar* bar);
 QString pageText(WebBrowser* browser);
 /// What stands inside the body of the page in a rendering control, with one line end where there are any.
 QString pageBody(WebBrowser* browser);
+/// The same of a sample, once it has settled: no page is on its way to it, and two looks see the same. For
+/// what must not refresh a sample; what must is awaited.
+QString settledSample(WebBrowser* sample);
