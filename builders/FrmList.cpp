@@ -20,7 +20,7 @@ FrmList::FrmList()
     Command21->setIcon(namedIcon("font", this));
     WebBrowser1->setKind(WebPage::Kind::Sample);
     setCancelButton(Command7, CloseButton::Cancels);
-    setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"), IfMissing::Unticked);
+    setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"));
     m_row = new ColorRow(RedA, GreenA, BlueA, Lcolor1);
     m_row->keepText(&Text5);
     m_row->RowHexRefresh();

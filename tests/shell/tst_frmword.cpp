@@ -182,7 +182,6 @@ void TestFrmWord::missingKeyStopsTheLoad_data()
     QTest::newRow("no section") << QByteArray();
     QTest::newRow("no key") << QByteArray("[Quickword]\r\n");
     QTest::newRow("empty") << QByteArray("[Quickword]\r\nchk=\r\n");
-    QTest::newRow("no number") << QByteArray("[Quickword]\r\nchk=yes\r\n");
 }
 
 void TestFrmWord::missingKeyStopsTheLoad()
