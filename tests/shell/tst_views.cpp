@@ -103,6 +103,18 @@ public:
         QVERIFY(surface->execCommand(QStringLiteral("SelectAll")));
     }
 
+    /// How the design surface shows the first text in it.
+    QString lookOfTheWord(const char* property) const
+    {
+        return surface
+            ->evaluate(QStringLiteral("getComputedStyle(document.createTreeWalker(document.body, "
+                                      "NodeFilter.SHOW_TEXT, text => text.data.trim() ? 1 : 3).nextNode()"
+                                      ".parentElement).%1")
+                           .arg(QLatin1String(property)))
+            .value_or(QVariant())
+            .toString();
+    }
+
     /// Ends the renderer of a surface as a crash does.
     static void crash(WebBrowser* browser)
     {
@@ -1102,15 +1114,26 @@ void TestViews::undoAndRedo()
 void TestViews::colorButtons_data()
 {
     QTest::addColumn<Button>("button");
-    QTest::addColumn<int>("color");
+    QTest::addColumn<int>("color"); // red in the low byte
     QTest::addColumn<QString>("expected");
+    QTest::addColumn<QString>("ink"); // as the eye sees it
+    QTest::addColumn<QString>("ground");
+    const QString black = QStringLiteral("rgb(0, 0, 0)");
+    const QString none = QStringLiteral("rgba(0, 0, 0, 0)");
     QTest::newRow("red text") << &Ui::FrmWeb::Command5 << 0x0000FF
-                              << QStringLiteral("\r\n<P><FONT color=#ff0000>word</FONT></P>");
+                              << QStringLiteral("\r\n<P><FONT color=#ff0000>word</FONT></P>")
+                              << QStringLiteral("rgb(255, 0, 0)") << none;
     QTest::newRow("text of three parts")
-        << &Ui::FrmWeb::Command5 << 0x10C00F << QStringLiteral("\r\n<P><FONT color=#0fc010>word</FONT></P>");
+        << &Ui::FrmWeb::Command5 << 0x10C00F << QStringLiteral("\r\n<P><FONT color=#0fc010>word</FONT></P>")
+        << QStringLiteral("rgb(15, 192, 16)") << none;
     QTest::newRow("background")
-        << &Ui::FrmWeb::Command11 << 0x00FFFF
-        << QStringLiteral("\r\n<P><SPAN style=\"background-color: rgb(255, 255, 0);\">word</SPAN></P>");
+        << &Ui::FrmWeb::Command11 << 0x0A80FF
+        << QStringLiteral("\r\n<P><SPAN style=\"background-color: rgb(255, 128, 10);\">word</SPAN></P>")
+        << black << QStringLiteral("rgb(255, 128, 10)");
+    QTest::newRow("dark background")
+        << &Ui::FrmWeb::Command11 << 0x400201
+        << QStringLiteral("\r\n<P><SPAN style=\"background-color: rgb(1, 2, 64);\">word</SPAN></P>") << black
+        << QStringLiteral("rgb(1, 2, 64)");
 }
 
 void TestViews::colorButtons()
@@ -1118,12 +1141,18 @@ void TestViews::colorButtons()
     QFETCH(Button, button);
     QFETCH(int, color);
     QFETCH(QString, expected);
+    QFETCH(QString, ink);
+    QFETCH(QString, ground);
     Desk desk;
     desk.design("<p>word");
     desk.script.answerColor(color);
     desk.press((*desk.web).*button);
     QCOMPARE(desk.script.asked.size(), 1);
+    QCOMPARE(desk.lookOfTheWord("color"), ink);
+    QCOMPARE(desk.lookOfTheWord("backgroundColor"), ground);
     QCOMPARE(desk.body(), expected);
+    desk.goTo(Editor);
+    QVERIFY(desk.box->Text().contains(expected.toLatin1()));
 }
 
 void TestViews::colorCancelled()
