@@ -42,15 +42,16 @@ public:
 signals:
     /// The selection has changed, by hand or by code; or the hand has clicked on an entry once more.
     void Click();
-    /// The hand has clicked twice on an entry.
+    /// The hand has clicked twice on an entry, with the left button. With another these are two clicks.
     void DblClick();
-    /// The left button goes down on the list; the selection is still the old one.
+    /// A button of the mouse goes down on the list; the selection is still the old one.
     void MouseDown();
-    /// The left button has gone up after a press on the list, wherever the pointer is by then.
+    /// A button has gone up after a press on the list, wherever the pointer is by then.
     void MouseUp();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:

@@ -325,8 +325,10 @@ void TestFrmList::clicksSelectNothing()
     const List window;
     window.add("Visa");
     ListBox* list = window.tool->List1;
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
-    QCOMPARE(list->ListIndex(), -1);
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
+        QTest::mouseClick(list->viewport(), button, {}, list->visualItemRect(list->item(0)).center());
+        QCOMPARE(list->ListIndex(), -1);
+    }
     list->setListIndex(0);
     QTest::mouseClick(window.tool->Text1, Qt::LeftButton);
     QCOMPARE(list->ListIndex(), -1);

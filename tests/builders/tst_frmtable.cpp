@@ -128,7 +128,9 @@ private slots:
     void clickReadsTheLook();
     void clickOnTheRight();
     void clickBesideOneWord();
+    void releaseDropsTheSelection_data() { mouseButtons(); }
     void releaseDropsTheSelection();
+    void pressDropsTheOther_data() { mouseButtons(); }
     void pressDropsTheOther();
     void arrowKeysRead();
     void clickIntoAFieldDeselects();
@@ -156,6 +158,9 @@ private slots:
 
     void sampleShowsTheTable();
     void manyRows();
+
+private:
+    static void mouseButtons();
 };
 
 void TestFrmTable::texts()
@@ -771,15 +776,24 @@ void TestFrmTable::clickBesideOneWord()
     QCOMPARE(t.TxWid->text(), QStringLiteral("77"));
 }
 
+void TestFrmTable::mouseButtons()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::newRow("left") << Qt::LeftButton;
+    QTest::newRow("middle") << Qt::MiddleButton;
+    QTest::newRow("right") << Qt::RightButton;
+}
+
 void TestFrmTable::releaseDropsTheSelection()
 {
+    QFETCH(Qt::MouseButton, button);
     const Designer window;
     FrmTable& t = *window.table;
     window.add("a", "b");
     for (ListBox* list : {t.List1, t.List2}) {
-        QTest::mousePress(list->viewport(), Qt::LeftButton, {}, Designer::placeOf(list, 0));
+        QTest::mousePress(list->viewport(), button, {}, Designer::placeOf(list, 0));
         QCOMPARE(list->ListIndex(), 0);
-        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, Designer::placeOf(list, 0));
+        QTest::mouseRelease(list->viewport(), button, {}, Designer::placeOf(list, 0));
         QCOMPARE(list->ListIndex(), -1);
     }
 }
@@ -787,6 +801,7 @@ void TestFrmTable::releaseDropsTheSelection()
 /// The other list's selection is gone before the row is read.
 void TestFrmTable::pressDropsTheOther()
 {
+    QFETCH(Qt::MouseButton, button);
     const Designer window;
     FrmTable& t = *window.table;
     window.add("a", "b");
@@ -795,10 +810,10 @@ void TestFrmTable::pressDropsTheOther()
     for (const auto& [list, other, width] :
          {std::tuple(t.List1, t.List2, "1"), std::tuple(t.List2, t.List1, "2")}) {
         other->setListIndex(0);
-        QTest::mousePress(list->viewport(), Qt::LeftButton, {}, Designer::placeOf(list, 0));
+        QTest::mousePress(list->viewport(), button, {}, Designer::placeOf(list, 0));
         QCOMPARE(other->ListIndex(), -1);
         QCOMPARE(t.TxWid->text(), QLatin1String(width));
-        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, Designer::placeOf(list, 0));
+        QTest::mouseRelease(list->viewport(), button, {}, Designer::placeOf(list, 0));
     }
 }
 
