@@ -4,9 +4,32 @@
 
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+namespace {
+
+/// Shows the beginning of an entry: the toolkit would measure and paint all of a megabyte, for seconds each
+/// time.
+class EntryDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* look, const QModelIndex& index) const override
+    {
+        constexpr int Shown = 1000;
+        QStyledItemDelegate::initStyleOption(look, index);
+        if (look->text.size() > Shown)
+            look->text = look->text.left(Shown) + u'\u2026';
+    }
+};
+
+} // namespace
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent)
 {
+    setItemDelegate(new EntryDelegate(this));
     connect(this, &QListWidget::itemSelectionChanged, this, &ListBox::noticeSelection);
     connect(this, &QListWidget::itemDoubleClicked, this, &ListBox::DblClick);
 }

@@ -4,7 +4,8 @@
 
 #include <QListWidget>
 
-/// A list box, with one selected entry at most (the start) or with several, as `selectionMode()` says.
+/// A list box, with one selected entry at most (the start) or with several, as `selectionMode()` says. Of an
+/// entry that is longer than any screen it shows the beginning.
 class ListBox : public QListWidget, public ListObject
 {
     Q_OBJECT

@@ -45,6 +45,7 @@ private slots:
     void texts();
     void adds();
     void enterAdds();
+    void longWord();
     void refusesNoWord();
     void kindsFollowAtOnce();
     void colorFollowsADrag();
@@ -127,6 +128,15 @@ void TestFrmList::enterAdds()
         QTest::keyClick(window.tool->Text1, key);
     }
     QCOMPARE(window.tool->List1->ListCount(), 2);
+}
+
+void TestFrmList::longWord()
+{
+    const List window;
+    const QString word(40'000, u'x');
+    window.tool->Text1->setText(word);
+    click(window.tool->Command1);
+    QVERIFY(window.copied().contains(u'>' + word + QStringLiteral("</Font>")));
 }
 
 void TestFrmList::refusesNoWord()

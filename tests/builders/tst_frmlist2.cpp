@@ -67,6 +67,7 @@ private slots:
     void texts();
     void adds();
     void emptyWord();
+    void longWords();
     void lookIsForAllLines();
     void sizes_data();
     void sizes();
@@ -155,6 +156,18 @@ void TestFrmList2::emptyWord()
     click(window.tool->Command3);
     QCOMPARE(window.tool->List1->ListCount(), 1);
     QCOMPARE(window.tool->RTB1, line(""));
+}
+
+void TestFrmList2::longWords()
+{
+    const List window;
+    const QString word(40'000, u'x');
+    window.tool->TxtTitle->setText(word);
+    tick(window.tool->Check1);
+    window.tool->Text1->setText(word);
+    click(window.tool->Command3);
+    QCOMPARE(window.tool->RTB1.count(QStringLiteral("&nbsp;") + word + QStringLiteral("&nbsp;</FONT><BR>")),
+             2);
 }
 
 void TestFrmList2::lookIsForAllLines()

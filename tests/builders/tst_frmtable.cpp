@@ -360,6 +360,7 @@ void TestFrmTable::wordsGoOutAsTyped_data()
     QTest::newRow("width") << "width=";
     QTest::newRow("emoji") << QStringLiteral("\U0001F600");
     QTest::newRow("blank") << " ";
+    QTest::newRow("long") << QString(40'000, u'x');
 }
 
 void TestFrmTable::wordsGoOutAsTyped()

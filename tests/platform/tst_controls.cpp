@@ -309,7 +309,9 @@ private slots:
     void listKeepsSelectionWithItsEntry();
     void listWithSeveralSelected();
     void listFocusSelectsNothing();
+    void listShowsTheBeginningOfALongEntry();
 
+    void comboTakesALongText();
     void comboAddsWithoutChoosing_data();
     void comboAddsWithoutChoosing();
     void comboIndexByCode_data();
@@ -963,7 +965,31 @@ void TestControls::listFocusSelectsNothing()
     QCOMPARE(list.log.take(), QString());
 }
 
+/// And keeps all of it.
+void TestControls::listShowsTheBeginningOfALongEntry()
+{
+    ListBox list;
+    const QString longest(1'000'000, u'x');
+    for (const QString& entry : {QString(1000, u'x'), QString(2000, u'x'), longest})
+        list.AddItem(entry);
+    show(list);
+    const auto width = [&](int entry) {
+        return list.sizeHintForIndex(list.model()->index(entry, 0)).width();
+    };
+    QVERIFY(width(1) > list.fontMetrics().horizontalAdvance(list.List(0)));
+    QCOMPARE(width(2), width(1));
+    QVERIFY(list.List(2) == longest);
+}
+
 // --- combo boxes
+
+void TestControls::comboTakesALongText()
+{
+    Choice choice(true);
+    const QString text(40'000, u'x');
+    choice.box.setText(text);
+    QVERIFY(choice.box.Text() == text);
+}
 
 void TestControls::comboAddsWithoutChoosing_data()
 {
