@@ -7,9 +7,7 @@
 #include "shell/FrmWeb.h"
 
 #include <QByteArrayMatcher>
-#include <QLineEdit>
 #include <QScreen>
-#include <limits>
 #include <utility>
 
 namespace {
@@ -53,8 +51,6 @@ void replaceEverywhere(RichTextBox& source, const QString& find, const QString& 
 Find::Find()
 {
     setupUi(this);
-    for (ComboBox* field : {Text1, Text2})
-        field->lineEdit()->setMaxLength(std::numeric_limits<int>::max()); // half a text is another text
     StayOnTop(this);
 
     on(Check1, &CheckBox::Click, this, &Find::Check1_Click);
