@@ -191,6 +191,12 @@ public:
 
     const QMimeData* clipboard() override { return QApplication::clipboard()->mimeData(); }
 
+    const QMimeData* selection() override
+    {
+        const QClipboard* clipboard = QApplication::clipboard();
+        return clipboard->supportsSelection() ? clipboard->mimeData(QClipboard::Selection) : nullptr;
+    }
+
     void beep() override { QApplication::beep(); }
     qint64 clock() override { return m_clock.elapsed(); }
 

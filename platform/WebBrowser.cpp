@@ -2,6 +2,7 @@
 
 #include "platform/Accessible.h"
 #include "platform/Doors.h"
+#include "platform/Events.h"
 #include "platform/LongWork.h"
 #include "platform/WebEngine.h"
 
@@ -11,6 +12,7 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QShortcut>
@@ -83,6 +85,12 @@ QString literal(bool value)
 void showLocalPictures(WebPage* page, bool on)
 {
     page->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, on);
+}
+
+/// A place in a view, given in one of its widgets.
+QPoint placeIn(const QWidget* view, const QObject* widget, QPointF place)
+{
+    return static_cast<const QWidget*>(widget)->mapTo(view, place).toPoint();
 }
 
 /// Runs what a timer of the control began. A control that is deleted meanwhile has nobody left to tell.
@@ -547,9 +555,36 @@ bool WebBrowser::copySelection()
 bool WebBrowser::paste()
 {
     const QMimeData* clip = doors().clipboard();
-    if (!clip || !(clip->hasText() || clip->hasHtml()))
+    return clip && insert(clip->text(), clip->html());
+}
+
+/// Inserts what comes from elsewhere at the caret, or at a place of the view. The cleaner is sent to a page
+/// that has not got it yet.
+bool WebBrowser::insert(const QString& text, const QString& html, std::optional<QPoint> place)
+{
+    if (text.isEmpty() && html.isEmpty())
         return false;
-    return succeeds(QStringLiteral("paste(") + literal(clip->text()) + u',' + literal(clip->html()) + u')');
+    if (!html.isEmpty() && !succeeds(QStringLiteral("canClean()")) &&
+        !succeeds(QStringLiteral("cleanWith(") + cleanerScript() + u')'))
+        return false;
+    QString function = QStringLiteral("paste(") + literal(text) + u',' + literal(html);
+    if (place) {
+        const QPointF point = QPointF(*place) / m_page->zoomFactor();
+        function += QStringLiteral(",[%1,%2]").arg(point.x()).arg(point.y());
+    }
+    m_length += html.size(); // what takes time
+    return succeeds(function + u')');
+}
+
+/// Inserts what a drag or the mouse brings. The program that it comes from waits for neither page nor user.
+void WebBrowser::insertSoon(const QMimeData& dropped, QPoint place)
+{
+    QTimer::singleShot(0, this, [this, text = dropped.text(), html = dropped.html(), place] {
+        whenHandlersReturn([self = QPointer<WebBrowser>(this), text, html, place] {
+            if (self)
+                untilDeleted([&] { self->insert(text, html, place); });
+        });
+    });
 }
 
 QString WebBrowser::currentLink()
@@ -648,10 +683,17 @@ bool WebBrowser::actOnKey(const QKeyEvent& key)
         focusNextPrevChild(key.key() == Qt::Key_Tab && !(key.modifiers() & Qt::ShiftModifier));
         return true;
     }
-    static const std::pair<QKeySequence::StandardKey, const char*> commands[] = {
-        {QKeySequence::Cut, "Cut"}, {QKeySequence::Copy, "Copy"}, {QKeySequence::Paste, "Paste"}};
-    for (const auto& [sequence, command] : commands) {
-        if (key.matches(sequence)) {
+    struct Command
+    {
+        QKeySequence::StandardKey sequence;
+        Qt::Key key; // of its own, on some keyboards
+        const char* name;
+    };
+    static const Command commands[] = {{QKeySequence::Cut, Qt::Key_Cut, "Cut"},
+                                       {QKeySequence::Copy, Qt::Key_Copy, "Copy"},
+                                       {QKeySequence::Paste, Qt::Key_Paste, "Paste"}};
+    for (const auto& [sequence, ownKey, command] : commands) {
+        if (key.matches(sequence) || key.key() == ownKey) {
             execCommand(QString::fromLatin1(command));
             return true;
         }
@@ -678,25 +720,62 @@ bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
         if (actOnKey(*static_cast<QKeyEvent*>(event)))
             return true;
         break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease: {
+        const auto& mouse = *static_cast<QMouseEvent*>(event);
+        if (actOnMouse(mouse, placeIn(m_view, watched, mouse.position())))
+            return true;
+        break;
+    }
     case QEvent::DragEnter:
     case QEvent::DragMove:
-    case QEvent::Drop:
-        if (!takesDrop(*static_cast<QDropEvent*>(event))) {
-            event->ignore();
+    case QEvent::Drop: {
+        auto& drop = *static_cast<QDropEvent*>(event);
+        if (actOnDrop(drop, placeIn(m_view, watched, drop.position())))
             return true;
-        }
         break;
+    }
     default:
         break;
     }
     return QWidget::eventFilter(watched, event);
 }
 
-/// A design surface is edited by dragging too. From elsewhere it takes text, but no files and addresses; all
-/// other pages are to be looked at.
+/// The middle button brings what is selected in some window. False leaves the mouse to the page.
+bool WebBrowser::actOnMouse(const QMouseEvent& mouse, QPoint place)
+{
+    if (m_designMode == DesignMode::Off || mouse.button() != Qt::MiddleButton)
+        return false;
+    const QMimeData* selection =
+        mouse.type() == QEvent::MouseButtonRelease ? doors().selection() : nullptr;
+    if (selection)
+        insertSoon(*selection, place);
+    return true;
+}
+
+/// What the program does on a drag; false leaves it to the page, to show where it would go, or to move what is
+/// the page's own.
+bool WebBrowser::actOnDrop(QDropEvent& event, QPoint place)
+{
+    if (!takesDrop(event)) {
+        event.ignore();
+        return true;
+    }
+    if (event.type() != QEvent::Drop || event.source() == m_view)
+        return false;
+    event.accept();
+    QDragLeaveEvent leave; // takes the drop caret away
+    QCoreApplication::sendEvent(m_view, &leave);
+    insertSoon(*event.mimeData(), place);
+    return true;
+}
+
+/// A design surface is edited by dragging too, unless a handler runs, which may be about to replace the text.
+/// From elsewhere it takes text, but no files and addresses; all other pages are to be looked at.
 bool WebBrowser::takesDrop(const QDropEvent& event) const
 {
-    if (m_kind != WebPage::Kind::Document || m_designMode == DesignMode::Off)
+    if (handlersRun() || m_kind != WebPage::Kind::Document || m_designMode == DesignMode::Off)
         return false;
     return event.source() == m_view || (event.mimeData()->hasText() && !event.mimeData()->hasUrls());
 }

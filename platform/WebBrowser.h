@@ -13,6 +13,8 @@
 class QDropEvent;
 class QEventLoop;
 class QKeyEvent;
+class QMimeData;
+class QMouseEvent;
 class QWebEngineHistoryItem;
 class QWebEngineLoadingInfo;
 class QWebEngineView;
@@ -86,7 +88,7 @@ public:
     bool hasDocument() const { return !(m_lost && m_lossTold); }
 
     /// Runs an editing command on the selection: "Bold", "FontName", "Undo" ... in any case. "Cut", "Copy"
-    /// and "Paste" use the program's clipboard. False: it could not be run, or nobody answered.
+    /// and "Paste" use the program's clipboard. HTML that is pasted or dropped is cleaned (see clean.js). False: it could not be run, or nobody answered.
     bool execCommand(const QString& id, const QString& value = QString());
 
     /// The address of the link at the caret; empty when there is none.
@@ -198,11 +200,15 @@ private:
 
     bool copySelection();
     bool paste();
+    bool insert(const QString& text, const QString& html, std::optional<QPoint> place = std::nullopt);
+    void insertSoon(const QMimeData& dropped, QPoint place);
     bool takesKey(const QKeyEvent& key) const;
     bool isLinkKey(const QKeyEvent& key) const;
     bool isLeavingKey(const QKeyEvent& key) const;
     bool actOnKey(const QKeyEvent& key);
+    bool actOnMouse(const QMouseEvent& mouse, QPoint place);
     bool takesDrop(const QDropEvent& event) const;
+    bool actOnDrop(QDropEvent& event, QPoint place);
     void wakeCaret();
     void renewCaret();
 

@@ -20,6 +20,7 @@
 static void initResources()
 {
     Q_INIT_RESOURCE(platform);
+    Q_INIT_RESOURCE(cleaner);
 }
 
 namespace {
@@ -95,6 +96,7 @@ QWebEngineProfile* makeProfile()
 
 QString resourceText(const QString& path)
 {
+    initResources();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("%s is not in the program", qPrintable(path));
@@ -147,12 +149,19 @@ QWebEngineProfile* internetProfile()
 const QString& surfaceScript()
 {
     static const QString script = [] {
-        initResources();
         // The page's elements have names in the same place, but none is a symbol.
         return QStringLiteral("(globalThis[Symbol.for('surface')] ?\?= (%1)(%2))")
             .arg(resourceText(QStringLiteral(":/platform/surface.js")),
                  resourceText(QStringLiteral(":/platform/serialise.js")));
     }();
+    return script;
+}
+
+const QString& cleanerScript()
+{
+    static const QString script =
+        resourceText(QStringLiteral(":/platform/clean.js"))
+            .replace(QStringLiteral("/* DOMPurify */"), resourceText(QStringLiteral(":/platform/purify.js")));
     return script;
 }
 

@@ -21,8 +21,12 @@ QWebEngineProfile* internetProfile();
 
 /// The object of functions that the control runs in a page, as a JavaScript expression, which makes it where
 /// it is not there yet (see surface.js). Only for the first call in a page: the engine keeps a copy of the
-/// text each time, 56 KiB.
+/// text each time, 47 KiB.
 const QString& surfaceScript();
+
+/// What cleans pastes, as a JavaScript expression (see clean.js): for the surface's function `cleanWith`, once
+/// in a page in which something is pasted.
+const QString& cleanerScript();
 
 /// A call of one of these functions, such as "reveal()", as a JavaScript expression; `undefined` in a page in
 /// which they were not made.
