@@ -442,7 +442,7 @@ void Fader5::Command15_Click()
     const MarkerPair& description = markers(Region::Description);
     const QByteArray opening = description.opening.toByteArray();
     const QByteArray region = opening + source.encode(faderText(body(FaderUser::Description), false));
-    source.setFocus();
+    source.SetFocus();
     const int caret = source.SelStart();
     source.setSelStart(0);
     source.setSelLength(90000);

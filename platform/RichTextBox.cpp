@@ -325,6 +325,12 @@ void RichTextBox::load(const QByteArray& text)
     send(SCI_EMPTYUNDOBUFFER);
 }
 
+void RichTextBox::SetFocus()
+{
+    if (isVisibleTo(window()))
+        setFocus();
+}
+
 bool RichTextBox::isEmpty() const
 {
     return innerLength() == 0;

@@ -42,6 +42,9 @@ public:
     /// Whether the text is empty; much cheaper than asking `Text`.
     bool isEmpty() const;
 
+    /// Gives the box the keyboard, unless it is hidden: keys must not go where nobody looks.
+    void SetFocus();
+
     /// The selected bytes; empty without a selection.
     QByteArray SelText() const;
     /// Replaces the selection, or inserts at the caret; the caret ends up behind the new text.

@@ -39,8 +39,8 @@ constexpr int StartLimit = 30000;
 constexpr int CaretTries = 10;
 constexpr int CaretPause = 30;
 
-/// How long the loss of a renderer waits to be told while operations are under way, in milliseconds.
-constexpr int LossPause = 30;
+/// How long what can't be done now waits for the next try, in milliseconds.
+constexpr int BusyPause = 30;
 
 /// How often the same sample is shown again when its renderer ends.
 constexpr int SampleTries = 3;
@@ -53,8 +53,17 @@ constexpr qsizetype LongestShown = 200;
 
 constexpr double ZoomFactors[] = {0.6, 0.8, 1.0, 1.25, 1.6};
 
-/// Operations of all controls that wait for the engine right now.
-int operationsWaiting = 0;
+/// Whether the engine can answer now: not while it waits for the program itself.
+bool engineListens()
+{
+    return !EngineCall::isUnderWay() && !PageMessage::isUnderWay();
+}
+
+/// Whether the program can act on a key now: nothing else is under way.
+bool canAct()
+{
+    return engineListens() && !EngineWait::isUnderWay() && !handlersRun();
+}
 
 /// A JavaScript string literal.
 QString literal(const QString& text)
@@ -116,13 +125,15 @@ WebBrowser::WebBrowser(QWidget* parent) : QWidget(parent)
     describeClass(staticMetaObject, accessibleGroup);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    for (QTimer* timer : {&m_documentTimer, &m_writeTimer, &m_revealTimer, &m_lossTimer, &m_caretTimer})
+    for (QTimer* timer :
+         {&m_documentTimer, &m_writeTimer, &m_revealTimer, &m_lossTimer, &m_caretTimer, &m_returnTimer})
         timer->setSingleShot(true);
     connect(&m_documentTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { showDocument(); }); });
     connect(&m_writeTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { writeNext(); }); });
     connect(&m_revealTimer, &QTimer::timeout, this, &WebBrowser::reveal);
     connect(&m_lossTimer, &QTimer::timeout, this, &WebBrowser::tellLoss);
     connect(&m_caretTimer, &QTimer::timeout, this, &WebBrowser::renewCaret);
+    connect(&m_returnTimer, &QTimer::timeout, this, &WebBrowser::passOnReturnedKeys);
 }
 
 // Before the base class goes: the page's last signals must still find a whole control.
@@ -147,14 +158,24 @@ void WebBrowser::makeView()
     m_view->show();
 
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { rendererEnded(); });
-    connect(m_page, &QWebEnginePage::loadingChanged, this, &WebBrowser::loadingChanged);
+    connect(m_page, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo& info) {
+        const EngineCall call;
+        loadingChanged(info);
+    });
     connect(m_page, &QWebEnginePage::urlChanged, this, [this] {
         if (m_content == Content::Elsewhere)
             m_page->arrived(); // from here on the new page speaks, not the one that is left
     });
-    connect(m_page, &QWebEnginePage::linkHovered, this, &WebBrowser::statusTextChanged);
-    connect(m_page, &WebPage::refused, this, &WebBrowser::statusTextChanged);
+    connect(m_page, &QWebEnginePage::linkHovered, this, [this](const QString& address) {
+        const EngineCall call;
+        linkHovered(address);
+    });
+    connect(m_page, &WebPage::refused, this, [this](const QString& sentence) {
+        const EngineCall call;
+        tellStatus(sentence);
+    });
     connect(m_page, &QWebEnginePage::loadProgress, this, [this](int percent) {
+        const EngineCall call;
         if (m_content == Content::Elsewhere)
             emit progressChanged(percent, 100);
     });
@@ -201,10 +222,9 @@ void WebBrowser::wait(QEventLoop& loop, int milliseconds)
     connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     timer.start(milliseconds);
-    ++operationsWaiting;
+    const EngineWait waiting;
     const LongWork signs;
     loop.exec(QEventLoop::ExcludeUserInputEvents);
-    --operationsWaiting;
     if (!self)
         throw SurfaceLost();
 }
@@ -217,8 +237,9 @@ int WebBrowser::limit() const
 
 std::optional<QVariant> WebBrowser::ask(const Question& question)
 {
+    Q_ASSERT(!EngineCall::isUnderWay()); // what a key or a signal of a page causes comes from the queue
     m_gaveUp = false;
-    if (!m_page || m_lost || m_page->isAsking()) // nobody there, or the user has yet to answer
+    if (!m_page || m_lost || !engineListens()) // nobody there, or the user has yet to answer
         return std::nullopt;
 
     struct Reply
@@ -234,12 +255,8 @@ std::optional<QVariant> WebBrowser::ask(const Question& question)
         if (reply->loop)
             reply->loop->quit();
     });
-    const bool wasMuted = m_page->isMuted(); // by a call further out
-    m_page->setMuted(true);
     if (!reply->answer && !m_lost)
         wait(loop, limit());
-    m_page->setMuted(wasMuted);
-
     if (!reply->answer && !m_lost) {
         m_gaveUp = true;
         endRenderer();
@@ -288,6 +305,7 @@ void WebBrowser::endRenderer()
 void WebBrowser::rendererEnded()
 {
     m_lost = true;
+    m_overLink = false;
     m_lossTold = false;
     m_lossTimer.start(0);
     m_writing = false; // nobody will say that it is done
@@ -299,8 +317,8 @@ void WebBrowser::tellLoss()
 {
     if (!m_lost || m_lossTold)
         return;
-    if (operationsWaiting > 0) {
-        m_lossTimer.start(LossPause);
+    if (EngineWait::isUnderWay() || !engineListens()) {
+        m_lossTimer.start(BusyPause);
         return;
     }
     m_lossTold = true;
@@ -312,6 +330,8 @@ void WebBrowser::tellLoss()
 /// What is to be shown soon; an empty document, where there is none yet.
 void WebBrowser::makeDocument()
 {
+    if (!engineListens())
+        return;
     if (m_next)
         writePage(*std::exchange(m_next, std::nullopt));
     if (m_content == Content::Nothing && !m_lost)
@@ -321,7 +341,9 @@ void WebBrowser::makeDocument()
 /// Something to type into, also where the renderer ended out of sight.
 void WebBrowser::showDocument()
 {
-    if (hasDocument()) {
+    if (!engineListens()) {
+        m_documentTimer.start(BusyPause);
+    } else if (hasDocument()) {
         makeDocument();
     } else {
         writePage(QString());
@@ -360,6 +382,10 @@ void WebBrowser::writeNext()
 {
     if (!m_next || m_writing || m_inWritePage)
         return;
+    if (!engineListens()) {
+        m_writeTimer.start(BusyPause);
+        return;
+    }
     const QString html = *std::exchange(m_next, std::nullopt);
     if (!takesPage()) {
         writePage(html);
@@ -404,7 +430,7 @@ QString WebBrowser::writeFunction(const QString& html)
 bool WebBrowser::writePage(const QString& html)
 {
     makeView();
-    if (m_page->isAsking()) // the page can't go while the user has yet to answer
+    if (!engineListens()) // a page can't go while the user has yet to answer
         return false;
     m_inWritePage = true;
     const bool written = openAndWrite(html);
@@ -509,9 +535,10 @@ bool WebBrowser::isEditable() const
 
 void WebBrowser::readEdits(const std::function<void(const QString& html)>& heard)
 {
-    if (!isEditable() || operationsWaiting > 0)
+    if (!isEditable() || EngineWait::isUnderWay())
         return;
     const auto answered = [self = QPointer<WebBrowser>(this), heard](const QVariant& answer) {
+        const EngineCall call;
         if (self && answer.typeId() == QMetaType::QString)
             heard(answer.toString());
     };
@@ -710,14 +737,19 @@ bool WebBrowser::eventFilter(QObject* watched, QEvent* event)
             child->installEventFilter(this);
         break;
     case QEvent::FocusIn:
-        m_caretTries = CaretTries;
-        m_caretTimer.start(0);
+        if (!takesLetters())
+            wakeCaret();
         break;
     case QEvent::ShortcutOverride: // decided here, or else the page and the window race for the key
         event->setAccepted(takesKey(*static_cast<QKeyEvent*>(event)));
         return true;
     case QEvent::KeyPress:
-        if (actOnKey(*static_cast<QKeyEvent*>(event)))
+    case QEvent::KeyRelease:
+        if (m_deaf) {
+            m_heldKeys.emplace_back(static_cast<QKeyEvent*>(event)->clone());
+            return true;
+        }
+        if (event->type() == QEvent::KeyPress && actOnKey(*static_cast<QKeyEvent*>(event)))
             return true;
         break;
     case QEvent::MouseButtonPress:
@@ -780,25 +812,103 @@ bool WebBrowser::takesDrop(const QDropEvent& event) const
     return event.source() == m_view || (event.mimeData()->hasText() && !event.mimeData()->hasUrls());
 }
 
-void WebBrowser::wakeCaret()
+/// Whether the page has told that it has a caret.
+bool WebBrowser::takesLetters() const
 {
-    m_caretTries = CaretTries;
-    renewCaret();
+    const QWidget* input = inputWidget();
+    return input && input->testAttribute(Qt::WA_InputMethodEnabled);
 }
 
-/// A caret that was set before the focus came leaves the view deaf to typed letters: sets it anew until not.
+/// A caret that was set before the focus or the page came leaves the view deaf to typed letters. Sets it anew
+/// until not, and holds all keys meanwhile.
+void WebBrowser::wakeCaret()
+{
+    if (m_designMode == DesignMode::Off)
+        return;
+    m_deaf = true;
+    m_caretTries = CaretTries;
+    m_caretTimer.start(0);
+}
+
 void WebBrowser::renewCaret()
 {
     const QWidget* input = inputWidget();
-    if (m_designMode == DesignMode::Off || m_lost || m_caretTries == 0 || !input || !input->hasFocus() ||
-        input->testAttribute(Qt::WA_InputMethodEnabled))
+    if (m_lost || m_content == Content::Nothing || !input) // the page that is to come wakes it
         return;
+    if (m_caretTries == 0 || !input->hasFocus()) {
+        sendHeldKeys();
+        return;
+    }
     --m_caretTries;
-    m_page->runJavaScript(surfaceCall(QStringLiteral("renewCaret()")), QWebEngineScript::ApplicationWorld);
-    m_caretTimer.start(CaretPause);
+    m_page->runJavaScript(surfaceCall(QStringLiteral("renewCaret()")), QWebEngineScript::ApplicationWorld,
+                          [self = QPointer<WebBrowser>(this)](const QVariant&) {
+                              if (!self)
+                                  return;
+                              if (self->takesLetters())
+                                  self->m_caretTries = 0;
+                              self->m_caretTimer.start(CaretPause);
+                          });
+    m_caretTimer.start(SignOfLife);
+}
+
+void WebBrowser::sendHeldKeys()
+{
+    if (!canAct()) {
+        m_caretTimer.start(BusyPause);
+        return;
+    }
+    m_deaf = false;
+    const QPointer<WebBrowser> self(this);
+    for (const auto& key : std::exchange(m_heldKeys, {})) {
+        if (self && inputWidget())
+            QCoreApplication::sendEvent(inputWidget(), key.get());
+    }
+}
+
+/// What the page has no use for comes back here in a call of the engine, and must not go on from there: what
+/// the program does on a key may wait for the engine.
+void WebBrowser::keyPressEvent(QKeyEvent* event)
+{
+    m_returnedKeys.emplace_back(event->clone());
+    m_returnTimer.start(0);
+}
+
+void WebBrowser::keyReleaseEvent(QKeyEvent* event)
+{
+    keyPressEvent(event);
+}
+
+void WebBrowser::passOnReturnedKeys()
+{
+    if (!canAct()) {
+        m_returnTimer.start(BusyPause);
+        return;
+    }
+    const QPointer<QWidget> parent(parentWidget());
+    for (const auto& key : std::exchange(m_returnedKeys, {})) {
+        if (parent)
+            QCoreApplication::sendEvent(parent, key.get());
+    }
 }
 
 // ---- Navigation ------------------------------------------------------------------------------------------
+
+void WebBrowser::tellStatus(const QString& text)
+{
+    m_status = text;
+    emit statusTextChanged(text);
+}
+
+/// The address under the mouse covers the status until the mouse leaves it.
+void WebBrowser::linkHovered(const QString& address)
+{
+    const bool wasOverLink = std::exchange(m_overLink, !address.isEmpty());
+    if (m_overLink) {
+        emit statusTextChanged(address);
+    } else if (wasOverLink) {
+        emit statusTextChanged(m_status);
+    }
+}
 
 void WebBrowser::load(const QUrl& address, const std::function<void()>& begin)
 {
@@ -816,11 +926,11 @@ void WebBrowser::Navigate(const QString& address)
     }
     const QUrl url = addressOf(text);
     if (!url.isValid() || url.scheme() == QLatin1String("javascript")) {
-        emit statusTextChanged(QStringLiteral("Not an address: %1").arg(text.left(LongestShown)));
+        tellStatus(QStringLiteral("Not an address: %1").arg(text.left(LongestShown)));
         return;
     }
     if (!WebPage::isAllowed(m_kind, url)) {
-        emit statusTextChanged(QStringLiteral("Not opened here: %1").arg(shownAddress(url)));
+        tellStatus(QStringLiteral("Not opened here: %1").arg(shownAddress(url)));
         return;
     }
     makeView();
@@ -873,20 +983,24 @@ void WebBrowser::Stop()
     m_page->arrived();
     emit progressChanged(0, 0);
     if (wasLoading)
-        emit statusTextChanged(QStringLiteral("Stopped"));
+        tellStatus(QStringLiteral("Stopped"));
     endIfDeaf();
 }
 
 /// Asks the page for a sign of life, without waiting for it.
 void WebBrowser::endIfDeaf()
 {
-    if (m_lost || m_page->isAsking())
+    if (m_lost)
         return;
     auto* patience = new QTimer(m_page);
     patience->setSingleShot(true);
     connect(patience, &QTimer::timeout, this, [this, patience] {
+        if (!engineListens()) { // nor could the page
+            patience->start(SignOfLife);
+            return;
+        }
         patience->deleteLater();
-        if (!m_lost && !m_page->isAsking())
+        if (!m_lost)
             untilDeleted([this] { endRenderer(); });
     });
     patience->start(SignOfLife);
@@ -907,7 +1021,7 @@ void WebBrowser::loadingChanged(const QWebEngineLoadingInfo& info)
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
         m_lost = false; // a page that has ended gets a new renderer
-        emit statusTextChanged(QStringLiteral("Opening page %1").arg(shownAddress(info.url())));
+        tellStatus(QStringLiteral("Opening page %1").arg(shownAddress(info.url())));
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus: // by Stop, or by the next load, which goes on
         emit progressChanged(0, 0);
@@ -922,9 +1036,9 @@ void WebBrowser::loadingChanged(const QWebEngineLoadingInfo& info)
         }
         emit progressChanged(0, 0);
         if (info.status() == QWebEngineLoadingInfo::LoadSucceededStatus) {
-            emit statusTextChanged(QStringLiteral("Done"));
+            tellStatus(QStringLiteral("Done"));
         } else if (!m_lost) { // the loss is told by itself
-            emit statusTextChanged(
+            tellStatus(
                 QStringLiteral("The page %1 could not be opened").arg(shownAddress(info.url())));
         }
         emit navigationFinished(info.status() == QWebEngineLoadingInfo::LoadSucceededStatus);

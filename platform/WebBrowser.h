@@ -8,7 +8,9 @@
 #include <QVariant>
 #include <QWidget>
 #include <functional>
+#include <memory>
 #include <optional>
+#include <vector>
 
 class QDropEvent;
 class QEventLoop;
@@ -154,6 +156,8 @@ signals:
 protected:
     void showEvent(QShowEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
     /// What the view shows.
@@ -209,8 +213,13 @@ private:
     bool actOnMouse(const QMouseEvent& mouse, QPoint place);
     bool takesDrop(const QDropEvent& event) const;
     bool actOnDrop(QDropEvent& event, QPoint place);
+    bool takesLetters() const;
     void wakeCaret();
     void renewCaret();
+    void sendHeldKeys();
+    void passOnReturnedKeys();
+    void tellStatus(const QString& text);
+    void linkHovered(const QString& address);
 
     WebPage::Kind m_kind = WebPage::Kind::Document;
     DesignMode m_designMode = DesignMode::Off;
@@ -222,7 +231,13 @@ private:
     QTimer m_revealTimer;
     QTimer m_lossTimer;
     QTimer m_caretTimer;
+    QTimer m_returnTimer;
+    bool m_deaf = false; // letters typed now would be lost: the caret is yet to be set
     int m_caretTries = 0;
+    std::vector<std::unique_ptr<QKeyEvent>> m_heldKeys;     // typed meanwhile
+    std::vector<std::unique_ptr<QKeyEvent>> m_returnedKeys; // to be passed on to the window
+    QString m_status;                                       // ... but for the link under the mouse
+    bool m_overLink = false;
     bool m_lost = false;                      // the renderer has ended, and nothing was written since
     bool m_lossTold = false;                  // ... and the caller knows it
     bool m_gaveUp = false;                    // the last question was not answered within the limit

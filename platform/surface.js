@@ -163,6 +163,7 @@ return {
 
     /** A caret that was set before the keyboard focus came takes no typed letters: sets it anew. */
     renewCaret() {
+        reveal();
         const selection = getSelection();
         const { anchorNode, anchorOffset, focusNode, focusOffset } = selection;
         selection.removeAllRanges();

@@ -21,7 +21,7 @@ RichTextBox& sourceBox()
 void focusSource()
 {
     sourceBox().activateWindow();
-    sourceBox().setFocus();
+    sourceBox().SetFocus();
 }
 
 /// Replaces each occurrence of `find` (not empty) in one pass: what has been replaced is not looked at again,
