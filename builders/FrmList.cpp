@@ -19,7 +19,7 @@ FrmList::FrmList()
     setupUi(this);
     Command21->setIcon(namedIcon("font", this));
     setCancelButton(Command7, CloseButton::Cancels);
-    setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"), IfMissing::Unticked);
+    setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"));
     m_row = new ColorRow(RedA, GreenA, BlueA, Lcolor1);
     m_row->keepText(&Text5);
     m_row->RowHexRefresh();
@@ -47,7 +47,8 @@ FrmList::FrmList()
 /// A click into the box for the word drops the selection.
 bool FrmList::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == Text1 && event->type() == QEvent::MouseButtonRelease)
+    if (watched == Text1 && event->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
         guarded([this] { List1->setListIndex(-1); });
     return ToolForm::eventFilter(watched, event);
 }

@@ -35,7 +35,7 @@ FrmList2::FrmList2()
     setCancelButton(Command13, CloseButton::Cancels);
     LoadList(titlesFile(), *TxtTitle);
     TxtTitle->setText(QString());
-    setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk3"), IfMissing::Unticked);
+    setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk3"));
     Combo2->setText(QStringLiteral("Normal"));
     m_row = new ColorRow(RedA, GreenA, BlueA, Lcolor1);
     m_row->offerPick();

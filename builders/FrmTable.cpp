@@ -198,7 +198,7 @@ FrmTable::FrmTable()
     Combo1->showPlaceholderClearly();
     setCancelButton(Command3, CloseButton::Cancels);
 
-    setClosingBox(Check3, QStringLiteral("Tablepro"), QStringLiteral("chk3"), IfMissing::Unticked);
+    setClosingBox(Check3, QStringLiteral("Tablepro"), QStringLiteral("chk3"));
     LoadList(titlesFile(), *Combo1);
     connectRows();
     addScreenFonts(*Combo7, 1); // the first is left out

@@ -43,8 +43,8 @@ Pics::Pics()
 {
     setupUi(this);
     setCancelButton(Command5);
-    setClosingBox(Check3, Section, QStringLiteral("chk3"), IfMissing::Unticked);
-    keepInSettings(ChkP, Section, QStringLiteral("chkp"), IfMissing::Unticked);
+    setClosingBox(Check3, Section, QStringLiteral("chk3"));
+    keepInSettings(ChkP, Section, QStringLiteral("chkp"));
     enableAlignments();
 
     on(Text1, &QLineEdit::returnPressed, this, &Pics::Command2_Click);

@@ -3,13 +3,14 @@
 #include "platform/RuntimeError.h"
 #include "services/Codes.h"
 
-#include <QTextBoundaryFinder>
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
-#include <optional>
 #include <span>
+#include <unicode/localpointer.h>
+#include <unicode/ubrk.h>
+#include <unicode/uchar.h>
 #include <vector>
 
 namespace {
@@ -107,14 +108,38 @@ private:
     QChar* m_end;
 };
 
-/// Whether a flag stands at a place: two letters of the block that flags are made of.
-bool isFlag(QStringView text, qsizetype place)
+/// Where the characters of a text end, in the script of any language. Made once: making it takes longer than
+/// a fade.
+UBreakIterator* characterEnds()
 {
-    const auto isLetter = [text](qsizetype i) {
-        return i + 1 < text.size() && text[i].unicode() == 0xD83C && text[i + 1].unicode() >= 0xDDE6 &&
-               text[i + 1].unicode() <= 0xDDFF;
+    static const icu::LocalUBreakIteratorPointer ends = [] {
+        UErrorCode error = U_ZERO_ERROR;
+        icu::LocalUBreakIteratorPointer made(ubrk_open(UBRK_CHARACTER, "", nullptr, 0, &error));
+        if (U_FAILURE(error))
+            throw RuntimeError(ErrorNumber::ObjectNotSet, QString::fromLatin1(u_errorName(error)));
+        return made;
+    }();
+    return ends.getAlias();
+}
+
+/// Whether the letter at a place is written below the one before it, as a sign that nobody sees says in
+/// Khmer, Myanmar and others, and a joiner in Sinhala. The library's rules cut behind these.
+bool isStacked(QStringView text, qsizetype place)
+{
+    constexpr char16_t Sinhala = 0x0D80; // the first of them
+    if (text[place].unicode() < Sinhala)
+        return false;
+    const auto categoryAt = [text](qsizetype index) {
+        UChar32 letter = 0;
+        U16_GET(text.utf16(), 0, index, text.size(), letter);
+        return u_getIntPropertyValue(letter, UCHAR_INDIC_SYLLABIC_CATEGORY);
     };
-    return isLetter(place) && isLetter(place + 2);
+    const int letter = categoryAt(place);
+    if (letter != U_INSC_CONSONANT && letter != U_INSC_VOWEL_INDEPENDENT)
+        return false;
+    const int before = categoryAt(place - 1);
+    return before == U_INSC_INVISIBLE_STACKER ||
+           (before == U_INSC_JOINER && place > 1 && categoryAt(place - 2) == U_INSC_VIRAMA);
 }
 
 /// The parts of the text that are seen as one character. Line ends are two.
@@ -122,18 +147,22 @@ std::vector<QStringView> split(QStringView text)
 {
     std::vector<QStringView> characters;
     characters.reserve(size_t(text.size()));
-    std::optional<QTextBoundaryFinder> finder; // takes its time to look at the whole text
+    UBreakIterator* ends = nullptr;
     for (qsizetype start = 0; start < text.size();) {
         qsizetype end = start + 1;
-        // Most characters are letters of their own, which is soon told.
-        const bool plain = text[start].unicode() < 0x80 && (end == text.size() || text[end].unicode() < 0x80);
-        if (isFlag(text, start)) { // the finder cuts one behind another emoji
-            end = start + 4;
-        } else if (!plain) {
-            if (!finder)
-                finder.emplace(QTextBoundaryFinder::Grapheme, text.data(), text.size());
-            finder->setPosition(start);
-            end = finder->toNextBoundary();
+        // Most characters are letters of their own, which is soon told: marks and joiners come behind them.
+        constexpr char16_t Marks = 0x0300;
+        const bool plain =
+            text[start].unicode() < Marks && (end == text.size() || text[end].unicode() < Marks);
+        if (!plain) {
+            if (!ends) {
+                ends = characterEnds();
+                UErrorCode error = U_ZERO_ERROR;
+                ubrk_setText(ends, reinterpret_cast<const UChar*>(text.utf16()), int(text.size()), &error);
+            }
+            end = ubrk_following(ends, int(start));
+            while (end < text.size() && isStacked(text, end))
+                end = ubrk_following(ends, int(end));
         }
         characters.push_back(text.sliced(start, end - start));
         start = end;

@@ -167,8 +167,12 @@ void Fader5::connectHandlers()
     for (const NumberBar& entry : NumberBars) {
         on(this->*entry.box, &QLineEdit::textChanged, this, &Fader5::Command8_Click);
         on(this->*entry.bar, &ScrollBar::Change, this, [this, entry] {
-            (this->*entry.box)
-                ->setText(QString::number((this->*entry.bar)->Value()) + QLatin1String(entry.unit));
+            const QString text = QString::number((this->*entry.bar)->Value()) + QLatin1String(entry.unit);
+            if ((this->*entry.box)->text() == text) {
+                Command8_Click(); // a box that changes runs it by itself
+            } else {
+                (this->*entry.box)->setText(text);
+            }
         });
     }
     for (const auto& options : {TableOptions, CellOptions}) {
@@ -190,7 +194,8 @@ void Fader5::connectHandlers()
 }
 
 /// The markup of what is marked in the source goes through a surface, which knows its plain text. The
-/// clipboard carries it, and loses what it held.
+/// clipboard carries it. It is emptied first: where nothing can be seen of what is marked, nothing is copied,
+/// and what the seller copied elsewhere must not get into a page.
 void Fader5::takeMarkedText()
 {
     const RichTextBox& source = *form<FrmWeb>()->RichTextBox1;
@@ -199,13 +204,14 @@ void Fader5::takeMarkedText()
     const QString marked = source.decode(source.SelText());
     WebBrowser1->writeSoon(marked);
     const WaitCursor wait; // the engine may have to be started
+    Clipboard::Clear();
     try {
         DocumentSurface reader;
         reader.setDesignMode(DesignMode::On); // no script in the text runs
         reader.write(marked);
         reader.execCommand(QStringLiteral("SelectAll"));
-        reader.execCommand(QStringLiteral("Copy"));
-        Text1->setPlainText(Clipboard::GetText());
+        if (reader.execCommand(QStringLiteral("Copy"))) // a desktop may fill an empty clipboard again
+            Text1->setPlainText(Clipboard::GetText());
     } catch (const RuntimeError&) {
         return; // without the engine the text stays empty
     }
@@ -434,13 +440,13 @@ void Fader5::Command5_Click()
 void Fader5::Command15_Click()
 {
     FrmWeb* main = form<FrmWeb>();
-    if (main->SSTab1->Tab() == FrmWeb::PreviewTab)
+    if (main->SSTab1->Tab() != FrmWeb::PreviewTab)
         return;
     RichTextBox& source = *main->RichTextBox1;
     const MarkerPair& description = markers(Region::Description);
     const QByteArray opening = description.opening.toByteArray();
     const QByteArray region = opening + source.encode(faderText(body(FaderUser::Description), false));
-    source.setFocus();
+    source.SetFocus();
     const int caret = source.SelStart();
     source.setSelStart(0);
     source.setSelLength(90000);

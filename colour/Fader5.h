@@ -17,8 +17,7 @@ class Fader5 : public ToolForm, public Ui::Fader5
     Q_OBJECT
 
 public:
-    /// Takes the text that is marked in the source box. Throws RuntimeError(TypeMismatch) when a key of
-    /// section `Fontpro` is missing or no number.
+    /// Takes the text that is marked in the source box, by way of the clipboard.
     Fader5();
 
     // Colours as colour texts, of the rows G, X, Z, F, H, I and J.
@@ -35,8 +34,8 @@ public:
     QString Hlink;
     QString Hlink2;
 
-    /// Puts the fragment in place of each description of the document, and shows the document on the
-    /// surfaces. No control runs it.
+    /// On the tab Preview, puts the fragment in place of each description of the document, shows the document
+    /// on the surfaces and closes; elsewhere nothing. No control runs it.
     void Command15_Click();
 
 private:

@@ -13,7 +13,6 @@ class FrmHR : public ToolForm, public Ui::FrmHR
     Q_OBJECT
 
 public:
-    /// Throws RuntimeError(TypeMismatch) when the key of section `HRpro` is missing or no number.
     FrmHR();
 
     /// The colour text of the rule.

@@ -7,6 +7,7 @@
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <limits>
 
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
@@ -24,6 +25,7 @@ void ComboBox::setEditable(bool editable)
     if (!editable)
         return;
     setCompleter(nullptr);
+    lineEdit()->setMaxLength(std::numeric_limits<int>::max()); // half a text is another text
     // When the field is left, the toolkit would choose the entry that reads as what was typed.
     disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
     connect(lineEdit(), &QLineEdit::textEdited, this, &ComboBox::Change);

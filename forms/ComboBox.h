@@ -5,7 +5,7 @@
 #include <QComboBox>
 
 /// A drop-down list, with a field for any text when `isEditable()`. What is typed stays as it was typed:
-/// nothing completes it, selects an entry by it or adds it to the list.
+/// nothing completes or cuts it, selects an entry by it or adds it to the list.
 class ComboBox : public QComboBox, public ListObject
 {
     Q_OBJECT

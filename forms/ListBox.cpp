@@ -4,9 +4,32 @@
 
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyledItemDelegate>
+
+namespace {
+
+/// Shows the beginning of an entry: the toolkit would measure and paint all of a megabyte, for seconds each
+/// time.
+class EntryDelegate : public QStyledItemDelegate
+{
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* look, const QModelIndex& index) const override
+    {
+        constexpr int Shown = 1000;
+        QStyledItemDelegate::initStyleOption(look, index);
+        if (look->text.size() > Shown)
+            look->text = look->text.left(Shown) + u'\u2026';
+    }
+};
+
+} // namespace
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent)
 {
+    setItemDelegate(new EntryDelegate(this));
     connect(this, &QListWidget::itemSelectionChanged, this, &ListBox::noticeSelection);
     connect(this, &QListWidget::itemDoubleClicked, this, &ListBox::DblClick);
 }
@@ -87,22 +110,37 @@ void ListBox::setSelected(int index, bool selected)
     }
 }
 
+/// Every button selects, so every button is heard: a list that gives its selection back at `MouseUp` would
+/// keep it otherwise.
 void ListBox::mousePressEvent(QMouseEvent* event)
 {
-    const bool left = event->button() == Qt::LeftButton;
-    if (left)
-        emit MouseDown();
+    emit MouseDown();
     m_clicked = false;
     QListWidget::mousePressEvent(event);
-    if (left && !m_clicked && itemAt(event->position().toPoint()))
+    if (m_clicked)
+        return;
+    if (itemAt(event->position().toPoint())) {
         emit Click();
+    } else if (selectsOne()) {
+        clearSelection(); // an older toolkit does so when the button goes up, a newer one doesn't
+    }
+}
+
+void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        QListWidget::mouseDoubleClickEvent(event);
+        return;
+    }
+    QMouseEvent press(QEvent::MouseButtonPress, event->position(), event->globalPosition(), event->button(),
+                      event->buttons(), event->modifiers());
+    mousePressEvent(&press);
 }
 
 void ListBox::mouseReleaseEvent(QMouseEvent* event)
 {
     QListWidget::mouseReleaseEvent(event);
-    if (event->button() == Qt::LeftButton)
-        emit MouseUp();
+    emit MouseUp();
 }
 
 void ListBox::noticeSelection()

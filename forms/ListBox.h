@@ -4,7 +4,8 @@
 
 #include <QListWidget>
 
-/// A list box, with one selected entry at most (the start) or with several, as `selectionMode()` says.
+/// A list box, with one selected entry at most (the start) or with several, as `selectionMode()` says. Of an
+/// entry that is longer than any screen it shows the beginning.
 class ListBox : public QListWidget, public ListObject
 {
     Q_OBJECT
@@ -42,15 +43,16 @@ public:
 signals:
     /// The selection has changed, by hand or by code; or the hand has clicked on an entry once more.
     void Click();
-    /// The hand has clicked twice on an entry.
+    /// The hand has clicked twice on an entry, with the left button. With another these are two clicks.
     void DblClick();
-    /// The left button goes down on the list; the selection is still the old one.
+    /// A button of the mouse goes down on the list; the selection is still the old one.
     void MouseDown();
-    /// The left button has gone up after a press on the list, wherever the pointer is by then.
+    /// A button has gone up after a press on the list, wherever the pointer is by then.
     void MouseUp();
 
 protected:
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:

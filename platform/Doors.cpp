@@ -12,10 +12,12 @@
 #include <QFontDialog>
 #include <QInputDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QStandardPaths>
 #include <algorithm>
 #include <cstdlib>
+#include <limits>
 
 namespace {
 
@@ -136,7 +138,10 @@ public:
         box.setWindowTitle(title);
         box.setLabelText(boxText(prompt));
         for (auto* label : box.findChildren<QLabel*>())
-            label->setTextFormat(Qt::PlainText); // a page's script may ask
+            label->setTextFormat(Qt::PlainText);   // a page's script may ask
+        box.setInputMode(QInputDialog::TextInput); // brings the field
+        for (auto* field : box.findChildren<QLineEdit*>())
+            field->setMaxLength(std::numeric_limits<int>::max());
         box.setTextValue(initial);
         box.resize(420, box.sizeHint().height());
         if (runInFront(box) != QDialog::Accepted)
@@ -185,6 +190,12 @@ public:
     }
 
     const QMimeData* clipboard() override { return QApplication::clipboard()->mimeData(); }
+
+    const QMimeData* selection() override
+    {
+        const QClipboard* clipboard = QApplication::clipboard();
+        return clipboard->supportsSelection() ? clipboard->mimeData(QClipboard::Selection) : nullptr;
+    }
 
     void beep() override { QApplication::beep(); }
     qint64 clock() override { return m_clock.elapsed(); }

@@ -70,6 +70,9 @@ public:
     virtual void setClipboard(std::unique_ptr<QMimeData> data) = 0;
     /// What the clipboard holds; null when it can't be read. Valid until events are served.
     virtual const QMimeData* clipboard() = 0;
+    /// What is selected in some window, for the mouse's middle button; null where the desktop has no such
+    /// thing. Valid until events are served.
+    virtual const QMimeData* selection() = 0;
 
     virtual void beep() = 0;
     /// A clock for measuring spans, in milliseconds from a moment of its own.

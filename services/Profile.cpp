@@ -200,6 +200,11 @@ QString ReadProfile(const QString& section, const QString& key, const QString& f
     }
 }
 
+int ReadCheckBox(const QString& section, const QString& key)
+{
+    return ReadProfile(section, key, webIni()) == QLatin1String("1") ? 1 : 0;
+}
+
 void WriteProfile(const QString& section, const QString& key, const QString& value, const QString& file)
 {
     WriteProfile({{section, key, value}}, file);

@@ -22,6 +22,10 @@ QString webIni();
 /// to 254 characters (UTF-16 units), or to 253 where the last would be half of one.
 QString ReadProfile(const QString& section, const QString& key, const QString& file);
 
+/// A check box that the main settings file keeps: 1 where the key's value is "1"; 0 for any other, and where
+/// the key is missing.
+int ReadCheckBox(const QString& section, const QString& key);
+
 /// Sets the value of a key. An existing key keeps its place, its spelling and its line end; a new key goes to
 /// the end of its section, before blank lines; a new section goes to the end of the file; a missing file is
 /// made. All else in the file stays byte for byte. The value is written as it is, up to its first line break:

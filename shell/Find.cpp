@@ -7,9 +7,7 @@
 #include "shell/FrmWeb.h"
 
 #include <QByteArrayMatcher>
-#include <QLineEdit>
 #include <QScreen>
-#include <limits>
 #include <utility>
 
 namespace {
@@ -23,7 +21,7 @@ RichTextBox& sourceBox()
 void focusSource()
 {
     sourceBox().activateWindow();
-    sourceBox().setFocus();
+    sourceBox().SetFocus();
 }
 
 /// Replaces each occurrence of `find` (not empty) in one pass: what has been replaced is not looked at again,
@@ -53,8 +51,6 @@ void replaceEverywhere(RichTextBox& source, const QString& find, const QString& 
 Find::Find()
 {
     setupUi(this);
-    for (ComboBox* field : {Text1, Text2})
-        field->lineEdit()->setMaxLength(std::numeric_limits<int>::max()); // half a text is another text
     StayOnTop(this);
 
     on(Check1, &CheckBox::Click, this, &Find::Check1_Click);

@@ -10,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
+#include <limits>
 
 namespace {
 
@@ -33,6 +34,7 @@ FindBar::FindBar(DocumentSurface* surface)
     setAutoFillBackground(true);
     m_text->setPlaceholderText(QStringLiteral("Find on the page"));
     m_text->setAccessibleName(QStringLiteral("Find on the page"));
+    m_text->setMaxLength(std::numeric_limits<int>::max());
     m_text->setMinimumWidth(m_text->fontMetrics().averageCharWidth() * 24);
     m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(QStringLiteral("000 of 000")));
     auto* previous = button("go-up", QStringLiteral("Previous match (Shift+Enter)"));

@@ -135,7 +135,7 @@ FrmWeb::FrmWeb() : m_journal({AppPath(), QDir::homePath()})
     JournalTimer.setSingleShot(true);
     on(&JournalTimer, &QTimer::timeout, this, &FrmWeb::JournalTimer_Timer);
     JournalTimer_Timer();
-    RichTextBox1->setFocus();
+    RichTextBox1->SetFocus();
 }
 
 FrmWeb::~FrmWeb()
@@ -239,9 +239,7 @@ void FrmWeb::arrangeFrames()
 
 bool FrmWeb::queryUnload()
 {
-    if (Dirty)
-        Checksafe();
-    if (SaveCancelled)
+    if (!mayGiveUp())
         return false;
     doors().end(0);
     return true;
@@ -320,8 +318,7 @@ void FrmWeb::Form_Resize()
 void FrmWeb::Toolbar1_ButtonClick(int index)
 {
     if (index == CreateButton) {
-        MnNew_Click();
-        if (!SaveCancelled)
+        if (newDocument())
             emit toolWanted(index);
         return;
     }
@@ -346,11 +343,9 @@ void FrmWeb::munfind_Click()
         form<Find>()->Text1->setFocus();
         form<Find>()->Text1->lineEdit()->selectAll(); // the next letter begins another search
         break;
-    case PreviewTab: {
-        DocumentSurface* shown = Option1->Value() ? WebBrowser1 : WebBrowser3;
-        shown->sendKeys(QStringLiteral("^f"));
+    case PreviewTab:
+        shownSurface()->sendKeys(QStringLiteral("^f"));
         break;
-    }
     }
 }
 

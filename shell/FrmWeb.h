@@ -36,8 +36,9 @@ public:
     /// 1 while the source is highlighted.
     int Check1 = 0;
 
-    /// Asks whether to save, and saves on Yes; the answer stands in `SaveCancelled` and `SaveDeclined`.
-    void Checksafe();
+    /// Asks whether to save, and saves on Yes; the answer stands in `SaveCancelled` and `SaveDeclined`. False:
+    /// the document is not to be given up, by the user's Cancel, or as it could not be read to be saved.
+    bool Checksafe();
     /// Asks for a file to save to, proposing `initial`; empty when the user cancels.
     QString GetFileName(const QString& initial);
     /// Writes the source box's text, with a line end behind it, to `path` and names the window after it. The
@@ -90,6 +91,7 @@ private:
 
     // FrmWebDocument.cpp
     void MnNew_Click();
+    bool newDocument();
     void MnOpen_Click();
     void mnsave_Click();
     void mnsaveas_Click();
@@ -106,6 +108,7 @@ private:
     void RichTextBox1_Click();
     void RichTextBox1_KeyUp();
     void RichTextBox1_FileDropped(const QString& path);
+    bool mayGiveUp();
     bool giveUpDocument();
     void openFile(const QString& path);
     void emptyDocument();
@@ -118,6 +121,7 @@ private:
     void SSTab1_Click();
     void showEditor();
     void showPreview();
+    WebBrowser* shownSurface() const;
     void switchTools();
     void Option1_Click();
     void Option2_Click();

@@ -47,7 +47,7 @@ void sayCannotSave()
 
 } // namespace
 
-void FrmWeb::Checksafe()
+bool FrmWeb::Checksafe()
 {
     SaveCancelled = false;
     SaveDeclined = false;
@@ -58,15 +58,20 @@ void FrmWeb::Checksafe()
     switch (MsgBox(name + QStringLiteral(" - File has changed. Do you wish to save changes ?"), ProgramTitle,
                    MsgIcon::Information, MsgButtons::YesNoCancel)) {
     case MsgAnswer::Yes:
-        if (!save())
-            SaveCancelled = true; // what could not be read must not be given up either
-        break;
+        return save();
     case MsgAnswer::No:
         SaveDeclined = true;
-        break;
+        return true;
     default:
         SaveCancelled = true;
+        return false;
     }
+}
+
+/// Whether the document may go: asks when it has unsaved changes. A Cancel to an earlier question still holds.
+bool FrmWeb::mayGiveUp()
+{
+    return (!Dirty || Checksafe()) && !SaveCancelled;
 }
 
 QString FrmWeb::GetFileName(const QString& initial)
@@ -106,7 +111,7 @@ QString FrmWeb::etxt(const QString& text) const
 
 void FrmWeb::StampGenerator()
 {
-    RichTextBox1->setFocus();
+    RichTextBox1->SetFocus();
     stampGenerator(*RichTextBox1);
 }
 
@@ -147,6 +152,12 @@ void FrmWeb::emptyDocument()
 
 void FrmWeb::MnNew_Click()
 {
+    newDocument();
+}
+
+/// False: the document stays.
+bool FrmWeb::newDocument()
+{
     if (SSTab1->Tab() == PreviewTab) {
         try {
             takeSurface(); // without an answer the source's own text is what there is to save
@@ -157,25 +168,22 @@ void FrmWeb::MnNew_Click()
             Dirty = false;
     }
     try {
-        if (Dirty)
-            Checksafe();
+        if (!mayGiveUp())
+            return false;
     } catch (const RuntimeError&) { // the same torn tag, but the user wants the text saved
         sayCannotSave();
-        return;
+        return false;
     }
-    if (SaveCancelled)
-        return;
     emptyDocument();
     writeSurface(WebBrowser1, QString());
     UpdateRegionButtons(*this);
+    return true;
 }
 
 /// Asks whether to save before another file takes the document's place. False: the user stays with it.
 bool FrmWeb::giveUpDocument()
 {
-    if (Dirty)
-        Checksafe();
-    if (SaveCancelled)
+    if (!mayGiveUp())
         return false;
     if (SaveDeclined) { // the old document is given up even if no other comes
         emptyDocument();
@@ -330,7 +338,7 @@ void FrmWeb::MnCopy_Click()
     case EditorTab:
         Clipboard::Clear();
         RichTextBox1->copy();
-        RichTextBox1->setFocus();
+        RichTextBox1->SetFocus();
         break;
     case PreviewTab:
         surfaceCommand(QStringLiteral("Copy"));
@@ -359,7 +367,7 @@ void FrmWeb::MnSelect_Click()
     switch (SSTab1->Tab()) {
     case EditorTab:
         RichTextBox1->selectAll();
-        RichTextBox1->setFocus();
+        RichTextBox1->SetFocus();
         break;
     case PreviewTab:
         surfaceCommand(QStringLiteral("SelectAll"));
@@ -377,7 +385,7 @@ void FrmWeb::mnuhtml_Click()
     RichTextBox1->selectAll();
     RichTextBox1->copy();
     if (SSTab1->Tab() == EditorTab)
-        RichTextBox1->setFocus();
+        RichTextBox1->SetFocus();
 }
 
 void FrmWeb::RichTextBox1_Change()

@@ -122,7 +122,7 @@ void FrmWeb::connectQuickTags()
             const QString text = InputBox(QStringLiteral("Please Enter your desired scrolling text:"),
                                           QString::fromLatin1(marquee.title));
             RichTextBox1->setSelText(marquee.opening + RichTextBox1->encode(text) + "</marquee>");
-            RichTextBox1->setFocus();
+            RichTextBox1->SetFocus();
         });
     }
     on(munmsg, &QAction::triggered, this, &FrmWeb::munmsg_Click);

@@ -50,6 +50,8 @@ void FrmWeb::SSTab1_Click()
         break;
     case PreviewTab:
         showPreview();
+        if (!SSTab1->tabBar()->hasFocus()) // whoever walks over the tabs with the arrow keys stays there
+            shownSurface()->setFocus();
         break;
     case InternetTab:
         switchTools();
@@ -81,7 +83,12 @@ void FrmWeb::showPreview()
         Dirty = false;
         return;
     }
-    showSource(Option1->Value() ? WebBrowser1 : WebBrowser3);
+    showSource(shownSurface());
+}
+
+WebBrowser* FrmWeb::shownSurface() const
+{
+    return Option1->Value() ? WebBrowser1 : WebBrowser3;
 }
 
 /// Toolbar and menu offer what the tab that is up can take.

@@ -4,6 +4,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "forms/LongWork.h"
+#include "platform/RuntimeError.h"
 #include "services/Desktop.h"
 #include "services/Profile.h"
 
@@ -29,7 +30,12 @@ FrmWord::FrmWord()
     List1->setMinimumSize(letters.averageCharWidth() * 40, letters.lineSpacing() * 10);
     setCancelButton(Command5);
     LoadList(listFile(), *List1);
-    setClosingBox(Check1, QStringLiteral("Quickword"), QStringLiteral("chk"));
+    const QString section = QStringLiteral("Quickword");
+    const QString key = QStringLiteral("chk");
+    if (ReadProfile(section, key, webIni())
+            .isEmpty()) // unlike the other boxes, this one has to be in the file
+        throw RuntimeError(ErrorNumber::TypeMismatch);
+    setClosingBox(Check1, section, key);
 
     on(Text1, &QLineEdit::returnPressed, this, &FrmWord::Text1_EnterPressed);
     on(List1, &ListBox::DblClick, this, &FrmWord::List1_DblClick);

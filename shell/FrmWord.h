@@ -9,7 +9,7 @@ class FrmWord : public ToolForm, public Ui::FrmWord
     Q_OBJECT
 
 public:
-    /// Throws RuntimeError(TypeMismatch) when key `chk` of section `Quickword` is missing or is no number.
+    /// Throws RuntimeError(TypeMismatch) when key `chk` of section `Quickword` is missing or empty.
     FrmWord();
 
 private:

@@ -45,7 +45,7 @@ void run(RichTextBox& box, const Pass& pass, int color, Progress progress)
 
 void highlight(RichTextBox& box, const HighlightColors& colors)
 {
-    box.setFocus();
+    box.SetFocus();
     const int caret = box.SelStart();
     box.setSelStart(0);
     box.setSelLength(WorkingSelection); // its notification makes the document count as changed

@@ -40,7 +40,7 @@ void selectRegion(RichTextBox& source, Region region)
 {
     const QByteArray opening = markers(region).opening.toByteArray();
     const QByteArray closing = markers(region).closing.toByteArray();
-    source.setFocus();
+    source.SetFocus();
     source.setSelStart(0);
     source.setSelLength(WorkingSelection);
     for (int start = source.Find(opening, 0); start >= 0; start = source.Find(opening, start + 1)) {

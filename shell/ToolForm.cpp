@@ -7,31 +7,16 @@
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
 
-namespace {
-
-int readNumber(const QString& section, const QString& key, IfMissing ifMissing)
+void keepInSettings(CheckBox* box, const QString& section, const QString& key)
 {
-    try {
-        return toInteger16(ReadProfile(section, key, webIni()));
-    } catch (const RuntimeError&) {
-        if (ifMissing == IfMissing::Mismatch)
-            throw;
-        return 0;
-    }
-}
-
-} // namespace
-
-void keepInSettings(CheckBox* box, const QString& section, const QString& key, IfMissing ifMissing)
-{
-    box->setValue(readNumber(section, key, ifMissing));
+    box->setValue(ReadCheckBox(section, key));
     on(box, &CheckBox::Click, box,
        [box, section, key] { WriteProfile(section, key, fromNumber(box->Value()), webIni()); });
 }
 
-void ToolForm::setClosingBox(CheckBox* box, const QString& section, const QString& key, IfMissing ifMissing)
+void ToolForm::setClosingBox(CheckBox* box, const QString& section, const QString& key)
 {
-    keepInSettings(box, section, key, ifMissing);
+    keepInSettings(box, section, key);
     m_closes = box;
 }
 

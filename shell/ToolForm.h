@@ -4,17 +4,9 @@
 
 class CheckBox;
 
-/// What a box shows when its key is missing from the main settings file, or is no number.
-enum class IfMissing {
-    Mismatch, ///< nothing: the load step throws RuntimeError(TypeMismatch)
-    Unticked, ///< 0
-};
-
-/// Ticks a box by a key of the main settings file, and keeps each later change of the box there as "1" or
-/// "0". Throws RuntimeError(TypeMismatch) as told above, and RuntimeError(InvalidPropertyValue) for a number
-/// other than 0 and 1.
-void keepInSettings(CheckBox* box, const QString& section, const QString& key,
-                    IfMissing ifMissing = IfMissing::Mismatch);
+/// Ticks a box where a key of the main settings file is "1", and keeps each later change of the box there as
+/// "1" or "0".
+void keepInSettings(CheckBox* box, const QString& section, const QString& key);
 
 /// A window that makes a fragment of HTML, and gives it to the document or to the clipboard.
 class ToolForm : public Form
@@ -26,8 +18,7 @@ public:
 
 protected:
     /// The box that closes the window when its fragment has gone out; kept in the settings (see above).
-    void setClosingBox(CheckBox* box, const QString& section, const QString& key,
-                       IfMissing ifMissing = IfMissing::Mismatch);
+    void setClosingBox(CheckBox* box, const QString& section, const QString& key);
 
     /// Puts a fragment at the caret of the source box, in place of what is selected there, and closes the
     /// window if its box is ticked.

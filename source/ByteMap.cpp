@@ -29,8 +29,7 @@ QByteArray ByteMap::toInner(const QByteArray& bytes) const
 
 QByteArray ByteMap::fromInner(QByteArrayView text) const
 {
-    return isIdentity() ? text.toByteArray()
-                                            : ::encode(QString::fromUtf8(text), m_encoding);
+    return isIdentity() ? text.toByteArray() : ::encode(QString::fromUtf8(text), m_encoding);
 }
 
 qsizetype ByteMap::toInner(QByteArrayView text, qsizetype position) const

@@ -4,8 +4,8 @@
 
 #include <QByteArray>
 
-/// The map between a document's bytes and the text that the component holds for them, which is UTF-8 in either
-/// encoding: the positions (called inner here) are the document's own only in a UTF-8 document.
+/// The map between a document's bytes and the text that the component holds for them, which is UTF-8 in
+/// either encoding: the positions (called inner here) are the document's own only in a UTF-8 document.
 ///
 /// The text is given with each call, as it lies in the component; `changed` tells of each change of it.
 class ByteMap

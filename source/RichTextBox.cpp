@@ -157,6 +157,12 @@ QByteArray RichTextBox::Text() const
     return m_map.fromInner(innerText());
 }
 
+void RichTextBox::SetFocus()
+{
+    if (isVisibleTo(window()))
+        setFocus();
+}
+
 std::function<QByteArray()> RichTextBox::textLater() const
 {
     return [text = innerText().toByteArray(), encoding = textEncoding()] {

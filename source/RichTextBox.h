@@ -30,6 +30,9 @@ class RichTextBox : public QsciScintillaBase
 public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
+    /// Gives the box the keyboard, unless it is hidden: keys must not go where nobody looks.
+    void SetFocus();
+
     QByteArray Text() const;
     /// The text as it is now, for another thread: what is costly in it is done when the result is called.
     std::function<QByteArray()> textLater() const;
@@ -42,6 +45,9 @@ public:
     void load(const QByteArray& text);
     /// Whether the text is empty; much cheaper than asking `Text`.
     bool isEmpty() const;
+
+    /// Gives the box the keyboard, unless it is hidden: keys must not go where nobody looks.
+    void SetFocus();
 
     /// The selected bytes; empty without a selection.
     QByteArray SelText() const;

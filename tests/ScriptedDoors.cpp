@@ -220,6 +220,16 @@ const QMimeData* ScriptedDoors::clipboard()
     return m_clipboard.get();
 }
 
+void ScriptedDoors::select(std::unique_ptr<QMimeData> data)
+{
+    m_selection = std::move(data);
+}
+
+const QMimeData* ScriptedDoors::selection()
+{
+    return m_selection.get();
+}
+
 void ScriptedDoors::beep()
 {
     ++beeps;

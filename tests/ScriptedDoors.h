@@ -31,6 +31,9 @@ public:
     /// Runs `during` while the next dialog is open, before it is answered.
     void during(std::function<void()> during);
 
+    /// Selects something in another window, for the mouse's middle button.
+    void select(std::unique_ptr<QMimeData> data);
+
     /// One line a dialog, as "MsgBox|title|prompt|icon|buttons", "InputBox|title|prompt|initial",
     /// "Open|title|file name|filter", "Save|...", "Color|number", "Font|family|size|bold|italic".
     QStringList asked;
@@ -50,6 +53,7 @@ public:
     bool fontDialog(CommonDialog& dialog) override;
     void setClipboard(std::unique_ptr<QMimeData> data) override;
     const QMimeData* clipboard() override;
+    const QMimeData* selection() override;
     void beep() override;
     qint64 clock() override;
     void end(int exitCode) override;
@@ -74,4 +78,5 @@ private:
     QList<Answer> m_script;
     std::function<void()> m_during;
     std::unique_ptr<QMimeData> m_clipboard = std::make_unique<QMimeData>();
+    std::unique_ptr<QMimeData> m_selection = std::make_unique<QMimeData>();
 };

@@ -2,12 +2,14 @@
 
 #include "forms/ComboBox.h"
 #include "forms/ScrollBar.h"
-#include "web/WebControl.h"
+#include "web/Sample.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QStyleOptionSlider>
 #include <QTest>
+#include <optional>
+#include <utility>
 
 QPoint placeOf(const ScrollBar* bar, QStyle::SubControl part)
 {
@@ -83,4 +85,20 @@ QString pageBody(WebControl* browser)
     return browser->evaluate(QStringLiteral("document.body ? document.body.innerHTML.trim() : ''"))
         .value_or(QVariant())
         .toString();
+}
+
+QString settledSample(Sample* sample)
+{
+    std::optional<QString> seen;
+    const auto settled = [&] {
+        if (sample->isWriting()) {
+            seen.reset();
+            return false;
+        }
+        const std::optional<QString> before = std::exchange(seen, pageBody(sample));
+        return !sample->isWriting() && before == seen;
+    };
+    if (!QTest::qWaitFor(settled, Patience))
+        QTest::qFail("the sample does not settle", __FILE__, __LINE__);
+    return seen.value_or(QString());
 }

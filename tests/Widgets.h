@@ -9,6 +9,7 @@ class ComboBox;
 class QAbstractButton;
 class QWidget;
 class ScrollBar;
+class Sample;
 class WebControl;
 
 // What a hand does with the program's controls, and what an eye sees in them.
@@ -37,3 +38,6 @@ void release(ScrollBar* bar);
 QString pageText(WebControl* browser);
 /// What stands inside the body of the page in a rendering control, with one line end where there are any.
 QString pageBody(WebControl* browser);
+/// The same of a sample, once it has settled: no page is on its way to it, and two looks see the same. For
+/// what must not refresh a sample; what must is awaited.
+QString settledSample(Sample* sample);

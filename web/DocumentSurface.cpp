@@ -1,11 +1,14 @@
 #include "web/DocumentSurface.h"
 
 #include "platform/Doors.h"
+#include "platform/Events.h"
 #include "web/SurfaceScript.h"
+#include "web/WebEngine.h"
 
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QPointer>
 #include <QUrl>
 #include <QWebEngineFindTextResult>
@@ -37,7 +40,7 @@ bool DocumentSurface::write(const QString& html)
 /// An empty document, where there is none yet.
 void DocumentSurface::makeDocument()
 {
-    if (content() == Content::Nothing && !isLost())
+    if (content() == Content::Nothing && !isLost() && engineListens())
         writePage(QString());
 }
 
@@ -64,12 +67,14 @@ QString DocumentSurface::innerHtml()
 
 void DocumentSurface::readEdits(const std::function<void(const QString& html)>& heard)
 {
-    if (!isEditable() || isAnyWaiting())
+    if (!isEditable() || EngineWait::isUnderWay())
         return;
-    callSoon(QStringLiteral("edits()"), [self = QPointer<DocumentSurface>(this), heard](const QVariant& html) {
-        if (self && html.typeId() == QMetaType::QString)
-            heard(html.toString());
-    });
+    callSoon(QStringLiteral("edits()"),
+             [self = QPointer<DocumentSurface>(this), heard](const QVariant& html) {
+                 const EngineCall call;
+                 if (self && html.typeId() == QMetaType::QString)
+                     heard(html.toString());
+             });
 }
 
 void DocumentSurface::forgetEdits()
@@ -86,7 +91,7 @@ void DocumentSurface::Navigate(const QString& address)
         return;
     }
     const QUrl url = QUrl::fromUserInput(text);
-    if (isAddress(url)) {
+    if (WebPage::isAddress(url)) {
         open(url);
     } else {
         tellNoAddress(text);
@@ -135,9 +140,36 @@ bool DocumentSurface::copySelection()
 bool DocumentSurface::paste()
 {
     const QMimeData* clip = doors().clipboard();
-    if (!clip || !(clip->hasText() || clip->hasHtml()))
+    return clip && insert(clip->text(), clip->html());
+}
+
+/// Inserts what comes from elsewhere at the caret, or at a place of the view. The cleaner is sent to a page
+/// that has not got it yet.
+bool DocumentSurface::insert(const QString& text, const QString& html, std::optional<QPoint> place)
+{
+    if (text.isEmpty() && html.isEmpty())
         return false;
-    return succeeds(QStringLiteral("paste(") + literal(clip->text()) + u',' + literal(clip->html()) + u')');
+    if (!html.isEmpty() && !succeeds(QStringLiteral("canClean()")) &&
+        !succeeds(QStringLiteral("cleanWith(") + cleanerScript() + u')'))
+        return false;
+    QString function = QStringLiteral("paste(") + literal(text) + u',' + literal(html);
+    if (place) {
+        const QPointF point = QPointF(*place) / page()->zoomFactor();
+        function += QStringLiteral(",[%1,%2]").arg(point.x()).arg(point.y());
+    }
+    setLength(length() + html.size()); // what takes time
+    return succeeds(function + u')');
+}
+
+/// Inserts what a drag or the mouse brings. The program that it comes from waits for neither page nor user.
+void DocumentSurface::insertSoon(const QMimeData& dropped, QPoint place)
+{
+    QTimer::singleShot(0, this, [this, text = dropped.text(), html = dropped.html(), place] {
+        whenHandlersReturn([self = QPointer<DocumentSurface>(this), text, html, place] {
+            if (self)
+                untilDeleted([&] { self->insert(text, html, place); });
+        });
+    });
 }
 
 QString DocumentSurface::currentLink()
@@ -207,10 +239,17 @@ bool DocumentSurface::actOnKey(const QKeyEvent& key)
         emit linkRequested();
         return true;
     }
-    static const std::pair<QKeySequence::StandardKey, const char*> commands[] = {
-        {QKeySequence::Cut, "Cut"}, {QKeySequence::Copy, "Copy"}, {QKeySequence::Paste, "Paste"}};
-    for (const auto& [sequence, command] : commands) {
-        if (key.matches(sequence)) {
+    struct Command
+    {
+        QKeySequence::StandardKey sequence;
+        Qt::Key key; // of its own, on some keyboards
+        const char* name;
+    };
+    static const Command commands[] = {{QKeySequence::Cut, Qt::Key_Cut, "Cut"},
+                                       {QKeySequence::Copy, Qt::Key_Copy, "Copy"},
+                                       {QKeySequence::Paste, Qt::Key_Paste, "Paste"}};
+    for (const auto& [sequence, ownKey, command] : commands) {
+        if (key.matches(sequence) || key.key() == ownKey) {
             execCommand(QString::fromLatin1(command));
             return true;
         }
@@ -222,11 +261,37 @@ bool DocumentSurface::actOnKey(const QKeyEvent& key)
     return leaves;
 }
 
-/// A design surface is edited by dragging too. From elsewhere it takes text, but no files and addresses; all
-/// other pages are to be looked at.
+/// The middle button brings what is selected in some window.
+bool DocumentSurface::actOnMouse(const QMouseEvent& mouse, QPoint place)
+{
+    if (designMode() == DesignMode::Off || mouse.button() != Qt::MiddleButton)
+        return false;
+    const QMimeData* selection = mouse.type() == QEvent::MouseButtonRelease ? doors().selection() : nullptr;
+    if (selection)
+        insertSoon(*selection, place);
+    return true;
+}
+
+/// The page shows where a drag would go, and moves what is its own.
+bool DocumentSurface::actOnDrop(QDropEvent& event, QPoint place)
+{
+    if (!takesDrop(event)) {
+        event.ignore();
+        return true;
+    }
+    if (event.type() != QEvent::Drop || isOwnDrag(event))
+        return false;
+    event.accept();
+    endDrag();
+    insertSoon(*event.mimeData(), place);
+    return true;
+}
+
+/// A design surface is edited by dragging too, unless a handler runs, which may be about to replace the text.
+/// From elsewhere it takes text, but no files and addresses; all other pages are to be looked at.
 bool DocumentSurface::takesDrop(const QDropEvent& event) const
 {
-    if (designMode() == DesignMode::Off)
+    if (handlersRun() || designMode() == DesignMode::Off)
         return false;
     return isOwnDrag(event) || (event.mimeData()->hasText() && !event.mimeData()->hasUrls());
 }

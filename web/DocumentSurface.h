@@ -2,6 +2,8 @@
 
 #include "web/WrittenPage.h"
 
+class QMimeData;
+
 /// How often a text was found, and which of the places is selected, counted from 1; 0 when it wasn't found.
 struct FindResult
 {
@@ -55,7 +57,8 @@ public:
     // ---- Editing
 
     /// Runs an editing command on the selection: "Bold", "FontName", "Undo" ... in any case. "Cut", "Copy"
-    /// and "Paste" use the program's clipboard. False: it could not be run, or nobody answered.
+    /// and "Paste" use the program's clipboard. HTML that is pasted or dropped is cleaned (see clean.js).
+    /// False: it could not be run, or nobody answered.
     bool execCommand(const QString& id, const QString& value = QString());
 
     /// The address of the link at the caret; empty when there is none.
@@ -83,12 +86,16 @@ protected:
     void arrived() override;
     bool takesKey(const QKeyEvent& key) const override;
     bool actOnKey(const QKeyEvent& key) override;
-    bool takesDrop(const QDropEvent& event) const override;
+    bool actOnMouse(const QMouseEvent& mouse, QPoint place) override;
+    bool actOnDrop(QDropEvent& event, QPoint place) override;
 
 private:
     void makeDocument();
     bool succeeds(const QString& function);
     bool copySelection();
     bool paste();
+    bool insert(const QString& text, const QString& html, std::optional<QPoint> place = std::nullopt);
+    void insertSoon(const QMimeData& dropped, QPoint place);
+    bool takesDrop(const QDropEvent& event) const;
     bool isLinkKey(const QKeyEvent& key) const;
 };

@@ -30,6 +30,7 @@ InternetBrowser::InternetBrowser(QWidget* parent) : WebControl(WebPage::Kind::In
 void InternetBrowser::viewMade()
 {
     connect(page(), &QWebEnginePage::loadProgress, this, [this](int percent) {
+        const EngineCall call;
         if (content() == Content::Loaded)
             emit progressChanged(percent, 100);
     });
@@ -68,10 +69,10 @@ void InternetBrowser::Navigate(const QString& address)
     const QUrl url = addressOf(text);
     if (text.isEmpty() || text == QLatin1String("about:blank")) {
         showEmptyPage();
-    } else if (!isAddress(url)) {
+    } else if (!WebPage::isAddress(url)) {
         tellNoAddress(text);
     } else if (!WebPage::isAllowed(kind(), url)) {
-        emit statusTextChanged(QStringLiteral("Not opened here: %1").arg(shownAddress(url)));
+        tellStatus(QStringLiteral("Not opened here: %1").arg(shownAddress(url)));
     } else {
         open(url);
     }
@@ -118,7 +119,7 @@ void InternetBrowser::Stop()
     page()->arrived();
     loadingEnded();
     if (wasLoading)
-        emit statusTextChanged(QStringLiteral("Stopped"));
+        tellStatus(QStringLiteral("Stopped"));
     endIfDeaf();
 }
 
@@ -130,13 +131,17 @@ void InternetBrowser::loadingEnded()
 /// Asks the page for a sign of life, without waiting for it.
 void InternetBrowser::endIfDeaf()
 {
-    if (isLost() || page()->isAsking())
+    if (isLost())
         return;
     auto* patience = new QTimer(page());
     patience->setSingleShot(true);
     connect(patience, &QTimer::timeout, this, [this, patience] {
+        if (!engineListens()) { // nor could the page
+            patience->start(SignOfLife);
+            return;
+        }
         patience->deleteLater();
-        if (!isLost() && !page()->isAsking())
+        if (!isLost())
             untilDeleted([this] { endRenderer(); });
     });
     patience->start(SignOfLife);

@@ -1,6 +1,9 @@
 #include "web/Sample.h"
 
+#include "web/WebEngine.h"
+
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPointer>
 #include <utility>
 
@@ -46,6 +49,10 @@ void Sample::writeNext()
 {
     if (!m_next || m_writing != Writing::Nobody)
         return;
+    if (!engineListens()) {
+        m_writeTimer.start(BusyPause);
+        return;
+    }
     const QString html = *std::exchange(m_next, std::nullopt);
     if (!takesPage()) {
         writeAndWait(html);
@@ -103,11 +110,18 @@ void Sample::showAgain()
         m_writeTimer.start(0);
 }
 
-/// One that can be edited has no use for the Tab key.
+/// One that can be edited has no use for the Tab key, nor for what comes from elsewhere.
 bool Sample::actOnKey(const QKeyEvent& key)
 {
-    if (designMode() == DesignMode::Off || !isTab(key))
+    if (designMode() == DesignMode::Off)
         return false;
-    leaveBy(key);
-    return true;
+    if (isTab(key))
+        leaveBy(key);
+    return isTab(key) || key.matches(QKeySequence::Paste) || key.key() == Qt::Key_Paste;
+}
+
+/// The middle button would paste.
+bool Sample::actOnMouse(const QMouseEvent& mouse, QPoint)
+{
+    return designMode() == DesignMode::On && mouse.button() == Qt::MiddleButton;
 }

@@ -18,17 +18,21 @@ public:
     /// When its renderer ends, the page is shown again.
     void writeSoon(const QString& html);
 
+    /// Whether a page that was given is still on its way to the eye. For tests.
+    bool isWriting() const { return m_next || m_writing != Writing::Nobody; }
+
 protected:
     void showDocument() override;
     void rendererEnded() override;
     bool actOnKey(const QKeyEvent& key) override;
+    bool actOnMouse(const QMouseEvent& mouse, QPoint place) override;
 
 private:
     /// Who has the page that was given last.
     enum class Writing {
-        Nobody, ///< it is shown, or waits for its turn
+        Nobody,  ///< it is shown, or waits for its turn
         Control, ///< it waits for an empty page to put it into
-        Engine, ///< which has not yet said that it is there
+        Engine,  ///< which has not yet said that it is there
     };
 
     void writeNext();
@@ -36,9 +40,9 @@ private:
     void showAgain();
     void writeAndWait(const QString& html);
 
-    QString m_sample; // what was given last
+    QString m_sample;              // what was given last
     std::optional<QString> m_next; // ... as long as it has yet to be shown
-    int m_tries = 0; // how often it may still be shown again
+    int m_tries = 0;               // how often it may still be shown again
     Writing m_writing = Writing::Nobody;
     QTimer m_writeTimer;
 };

@@ -6,12 +6,14 @@
 static void initResources()
 {
     Q_INIT_RESOURCE(web);
+    Q_INIT_RESOURCE(cleaner);
 }
 
 namespace {
 
 QString resourceText(const QString& path)
 {
+    initResources();
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         qFatal("%s is not in the program", qPrintable(path));
@@ -23,12 +25,19 @@ QString resourceText(const QString& path)
 const QString& surfaceScript()
 {
     static const QString script = [] {
-        initResources();
         // The page's elements have names in the same place, but none is a symbol.
         return QStringLiteral("(globalThis[Symbol.for('surface')] ?\?= (%1)(%2))")
             .arg(resourceText(QStringLiteral(":/web/surface.js")),
                  resourceText(QStringLiteral(":/web/serialise.js")));
     }();
+    return script;
+}
+
+const QString& cleanerScript()
+{
+    static const QString script =
+        resourceText(QStringLiteral(":/web/clean.js"))
+            .replace(QStringLiteral("/* DOMPurify */"), resourceText(QStringLiteral(":/web/purify.js")));
     return script;
 }
 

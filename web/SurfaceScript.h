@@ -5,8 +5,12 @@
 // What the controls run in a page, in a world of their own: the functions of surface.js.
 
 /// The object of these functions, as a JavaScript expression, which makes it where it is not there yet. Only
-/// for the first call in a page: the engine keeps a copy of the text each time, 56 KiB.
+/// for the first call in a page: the engine keeps a copy of the text each time, 47 KiB.
 const QString& surfaceScript();
+
+/// What cleans pastes, as a JavaScript expression (see clean.js): for the surface's function `cleanWith`,
+/// once in a page in which something is pasted.
+const QString& cleanerScript();
 
 /// A call of one of them, such as "reveal()", as a JavaScript expression; `undefined` in a page in which they
 /// were not made.

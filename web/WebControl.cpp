@@ -2,14 +2,16 @@
 
 #include "forms/LongWork.h"
 #include "platform/Accessible.h"
+#include "platform/Events.h"
 #include "web/SurfaceScript.h"
+#include "web/WebEngine.h"
 
-#include <QAction>
+#include <QCoreApplication>
 #include <QDropEvent>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPointer>
-#include <QShortcut>
 #include <QVBoxLayout>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
@@ -26,13 +28,7 @@ namespace {
 /// How long a killed renderer may take to be gone, in milliseconds.
 constexpr int GoneLimit = 2000;
 
-/// How long the loss of a renderer waits to be told while questions are under way, in milliseconds.
-constexpr int LossPause = 30;
-
 constexpr std::array ZoomFactors = {0.6, 0.8, 1.0, 1.25, 1.6};
-
-/// Questions of all controls that wait for the engine right now.
-int questionsWaiting = 0;
 
 } // namespace
 
@@ -47,8 +43,10 @@ WebControl::WebControl(WebPage::Kind kind, QWidget* parent) : QWidget(parent), m
     describeClass(staticMetaObject, accessibleGroup);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    m_lossTimer.setSingleShot(true);
+    for (QTimer* timer : {&m_lossTimer, &m_returnTimer})
+        timer->setSingleShot(true);
     connect(&m_lossTimer, &QTimer::timeout, this, &WebControl::tellLoss);
+    connect(&m_returnTimer, &QTimer::timeout, this, &WebControl::passOnReturnedKeys);
 }
 
 // Before the base class goes: the page's last signals must still find a whole control.
@@ -75,13 +73,22 @@ void WebControl::makeView()
     m_view->show();
 
     connect(m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { rendererEnded(); });
-    connect(m_page, &QWebEnginePage::loadingChanged, this, &WebControl::loadingChanged);
+    connect(m_page, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo& info) {
+        const EngineCall call;
+        loadingChanged(info);
+    });
     connect(m_page, &QWebEnginePage::urlChanged, this, [this] {
         if (m_content == Content::Loaded)
             m_page->arrived(); // from here on the new page speaks, not the one that is left
     });
-    connect(m_page, &QWebEnginePage::linkHovered, this, &WebControl::statusTextChanged);
-    connect(m_page, &WebPage::refused, this, &WebControl::statusTextChanged);
+    connect(m_page, &QWebEnginePage::linkHovered, this, [this](const QString& address) {
+        const EngineCall call;
+        linkHovered(address);
+    });
+    connect(m_page, &WebPage::refused, this, [this](const QString& sentence) {
+        const EngineCall call;
+        tellStatus(sentence);
+    });
     viewMade();
 }
 
@@ -96,18 +103,6 @@ QWidget* WebControl::inputWidget() const
 }
 
 // ---- The renderer's life ---------------------------------------------------------------------------------
-
-/// What each event makes of the renderer's state; the columns are the states from `None` to `Missed`.
-void WebControl::advance(Event event)
-{
-    using enum Renderer;
-    static constexpr std::array<std::array<Renderer, 4>, 3> next = {{
-        {Alive, Alive, Alive, Alive},   // Loads: a new renderer comes where there is none
-        {Ended, Ended, Ended, Missed},  // Ends: the end of one that is missed already is no news
-        {None, Alive, Missed, Missed},  // Told
-    }};
-    m_renderer = next.at(size_t(event)).at(size_t(m_renderer));
-}
 
 void WebControl::endRenderer()
 {
@@ -125,28 +120,24 @@ void WebControl::endRenderer()
 
 void WebControl::rendererEnded()
 {
-    advance(Event::Ends);
+    m_life.advance(RendererLife::Event::Ends);
+    m_overLink = false;
     m_lossTimer.start(0);
 }
 
 void WebControl::tellLoss()
 {
-    if (m_renderer != Renderer::Ended)
+    if (renderer() != Renderer::Ended)
         return;
-    if (isAnyWaiting()) {
-        m_lossTimer.start(LossPause);
+    if (EngineWait::isUnderWay() || !engineListens()) {
+        m_lossTimer.start(BusyPause);
         return;
     }
-    advance(Event::Told);
+    lossIsTold();
     emit rendererDied();
 }
 
 // ---- The conversation ------------------------------------------------------------------------------------
-
-bool WebControl::isAnyWaiting()
-{
-    return questionsWaiting > 0;
-}
 
 void WebControl::wait(QEventLoop& loop, int milliseconds)
 {
@@ -157,10 +148,9 @@ void WebControl::wait(QEventLoop& loop, int milliseconds)
     connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
     timer.start(milliseconds);
-    ++questionsWaiting;
+    const EngineWait waiting;
     const LongWork signs;
     loop.exec(QEventLoop::ExcludeUserInputEvents);
-    --questionsWaiting;
     if (!self)
         throw SurfaceLost();
 }
@@ -182,7 +172,8 @@ int WebControl::limit() const
 
 WebControl::Answer WebControl::ask(const Question& question)
 {
-    if (!m_page || isLost() || m_page->isAsking()) // nobody there, or the user has yet to answer
+    Q_ASSERT(!EngineCall::isUnderWay()); // what a key or a signal of a page causes comes from the queue
+    if (!m_page || isLost() || !engineListens()) // nobody there, or the user has yet to answer
         return {};
 
     struct Reply
@@ -198,12 +189,8 @@ WebControl::Answer WebControl::ask(const Question& question)
         if (reply->loop)
             reply->loop->quit();
     });
-    const bool wasMuted = m_page->isMuted(); // by a call further out
-    m_page->setMuted(true);
     if (!reply->answer && !isLost())
         wait(loop, limit());
-    m_page->setMuted(wasMuted);
-
     if (reply->answer || isLost())
         return {reply->answer};
     endRenderer();
@@ -240,6 +227,23 @@ void WebControl::callSoon(const QString& function, const std::function<void(cons
     evaluateSoon(surfaceCall(function), answered);
 }
 
+void WebControl::tellStatus(const QString& text)
+{
+    m_status = text;
+    emit statusTextChanged(text);
+}
+
+/// The address under the mouse covers the status until the mouse leaves it.
+void WebControl::linkHovered(const QString& address)
+{
+    const bool wasOverLink = std::exchange(m_overLink, !address.isEmpty());
+    if (m_overLink) {
+        emit statusTextChanged(address);
+    } else if (wasOverLink) {
+        emit statusTextChanged(m_status);
+    }
+}
+
 // ---- Loading ---------------------------------------------------------------------------------------------
 
 /// The engine's setting is wider than its name, but of other files the profile's guard lets none through.
@@ -262,15 +266,10 @@ void WebControl::open(const QUrl& address)
     load(address, [&] { m_page->load(address); });
 }
 
-bool WebControl::isAddress(const QUrl& url)
-{
-    return url.isValid() && url.scheme() != QLatin1String("javascript");
-}
-
 void WebControl::tellNoAddress(const QString& text)
 {
     constexpr qsizetype LongestShown = 200; // characters
-    emit statusTextChanged(QStringLiteral("Not an address: %1").arg(text.left(LongestShown)));
+    tellStatus(QStringLiteral("Not an address: %1").arg(text.left(LongestShown)));
 }
 
 void WebControl::loadingChanged(const QWebEngineLoadingInfo& info)
@@ -280,8 +279,8 @@ void WebControl::loadingChanged(const QWebEngineLoadingInfo& info)
     const bool ok = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
-        advance(Event::Loads); // a page that has ended gets a new renderer
-        emit statusTextChanged(QStringLiteral("Opening page %1").arg(shownAddress(info.url())));
+        beginsToLoad(); // a page that has ended gets a new renderer
+        tellStatus(QStringLiteral("Opening page %1").arg(shownAddress(info.url())));
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus: // by the user, or by the next load, which goes on
         loadingEnded();
@@ -293,10 +292,9 @@ void WebControl::loadingChanged(const QWebEngineLoadingInfo& info)
         arrived();
         loadingEnded();
         if (ok) {
-            emit statusTextChanged(QStringLiteral("Done"));
+            tellStatus(QStringLiteral("Done"));
         } else if (!isLost()) { // the loss is told by itself
-            emit statusTextChanged(
-                QStringLiteral("The page %1 could not be opened").arg(shownAddress(info.url())));
+            tellStatus(QStringLiteral("The page %1 could not be opened").arg(shownAddress(info.url())));
         }
         emit navigationFinished(ok);
         break;
@@ -319,18 +317,52 @@ void WebControl::applyZoom()
 
 bool WebControl::takesKey(const QKeyEvent& key) const
 {
-    if (key.modifiers() == Qt::AltModifier && !key.text().isEmpty())
-        return false; // comes back to the page where no access key is meant
-    const QKeySequence sequence(key.keyCombination());
-    const QList<QShortcut*> shortcuts = window()->findChildren<QShortcut*>();
-    if (std::any_of(shortcuts.begin(), shortcuts.end(), [&](const QShortcut* shortcut) {
-            return shortcut->isEnabled() && shortcut->keys().contains(sequence);
-        }))
-        return false;
-    const QList<QAction*> actions = window()->findChildren<QAction*>();
-    return std::none_of(actions.begin(), actions.end(), [&](const QAction* action) {
-        return action->isEnabled() && action->shortcuts().contains(sequence);
-    });
+    return !isForWindow(key, *window());
+}
+
+/// A page takes nothing that is dragged over it.
+bool WebControl::actOnDrop(QDropEvent& event, QPoint)
+{
+    event.ignore();
+    return true;
+}
+
+bool WebControl::takesOver(const QKeyEvent& key)
+{
+    return key.type() == QEvent::KeyPress && actOnKey(key);
+}
+
+QPoint WebControl::placeInView(const QObject* widget, QPointF place) const
+{
+    return static_cast<const QWidget*>(widget)->mapTo(m_view, place).toPoint();
+}
+
+/// What the page has no use for comes back here in a call of the engine, and must not go on from there: what
+/// the program does on a key may wait for the engine.
+void WebControl::keyPressEvent(QKeyEvent* event)
+{
+    m_returnedKeys.hold(*event);
+    m_returnTimer.start(0);
+}
+
+void WebControl::keyReleaseEvent(QKeyEvent* event)
+{
+    keyPressEvent(event);
+}
+
+void WebControl::passOnReturnedKeys()
+{
+    if (!canAct()) {
+        m_returnTimer.start(BusyPause);
+        return;
+    }
+    m_returnedKeys.sendTo(parentWidget());
+}
+
+void WebControl::endDrag()
+{
+    QDragLeaveEvent leave;
+    QCoreApplication::sendEvent(m_view, &leave);
 }
 
 bool WebControl::isOwnDrag(const QDropEvent& event) const
@@ -353,17 +385,26 @@ bool WebControl::eventFilter(QObject* watched, QEvent* event)
         event->setAccepted(takesKey(*static_cast<QKeyEvent*>(event)));
         return true;
     case QEvent::KeyPress:
-        if (actOnKey(*static_cast<QKeyEvent*>(event)))
+    case QEvent::KeyRelease:
+        if (takesOver(*static_cast<QKeyEvent*>(event)))
             return true;
         break;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseButtonRelease: {
+        const auto& mouse = *static_cast<QMouseEvent*>(event);
+        if (actOnMouse(mouse, placeInView(watched, mouse.position())))
+            return true;
+        break;
+    }
     case QEvent::DragEnter:
     case QEvent::DragMove:
-    case QEvent::Drop:
-        if (!takesDrop(*static_cast<QDropEvent*>(event))) {
-            event->ignore();
+    case QEvent::Drop: {
+        auto& drop = *static_cast<QDropEvent*>(event);
+        if (actOnDrop(drop, placeInView(watched, drop.position())))
             return true;
-        }
         break;
+    }
     default:
         break;
     }

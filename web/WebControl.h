@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/RuntimeError.h"
+#include "web/KeyQueue.h"
+#include "web/RendererLife.h"
 #include "web/WebPage.h"
 
 #include <QTimer>
@@ -12,11 +14,12 @@
 class QDropEvent;
 class QEventLoop;
 class QKeyEvent;
+class QMouseEvent;
 class QWebEngineLoadingInfo;
 class QWebEngineView;
 
-/// The page of a control can't be read, because its renderer ended or doesn't answer. What was edited in it is
-/// lost; writing it makes it anew.
+/// The page of a control can't be read, because its renderer ended or doesn't answer. What was edited in it
+/// is lost; writing it makes it anew.
 class SurfaceLost : public RuntimeError
 {
 public:
@@ -58,13 +61,7 @@ signals:
     void navigationFinished(bool ok);
 
 protected:
-    /// How it stands with the renderer of the page that the control shows.
-    enum class Renderer {
-        None,  ///< nothing was loaded yet
-        Alive, ///< there, or about to be
-        Ended, ///< and the control's owner has yet to be told
-        Missed ///< ended, and the owner knows
-    };
+    using Renderer = RendererLife::State;
 
     /// What the view shows.
     enum class Content {
@@ -96,10 +93,10 @@ protected:
 
     // ---- The renderer's life
 
-    Renderer renderer() const { return m_renderer; }
-    bool isLost() const { return m_renderer == Renderer::Ended || m_renderer == Renderer::Missed; }
+    Renderer renderer() const { return m_life.state(); }
+    bool isLost() const { return m_life.isLost(); }
     /// The owner is about to learn of the loss by what an operation returns or throws.
-    void lossIsTold() { advance(Event::Told); }
+    void lossIsTold() { m_life.advance(RendererLife::Event::Told); }
     /// Ends a renderer that answers to nothing; an endless script does not even hear a request to stop.
     void endRenderer();
     /// The renderer has ended.
@@ -117,8 +114,8 @@ protected:
     void evaluateSoon(const QString& script, const std::function<void(const QVariant&)>& answered = {});
     /// Calls a function without waiting, in a page in which they were made.
     void callSoon(const QString& function, const std::function<void(const QVariant&)>& answered = {});
-    /// True while any control waits for the engine.
-    static bool isAnyWaiting();
+    /// How long what can't be done now waits for the next try, in milliseconds.
+    static constexpr int BusyPause = 30;
     /// Lets all events but the user's input be handled until `loop` is told to quit, the renderer ends or the
     /// time is up.
     void wait(QEventLoop& loop, int milliseconds);
@@ -128,19 +125,20 @@ protected:
     int limit() const;
     /// Tells how long the page's text is, in characters: longer ones get more time.
     void setLength(qsizetype length) { m_length = length; }
+    qsizetype length() const { return m_length; }
 
     // ---- Loading
 
     Content content() const { return m_content; }
     void setContent(Content content) { m_content = content; }
     /// A page of the program's own is about to be loaded: a renderer that has ended gets a successor.
-    void beginsToLoad() { advance(Event::Loads); }
+    void beginsToLoad() { m_life.advance(RendererLife::Event::Loads); }
     /// Leaves the page for an address; `begin` makes the engine go there.
     void load(const QUrl& address, const std::function<void()>& begin);
     /// Loads an address that was found fit; a file may show the pictures beside it.
     void open(const QUrl& address);
-    /// Whether an address can be gone to at all; a script is none.
-    static bool isAddress(const QUrl& url);
+    /// Sets the status text, which the address under the mouse covers.
+    void tellStatus(const QString& text);
     /// Tells in the status text that what a person typed is no address.
     void tellNoAddress(const QString& text);
     /// Whether pages that come from files may show pictures that are files.
@@ -164,29 +162,41 @@ protected:
     virtual bool takesKey(const QKeyEvent& key) const;
     /// What the program does on a key of the page; false leaves the key to the page.
     virtual bool actOnKey(const QKeyEvent&) { return false; }
-    /// Whether a page takes what is dragged over it.
-    virtual bool takesDrop(const QDropEvent&) const { return false; }
+    /// What the program does on a key or its release before the page; false leaves it to the page.
+    virtual bool takesOver(const QKeyEvent& key);
+    /// What the program does with the mouse at a place of the view; false leaves it to the page.
+    virtual bool actOnMouse(const QMouseEvent&, QPoint) { return false; }
+    /// What the program does with a drag at a place of the view; false leaves it to the page.
+    virtual bool actOnDrop(QDropEvent& event, QPoint place);
+    /// Has the page forget a drag, and where it would have gone.
+    void endDrag();
     /// Whether a drag began in the control's own page.
     bool isOwnDrag(const QDropEvent& event) const;
     /// The keyboard has come to the page.
     virtual void focusCame() {}
 
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
-    enum class Event { Loads, Ends, Told };
-
-    void advance(Event event);
     Answer askPage(const QString& script);
     void tellLoss();
+    void linkHovered(const QString& address);
+    QPoint placeInView(const QObject* widget, QPointF place) const;
+    void passOnReturnedKeys();
     void loadingChanged(const QWebEngineLoadingInfo& info);
 
     const WebPage::Kind m_kind;
     QWebEngineView* m_view = nullptr;
     WebPage* m_page = nullptr;
-    Renderer m_renderer = Renderer::None;
+    RendererLife m_life;
     Content m_content = Content::Nothing;
     QTimer m_lossTimer;
+    QTimer m_returnTimer;
+    KeyQueue m_returnedKeys; // to be passed on to the window
+    QString m_status;        // ... but for the link under the mouse
+    bool m_overLink = false;
     int m_zoomLevel = 2;
     int m_patience = 5000;
     qsizetype m_length = 0;

@@ -1,5 +1,7 @@
 #include "web/WebEngine.h"
 
+#include "platform/Events.h"
+
 #include <QBuffer>
 #include <QCoreApplication>
 #include <QPointer>
@@ -79,6 +81,16 @@ QWebEngineProfile* makeProfile()
 }
 
 } // namespace
+
+bool engineListens()
+{
+    return !EngineCall::isUnderWay() && !PageMessage::isUnderWay();
+}
+
+bool canAct()
+{
+    return engineListens() && !EngineWait::isUnderWay() && !handlersRun();
+}
 
 void prepareWebEngine()
 {

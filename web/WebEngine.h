@@ -5,6 +5,34 @@
 
 class QWebEngineProfile;
 
+/// An object on the stack for as long as something is under way; `isUnderWay` tells it to all others.
+template <typename What>
+class Span
+{
+public:
+    Span() { ++s_count; }
+    ~Span() { --s_count; }
+    Q_DISABLE_COPY_MOVE(Span)
+
+    static bool isUnderWay() { return s_count > 0; }
+
+private:
+    static inline int s_count = 0;
+};
+
+/// The engine has called the program. It does nothing else until that returns: who waits for an answer of any
+/// page meanwhile waits in vain.
+using EngineCall = Span<struct EngineCallName>;
+/// The same for as long as a message of a page's script stands before the user.
+using PageMessage = Span<struct PageMessageName>;
+/// An operation of a control waits for the engine.
+using EngineWait = Span<struct EngineWaitName>;
+
+/// Whether the engine can answer now: not while it waits for the program itself.
+bool engineListens();
+/// Whether the program can act on a key now: nothing else is under way.
+bool canAct();
+
 /// Sets the rendering engine up. To be called first thing in `main()`, before the application object is made.
 void prepareWebEngine();
 

@@ -3,7 +3,6 @@
 #include "platform/Doors.h"
 #include "web/WebEngine.h"
 
-#include <QScopedValueRollback>
 #include <QWebEngineCertificateError>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineNewWindowRequest>
@@ -49,7 +48,8 @@ void WebPage::refuseFeatures()
             });
     connect(profile(), &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* offer) {
         if (offer->page() == this)
-            emit refused(QStringLiteral("Refused: the page offers a file, %1").arg(offer->downloadFileName()));
+            emit refused(
+                QStringLiteral("Refused: the page offers a file, %1").arg(offer->downloadFileName()));
     });
     connect(this, &QWebEnginePage::certificateError, this, [this](QWebEngineCertificateError error) {
         error.rejectCertificate();
@@ -66,6 +66,11 @@ void WebPage::openInPlace(QWebEngineNewWindowRequest& request)
     } else {
         emit refused(QStringLiteral("Refused: the page asks for a window"));
     }
+}
+
+bool WebPage::isAddress(const QUrl& url)
+{
+    return url.isValid() && url.scheme() != QLatin1String("javascript");
 }
 
 bool WebPage::isAllowed(Kind kind, const QUrl& address)
@@ -98,18 +103,18 @@ QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QS
 }
 
 /// Whether a message of the page's scripts is shown. A page that goes on asking is answered by silence, or
-/// nobody could ever leave it.
+/// nobody could ever leave it; so is any page while the program itself waits for an answer of the engine.
 bool WebPage::mayAsk()
 {
     constexpr int MostMessages = 10;
-    return !m_muted && !m_target && m_messages++ < MostMessages;
+    return !EngineWait::isUnderWay() && !m_target && m_messages++ < MostMessages;
 }
 
 void WebPage::javaScriptAlert(const QUrl&, const QString& message)
 {
     if (!mayAsk())
         return;
-    const QScopedValueRollback asking(m_asking, true);
+    const PageMessage standing;
     MsgBox(message, MessageTitle);
 }
 
@@ -119,7 +124,7 @@ bool WebPage::javaScriptConfirm(const QUrl&, const QString& message)
         return true;
     if (!mayAsk())
         return false;
-    const QScopedValueRollback asking(m_asking, true);
+    const PageMessage standing;
     return MsgBox(message, MessageTitle, MsgIcon::None, MsgButtons::YesNo) == MsgAnswer::Yes;
 }
 
@@ -127,7 +132,7 @@ bool WebPage::javaScriptPrompt(const QUrl&, const QString& message, const QStrin
 {
     if (!mayAsk())
         return false;
-    const QScopedValueRollback asking(m_asking, true);
+    const PageMessage standing;
     const std::optional<QString> text = doors().inputBox(message, MessageTitle, initial);
     *answer = text.value_or(QString());
     return text.has_value();

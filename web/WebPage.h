@@ -32,13 +32,8 @@ public:
     }
     void arrived() { m_target.reset(); }
 
-    /// True while the program waits for the page: messages of its scripts are answered by silence.
-    void setMuted(bool muted) { m_muted = muted; }
-    bool isMuted() const { return m_muted; }
-
-    /// True while a message of a script stands before the user.
-    bool isAsking() const { return m_asking; }
-
+    /// Whether an address can be gone to at all; a script is none.
+    static bool isAddress(const QUrl& url);
     /// Whether a page of this kind may show an address, typed by the user or linked.
     static bool isAllowed(Kind kind, const QUrl& address);
 
@@ -64,7 +59,5 @@ private:
 
     Kind m_kind;
     std::optional<QUrl> m_target; // where the program is going
-    bool m_muted = false;
-    int m_messages = 0; // of the page's scripts, since the program left for it
-    bool m_asking = false;
+    int m_messages = 0;           // of the page's scripts, since the program left for it
 };

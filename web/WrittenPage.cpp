@@ -6,6 +6,7 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QKeyEvent>
+#include <QPointer>
 #include <QWebEngineSettings>
 #include <algorithm>
 
@@ -18,13 +19,22 @@ constexpr int StartLimit = 30000;
 constexpr int CaretTries = 10;
 constexpr int CaretPause = 30;
 
+/// How long a page may take to set its caret before it is asked again, in milliseconds.
+constexpr int CaretLimit = 2000;
+
 } // namespace
 
 WrittenPage::WrittenPage(WebPage::Kind kind, QWidget* parent) : WebControl(kind, parent)
 {
     for (QTimer* timer : {&m_documentTimer, &m_revealTimer, &m_caretTimer})
         timer->setSingleShot(true);
-    connect(&m_documentTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { showDocument(); }); });
+    connect(&m_documentTimer, &QTimer::timeout, this, [this] {
+        if (engineListens()) {
+            untilDeleted([this] { showDocument(); });
+        } else {
+            m_documentTimer.start(BusyPause);
+        }
+    });
     connect(&m_revealTimer, &QTimer::timeout, this, &WrittenPage::reveal);
     connect(&m_caretTimer, &QTimer::timeout, this, &WrittenPage::renewCaret);
 }
@@ -63,15 +73,14 @@ QString WrittenPage::writeFunction(const QString& html)
 bool WrittenPage::writePage(const QString& html)
 {
     makeView();
-    if (page()->isAsking()) // the page can't go while the user has yet to answer
+    if (!engineListens()) // a page can't go while the user has yet to answer
         return false;
     if (!openAndWrite(html)) {
         lossIsTold();
         return false;
     }
     m_revealTimer.start(0); // behind what is asked in the same breath
-    m_caretTries = CaretTries;
-    renewCaret();
+    wakeCaret();
     return true;
 }
 
@@ -150,20 +159,64 @@ bool WrittenPage::startBlankPage()
 
 void WrittenPage::focusCame()
 {
+    if (!takesLetters())
+        wakeCaret();
+}
+
+/// Whether the page has told that it has a caret.
+bool WrittenPage::takesLetters() const
+{
+    const QWidget* input = inputWidget();
+    return input && input->testAttribute(Qt::WA_InputMethodEnabled);
+}
+
+/// A caret that was set before the focus or the page came leaves the view deaf to typed letters. Sets it anew
+/// until not, and holds all keys meanwhile.
+void WrittenPage::wakeCaret()
+{
+    if (m_designMode == DesignMode::Off)
+        return;
+    m_deaf = true;
     m_caretTries = CaretTries;
     m_caretTimer.start(0);
 }
 
-/// A caret that was set before the focus came leaves the view deaf to typed letters: sets it anew until not.
 void WrittenPage::renewCaret()
 {
     const QWidget* input = inputWidget();
-    if (m_designMode == DesignMode::Off || isLost() || m_caretTries == 0 || !input || !input->hasFocus() ||
-        input->testAttribute(Qt::WA_InputMethodEnabled))
+    if (isLost() || content() == Content::Nothing || !input) // the page that is to come wakes it
         return;
+    if (m_caretTries == 0 || !input->hasFocus()) {
+        sendHeldKeys();
+        return;
+    }
     --m_caretTries;
-    callSoon(QStringLiteral("renewCaret()"));
-    m_caretTimer.start(CaretPause);
+    callSoon(QStringLiteral("renewCaret()"), [self = QPointer<WrittenPage>(this)](const QVariant&) {
+        if (!self)
+            return;
+        if (self->takesLetters())
+            self->m_caretTries = 0;
+        self->m_caretTimer.start(CaretPause);
+    });
+    m_caretTimer.start(CaretLimit);
+}
+
+void WrittenPage::sendHeldKeys()
+{
+    if (!canAct()) {
+        m_caretTimer.start(BusyPause);
+        return;
+    }
+    m_deaf = false;
+    m_heldKeys.sendTo(inputWidget());
+}
+
+bool WrittenPage::takesOver(const QKeyEvent& key)
+{
+    if (!m_deaf)
+        return WebControl::takesOver(key);
+    m_heldKeys.hold(key);
+    return true;
 }
 
 bool WrittenPage::isTab(const QKeyEvent& key)

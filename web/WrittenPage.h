@@ -45,6 +45,7 @@ protected:
     /// Has the control something to show and to type into, also where its renderer ended out of sight.
     virtual void showDocument() = 0;
 
+    bool takesOver(const QKeyEvent& key) override;
     void focusCame() override;
     void showEvent(QShowEvent* event) override;
 
@@ -53,7 +54,10 @@ private:
     bool openAndWrite(const QString& html);
     bool openBlankPage();
     bool startBlankPage();
+    bool takesLetters() const;
+    void wakeCaret();
     void renewCaret();
+    void sendHeldKeys();
 
     DesignMode m_designMode = DesignMode::Off;
     DesignMode m_openedFor = DesignMode::Off; // of the empty page that was opened last
@@ -61,4 +65,6 @@ private:
     QTimer m_revealTimer;
     QTimer m_caretTimer;
     int m_caretTries = 0;
+    bool m_deaf = false; // letters typed now would be lost: the caret is yet to be set
+    KeyQueue m_heldKeys; // typed meanwhile
 };

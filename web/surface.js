@@ -10,7 +10,6 @@
 'use strict';
 
 const body = () => Object.getOwnPropertyDescriptor(Document.prototype, 'body').get.call(document);
-const attributes = element => Object.getOwnPropertyDescriptor(Element.prototype, 'attributes').get.call(element);
 const command = (name, value) => Document.prototype.execCommand.call(document, name, false, value);
 const selectedRange = () => getSelection().rangeCount > 0 ? getSelection().getRangeAt(0) : null;
 
@@ -38,25 +37,8 @@ function linkAtCaret() {
 
 const escapeHtml = text => text.replace(/&/g, '&amp;').replace(/</g, '&lt;').replace(/"/g, '&quot;');
 
-/** What an address may hold anywhere, and still is the same address. */
-const BLANKS = /[\u0000-\u0020]/g;
-
-/** A script in place of an address, alone or in a list of values. */
-const SCRIPT_ADDRESS = /(^|;)javascript:/i;
-
-/** A fragment without what would act by itself: scripts, foreign documents, handlers and script addresses. */
-function harmless(html) {
-    const page = new DOMParser().parseFromString(html, 'text/html');
-    for (const element of page.querySelectorAll('script, iframe, frame, object, embed, meta, link, base, style, title'))
-        element.remove();
-    for (const element of page.querySelectorAll('*')) {
-        for (const { name, value } of Array.from(attributes(element))) {
-            if (name.startsWith('on') || SCRIPT_ADDRESS.test(value.replace(BLANKS, '')))
-                Element.prototype.removeAttribute.call(element, name);
-        }
-    }
-    return page.body.innerHTML.replace(/<!--(Start|End)Fragment-->/g, '');
-}
+/** The function of clean.js, once it was needed in this page. */
+let clean = null;
 
 /** Whether this page was found ready once. */
 let started = false;
@@ -139,11 +121,24 @@ return {
         return [String(getSelection()).replace(/\u00a0/g, ' '), holder.innerHTML];
     },
 
-    paste(text, html) {
+    /** Whether `paste` takes HTML; else `cleanWith` comes first. */
+    canClean() {
+        return clean !== null;
+    },
+    cleanWith(cleaner) {
+        clean = cleaner;
+        return true;
+    },
+
+    /** Inserts what comes from elsewhere at the caret or, when a point of the window is given, there. */
+    paste(text, html, point) {
         reveal();
         placeCaret();
-        const clean = html && harmless(html);
-        return clean ? command('insertHTML', clean) : command('insertText', text);
+        const range = point && Document.prototype.caretRangeFromPoint.call(document, point[0], point[1]);
+        if (range)
+            getSelection().collapse(range.startContainer, range.startOffset);
+        const fragment = html && clean(html);
+        return fragment ? command('insertHTML', fragment) : command('insertText', text);
     },
 
     /** The address of the link at the caret, as the page has it; empty when there is none. */
@@ -168,6 +163,7 @@ return {
 
     /** A caret that was set before the keyboard focus came takes no typed letters: sets it anew. */
     renewCaret() {
+        reveal();
         const selection = getSelection();
         const { anchorNode, anchorOffset, focusNode, focusOffset } = selection;
         selection.removeAllRanges();

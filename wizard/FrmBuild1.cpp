@@ -133,9 +133,7 @@ ProfileValue kept(const char* section, const char* key, const QString& value)
 
 void restoreBox(CheckBox* box, const char* section, const char* key)
 {
-    const QString value = setting(section, key);
-    if (value == flag(true) || value == flag(false))
-        box->setValue(value.toInt());
+    box->setValue(ReadCheckBox(QLatin1String(section), QLatin1String(key)));
 }
 
 /// The first option that was kept as set wins; none leaves the page's own choice.

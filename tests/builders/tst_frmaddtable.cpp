@@ -1,6 +1,5 @@
-#include "MainWindow.h"
+#include "Tool.h"
 #include "WebTestMain.h"
-#include "Widgets.h"
 #include "builders/FrmAddTable.h"
 #include "colour/ColorSample.h"
 
@@ -13,33 +12,23 @@ const QByteArray Head = "<TABLE Align=\"left\" Border=\"0\" bordercolor=\"#00000
 const QByteArray End = "</TABLE>\r\n";
 const QString WholeNumber = QStringLiteral("MsgBox|Information|Please enter a whole number.|Information|Ok");
 
-/// The window of the new table beside a main window.
-class Adder : public MainWindow
+class Adder : public Tool<FrmAddTable>
 {
 public:
-    Adder() : adder(form<FrmAddTable>())
-    {
-        adder->Show();
-        if (!QTest::qWaitForWindowActive(adder))
-            QTest::qFail("the window does not come up", __FILE__, __LINE__);
-    }
-
-    FrmAddTable* adder;
-
     QAbstractButton* cell(int number) const
     {
-        return adder->Grid->findChild<QAbstractButton*>(QStringLiteral("Picture%1").arg(number));
+        return tool->Grid->findChild<QAbstractButton*>(QStringLiteral("Picture%1").arg(number));
     }
     QList<int> marked() const
     {
         QList<int> cells;
         for (int i = 1; i <= 25; ++i) {
-            if (adder->Grid->isMarked(i))
+            if (tool->Grid->isMarked(i))
                 cells << i;
         }
         return cells;
     }
-    QString size() const { return adder->txtRows->text() + u'x' + adder->txtColls->text(); }
+    QString size() const { return tool->txtRows->text() + u'x' + tool->txtColls->text(); }
 };
 
 QByteArray rows(int rows, int columns)
@@ -73,7 +62,10 @@ private slots:
     void typedSizes();
     void sizesThatAreNone_data();
     void sizesThatAreNone();
+    void tooLarge_data();
     void tooLarge();
+    void asLargeAsCanBe_data();
+    void asLargeAsCanBe();
     void bars();
     void attributes();
     void replacesTheSelection();
@@ -85,7 +77,7 @@ private slots:
 void TestFrmAddTable::texts()
 {
     const Adder window;
-    const FrmAddTable& a = *window.adder;
+    const FrmAddTable& a = *window.tool;
     QCOMPARE(a.windowTitle(), QStringLiteral("Add Table"));
     const QList<std::pair<const QLabel*, const char*>> labels = {{a.Label1, "Rows:"},
                                                                  {a.Label2, "Column:"},
@@ -102,12 +94,12 @@ void TestFrmAddTable::texts()
     }
     QCOMPARE(a.Frame2->title(), QStringLiteral("Borde Color"));
     QCOMPARE(a.Frame5->title(), QStringLiteral("BG Color"));
-    QCOMPARE(a.Option1->text().remove(u'&'), QStringLiteral("Left"));
-    QCOMPARE(a.Option2->text().remove(u'&'), QStringLiteral("Center"));
-    QCOMPARE(a.Option3->text().remove(u'&'), QStringLiteral("Right"));
+    compareCaptions({{a.Option1, "Left"},
+                     {a.Option2, "Center"},
+                     {a.Option3, "Right"},
+                     {a.Command1, "Create"},
+                     {a.Command2, "Cancel"}});
     QVERIFY(a.Option1->Value());
-    QCOMPARE(a.Command1->text().remove(u'&'), QStringLiteral("Create"));
-    QCOMPARE(a.Command2->text(), QStringLiteral("Cancel"));
     QCOMPARE(a.Text4, QStringLiteral("#000000"));
     QCOMPARE(a.Text13, QStringLiteral("#000000"));
     QCOMPARE(window.marked(), QList<int>());
@@ -116,7 +108,7 @@ void TestFrmAddTable::texts()
 void TestFrmAddTable::atOnce()
 {
     const Adder window;
-    click(window.adder->Command1);
+    click(window.tool->Command1);
     QCOMPARE(window.source(), Head + End);
     QVERIFY(!isLoaded<FrmAddTable>());
 }
@@ -145,7 +137,7 @@ void TestFrmAddTable::grid()
     click(window.cell(cell));
     QCOMPARE(window.size(), size);
     QCOMPARE(window.marked(), marked);
-    click(window.adder->Command1);
+    click(window.tool->Command1);
     const int rowCount = size.first(1).toInt();
     QCOMPARE(window.source(), Head + rows(rowCount, size.last(1).toInt()) + End);
 }
@@ -167,23 +159,30 @@ void TestFrmAddTable::smallerCellShrinks()
     click(window.cell(7));
     QCOMPARE(window.marked(), (QList<int>{1, 2, 6, 7}));
     QCOMPARE(window.size(), QStringLiteral("2x2"));
-    window.adder->CleanUp();
+    window.tool->CleanUp();
     QCOMPARE(window.marked(), QList<int>());
     QCOMPARE(window.size(), QStringLiteral("2x2")); // only the marks go
 }
 
+/// The arrows end at the edges.
 void TestFrmAddTable::gridByKeyboard()
 {
     const Adder window;
     window.cell(1)->setFocus();
-    for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Down})
-        QTest::keyClick(window.adder->focusWidget(), key);
-    QCOMPARE(window.adder->focusWidget(), window.cell(8));
+    const QList<std::pair<Qt::Key, int>> steps = {
+        {Qt::Key_Left, 1},  {Qt::Key_Up, 1},    {Qt::Key_Down, 6},   {Qt::Key_Left, 6},   {Qt::Key_Right, 7},
+        {Qt::Key_Right, 8}, {Qt::Key_Right, 9}, {Qt::Key_Right, 10}, {Qt::Key_Right, 10}, {Qt::Key_Down, 15},
+        {Qt::Key_Down, 20}, {Qt::Key_Down, 25}, {Qt::Key_Down, 25},  {Qt::Key_Left, 24},  {Qt::Key_Up, 19},
+        {Qt::Key_Left, 18}, {Qt::Key_Up, 13},   {Qt::Key_Up, 8}};
+    for (const auto& [key, cell] : steps) {
+        QTest::keyClick(window.tool->focusWidget(), key);
+        QCOMPARE(window.tool->focusWidget(), window.cell(cell));
+    }
     QCOMPARE(window.size(), QStringLiteral("0x0")); // nothing is picked yet
-    QTest::keyClick(window.adder->focusWidget(), Qt::Key_Space);
+    QTest::keyClick(window.tool->focusWidget(), Qt::Key_Space);
     QCOMPARE(window.size(), QStringLiteral("2x3"));
-    QTest::keyClick(window.adder->focusWidget(), Qt::Key_Tab);
-    QCOMPARE(window.adder->focusWidget(), window.adder->txtRows);
+    QTest::keyClick(window.tool->focusWidget(), Qt::Key_Tab);
+    QCOMPARE(window.tool->focusWidget(), window.tool->txtRows);
 }
 
 /// A marked cell looks marked.
@@ -196,7 +195,7 @@ void TestFrmAddTable::cellsAreWhatIsPainted()
         return const_cast<QAbstractButton*>(button)->grab().toImage().pixelColor(button->width() / 2,
                                                                                  button->height() / 2);
     };
-    const QPalette palette = window.adder->palette();
+    const QPalette palette = window.tool->palette();
     for (const int cell : {1, 2, 6, 7})
         QCOMPARE(color(cell), palette.color(QPalette::Highlight));
     for (const int cell : {3, 8, 11, 25})
@@ -226,9 +225,9 @@ void TestFrmAddTable::typedSizes()
     QFETCH(int, rowCount);
     QFETCH(int, columnCount);
     const Adder window;
-    overtype(window.adder->txtRows, typedRows);
-    overtype(window.adder->txtColls, typedColumns);
-    click(window.adder->Command1);
+    overtype(window.tool->txtRows, typedRows);
+    overtype(window.tool->txtColls, typedColumns);
+    click(window.tool->Command1);
     QCOMPARE(window.source(), Head + rows(rowCount, columnCount) + End);
 }
 
@@ -247,38 +246,71 @@ void TestFrmAddTable::sizesThatAreNone()
 {
     QFETCH(QString, typed);
     Adder window;
-    for (QLineEdit* box : {window.adder->txtRows, window.adder->txtColls}) {
+    for (QLineEdit* box : {window.tool->txtRows, window.tool->txtColls}) {
         overtype(box, typed);
         window.doors.answerMsgBox(MsgAnswer::Ok);
-        click(window.adder->Command1);
+        click(window.tool->Command1);
         QCOMPARE(window.doors.takeAsked(), QStringList{WholeNumber});
-        QCOMPARE(window.adder->focusWidget(), box);
+        QCOMPARE(window.tool->focusWidget(), box);
         QCOMPARE(window.source(), QByteArray());
         QVERIFY(isLoaded<FrmAddTable>());
-        overtype(box, QStringLiteral("1"));
+        QTest::keyClicks(box, QStringLiteral("1")); // in place of what was refused
+        QCOMPARE(box->text(), QStringLiteral("1"));
     }
-    click(window.adder->Command1);
+    click(window.tool->Command1);
     QCOMPARE(window.source(), Head + rows(1, 1) + End);
+}
+
+void TestFrmAddTable::tooLarge_data()
+{
+    QTest::addColumn<QString>("rowCount");
+    QTest::addColumn<QString>("columnCount");
+    QTest::newRow("by far") << "32767"
+                            << "32767";
+    QTest::newRow("just") << "1000"
+                          << "1001";
 }
 
 void TestFrmAddTable::tooLarge()
 {
+    QFETCH(QString, rowCount);
+    QFETCH(QString, columnCount);
     Adder window;
-    overtype(window.adder->txtRows, QStringLiteral("32767"));
-    overtype(window.adder->txtColls, QStringLiteral("32767"));
+    overtype(window.tool->txtRows, rowCount);
+    overtype(window.tool->txtColls, columnCount);
     window.doors.answerMsgBox(MsgAnswer::Ok);
-    click(window.adder->Command1);
+    click(window.tool->Command1);
     QCOMPARE(
         window.doors.takeAsked(),
         QStringList{QStringLiteral(
             "MsgBox|Information|The table is too large. It can have up to 1000000 cells.|Information|Ok")});
+    QCOMPARE(window.tool->focusWidget(), window.tool->txtRows);
     QCOMPARE(window.source(), QByteArray());
+}
+
+void TestFrmAddTable::asLargeAsCanBe_data()
+{
+    QTest::addColumn<int>("rowCount");
+    QTest::addColumn<int>("columnCount");
+    QTest::newRow("rows") << 32767 << 1;
+    QTest::newRow("cells") << 1000 << 1000;
+}
+
+void TestFrmAddTable::asLargeAsCanBe()
+{
+    QFETCH(int, rowCount);
+    QFETCH(int, columnCount);
+    const Adder window;
+    overtype(window.tool->txtRows, QString::number(rowCount));
+    overtype(window.tool->txtColls, QString::number(columnCount));
+    click(window.tool->Command1);
+    QVERIFY(window.source() == Head + rows(rowCount, columnCount) + End);
 }
 
 void TestFrmAddTable::bars()
 {
     const Adder window;
-    FrmAddTable& a = *window.adder;
+    FrmAddTable& a = *window.tool;
     step(a.HScroll1);
     QCOMPARE(a.Combo2->text(), QStringLiteral("1"));
     a.HScroll2->setValue(20);
@@ -295,7 +327,7 @@ void TestFrmAddTable::bars()
 void TestFrmAddTable::attributes()
 {
     const Adder window;
-    FrmAddTable& a = *window.adder;
+    FrmAddTable& a = *window.tool;
     step(a.RedA);
     dragToEnd(a.BlueH);
     QCOMPARE(a.Text13, QStringLiteral("#0000FF"));
@@ -309,21 +341,15 @@ void TestFrmAddTable::attributes()
              "cellpadding=\"0\" bgcolor=\"#0000FF\">\r\n" +
                  End);
     const Adder right;
-    click(right.adder->Option3);
-    click(right.adder->Command1);
+    click(right.tool->Option3);
+    click(right.tool->Command1);
     QVERIFY(right.source().contains("<TABLE Align=\"right\" "));
 }
 
 void TestFrmAddTable::replacesTheSelection()
 {
-    const Adder window;
-    window.web->RichTextBox1->setText("one two three");
-    window.web->RichTextBox1->setSelStart(4);
-    window.web->RichTextBox1->setSelLength(3);
-    click(window.adder->Command1);
-    QCOMPARE(window.source(), "one " + Head + End + " three");
-    window.web->RichTextBox1->undo();
-    QCOMPARE(window.source(), QByteArray("one two three"));
+    Adder window;
+    window.addsInPlaceOfTheSelection(window.tool->Command1, QString::fromLatin1(Head + End));
 }
 
 void TestFrmAddTable::cancel_data()
@@ -339,9 +365,9 @@ void TestFrmAddTable::cancel()
     const Adder window;
     click(window.cell(8));
     if (escape) {
-        QTest::keyClick(window.adder->txtRows, Qt::Key_Escape);
+        QTest::keyClick(window.tool->txtRows, Qt::Key_Escape);
     } else {
-        click(window.adder->Command2);
+        click(window.tool->Command2);
     }
     QVERIFY(!isLoaded<FrmAddTable>());
     QCOMPARE(window.source(), QByteArray());
@@ -350,10 +376,10 @@ void TestFrmAddTable::cancel()
 void TestFrmAddTable::keyboard()
 {
     const Adder window;
-    QTest::keyClick(window.adder, Qt::Key_R, Qt::AltModifier);
-    QTRY_COMPARE(window.adder->focusWidget(), window.adder->txtRows);
-    overtype(window.adder->txtRows, QStringLiteral("1"));
-    QTest::keyClick(window.adder->txtRows, Qt::Key_Return);
+    QTest::keyClick(window.tool, Qt::Key_R, Qt::AltModifier);
+    QTRY_COMPARE(window.tool->focusWidget(), window.tool->txtRows);
+    overtype(window.tool->txtRows, QStringLiteral("1"));
+    QTest::keyClick(window.tool->txtRows, Qt::Key_Return);
     QCOMPARE(window.source(), Head + rows(1, 1) + End);
 }
 

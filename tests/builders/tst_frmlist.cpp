@@ -1,36 +1,34 @@
-#include "Tool.h"
+#include "ListTool.h"
 #include "WebTestMain.h"
 #include "builders/FrmList.h"
 #include "builders/FrmList2.h"
 #include "builders/FrmListChoose.h"
 #include "colour/ColorSample.h"
-#include "colour/FrmFonts.h"
 
 namespace {
 
 const QString NoWord = QStringLiteral("MsgBox|Error|No word ?|Information|Ok");
 const QString NoLists = QStringLiteral("MsgBox|Error|There no lists.|Information|Ok");
-const QString ClearQuestion =
-    QStringLiteral("MsgBox|Clear list|Do you wish to clear the list ?|Question|NoYes");
-const QString CancelQuestion = QStringLiteral(
-    "MsgBox|Information|You fill out lists, Are you sure you wish cancel it ?|Information|YesNo");
-
 const QString Visa = QStringLiteral("<li><Font face=Arial size=3 color=#000000>Visa</Font>\r\n");
 const QString End = QStringLiteral("</ul>\r\n</Font>\r\n");
 
-class List : public Tool<FrmList>
+class List : public ListTool<FrmList>
 {
 public:
-    void add(const char* word) const
+    List()
+        : ListTool({
+              .add = &FrmList::Command1,
+              .clear = &FrmList::Command2,
+              .toEditor = &FrmList::Command6,
+              .copy = &FrmList::Command22,
+              .cancel = &FrmList::Command7,
+              .font = &FrmList::Command21,
+              .clearQuestion =
+                  QStringLiteral("MsgBox|Clear list|Do you wish to clear the list ?|Question|NoYes"),
+              .cancelQuestion = QStringLiteral("MsgBox|Information|You fill out lists, Are you sure you wish "
+                                               "cancel it ?|Information|YesNo"),
+          })
     {
-        overtype(tool->Text1, QString::fromLatin1(word));
-        click(tool->Command1);
-    }
-    /// What a press on Copy gives.
-    QString copied() const
-    {
-        click(tool->Command22);
-        return Clipboard::GetText();
     }
 };
 
@@ -42,9 +40,12 @@ class TestFrmList : public QObject
 
 private slots:
     void chooses();
+    void choosesByKey_data();
+    void choosesByKey();
     void texts();
     void adds();
     void enterAdds();
+    void longWord();
     void refusesNoWord();
     void kindsFollowAtOnce();
     void colorFollowsADrag();
@@ -60,6 +61,7 @@ private slots:
     void cancels();
     void clicksSelectNothing();
     void closingBox();
+    void lastWordIsInView();
     void thousandWords();
 };
 
@@ -77,10 +79,29 @@ void TestFrmList::chooses()
     click(form<FrmListChoose>()->Command2);
     QVERIFY(!isLoaded<FrmListChoose>());
     QVERIFY(form<FrmList2>()->isVisible());
+}
+
+void TestFrmList::choosesByKey_data()
+{
+    QTest::addColumn<Qt::Key>("key");
+    QTest::addColumn<bool>("opens");
+    QTest::newRow("Enter") << Qt::Key_Return << true;
+    QTest::newRow("Escape") << Qt::Key_Escape << false;
+}
+
+void TestFrmList::choosesByKey()
+{
+    QFETCH(Qt::Key, key);
+    QFETCH(bool, opens);
+    const MainWindow window;
     form<FrmListChoose>()->Show();
-    QVERIFY(QTest::qWaitForWindowActive(form<FrmListChoose>()));
-    QTest::keyClick(form<FrmListChoose>(), Qt::Key_Escape);
+    QVERIFY(QTest::qWaitForWindowActive(form<FrmListChoose>(), Patience));
+    QTest::keyClick(form<FrmListChoose>()->focusWidget() ? form<FrmListChoose>()->focusWidget()
+                                                         : form<FrmListChoose>(),
+                    key);
     QVERIFY(!isLoaded<FrmListChoose>());
+    QCOMPARE(isLoaded<FrmList>(), opens);
+    QVERIFY(!isLoaded<FrmList2>());
 }
 
 void TestFrmList::texts()
@@ -90,17 +111,14 @@ void TestFrmList::texts()
     QCOMPARE(t.windowTitle(), QStringLiteral("List Properties"));
     QCOMPARE(t.Frame4->title(), QStringLiteral("List Color"));
     QCOMPARE(t.Frame7->title(), QStringLiteral("View Sample"));
-    QCOMPARE(plain(t.Command1), QStringLiteral("Add"));
-    QCOMPARE(t.Command1->toolTip(), QStringLiteral("Add it list"));
-    QCOMPARE(plain(t.Command2), QStringLiteral("Clear list"));
-    QCOMPARE(t.Command2->toolTip(), QStringLiteral("Clear lists"));
-    QCOMPARE(t.Command21->toolTip(), QStringLiteral("Font color, size, name, bold, Italic and underline"));
+    compareCaptions({{t.Command1, "Add", "Add it list"},
+                     {t.Command2, "Clear list", "Clear lists"},
+                     {t.Command21, "", "Font color, size, name, bold, Italic and underline"},
+                     {t.Check3, "Close when select copy or add editor."},
+                     {t.Command22, "Copy"},
+                     {t.Command6, "Add to Editor", "OK"},
+                     {t.Command7, "Cancel"}});
     QVERIFY(!t.Command21->icon().isNull());
-    QCOMPARE(plain(t.Check3), QStringLiteral("Close when select copy or add editor."));
-    QCOMPARE(plain(t.Command22), QStringLiteral("Copy"));
-    QCOMPARE(plain(t.Command6), QStringLiteral("Add to Editor"));
-    QCOMPARE(t.Command6->toolTip(), QStringLiteral("OK"));
-    QCOMPARE(plain(t.Command7), QStringLiteral("Cancel"));
     QVERIFY(t.Option1->Value());
     QCOMPARE(t.Text5, QStringLiteral("#000000"));
     QCOMPARE(t.TxtFontName + t.TxtSize + t.TxtFontColor + t.TxtBIU + t.TxtBIU2,
@@ -127,6 +145,15 @@ void TestFrmList::enterAdds()
         QTest::keyClick(window.tool->Text1, key);
     }
     QCOMPARE(window.tool->List1->ListCount(), 2);
+}
+
+void TestFrmList::longWord()
+{
+    const List window;
+    const QString word(40'000, u'x');
+    window.tool->Text1->setText(word);
+    click(window.tool->Command1);
+    QVERIFY(window.copied().contains(u'>' + word + QStringLiteral("</Font>")));
 }
 
 void TestFrmList::refusesNoWord()
@@ -226,13 +253,8 @@ void TestFrmList::fontOfAnotherWindow()
 
 void TestFrmList::fontAfterTheListHasGone()
 {
-    const List window;
-    click(window.tool->Command21);
-    window.tool->Unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    click(form<FrmFonts>()->Command1);
-    QVERIFY(!isLoaded<FrmFonts>());
-    QVERIFY(!isLoaded<FrmList>());
+    List window;
+    window.goesBeforeItsFonts();
 }
 
 void TestFrmList::fontsLeftOpen()
@@ -248,16 +270,10 @@ void TestFrmList::fontsLeftOpen()
 
 void TestFrmList::addToEditor()
 {
-    const List window;
-    window.web->RichTextBox1->setText("one two three");
-    window.web->RichTextBox1->setSelStart(4);
-    window.web->RichTextBox1->setSelLength(3);
+    List window;
     window.add("Visa");
-    click(window.tool->Command6);
-    QCOMPARE(window.source(),
-             "one " + (QStringLiteral("<Font color=#000000><ul>\r\n") + Visa + End).toUtf8() + " three");
-    window.web->RichTextBox1->undo();
-    QCOMPARE(window.source(), QByteArray("one two three"));
+    window.addsInPlaceOfTheSelection(QStringLiteral("<Font color=#000000><ul>\r\n") + Visa + End);
+    QVERIFY(isLoaded<FrmList>());
 }
 
 void TestFrmList::copy()
@@ -284,18 +300,8 @@ void TestFrmList::nothingToGive()
 void TestFrmList::clears()
 {
     List window;
-    click(window.tool->Command2); // nothing to clear, nothing asked
-    window.add("Visa");
-    QTRY_COMPARE(window.ask("document.querySelectorAll('li').length"), QStringLiteral("1"));
-    window.doors.answerMsgBox(MsgAnswer::No);
-    click(window.tool->Command2);
-    QCOMPARE(window.doors.takeAsked(), QStringList{ClearQuestion});
-    QCOMPARE(window.tool->List1->ListCount(), 1);
-    window.doors.answerMsgBox(MsgAnswer::Yes);
-    click(window.tool->Command2);
-    window.doors.takeAsked();
-    QCOMPARE(window.tool->List1->ListCount() + int(window.tool->List2.size()), 0);
-    QTRY_COMPARE(window.ask("document.querySelectorAll('li').length"), QStringLiteral("0"));
+    window.asksBeforeItClears();
+    QCOMPARE(window.tool->List2, QStringList());
     for (QPushButton* button : {window.tool->Command6, window.tool->Command22}) {
         window.doors.answerMsgBox(MsgAnswer::Ok);
         click(button);
@@ -306,18 +312,7 @@ void TestFrmList::clears()
 void TestFrmList::cancels()
 {
     List window;
-    click(window.tool->Command7);
-    QVERIFY(!isLoaded<FrmList>());
-    window.show();
-    window.add("Visa");
-    window.doors.answerMsgBox(MsgAnswer::No);
-    QTest::keyClick(window.tool->Text1, Qt::Key_Escape);
-    QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
-    QVERIFY(isLoaded<FrmList>());
-    window.doors.answerMsgBox(MsgAnswer::Yes);
-    window.tool->close();
-    QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
-    QVERIFY(!isLoaded<FrmList>());
+    window.asksBeforeItGoes();
 }
 
 void TestFrmList::clicksSelectNothing()
@@ -325,9 +320,13 @@ void TestFrmList::clicksSelectNothing()
     const List window;
     window.add("Visa");
     ListBox* list = window.tool->List1;
-    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(list->item(0)).center());
-    QCOMPARE(list->ListIndex(), -1);
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
+        QTest::mouseClick(list->viewport(), button, {}, list->visualItemRect(list->item(0)).center());
+        QCOMPARE(list->ListIndex(), -1);
+    }
     list->setListIndex(0);
+    QTest::mouseClick(window.tool->Text1, Qt::RightButton); // asks for the menu alone
+    QCOMPARE(list->ListIndex(), 0);
     QTest::mouseClick(window.tool->Text1, Qt::LeftButton);
     QCOMPARE(list->ListIndex(), -1);
 }
@@ -335,19 +334,16 @@ void TestFrmList::clicksSelectNothing()
 void TestFrmList::closingBox()
 {
     List window;
-    tick(window.tool->Check3);
-    QVERIFY(window.settings().contains("[Listpro]\r\nchk4=1\r\nchk3=0\r\n"));
-    window.add("Visa");
-    click(window.tool->Command22);
-    QVERIFY(!isLoaded<FrmList>());
-    window.show();
-    QCOMPARE(window.tool->Check3->Value(), 1);
-    window.add("Visa");
-    click(window.tool->Command6);
-    QVERIFY(!isLoaded<FrmList>());
+    window.closesByItsBox("[Listpro]\r\nchk4=1\r\nchk3=0\r\n");
     window.folder.write(QStringLiteral("web.ini"), "[Listpro]\r\n");
-    window.show();
+    window.reopen();
     QCOMPARE(window.tool->Check3->Value(), 0);
+}
+
+void TestFrmList::lastWordIsInView()
+{
+    const List window;
+    window.showsTheLastWord();
 }
 
 void TestFrmList::thousandWords()

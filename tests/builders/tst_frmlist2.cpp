@@ -1,19 +1,16 @@
-#include "Tool.h"
+#include "ListTool.h"
 #include "WebTestMain.h"
 #include "builders/FrmChar.h"
 #include "builders/FrmList2.h"
 #include "colour/ColorSample.h"
-#include "colour/FrmFonts.h"
 
 #include <QFontDatabase>
+#include <QHelpEvent>
 #include <QMouseEvent>
+#include <QToolTip>
 
 namespace {
 
-const QString ClearQuestion =
-    QStringLiteral("MsgBox|Clear list|Do you sure you wish clear list ?|Question|NoYes");
-const QString CancelQuestion =
-    QStringLiteral("MsgBox|Information|Are you sure you wish cancel it ?|Information|YesNo");
 const QString Symbol = QStringLiteral("&nbsp;<FONT face=Webdings size=3 color=#000000>4</FONT>");
 const QString Font = QStringLiteral("<FONT face=Arial size=3 color=#000000>");
 
@@ -23,13 +20,23 @@ QString line(const char* word)
            QStringLiteral("&nbsp;</FONT><BR>\r\n");
 }
 
-class List : public Tool<FrmList2>
+class List : public ListTool<FrmList2>
 {
 public:
-    void add(const char* word) const
+    List()
+        : ListTool({
+              .add = &FrmList2::Command3,
+              .clear = &FrmList2::Command2,
+              .toEditor = &FrmList2::Command12,
+              .copy = &FrmList2::Command18,
+              .cancel = &FrmList2::Command13,
+              .font = &FrmList2::Command15,
+              .clearQuestion =
+                  QStringLiteral("MsgBox|Clear list|Do you sure you wish clear list ?|Question|NoYes"),
+              .cancelQuestion =
+                  QStringLiteral("MsgBox|Information|Are you sure you wish cancel it ?|Information|YesNo"),
+          })
     {
-        overtype(tool->Text1, QString::fromLatin1(word));
-        click(tool->Command3);
     }
     /// Opens the character window with its button.
     FrmChar* openCharacters() const
@@ -50,11 +57,11 @@ public:
         QMouseEvent move(QEvent::MouseMove, place, window->CharC->mapToGlobal(place), Qt::NoButton, {}, {});
         QCoreApplication::sendEvent(window->CharC, &move);
     }
-    static QColor cellColor(FrmChar* window, int cell)
+    static QImage cellImage(FrmChar* window, int cell)
     {
-        const QRect place = window->CharC->cellRect(cell);
-        return window->CharC->grab().toImage().pixelColor(place.topLeft() + QPoint(3, 3));
+        return window->CharC->grab(window->CharC->cellRect(cell)).toImage();
     }
+    static QColor cellColor(FrmChar* window, int cell) { return cellImage(window, cell).pixelColor(3, 3); }
 };
 
 } // namespace
@@ -67,6 +74,7 @@ private slots:
     void texts();
     void adds();
     void emptyWord();
+    void longWords();
     void lookIsForAllLines();
     void sizes_data();
     void sizes();
@@ -76,13 +84,18 @@ private slots:
     void fontsAfterTheListHasGone();
     void addToEditor();
     void titlesAreRemembered();
+    void titleOfTheListIsChosen();
+    void titleIsPicked();
     void emptyTitle();
     void copy();
     void emptyListDoesNothing();
     void clears();
+    void clearLeavesTheTitle();
     void cancels();
     void closingBox();
+    void lastWordIsInView();
     void missingFontIsTold();
+    void missingWebdingsIsTold();
     void titlesFileIsAFolder();
 
     void characterTexts();
@@ -91,8 +104,12 @@ private slots:
     void viewFollowsThePointer();
     void markStays();
     void firstCell();
+    void leftButtonMarks();
+    void codesAsToolTips();
     void charactersByKeyboard();
+    void keysEndAtTheEdges();
     void otherFont();
+    void cellsHaveTheFont();
     void charactersCancelled();
     void otherCaption();
     void charactersAfterTheListHasGone();
@@ -111,25 +128,19 @@ void TestFrmList2::texts()
     QCOMPARE(t.LabV->text(), QStringLiteral("4"));
     QCOMPARE(t.LabV->font().family(), QStringLiteral("Webdings"));
     QCOMPARE(t.LabV->font().pointSize(), 12);
-    QCOMPARE(plain(t.Command1), QStringLiteral("Pick Char"));
-    QCOMPARE(t.Command1->toolTip(), QStringLiteral("Pick Special Character"));
+    compareCaptions({{t.Command1, "Pick Char", "Pick Special Character"},
+                     {t.chkBold, "", "Bold"},
+                     {t.Check1, "Check here for the Title"},
+                     {t.Command3, "Add it", "Add it list"},
+                     {t.Command2, "Clear list", "Clear lists"},
+                     {t.Check3, "Close when select copy or add editor."},
+                     {t.Command18, "Copy"},
+                     {t.Command12, "Add to Editor"},
+                     {t.Command13, "Cancel"}});
     QCOMPARE(t.Combo2->Text(), QStringLiteral("Normal"));
-    QStringList sizes;
-    for (int i = 0; i < t.Combo2->ListCount(); ++i)
-        sizes << t.Combo2->List(i);
-    QCOMPARE(sizes.join(u' '), QStringLiteral("8 10 12 14 18 24 36 Normal"));
-    QCOMPARE(t.chkBold->toolTip(), QStringLiteral("Bold"));
-    QCOMPARE(plain(t.Check1), QStringLiteral("Check here for the Title"));
+    QCOMPARE(entries(*t.Combo2).join(u' '), QStringLiteral("8 10 12 14 18 24 36 Normal"));
     QCOMPARE(t.Check1->Value(), 0);
     QVERIFY(!t.TxtTitle->isEnabled() && !t.Command17->isEnabled());
-    QCOMPARE(plain(t.Command3), QStringLiteral("Add it"));
-    QCOMPARE(t.Command3->toolTip(), QStringLiteral("Add it list"));
-    QCOMPARE(plain(t.Command2), QStringLiteral("Clear list"));
-    QCOMPARE(t.Command2->toolTip(), QStringLiteral("Clear lists"));
-    QCOMPARE(plain(t.Check3), QStringLiteral("Close when select copy or add editor."));
-    QCOMPARE(plain(t.Command18), QStringLiteral("Copy"));
-    QCOMPARE(plain(t.Command12), QStringLiteral("Add to Editor"));
-    QCOMPARE(plain(t.Command13), QStringLiteral("Cancel"));
     QCOMPARE(t.WebBrowser1->designMode(), DesignMode::On);
     QCOMPARE(t.RTB1, QString());
 }
@@ -155,6 +166,18 @@ void TestFrmList2::emptyWord()
     click(window.tool->Command3);
     QCOMPARE(window.tool->List1->ListCount(), 1);
     QCOMPARE(window.tool->RTB1, line(""));
+}
+
+void TestFrmList2::longWords()
+{
+    const List window;
+    const QString word(40'000, u'x');
+    window.tool->TxtTitle->setText(word);
+    tick(window.tool->Check1);
+    window.tool->Text1->setText(word);
+    click(window.tool->Command3);
+    QCOMPARE(window.tool->RTB1.count(QStringLiteral("&nbsp;") + word + QStringLiteral("&nbsp;</FONT><BR>")),
+             2);
 }
 
 void TestFrmList2::lookIsForAllLines()
@@ -258,22 +281,15 @@ void TestFrmList2::fonts()
 
 void TestFrmList2::fontsAfterTheListHasGone()
 {
-    const List window;
-    click(window.tool->Command15);
-    window.tool->Unload();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    click(form<FrmFonts>()->Command1);
-    QVERIFY(!isLoaded<FrmFonts>() && !isLoaded<FrmList2>());
+    List window;
+    window.goesBeforeItsFonts();
 }
 
 void TestFrmList2::addToEditor()
 {
-    const List window;
-    window.web->RichTextBox1->setText("one two");
-    window.web->RichTextBox1->setSelStart(4);
+    List window;
     window.add("a");
-    click(window.tool->Command12);
-    QCOMPARE(window.source(), "one " + line("a").toUtf8() + "two");
+    window.addsInPlaceOfTheSelection(line("a"));
     QVERIFY(isLoaded<FrmList2>());
 }
 
@@ -281,8 +297,7 @@ void TestFrmList2::titlesAreRemembered()
 {
     List window;
     window.folder.write(QStringLiteral("list2.ini"), "I accept\r\n");
-    window.tool->Unload();
-    window.show();
+    window.reopen();
     QCOMPARE(window.tool->TxtTitle->Text(), QString());
     window.add("a");
     window.tool->TxtTitle->setText(QStringLiteral("i accept")); // another one; the box needn't be ticked
@@ -293,6 +308,33 @@ void TestFrmList2::titlesAreRemembered()
     click(window.tool->Command12);
     QCOMPARE(window.folder.read(QStringLiteral("list2.ini")), QByteArray("I accept\r\ni accept\r\n"));
     QCOMPARE(window.tool->TxtTitle->ListIndex(), 0);
+}
+
+/// The one that reads exactly so; the list stays as it is, and its file.
+void TestFrmList2::titleOfTheListIsChosen()
+{
+    List window;
+    window.folder.write(QStringLiteral("list2.ini"), "We ship\r\nwe\r\nWe\r\n");
+    window.reopen();
+    window.add("a");
+    tick(window.tool->Check1);
+    overtype(window.tool->TxtTitle->lineEdit(), QStringLiteral("We"));
+    QCOMPARE(window.tool->TxtTitle->ListIndex(), -1); // typing picks none
+    window.folder.write(QStringLiteral("list2.ini"), "untouched");
+    click(window.tool->Command12);
+    QCOMPARE(window.tool->TxtTitle->ListIndex(), 2);
+    QCOMPARE(window.folder.read(QStringLiteral("list2.ini")), QByteArray("untouched"));
+}
+
+void TestFrmList2::titleIsPicked()
+{
+    List window;
+    window.folder.write(QStringLiteral("list2.ini"), "We ship\r\nWe\r\n");
+    window.reopen();
+    window.add("a");
+    tick(window.tool->Check1);
+    choose(window.tool->TxtTitle, 1);
+    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;We&nbsp;</FONT><BR>\r\n") + line("a"));
 }
 
 void TestFrmList2::emptyTitle()
@@ -331,56 +373,70 @@ void TestFrmList2::emptyListDoesNothing()
 void TestFrmList2::clears()
 {
     List window;
-    window.add("a");
-    QTRY_COMPARE(window.ask("document.querySelectorAll('br').length"), QStringLiteral("1"));
-    window.doors.answerMsgBox(MsgAnswer::No);
-    click(window.tool->Command2);
-    QCOMPARE(window.doors.takeAsked(), QStringList{ClearQuestion});
-    QCOMPARE(window.tool->List1->ListCount(), 1);
-    window.doors.answerMsgBox(MsgAnswer::Yes);
-    click(window.tool->Command2);
-    window.doors.takeAsked();
-    QCOMPARE(window.tool->List1->ListCount(), 0);
-    QTRY_COMPARE(window.ask("document.querySelectorAll('br').length"), QStringLiteral("0"));
-    QVERIFY(isLoaded<FrmList2>());
+    window.asksBeforeItClears();
+}
+
+/// Out of sight until the next word.
+void TestFrmList2::clearLeavesTheTitle()
+{
+    List window;
+    tick(window.tool->Check1);
+    QTest::keyClicks(window.tool->TxtTitle->lineEdit(), QStringLiteral("Pay"));
+    window.asksBeforeItClears();
+    QCOMPARE(window.tool->Check1->Value(), 1);
+    QCOMPARE(window.tool->TxtTitle->Text(), QStringLiteral("Pay"));
+    window.add("b");
+    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;Pay&nbsp;</FONT><BR>\r\n") + line("b"));
 }
 
 void TestFrmList2::cancels()
 {
     List window;
-    click(window.tool->Command13);
-    QVERIFY(!isLoaded<FrmList2>());
-    window.show();
-    window.add("a");
-    window.doors.answerMsgBox(MsgAnswer::No);
-    window.tool->close();
-    QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
-    window.doors.answerMsgBox(MsgAnswer::Yes);
-    QTest::keyClick(window.tool->Text1, Qt::Key_Escape);
-    window.doors.takeAsked();
-    QVERIFY(!isLoaded<FrmList2>());
+    window.asksBeforeItGoes();
 }
 
 void TestFrmList2::closingBox()
 {
     List window;
-    tick(window.tool->Check3);
-    QVERIFY(window.settings().contains("[Listpro]\r\nchk4=0\r\nchk3=1\r\n"));
-    window.add("a");
-    click(window.tool->Command12);
-    QVERIFY(!isLoaded<FrmList2>());
-    window.show();
-    window.add("a");
-    click(window.tool->Command18);
-    QVERIFY(!isLoaded<FrmList2>());
+    window.closesByItsBox("[Listpro]\r\nchk4=0\r\nchk3=1\r\n");
+}
+
+void TestFrmList2::lastWordIsInView()
+{
+    const List window;
+    window.showsTheLastWord();
 }
 
 void TestFrmList2::missingFontIsTold()
 {
     const List window;
-    QCOMPARE(window.tool->Notice->isVisible(), !QFontDatabase::hasFamily(QStringLiteral("Webdings")));
-    if (window.tool->Notice->isVisible())
-        QVERIFY(window.tool->Notice->text().contains(QStringLiteral("\"Webdings\"")));
+    const auto take = [&](const QString& family) {
+        FrmChar* c = window.openCharacters();
+        choose(c->Combo1, c->Combo1->findText(family));
+        const QString told = c->Notice->isVisible() ? c->Notice->text() : QString();
+        click(c->Command1);
+        return told;
+    };
+    FrmChar* c = window.openCharacters();
+    c->Combo1->AddItem(QStringLiteral("No Such Font"));
+    const QString told = QStringLiteral(
+        "The font \"No Such Font\" is not on this computer: what you see here is an approximation.");
+    QCOMPARE(take(QStringLiteral("No Such Font")), told);
+    QVERIFY(window.tool->Notice->isVisible());
+    QCOMPARE(window.tool->Notice->text(), told);
+    QCOMPARE(take(c->Combo1->List(0)), QString());
+    QVERIFY(!window.tool->Notice->isVisible());
+}
+
+void TestFrmList2::missingWebdingsIsTold()
+{
+    if (QFontDatabase::hasFamily(QStringLiteral("Webdings")))
+        QSKIP("Webdings is on this computer");
+    const List window;
+    QVERIFY(window.tool->Notice->isVisible());
+    QCOMPARE(window.tool->Notice->text(),
+             QStringLiteral(
+                 "The font \"Webdings\" is not on this computer: what you see here is an approximation."));
 }
 
 void TestFrmList2::titlesFileIsAFolder()
@@ -470,17 +526,44 @@ void TestFrmList2::markStays()
     QCOMPARE(c->LabV->text(), QStringLiteral("D"));
 }
 
-/// A mark on it stays, and counts for nothing.
+/// A mark on it stays, and counts for nothing. It takes the others' mark away.
 void TestFrmList2::firstCell()
 {
     const List window;
     FrmChar* c = window.openCharacters();
+    List::clickCell(c, 66);
     List::clickCell(c, 0);
     QCOMPARE(List::cellColor(c, 0), QColor(Qt::yellow));
+    QCOMPARE(List::cellColor(c, 66), c->palette().color(QPalette::Button));
     List::hover(c, 70);
     QCOMPARE(c->LabV->text(), QStringLiteral("F"));
     List::clickCell(c, 70);
     QCOMPARE(List::cellColor(c, 0), QColor(Qt::yellow));
+}
+
+void TestFrmList2::leftButtonMarks()
+{
+    const List window;
+    const FrmChar* c = window.openCharacters();
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton})
+        QTest::mouseClick(c->CharC, button, {}, c->CharC->cellRect(66).center());
+    QCOMPARE(c->CharC->marked(), -1);
+}
+
+void TestFrmList2::codesAsToolTips()
+{
+    const List window;
+    const FrmChar* c = window.openCharacters();
+    const auto toolTip = [&](int cell) {
+        const QPoint place = c->CharC->cellRect(cell).center();
+        QHelpEvent rest(QEvent::ToolTip, place, c->CharC->mapToGlobal(place));
+        QCoreApplication::sendEvent(c->CharC, &rest);
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    QCOMPARE(toolTip(1), QStringLiteral("1"));
+    QCOMPARE(toolTip(255), QStringLiteral("255"));
+    toolTip(0);
+    QTRY_VERIFY(!QToolTip::isVisible()); // the first has none
 }
 
 void TestFrmList2::charactersByKeyboard()
@@ -499,9 +582,26 @@ void TestFrmList2::charactersByKeyboard()
     QCOMPARE(c->CharC->marked(), 42);
     QTest::keyClick(c->CharC, Qt::Key_Right);
     QCOMPARE(c->LabV->text(), QStringLiteral("*"));
+    QTest::keyClick(c->CharC, Qt::Key_Left);
+    QTest::keyClick(c->CharC, Qt::Key_Space);
+    QCOMPARE(c->CharC->marked(), -1); // once more takes it away
     QTest::keyClick(c->CharC, Qt::Key_Return);
     QVERIFY(!c->isVisible());
     QCOMPARE(window.tool->LabV->text(), QStringLiteral("*"));
+}
+
+void TestFrmList2::keysEndAtTheEdges()
+{
+    const List window;
+    const FrmChar* c = window.openCharacters();
+    const QList<std::pair<Qt::Key, int>> steps = {
+        {Qt::Key_End, 255}, {Qt::Key_Right, 255}, {Qt::Key_Down, 255}, {Qt::Key_Up, 235}, {Qt::Key_Down, 255},
+        {Qt::Key_Home, 1},  {Qt::Key_Up, 1},      {Qt::Key_Left, 0},   {Qt::Key_Left, 0}};
+    for (const auto& [key, cell] : steps) {
+        QTest::keyClick(c->CharC, key);
+        QCOMPARE(c->CharC->current(), cell);
+        QCOMPARE(c->Code->text(), QStringLiteral("Code %1").arg(cell));
+    }
 }
 
 void TestFrmList2::otherFont()
@@ -518,6 +618,22 @@ void TestFrmList2::otherFont()
     QVERIFY(window.tool->RTB1.contains(
         QStringLiteral("<FONT face=%1 size=3 color=#000000>X</FONT>").arg(family)));
     QCOMPARE(window.tool->LabV->font().family(), family);
+}
+
+/// All but the first.
+void TestFrmList2::cellsHaveTheFont()
+{
+    const List window;
+    FrmChar* c = window.openCharacters();
+    QList<QImage> first;
+    QList<QImage> others;
+    for (const char* family : {"Liberation Mono", "Liberation Serif"}) {
+        choose(c->Combo1, c->Combo1->findText(QLatin1String(family)));
+        first << List::cellImage(c, 0);
+        others << List::cellImage(c, 66);
+    }
+    QCOMPARE(first.at(0), first.at(1));
+    QVERIFY(others.at(0) != others.at(1));
 }
 
 void TestFrmList2::charactersCancelled()

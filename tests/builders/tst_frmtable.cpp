@@ -1,6 +1,5 @@
-#include "MainWindow.h"
+#include "Tool.h"
 #include "WebTestMain.h"
-#include "Widgets.h"
 #include "builders/FrmTable.h"
 #include "colour/ColorSample.h"
 #include "colour/FrmAutoColor.h"
@@ -25,27 +24,15 @@ const QString End = QStringLiteral("</TBODY>\r\n</TABLE>\r\n");
 
 using Bar = ScrollBar* FrmTable::*;
 
-/// The table designer beside a main window.
-class Designer : public MainWindow
+class Designer : public Tool<FrmTable>
 {
 public:
-    Designer() { show(); }
-
-    FrmTable* table = nullptr;
-
-    void show()
-    {
-        table = form<FrmTable>();
-        table->Show();
-        if (!QTest::qWaitForWindowActive(table))
-            QTest::qFail("the window does not come up", __FILE__, __LINE__);
-    }
     /// Types a row and adds it.
     void add(const char* left, const char* right = "") const
     {
-        overtype(table->Text1, QString::fromLatin1(left));
-        overtype(table->Text2, QString::fromLatin1(right));
-        click(table->Command4);
+        overtype(tool->Text1, QString::fromLatin1(left));
+        overtype(tool->Text2, QString::fromLatin1(right));
+        click(tool->Command4);
     }
     /// What the eye sees of row `i` of a list.
     static QPoint placeOf(ListBox* list, int i) { return list->visualItemRect(list->item(i)).center(); }
@@ -53,25 +40,20 @@ public:
     {
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, placeOf(list, i));
     }
-    static QStringList entries(const ListBox* list)
-    {
-        QStringList texts;
-        for (int i = 0; i < list->ListCount(); ++i)
-            texts << list->List(i);
-        return texts;
-    }
-    QString ask(const char* script) const
-    {
-        return table->WebBrowser1->evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
-    }
     /// Puts a mark where a restyle would make the cells anew.
-    void mark() const { table->LS1[0] = QStringLiteral("mark"); }
-    bool isMarked() const { return table->LS1.value(0) == QStringLiteral("mark"); }
+    void mark() const { tool->LS1[0] = QStringLiteral("mark"); }
+    bool isMarked() const { return tool->LS1.value(0) == QStringLiteral("mark"); }
 
+    void openWithSets(const QByteArray& sets, const QByteArray& titles)
+    {
+        folder.write(QStringLiteral("Table.ini"), sets);
+        folder.write(QStringLiteral("Table2.ini"), titles);
+        reopen();
+    }
     void saveSet(const char* title)
     {
         doors.answerInputBox(QString::fromLatin1(title));
-        click(table->Command7);
+        click(tool->Command7);
         doors.takeAsked();
     }
 };
@@ -102,6 +84,8 @@ private slots:
     void addRefuses_data();
     void addRefuses();
     void enterAdds();
+    void enterOnARefusedRow_data();
+    void enterOnARefusedRow();
     void wordsGoOutAsTyped_data();
     void wordsGoOutAsTyped();
     void rowsKeepTheirLook();
@@ -128,9 +112,13 @@ private slots:
     void clickReadsTheLook();
     void clickOnTheRight();
     void clickBesideOneWord();
+    void releaseDropsTheSelection_data() { mouseButtons(); }
     void releaseDropsTheSelection();
+    void pressDropsTheOther_data() { mouseButtons(); }
     void pressDropsTheOther();
     void arrowKeysRead();
+    void rightWordBeforeTheLeft();
+    void listsScrollTogether();
     void clickIntoAFieldDeselects();
     void readingStartsNoRebuild();
     void oneRowOnly();
@@ -143,6 +131,8 @@ private slots:
     void twoColorsAfterTheTableHasGone();
 
     void saves();
+    void savesWhatItLoads_data();
+    void savesWhatItLoads();
     void savesByTitle();
     void saveRefused();
     void titlesAreKept();
@@ -156,12 +146,15 @@ private slots:
 
     void sampleShowsTheTable();
     void manyRows();
+
+private:
+    static void mouseButtons();
 };
 
 void TestFrmTable::texts()
 {
     const Designer window;
-    const FrmTable& t = *window.table;
+    const FrmTable& t = *window.tool;
     QCOMPARE(t.windowTitle(), QStringLiteral("Two Table Properties"));
     const QList<std::pair<const QGroupBox*, const char*>> frames = {
         {t.Frame4, "Table"},      {t.Frame1, "   Borde Color"}, {t.Frame5, "BG Color"},
@@ -173,26 +166,24 @@ void TestFrmTable::texts()
         {t.Label5, "Height"}, {t.Label6, "Width"},       {t.Label7, "Height"}};
     for (const auto& [label, text] : labels)
         QCOMPARE(label->text(), QLatin1String(text));
-    const QList<std::pair<const QWidget*, const char*>> tips = {
-        {t.Option4, "Table Left"},     {t.Option5, "Table Center"},
-        {t.Option6, "Table Right"},    {t.Option1, "Left"},
-        {t.Option2, "Center"},         {t.Option3, "Right"},
-        {t.chkBold, "Bold"},           {t.chkItalic, "Italic"},
-        {t.chkUnderline, "Underline"}, {t.Command7, "Save All Colors"},
-        {t.Combo1, "Load All Colors"}};
-    for (const auto& [widget, tip] : tips)
-        QCOMPARE(widget->toolTip(), QLatin1String(tip));
-    const QList<std::pair<const QAbstractButton*, const char*>> captions = {
-        {t.Check1, "Two Cell Colors"},
-        {t.Command7, "Save"},
-        {t.Command4, "Add it"},
-        {t.Command5, "Clear list"},
-        {t.Check3, "Close when select copy or add editor."},
-        {t.Command8, "Copy"},
-        {t.Command2, "Add to Editor"},
-        {t.Command3, "Cancel"}};
-    for (const auto& [button, caption] : captions)
-        QCOMPARE(button->text().remove(u'&'), QLatin1String(caption));
+    compareCaptions({{t.Option4, "", "Table Left"},
+                     {t.Option5, "", "Table Center"},
+                     {t.Option6, "", "Table Right"},
+                     {t.Option1, "", "Left"},
+                     {t.Option2, "", "Center"},
+                     {t.Option3, "", "Right"},
+                     {t.chkBold, "", "Bold"},
+                     {t.chkItalic, "", "Italic"},
+                     {t.chkUnderline, "", "Underline"},
+                     {t.Check1, "Two Cell Colors"},
+                     {t.Command7, "Save", "Save All Colors"},
+                     {t.Command4, "Add it"},
+                     {t.Command5, "Clear list"},
+                     {t.Check3, "Close when select copy or add editor."},
+                     {t.Command8, "Copy"},
+                     {t.Command2, "Add to Editor"},
+                     {t.Command3, "Cancel"}});
+    QCOMPARE(t.Combo1->toolTip(), QStringLiteral("Load All Colors"));
     QCOMPARE(t.Combo1->placeholderText(), QStringLiteral("Load here"));
     QCOMPARE(t.Combo1->ListIndex(), -1);
 }
@@ -200,7 +191,7 @@ void TestFrmTable::texts()
 void TestFrmTable::state()
 {
     const Designer window;
-    const FrmTable& t = *window.table;
+    const FrmTable& t = *window.tool;
     for (const QLineEdit* box : {t.Combo2, t.Combo4, t.Combo3, t.TxWid, t.TxHei})
         QCOMPARE(box->text(), QStringLiteral("0"));
     for (const QLineEdit* box : {t.Combo9, t.Combo8})
@@ -237,17 +228,11 @@ void TestFrmTable::state()
 void TestFrmTable::fonts()
 {
     const Designer window;
-    const FrmTable& t = *window.table;
+    const FrmTable& t = *window.tool;
     QCOMPARE(t.Combo7->Text(), QStringLiteral("Arial"));
-    QStringList listed;
-    for (int i = 0; i < t.Combo7->ListCount(); ++i)
-        listed << t.Combo7->List(i);
-    QCOMPARE(listed, QFontDatabase::families().mid(1));
+    QCOMPARE(entries(*t.Combo7), QFontDatabase::families().mid(1));
     QCOMPARE(t.Combo6->Text(), QStringLiteral("Normal"));
-    QStringList sizes;
-    for (int i = 0; i < t.Combo6->ListCount(); ++i)
-        sizes << t.Combo6->List(i);
-    QCOMPARE(sizes.join(u' '), QStringLiteral("8 10 12 14 18 24 36 Normal"));
+    QCOMPARE(entries(*t.Combo6).join(u' '), QStringLiteral("8 10 12 14 18 24 36 Normal"));
 }
 
 void TestFrmTable::closingBoxWithoutKey_data()
@@ -268,11 +253,10 @@ void TestFrmTable::closingBoxWithoutKey()
 void TestFrmTable::closingBoxIsKept()
 {
     Designer window;
-    tick(window.table->Check3);
+    tick(window.tool->Check3);
     QVERIFY(window.folder.read(QStringLiteral("web.ini")).contains("[Tablepro]\r\nchk3=0\r\n"));
-    window.table->Unload();
-    window.show();
-    QCOMPARE(window.table->Check3->Value(), 0);
+    window.reopen();
+    QCOMPARE(window.tool->Check3->Value(), 0);
 }
 
 // ---- Words
@@ -281,9 +265,9 @@ void TestFrmTable::addsARow()
 {
     const Designer window;
     window.add("Shipping");
-    const FrmTable& t = *window.table;
-    QCOMPARE(Designer::entries(t.List1), QStringList{QStringLiteral("Shipping")});
-    QCOMPARE(Designer::entries(t.List2), QStringList{QString()});
+    const FrmTable& t = *window.tool;
+    QCOMPARE(entries(*t.List1), QStringList{QStringLiteral("Shipping")});
+    QCOMPARE(entries(*t.List2), QStringList{QString()});
     QCOMPARE(t.LS1, QStringList{Spanning + QStringLiteral("Shipping")});
     QCOMPARE(t.LS2, QStringList{QString()});
     QCOMPARE(t.RichTextBox2, Head + QStringLiteral("<TR>\r\n") + Spanning +
@@ -295,7 +279,7 @@ void TestFrmTable::addsARowOfTwoWords()
 {
     const Designer window;
     window.add("Weight", "2 lb");
-    const FrmTable& t = *window.table;
+    const FrmTable& t = *window.tool;
     QCOMPARE(t.LS1, QStringList{Plain + QStringLiteral("Weight")});
     QCOMPARE(t.LS2, QStringList{Plain + QStringLiteral("2 lb")});
     QCOMPARE(t.RichTextBox2, Head + QStringLiteral("<TR>\r\n") + Plain +
@@ -319,32 +303,57 @@ void TestFrmTable::addRefuses()
     QFETCH(QString, right);
     QFETCH(QString, message);
     Designer window;
-    window.table->Text2->setText(right);
+    window.tool->Text2->setText(right);
     window.doors.answerMsgBox(MsgAnswer::Ok);
-    click(window.table->Command4);
+    click(window.tool->Command4);
     QCOMPARE(window.doors.takeAsked(), QStringList{message});
-    QCOMPARE(window.table->List1->ListCount() + window.table->List2->ListCount(), 0);
-    QCOMPARE(window.table->LS1 + window.table->LS2, QStringList());
-    QCOMPARE(window.table->Text2->text(), right);
+    QCOMPARE(window.tool->List1->ListCount() + window.tool->List2->ListCount(), 0);
+    QCOMPARE(window.tool->LS1 + window.tool->LS2, QStringList());
+    QCOMPARE(window.tool->Text2->text(), right);
 }
 
 void TestFrmTable::enterAdds()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     QTest::keyClicks(t.Text1, QStringLiteral("a"));
     QTest::keyClick(t.Text1, Qt::Key_Return);
-    QCOMPARE(Designer::entries(t.List1), QStringList{QStringLiteral("a")});
+    QCOMPARE(entries(*t.List1), QStringList{QStringLiteral("a")});
     QCOMPARE(t.focusWidget(), t.Text1);
     QTest::keyClicks(t.Text1, QStringLiteral("b"));
     QTest::keyClick(t.Text1, Qt::Key_Tab);
     QCOMPARE(t.focusWidget(), t.Text2);
     QTest::keyClicks(t.Text2, QStringLiteral("c"));
     QTest::keyClick(t.Text2, Qt::Key_Enter);
-    QCOMPARE(Designer::entries(t.List1), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
-    QCOMPARE(Designer::entries(t.List2), (QStringList{QString(), QStringLiteral("c")}));
+    QCOMPARE(entries(*t.List1), (QStringList{QStringLiteral("a"), QStringLiteral("b")}));
+    QCOMPARE(entries(*t.List2), (QStringList{QString(), QStringLiteral("c")}));
     QCOMPARE(t.focusWidget(), t.Text1);
     QCOMPARE(t.Text1->text() + t.Text2->text(), QString());
+}
+
+void TestFrmTable::enterOnARefusedRow_data()
+{
+    addRefuses_data();
+}
+
+/// From the second box the hand goes back to the first all the same.
+void TestFrmTable::enterOnARefusedRow()
+{
+    QFETCH(QString, right);
+    QFETCH(QString, message);
+    Designer window;
+    FrmTable& t = *window.tool;
+    overtype(t.Text2, right);
+    for (QLineEdit* box : {t.Text2, t.Text1}) {
+        box->setFocus();
+        window.doors.answerMsgBox(MsgAnswer::Ok);
+        QTest::keyClick(box, Qt::Key_Return);
+        QCOMPARE(window.doors.takeAsked(), QStringList{message});
+        QCOMPARE(t.focusWidget(), t.Text1);
+        QCOMPARE(t.Text2->text(), right);
+        QCOMPARE(entries(*t.List1) + entries(*t.List2) + t.LS1 + t.LS2, QStringList());
+        QCOMPARE(t.RichTextBox2, QString());
+    }
 }
 
 void TestFrmTable::wordsGoOutAsTyped_data()
@@ -355,13 +364,14 @@ void TestFrmTable::wordsGoOutAsTyped_data()
     QTest::newRow("width") << "width=";
     QTest::newRow("emoji") << QStringLiteral("\U0001F600");
     QTest::newRow("blank") << " ";
+    QTest::newRow("long") << QString(40'000, u'x');
 }
 
 void TestFrmTable::wordsGoOutAsTyped()
 {
     QFETCH(QString, word);
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     t.Text1->setText(word);
     t.Text2->setText(word);
     click(t.Command4);
@@ -376,7 +386,7 @@ void TestFrmTable::wordsGoOutAsTyped()
 void TestFrmTable::rowsKeepTheirLook()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     t.TxWid->setText(QStringLiteral("9"));
     window.add("b");
@@ -389,7 +399,7 @@ void TestFrmTable::rowsKeepTheirLook()
 void TestFrmTable::clearList()
 {
     Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a", "b");
     t.HScroll1->setValue(3);
     QTRY_COMPARE(window.ask("document.querySelectorAll('td').length"), QStringLiteral("2"));
@@ -414,16 +424,16 @@ void TestFrmTable::clearList()
 void TestFrmTable::cancel()
 {
     Designer window;
-    click(window.table->Command3);
+    click(window.tool->Command3);
     QVERIFY(!isLoaded<FrmTable>()); // nothing to lose
     window.show();
     window.add("a");
     window.doors.answerMsgBox(MsgAnswer::No);
-    click(window.table->Command3);
+    click(window.tool->Command3);
     QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
     QVERIFY(isLoaded<FrmTable>());
     window.doors.answerMsgBox(MsgAnswer::Yes);
-    QTest::keyClick(window.table->Text1, Qt::Key_Escape);
+    QTest::keyClick(window.tool->Text1, Qt::Key_Escape);
     QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
     QVERIFY(!isLoaded<FrmTable>());
     QCOMPARE(window.source(), QByteArray());
@@ -434,7 +444,7 @@ void TestFrmTable::closeButtonAsks()
     Designer window;
     window.add("a");
     window.doors.answerMsgBox(MsgAnswer::No);
-    window.table->close();
+    window.tool->close();
     QCOMPARE(window.doors.takeAsked(), QStringList{CancelQuestion});
     QVERIFY(isLoaded<FrmTable>());
 }
@@ -445,13 +455,13 @@ void TestFrmTable::addToEditor()
     window.web->RichTextBox1->setText("one two");
     window.web->RichTextBox1->setSelStart(4);
     window.add("a");
-    const QByteArray html = window.table->RichTextBox2.toUtf8();
-    tick(window.table->Check3);
-    click(window.table->Command2);
+    const QByteArray html = window.tool->RichTextBox2.toUtf8();
+    tick(window.tool->Check3);
+    click(window.tool->Command2);
     QCOMPARE(window.source(), "one " + html + "two");
     QVERIFY(isLoaded<FrmTable>());
-    tick(window.table->Check3);
-    click(window.table->Command2);
+    tick(window.tool->Check3);
+    click(window.tool->Command2);
     QCOMPARE(window.source(), "one " + html + html + "two");
     QVERIFY(!isLoaded<FrmTable>()); // without a question
 }
@@ -460,8 +470,8 @@ void TestFrmTable::copy()
 {
     const Designer window;
     window.add("a");
-    const QString html = window.table->RichTextBox2;
-    click(window.table->Command8);
+    const QString html = window.tool->RichTextBox2;
+    click(window.tool->Command8);
     QCOMPARE(Clipboard::GetText(), html);
     QVERIFY(!isLoaded<FrmTable>());
     QCOMPARE(window.source(), QByteArray());
@@ -471,7 +481,7 @@ void TestFrmTable::nothingToAdd()
 {
     Designer window;
     Clipboard::SetText(QStringLiteral("mine"));
-    for (QPushButton* button : {window.table->Command2, window.table->Command8}) {
+    for (QPushButton* button : {window.tool->Command2, window.tool->Command8}) {
         window.doors.answerMsgBox(MsgAnswer::Ok);
         click(button);
         QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
@@ -485,7 +495,7 @@ void TestFrmTable::nothingToAdd()
 void TestFrmTable::cellOptions()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a", "b");
     const QList<std::pair<OptionButton*, const char*>> options = {
         {t.Option2, " align=Center>"}, {t.Option3, " align=Right>"}, {t.Option1, " align=Left>"}};
@@ -509,7 +519,7 @@ void TestFrmTable::cellOptions()
 void TestFrmTable::styleBoxes()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     click(t.chkBold);
     QVERIFY(t.LS1.at(0).contains(QStringLiteral("align=Left><b><Font ")));
@@ -529,7 +539,7 @@ void TestFrmTable::styleBoxes()
 void TestFrmTable::tableOptions()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     const QList<std::pair<OptionButton*, const char*>> options = {{t.Option5, " align=Center borderColor"},
                                                                   {t.Option6, " align=Right borderColor"},
@@ -546,7 +556,7 @@ void TestFrmTable::tableOptions()
 void TestFrmTable::fontAndSize()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     choose(t.Combo6, 6);
     QVERIFY(t.LS1.at(0).contains(QStringLiteral("<Font face=Arial size=7 color=")));
@@ -560,7 +570,7 @@ void TestFrmTable::fontAndSize()
 void TestFrmTable::typedFontWaits()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     overtype(t.Combo7->lineEdit(), QStringLiteral("Comic Sans MS"));
     overtype(t.Combo6->lineEdit(), QStringLiteral("13"));
@@ -588,23 +598,23 @@ void TestFrmTable::sizeBars()
     QFETCH(QString, text);
     const Designer window;
     window.add("a");
-    const auto holds = [&](int value) { return window.table->RichTextBox2.contains(text.arg(value)); };
+    const auto holds = [&](int value) { return window.tool->RichTextBox2.contains(text.arg(value)); };
     QVERIFY(holds(0));
-    step(window.table->*bar);
+    step(window.tool->*bar);
     QVERIFY(holds(1));
-    (window.table->*bar)->setFocus();
-    QTest::keyClick(window.table->*bar, Qt::Key_Right);
+    (window.tool->*bar)->setFocus();
+    QTest::keyClick(window.tool->*bar, Qt::Key_Right);
     QVERIFY(holds(2));
-    dragToEnd(window.table->*bar);
+    dragToEnd(window.tool->*bar);
     QVERIFY(holds(2)); // a drag counts once the hand lets go
-    release(window.table->*bar);
+    release(window.tool->*bar);
     QVERIFY(holds(32767));
 }
 
 void TestFrmTable::typedSizesWait()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     for (QLineEdit* box : {t.Combo2, t.Combo4, t.Combo3, t.Combo9, t.Combo8, t.TxWid, t.TxHei})
         overtype(box, QStringLiteral("x"));
@@ -646,7 +656,7 @@ void TestFrmTable::colorBars()
     QFETCH(QString, stepped);
     QFETCH(QString, dragged);
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     for (ScrollBar* cellBar : {t.RedI, t.GreenI, t.BlueI})
         cellBar->setValue(0);
     window.add("a");
@@ -670,7 +680,7 @@ void TestFrmTable::colorBars()
 void TestFrmTable::colorBarsByKeyboard()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     const QString before = t.RichTextBox2;
     t.RedG->setFocus();
@@ -682,7 +692,7 @@ void TestFrmTable::colorBarsByKeyboard()
 void TestFrmTable::borderBox()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     tick(t.ChkNoB);
     QVERIFY(t.RichTextBox2.contains(QStringLiteral("<TABLE width=0% height=0% align=Left cellspacing=0 ")));
@@ -698,7 +708,7 @@ void TestFrmTable::borderBox()
 void TestFrmTable::clickReadsTheLook()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     click(t.chkBold);
     click(t.chkUnderline);
     t.Combo6->setText(QStringLiteral("36"));
@@ -750,7 +760,7 @@ void TestFrmTable::clickReadsTheLook()
 void TestFrmTable::clickOnTheRight()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a", "b");
     t.LS2[0] = QStringLiteral("<TD bgcolor=#0A0000 width=7 height=0 align=Center><i><Font face=Arial size=3 "
                               "color=#000000>b");
@@ -764,22 +774,31 @@ void TestFrmTable::clickOnTheRight()
 void TestFrmTable::clickBesideOneWord()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     t.TxWid->setText(QStringLiteral("77"));
     Designer::clickRow(t.List2, 0);
     QCOMPARE(t.TxWid->text(), QStringLiteral("77"));
 }
 
+void TestFrmTable::mouseButtons()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::newRow("left") << Qt::LeftButton;
+    QTest::newRow("middle") << Qt::MiddleButton;
+    QTest::newRow("right") << Qt::RightButton;
+}
+
 void TestFrmTable::releaseDropsTheSelection()
 {
+    QFETCH(Qt::MouseButton, button);
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a", "b");
     for (ListBox* list : {t.List1, t.List2}) {
-        QTest::mousePress(list->viewport(), Qt::LeftButton, {}, Designer::placeOf(list, 0));
+        QTest::mousePress(list->viewport(), button, {}, Designer::placeOf(list, 0));
         QCOMPARE(list->ListIndex(), 0);
-        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, Designer::placeOf(list, 0));
+        QTest::mouseRelease(list->viewport(), button, {}, Designer::placeOf(list, 0));
         QCOMPARE(list->ListIndex(), -1);
     }
 }
@@ -787,25 +806,26 @@ void TestFrmTable::releaseDropsTheSelection()
 /// The other list's selection is gone before the row is read.
 void TestFrmTable::pressDropsTheOther()
 {
+    QFETCH(Qt::MouseButton, button);
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a", "b");
     t.LS1[0].replace(QStringLiteral("width=0"), QStringLiteral("width=1"));
     t.LS2[0].replace(QStringLiteral("width=0"), QStringLiteral("width=2"));
     for (const auto& [list, other, width] :
          {std::tuple(t.List1, t.List2, "1"), std::tuple(t.List2, t.List1, "2")}) {
         other->setListIndex(0);
-        QTest::mousePress(list->viewport(), Qt::LeftButton, {}, Designer::placeOf(list, 0));
+        QTest::mousePress(list->viewport(), button, {}, Designer::placeOf(list, 0));
         QCOMPARE(other->ListIndex(), -1);
         QCOMPARE(t.TxWid->text(), QLatin1String(width));
-        QTest::mouseRelease(list->viewport(), Qt::LeftButton, {}, Designer::placeOf(list, 0));
+        QTest::mouseRelease(list->viewport(), button, {}, Designer::placeOf(list, 0));
     }
 }
 
 void TestFrmTable::arrowKeysRead()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     window.add("b");
     t.LS1[1].replace(QStringLiteral("width=0"), QStringLiteral("width=5"));
@@ -816,14 +836,57 @@ void TestFrmTable::arrowKeysRead()
     QCOMPARE(t.TxWid->text(), QStringLiteral("5"));
 }
 
+/// The keys can select in both lists. Beside a row of one word is nothing to read.
+void TestFrmTable::rightWordBeforeTheLeft()
+{
+    const Designer window;
+    FrmTable& t = *window.tool;
+    window.add("a");
+    window.add("b", "c");
+    t.LS1[0].replace(QStringLiteral("width=0"), QStringLiteral("width=1"));
+    t.LS2[1].replace(QStringLiteral("width=0"), QStringLiteral("width=2"));
+    const auto goTo = [&](ListBox* list, Qt::Key end) {
+        overtype(t.TxWid, QStringLiteral("7"));
+        list->setFocus();
+        QTest::keyClick(list, end);
+        return t.TxWid->text();
+    };
+    QCOMPARE(goTo(t.List1, Qt::Key_End), QStringLiteral("0"));
+    QCOMPARE(goTo(t.List1, Qt::Key_Home), QStringLiteral("1"));
+    QCOMPARE(goTo(t.List2, Qt::Key_End), QStringLiteral("2"));
+    QCOMPARE(goTo(t.List1, Qt::Key_End), QStringLiteral("2"));
+    QCOMPARE(goTo(t.List2, Qt::Key_Home), QStringLiteral("7"));
+    QCOMPARE(goTo(t.List1, Qt::Key_Home), QStringLiteral("7"));
+}
+
+/// So that the words of a row stay side by side.
+void TestFrmTable::listsScrollTogether()
+{
+    const Designer window;
+    FrmTable& t = *window.tool;
+    for (int i = 0; i < 30; ++i)
+        window.add("a", "b");
+    for (ListBox* list : {t.List1, t.List2}) // the last row is in view
+        QVERIFY(list->viewport()->rect().contains(Designer::placeOf(list, 29)));
+    for (const auto& [list, other] : {std::pair(t.List1, t.List2), std::pair(t.List2, t.List1)}) {
+        for (const Qt::Key key : {Qt::Key_Home, Qt::Key_End}) {
+            QTest::keyClick(list, key);
+            QCOMPARE(Designer::placeOf(other, 15).y(), Designer::placeOf(list, 15).y());
+            QCOMPARE(list->viewport()->rect().contains(Designer::placeOf(list, 0)), key == Qt::Key_Home);
+        }
+    }
+}
+
 void TestFrmTable::clickIntoAFieldDeselects()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a", "b");
     for (QLineEdit* field : {t.Text1, t.Text2}) {
         t.List1->setListIndex(0);
         t.List2->setListIndex(0);
+        QTest::mouseClick(field, Qt::RightButton); // asks for the menu alone
+        QCOMPARE(t.List1->ListIndex() + t.List2->ListIndex(), 0);
         QTest::mouseClick(field, Qt::LeftButton);
         QCOMPARE(t.List1->ListIndex(), -1);
         QCOMPARE(t.List2->ListIndex(), -1);
@@ -833,7 +896,7 @@ void TestFrmTable::clickIntoAFieldDeselects()
 void TestFrmTable::readingStartsNoRebuild()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     click(t.chkBold);
     window.add("a");
     click(t.chkBold); // all rows plain
@@ -850,7 +913,7 @@ void TestFrmTable::readingStartsNoRebuild()
 void TestFrmTable::oneRowOnly()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     window.add("b", "c");
     t.Opt1 = false;
@@ -879,7 +942,7 @@ void TestFrmTable::oneRowOnly()
 void TestFrmTable::twoColors()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     window.add("b", "c");
     window.add("d");
@@ -912,7 +975,7 @@ void TestFrmTable::twoColors()
 void TestFrmTable::twoColorsTakenBack()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     for (const bool button : {true, false}) {
         tick(t.Check1);
@@ -931,7 +994,7 @@ void TestFrmTable::twoColorsTakenBack()
 void TestFrmTable::twoColorsUnticked()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.add("a");
     tick(t.Check1);
     form<FrmAutoColor>()->RedA->setValue(9);
@@ -948,37 +1011,35 @@ void TestFrmTable::twoColorsUnticked()
 void TestFrmTable::twoColorsOfAnEarlierTable()
 {
     Designer window;
-    tick(window.table->Check1);
+    tick(window.tool->Check1);
     click(form<FrmAutoColor>()->Command1);
-    window.table->Unload();
-    window.show();
+    window.reopen();
     window.add("a");
-    tick(window.table->Check1);
+    tick(window.tool->Check1);
     form<FrmAutoColor>()->RedA->setValue(7);
     click(form<FrmAutoColor>()->Command1);
-    QCOMPARE(window.table->TxtAuto, QStringLiteral("#070000"));
-    QVERIFY(window.table->LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
+    QCOMPARE(window.tool->TxtAuto, QStringLiteral("#070000"));
+    QVERIFY(window.tool->LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
 }
 
 void TestFrmTable::twoColorsLeftOpen()
 {
     Designer window;
-    tick(window.table->Check1);
-    window.table->Unload();
-    window.show();
+    tick(window.tool->Check1);
+    window.reopen();
     window.add("a");
     form<FrmAutoColor>()->RedA->setValue(7);
     click(form<FrmAutoColor>()->Command1);
-    QCOMPARE(window.table->Check1->Value(), 1);
-    QVERIFY(window.table->LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
+    QCOMPARE(window.tool->Check1->Value(), 1);
+    QVERIFY(window.tool->LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
     QVERIFY(!form<FrmAutoColor>()->isVisible());
 }
 
 void TestFrmTable::twoColorsAfterTheTableHasGone()
 {
     const Designer window;
-    tick(window.table->Check1);
-    window.table->Unload();
+    tick(window.tool->Check1);
+    window.tool->Unload();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     click(form<FrmAutoColor>()->Command1);
     form<FrmAutoColor>()->Unload();
@@ -990,7 +1051,7 @@ void TestFrmTable::twoColorsAfterTheTableHasGone()
 void TestFrmTable::saves()
 {
     Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.doors.answerInputBox(QStringLiteral("Blue"));
     click(t.Command7);
     QCOMPARE(window.doors.takeAsked(), QStringList{TitleQuestion});
@@ -1004,10 +1065,31 @@ void TestFrmTable::saves()
     QCOMPARE(t.Combo1->Text(), QStringLiteral("Blue"));
 }
 
+void TestFrmTable::savesWhatItLoads_data()
+{
+    QTest::addColumn<QByteArray>("set");
+    QTest::newRow("one colour") << Set;
+    QTest::newRow("two colours") << QByteArray(Set).replace("Check1=0", "Check1=1");
+    QTest::newRow("other styles") << QByteArray(Set)
+                                         .replace("Italic=0", "Italic=1")
+                                         .replace("Underline=1", "Underline=0")
+                                         .replace("Checkborder=0", "Checkborder=1");
+}
+
+void TestFrmTable::savesWhatItLoads()
+{
+    QFETCH(QByteArray, set);
+    Designer window;
+    window.openWithSets("[Blue]\r\n" + set, "Blue\r\n");
+    choose(window.tool->Combo1, 0);
+    window.saveSet("Copy");
+    QVERIFY(window.folder.read(QStringLiteral("Table.ini")).contains("[Copy]\r\n" + set));
+}
+
 void TestFrmTable::savesByTitle()
 {
     Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     window.saveSet("Blue");
     t.TxWid->setText(QStringLiteral("9"));
     window.doors.answerInputBox(QStringLiteral("Blue"));
@@ -1032,17 +1114,17 @@ void TestFrmTable::saveRefused()
 {
     Designer window;
     window.doors.cancelInputBox();
-    click(window.table->Command7);
+    click(window.tool->Command7);
     window.doors.answerInputBox(QString());
-    click(window.table->Command7);
+    click(window.tool->Command7);
     QVERIFY(!window.folder.has(QStringLiteral("Table.ini")));
     QVERIFY(!window.folder.has(QStringLiteral("Table2.ini")));
     window.saveSet("Blue");
     const QByteArray before = window.folder.read(QStringLiteral("Table.ini"));
-    window.table->TxWid->setText(QStringLiteral("9"));
+    window.tool->TxWid->setText(QStringLiteral("9"));
     window.doors.answerInputBox(QStringLiteral("Blue"));
     window.doors.answerMsgBox(MsgAnswer::No);
-    click(window.table->Command7);
+    click(window.tool->Command7);
     QCOMPARE(window.folder.read(QStringLiteral("Table.ini")), before);
 }
 
@@ -1051,26 +1133,20 @@ void TestFrmTable::titlesAreKept()
     Designer window;
     window.saveSet("a]b=c");
     window.saveSet("red, blue");
-    window.table->Unload();
-    window.show();
-    QStringList titles;
-    for (int i = 0; i < window.table->Combo1->ListCount(); ++i)
-        titles << window.table->Combo1->List(i);
-    QCOMPARE(titles, (QStringList{QStringLiteral("a]b=c"), QStringLiteral("red"), QStringLiteral("blue")}));
+    window.reopen();
+    QCOMPARE(entries(*window.tool->Combo1),
+             (QStringList{QStringLiteral("a]b=c"), QStringLiteral("red"), QStringLiteral("blue")}));
     window.folder.write(QStringLiteral("Table.ini"),
                         window.folder.read(QStringLiteral("Table.ini")).replace("Fwidth=0", "Fwidth=44"));
-    choose(window.table->Combo1, 0);
-    QCOMPARE(window.table->TxWid->text(), QStringLiteral("44"));
+    choose(window.tool->Combo1, 0);
+    QCOMPARE(window.tool->TxWid->text(), QStringLiteral("44"));
 }
 
 void TestFrmTable::loads()
 {
     Designer window;
-    window.folder.write(QStringLiteral("Table.ini"), "[other]\r\nFwidth=1\r\n\r\n[Blue]\r\n" + Set);
-    window.folder.write(QStringLiteral("Table2.ini"), "other\r\nBlue\r\n");
-    window.table->Unload();
-    window.show();
-    FrmTable& t = *window.table;
+    window.openWithSets("[other]\r\nFwidth=1\r\n\r\n[Blue]\r\n" + Set, "other\r\nBlue\r\n");
+    FrmTable& t = *window.tool;
     window.add("a");
     choose(t.Combo1, 1);
     QCOMPARE(t.Combo1->Text(), QStringLiteral("Blue"));
@@ -1116,12 +1192,8 @@ void TestFrmTable::loads()
 void TestFrmTable::loadsTwoColors()
 {
     Designer window;
-    window.folder.write(QStringLiteral("Table.ini"),
-                        "[Blue]\r\n" + QByteArray(Set).replace("Check1=0", "Check1=1"));
-    window.folder.write(QStringLiteral("Table2.ini"), "Blue\r\n");
-    window.table->Unload();
-    window.show();
-    FrmTable& t = *window.table;
+    window.openWithSets("[Blue]\r\n" + QByteArray(Set).replace("Check1=0", "Check1=1"), "Blue\r\n");
+    FrmTable& t = *window.tool;
     window.add("a");
     window.add("b");
     choose(t.Combo1, 0);
@@ -1136,19 +1208,17 @@ void TestFrmTable::loadsWithoutRows()
 {
     Designer window;
     window.saveSet("Blue");
-    window.table->RichTextBox2.clear();
-    choose(window.table->Combo1, 0);
-    QCOMPARE(window.table->RichTextBox2, Head + End);
+    window.tool->RichTextBox2.clear();
+    choose(window.tool->Combo1, 0);
+    QCOMPARE(window.tool->RichTextBox2, Head + End);
 }
 
 /// A title of which the file knows nothing.
 void TestFrmTable::loadsWhatIsMissing()
 {
     Designer window;
-    window.folder.write(QStringLiteral("Table2.ini"), "gone\r\n");
-    window.table->Unload();
-    window.show();
-    FrmTable& t = *window.table;
+    window.openWithSets("", "gone\r\n");
+    FrmTable& t = *window.tool;
     click(t.Option6);
     click(t.chkBold);
     choose(t.Combo1, 0);
@@ -1165,13 +1235,10 @@ void TestFrmTable::loadsWhatIsMissing()
 void TestFrmTable::loadsNumbersThatAreNone()
 {
     Designer window;
-    window.folder.write(QStringLiteral("Table.ini"),
-                        "[x]\r\nBorde=abc\r\nBGC=99999999999\r\nBold=yes\r\n"
-                        "Italic=7\r\nCheck1=-1\r\nFwidth=5\r\nTLCR=left\r\nCell=255");
-    window.folder.write(QStringLiteral("Table2.ini"), "x\r\n");
-    window.table->Unload();
-    window.show();
-    FrmTable& t = *window.table;
+    window.openWithSets("[x]\r\nBorde=abc\r\nBGC=99999999999\r\nBold=yes\r\n"
+                        "Italic=7\r\nCheck1=-1\r\nFwidth=5\r\nTLCR=left\r\nCell=255",
+                        "x\r\n");
+    FrmTable& t = *window.tool;
     choose(t.Combo1, 0);
     QCOMPARE(t.BColor1->BackColor(), 0);
     QCOMPARE(t.TbColor1->BackColor(), 0);
@@ -1185,24 +1252,24 @@ void TestFrmTable::loadOfTheSameTitle()
 {
     Designer window;
     window.saveSet("Blue");
-    window.table->TxWid->setText(QStringLiteral("8"));
-    choose(window.table->Combo1, 0);
-    QCOMPARE(window.table->TxWid->text(), QStringLiteral("0"));
-    window.table->TxWid->setText(QStringLiteral("9"));
-    choose(window.table->Combo1, 0);
-    QCOMPARE(window.table->TxWid->text(), QStringLiteral("0"));
+    window.tool->TxWid->setText(QStringLiteral("8"));
+    choose(window.tool->Combo1, 0);
+    QCOMPARE(window.tool->TxWid->text(), QStringLiteral("0"));
+    window.tool->TxWid->setText(QStringLiteral("9"));
+    choose(window.tool->Combo1, 0);
+    QCOMPARE(window.tool->TxWid->text(), QStringLiteral("0"));
 }
 
 void TestFrmTable::barsStayAfterALoad()
 {
     Designer window;
     window.saveSet("Blue");
-    window.table->HScroll6->setValue(5);
-    choose(window.table->Combo1, 0);
-    QCOMPARE(window.table->TxWid->text(), QStringLiteral("0"));
-    QCOMPARE(window.table->HScroll6->Value(), 5);
-    step(window.table->HScroll6);
-    QCOMPARE(window.table->TxWid->text(), QStringLiteral("6"));
+    window.tool->HScroll6->setValue(5);
+    choose(window.tool->Combo1, 0);
+    QCOMPARE(window.tool->TxWid->text(), QStringLiteral("0"));
+    QCOMPARE(window.tool->HScroll6->Value(), 5);
+    step(window.tool->HScroll6);
+    QCOMPARE(window.tool->TxWid->text(), QStringLiteral("6"));
 }
 
 // ---- The sample
@@ -1215,16 +1282,16 @@ void TestFrmTable::sampleShowsTheTable()
     QTRY_COMPARE(window.ask("document.querySelectorAll('tr').length"), QStringLiteral("2"));
     QCOMPARE(window.ask("document.querySelectorAll('td')[2].colSpan"), QStringLiteral("2"));
     QCOMPARE(window.ask("document.querySelectorAll('td')[1].textContent.trim()"), QStringLiteral("2 lb"));
-    QCOMPARE(window.table->WebBrowser1->designMode(), DesignMode::Off);
-    dragToEnd(window.table->RedG);
+    QCOMPARE(window.tool->WebBrowser1->designMode(), DesignMode::Off);
+    dragToEnd(window.tool->RedG);
     QTRY_COMPARE(window.ask("document.querySelector('font').color"), QStringLiteral("#FF0000"));
-    release(window.table->RedG);
+    release(window.tool->RedG);
 }
 
 void TestFrmTable::manyRows()
 {
     const Designer window;
-    FrmTable& t = *window.table;
+    FrmTable& t = *window.tool;
     for (int i = 0; i < 10000; ++i) {
         t.List1->AddItem(QString::number(i));
         t.List2->AddItem(i % 2 ? QStringLiteral("x") : QString());

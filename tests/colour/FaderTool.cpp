@@ -15,6 +15,8 @@ FaderTool::FaderTool()
 void FaderTool::show()
 {
     press(18);
+    if (!isLoaded<Fader5>())
+        QTest::qFail("the toolbar's button opens no fader", __FILE__, __LINE__);
     tool = form<Fader5>();
     if (!QTest::qWaitForWindowExposed(tool, Patience))
         QTest::qFail("the fader does not show", __FILE__, __LINE__);
@@ -53,30 +55,14 @@ void FaderTool::letGo(ScrollBar* bar)
     QTest::mouseRelease(bar, Qt::LeftButton, {}, placeOf(bar, QStyle::SC_ScrollBarSlider));
 }
 
-QString FaderTool::settledSample() const
-{
-    for (int i = 0; i < 3; ++i) { // one page may wait for another that is on its way
-        QCoreApplication::processEvents();
-        sample();
-    }
-    return sample();
-}
-
 QString FaderTool::rendered(const QString& fragment)
 {
     m_reference.write(fragment);
-    return documentOf(m_reference);
+    return pageBody(&m_reference);
 }
 
 QString FaderTool::copied() const
 {
     click(tool->Command16);
     return Clipboard::GetText();
-}
-
-QString FaderTool::documentOf(WebControl& browser)
-{
-    return browser.evaluate(QStringLiteral("document.body ? document.body.innerHTML : ''"))
-        .value_or(QVariant())
-        .toString();
 }

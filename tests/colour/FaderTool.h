@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MainWindow.h"
+#include "Widgets.h"
 #include "colour/Fader5.h"
 
 #include <QTest>
@@ -39,16 +40,14 @@ public:
     static void letGo(ScrollBar* bar);
 
     /// The document that the sample shows.
-    QString sample() const { return documentOf(*tool->WebBrowser1); }
+    QString sample() const { return pageBody(tool->WebBrowser1); }
     /// The same when all that was under way is done.
-    QString settledSample() const;
+    QString settledSample() const { return ::settledSample(tool->WebBrowser1); }
     /// What a sample shows of a fragment.
     QString rendered(const QString& fragment);
     /// What Copy gives.
     QString copied() const;
 
 private:
-    static QString documentOf(WebControl& browser);
-
     DocumentSurface m_reference;
 };

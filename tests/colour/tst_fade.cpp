@@ -1,3 +1,4 @@
+#include "Random.h"
 #include "colour/Fade.h"
 #include "platform/RuntimeError.h"
 #include "services/Codes.h"
@@ -16,6 +17,48 @@ using Rgb = std::array<int, 3>;
 const QString Family = QString::fromUtf8("👨‍👩‍👧");
 const QString Accented = QStringLiteral("e\u0301");
 const QString Flag = QString::fromUtf8("🇩🇪");
+
+/// Words of a script, cut by hand into what its reader sees as one character.
+struct Script
+{
+    const char* name;
+    QStringList characters;
+};
+
+QStringList cut(const char* characters)
+{
+    return QString::fromUtf8(characters).split(u'|');
+}
+
+const QList<Script> Scripts = {
+    {"Thai", cut("ส|วั|ส|ดี|กำ|น้ำ")},
+    {"Devanagari", cut("न|म|स्ते|हि|न्दी|क्ष")},
+    {"Bengali", cut("বাং|লা|ক|ক্ষ")},
+    {"Tamil", cut("த|மி|ழ்|கொ|ஸ்")},
+    {"Khmer", cut("ខ្មែ|រ|សូ|ម|ស្វា|គ|ម|ន៍|ស្ត្រី")},
+    {"Myanmar", cut("မြ|န်|မ|ာ|မ|င်္ဂ|လ|ာ|ပ|ါ|က္က")},
+    {"Tibetan", cut("བོ|ད|་|ཡི|ག|རྒྱ")},
+    {"Sinhala", cut("සිං|හ|ල|ශ්‍රී|ක්‍ෂ")},
+    {"Hebrew", cut("שָׁ|ל|וֹ|ם")},
+    {"Arabic", cut("سَ|ل|ا|مٌ")},
+    {"Korean", cut("한|국|\u1112\u1161\u11AB")},
+    {"Greek", cut("Κ|α|λ|ή|α\u0342")},
+    {"Cyrillic", cut("П|р|и|и\u0306")},
+    {"Chinese", cut("日|本|𠮷")},
+};
+
+/// Each of these is one character too.
+const QList<Script> Pictures = {
+    {"emoji", cut("😀")},
+    {"family", cut("👨‍👩‍👧")},
+    {"flag", cut("🇩🇪")},
+    {"skin tone", cut("👍🏽")},
+    {"keycap", cut("1️⃣")},
+    {"heart", cut("❤️")},
+    {"astronaut", cut("👩🏽‍🚀")},
+    {"regional flag", cut("🏴󠁧󠁢󠁥󠁮󠁧󠁿")},
+    {"gothic", cut("𐍈")},
+};
 
 int numberOf(const Rgb& color)
 {
@@ -128,6 +171,10 @@ private slots:
     void nothingIsEscaped();
     void charactersOfAText_data();
     void charactersOfAText();
+    void picturesBesideAScript_data();
+    void picturesBesideAScript();
+    void randomTexts_data();
+    void randomTexts();
     void longest_data();
     void longest();
     void sameAsTheFormulas();
@@ -351,6 +398,82 @@ void TestFade::charactersOfAText()
 {
     QFETCH(QStringList, characters);
     QCOMPARE(fadeCharacters(characters.join(QString())), characters);
+}
+
+void TestFade::picturesBesideAScript_data()
+{
+    QTest::addColumn<QStringList>("letters");
+    QTest::addColumn<QString>("picture");
+    for (const Script& script : Scripts) {
+        for (const Script& picture : Pictures)
+            QTest::addRow("%s, %s", script.name, picture.name)
+                << script.characters << picture.characters.constFirst();
+    }
+}
+
+/// With nothing between them, and with blanks, digits and signs.
+void TestFade::picturesBesideAScript()
+{
+    QFETCH(QStringList, letters);
+    QFETCH(QString, picture);
+    const QStringList characters = letters + QStringList{picture, picture} + letters +
+                                   QStringList{" ", picture, "7", "!", picture, "-"} + letters;
+    QCOMPARE(fadeCharacters(characters.join(QString())), characters);
+    const std::array<Rgb, 5> colors = {{{0, 9, 255}, {255, 8, 0}, {3, 200, 5}, {99, 0, 1}, {255, 255, 255}}};
+    QCOMPARE(fadeFive(colors, characters.join(QString())), naiveFive(colors, characters, false));
+}
+
+void TestFade::randomTexts_data()
+{
+    addSeeds();
+}
+
+/// 100,000 of them in all.
+void TestFade::randomTexts()
+{
+    QFETCH(quint32, seed);
+    Random random(seed);
+    QStringList whole = {"a", "Z", "7", " ", "!", "<", "\r", "\n", Accented};
+    for (const QList<Script>& list : {Scripts, Pictures}) {
+        for (const Script& script : list)
+            whole += script.characters;
+    }
+    // Whole characters behind each other stay what they are.
+    for (int round = 0; round < 10'000; ++round) {
+        QStringList characters;
+        for (int i = random.number(16); i >= 0; --i)
+            characters << random.of(whole);
+        QCOMPARE(fadeCharacters(characters.join(QString())), characters);
+    }
+    // Parts of characters in any order: none is lost, and none that needs a letter stands at a beginning.
+    const QStringList marks = {"\u0301",     "\u20E3",     "\uFE0F",     "\u200D", "\u0E49",
+                               "\u093F",     "\u094D",     "\u09CD",     "\u0BCD", "\u17D2",
+                               "\u17B8",     "\u1039",     "\u103C",     "\u0F90", "\u0F72",
+                               "\U0001F3FD", "\U000E0067", "\U000E007F", "\u05B8", "\u11AB"};
+    const QStringList letters = {"\u0E01",     "\u0915",     "\u0995",     "\u0B95",     "\u1780",
+                                 "\u1000",     "\u0F56",     "\u05E9",     "\u0633",     "\u1112",
+                                 "\u0627",     "\U0001F600", "\U0001F469", "\U0001F680", "\U0001F1E9",
+                                 "\U0001F3F4", "\U00020BB7", "\U00011103"};
+    const QStringList ends = {"\r", "\n", "\t"};
+    for (int round = 0; round < 10'000; ++round) {
+        QString text;
+        for (int i = random.number(20); i >= 0; --i)
+            text += random.of(random.chance() ? marks : random.number(6) == 0 ? whole : letters);
+        const QStringList characters = fadeCharacters(text);
+        QCOMPARE(characters.join(QString()), text);
+        for (qsizetype i = 0; i < characters.size(); ++i) {
+            const QString& character = characters.at(i);
+            QVERIFY(!character.isEmpty());
+            QVERIFY(!character.front().isLowSurrogate() && !character.back().isHighSurrogate());
+            QVERIFY(!character.contains(QLatin1String("\r\n")));
+            if (i == 0 || ends.contains(characters.at(i - 1)))
+                continue; // nothing to stand on
+            for (const QString& mark : marks) {
+                if (mark != QStringLiteral("\u11AB"))
+                    QVERIFY2(!character.startsWith(mark), qPrintable(text));
+            }
+        }
+    }
 }
 
 void TestFade::longest_data()

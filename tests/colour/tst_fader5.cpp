@@ -147,12 +147,13 @@ private slots:
     void fontsOfTheScreen();
     void boxesFromTheSettings_data();
     void boxesFromTheSettings();
-    void missingKeyStopsTheLoad_data();
-    void missingKeyStopsTheLoad();
     void boxesAreKeptAtOnce();
     void forgetsTheRest();
     void markedText_data();
     void markedText();
+    void nothingToSeeInTheMarkedText_data();
+    void nothingToSeeInTheMarkedText();
+    void clipboardThatComesBack();
     void markedTextOfAWesternDocument();
     void nothingMarked();
     void events_data();
@@ -169,6 +170,8 @@ private slots:
     void rowsByColorDialog();
     void rowFollowsADrag();
     void numberBarWaitsForTheHand();
+    void numberBarWhoseBoxHoldsItsNumber_data();
+    void numberBarWhoseBoxHoldsItsNumber();
     void samplesOutOfReachAskNothing();
     void modesEnableTheirRows();
     void highlightEnablesItsRow();
@@ -189,7 +192,8 @@ private slots:
     void mailLink();
     void linkStandsInTheTable();
     void descriptions();
-    void descriptionsOnPreview();
+    void descriptionsOffThePreview_data();
+    void descriptionsOffThePreview();
     void longestText();
     void cancelAndEscape();
     void oneWindow();
@@ -359,31 +363,6 @@ void TestFader5::boxesFromTheSettings()
     QCOMPARE(f.tool->Check3->Value(), closes);
 }
 
-void TestFader5::missingKeyStopsTheLoad_data()
-{
-    QTest::addColumn<QByteArray>("section");
-    QTest::newRow("no section") << QByteArray();
-    QTest::newRow("no chk") << QByteArray("[Fontpro]\r\nchk2=0\r\n");
-    QTest::newRow("no chk2") << QByteArray("[Fontpro]\r\nchk=0\r\n");
-    QTest::newRow("empty") << QByteArray("[Fontpro]\r\nchk=\r\nchk2=0\r\n");
-    QTest::newRow("no number") << QByteArray("[Fontpro]\r\nchk=0\r\nchk2=on\r\n");
-}
-
-void TestFader5::missingKeyStopsTheLoad()
-{
-    QFETCH(QByteArray, section);
-    const FaderTool f;
-    f.folder.write(QStringLiteral("web.ini"), section);
-    std::optional<ErrorNumber> number;
-    try {
-        form<Fader5>();
-    } catch (const RuntimeError& error) {
-        number = error.number();
-    }
-    QVERIFY(number == ErrorNumber::TypeMismatch);
-    QVERIFY(!isLoaded<Fader5>());
-}
-
 void TestFader5::boxesAreKeptAtOnce()
 {
     FaderTool f;
@@ -450,6 +429,57 @@ void TestFader5::markedText()
     QVERIFY(isLoaded<Fader5>());
     // The text is styled as a typed one is.
     QTRY_COMPARE(f.sample(), f.rendered(plain(QString(text).replace(u'\n', QLatin1String("\r\n")))));
+}
+
+void TestFader5::nothingToSeeInTheMarkedText_data()
+{
+    QTest::addColumn<QByteArray>("html");
+    QTest::newRow("marker") << QByteArray("<!-- Body-picture -->");
+    QTest::newRow("line break") << QByteArray("<BR>");
+    QTest::newRow("blanks") << QByteArray(" \r\n ");
+    QTest::newRow("end tags") << QByteArray("</TD></TR></TABLE>");
+    QTest::newRow("style") << QByteArray("<STYLE>B { color: red }</STYLE>");
+    QTest::newRow("script") << QByteArray("<SCRIPT>document.write('run')</SCRIPT>");
+    QTest::newRow("title") << QByteArray("<TITLE>Lamp</TITLE>");
+    QTest::newRow("picture") << QByteArray("<IMG src=\"lamp.png\">");
+}
+
+/// What somebody copied before, a password perhaps, gets into no page.
+void TestFader5::nothingToSeeInTheMarkedText()
+{
+    QFETCH(QByteArray, html);
+    FaderTool f;
+    Clipboard::SetText(QStringLiteral("a password"));
+    f.web->RichTextBox1->setText("[" + html + "]");
+    f.web->RichTextBox1->setSelStart(1);
+    f.web->RichTextBox1->setSelLength(int(html.size()));
+    f.show();
+    QCOMPARE(f.tool->Text1->toPlainText(), QString());
+    QCOMPARE(Clipboard::GetText(), QString());
+    f.doors.answerMsgBox(MsgAnswer::Ok);
+    FaderTool::click(f.tool->Command2);
+    QCOMPARE(f.doors.takeAsked(), QStringList(NoWord));
+    QCOMPARE(f.source(), "[" + html + "]");
+}
+
+/// A desktop's clipboard manager may fill an empty clipboard again.
+void TestFader5::clipboardThatComesBack()
+{
+    class Manager : public ScriptedDoors
+    {
+        void setClipboard(std::unique_ptr<QMimeData> data) override
+        {
+            if (data->hasText() || data->hasHtml())
+                ScriptedDoors::setClipboard(std::move(data));
+        }
+    };
+    FaderTool f;
+    const Manager manager;
+    Clipboard::SetText(QStringLiteral("a password"));
+    f.web->RichTextBox1->setText("<BR>");
+    f.web->RichTextBox1->setSelLength(4);
+    f.show();
+    QCOMPARE(f.tool->Text1->toPlainText(), QString());
 }
 
 void TestFader5::markedTextOfAWesternDocument()
@@ -779,6 +809,45 @@ void TestFader5::numberBarWaitsForTheHand()
     QCOMPARE(f.tool->Combo9->text(), QStringLiteral("900%"));
     overtype(f.tool->Combo9, QStringLiteral("12")); // the bar stays
     QCOMPARE(f.tool->HScroll4->Value(), 900);
+}
+
+void TestFader5::numberBarWhoseBoxHoldsItsNumber_data()
+{
+    QTest::addColumn<QString>("bar");
+    QTest::addColumn<QString>("box");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString TableLook::*>("shown");
+    const auto row = [](const char* bar, const char* box, const char* text, QString TableLook::*shown) {
+        QTest::newRow(bar) << QString::fromLatin1(bar) << QString::fromLatin1(box)
+                           << QString::fromLatin1(text) << shown;
+    };
+    row("HScroll1", "Combo6", "1", &TableLook::border);
+    row("HScroll2", "Combo3", "1", &TableLook::padding);
+    row("HScroll3", "Combo5", "1", &TableLook::spacing);
+    row("HScroll4", "Combo9", "1%", &TableLook::width);
+    row("HScroll5", "Combo8", "1%", &TableLook::height);
+}
+
+/// It refreshes the sample as any other.
+void TestFader5::numberBarWhoseBoxHoldsItsNumber()
+{
+    using Attribute = QString TableLook::*;
+    QFETCH(QString, bar);
+    QFETCH(QString, box);
+    QFETCH(QString, text);
+    QFETCH(Attribute, shown);
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    f.click({"Check7"});
+    overtype(f.control<QLineEdit>(box), text);
+    overtype(f.tool->Combo2, QStringLiteral("24")); // the sample waits
+    TableLook look;
+    look.*shown = text;
+    QCOMPARE(f.settledSample(), f.rendered(inTable(plain(QStringLiteral("ab")), look)));
+    FaderTool::step(f.control<ScrollBar>(bar), Qt::Key_Right);
+    QCOMPARE(f.control<QLineEdit>(box)->text(), text);
+    QTRY_COMPARE(f.sample(),
+                 f.rendered(inTable(plain(QStringLiteral("ab"), Black, QStringLiteral("6")), look)));
 }
 
 void TestFader5::samplesOutOfReachAskNothing()
@@ -1118,6 +1187,7 @@ void TestFader5::descriptions()
     f.web->RichTextBox1->setSelStart(5);
     f.show(QStringLiteral("ab"));
     f.click({"Check7", "chkBold", "Check2"}); // a paragraph is for the others
+    f.showTab(FrmWeb::PreviewTab);
     const QByteArray region =
         "<!-- Body-description -->" +
         inTable(QStringLiteral("<B>") + plain(QStringLiteral("ab")) + QStringLiteral("</B>"),
@@ -1132,18 +1202,29 @@ void TestFader5::descriptions()
         const QString html = surface->innerHtml();
         QCOMPARE(html.count(QLatin1String(">ab<")), 2);
         QVERIFY(html.contains(QLatin1String("head")) && html.contains(QLatin1String("end")));
+        QVERIFY(!html.contains(QLatin1String("one")) && !html.contains(QLatin1String("two")));
     }
 }
 
-void TestFader5::descriptionsOnPreview()
+void TestFader5::descriptionsOffThePreview_data()
 {
+    QTest::addColumn<FrmWeb::Tab>("tab");
+    QTest::newRow("Editor") << FrmWeb::EditorTab;
+    QTest::newRow("Internet") << FrmWeb::InternetTab;
+}
+
+void TestFader5::descriptionsOffThePreview()
+{
+    QFETCH(FrmWeb::Tab, tab);
     FaderTool f;
     f.web->RichTextBox1->setText("<!-- Body-description -->one<!-- Body-description2 -->");
     f.show(QStringLiteral("ab"));
-    f.showTab(FrmWeb::PreviewTab);
+    f.showTab(tab);
     const QByteArray source = f.source();
+    const QString surface = f.web->WebBrowser1->innerHtml();
     f.tool->Command15_Click();
     QCOMPARE(f.source(), source);
+    QCOMPARE(f.web->WebBrowser1->innerHtml(), surface);
     QVERIFY(isLoaded<Fader5>());
 }
 
@@ -1161,7 +1242,9 @@ void TestFader5::longestText()
         QCOMPARE(f.copied().count(QLatin1String("</Font>")), 32767);
         f.doors.answerMsgBox(MsgAnswer::Ok);
         f.tool->Text1->setPlainText(character.repeated(32768));
-        QCOMPARE(f.doors.takeAsked().size(), 1);
+        QCOMPARE(f.doors.takeAsked(),
+                 QStringList(QStringLiteral("MsgBox|Information|The text is too long. Its first 32767 "
+                                            "characters were taken.|Information|Ok")));
         QVERIFY(f.tool->Text1->toPlainText() == character.repeated(32767));
         QCOMPARE(f.copied().count(QLatin1String("</Font>")), 32767);
         QVERIFY(!f.doors.ended);

@@ -55,7 +55,10 @@ private slots:
     void tickedBoxKeepsItsColor();
     void linkSample();
     void pressOnTheLink();
+    void clickedLinkAloneShowsTheLinkSample();
     void addWithoutABox();
+    void addWithOneBox_data();
+    void addWithOneBox();
     void addAtTheStart();
     void addReplacesNothing();
     void presetSaves();
@@ -171,6 +174,20 @@ void TestFrmBody::linkSample()
     QCOMPARE(window.lab(), QColor(0x56, 0x34, 0x12));
 }
 
+/// The box of the clicked link shows the link's own colour, which is none yet.
+void TestFrmBody::clickedLinkAloneShowsTheLinkSample()
+{
+    const Body window;
+    FrmBody& body = *window.body;
+    window.mix(255, 0, 0);
+    QCOMPARE(window.lab(), QColor(Qt::blue));
+    tick(body.Check5);
+    QCOMPARE(window.lab(), body.palette().color(QPalette::Button));
+    body.Picture5->setBackColor(0x123456);
+    tick(body.Check5); // unticking it too
+    QCOMPARE(window.lab(), QColor(0x56, 0x34, 0x12));
+}
+
 void TestFrmBody::pressOnTheLink()
 {
     const Body window;
@@ -199,6 +216,32 @@ void TestFrmBody::addWithoutABox()
     QCOMPARE(window.doors.takeAsked(), QStringList{Nothing});
     QVERIFY(isLoaded<FrmBody>());
     QCOMPARE(window.source(), QByteArray());
+}
+
+void TestFrmBody::addWithOneBox_data()
+{
+    QTest::addColumn<CheckBox * FrmBody::*>("box");
+    QTest::addColumn<QByteArray>("tag");
+    const auto row = [](const char* name, auto box, const char* tag) {
+        QTest::newRow(name) << static_cast<CheckBox * FrmBody::*>(box) << QByteArray(tag);
+    };
+    row("background", &FrmBody::Check1, "<body bgcolor=#000000>");
+    row("text", &FrmBody::Check2, "<body text=#000000>");
+    row("link", &FrmBody::Check4, "<body link=#000000>");
+    row("clicked link", &FrmBody::Check5, "<body alink=#000000>");
+}
+
+/// Any single box is enough.
+void TestFrmBody::addWithOneBox()
+{
+    using Box = CheckBox* FrmBody::*;
+    QFETCH(Box, box);
+    QFETCH(QByteArray, tag);
+    const Body window;
+    (window.body->*box)->setValue(1);
+    click(window.body->Command1);
+    QCOMPARE(window.source(), tag + "\r\n");
+    QVERIFY(!isLoaded<FrmBody>());
 }
 
 void TestFrmBody::addAtTheStart()

@@ -54,6 +54,8 @@ class TestFrmFonts : public QObject
 private slots:
     void texts();
     void sampleFollows();
+    void fontIsTypedAndPicked();
+    void sizeThatIsTypedWaits();
     void handsOver_data();
     void handsOver();
     void cancelled();
@@ -102,6 +104,46 @@ void TestFrmFonts::sampleFollows()
     click(f.chkBold);
     QTRY_COMPARE(window.sample(),
                  QStringLiteral("<b>") + rendered("7", "#0100FF", "Courier") + QStringLiteral("</b>"));
+}
+
+/// Each letter of a font's name shows, and each entry that is picked, whether by mouse or key.
+void TestFrmFonts::fontIsTypedAndPicked()
+{
+    const Fonts window;
+    FrmFonts& f = *window.fonts;
+    const auto expectFont = [&](const QString& name) {
+        // Without quotes, what stands behind a blank are attributes of their own.
+        const QString face = name.section(u' ', 0, 0);
+        QString others;
+        for (const QString& word : name.section(u' ', 1).split(u' ', Qt::SkipEmptyParts))
+            others += u' ' + word.toLower() + QStringLiteral("=\"\"");
+        QTRY_COMPARE(window.sample(),
+                     QStringLiteral("<font face=\"%1\"%2 size=\"3\" color=\"#000000\">AaBbCcDd</font>")
+                         .arg(face, others));
+    };
+    choose(f.Combo1, f.Combo1->findText(QStringLiteral("Liberation Mono")));
+    expectFont(QStringLiteral("Liberation Mono"));
+    QTest::keyClick(f.Combo1->lineEdit(), Qt::Key_End);
+    QTest::keyClick(f.Combo1->lineEdit(), Qt::Key_Backspace);
+    expectFont(QStringLiteral("Liberation Mon"));
+    QTest::keyClick(f.Combo1->lineEdit(), Qt::Key_S);
+    expectFont(QStringLiteral("Liberation Mons"));
+    choose(f.Combo1, f.Combo1->findText(QStringLiteral("DejaVu Sans")));
+    expectFont(QStringLiteral("DejaVu Sans"));
+    const QString next = f.Combo1->List(f.Combo1->ListIndex() + 1);
+    QTest::keyClick(f.Combo1, Qt::Key_Down);
+    expectFont(next);
+}
+
+/// Only a pick in the list of sizes shows at once.
+void TestFrmFonts::sizeThatIsTypedWaits()
+{
+    const Fonts window;
+    FrmFonts& f = *window.fonts;
+    overtype(f.Combo2->lineEdit(), QStringLiteral("24"));
+    QCOMPARE(settledSample(f.WebBrowser1), rendered("3", "#000000"));
+    click(f.chkItalic);
+    QTRY_COMPARE(window.sample(), QStringLiteral("<i>") + rendered("6", "#000000") + QStringLiteral("</i>"));
 }
 
 void TestFrmFonts::handsOver_data()

@@ -56,6 +56,10 @@ private slots:
     void alignments_data();
     void alignments();
     void barsWriteTheFields();
+    void barsWaitForTheHand_data();
+    void barsWaitForTheHand();
+    void barWhoseFieldHoldsItsNumber_data();
+    void barWhoseFieldHoldsItsNumber();
     void fieldsGoOutAsTyped_data();
     void fieldsGoOutAsTyped();
     void colorRow();
@@ -63,7 +67,6 @@ private slots:
     void closesByItsBox_data();
     void closesByItsBox();
     void boxIsKept();
-    void missingKeyStopsTheLoad();
     void presetSaves();
     void presetLoads();
     void presetThatIsNone_data();
@@ -163,12 +166,77 @@ void TestFrmHR::barsWriteTheFields()
     step(rule.HScroll2, false);
     rule.HScroll2->setValue(0);
     QCOMPARE(window.copied(), QStringLiteral("<HR width=50% size=0 color=#000000 align=Left>"));
+}
 
-    // A drag writes the field once the hand lets go.
-    dragToEnd(rule.HScroll1);
-    QCOMPARE(rule.Text1->text(), QStringLiteral("50%"));
-    release(rule.HScroll1);
-    QCOMPARE(rule.Text1->text(), QStringLiteral("500%"));
+static void addBars()
+{
+    QTest::addColumn<ScrollBar * FrmHR::*>("bar");
+    QTest::addColumn<QLineEdit * FrmHR::*>("field");
+    QTest::addColumn<QString>("end");   // of the bar
+    QTest::addColumn<QString>("step");  // one from its start
+    QTest::addColumn<QString>("width"); // shown with that step
+    QTest::addColumn<QString>("size");
+    const auto row = [](const char* name, auto bar, auto field, const char* end, const char* step,
+                        const char* width, const char* size) {
+        QTest::newRow(name) << static_cast<ScrollBar * FrmHR::*>(bar)
+                            << static_cast<QLineEdit * FrmHR::*>(field) << end << step << width << size;
+    };
+    row("width", &FrmHR::HScroll1, &FrmHR::Text1, "500%", "101%", "101%", "0");
+    row("size", &FrmHR::HScroll2, &FrmHR::Text3, "500", "1", "100%", "1");
+}
+
+void TestFrmHR::barsWaitForTheHand_data()
+{
+    addBars();
+}
+
+/// A drag writes the field, and refreshes the sample, once the hand lets go.
+void TestFrmHR::barsWaitForTheHand()
+{
+    using Bar = ScrollBar* FrmHR::*;
+    using Field = QLineEdit* FrmHR::*;
+    QFETCH(Bar, bar);
+    QFETCH(Field, field);
+    QFETCH(QString, end);
+    const Rule window;
+    FrmHR& rule = *window.rule;
+    const QString before = (rule.*field)->text();
+    const QString sample = settledSample(rule.WebBrowser1);
+    dragToEnd(rule.*bar);
+    QCOMPARE((rule.*bar)->Value(), 500);
+    QCOMPARE((rule.*field)->text(), before);
+    QCOMPARE(settledSample(rule.WebBrowser1), sample);
+    release(rule.*bar);
+    QCOMPARE((rule.*field)->text(), end);
+    QTRY_COMPARE(window.shown(bar == Bar(&FrmHR::HScroll1) ? "width" : "size"), end);
+}
+
+void TestFrmHR::barWhoseFieldHoldsItsNumber_data()
+{
+    addBars();
+}
+
+/// It refreshes the sample all the same.
+void TestFrmHR::barWhoseFieldHoldsItsNumber()
+{
+    using Bar = ScrollBar* FrmHR::*;
+    using Field = QLineEdit* FrmHR::*;
+    QFETCH(Bar, bar);
+    QFETCH(Field, field);
+    QFETCH(QString, step);
+    QFETCH(QString, width);
+    QFETCH(QString, size);
+    Rule window;
+    FrmHR& rule = *window.rule;
+    overtype(rule.*field, step);
+    window.folder.write(QStringLiteral("mine.fpc"), "[HR]\r\nFcolor1=255\r\n");
+    window.doors.answerOpen(window.folder.path(QStringLiteral("mine.fpc")));
+    click(rule.Command10);
+    const QString shown = QStringLiteral("<hr width=\"%1\" size=\"%2\" color=\"%3\" align=\"Left\">");
+    QCOMPARE(settledSample(rule.WebBrowser1), shown.arg(width, size, QStringLiteral("#000000")));
+    ::step(rule.*bar);
+    QCOMPARE((rule.*field)->text(), step);
+    QTRY_COMPARE(pageBody(rule.WebBrowser1), shown.arg(width, size, QStringLiteral("#FF0000")));
 }
 
 void TestFrmHR::fieldsGoOutAsTyped_data()
@@ -253,14 +321,6 @@ void TestFrmHR::boxIsKept()
     QVERIFY(window.folder.read(QStringLiteral("web.ini")).contains("[HRpro]\r\nchk3=0\r\n"));
 }
 
-void TestFrmHR::missingKeyStopsTheLoad()
-{
-    const MainWindow window;
-    window.folder.write(QStringLiteral("web.ini"), "[Font]\r\n");
-    QVERIFY_EXCEPTION_THROWN(form<FrmHR>(), RuntimeError);
-    QVERIFY(!isLoaded<FrmHR>());
-}
-
 void TestFrmHR::presetSaves()
 {
     Rule window;
@@ -287,7 +347,8 @@ void TestFrmHR::presetLoads()
     QCOMPARE(window.rule->FColor1->BackColor(), 16711680);
     QCOMPARE(window.rule->Text11, QStringLiteral("#0000FF"));
     QCOMPARE(window.rule->BlueG->Value(), 0);
-    QCOMPARE(window.shown("color"), QStringLiteral("#000000")); // until something else refreshes it
+    QCOMPARE(settledSample(window.rule->WebBrowser1), // until something else refreshes it
+             QStringLiteral("<hr width=\"100%\" size=\"0\" color=\"#000000\" align=\"Left\">"));
     click(window.rule->Option3);
     QTRY_COMPARE(window.shown("color"), QStringLiteral("#0000FF"));
 

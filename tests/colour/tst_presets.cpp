@@ -102,6 +102,7 @@ private slots:
     void saveWhereNobodyCanWrite();
     void saveInAReadOnlyFolder();
     void load();
+    void loadedColorsWaitForTheNextRefresh_data();
     void loadedColorsWaitForTheNextRefresh();
     void barsKeepTheirPosition();
     void readableFiles_data();
@@ -250,19 +251,37 @@ void TestPresets::load()
     QVERIFY(isLoaded<Fader5>());
 }
 
+void TestPresets::loadedColorsWaitForTheNextRefresh_data()
+{
+    QTest::addColumn<QString>("mode"); // its option
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<QString>("after");
+    QTest::newRow("one color") << "Opt1"
+                               << "<Font face=Arial size=3 color=#000000>abcd</FONT>"
+                               << "<Font face=Arial size=3 color=#4080FF>abcd</FONT>"; // 16744512
+    QTest::newRow("five colors")
+        << "Opt3"
+        << "<Font face=Arial size=3><Font Color=\"#000000\">a</Font><Font Color=\"#000000\">b</Font>"
+           "<Font Color=\"#000000\">c</Font><Font Color=\"#000000\">d</Font></FONT>"
+        << "<Font face=Arial size=3><Font Color=\"#00FF00\">a</Font><Font Color=\"#0000FF\">b</Font>"
+           "<Font Color=\"#FFFFFF\">c</Font><Font Color=\"#010000\">d</Font></FONT>";
+}
+
 void TestPresets::loadedColorsWaitForTheNextRefresh()
 {
+    QFETCH(QString, mode);
+    QFETCH(QString, before);
+    QFETCH(QString, after);
     PresetTool f;
-    const auto body = [&](const char* color) {
-        return QStringLiteral("<Font face=Arial size=3 color=%1>abcd</FONT>").arg(QString::fromLatin1(color));
-    };
-    QTRY_COMPARE(f.sample(), f.rendered(body("#000000")));
+    f.click({mode});
+    QTRY_COMPARE(f.sample(), f.rendered(before));
     f.load(presetOf(Mixed));
-    QCOMPARE(f.settledSample(), f.rendered(body("#000000")));
-    QCOMPARE(f.copied(), body("#4080FF") + QStringLiteral("\r\n")); // 16744512
+    QCOMPARE(f.settledSample(), f.rendered(before));
+    QCOMPARE(f.copied(), after + QStringLiteral("\r\n"));
+    QCOMPARE(f.settledSample(), f.rendered(before)); // Copy leaves it, too
     f.click({"chkBold"});
     f.click({"chkBold"});
-    QTRY_COMPARE(f.sample(), f.rendered(body("#4080FF")));
+    QTRY_COMPARE(f.sample(), f.rendered(after));
 }
 
 void TestPresets::barsKeepTheirPosition()

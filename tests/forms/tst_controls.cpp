@@ -130,16 +130,28 @@ struct Entries
     }
 
     QPoint entry(int index) const { return box.visualItemRect(box.item(index)).center(); }
-    void click(int index) { QTest::mouseClick(box.viewport(), Qt::LeftButton, {}, entry(index)); }
-
+    /// Below the last entry.
+    QPoint noEntry() const { return {10, box.viewport()->height() - 3}; }
+    void press(QPoint at, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mousePress(box.viewport(), button, {}, at);
+    }
+    void release(QPoint at, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseRelease(box.viewport(), button, {}, at);
+    }
+    void click(int index, Qt::MouseButton button = Qt::LeftButton)
+    {
+        QTest::mouseClick(box.viewport(), button, {}, entry(index));
+    }
     /// The second half of a double click.
-    void clickAgain(int index)
+    void clickAgain(int index, Qt::MouseButton button = Qt::LeftButton)
     {
         const QPointF at = entry(index);
-        QMouseEvent second(QEvent::MouseButtonDblClick, at, box.viewport()->mapToGlobal(at), Qt::LeftButton,
-                           Qt::LeftButton, Qt::NoModifier);
+        QMouseEvent second(QEvent::MouseButtonDblClick, at, box.viewport()->mapToGlobal(at), button, button,
+                           Qt::NoModifier);
         QCoreApplication::sendEvent(box.viewport(), &second);
-        QTest::mouseRelease(box.viewport(), Qt::LeftButton, {}, entry(index));
+        release(entry(index), button);
     }
 
     ListBox box;
@@ -281,16 +293,25 @@ private slots:
     void listRefusesIndexesOutside();
     void listIndexByCode();
     void listSelectedByCode();
+    void listByMouse_data() { mouseButtons(); }
     void listByMouse();
     void listByKeys();
     void listDoubleClick();
+    void listDoubleClickOfAnotherButton();
+    void listClickOnNoEntry_data() { mouseButtons(); }
     void listClickOnNoEntry();
+    void listReleasedElsewhere_data() { mouseButtons(); }
     void listReleasedElsewhere();
+    void listDragged();
+    void listOfReleasedSelection_data() { mouseButtons(); }
     void listOfReleasedSelection();
+    void listOfTwoButtons();
     void listKeepsSelectionWithItsEntry();
     void listWithSeveralSelected();
     void listFocusSelectsNothing();
+    void listShowsTheBeginningOfALongEntry();
 
+    void comboTakesALongText();
     void comboAddsWithoutChoosing_data();
     void comboAddsWithoutChoosing();
     void comboIndexByCode_data();
@@ -313,6 +334,9 @@ private slots:
 
     void listObjects();
     void accessibleRoles();
+
+private:
+    static void mouseButtons();
 };
 
 // --- scroll bars
@@ -756,14 +780,24 @@ void TestControls::listSelectedByCode()
     QCOMPARE(list.box.ListIndex(), -1);
 }
 
+void TestControls::mouseButtons()
+{
+    QTest::addColumn<Qt::MouseButton>("button");
+    QTest::newRow("left") << Qt::LeftButton;
+    QTest::newRow("middle") << Qt::MiddleButton;
+    QTest::newRow("right") << Qt::RightButton;
+    QTest::newRow("back") << Qt::BackButton;
+}
+
 void TestControls::listByMouse()
 {
+    QFETCH(Qt::MouseButton, button);
     Entries list;
-    list.click(1);
+    list.click(1, button);
     QCOMPARE(list.log.take(), QStringLiteral("MouseDown-1 Click1 MouseUp1"));
-    list.click(1); // the same again
+    list.click(1, button); // the same again
     QCOMPARE(list.log.take(), QStringLiteral("MouseDown1 Click1 MouseUp1"));
-    list.click(3);
+    list.click(3, button);
     QCOMPARE(list.log.take(), QStringLiteral("MouseDown1 Click3 MouseUp3"));
 }
 
@@ -790,36 +824,79 @@ void TestControls::listDoubleClick()
     QCOMPARE(list.log.take(), QStringLiteral("MouseDown2 Click3 MouseUp3"));
 }
 
+/// The left hand's alone; with another button these are two clicks.
+void TestControls::listDoubleClickOfAnotherButton()
+{
+    Entries list;
+    for (const Qt::MouseButton button : {Qt::MiddleButton, Qt::RightButton}) {
+        list.click(2, button);
+        list.log.take();
+        list.clickAgain(2, button);
+        QCOMPARE(list.log.take(), QStringLiteral("MouseDown2 Click2 MouseUp2"));
+    }
+}
+
+/// Selects none, and counts when one was selected.
 void TestControls::listClickOnNoEntry()
 {
-    Entries list; // selects none, and counts when one was selected
+    QFETCH(Qt::MouseButton, button);
+    Entries list;
     list.box.setListIndex(1);
     list.log.take();
-    QTest::mouseClick(list.box.viewport(), Qt::LeftButton, {}, QPoint(10, list.box.viewport()->height() - 3));
-    QCOMPARE(list.log.take(), QStringLiteral("MouseDown1 Click-1 MouseUp-1"));
+    list.press(list.noEntry(), button);
+    QCOMPARE(list.log.take(), QStringLiteral("MouseDown1 Click-1"));
+    list.release(list.noEntry(), button);
+    QCOMPARE(list.log.take(), QStringLiteral("MouseUp-1"));
+    list.press(list.noEntry(), button);
+    list.release(list.noEntry(), button);
+    QCOMPARE(list.log.take(), QStringLiteral("MouseDown-1 MouseUp-1"));
     list.box.Clear();
-    QTest::mouseClick(list.box.viewport(), Qt::LeftButton, {}, QPoint(10, 10));
+    QTest::mouseClick(list.box.viewport(), button, {}, QPoint(10, 10));
     QCOMPARE(list.log.take(), QStringLiteral("MouseDown-1 MouseUp-1"));
 }
 
 void TestControls::listReleasedElsewhere()
 {
+    QFETCH(Qt::MouseButton, button);
     Entries list;
-    QTest::mousePress(list.box.viewport(), Qt::LeftButton, {}, list.entry(1));
-    QTest::mouseRelease(list.box.viewport(), Qt::LeftButton, {}, QPoint(500, 500));
+    list.press(list.entry(1), button);
+    list.release(QPoint(500, 500), button);
     QCOMPARE(list.log.take(), QStringLiteral("MouseDown-1 Click1 MouseUp1"));
+}
+
+/// The selection follows the left button, also over the edge and back.
+void TestControls::listDragged()
+{
+    Entries list;
+    list.press(list.entry(0));
+    for (const QPoint& at : {list.entry(1), QPoint(500, list.entry(1).y()), list.entry(2)})
+        QTest::mouseMove(list.box.viewport(), at);
+    list.release(list.entry(2));
+    QCOMPARE(list.log.take(), QStringLiteral("MouseDown-1 Click0 Click1 Click2 MouseUp2"));
 }
 
 void TestControls::listOfReleasedSelection()
 {
     // A list that only fetches: its handler gives the selection back when the button goes up.
+    QFETCH(Qt::MouseButton, button);
     Entries list;
     connect(&list.box, &ListBox::MouseUp, this, [&] { list.box.setListIndex(-1); });
     for (int round = 0; round < 2; ++round) {
-        list.click(2);
+        list.click(2, button);
         QCOMPARE(list.log.take(), QStringLiteral("MouseDown-1 Click2 MouseUp2 Click-1"));
         QCOMPARE(list.box.ListIndex(), -1);
     }
+}
+
+/// Each is told of its own press and release.
+void TestControls::listOfTwoButtons()
+{
+    Entries list;
+    list.press(list.entry(0), Qt::LeftButton);
+    list.press(list.entry(1), Qt::RightButton);
+    list.release(list.entry(1), Qt::RightButton);
+    list.release(list.entry(0), Qt::LeftButton);
+    QCOMPARE(list.log.take(), QStringLiteral("MouseDown-1 Click0 MouseDown0 Click1 MouseUp1 MouseUp1"));
 }
 
 void TestControls::listKeepsSelectionWithItsEntry()
@@ -852,6 +929,10 @@ void TestControls::listWithSeveralSelected()
     QVERIFY(list.box.Selected(0) && !list.box.Selected(1) && list.box.Selected(2));
     QCOMPARE(list.log.take().count(u" Click"), 2);
     QCOMPARE(list.box.ListIndex(), 2);
+    list.press(list.noEntry());
+    list.release(list.noEntry());
+    QCOMPARE(list.log.take(), QStringLiteral("MouseDown2 MouseUp2"));
+    QVERIFY(list.box.Selected(0) && list.box.Selected(2));
 
     list.box.setSelected(0, false);
     QVERIFY(!list.box.Selected(0) && list.box.Selected(2));
@@ -884,7 +965,31 @@ void TestControls::listFocusSelectsNothing()
     QCOMPARE(list.log.take(), QString());
 }
 
+/// And keeps all of it.
+void TestControls::listShowsTheBeginningOfALongEntry()
+{
+    ListBox list;
+    const QString longest(1'000'000, u'x');
+    for (const QString& entry : {QString(1000, u'x'), QString(2000, u'x'), longest})
+        list.AddItem(entry);
+    show(list);
+    const auto width = [&](int entry) {
+        return list.sizeHintForIndex(list.model()->index(entry, 0)).width();
+    };
+    QVERIFY(width(1) > list.fontMetrics().horizontalAdvance(list.List(0)));
+    QCOMPARE(width(2), width(1));
+    QVERIFY(list.List(2) == longest);
+}
+
 // --- combo boxes
+
+void TestControls::comboTakesALongText()
+{
+    Choice choice(true);
+    const QString text(40'000, u'x');
+    choice.box.setText(text);
+    QVERIFY(choice.box.Text() == text);
+}
 
 void TestControls::comboAddsWithoutChoosing_data()
 {

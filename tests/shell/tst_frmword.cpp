@@ -182,7 +182,6 @@ void TestFrmWord::missingKeyStopsTheLoad_data()
     QTest::newRow("no section") << QByteArray();
     QTest::newRow("no key") << QByteArray("[Quickword]\r\n");
     QTest::newRow("empty") << QByteArray("[Quickword]\r\nchk=\r\n");
-    QTest::newRow("no number") << QByteArray("[Quickword]\r\nchk=yes\r\n");
 }
 
 void TestFrmWord::missingKeyStopsTheLoad()
@@ -438,9 +437,15 @@ void TestFrmWord::doubleClickCopies()
 {
     Words window;
     window.show("1\r\n2\r\n3\r\n");
-    QTest::mouseClick(window.words->List1->viewport(), Qt::LeftButton, {}, window.place(2));
-    QTest::mouseDClick(window.words->List1->viewport(), Qt::LeftButton, {}, window.place(2));
+    const auto clickTwice = [&](int index, Qt::MouseButton button) {
+        QTest::mouseClick(window.words->List1->viewport(), button, {}, window.place(index));
+        QTest::mouseDClick(window.words->List1->viewport(), button, {}, window.place(index));
+    };
+    clickTwice(2, Qt::LeftButton);
     QCOMPARE(window.doors.clipboard()->text(), QStringLiteral("3"));
+    clickTwice(0, Qt::RightButton);
+    QCOMPARE(window.doors.clipboard()->text(), QStringLiteral("3"));
+    QVERIFY(window.words->List1->Selected(0));
 }
 
 void TestFrmWord::nothingSelectedNothingHappens()

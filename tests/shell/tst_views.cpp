@@ -1,8 +1,9 @@
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
-#include "source/RichTextBox.h"
+#include "Widgets.h"
 #include "forms/Wait.h"
+#include "source/RichTextBox.h"
 #include "web/DocumentSurface.h"
 #include "shell/FindBar.h"
 #include "shell/FrmWeb.h"
@@ -12,6 +13,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QRegularExpression>
+#include <QSignalSpy>
 #include <QTabBar>
 #include <QWebEnginePage>
 #include <csignal>
@@ -74,6 +76,17 @@ public:
         QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier, bar->tabRect(tab).center());
         QCOMPARE(web->SSTab1->Tab(), tab);
     }
+    void waitForKeyboard() const { QVERIFY(QTest::qWaitForWindowActive(web.get())); }
+    /// Presses keys, wherever the keyboard is.
+    void type(const char* letters) const
+    {
+        for (; *letters; ++letters)
+            QTest::keyClick(web->windowHandle(), *letters);
+    }
+    bool hasKeyboard(const DocumentSurface* view) const
+    {
+        return view->inputWidget() && web->focusWidget() == view->inputWidget();
+    }
     void press(QAbstractButton* button) const { QTest::mouseClick(button, Qt::LeftButton); }
     void press(int toolbarIndex) const { web->toolbarButton(toolbarIndex)->trigger(); }
     void designOn() const { choose(web->Option1); }
@@ -101,6 +114,18 @@ public:
         box->setText(html);
         goTo(Preview);
         QVERIFY(surface->execCommand(QStringLiteral("SelectAll")));
+    }
+
+    /// How the design surface shows the first text in it.
+    QString lookOfTheWord(const char* property) const
+    {
+        return surface
+            ->evaluate(QStringLiteral("getComputedStyle(document.createTreeWalker(document.body, "
+                                      "NodeFilter.SHOW_TEXT, text => text.data.trim() ? 1 : 3).nextNode()"
+                                      ".parentElement).%1")
+                           .arg(QLatin1String(property)))
+            .value_or(QVariant())
+            .toString();
     }
 
     /// Ends the renderer of a surface as a crash does.
@@ -153,6 +178,13 @@ private slots:
     void coverStandsWhileTheSourceIsRewritten();
     void editsComeBack();
     void typingOnTheSurface();
+    void typingRightAfterAChangeToThePreview_data();
+    void typingRightAfterAChangeToThePreview();
+    void arrowKeysWalkOverTheTabs();
+    void typingGoesOn_data();
+    void typingGoesOn();
+    void previewKeepsTheKeyboard_data();
+    void previewKeepsTheKeyboard();
     void visitWithoutAnEditRaisesDirty();
     void anotherVisitChangesNothing();
     void blankSurfaceGivesTheBlankDocument();
@@ -221,12 +253,15 @@ private slots:
     void linkCancelled();
 
     void findBar();
+    void findByButton();
     void findBarFindsNothing();
 
     void rendererDiesBeforeATabChange();
     void rendererDiesWhileTheUserLooks();
     void rendererDiesWhileHidden();
     void rendererDiesBeforeASave();
+    void rendererDiesAtTheSaveQuestion_data();
+    void rendererDiesAtTheSaveQuestion();
     void rendererDiesBeforeDesignOff();
     void previewDies();
     void endlessScriptOnThePreview();
@@ -429,6 +464,126 @@ void TestViews::typingOnTheSurface()
     QTRY_VERIFY(desk.body().startsWith(QStringLiteral("\r\n<P>ab word")));
     desk.goTo(Editor);
     QCOMPARE(desk.box->Text(), page("\r\n<P>ab word</P>"));
+}
+
+void TestViews::typingRightAfterAChangeToThePreview_data()
+{
+    QTest::addColumn<QByteArray>("source");
+    QTest::addColumn<QString>("body");
+    QTest::newRow("text") << QByteArray("<p>word") << QStringLiteral("\r\n<P>a b.word</P>");
+    QTest::newRow("empty") << QByteArray() << QStringLiteral("a b.");
+}
+
+/// No click is needed, and nothing is lost of what is typed while the page is being shown.
+void TestViews::typingRightAfterAChangeToThePreview()
+{
+    QFETCH(QByteArray, source);
+    QFETCH(QString, body);
+    Desk desk;
+    desk.waitForKeyboard();
+    for (int visit = 0; visit < 3; ++visit) { // the first one starts the engine
+        desk.box->setText(source);
+        if (source.isEmpty())
+            desk.surface->write(QString());
+        desk.goTo(Preview);
+        desk.type("a b.");
+        QTRY_COMPARE(desk.body(), body);
+        desk.goTo(Editor);
+        desk.type("c");
+        QVERIFY2(desk.box->Text().contains('c'), "the source box has the keyboard");
+    }
+    QVERIFY(desk.web->Option1->Value());
+}
+
+void TestViews::arrowKeysWalkOverTheTabs()
+{
+    Desk desk;
+    desk.waitForKeyboard();
+    desk.web->SSTab1->tabBar()->setFocus(Qt::TabFocusReason);
+    for (const int tab : {Preview, Internet}) {
+        QTest::keyClick(desk.web->windowHandle(), Qt::Key_Right);
+        QCOMPARE(desk.web->SSTab1->Tab(), tab);
+    }
+}
+
+/// What is done to the document while the tab Preview is up.
+using Operation = void (*)(Desk& desk);
+
+static void addOperations()
+{
+    QTest::addColumn<Operation>("operation");
+    const auto row = [](const char* name, Operation operation) { QTest::newRow(name) << operation; };
+    row("Save", [](Desk& desk) { desk.press(3); });
+    row("Save As", [](Desk& desk) {
+        desk.script.answerSave(desk.folder.path(QStringLiteral("new.htm")));
+        desk.press(4);
+    });
+    row("HTML Select all and Copy", [](Desk& desk) { desk.web->mnuhtml->trigger(); });
+    row("New", [](Desk& desk) {
+        desk.script.answerMsgBox(MsgAnswer::Yes);
+        desk.press(1);
+    });
+    row("New, cancelled", [](Desk& desk) {
+        desk.script.answerMsgBox(MsgAnswer::Cancel);
+        desk.press(1);
+    });
+    row("Open", [](Desk& desk) {
+        desk.folder.write(QStringLiteral("other.htm"), "<p>other");
+        desk.script.answerMsgBox(MsgAnswer::Yes);
+        desk.script.answerOpen(desk.folder.path(QStringLiteral("other.htm")));
+        desk.press(2);
+    });
+}
+
+void TestViews::typingGoesOn_data()
+{
+    addOperations();
+}
+
+/// Letters that are typed behind an operation land on the surface, and a save has them.
+void TestViews::typingGoesOn()
+{
+    QFETCH(Operation, operation);
+    Desk desk;
+    desk.waitForKeyboard();
+    desk.box->setText("<p>word");
+    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.goTo(Preview);
+    desk.type("one ");
+    QTRY_COMPARE(desk.body(), QStringLiteral("\r\n<P>one word</P>"));
+    operation(desk);
+    const QByteArray source = desk.box->Text();
+    desk.type("two ");
+    QVERIFY(desk.hasKeyboard(desk.surface));
+    QTRY_VERIFY2(desk.body().contains(QStringLiteral("two")), qPrintable(desk.body()));
+    QCOMPARE(desk.box->Text(), source);
+    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.press(3);
+    QVERIFY(desk.folder.read(QStringLiteral("page.htm")).contains("two"));
+}
+
+void TestViews::previewKeepsTheKeyboard_data()
+{
+    addOperations();
+}
+
+void TestViews::previewKeepsTheKeyboard()
+{
+    QFETCH(Operation, operation);
+    Desk desk;
+    desk.waitForKeyboard();
+    desk.box->setText("<p>word");
+    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.goTo(Preview);
+    desk.designOff();
+    desk.goTo(Editor);
+    desk.goTo(Preview);
+    QTRY_VERIFY(desk.hasKeyboard(desk.preview));
+    operation(desk);
+    const QByteArray source = desk.box->Text();
+    desk.type("two ");
+    QVERIFY(desk.hasKeyboard(desk.preview));
+    QCOMPARE(desk.box->Text(), source);
 }
 
 void TestViews::visitWithoutAnEditRaisesDirty()
@@ -1102,15 +1257,26 @@ void TestViews::undoAndRedo()
 void TestViews::colorButtons_data()
 {
     QTest::addColumn<Button>("button");
-    QTest::addColumn<int>("color");
+    QTest::addColumn<int>("color"); // red in the low byte
     QTest::addColumn<QString>("expected");
+    QTest::addColumn<QString>("ink"); // as the eye sees it
+    QTest::addColumn<QString>("ground");
+    const QString black = QStringLiteral("rgb(0, 0, 0)");
+    const QString none = QStringLiteral("rgba(0, 0, 0, 0)");
     QTest::newRow("red text") << &Ui::FrmWeb::Command5 << 0x0000FF
-                              << QStringLiteral("\r\n<P><FONT color=#ff0000>word</FONT></P>");
+                              << QStringLiteral("\r\n<P><FONT color=#ff0000>word</FONT></P>")
+                              << QStringLiteral("rgb(255, 0, 0)") << none;
     QTest::newRow("text of three parts")
-        << &Ui::FrmWeb::Command5 << 0x10C00F << QStringLiteral("\r\n<P><FONT color=#0fc010>word</FONT></P>");
+        << &Ui::FrmWeb::Command5 << 0x10C00F << QStringLiteral("\r\n<P><FONT color=#0fc010>word</FONT></P>")
+        << QStringLiteral("rgb(15, 192, 16)") << none;
     QTest::newRow("background")
-        << &Ui::FrmWeb::Command11 << 0x00FFFF
-        << QStringLiteral("\r\n<P><SPAN style=\"background-color: rgb(255, 255, 0);\">word</SPAN></P>");
+        << &Ui::FrmWeb::Command11 << 0x0A80FF
+        << QStringLiteral("\r\n<P><SPAN style=\"background-color: rgb(255, 128, 10);\">word</SPAN></P>")
+        << black << QStringLiteral("rgb(255, 128, 10)");
+    QTest::newRow("dark background")
+        << &Ui::FrmWeb::Command11 << 0x400201
+        << QStringLiteral("\r\n<P><SPAN style=\"background-color: rgb(1, 2, 64);\">word</SPAN></P>") << black
+        << QStringLiteral("rgb(1, 2, 64)");
 }
 
 void TestViews::colorButtons()
@@ -1118,12 +1284,18 @@ void TestViews::colorButtons()
     QFETCH(Button, button);
     QFETCH(int, color);
     QFETCH(QString, expected);
+    QFETCH(QString, ink);
+    QFETCH(QString, ground);
     Desk desk;
     desk.design("<p>word");
     desk.script.answerColor(color);
     desk.press((*desk.web).*button);
     QCOMPARE(desk.script.asked.size(), 1);
+    QCOMPARE(desk.lookOfTheWord("color"), ink);
+    QCOMPARE(desk.lookOfTheWord("backgroundColor"), ground);
     QCOMPARE(desk.body(), expected);
+    desk.goTo(Editor);
+    QVERIFY(desk.box->Text().contains(expected.toLatin1()));
 }
 
 void TestViews::colorCancelled()
@@ -1221,11 +1393,14 @@ void TestViews::fontSizeByKey()
 void TestViews::enterInTheFontListNavigates()
 {
     Desk desk;
-    desk.folder.write(QStringLiteral("Arial.htm"), "<body><p>a page named after a font</body>");
-    desk.design("<p>word");
-    desk.web->Combo1->setText(desk.folder.path(QStringLiteral("Arial.htm")));
-    QTest::keyClick(desk.web->Combo1, Qt::Key_Return);
-    QTRY_VERIFY(desk.surface->innerHtml().contains(QStringLiteral("a page named after a font")));
+    desk.design("<p>Lamp");
+    const QSignalSpy finished(desk.surface, &DocumentSurface::navigationFinished);
+    QCOMPARE(desk.web->Combo1->Text(), QStringLiteral("Arial"));
+    QTest::keyClick(desk.web->Combo1->lineEdit(), Qt::Key_Return);
+    QCOMPARE(desk.surface->findChild<QWebEnginePage*>()->requestedUrl(), QUrl(QStringLiteral("http://arial/")));
+    QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, Patience); // with no page of that name: with the engine's
+    QVERIFY(!desk.surface->innerHtml().contains(QStringLiteral("Lamp")));
+    QCOMPARE(desk.web->Combo1->Text(), QStringLiteral("Arial"));
     QVERIFY(!desk.script.ended);
 }
 
@@ -1234,10 +1409,15 @@ void TestViews::enterInTheFontListNavigates()
 void TestViews::linkByButton()
 {
     Desk desk;
+    desk.waitForKeyboard();
     desk.design("<p>word");
+    desk.web->Combo2->setFocus();
+    bool surfaceHadKeyboard = false;
+    desk.script.during([&] { surfaceHadKeyboard = desk.hasKeyboard(desk.surface); });
     desk.script.answerInputBox(QStringLiteral("http://example.com/a?b=1"));
     desk.press(desk.web->Command16);
     QTRY_COMPARE(desk.script.asked.size(), 1);
+    QVERIFY(surfaceHadKeyboard);
     QVERIFY2(desk.script.asked.constFirst().endsWith(u'|'), "nothing proposed where there is no link");
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P><A href=\"http://example.com/a?b=1\">word</A></P>"));
 }
@@ -1317,6 +1497,31 @@ void TestViews::findBar()
     QTest::keyClick(text, Qt::Key_Escape);
     QVERIFY(!bar->isVisible());
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P>one two foo</P>"));
+}
+
+/// The surface gets the keyboard before the bar takes it: that is where it goes back to.
+void TestViews::findByButton()
+{
+    for (const bool design : {true, false}) {
+        Desk desk;
+        desk.waitForKeyboard();
+        desk.box->setText("<p>word");
+        desk.goTo(Preview);
+        if (!design)
+            desk.designOff();
+        const DocumentSurface* shown = design ? desk.surface : desk.preview;
+        QTRY_VERIFY(shown->inputWidget());
+        (design ? static_cast<QWidget*>(desk.web->Combo2) : desk.web->Option2)->setFocus();
+        QList<QWidget*> visited;
+        const QObject listening;
+        connect(qApp, &QApplication::focusChanged, &listening,
+                [&](QWidget*, QWidget* now) { visited << now; });
+        desk.press(9);
+        const auto* bar =
+            desk.web->findChild<FindBar*>(shown->objectName() + QStringLiteral("FindBar"));
+        QTRY_VERIFY(bar->isVisible());
+        QCOMPARE(visited, (QList<QWidget*>{shown->inputWidget(), bar->findChild<QLineEdit*>()}));
+    }
 }
 
 void TestViews::findBarFindsNothing()
@@ -1415,6 +1620,50 @@ void TestViews::rendererDiesBeforeASave()
     QVERIFY2(desk.folder.read(QStringLiteral("page.htm")) != "\r\n", "no answer is no empty text");
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
     QVERIFY(desk.web->Dirty);
+}
+
+void TestViews::rendererDiesAtTheSaveQuestion_data()
+{
+    QTest::addColumn<Operation>("operation");
+    const auto row = [](const char* name, Operation operation) { QTest::newRow(name) << operation; };
+    row("New", [](Desk& desk) { desk.press(1); });
+    row("Open", [](Desk& desk) { desk.press(2); });
+    row("Create", [](Desk& desk) { desk.press(15); });
+    row("close", [](Desk& desk) { desk.web->close(); });
+}
+
+/// The answer is Yes, but the surface no longer gives the text: the document stays, and the user may be asked
+/// again, as nobody has cancelled anything.
+void TestViews::rendererDiesAtTheSaveQuestion()
+{
+    QFETCH(Operation, operation);
+    Desk desk;
+    desk.folder.write(QStringLiteral("page.htm"), "as saved before");
+    desk.box->setText("<p>word");
+    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    const QSignalSpy toolWanted(desk.web.get(), &FrmWeb::toolWanted);
+    desk.goTo(Preview);
+    desk.script.during([&] { Desk::crash(desk.surface); });
+    desk.script.answerMsgBox(MsgAnswer::Yes);
+    desk.script.answerMsgBox(MsgAnswer::Ok);
+    operation(desk);
+    const QString question = QStringLiteral("MsgBox|Brindlemark|page.htm - File has changed. Do you wish to save "
+                                            "changes ?|Information|YesNoCancel");
+    QCOMPARE(desk.script.asked.size(), 2);
+    QCOMPARE(desk.script.asked.at(0), question);
+    QVERIFY(isNotice(desk.script.asked.at(1)));
+    QVERIFY(desk.box->Text().contains("word"));
+    QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), QByteArray("as saved before"));
+    QVERIFY(desk.web->Dirty);
+    QCOMPARE(toolWanted.count(), 0);
+    QVERIFY(!desk.script.ended);
+    QVERIFY(!desk.web->SaveCancelled);
+
+    desk.script.takeAsked();
+    desk.script.answerMsgBox(MsgAnswer::No);
+    desk.web->close();
+    QCOMPARE(desk.script.takeAsked(), QStringList(question));
+    QCOMPARE(desk.script.ended, 0);
 }
 
 void TestViews::rendererDiesBeforeDesignOff()

@@ -1,7 +1,9 @@
 #include "ScriptedDoors.h"
 #include "WebServer.h"
 #include "WebTestMain.h"
+#include "Widgets.h"
 #include "forms/Wait.h"
+#include "platform/Events.h"
 #include "web/DocumentSurface.h"
 #include "web/InternetBrowser.h"
 #include "web/Sample.h"
@@ -110,6 +112,39 @@ public:
     explicit Surface(const QString& html) : Surface() { write(html); }
 };
 
+/// A window with a page in it that has the keyboard and no use for letters. The window notes what comes back.
+class KeyWindow : public QWidget
+{
+public:
+    KeyWindow()
+    {
+        auto* layout = new QVBoxLayout(this);
+        layout->addWidget(page);
+        resize(300, 200);
+        show();
+        if (!page->write(QStringLiteral("<p>still")) || !QTest::qWaitForWindowActive(this))
+            QTest::qFail("the page does not come up", __FILE__, __LINE__);
+        page->setFocus();
+    }
+
+    void type(const char* keys)
+    {
+        for (; *keys; ++keys)
+            QTest::keyClick(windowHandle(), *keys);
+    }
+
+    DocumentSurface* page = new DocumentSurface;
+    QString letters;
+    QStringList texts; // of the page, as read when a letter came
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        letters += event->text();
+        texts << value(*page, "document.body.innerText");
+    }
+};
+
 } // namespace
 
 class TestWebBrowser : public QObject
@@ -140,6 +175,9 @@ private slots:
     void keysOfTheWindow();
     void accessKeysOfTheWindow();
     void sentKeys();
+    void firstLettersAreHeld();
+    void returnedKeysComeFromTheQueue();
+    void returnedKeysWaitForTheHandler();
     void rendererEndsBetween();
     void rendererEndsOnShow();
     void rendererEndsDuringRead();
@@ -149,6 +187,8 @@ private slots:
     void endlessTaskBeforeACommand();
     void scriptMessages();
     void messagesWithoutEnd();
+    void messageOfAnotherPage();
+    void messageWhileTheProgramWaits();
     void hiddenMethods();
     void picturesAreLoaded();
     void filesAreRefused();
@@ -589,6 +629,51 @@ void TestWebBrowser::sentKeys()
     QVERIFY_EXCEPTION_THROWN(surface.sendKeys(QStringLiteral("%x")), RuntimeError);
 }
 
+/// What is typed before the page has its caret, commands among it, comes in its order, once it has.
+void TestWebBrowser::firstLettersAreHeld()
+{
+    ScriptedDoors desktop;
+    Surface surface;
+    SHOW_FOR_TYPING(surface, surface);
+    for (const char* html : {"", "<p>x", "", "<table><tr><td>x</table>"}) {
+        QVERIFY(surface.write(QString::fromLatin1(html)));
+        const QString before = surface.innerHtml();
+        Clipboard::SetText(QStringLiteral("pasted"));
+        QTest::keyClicks(surface.inputWidget(), QStringLiteral("Hi"));
+        QTest::keyClick(surface.inputWidget(), Qt::Key_V, Qt::ControlModifier);
+        QTest::keyClicks(surface.inputWidget(), QStringLiteral("you"));
+        QTRY_VERIFY2(surface.innerHtml().contains(QStringLiteral("Hipastedyou")),
+                     qPrintable(surface.innerHtml()));
+        QCOMPARE(surface.innerHtml().remove(QStringLiteral("Hipastedyou")), before);
+    }
+}
+
+/// A page gives a key back in a call of the engine; what is done on it finds the engine listening.
+void TestWebBrowser::returnedKeysComeFromTheQueue()
+{
+    KeyWindow window;
+    window.page->setPatience(1000);
+    const qint64 renderer = window.page->rendererPid();
+    window.type("abc");
+    QTRY_COMPARE(window.letters, QStringLiteral("abc"));
+    QCOMPARE(window.texts, QStringList(3, QStringLiteral("still")));
+    QCOMPARE(window.page->rendererPid(), renderer);
+}
+
+void TestWebBrowser::returnedKeysWaitForTheHandler()
+{
+    KeyWindow window;
+    QVERIFY(window.page->evaluate(
+        QStringLiteral("window.keys = 0; document.addEventListener('keyup', () => ++window.keys)")));
+    guarded([&] {
+        window.type("abc");
+        QTRY_COMPARE(value(*window.page, "window.keys"), QStringLiteral("3"));
+        QTest::qWait(100); // would come by now
+        QCOMPARE(window.letters, QString());
+    });
+    QTRY_COMPARE(window.letters, QStringLiteral("abc"));
+}
+
 // ---- What ends or hangs
 
 void TestWebBrowser::rendererEndsBetween()
@@ -734,6 +819,49 @@ void TestWebBrowser::messagesWithoutEnd()
     QCOMPARE(browser.innerHtml().count(QStringLiteral("alert")), 1); // the page has come to its end
     QCOMPARE(desktop.asked.size(), 10);
     QCOMPARE(desktop.asked.constLast(), QStringLiteral("MsgBox|Message of the page|10|None|Ok"));
+}
+
+/// The engine waits for the user's answer, and with it all pages. Nobody loses anything by it.
+void TestWebBrowser::messageOfAnotherPage()
+{
+    ScriptedDoors desktop;
+    DocumentSurface asking;
+    Surface surface(QStringLiteral("<p>a"));
+    Sample sample;
+    surface.setPatience(500);
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
+    QVERIFY(surface.execCommand(QStringLiteral("Bold")));
+    bool replaced = true;
+    desktop.during([&] {
+        replaced = surface.write(QStringLiteral("too early"));
+        QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost);
+        sample.writeSoon(QStringLiteral("<p>b"));
+        QTest::qWait(100); // would show it now
+    });
+    desktop.answerMsgBox(MsgAnswer::Ok);
+    QVERIFY(asking.write(QStringLiteral("<script>setTimeout(() => alert('sold'), 50)</script>")));
+    QTRY_COMPARE(desktop.asked.size(), 1);
+    QVERIFY(!replaced);
+    QCOMPARE(surface.innerHtml(), page(QStringLiteral("\r\n<P><B>a</B></P>")));
+    QTRY_COMPARE(value(sample, "document.body.innerText"), QStringLiteral("b"));
+}
+
+/// Who waits for one page can't answer another.
+void TestWebBrowser::messageWhileTheProgramWaits()
+{
+    ScriptedDoors desktop;
+    DocumentSurface asking;
+    Surface surface(QStringLiteral("<p>a"));
+    QVERIFY(asking.write(
+        QStringLiteral("<script>setTimeout(() => { alert('sold'); document.title = 'on' }, 200)</script>")));
+    QElapsedTimer clock;
+    clock.start();
+    do { // the program only waits from here on
+        QVERIFY(
+            surface.evaluate(QStringLiteral("for (const end = Date.now() + 100; Date.now() < end;); true")));
+    } while (value(asking, "document.title") != QLatin1String("on") && clock.elapsed() < Patience);
+    QCOMPARE(value(asking, "document.title"), QStringLiteral("on"));
+    QCOMPARE(desktop.asked, QStringList());
 }
 
 void TestWebBrowser::hiddenMethods()

@@ -1,10 +1,11 @@
 #include "ProgramFolder.h"
+#include "WebTestMain.h"
 #include "forms/ListBox.h"
+#include "web/DocumentSurface.h"
 #include "services/Profile.h"
 #include "wizard/PageColors.h"
 
 #include <QRegularExpression>
-#include <QTest>
 #include <cmath>
 
 namespace {
@@ -68,6 +69,35 @@ double contrast(const QString& text, const QString& ground)
     return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
 }
 
+/// The colour that a browser reads in an attribute, by the HTML standard's rules for old colour values; names
+/// left out.
+QString asBrowsersRead(QString text)
+{
+    if (text.startsWith(u'#'))
+        text.remove(0, 1);
+    for (QChar& digit : text) {
+        if (!QStringLiteral("0123456789ABCDEFabcdef").contains(digit))
+            digit = u'0';
+    }
+    while (text.isEmpty() || text.size() % 3 != 0)
+        text += u'0';
+    qsizetype length = text.size() / 3;
+    QStringList parts = {text.first(length), text.mid(length, length), text.last(length)};
+    const auto cutFront = [&](qsizetype count) {
+        for (QString& part : parts)
+            part.remove(0, count);
+        length -= count;
+    };
+    if (length > 8)
+        cutFront(length - 8);
+    while (length > 2 && parts[0][0] == u'0' && parts[1][0] == u'0' && parts[2][0] == u'0')
+        cutFront(1);
+    QString color = QStringLiteral("#");
+    for (const QString& part : parts)
+        color += part.left(2).rightJustified(2, u'0');
+    return color.toUpper();
+}
+
 } // namespace
 
 class TestColours : public QObject
@@ -89,6 +119,8 @@ private slots:
     void namesOfOtherCaseShareTheirSection();
     void contrastIsComputedRight();
     void shippedSets();
+    void colorsAsBrowsersReadThem_data();
+    void colorsAsBrowsersReadThem();
 };
 
 void TestColours::defaults()
@@ -303,6 +335,8 @@ void TestColours::shippedSets()
             {look.Txt7, look.Txt2}, // description
             {look.Txt8, look.Txt2}, // title
             {look.Txt9, look.Txt2}, // lists and terms
+            {asBrowsersRead(look.Txt9 + u'0'),
+             look.Txt2}, // the tax line of design 3, with its digit too many
         };
         for (const auto& [text, ground] : texts) {
             QVERIFY2(contrast(text, ground) >= 4.5,
@@ -311,5 +345,44 @@ void TestColours::shippedSets()
     }
 }
 
-QTEST_MAIN(TestColours)
+void TestColours::colorsAsBrowsersReadThem_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("color");
+    QTest::newRow("as it should be") << "#4080FF"
+                                     << "#4080FF";
+    QTest::newRow("seven digits") << "#3B2E1E0"
+                                  << "#3BE100";
+    QTest::newRow("seven noughts") << "#0000000"
+                                   << "#000000";
+    QTest::newRow("noughts in front") << "#0123450"
+                                      << "#013400";
+    QTest::newRow("noughts in front of all three") << "#012034056"
+                                                   << "#123456";
+    QTest::newRow("doubled") << "#3333330"
+                             << "#333300";
+    QTest::newRow("no digits") << "#GG00112"
+                               << "#000120";
+    QTest::newRow("long") << "#123456789ABCDEF0123456789ABCDEF"
+                          << "#45F0AB";
+    QTest::newRow("one") << "#F"
+                         << "#0F0000";
+}
+
+/// The rules above give what the engine shows.
+void TestColours::colorsAsBrowsersReadThem()
+{
+    QFETCH(QString, text);
+    QFETCH(QString, color);
+    QCOMPARE(asBrowsersRead(text), color);
+    DocumentSurface browser;
+    browser.write(QStringLiteral("<FONT color=%1>x</FONT>").arg(text));
+    const QColor shown(color);
+    QCOMPARE(browser.evaluate(QStringLiteral("getComputedStyle(document.querySelector('font')).color"))
+                 .value_or(QVariant())
+                 .toString(),
+             QStringLiteral("rgb(%1, %2, %3)").arg(shown.red()).arg(shown.green()).arg(shown.blue()));
+}
+
+WEB_TEST_MAIN(TestColours)
 #include "tst_colours.moc"

@@ -1,0 +1,71 @@
+#include "WebTestMain.h"
+#include "Windows.h"
+#include "platform/Doors.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+// What is typed or pasted into a field stays whole, however long it is: half a text is another text.
+
+class TestFields : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void fieldsTakeAll_data();
+    void fieldsTakeAll();
+    void inputBoxTakesAll();
+};
+
+namespace {
+
+/// Longer than what a field of the toolkit takes unasked.
+QString longText()
+{
+    return QString(40'000, u'x');
+}
+
+} // namespace
+
+void TestFields::fieldsTakeAll_data()
+{
+    QTest::addColumn<int>("index");
+    int index = 0;
+    for (const WindowView& view : windowViews())
+        QTest::newRow(view.name) << index++;
+}
+
+void TestFields::fieldsTakeAll()
+{
+    QFETCH(int, index);
+    MainWindow main;
+    const QWidget* window = openView(windowViews()[size_t(index)], main);
+    QStringList cut;
+    for (auto* field : window->findChildren<QLineEdit*>()) {
+        if (field->isReadOnly())
+            continue;
+        field->selectAll();
+        field->insert(longText()); // as a paste does
+        if (field->text() != longText())
+            cut << QStringLiteral("%1 of %2").arg(field->objectName(), field->parent()->objectName());
+    }
+    QVERIFY2(cut.isEmpty(), qPrintable(cut.join(u'\n')));
+}
+
+/// The real dialog: its initial text comes back whole.
+void TestFields::inputBoxTakesAll()
+{
+    QTimer::singleShot(0, qApp, [] {
+        auto* dialog = qobject_cast<QInputDialog*>(QApplication::activeModalWidget());
+        QVERIFY(dialog);
+        QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    QCOMPARE(InputBox(QStringLiteral("Enter the title."), QStringLiteral("Save Title"), longText()),
+             longText());
+}
+
+WEB_TEST_MAIN(TestFields)
+#include "tst_fields.moc"

@@ -1,0 +1,43 @@
+#include "web/KeyQueue.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPointer>
+#include <QShortcut>
+#include <QWidget>
+#include <algorithm>
+#include <utility>
+
+KeyQueue::KeyQueue() = default;
+KeyQueue::~KeyQueue() = default;
+
+void KeyQueue::hold(const QKeyEvent& key)
+{
+    m_keys.emplace_back(key.clone());
+}
+
+void KeyQueue::sendTo(QWidget* widget)
+{
+    const QPointer<QWidget> alive(widget); // a key may close its window
+    for (const auto& key : std::exchange(m_keys, {})) {
+        if (alive)
+            QCoreApplication::sendEvent(alive, key.get());
+    }
+}
+
+bool isForWindow(const QKeyEvent& key, const QWidget& window)
+{
+    if (key.modifiers() == Qt::AltModifier && !key.text().isEmpty())
+        return true; // comes back to the page where no access key is meant
+    const QKeySequence sequence(key.keyCombination());
+    const QList<QShortcut*> shortcuts = window.findChildren<QShortcut*>();
+    const QList<QAction*> actions = window.findChildren<QAction*>();
+    return std::any_of(shortcuts.begin(), shortcuts.end(),
+                       [&](const QShortcut* shortcut) {
+                           return shortcut->isEnabled() && shortcut->keys().contains(sequence);
+                       }) ||
+           std::any_of(actions.begin(), actions.end(), [&](const QAction* action) {
+               return action->isEnabled() && action->shortcuts().contains(sequence);
+           });
+}
