@@ -30,9 +30,6 @@ class RichTextBox : public QsciScintillaBase
 public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
-    /// Gives the box the keyboard, unless it is hidden: keys must not go where nobody looks.
-    void SetFocus();
-
     QByteArray Text() const;
     /// The text as it is now, for another thread: what is costly in it is done when the result is called.
     std::function<QByteArray()> textLater() const;
