@@ -121,7 +121,7 @@ private:
     void SSTab1_Click();
     void showEditor();
     void showPreview();
-    WebBrowser* shownSurface() const;
+    DocumentSurface* shownSurface() const;
     void switchTools();
     void Option1_Click();
     void Option2_Click();

@@ -86,7 +86,7 @@ void FrmWeb::showPreview()
     showSource(shownSurface());
 }
 
-WebBrowser* FrmWeb::shownSurface() const
+DocumentSurface* FrmWeb::shownSurface() const
 {
     return Option1->Value() ? WebBrowser1 : WebBrowser3;
 }
