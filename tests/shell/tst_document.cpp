@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QThread>
 #include <unistd.h>
 
 namespace {
@@ -59,7 +60,20 @@ QString clipboardText(ScriptedDoors& doors)
     return doors.clipboard()->text();
 }
 
+/// Whether the hourglass stood, each time the window waited for the disk.
+QList<bool> hourglassAtSync;
+
 } // namespace
+
+/// Stands in front of the system library's: a save ends with it.
+extern "C" int fsync(int file)
+{
+    if (QThread::currentThread() == qApp->thread()) {
+        const QCursor* pointer = QGuiApplication::overrideCursor();
+        hourglassAtSync << (pointer && pointer->shape() == Qt::WaitCursor);
+    }
+    return fdatasync(file);
+}
 
 class TestDocument : public QObject
 {
@@ -152,11 +166,13 @@ private slots:
     void copyOnTabZero_data();
     void copyOnTabZero();
     void copyOfNothingClearsTheClipboard();
+    void cutOfNothingClearsTheClipboard();
     void pasteOnTabZero_data();
     void pasteOnTabZero();
     void pasteOfNothingDeletesTheSelection();
     void selectAllOnTabZero();
     void copyAllOnTabZero();
+    void copyAllOfNothingClearsTheClipboard();
     void clipboardOnTabOne();
     void copyAllOnTabOne();
     void clipboardEntriesDoNothingOnTabTwo_data();
@@ -165,6 +181,7 @@ private slots:
     // Public operations
     void getFileName();
     void saveFileAs();
+    void savesShowTheHourglass();
     void saveFileAsShowsItsFailure();
     void etxtGivesItsArgumentBack();
 
@@ -1230,6 +1247,19 @@ void TestDocument::copyOfNothingClearsTheClipboard()
     QCOMPARE(clipboardText(window.doors), QString());
 }
 
+/// The button is off then, but the entry isn't.
+void TestDocument::cutOfNothingClearsTheClipboard()
+{
+    MainWindow window;
+    window.web->RichTextBox1->setText("word");
+    window.web->RichTextBox1->setSelStart(2);
+    Clipboard::SetText(QStringLiteral("old"));
+    window.choose(window.web->MnEdit, window.web->MnCut);
+    QCOMPARE(clipboardText(window.doors), QString());
+    QCOMPARE(window.source(), QByteArray("word"));
+    QCOMPARE(window.web->RichTextBox1->SelStart(), 2);
+}
+
 void TestDocument::pasteOnTabZero_data()
 {
     menuAndToolbar();
@@ -1282,6 +1312,15 @@ void TestDocument::copyAllOnTabZero()
     QCOMPARE(clipboardText(window.doors), QStringLiteral("<P>one\r\n<P>two"));
     QCOMPARE(window.web->RichTextBox1->SelLength(), 14);
     QTRY_VERIFY(window.web->RichTextBox1->hasFocus());
+}
+
+void TestDocument::copyAllOfNothingClearsTheClipboard()
+{
+    MainWindow window;
+    Clipboard::SetText(QStringLiteral("old"));
+    window.choose(window.web->MnEdit, window.web->mnuhtml);
+    QCOMPARE(clipboardText(window.doors), QString());
+    QCOMPARE(window.source(), QByteArray());
 }
 
 void TestDocument::clipboardOnTabOne()
@@ -1364,6 +1403,20 @@ void TestDocument::saveFileAs()
     QCOMPARE(window.web->Text2, Untitled);
     QVERIFY(window.web->Dirty);
     QCOMPARE(window.doors.asked, QStringList());
+    QVERIFY(!QGuiApplication::overrideCursor());
+}
+
+void TestDocument::savesShowTheHourglass()
+{
+    MainWindow window;
+    window.type(QStringLiteral("word"));
+    hourglassAtSync.clear();
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(hourglassAtSync, QList<bool>{true});
+    window.press(3);
+    QCOMPARE(hourglassAtSync, (QList<bool>{true, true}));
+    window.web->SaveFileAs(window.folder.path(QStringLiteral("copy.htm")));
+    QCOMPARE(hourglassAtSync, (QList<bool>{true, true, true}));
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 

@@ -74,13 +74,16 @@ private slots:
     void missingText();
     void emptySearchSaysNothing();
     void findGivesTheSourceTheKeyboard();
+    void findOnThePreviewTabLeavesTheSurfaceTheKeyboard();
     void options_data();
     void options();
     void replaceTakesTheSelectionAndGoesOn();
+    void searchAfterReplaceBeginsAtNextStart();
     void replaceWithoutSelectionDoesNothing();
     void replaceNeedsBothTexts();
     void replaceAll_data();
     void replaceAll();
+    void replaceAllOfNothing();
     void replaceAllIgnoresBothBoxes();
     void replaceAllIsOneUndoStep();
     void replaceAllNeedsBothTexts();
@@ -299,6 +302,24 @@ void TestFind::findGivesTheSourceTheKeyboard()
     }
 }
 
+/// While another tab covers the source, its view keeps the keyboard: nobody types where nobody looks.
+void TestFind::findOnThePreviewTabLeavesTheSurfaceTheKeyboard()
+{
+    Search search("<P>a word</P>");
+    search.web->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(search.web));
+    search.showTab(FrmWeb::PreviewTab);
+    const WebBrowser* surface = search.web->WebBrowser1;
+    QTRY_VERIFY(surface->inputWidget() && surface->inputWidget()->hasFocus());
+    search.find->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(search.find));
+    Search::write(search.find->Text1, QStringLiteral("word"));
+    Search::click(search.find->Command8);
+    QCOMPARE(search.selection(), QStringLiteral("5+4"));
+    QTRY_VERIFY(surface->inputWidget()->hasFocus());
+    QVERIFY(search.find->isVisible());
+}
+
 void TestFind::options_data()
 {
     QTest::addColumn<QString>("text");
@@ -367,6 +388,31 @@ void TestFind::replaceTakesTheSelectionAndGoesOn()
     QCOMPARE(search.source(), QByteArray("x three three one"));
 }
 
+/// The search behind a replacement begins where the last "Find Next" left off, whatever was replaced.
+void TestFind::searchAfterReplaceBeginsAtNextStart()
+{
+    {
+        Search search("x one one one");
+        Search::write(search.find->Text1, QStringLiteral("one"));
+        Search::write(search.find->Text2, QStringLiteral("two one"));
+        Search::click(search.find->Command3);
+        QCOMPARE(search.find->NextStart, 3);
+        Search::click(search.find->Command7);
+        QCOMPARE(search.source(), QByteArray("x two one one one"));
+        QCOMPARE(search.selection(), QStringLiteral("6+3")); // in the new text: in front of the caret
+    }
+    Search search("x one one");
+    Search::write(search.find->Text1, QStringLiteral("one"));
+    Search::write(search.find->Text2, QStringLiteral("1"));
+    Search::click(search.find->Command3);
+    Search::click(search.find->Command3);
+    QCOMPARE(search.find->NextStart, 7);
+    Search::click(search.find->Command7);
+    QCOMPARE(search.source(), QByteArray("x one 1"));
+    QCOMPARE(search.selection(), QStringLiteral("7+0")); // the first one lies before
+    QCOMPARE(search.doors.asked, QStringList());
+}
+
 void TestFind::replaceWithoutSelectionDoesNothing()
 {
     Search search("x one");
@@ -429,6 +475,25 @@ void TestFind::replaceAll()
     Search::click(search.find->Command6);
     QCOMPARE(search.source(), result.toUtf8());
     QCOMPARE(search.doors.asked, QStringList(Done.arg(with)));
+}
+
+/// The text is set all the same: the caret goes to the start, the document counts as changed, and the message
+/// is shown.
+void TestFind::replaceAllOfNothing()
+{
+    for (const char* text : {"none", ""}) {
+        Search search(text);
+        search.web->RichTextBox1->setSelStart(2);
+        search.web->Dirty = false;
+        Search::write(search.find->Text1, QStringLiteral("x"));
+        Search::write(search.find->Text2, QStringLiteral("y"));
+        search.doors.answerMsgBox(MsgAnswer::Ok);
+        Search::click(search.find->Command6);
+        QCOMPARE(search.doors.asked, QStringList(Done.arg(QStringLiteral("y"))));
+        QCOMPARE(search.source(), QByteArray(text));
+        QCOMPARE(search.selection(), QStringLiteral("0+0"));
+        QCOMPARE(search.web->Dirty, *text != 0);
+    }
 }
 
 void TestFind::replaceAllIgnoresBothBoxes()

@@ -2,6 +2,7 @@
 #include "WebTestMain.h"
 
 #include <QMenu>
+#include <QTabBar>
 
 /// The Quick Tags menu, opened and used by hand.
 class TestQuickTags : public QObject
@@ -170,18 +171,23 @@ void TestQuickTags::marquees()
     const QStringList asked(
         QStringLiteral("InputBox|%1|Please Enter your desired scrolling text:|").arg(title));
 
+    QVERIFY(QTest::qWaitForWindowActive(window.web));
+
     prepare(window);
+    window.web->SSTab1->tabBar()->setFocus();
     window.doors.answerInputBox(QStringLiteral("Sale!"));
     choose(window, entry);
     QCOMPARE(window.doors.takeAsked(), asked);
     QCOMPARE(window.source(), "one " + opening.toLatin1() + "Sale!</marquee> three");
-    QTRY_VERIFY(window.web->RichTextBox1->hasFocus());
+    QVERIFY(window.web->RichTextBox1->hasFocus());
 
     prepare(window);
+    window.web->SSTab1->tabBar()->setFocus();
     window.doors.cancelInputBox(); // scrolls nothing, but scrolls
     choose(window, entry);
     QCOMPARE(window.doors.takeAsked(), asked);
     QCOMPARE(window.source(), "one " + opening.toLatin1() + "</marquee> three");
+    QVERIFY(window.web->RichTextBox1->hasFocus());
 }
 
 void TestQuickTags::messageScript()
