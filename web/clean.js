@@ -20,7 +20,7 @@ function load(module, exports, define, window, shadowNode) {
 
 const module = { exports: {} };
 load(module, module.exports, undefined, {
-    document: new DOMParser().parseFromString('', 'text/html'), // the page's own hides functions behind its elements
+    document: new DOMParser().parseFromString('', 'text/html'), // without elements whose names hide functions
     DocumentFragment, DOMParser, Element, HTMLFormElement, HTMLTemplateElement, NamedNodeMap, Node, NodeFilter,
 }, {});
 const purify = module.exports;

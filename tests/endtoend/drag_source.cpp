@@ -2,7 +2,7 @@
 // what the place under the pointer would do with them ("over copy", "over none") and what came of the drop
 // ("dropped copy"), one line each.
 //
-// drag_source <kind> <what ...>: kind is "files", "address" or "text".
+// drag_source <kind> <what ...>: kind is "files", "address", "text" or "html".
 
 #include <QApplication>
 #include <QDrag>
@@ -39,8 +39,12 @@ public:
         for (const QString& each : what.mid(1))
             urls << (what.first() == QLatin1String("files") ? QUrl::fromLocalFile(each) : QUrl(each));
         m_text = what.mid(1).join(u'\n');
-        if (what.first() != QLatin1String("text"))
+        if (what.first() == QLatin1String("html")) {
+            m_html = m_text;
+            m_text = QStringLiteral("plain");
+        } else if (what.first() != QLatin1String("text")) {
             m_urls = urls;
+        }
     }
 
 protected:
@@ -54,6 +58,8 @@ protected:
         dragged->setText(m_text); // a file manager gives paths as text too
         if (!m_urls.isEmpty())
             dragged->setUrls(m_urls);
+        if (!m_html.isEmpty())
+            dragged->setHtml(m_html);
         auto* drag = new QDrag(this);
         drag->setMimeData(dragged);
         connect(drag, &QDrag::actionChanged,
@@ -66,6 +72,7 @@ protected:
 
 private:
     QString m_text;
+    QString m_html;
     QList<QUrl> m_urls;
 };
 

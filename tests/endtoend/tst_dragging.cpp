@@ -4,6 +4,7 @@
 #include "WebTestMain.h"
 
 #include <QDropEvent>
+#include <QRegularExpression>
 #include <QTimer>
 
 // Dragging with a real mouse: out of another program's window onto the main window, and within the source
@@ -151,8 +152,28 @@ public:
     /// Drags the selected text by its byte `from` to in front of byte `to`.
     void dragText(long from, long to) const
     {
-        const QPoint start = sourceBox()->mapToGlobal(at(from));
-        const QPoint end = sourceBox()->mapToGlobal(at(to));
+        drag(sourceBox()->mapToGlobal(at(from)), sourceBox()->mapToGlobal(at(to)));
+    }
+
+    /// The left edge of a character of the first text of a P of the design surface, on the screen.
+    QPoint onSurface(int character) const
+    {
+        const QVariantList point =
+            web->WebBrowser1
+                ->evaluate(QStringLiteral("(() => { const range = document.createRange();"
+                                          "range.setStart(document.querySelector('p').firstChild, %1);"
+                                          "const box = range.getBoundingClientRect();"
+                                          "return [box.x, box.y + box.height / 2] })()")
+                               .arg(character))
+                .value_or(QVariant())
+                .toList();
+        return web->WebBrowser1->inputWidget()->mapToGlobal(
+            QPoint(point.value(0).toInt() + 1, point.value(1).toInt()));
+    }
+
+    /// Drags what is selected within the program, between two places of the screen.
+    static void drag(QPoint start, QPoint end)
+    {
         const DragWatch watch;
         bool dropped = false;
         int moves = 0;
@@ -190,6 +211,8 @@ private slots:
     void otherPagesTakeNothing_data();
     void otherPagesTakeNothing();
     void designSurfaceTakesTextButNoFiles();
+    void designSurfaceCleansWhatIsDropped();
+    void designSurfaceMovesItsOwnText();
     void textLandsWhereItIsDropped();
     void textMovesWithItsColors();
 };
@@ -308,6 +331,47 @@ void TestDragging::designSurfaceTakesTextButNoFiles()
     QTRY_VERIFY(surface->innerHtml().contains(QStringLiteral("dragged")));
     stage.showTab(FrmWeb::EditorTab);
     QVERIFY(stage.source().contains("dragged"));
+}
+
+void TestDragging::designSurfaceCleansWhatIsDropped()
+{
+    Stage stage;
+    stage.type(QStringLiteral("<P>0123456789</P>"));
+    stage.showTab(FrmWeb::PreviewTab);
+    WebBrowser* surface = stage.web->WebBrowser1;
+    QTRY_VERIFY(surface->inputWidget() && surface->isVisible());
+    DragSource source(QStringLiteral("html"),
+                      {QStringLiteral("<b onclick='x()'>bold</b><script>x()</script>")});
+    QCOMPARE(
+        source.drop(surface->inputWidget(), surface->inputWidget()->mapFromGlobal(stage.onSurface(5)), true),
+        QStringLiteral("copy"));
+    QTRY_VERIFY2(surface->innerHtml().contains(QStringLiteral("<P>01234<B>bold</B>56789</P>")),
+                 qPrintable(surface->innerHtml()));
+    QVERIFY(!surface->innerHtml().contains(QStringLiteral("SCRIPT")));
+}
+
+/// What is dragged within the surface moves, with all that belongs to it.
+void TestDragging::designSurfaceMovesItsOwnText()
+{
+    Stage stage;
+    stage.type(QStringLiteral("<P>01234567 <B>bold</B></P>"));
+    stage.showTab(FrmWeb::PreviewTab);
+    WebBrowser* surface = stage.web->WebBrowser1;
+    QTRY_VERIFY(surface->inputWidget() && surface->isVisible());
+    stage.typeOnSurface(QStringLiteral("x")); // now it is laid out and takes the mouse
+    surface->evaluate(QStringLiteral("getSelection().selectAllChildren(document.querySelector('b'))"));
+    const QVariant box = surface
+                             ->evaluate(QStringLiteral(
+                                 "(() => { const box = document.querySelector('b').getBoundingClientRect(); "
+                                 "return [box.x + 10, box.y + 8] "
+                                 "})()"))
+                             .value_or(QVariant());
+    const QPoint start = surface->inputWidget()->mapToGlobal(
+        QPoint(box.toList().value(0).toInt(), box.toList().value(1).toInt()));
+    stage.drag(start, stage.onSurface(0));
+    QTRY_VERIFY2(surface->innerHtml().contains(QRegularExpression(QStringLiteral("<P><B>bold"))),
+                 qPrintable(surface->innerHtml()));
+    QCOMPARE(surface->innerHtml().count(QStringLiteral("bold")), 1);
 }
 
 void TestDragging::textLandsWhereItIsDropped()
