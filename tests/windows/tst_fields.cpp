@@ -1,5 +1,6 @@
 #include "WebTestMain.h"
 #include "Windows.h"
+#include "platform/ComboBox.h"
 #include "platform/Doors.h"
 
 #include <QApplication>
@@ -7,6 +8,7 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
+#include <algorithm>
 
 // What is typed or pasted into a field stays whole, however long it is: half a text is another text.
 
@@ -18,6 +20,8 @@ private slots:
     void fieldsTakeAll_data();
     void fieldsTakeAll();
     void inputBoxTakesAll();
+    void longEntriesWidenNothing_data();
+    void longEntriesWidenNothing();
 };
 
 namespace {
@@ -65,6 +69,46 @@ void TestFields::inputBoxTakesAll()
     });
     QCOMPARE(InputBox(QStringLiteral("Enter the title."), QStringLiteral("Save Title"), longText()),
              longText());
+}
+
+/// What a list remembers comes back when its window opens again.
+void TestFields::longEntriesWidenNothing_data()
+{
+    QTest::addColumn<QString>("view");
+    QTest::addColumn<QString>("list");
+    QTest::newRow("title") << "special-list"
+                           << "TxtTitle";
+    QTest::newRow("set of a table") << "table"
+                                    << "Combo1";
+    QTest::newRow("found text") << "find"
+                                << "Text1";
+    QTest::newRow("replacement") << "find"
+                                 << "Text2";
+    QTest::newRow("colour set") << "wizard-page-2"
+                                << "Combo4";
+}
+
+void TestFields::longEntriesWidenNothing()
+{
+    QFETCH(QString, view);
+    QFETCH(QString, list);
+    const auto views = windowViews();
+    const auto found = std::find_if(views.begin(), views.end(),
+                                    [&](const WindowView& each) { return view == QLatin1String(each.name); });
+    QVERIFY(found != views.end());
+    MainWindow main;
+    const QWidget* window = openView(*found, main);
+    auto* box = window->findChild<ComboBox*>(list);
+    QVERIFY(box);
+    const auto widths = [&] {
+        return std::pair(window->sizeHint().width(), window->minimumSizeHint().width());
+    };
+    const auto before = widths();
+    box->AddItem(longText());
+    QEvent measured(QEvent::FontChange); // as when it is first shown
+    QCoreApplication::sendEvent(box, &measured);
+    QCoreApplication::processEvents();
+    QCOMPARE(widths(), before);
 }
 
 WEB_TEST_MAIN(TestFields)
