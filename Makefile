@@ -1,6 +1,6 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run install dist test demo gallery help-pictures bench soak fuzz format tidy clean
+.PHONY: run install dist test demo gallery help-pictures bench soak fuzz mutants format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -94,6 +94,18 @@ fuzz:
 	cmake --preset fuzz
 	cmake --build --preset fuzz
 	fuzz/run build/fuzz $(TIME)
+
+# Plants faults in the code and runs the tests that must notice each. ONLY=<words> takes those whose file, texts or tests
+# hold a word; CHECK=1 only looks whether they can still be planted.
+mutants:
+ifdef CHECK
+	tests/mutants/run --check $(ONLY)
+else
+	./setup --test --mutants
+	cmake --preset dev
+	cmake --build --preset dev
+	tests/mutants/run $(ONLY)
+endif
 
 format:
 	./setup --develop

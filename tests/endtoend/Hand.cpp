@@ -34,8 +34,12 @@ bool installProgram(const QString& folder)
     cmake.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     cmake.start(QStringLiteral(CMAKE), {QStringLiteral("--install"), QStringLiteral(BUILD_FOLDER),
                                         QStringLiteral("--prefix"), folder});
-    return cmake.waitForFinished(Patience) && cmake.exitStatus() == QProcess::NormalExit &&
-           cmake.exitCode() == 0;
+    if (!cmake.waitForFinished(Patience) || cmake.exitStatus() != QProcess::NormalExit ||
+        cmake.exitCode() != 0)
+        return false;
+    const QString other = qEnvironmentVariable("BRINDLEMARK_PROGRAM"); // with a planted fault
+    const QString program = folder + QStringLiteral("/brindlemark");
+    return other.isEmpty() || (QFile::remove(program) && QFile::copy(other, program));
 }
 
 Program::Program() : m_ownFolder(std::in_place), m_folder(m_ownFolder->path())

@@ -25,7 +25,8 @@ QString xdotool(const QStringList& arguments);
 /// Waits for the display and its window manager.
 bool displayAnswers();
 
-/// Installs the program into a folder, as its user would. False when that fails.
+/// Installs the program into a folder, as its user would; the one that BRINDLEMARK_PROGRAM names, if it names
+/// one. False when that fails.
 bool installProgram(const QString& folder);
 
 /// The program as it is installed, running as long as the object lives.
