@@ -142,6 +142,8 @@ FrmWeb::FrmWeb() : m_journal({AppPath(), QDir::homePath()})
 FrmWeb::~FrmWeb()
 {
     keepOnFatal(nullptr);
+    if (m_toBeSaved)
+        m_journal.leave();
 }
 
 void FrmWeb::buildToolbar()

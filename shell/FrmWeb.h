@@ -165,6 +165,7 @@ private:
     void JournalTimer_Timer();
     void keepUnsavedText();
     void keepSource();
+    void keepUnread();
     void forgetUnsavedText();
     void bringBack(const Journal::Leftover& left);
 
@@ -175,4 +176,5 @@ private:
     qint64 m_change = 0;        // how often the source has changed
     qint64 m_keptChange = 0;    // ... when it was last kept, saved or loaded
     bool m_surfaceKept = false; // what is kept is an edit on the design surface, which the source lacks
+    bool m_toBeSaved = false;   // the user wants it saved, and it has not come to a file: the copy stays
 };

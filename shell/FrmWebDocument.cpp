@@ -51,6 +51,7 @@ void FrmWeb::Checksafe()
 {
     SaveCancelled = false;
     SaveDeclined = false;
+    m_toBeSaved = false;
     QString name = bareName(Text2);
     if (name.isEmpty())
         name = Untitled;
@@ -58,8 +59,13 @@ void FrmWeb::Checksafe()
     switch (MsgBox(name + QStringLiteral(" - File has changed. Do you wish to save changes ?"), ProgramTitle,
                    MsgIcon::Information, MsgButtons::YesNoCancel)) {
     case MsgAnswer::Yes:
+        m_toBeSaved = true;
+        if (SSTab1->Tab() == InternetTab)
+            keepUnread();
         if (!save())
             SaveCancelled = true; // what could not be read must not be given up either
+        if (m_toBeSaved && SSTab1->Tab() != InternetTab && m_keptChange != m_change)
+            keepSource(); // it goes all the same, but not for good
         break;
     case MsgAnswer::No:
         SaveDeclined = true;
@@ -270,8 +276,10 @@ bool FrmWeb::save()
 void FrmWeb::saved()
 {
     Dirty = false;
-    if (SSTab1->Tab() != InternetTab) // from there the document itself has not gone to the file
-        forgetUnsavedText();
+    if (SSTab1->Tab() == InternetTab)
+        return; // the document itself has not gone to the file
+    m_toBeSaved = false;
+    forgetUnsavedText();
 }
 
 /// The same under a name that the user gives.
