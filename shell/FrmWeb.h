@@ -105,7 +105,9 @@ private:
     void RichTextBox1_SelChange();
     void RichTextBox1_Click();
     void RichTextBox1_KeyUp();
-    void RichTextBox1_FileDropped(const QString& path);
+    void RichTextBox1_FilesDropped(const QStringList& paths, int position);
+    void insertPictures(const QStringList& paths, int position);
+    void tellOfDrop(const QString& text);
     bool giveUpDocument();
     void openFile(const QString& path);
     void emptyDocument();

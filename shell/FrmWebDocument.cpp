@@ -6,11 +6,15 @@
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"
+#include "services/PictureHtml.h"
 #include "shell/FrmWeb.h"
 #include "shell/Generator.h"
 #include "shell/Regions.h"
 
+#include <QCursor>
 #include <QFileInfo>
+#include <QToolTip>
+#include <QUrl>
 
 namespace {
 
@@ -210,11 +214,46 @@ void FrmWeb::MnOpen_Click()
         openFile(dialog.FileName);
 }
 
-void FrmWeb::RichTextBox1_FileDropped(const QString& path)
+/// Pictures go into the page where they were dropped; of other files the first takes the document's place. A
+/// photo never does: a save would write a text over it.
+void FrmWeb::RichTextBox1_FilesDropped(const QStringList& paths, int position)
 {
-    activateWindow(); // the window that the file comes from is in front
-    if (giveUpDocument())
-        openFile(path);
+    const QString& first = paths.constFirst();
+    if (!isPictureFile(first) && isBinaryFile(first)) {
+        tellOfDrop(QStringLiteral("Not opened: %1 is no text").arg(QFileInfo(first).fileName()));
+        return;
+    }
+    activateWindow(); // the window that the files come from is in front
+    if (isPictureFile(first)) {
+        insertPictures(paths, position);
+    } else if (giveUpDocument()) {
+        openFile(first);
+    }
+}
+
+void FrmWeb::insertPictures(const QStringList& paths, int position)
+{
+    QString tags;
+    QStringList others;
+    for (const QString& path : paths) {
+        if (isPictureFile(path)) {
+            tags += pictureTag({.Text1 = QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)});
+        } else {
+            others << QFileInfo(path).fileName();
+        }
+    }
+    RichTextBox1->setFocus();
+    RichTextBox1->setSelStart(position);
+    RichTextBox1->setSelText(RichTextBox1->encode(tags));
+    if (!others.isEmpty())
+        tellOfDrop(QStringLiteral("Not inserted: %1").arg(others.join(QStringLiteral(", "))));
+}
+
+/// In the status line, and where the user is looking, as the tab Editor doesn't show that line.
+void FrmWeb::tellOfDrop(const QString& text)
+{
+    Label1->setText(text);
+    QToolTip::showText(QCursor::pos(), QStringLiteral("<nobr>") + text.toHtmlEscaped(), RichTextBox1);
 }
 
 void FrmWeb::openFile(const QString& path)

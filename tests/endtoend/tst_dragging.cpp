@@ -4,6 +4,7 @@
 
 #include <QDropEvent>
 #include <QTimer>
+#include <QToolTip>
 
 // Dragging with a real mouse: out of another program's window onto the main window, and within the source
 // box.
@@ -189,6 +190,8 @@ private slots:
     void otherPagesTakeNothing_data();
     void otherPagesTakeNothing();
     void designSurfaceTakesTextButNoFiles();
+    void pictureLandsWhereItIsDropped();
+    void otherFilesAreRefused();
     void textLandsWhereItIsDropped();
     void textMovesWithItsColors();
 };
@@ -305,6 +308,35 @@ void TestDragging::designSurfaceTakesTextButNoFiles()
     QTRY_VERIFY(surface->innerHtml().contains(QStringLiteral("dragged")));
     stage.showTab(FrmWeb::EditorTab);
     QVERIFY(stage.source().contains("dragged"));
+}
+
+void TestDragging::pictureLandsWhereItIsDropped()
+{
+    Stage stage;
+    const QString lamp = QStringLiteral(SOURCE_DIR "/data/demo/lamp.svg");
+    stage.type(QStringLiteral("0123456789"));
+    DragSource source(QStringLiteral("files"), {lamp});
+    QCOMPARE(source.drop(stage.sourceBox(), stage.at(5), true), QStringLiteral("copy"));
+    QVERIFY2(!source.told().contains(QStringLiteral("over move")), qPrintable(source.told()));
+    QTRY_COMPARE(stage.source(),
+                 "01234<IMG src=\"" + QUrl::fromLocalFile(lamp).toEncoded() + "\" border=0>\r\n56789");
+    stage.undo();
+    QCOMPARE(stage.source(), QByteArray("0123456789"));
+    QCOMPARE(stage.doors.takeAsked(), QStringList());
+}
+
+/// The user reads why, beside the pointer.
+void TestDragging::otherFilesAreRefused()
+{
+    Stage stage;
+    stage.folder.write(QStringLiteral("lamps.zip"), QByteArray("PK\x03\x04\0", 5));
+    stage.type(QStringLiteral("word"));
+    DragSource source(QStringLiteral("files"), {stage.folder.path(QStringLiteral("lamps.zip"))});
+    source.drop(stage.sourceBox(), true);
+    QTRY_VERIFY(QToolTip::isVisible());
+    QVERIFY(QToolTip::text().endsWith(QStringLiteral("Not opened: lamps.zip is no text")));
+    QCOMPARE(stage.source(), QByteArray("word"));
+    QCOMPARE(stage.doors.takeAsked(), QStringList());
 }
 
 void TestDragging::textLandsWhereItIsDropped()
