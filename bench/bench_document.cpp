@@ -76,7 +76,7 @@ std::vector<Rival> openText(const QByteArray& text, const std::function<QString(
     const QString file = scratchFile();
     writeFile(file, text);
     const auto ours = [file] {
-        emit source().FileDropped(file);
+        emit source().FilesDropped({file}, 0);
         paint(source().viewport());
     };
     const auto box = bareComponent();

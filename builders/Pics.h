@@ -1,7 +1,7 @@
 #pragma once
 
-#include "builders/PictureHtml.h"
 #include "builders/ui_Pics.h"
+#include "services/PictureHtml.h"
 #include "shell/ToolForm.h"
 
 /// The tool that makes the tag of a picture.

@@ -33,6 +33,27 @@ std::function<void(const Form&)>& helpShower()
     return show;
 }
 
+/// Leaves Escape to what is open over a window. The toolkit would ask the window's actions as well: a
+/// drop-down list closes when it is asked whether it wants the key, without saying that it does.
+class PopupEscape : public QObject
+{
+public:
+    explicit PopupEscape(QCoreApplication* application) : QObject(application)
+    {
+        application->installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() != QEvent::ShortcutOverride || !watched->isWindowType() ||
+            !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel) ||
+            !QApplication::activePopupWidget())
+            return false;
+        event->accept(); // the key itself comes next, and to the popup
+        return true;
+    }
+};
+
 } // namespace
 
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
@@ -106,14 +127,20 @@ void Form::setDefaultButton(QPushButton* button)
     m_default = button;
 }
 
+void Form::setEscape(std::function<void()> act)
+{
+    auto* escape = new QAction(this); // an action, as a page that has the focus keeps the keys of none
+    escape->setShortcut(Qt::Key_Escape);
+    addAction(escape);
+    on(escape, &QAction::triggered, this, std::move(act));
+    [[maybe_unused]] static const auto* popups = new PopupEscape(qApp);
+}
+
 void Form::setCancelButton(QPushButton* button, CloseButton closeButton)
 {
     if (closeButton == CloseButton::Cancels)
         m_closesBy = button;
-    auto* escape = new QAction(this); // an action, as a page that has the focus keeps the keys of none
-    escape->setShortcut(Qt::Key_Escape);
-    addAction(escape);
-    connect(escape, &QAction::triggered, button, &QPushButton::click);
+    setEscape([button] { button->click(); });
 }
 
 void Form::giveWay(QWidget* sample, int least)

@@ -37,6 +37,8 @@ protected:
         Unloads,
         Cancels, ///< presses the cancel button, which may ask first
     };
+    /// What Escape does wherever the keyboard is. An open list, menu or completer takes the key first.
+    void setEscape(std::function<void()> act);
     /// The button that Escape presses, and the window's own close button if wanted.
     void setCancelButton(QPushButton* button, CloseButton closeButton = CloseButton::Unloads);
 

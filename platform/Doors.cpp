@@ -9,7 +9,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileDialog>
+#include <QFontDatabase>
 #include <QFontDialog>
+#include <QFontInfo>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -177,10 +179,24 @@ public:
 
     bool fontDialog(CommonDialog& dialog) override
     {
-        QFontDialog box(dialog.Font, frontWindow());
+        // The dialog has faces that are there, and whole sizes: it opens at the face that stands in for a
+        // missing one, and what the user leaves as it is shown stays what it was.
+        QFont offered = dialog.Font;
+        if (!QFontDatabase::hasFamily(offered.family()))
+            offered.setFamily(QFontInfo(offered).family());
+        QFontDialog box(offered, frontWindow());
+        const QFont shown = box.currentFont();
         if (runInFront(box) != QDialog::Accepted)
             return false;
-        dialog.Font = box.selectedFont();
+        const QFont taken = box.selectedFont();
+        if (taken.family() != shown.family())
+            dialog.Font.setFamily(taken.family());
+        if (taken.pointSizeF() != shown.pointSizeF())
+            dialog.Font.setPointSizeF(taken.pointSizeF());
+        if (taken.bold() != shown.bold())
+            dialog.Font.setBold(taken.bold());
+        if (taken.italic() != shown.italic())
+            dialog.Font.setItalic(taken.italic());
         return true;
     }
 

@@ -35,7 +35,8 @@ public:
     /// A colour number, 0x00BBGGRR.
     int Color = 0;
 
-    /// Size in points; only screen fonts are offered.
+    /// Size in points; only screen fonts are offered. Out: face, size, bold and italic as far as the user
+    /// changed them.
     QFont Font;
 
     /// Each opens its dialog and waits. True: the user took it. Throws RuntimeError(CancelSelected) as told

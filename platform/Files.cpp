@@ -97,6 +97,21 @@ QByteArray readFile(const QString& path)
     return bytes;
 }
 
+bool isPictureFile(const QString& path)
+{
+    static const QStringList suffixes = {
+        QStringLiteral("png"),  QStringLiteral("jpg"), QStringLiteral("jpeg"), QStringLiteral("gif"),
+        QStringLiteral("webp"), QStringLiteral("bmp"), QStringLiteral("svg")};
+    return suffixes.contains(QFileInfo(path).suffix(), Qt::CaseInsensitive);
+}
+
+bool isBinaryFile(const QString& path)
+{
+    constexpr qint64 Beginning = 4096; // bytes
+    QFile file(path);
+    return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.read(Beginning).contains('\0');
+}
+
 void writeFile(const QString& path, const QByteArray& bytes)
 {
     const QFileInfo old(followLinks(path));

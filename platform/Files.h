@@ -8,6 +8,12 @@
 /// is no regular file, can't be read to its end, or nobody can tell whether it is there.
 QByteArray readFile(const QString& path);
 
+/// Whether a file has the name of a picture that a page can show.
+bool isPictureFile(const QString& path);
+
+/// Whether a file holds something else than text: a NUL among its first 4 KB. False where it can't be read.
+bool isBinaryFile(const QString& path);
+
 /// Makes `bytes` the whole content of a file; every file that the program writes is written here. Either
 /// the new content is there at the end, or the old file is there untouched and RuntimeError(PathFileAccess)
 /// tells the reason. A symbolic link stays and what it points to is written, also when that doesn't exist

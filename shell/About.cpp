@@ -7,7 +7,6 @@
 #include <QIcon>
 #include <QLabel>
 #include <QPushButton>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 About::About()
@@ -42,5 +41,5 @@ About::About()
     layout->setSizeConstraint(QLayout::SetFixedSize);
 
     on(buttons, &QDialogButtonBox::rejected, this, &About::Unload);
-    on(new QShortcut(Qt::Key_Escape, this), &QShortcut::activated, this, &About::Unload);
+    setEscape([this] { Unload(); });
 }

@@ -99,6 +99,17 @@ void FindBar::findPrevious()
     find(true);
 }
 
+/// Escape is the bar's own key, also in a window that has a use for it.
+bool FindBar::event(QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        event->accept();
+        return true;
+    }
+    return QFrame::event(event);
+}
+
 void FindBar::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape) {

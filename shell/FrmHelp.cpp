@@ -1,11 +1,9 @@
 #include "shell/FrmHelp.h"
 
 #include "platform/AppPath.h"
-#include "platform/Events.h"
 #include "web/DocumentSurface.h"
 #include "shell/FindBar.h"
 
-#include <QAction>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -18,10 +16,7 @@ FrmHelp::FrmHelp() : WebBrowser1(new DocumentSurface(this))
     resize(820, 620);
     new FindBar(WebBrowser1);
     WebBrowser1->setAccessibleName(QStringLiteral("Help page"));
-    auto* escape = new QAction(this); // an action, as a page takes the keys that belong to none
-    escape->setShortcut(Qt::Key_Escape);
-    addAction(escape);
-    on(escape, &QAction::triggered, this, &FrmHelp::Unload);
+    setEscape([this] { Unload(); });
 
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
     WebBrowser1->Navigate(appFile(QStringLiteral("\\Help0.htm")));

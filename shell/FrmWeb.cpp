@@ -141,6 +141,8 @@ FrmWeb::FrmWeb() : m_journal({AppPath(), QDir::homePath()})
 FrmWeb::~FrmWeb()
 {
     keepOnFatal(nullptr);
+    if (m_toBeSaved)
+        m_journal.leave();
 }
 
 void FrmWeb::buildToolbar()
@@ -209,7 +211,7 @@ void FrmWeb::connectHandlers()
     on(RichTextBox1, &RichTextBox::SelChange, this, &FrmWeb::RichTextBox1_SelChange);
     on(RichTextBox1, &RichTextBox::Click, this, &FrmWeb::RichTextBox1_Click);
     on(RichTextBox1, &RichTextBox::KeyUp, this, &FrmWeb::RichTextBox1_KeyUp);
-    on(RichTextBox1, &RichTextBox::FileDropped, this, &FrmWeb::RichTextBox1_FileDropped);
+    on(RichTextBox1, &RichTextBox::FilesDropped, this, &FrmWeb::RichTextBox1_FilesDropped);
 }
 
 /// Puts the bars of the three pages in place and what they leave free below them; sizes follow the window's.

@@ -107,7 +107,9 @@ private:
     void RichTextBox1_SelChange();
     void RichTextBox1_Click();
     void RichTextBox1_KeyUp();
-    void RichTextBox1_FileDropped(const QString& path);
+    void RichTextBox1_FilesDropped(const QStringList& paths, int position);
+    void insertPictures(const QStringList& paths, int position);
+    void tellOfDrop(const QString& text);
     bool mayGiveUp();
     bool giveUpDocument();
     void openFile(const QString& path);
@@ -169,6 +171,7 @@ private:
     void JournalTimer_Timer();
     void keepUnsavedText();
     void keepSource();
+    void keepUnread();
     void forgetUnsavedText();
     void bringBack(const Journal::Leftover& left);
 
@@ -179,4 +182,5 @@ private:
     qint64 m_change = 0;        // how often the source has changed
     qint64 m_keptChange = 0;    // ... when it was last kept, saved or loaded
     bool m_surfaceKept = false; // what is kept is an edit on the design surface, which the source lacks
+    bool m_toBeSaved = false;   // the user wants it saved, and it has not come to a file: the copy stays
 };

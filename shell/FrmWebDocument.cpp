@@ -6,11 +6,15 @@
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"
+#include "services/PictureHtml.h"
 #include "shell/FrmWeb.h"
 #include "shell/Generator.h"
 #include "shell/Regions.h"
 
+#include <QCursor>
 #include <QFileInfo>
+#include <QToolTip>
+#include <QUrl>
 
 namespace {
 
@@ -51,14 +55,22 @@ bool FrmWeb::Checksafe()
 {
     SaveCancelled = false;
     SaveDeclined = false;
+    m_toBeSaved = false;
     QString name = bareName(Text2);
     if (name.isEmpty())
         name = Untitled;
     Beep();
     switch (MsgBox(name + QStringLiteral(" - File has changed. Do you wish to save changes ?"), ProgramTitle,
                    MsgIcon::Information, MsgButtons::YesNoCancel)) {
-    case MsgAnswer::Yes:
-        return save();
+    case MsgAnswer::Yes: {
+        m_toBeSaved = true;
+        if (SSTab1->Tab() == InternetTab)
+            keepUnread();
+        const bool wasRead = save();
+        if (m_toBeSaved && SSTab1->Tab() != InternetTab && m_keptChange != m_change)
+            keepSource(); // it goes all the same, but not for good
+        return wasRead;
+    }
     case MsgAnswer::No:
         SaveDeclined = true;
         return true;
@@ -212,11 +224,46 @@ void FrmWeb::MnOpen_Click()
         openFile(dialog.FileName);
 }
 
-void FrmWeb::RichTextBox1_FileDropped(const QString& path)
+/// Pictures go into the page where they were dropped; of other files the first takes the document's place. A
+/// photo never does: a save would write a text over it.
+void FrmWeb::RichTextBox1_FilesDropped(const QStringList& paths, int position)
 {
-    activateWindow(); // the window that the file comes from is in front
-    if (giveUpDocument())
-        openFile(path);
+    const QString& first = paths.constFirst();
+    if (!isPictureFile(first) && isBinaryFile(first)) {
+        tellOfDrop(QStringLiteral("Not opened: %1 is no text").arg(QFileInfo(first).fileName()));
+        return;
+    }
+    activateWindow(); // the window that the files come from is in front
+    if (isPictureFile(first)) {
+        insertPictures(paths, position);
+    } else if (giveUpDocument()) {
+        openFile(first);
+    }
+}
+
+void FrmWeb::insertPictures(const QStringList& paths, int position)
+{
+    QString tags;
+    QStringList others;
+    for (const QString& path : paths) {
+        if (isPictureFile(path)) {
+            tags += pictureTag({.Text1 = QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)});
+        } else {
+            others << QFileInfo(path).fileName();
+        }
+    }
+    RichTextBox1->setFocus();
+    RichTextBox1->setSelStart(position);
+    RichTextBox1->setSelText(RichTextBox1->encode(tags));
+    if (!others.isEmpty())
+        tellOfDrop(QStringLiteral("Not inserted: %1").arg(others.join(QStringLiteral(", "))));
+}
+
+/// In the status line, and where the user is looking, as the tab Editor doesn't show that line.
+void FrmWeb::tellOfDrop(const QString& text)
+{
+    Label1->setText(text);
+    QToolTip::showText(QCursor::pos(), QStringLiteral("<nobr>") + text.toHtmlEscaped(), RichTextBox1);
 }
 
 void FrmWeb::openFile(const QString& path)
@@ -278,8 +325,10 @@ bool FrmWeb::save()
 void FrmWeb::saved()
 {
     Dirty = false;
-    if (SSTab1->Tab() != InternetTab) // from there the document itself has not gone to the file
-        forgetUnsavedText();
+    if (SSTab1->Tab() == InternetTab)
+        return; // the document itself has not gone to the file
+    m_toBeSaved = false;
+    forgetUnsavedText();
 }
 
 /// The same under a name that the user gives.

@@ -77,17 +77,24 @@ void FrmWeb::munsetfont_Click()
     } catch (const RuntimeError&) {
         return;
     }
-    QFont font = RichTextBox1->textFont(); // takes these four alone
+    const QFont before = RichTextBox1->textFont();
+    QFont font = before; // takes these four alone
     font.setFamily(dialog.Font.family());
     font.setPointSizeF(dialog.Font.pointSizeF());
     font.setBold(dialog.Font.bold());
     font.setItalic(dialog.Font.italic());
     RichTextBox1->setTextFont(font);
-    WriteProfile({{FontSection, QStringLiteral("name"), font.family()},
-                  {FontSection, QStringLiteral("size"), fromNumber(static_cast<float>(font.pointSizeF()))},
-                  {FontSection, QStringLiteral("bold"), fromBoolean(font.bold())},
-                  {FontSection, QStringLiteral("italic"), fromBoolean(font.italic())}},
-                 webIni());
+
+    QList<ProfileValue> values;
+    const auto keep = [&values](const char* key, bool changed, const QString& value) {
+        if (changed || fontSetting(key).isEmpty()) // what the user left stays as the settings have it
+            values << ProfileValue{FontSection, QString::fromLatin1(key), value};
+    };
+    keep("name", font.family() != before.family(), font.family());
+    keep("size", font.pointSizeF() != before.pointSizeF(), fromNumber(static_cast<float>(font.pointSizeF())));
+    keep("bold", font.bold() != before.bold(), fromBoolean(font.bold()));
+    keep("italic", font.italic() != before.italic(), fromBoolean(font.italic()));
+    WriteProfile(values, webIni());
 }
 
 void FrmWeb::munEBC_Click()

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <chrono>
 #include <new>
+#include <utility>
 
 using namespace std::chrono_literals;
 
@@ -23,13 +24,13 @@ constexpr char SurfaceGenerator[] = "\"Brindlemark surface\" name=GENERATOR>";
 
 QString question(const Journal::Leftover& left)
 {
-    QString what = QStringLiteral("Only a part of its unsaved text could be kept");
+    QString what = QStringLiteral("Brindlemark was not closed properly the last time. Only a part of its "
+                                  "unsaved text could be kept.");
     if (left.whole) {
-        what = QStringLiteral("The unsaved text of %1 was kept").arg(QFileInfo(left.document).fileName());
+        what = QStringLiteral("Brindlemark ended before %1 was saved. Its text was kept.")
+                   .arg(QFileInfo(left.document).fileName());
     }
-    return QStringLiteral("Brindlemark was not closed properly the last time. %1.\n\n"
-                          "Do you want it back? No deletes it.")
-        .arg(what);
+    return what + QStringLiteral("\n\nDo you want it back? No deletes it.");
 }
 
 } // namespace
@@ -74,13 +75,29 @@ void FrmWeb::keepSource()
     m_journal.keep(Text2, RichTextBox1->textLater());
 }
 
-/// The document is as its file holds it, or is no more: nothing of it is to be kept.
+/// Keeps the text while the tab Internet is up, also what the surface has not been asked for yet.
+void FrmWeb::keepUnread()
+{
+    keepUnsavedText();
+    try {
+        WebBrowser1->innerHtml(); // answers behind the question that was just asked
+    } catch (const SurfaceLost&) {
+        // Then there is no more than what was kept before.
+    }
+}
+
+/// The document is as its file holds it, or is no more: nothing of it is to be kept, but for a text that
+/// should have been saved and could not be. That waits for the next start.
 void FrmWeb::forgetUnsavedText()
 {
     m_keptChange = m_change;
     m_surfaceKept = false;
     WebBrowser1->forgetEdits();
-    m_journal.clear();
+    if (std::exchange(m_toBeSaved, false)) {
+        m_journal.leave();
+    } else {
+        m_journal.clear();
+    }
 }
 
 void FrmWeb::offerUnsavedText()

@@ -137,6 +137,12 @@ void Journal::clear()
     });
 }
 
+void Journal::leave()
+{
+    m_holds = false;
+    m_writer.start([this] { m_place.reset(); });
+}
+
 /// To the file in use, or else to a new one in the first folder that takes it.
 void Journal::write(const QByteArray& bytes)
 {

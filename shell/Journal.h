@@ -39,7 +39,10 @@ public:
     void keep(const QString& document, const std::function<QByteArray()>& text);
     /// Removes what is kept, or what `takeLeftover` gave last; returns at once.
     void clear();
-    /// Whether `keep` was called since the last `clear`.
+    /// Lets go of what is kept: it stays for the next start, and what is kept from now on goes to a file of
+    /// its own. Returns at once.
+    void leave();
+    /// Whether `keep` was called since the last `clear` or `leave`.
     bool holds() const { return m_holds; }
     /// Whether a text is still being written.
     bool isBusy() const { return m_writer.activeThreadCount() > 0; }

@@ -117,8 +117,8 @@ signals:
     void Click();
     /// A key (a Qt::Key) was released.
     void KeyUp(int key);
-    /// A file was dropped on the box, the first of several. Comes once the drag is over.
-    void FileDropped(const QString& path);
+    /// Files were dropped on the box, in front of the text's byte `position`. Comes once the drag is over.
+    void FilesDropped(const QStringList& paths, int position);
 
 protected:
     bool event(QEvent* event) override;
@@ -181,6 +181,8 @@ private:
     std::unique_ptr<QMimeData> selectionData() const;
     bool leave(bool next);
     void answerDrag(QDropEvent* event);
+    qsizetype dropPosition(const QDropEvent& event);
+    void dropFiles(const QDropEvent& event);
     void dropText(const QDropEvent& event);
     void dropAt(qsizetype position, const QByteArray& text);
     void dropSelectionAt(qsizetype position, bool move);

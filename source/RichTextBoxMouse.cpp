@@ -2,6 +2,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "platform/Files.h"
 #include "source/RichTextBoxStep.h"
 #include "source/SourceClip.h"
 
@@ -75,8 +76,15 @@ void RichTextBox::dragEnterEvent(QDragEnterEvent* event)
 void RichTextBox::dragMoveEvent(QDragMoveEvent* event)
 {
     answerDrag(event);
-    if (event->isAccepted() && !event->mimeData()->hasUrls())
+    if (!event->isAccepted())
+        return;
+    const QMimeData* dragged = event->mimeData();
+    if (!dragged->hasUrls()) {
         QsciScintillaBase::dragMoveEvent(event); // shows where the text would go
+    } else if (isPictureFile(filesIn(*dragged).constFirst())) {
+        QsciScintillaBase::dragMoveEvent(event);
+        answerDrag(event); // still copied
+    }
 }
 
 /// Tells the pointer whether a drop would be taken. A file is copied whatever is proposed: who moves one
@@ -89,7 +97,7 @@ void RichTextBox::answerDrag(QDropEvent* event)
         event->ignore();
     } else if (dragged->hasUrls()) {
         event->setDropAction(Qt::CopyAction);
-        event->setAccepted(event->possibleActions() & Qt::CopyAction && !firstFile(*dragged).isEmpty());
+        event->setAccepted(event->possibleActions() & Qt::CopyAction && !filesIn(*dragged).isEmpty());
     } else {
         event->acceptProposedAction();
     }
@@ -101,26 +109,39 @@ void RichTextBox::dropEvent(QDropEvent* event)
     if (!event->isAccepted())
         return;
     if (event->mimeData()->hasUrls()) {
-        // The program that the file comes from waits for the drop's end, not for what the user is asked then.
-        QTimer::singleShot(0, this, [this, path = firstFile(*event->mimeData())] {
-            whenHandlersReturn([box = QPointer<RichTextBox>(this), path] {
-                if (box)
-                    emit box->FileDropped(path);
-            });
-        });
+        dropFiles(*event);
     } else {
         dropText(*event);
     }
+}
+
+/// The component's position of a drop, whose mark goes.
+qsizetype RichTextBox::dropPosition(const QDropEvent& event)
+{
+    QDragLeaveEvent leave;
+    QsciScintillaBase::dragLeaveEvent(&leave);
+    const QPoint point = event.position().toPoint();
+    return send(SCI_POSITIONFROMPOINT, point.x(), point.y());
+}
+
+/// The program that the files come from waits for the drop's end, not for what the user is asked then.
+void RichTextBox::dropFiles(const QDropEvent& event)
+{
+    const QStringList files = filesIn(*event.mimeData());
+    const int position = int(fromInner(dropPosition(event)));
+    QTimer::singleShot(0, this, [this, files, position] {
+        whenHandlersReturn([box = QPointer<RichTextBox>(this), files, position] {
+            if (box)
+                emit box->FilesDropped(files, position);
+        });
+    });
 }
 
 /// The component's own drop ends a text at a NUL and changes line ends.
 void RichTextBox::dropText(const QDropEvent& event)
 {
     Step step(this);
-    QDragLeaveEvent leave;
-    QsciScintillaBase::dragLeaveEvent(&leave); // takes the drop caret away
-    const QPoint point = event.position().toPoint();
-    const qsizetype position = send(SCI_POSITIONFROMPOINT, point.x(), point.y());
+    const qsizetype position = dropPosition(event);
     if (event.source() == this) {
         dropSelectionAt(position, event.dropAction() == Qt::MoveAction);
     } else {

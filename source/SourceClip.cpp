@@ -35,11 +35,12 @@ QByteArray bytesOf(const QMimeData& clip, TextEncoding encoding)
     return clip.hasFormat(exact) ? clip.data(exact) : encode(withWindowsLineEnds(clip.text()), encoding);
 }
 
-QString firstFile(const QMimeData& dragged)
+QStringList filesIn(const QMimeData& dragged)
 {
+    QStringList files;
     for (const QUrl& url : dragged.urls()) {
         if (url.isLocalFile() && QFileInfo(url.toLocalFile()).isFile())
-            return url.toLocalFile();
+            files << url.toLocalFile();
     }
-    return {};
+    return files;
 }

@@ -14,6 +14,5 @@ std::unique_ptr<QMimeData> clipOf(const QByteArray& bytes, TextEncoding encoding
 /// CR LF line ends.
 QByteArray bytesOf(const QMimeData& clip, TextEncoding encoding);
 
-/// The first file that can be opened among what is dragged; empty when there is none. Folders and addresses
-/// of the internet are none.
-QString firstFile(const QMimeData& dragged);
+/// The files among what is dragged. Folders and addresses of the internet are none.
+QStringList filesIn(const QMimeData& dragged);

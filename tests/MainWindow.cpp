@@ -86,16 +86,25 @@ void MainWindow::open(const QString& path)
     press(2);
 }
 
-void MainWindow::drop(const QString& path) const
+void MainWindow::drop(const QStringList& paths, std::optional<int> character) const
 {
     QMimeData dragged;
-    dragged.setUrls({QUrl::fromLocalFile(path)});
-    QWidget* box = web->RichTextBox1->viewport();
-    const QPoint place = box->rect().center();
+    QList<QUrl> urls;
+    for (const QString& path : paths)
+        urls << QUrl::fromLocalFile(path);
+    dragged.setUrls(urls);
+    const RichTextBox* text = web->RichTextBox1;
+    QWidget* box = text->viewport();
+    QPoint place = box->rect().center();
+    if (character) {
+        const long position = text->SendScintilla(RichTextBox::SCI_POSITIONRELATIVE, 0UL, long(*character));
+        place = {int(text->SendScintilla(RichTextBox::SCI_POINTXFROMPOSITION, 0UL, position)) + 1,
+                 int(text->SendScintilla(RichTextBox::SCI_POINTYFROMPOSITION, 0UL, position)) + 6};
+    }
     const Qt::DropActions offered = Qt::CopyAction | Qt::MoveAction | Qt::LinkAction;
     QDragEnterEvent enter(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
     QDropEvent drop(place, offered, &dragged, Qt::LeftButton, Qt::NoModifier);
-    QSignalSpy dropped(web->RichTextBox1, &RichTextBox::FileDropped);
+    QSignalSpy dropped(web->RichTextBox1, &RichTextBox::FilesDropped);
     QApplication::sendEvent(box, &enter);
     QApplication::sendEvent(box, &drop);
     if (!enter.isAccepted() || !drop.isAccepted() || !QTest::qWaitFor([&] { return !dropped.isEmpty(); }))

@@ -31,8 +31,10 @@ public:
 
     /// Takes `path` in the open dialog.
     void open(const QString& path);
-    /// Drops a file on the source box, as it comes from a file manager.
-    void drop(const QString& path) const;
+    /// Drops files on the source box, as they come from a file manager: on its middle, or right in front of a
+    /// character, counted from 0.
+    void drop(const QStringList& paths, std::optional<int> character = std::nullopt) const;
+    void drop(const QString& path) const { drop(QStringList{path}); }
     /// Takes `path` in the Save As dialog; the file must not exist yet.
     void saveAs(const QString& path);
 

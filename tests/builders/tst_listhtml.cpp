@@ -1,5 +1,5 @@
 #include "builders/ListHtml.h"
-#include "builders/PictureHtml.h"
+#include "services/PictureHtml.h"
 
 #include <QTest>
 

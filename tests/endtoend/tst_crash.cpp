@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QTest>
 
-// The program killed with unsaved text, and started again.
+// The program killed with unsaved text, or ended with one that could not be saved, and started again.
 
 namespace {
 
@@ -60,6 +60,7 @@ private slots:
     void tornFile();
     void otherProgramIsNotRobbed();
     void cleanEndLeavesNothing();
+    void refusedSaveIsOffered();
 };
 
 void TestCrash::initTestCase()
@@ -147,6 +148,36 @@ void TestCrash::cleanEndLeavesNothing()
     QCOMPARE(journalFiles(program), QStringList());
     program.start(); // asks nothing
     QVERIFY(program.window(Box).isEmpty());
+}
+
+/// The program ends as it was told, but not with the text.
+void TestCrash::refusedSaveIsOffered()
+{
+    Program program;
+    program.write(QStringLiteral("page.htm"), "<P>Old ");
+    const QString page = program.path(QStringLiteral("page.htm"));
+    QVERIFY(QFile::setPermissions(page, QFile::ReadOwner));
+    program.start();
+    program.file(MainWindow, QStringLiteral("o"));
+    program.answerFile(QStringLiteral("Open As Files"), page);
+    QVERIFY(program.waitFor(Page));
+    program.append(Page, QStringLiteral("Lamp"));
+    program.key(QStringLiteral("alt+F4"));
+    program.press(Box, QStringLiteral("alt+y"));
+    program.press(QStringLiteral("Error"), QStringLiteral("Return"));
+    QCOMPARE(program.exitCode(), 0);
+    QCOMPARE(program.read(QStringLiteral("page.htm")), QByteArray("<P>Old "));
+
+    QVERIFY(QFile::setPermissions(page, QFile::ReadOwner | QFile::WriteOwner));
+    startAgain(program);
+    program.press(Box, QStringLiteral("alt+y"));
+    QVERIFY(program.activate(Page));
+    program.file(Page, QStringLiteral("s"));
+    QTRY_COMPARE_WITH_TIMEOUT(program.read(QStringLiteral("page.htm")), QByteArray("<P>Old Lamp\r\n"),
+                              Patience);
+    program.file(Page, QStringLiteral("e"));
+    QCOMPARE(program.exitCode(), 0);
+    QCOMPARE(journalFiles(program), QStringList());
 }
 
 QTEST_GUILESS_MAIN(TestCrash)

@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QRegularExpression>
 #include <QTimer>
+#include <QToolTip>
 
 // Dragging with a real mouse: out of another program's window onto the main window, and within the source
 // box.
@@ -213,6 +214,8 @@ private slots:
     void designSurfaceTakesTextButNoFiles();
     void designSurfaceCleansWhatIsDropped();
     void designSurfaceMovesItsOwnText();
+    void pictureLandsWhereItIsDropped();
+    void otherFilesAreRefused();
     void textLandsWhereItIsDropped();
     void textMovesWithItsColors();
 };
@@ -338,7 +341,7 @@ void TestDragging::designSurfaceCleansWhatIsDropped()
     Stage stage;
     stage.type(QStringLiteral("<P>0123456789</P>"));
     stage.showTab(FrmWeb::PreviewTab);
-    WebBrowser* surface = stage.web->WebBrowser1;
+    DocumentSurface* surface = stage.web->WebBrowser1;
     QTRY_VERIFY(surface->inputWidget() && surface->isVisible());
     DragSource source(QStringLiteral("html"),
                       {QStringLiteral("<b onclick='x()'>bold</b><script>x()</script>")});
@@ -356,7 +359,7 @@ void TestDragging::designSurfaceMovesItsOwnText()
     Stage stage;
     stage.type(QStringLiteral("<P>01234567 <B>bold</B></P>"));
     stage.showTab(FrmWeb::PreviewTab);
-    WebBrowser* surface = stage.web->WebBrowser1;
+    DocumentSurface* surface = stage.web->WebBrowser1;
     QTRY_VERIFY(surface->inputWidget() && surface->isVisible());
     stage.typeOnSurface(QStringLiteral("x")); // now it is laid out and takes the mouse
     surface->evaluate(QStringLiteral("getSelection().selectAllChildren(document.querySelector('b'))"));
@@ -372,6 +375,35 @@ void TestDragging::designSurfaceMovesItsOwnText()
     QTRY_VERIFY2(surface->innerHtml().contains(QRegularExpression(QStringLiteral("<P><B>bold"))),
                  qPrintable(surface->innerHtml()));
     QCOMPARE(surface->innerHtml().count(QStringLiteral("bold")), 1);
+}
+
+void TestDragging::pictureLandsWhereItIsDropped()
+{
+    Stage stage;
+    const QString lamp = QStringLiteral(SOURCE_DIR "/data/demo/lamp.svg");
+    stage.type(QStringLiteral("0123456789"));
+    DragSource source(QStringLiteral("files"), {lamp});
+    QCOMPARE(source.drop(stage.sourceBox(), stage.at(5), true), QStringLiteral("copy"));
+    QVERIFY2(!source.told().contains(QStringLiteral("over move")), qPrintable(source.told()));
+    QTRY_COMPARE(stage.source(),
+                 "01234<IMG src=\"" + QUrl::fromLocalFile(lamp).toEncoded() + "\" border=0>\r\n56789");
+    stage.undo();
+    QCOMPARE(stage.source(), QByteArray("0123456789"));
+    QCOMPARE(stage.doors.takeAsked(), QStringList());
+}
+
+/// The user reads why, beside the pointer.
+void TestDragging::otherFilesAreRefused()
+{
+    Stage stage;
+    stage.folder.write(QStringLiteral("lamps.zip"), QByteArray("PK\x03\x04\0", 5));
+    stage.type(QStringLiteral("word"));
+    DragSource source(QStringLiteral("files"), {stage.folder.path(QStringLiteral("lamps.zip"))});
+    source.drop(stage.sourceBox(), true);
+    QTRY_VERIFY(QToolTip::isVisible());
+    QVERIFY(QToolTip::text().endsWith(QStringLiteral("Not opened: lamps.zip is no text")));
+    QCOMPARE(stage.source(), QByteArray("word"));
+    QCOMPARE(stage.doors.takeAsked(), QStringList());
 }
 
 void TestDragging::textLandsWhereItIsDropped()

@@ -142,7 +142,7 @@ void TestFirstDay::closingSaves()
 
 void TestFirstDay::closingSavesUnnamedButTheDialogIsCancelled()
 {
-    // Yes counts as the answer, whatever comes of it: the window closes and the text is gone.
+    // Yes counts as the answer, whatever comes of it: the window closes. The text waits for the next start.
     Program program;
     program.start();
     program.append(MainWindow, QStringLiteral("<P>Lamp"));
@@ -150,6 +150,12 @@ void TestFirstDay::closingSavesUnnamedButTheDialogIsCancelled()
     program.press(Box, QStringLiteral("alt+y"));
     program.press(QStringLiteral("Save As Files"), QStringLiteral("Escape"));
     QCOMPARE(program.exitCode(), 0);
+    program.launch();
+    program.press(Box, QStringLiteral("alt+y"));
+    QVERIFY(program.activate(MainWindow));
+    program.file(MainWindow, QStringLiteral("s"));
+    program.answerFile(QStringLiteral("Save As Files"), program.path(QStringLiteral("lamp.htm")));
+    QTRY_COMPARE_WITH_TIMEOUT(program.read(QStringLiteral("lamp.htm")), QByteArray("<P>Lamp\r\n"), Patience);
 }
 
 void TestFirstDay::startWithoutSettings()

@@ -3,6 +3,9 @@
 #include "forms/Form.h"
 #include "platform/RuntimeError.h"
 
+#include <QAbstractItemView>
+#include <QCompleter>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -25,6 +28,8 @@ public:
     QPushButton Command1{QStringLiteral("Go"), this};
     std::function<void()> click;
     bool refuse = false;
+
+    using Form::setCancelButton;
 
     static inline int loads = 0;
     static inline bool failLoad = false;
@@ -54,6 +59,7 @@ private slots:
     void formUnloadedWhileItsHandlerServesEventsLivesOn();
     void failedLoadLeavesNoInstance();
     void closeButtonAsksToo();
+    void escapeIsForWhatIsOpenFirst();
     void untrappedErrorEndsTheProgram();
     void fatalSaysWhereTheTextIsKept();
 };
@@ -144,6 +150,28 @@ void TestForms::closeButtonAsksToo()
     sample->refuse = false;
     sample->close();
     QVERIFY(!isLoaded<Sample>());
+}
+
+void TestForms::escapeIsForWhatIsOpenFirst()
+{
+    Sample* sample = form<Sample>();
+    QLineEdit field(sample);
+    field.setCompleter(new QCompleter({QStringLiteral("lamp")}, &field));
+    sample->setCancelButton(&sample->Command1);
+    int cancelled = 0;
+    sample->click = [&] { ++cancelled; };
+    sample->Show();
+    QVERIFY(QTest::qWaitForWindowActive(sample));
+    field.setFocus();
+    QTest::keyClick(sample->windowHandle(), Qt::Key_L);
+    const QWidget* words = field.completer()->popup();
+    QTRY_VERIFY(words->isVisible());
+    QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_Escape);
+    QTRY_VERIFY(!words->isVisible());
+    QCOMPARE(cancelled, 0);
+    QCOMPARE(field.text(), QStringLiteral("l"));
+    QTest::keyClick(sample->windowHandle(), Qt::Key_Escape);
+    QCOMPARE(cancelled, 1);
 }
 
 void TestForms::untrappedErrorEndsTheProgram()

@@ -4,6 +4,7 @@
 #include <QDir>
 #include <QFile>
 #include <QThread>
+#include <QToolTip>
 #include <unistd.h>
 
 namespace {
@@ -131,6 +132,12 @@ private slots:
     void dropHeedsAStaleAnswer();
     void dropOfAFileThatGoesResetsSilently();
     void dropMakesTheHighlightAnew();
+    void dropOfPictures_data();
+    void dropOfPictures();
+    void droppedPictureStaysAPicture();
+    void dropOfTextAmongPictures();
+    void dropOfNoTextIsRefused_data();
+    void dropOfNoTextIsRefused();
     void openAFileNameOfAnyLetters_data();
     void openAFileNameOfAnyLetters();
 
@@ -776,6 +783,123 @@ void TestDocument::dropMakesTheHighlightAnew()
     window.web->Check1 = 1;
     window.drop(window.folder.path(QStringLiteral("page.htm")));
     QVERIFY(window.web->RichTextBox1->colorAt(0) != 0);
+}
+
+void TestDocument::dropOfPictures_data()
+{
+    QTest::addColumn<QStringList>("names");
+    QTest::addColumn<QStringList>("inAddress"); // the names as addresses hold them
+    for (const char* suffix : {"png", "jpg", "jpeg", "gif", "webp", "bmp", "svg", "JPG", "Png"}) {
+        const QStringList name{QStringLiteral("lamp.") + QString::fromLatin1(suffix)};
+        QTest::newRow(suffix) << name << name;
+    }
+    const QStringList three{"c.png", "a.jpg", "b.gif"};
+    QTest::newRow("several") << three << three;
+    QTest::newRow("texts are left out")
+        << QStringList{"c.png", "page.htm", "b.gif", "list.txt"} << QStringList{"c.png", "b.gif"};
+    QTest::newRow("odd letters") << QStringList{QString::fromUtf8("Grüße \"1\" 50%#?.jpg")}
+                                 << QStringList{"Gr%C3%BC%C3%9Fe%20%221%22%2050%25%23%3F.jpg"};
+    QTest::newRow("two suffixes") << QStringList{"lamp.tar.jpg"} << QStringList{"lamp.tar.jpg"};
+}
+
+/// In front of the third character of a page that is no UTF-8, as one step, and without a question.
+void TestDocument::dropOfPictures()
+{
+    QFETCH(QStringList, names);
+    QFETCH(QStringList, inAddress);
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "\xE9\xE9 lamp");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    window.web->RichTextBox1->selectAll(); // what is selected stays
+    window.doors.takeAsked();
+    QStringList paths;
+    for (const QString& name : names) {
+        window.folder.write(name, QByteArray("\x89PNG\0\0", 6));
+        paths << window.folder.path(name);
+    }
+    window.drop(paths, 2);
+    QByteArray tags;
+    const QByteArray folder = QFileInfo(paths.first()).path().toUtf8();
+    for (const QString& name : inAddress)
+        tags += "<IMG src=\"file://" + folder + '/' + name.toUtf8() + "\" border=0>\r\n";
+    QCOMPARE(window.source(), "\xE9\xE9" + tags + " lamp");
+    QCOMPARE(window.web->RichTextBox1->SelStart(), int(2 + tags.size()));
+    QVERIFY(window.web->Dirty);
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+    QCOMPARE(window.doors.takeAsked(), QStringList());
+    QCOMPARE(window.web->Label1->text(), names.contains(QStringLiteral("page.htm"))
+                                             ? QStringLiteral("Not inserted: page.htm, list.txt")
+                                             : QStringLiteral("Done"));
+    QVERIFY(window.web->RichTextBox1->hasFocus());
+    QTest::keyClick(window.web->RichTextBox1, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(window.source(), QByteArray("\xE9\xE9 lamp"));
+}
+
+/// What is saved afterwards is the page, in the page's file.
+void TestDocument::droppedPictureStaysAPicture()
+{
+    const QByteArray photo("\xFF\xD8\xFF\xE0\0photo", 10);
+    MainWindow window;
+    window.folder.write(QStringLiteral("photo.jpg"), photo);
+    window.type(QStringLiteral("<P>"));
+    window.drop({window.folder.path(QStringLiteral("photo.jpg"))});
+    QCOMPARE(window.web->Text2, Untitled);
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.folder.read(QStringLiteral("photo.jpg")), photo);
+    QVERIFY(window.folder.read(QStringLiteral("page.htm")).contains("photo.jpg\" border=0>"));
+}
+
+/// The first file decides.
+void TestDocument::dropOfTextAmongPictures()
+{
+    MainWindow window;
+    window.folder.write(QStringLiteral("page.htm"), "<P>page");
+    window.folder.write(QStringLiteral("lamp.png"), QByteArray("\0", 1));
+    window.drop(
+        {window.folder.path(QStringLiteral("page.htm")), window.folder.path(QStringLiteral("lamp.png"))}, 0);
+    QCOMPARE(window.source(), QByteArray("<P>page"));
+    QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
+}
+
+void TestDocument::dropOfNoTextIsRefused_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("refused");
+    const QByteArray words(4095, 'a');
+    QTest::newRow("NUL first") << QByteArray("\0abc", 4) << true;
+    QTest::newRow("NUL within 4 KB") << words + '\0' << true;
+    QTest::newRow("NUL later") << words + "a" + '\0' << false;
+    QTest::newRow("none") << QByteArray("PK\x03\x04\xFF\xFE") << false;
+    QTest::newRow("empty") << QByteArray() << false;
+}
+
+/// Neither asks nor touches anything; File, Open still opens whatever it is given.
+void TestDocument::dropOfNoTextIsRefused()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, refused);
+    MainWindow window;
+    window.folder.write(QStringLiteral("lamps.zip"), bytes);
+    const QString path = window.folder.path(QStringLiteral("lamps.zip"));
+    window.folder.write(QStringLiteral("page.htm"), "<P>page");
+    window.open(window.folder.path(QStringLiteral("page.htm")));
+    window.doors.takeAsked();
+    if (!refused)
+        window.doors.answerMsgBox(MsgAnswer::No);
+    window.drop({path});
+    QCOMPARE(window.source(), refused ? QByteArray("<P>page") : bytes);
+    QCOMPARE(window.caption(), refused ? QStringLiteral("page.htm - Brindlemark 1.0")
+                                       : QStringLiteral("lamps.zip - Brindlemark 1.0"));
+    const QString why = QStringLiteral("Not opened: lamps.zip is no text");
+    QCOMPARE(window.web->Label1->text(), refused ? why : QStringLiteral("Done"));
+    QCOMPARE(QToolTip::isVisible() && QToolTip::text().endsWith(why), refused);
+    QToolTip::hideText();
+    if (refused) {
+        QCOMPARE(window.doors.takeAsked(), QStringList());
+        window.doors.answerMsgBox(MsgAnswer::No);
+        window.open(path);
+        QCOMPARE(window.source(), bytes);
+    }
 }
 
 void TestDocument::openAFileNameOfAnyLetters_data()

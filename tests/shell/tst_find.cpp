@@ -309,7 +309,7 @@ void TestFind::findOnThePreviewTabLeavesTheSurfaceTheKeyboard()
     search.web->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(search.web));
     search.showTab(FrmWeb::PreviewTab);
-    const WebBrowser* surface = search.web->WebBrowser1;
+    const DocumentSurface* surface = search.web->WebBrowser1;
     QTRY_VERIFY(surface->inputWidget() && surface->inputWidget()->hasFocus());
     search.find->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(search.find));

@@ -6,8 +6,13 @@
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
 
+#include <QDialogButtonBox>
 #include <QElapsedTimer>
+#include <QFontDialog>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPushButton>
 #include <QTimer>
 
 namespace {
@@ -191,6 +196,11 @@ private slots:
     void fontTaken_data();
     void fontTaken();
     void fontCancelled();
+    void realFontDialog_data();
+    void realFontDialog();
+    void sizeAloneChanges_data();
+    void sizeAloneChanges();
+    void missingFontSettingIsWritten();
     void backgroundTaken();
     void backgroundCancelled();
     void backgroundOnlyOnTheEditorTab_data();
@@ -733,6 +743,113 @@ void TestHighlight::fontCancelled()
     QCOMPARE(desk.box->textFont().family(), QStringLiteral("Liberation Serif"));
     QCOMPARE(desk.settings(), QByteArray(Settings));
     QVERIFY(!desk.script.ended);
+}
+
+namespace {
+
+/// The part of a dialog whose caption has this text.
+template <typename Part>
+Part* captioned(const QWidget* dialog, const char* caption)
+{
+    for (const auto* label : dialog->findChildren<QLabel*>()) {
+        if (label->text() == QLatin1String(caption))
+            return qobject_cast<Part*>(label->buddy());
+    }
+    return nullptr;
+}
+
+/// Opens the desktop's own font dialog by the menu entry, runs `use` in it and presses OK.
+void useFontDialog(Desk& desk, const std::function<void(QFontDialog&)>& use)
+{
+    desk.web->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(desk.web.get()));
+    setDoors(nullptr);
+    bool used = false;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto* dialog = qobject_cast<QFontDialog*>(QApplication::activeModalWidget());
+        if (used || !dialog || QApplication::activeWindow() != dialog)
+            return;
+        used = true;
+        look.stop();
+        use(*dialog);
+        QTest::mouseClick(dialog->findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok),
+                          Qt::LeftButton);
+    });
+    look.start(10);
+    desk.web->munsetfont->trigger();
+    setDoors(&desk.script);
+    QVERIFY(used);
+}
+
+} // namespace
+
+void TestHighlight::realFontDialog_data()
+{
+    QTest::addColumn<QByteArray>("font"); // in the settings
+    QTest::addColumn<QString>("family");  // at which the dialog opens
+    const QString standIn = QFontInfo(QFont(QStringLiteral("No Such Face"))).family();
+    QTest::newRow("there") << QByteArray("name=Liberation Serif\r\nsize=12\r\nbold=False\r\nitalic=True\r\n")
+                           << QStringLiteral("Liberation Serif");
+    QTest::newRow("missing") << QByteArray("name=No Such Face\r\nsize=12\r\nbold=False\r\nitalic=True\r\n")
+                             << standIn;
+    QTest::newRow("missing, odd size, own spelling")
+        << QByteArray("name = \"No Such Face\"\r\nsize=10.5\r\nbold=1\r\nitalic=0\r\n") << standIn;
+}
+
+/// The dialog opens at the face that the box shows, and OK alone changes nothing.
+void TestHighlight::realFontDialog()
+{
+    QFETCH(QByteArray, font);
+    QFETCH(QString, family);
+    const QByteArray own("name=Liberation Serif\r\nsize=12\r\nbold=False\r\nitalic=True\r\n");
+    const QByteArray settings = settingsWith(own, font);
+    Desk desk(settings);
+    const QFont before = desk.box->textFont();
+    QString shown;
+    useFontDialog(desk, [&](const QFontDialog& dialog) {
+        const auto* faces = captioned<QListView>(&dialog, "&Font");
+        shown = faces ? faces->currentIndex().data().toString() : QString();
+    });
+    QCOMPARE(shown, family);
+    QCOMPARE(desk.settings(), settings);
+    QCOMPARE(desk.box->textFont(), before);
+}
+
+void TestHighlight::sizeAloneChanges_data()
+{
+    realFontDialog_data();
+}
+
+void TestHighlight::sizeAloneChanges()
+{
+    QFETCH(QByteArray, font);
+    const QByteArray own("name=Liberation Serif\r\nsize=12\r\nbold=False\r\nitalic=True\r\n");
+    const QByteArray settings = settingsWith(own, font);
+    Desk desk(settings);
+    const QFont before = desk.box->textFont();
+    useFontDialog(desk, [](const QFontDialog& dialog) {
+        auto* size = captioned<QLineEdit>(&dialog, "&Size");
+        QVERIFY(size);
+        QTest::mouseDClick(size, Qt::LeftButton);
+        QTest::keyClicks(size, QStringLiteral("18"));
+    });
+    QByteArray expected = settings;
+    expected.replace("size=12", "size=18").replace("size=10.5", "size=18");
+    QCOMPARE(desk.settings(), expected);
+    QCOMPARE(desk.box->textFont().family(), before.family());
+    QCOMPARE(desk.box->textFont().pointSizeF(), 18.0);
+    QCOMPARE(desk.box->textFont().bold(), before.bold());
+    QCOMPARE(desk.box->textFont().italic(), before.italic());
+}
+
+/// The settings have all four then.
+void TestHighlight::missingFontSettingIsWritten()
+{
+    Desk desk;
+    desk.folder.write(QStringLiteral("web.ini"), settingsWith("bold=False\r\n", ""));
+    useFontDialog(desk, [](const QFontDialog&) {});
+    QVERIFY(desk.settings().contains("\r\nbold=False\r\n"));
 }
 
 void TestHighlight::backgroundTaken()

@@ -1,5 +1,7 @@
 #include "MainWindow.h"
+#include "OrdinaryUser.h"
 #include "WebTestMain.h"
+#include "Widgets.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 #include "shell/Journal.h"
@@ -51,9 +53,13 @@ QByteArray leftOf(const QString& document, const QByteArray& bytes)
 /// The question of the next start, up to its last sentence.
 QString question(const QString& what)
 {
-    return QStringLiteral("MsgBox|Brindlemark|Brindlemark was not closed properly the last time. %1.\n\n"
-                          "Do you want it back? No deletes it.|Question|YesNo")
+    return QStringLiteral("MsgBox|Brindlemark|%1\n\nDo you want it back? No deletes it.|Question|YesNo")
         .arg(what);
+}
+
+QString wholeTextQuestion(const QString& name)
+{
+    return question(QStringLiteral("Brindlemark ended before %1 was saved. Its text was kept.").arg(name));
 }
 
 /// A main window whose text is kept at once, when a test wants it.
@@ -66,6 +72,15 @@ public:
     /// The text that a start after a crash would give back now; null when there is none.
     QByteArray kept() const { return other().text; }
     QString keptDocument() const { return other().document; }
+    /// Ends the program in good order and starts it again in the same folder.
+    void startAgain()
+    {
+        unloadAll();
+        web = form<FrmWeb>();
+        web->Show();
+        QVERIFY(QTest::qWaitForWindowExposed(web, Patience));
+        web->offerUnsavedText();
+    }
 
 private:
     Journal::Leftover other() const
@@ -129,6 +144,17 @@ private slots:
     void noDeletesIt();
     void noLeadsToTheNext();
     void tornTextComesBackWithoutAName();
+
+    // A save that was wanted and came to nothing
+    void refusedSaveIsOffered_data();
+    void refusedSaveIsOffered();
+    void refusedSaveOnTheSurfaceIsOffered();
+    void refusedSaveMakesRoom();
+    void cancelledSaveIsOffered();
+    void saveFromTheInternetTabIsOffered();
+    void savedAfterARefusalLeavesNothing();
+    void declinedAfterARefusalLeavesNothing();
+    void unchangedTextIsNotOffered();
 };
 
 // ---- The file
@@ -657,8 +683,7 @@ void TestJournal::yesBringsTheTextBack()
     window.folder.write(First, leftOf(document, bytes));
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.web->offerUnsavedText();
-    QCOMPARE(window.doors.takeAsked(),
-             QStringList{question(QStringLiteral("The unsaved text of %1 was kept").arg(name))});
+    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(name)});
     QCOMPARE(window.source(), bytes);
     QCOMPARE(window.web->Text2, document);
     QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
@@ -740,7 +765,8 @@ void TestJournal::tornTextComesBackWithoutAName()
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.web->offerUnsavedText();
     QCOMPARE(window.doors.takeAsked(),
-             QStringList{question(QStringLiteral("Only a part of its unsaved text could be kept"))});
+             QStringList{question(QStringLiteral("Brindlemark was not closed properly the last time. Only a "
+                                                 "part of its unsaved text could be kept."))});
     QCOMPARE(window.source(), QByteArray("<P>Lamp and"));
     QCOMPARE(window.web->Text2, QStringLiteral("Untitled"));
     QCOMPARE(window.caption(), QStringLiteral("Untitled - Brindlemark 1.0"));
@@ -748,6 +774,220 @@ void TestJournal::tornTextComesBackWithoutAName()
     window.doors.cancelSave();
     window.press(3);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("whole"));
+}
+
+// ---- A save that was wanted and came to nothing
+
+namespace {
+
+const QString SaveQuestion =
+    QStringLiteral("MsgBox|Brindlemark|%1 - File has changed. Do you wish to save changes ?|Information|"
+                   "YesNoCancel");
+const QString CannotSave =
+    QStringLiteral("MsgBox|Error|There has been a (25)error, Cannot save file.|Stop|Ok");
+
+/// Opens a page that nobody may write to, and types into it.
+QString editProtectedPage(Window& window)
+{
+    window.folder.write(QStringLiteral("page.htm"), "<P>Lamp");
+    const QString page = window.folder.path(QStringLiteral("page.htm"));
+    QFile::setPermissions(page, QFile::ReadOwner);
+    window.open(page);
+    QTest::keyClick(window.web->RichTextBox1, Qt::Key_End, Qt::ControlModifier);
+    window.type(QStringLiteral("s"));
+    window.doors.takeAsked();
+    return page;
+}
+
+/// Yes to the save question, and the box that tells of the refusal.
+void wantSaved(Window& window)
+{
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.doors.answerMsgBox(MsgAnswer::Ok);
+}
+
+} // namespace
+
+void TestJournal::refusedSaveIsOffered_data()
+{
+    QTest::addColumn<QString>("way");
+    QTest::addColumn<bool>("folder"); // what refuses: the folder, or the file
+    for (const char* way : {"new", "open", "drop", "close"}) {
+        QTest::addRow("%s, file", way) << QString::fromLatin1(way) << false;
+        QTest::addRow("%s, folder", way) << QString::fromLatin1(way) << true;
+    }
+}
+
+void TestJournal::refusedSaveIsOffered()
+{
+    QFETCH(QString, way);
+    QFETCH(bool, folder);
+    Window window;
+    const QString home = window.folder.path(QStringLiteral("pages"));
+    QVERIFY(QDir().mkdir(home));
+    window.folder.write(QStringLiteral("pages/page.htm"), "<P>Lamp");
+    window.folder.write(QStringLiteral("other.htm"), "<P>Vase");
+    const QString page = window.folder.path(QStringLiteral("pages/page.htm"));
+    window.open(page);
+    QTest::keyClick(window.web->RichTextBox1, Qt::Key_End, Qt::ControlModifier);
+    window.type(QStringLiteral("s"));
+    window.doors.takeAsked();
+    constexpr auto read = QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther;
+    constexpr auto write = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
+    constexpr auto enter = QFile::ExeOwner | QFile::ExeGroup | QFile::ExeOther;
+    QVERIFY(QFile::setPermissions(page, folder ? read | write : read));
+    QVERIFY(QFile::setPermissions(home, folder ? read | enter : read | write | enter));
+    {
+        const OrdinaryUser user(QFileInfo(home).path());
+        QVERIFY(user.ordinary());
+        wantSaved(window);
+        if (way == QLatin1String("new")) {
+            window.press(1);
+        } else if (way == QLatin1String("open")) {
+            window.open(window.folder.path(QStringLiteral("other.htm")));
+        } else if (way == QLatin1String("drop")) {
+            window.drop(window.folder.path(QStringLiteral("other.htm")));
+        } else {
+            window.web->close();
+            QCOMPARE(window.doors.ended, 0);
+        }
+        QTRY_COMPARE(window.doors.asked.mid(0, 2),
+                     (QStringList{SaveQuestion.arg(QStringLiteral("page.htm")), CannotSave}));
+        if (way == QLatin1String("new"))
+            QCOMPARE(window.source(), QByteArray());
+        if (way == QLatin1String("open") || way == QLatin1String("drop"))
+            QTRY_COMPARE(window.source(), QByteArray("<P>Vase"));
+    }
+    QCOMPARE(content(page), QByteArray("<P>Lamp"));
+    window.doors.takeAsked();
+
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.startAgain();
+    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(QStringLiteral("page.htm"))});
+    QCOMPARE(window.source(), QByteArray("<P>Lamps"));
+    QCOMPARE(window.web->Text2, page);
+    QVERIFY(window.web->Dirty);
+
+    QFile::setPermissions(home, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    QFile::setPermissions(page, QFile::ReadOwner | QFile::WriteOwner);
+    window.press(3);
+    QCOMPARE(content(page), QByteArray("<P>Lamps\r\n"));
+    QTRY_COMPARE(window.files(), QStringList());
+}
+
+void TestJournal::refusedSaveOnTheSurfaceIsOffered()
+{
+    Window window;
+    editProtectedPage(window);
+    window.showTab(FrmWeb::PreviewTab);
+    window.typeOnSurface(QStringLiteral("Shade"));
+    window.timeRunsOut();
+    QTRY_VERIFY(window.kept().contains("Shade"));
+    window.typeOnSurface(QStringLiteral("Brass")); // not yet kept
+    wantSaved(window);
+    window.web->close();
+    QCOMPARE(window.doors.ended, 0);
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.startAgain();
+    QVERIFY2(window.source().contains("Shade") && window.source().contains("Brass"),
+             window.source().constData());
+}
+
+void TestJournal::refusedSaveMakesRoom()
+{
+    // The next document is kept too, in a place of its own, and leaves nothing when it is saved.
+    Window window;
+    editProtectedPage(window);
+    wantSaved(window);
+    window.press(1);
+    window.type(QStringLiteral("<P>Vase"));
+    window.timeRunsOut();
+    const QString second = QStringLiteral("Brindlemark-unsaved-2.htm");
+    QTRY_COMPARE(window.files(), (QStringList{First, second, second + QStringLiteral(".lock")}));
+    QCOMPARE(window.kept(), QByteArray("<P>Lamps"));
+    window.saveAs(window.folder.path(QStringLiteral("vase.htm")));
+    QTRY_COMPARE(window.files(), QStringList{First});
+}
+
+void TestJournal::cancelledSaveIsOffered()
+{
+    // Yes, and then no file: the text goes from the window all the same.
+    Window window;
+    window.type(QStringLiteral("<P>Lamp"));
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.doors.cancelSave();
+    window.press(1);
+    QCOMPARE(window.source(), QByteArray());
+    window.doors.takeAsked();
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.startAgain();
+    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(QStringLiteral("Untitled"))});
+    QCOMPARE(window.source(), QByteArray("<P>Lamp"));
+}
+
+void TestJournal::saveFromTheInternetTabIsOffered()
+{
+    // The file takes the empty text of that tab, not the document.
+    Window window;
+    window.saveAs(window.folder.path(QStringLiteral("page.htm")));
+    window.type(QStringLiteral("<P>Lamp"));
+    window.showTab(FrmWeb::PreviewTab);
+    window.typeOnSurface(QStringLiteral("Shade"));
+    window.showTab(FrmWeb::InternetTab);
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.web->close();
+    QCOMPARE(window.doors.ended, 0);
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("\r\n"));
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.startAgain();
+    QVERIFY2(window.source().contains("Lamp") && window.source().contains("Shade"),
+             window.source().constData());
+}
+
+void TestJournal::savedAfterARefusalLeavesNothing()
+{
+    Window window;
+    const QString page = editProtectedPage(window);
+    wantSaved(window);
+    window.doors.cancelOpen();
+    window.press(2);
+    QCOMPARE(window.source(), QByteArray("<P>Lamps")); // it is still there
+    QFile::setPermissions(page, QFile::ReadOwner | QFile::WriteOwner);
+    window.press(3);
+    QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("<P>Lamps\r\n"));
+    QTRY_COMPARE(window.files(), QStringList());
+    window.startAgain(); // asks nothing
+    QCOMPARE(window.source(), QByteArray());
+}
+
+void TestJournal::declinedAfterARefusalLeavesNothing()
+{
+    Window window;
+    editProtectedPage(window);
+    wantSaved(window);
+    window.doors.cancelOpen();
+    window.press(2);
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.press(1);
+    QTRY_COMPARE(window.files(), QStringList());
+    window.startAgain();
+    QCOMPARE(window.source(), QByteArray());
+}
+
+void TestJournal::unchangedTextIsNotOffered()
+{
+    // A page that was just opened counts as changed, but its file has all of it.
+    Window window;
+    window.folder.write(QStringLiteral("page.htm"), "<P>Lamp");
+    const QString page = window.folder.path(QStringLiteral("page.htm"));
+    QFile::setPermissions(page, QFile::ReadOwner);
+    window.open(page);
+    wantSaved(window);
+    window.web->close();
+    QCOMPARE(window.doors.ended, 0);
+    window.startAgain();
+    QCOMPARE(window.source(), QByteArray());
+    QCOMPARE(window.files(), QStringList());
 }
 
 WEB_TEST_MAIN(TestJournal)

@@ -1286,56 +1286,63 @@ void TestRichTextBox::colorsMoveAlongWithADrop()
 void TestRichTextBox::dropOfAFile_data()
 {
     QTest::addColumn<QList<QUrl>>("dropped");
-    QTest::addColumn<QString>("opened");
+    QTest::addColumn<QStringList>("taken");
 
     QVERIFY(m_files.isValid());
     const auto file = [this](const char* name) {
         return QUrl::fromLocalFile(m_files.filePath(QLatin1String(name)));
     };
-    for (const char* name : {"first.htm", "\xC5\x91 #1%20.txt"})
+    for (const char* name : {"first.htm", "\xC5\x91 #1%20.txt", "photo.JPG"})
         QFile(m_files.filePath(QString::fromUtf8(name))).open(QIODevice::WriteOnly);
     const QUrl folder = QUrl::fromLocalFile(m_files.path());
     const QUrl address(QStringLiteral("http://127.0.0.1/page.htm"));
     const QString first = m_files.filePath(QStringLiteral("first.htm"));
     const QString second = m_files.filePath(QString::fromUtf8("\xC5\x91 #1%20.txt"));
 
-    QTest::newRow("one") << QList{file("first.htm")} << first;
-    QTest::newRow("any letters") << QList{QUrl::fromLocalFile(second)} << second;
-    QTest::newRow("several") << QList{file("first.htm"), QUrl::fromLocalFile(second)} << first;
+    QTest::newRow("one") << QList{file("first.htm")} << QStringList{first};
+    QTest::newRow("any letters") << QList{QUrl::fromLocalFile(second)} << QStringList{second};
+    QTest::newRow("several") << QList{file("first.htm"), QUrl::fromLocalFile(second)}
+                             << QStringList{first, second};
     QTest::newRow("several, in the other order")
-        << QList{QUrl::fromLocalFile(second), file("first.htm")} << second;
-    QTest::newRow("behind a folder") << QList{folder, file("first.htm")} << first;
-    QTest::newRow("behind an address") << QList{address, file("first.htm")} << first;
-    QTest::newRow("behind a file that is gone") << QList{file("gone.htm"), file("first.htm")} << first;
-    QTest::newRow("folder") << QList{folder} << QString();
-    QTest::newRow("address") << QList{address} << QString();
+        << QList{QUrl::fromLocalFile(second), file("first.htm")} << QStringList{second, first};
+    QTest::newRow("picture") << QList{file("photo.JPG")}
+                             << QStringList{m_files.filePath(QStringLiteral("photo.JPG"))};
+    QTest::newRow("behind a folder") << QList{folder, file("first.htm")} << QStringList{first};
+    QTest::newRow("behind an address") << QList{address, file("first.htm")} << QStringList{first};
+    QTest::newRow("behind a file that is gone")
+        << QList{file("gone.htm"), file("first.htm")} << QStringList{first};
+    QTest::newRow("folder") << QList{folder} << QStringList();
+    QTest::newRow("address") << QList{address} << QStringList();
     QTest::newRow("file of another machine")
-        << QList{QUrl(QStringLiteral("smb://machine/page.htm"))} << QString();
-    QTest::newRow("file that is gone") << QList{file("gone.htm")} << QString();
-    QTest::newRow("device") << QList{QUrl::fromLocalFile(QStringLiteral("/dev/zero"))} << QString();
+        << QList{QUrl(QStringLiteral("smb://machine/page.htm"))} << QStringList();
+    QTest::newRow("file that is gone") << QList{file("gone.htm")} << QStringList();
+    QTest::newRow("device") << QList{QUrl::fromLocalFile(QStringLiteral("/dev/zero"))} << QStringList();
 }
 
-/// The box tells which file; the text stays as it is, and whatever is proposed, the file is only copied.
+/// The box tells which files and where; the text stays as it is, and whatever is proposed, a file is only
+/// copied.
 void TestRichTextBox::dropOfAFile()
 {
     QFETCH(QList<QUrl>, dropped);
-    QFETCH(QString, opened);
+    QFETCH(QStringList, taken);
     Fixture f;
     f.start("0123456789");
     QStringList told;
-    connect(&f.box, &RichTextBox::FileDropped, &f, [&told](const QString& path) { told << path; });
+    connect(&f.box, &RichTextBox::FilesDropped, &f,
+            [&told](const QStringList& paths, int position) { told << paths << QString::number(position); });
+    const QStringList expected = taken.isEmpty() ? taken : taken + QStringList{QStringLiteral("5")};
     QMimeData data;
     data.setUrls(dropped);
     data.setText(dropped.first().toString());
     for (const auto& offered : {QList{Qt::CopyAction}, QList{Qt::MoveAction, Qt::CopyAction, Qt::LinkAction},
                                 QList{Qt::LinkAction, Qt::CopyAction}}) {
         const DropAnswer answer = f.drop(data, 5, offered);
-        QCOMPARE(answer.taken, !opened.isEmpty());
+        QCOMPARE(answer.taken, !taken.isEmpty());
         if (answer.taken)
             QCOMPARE(answer.action, Qt::CopyAction);
         QCOMPARE(told, QStringList()); // the drop comes to its end first
         QCoreApplication::processEvents();
-        QCOMPARE(std::exchange(told, {}), opened.isEmpty() ? QStringList() : QStringList(opened));
+        QCOMPARE(std::exchange(told, {}), expected);
     }
     QVERIFY(!f.drop(data, 5, {Qt::MoveAction}).taken); // nothing but a move is offered
     QCoreApplication::processEvents();
@@ -1376,7 +1383,7 @@ void TestRichTextBox::droppedFileWaitsForHandlers()
 {
     Fixture f;
     f.start("0123456789");
-    QSignalSpy told(&f.box, &RichTextBox::FileDropped);
+    QSignalSpy told(&f.box, &RichTextBox::FilesDropped);
     QMimeData file;
     file.setUrls({QUrl::fromLocalFile(QStringLiteral(SOURCE_DIR "/README.md"))});
     QVERIFY(f.drop(file, 5).taken);

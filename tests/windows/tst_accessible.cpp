@@ -43,8 +43,6 @@ private slots:
     void controlsAreTold();
     void keyboardReachesAll_data();
     void keyboardReachesAll();
-    void escapeIsCancel_data();
-    void escapeIsCancel();
     void valuesAreTold();
     void charactersAreTold();
     void enterPressesTheButtonInHand();
@@ -389,45 +387,6 @@ void TestAccessible::keyboardReachesAll()
         }
         QCOMPARE(byArrows, group);
     }
-}
-
-void TestAccessible::escapeIsCancel_data()
-{
-    QTest::addColumn<int>("index");
-    QTest::addColumn<QString>("question");
-    // What is asked before a list, a table or a page is given up.
-    const QHash<QByteArray, QString> questions = {
-        {"wizard-page-2", QStringLiteral("MsgBox|Information|Are you sure you wish cancel it ?|None|YesNo")},
-        {"table", QStringLiteral("MsgBox|Information|Are you sure you wish cancel it ?|Information|YesNo")},
-        {"list", QStringLiteral("MsgBox|Information|You fill out lists, Are you sure you wish cancel it ?|"
-                                "Information|YesNo")},
-        {"special-list",
-         QStringLiteral("MsgBox|Information|Are you sure you wish cancel it ?|Information|YesNo")},
-    };
-    // The main window, and two that come and go by themselves.
-    const QByteArrayList without = {"splash",  "editor",   "editor-title", "design",
-                                    "preview", "find-bar", "internet",     "wait"};
-    int index = 0;
-    for (const WindowView& view : windowViews()) {
-        if (!without.contains(view.name))
-            QTest::newRow(view.name) << index << questions.value(view.name);
-        ++index;
-    }
-}
-
-void TestAccessible::escapeIsCancel()
-{
-    QFETCH(QString, question);
-    MainWindow main;
-    const QPointer<QWidget> window = openView(fetchedView(), main);
-    window->activateWindow();
-    QVERIFY(QTest::qWaitForWindowActive(window, Patience));
-    if (!question.isEmpty())
-        main.doors.answerMsgBox(MsgAnswer::Yes);
-    QTRY_VERIFY(QApplication::focusWidget());
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    QTRY_VERIFY(!window || !window->isVisible());
-    QCOMPARE(main.doors.asked, question.isEmpty() ? QStringList() : QStringList{question});
 }
 
 /// Opens a view by its name.

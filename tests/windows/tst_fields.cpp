@@ -1,6 +1,6 @@
 #include "WebTestMain.h"
 #include "Windows.h"
-#include "platform/ComboBox.h"
+#include "forms/ComboBox.h"
 #include "platform/Doors.h"
 
 #include <QApplication>

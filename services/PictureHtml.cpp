@@ -1,4 +1,4 @@
-#include "builders/PictureHtml.h"
+#include "services/PictureHtml.h"
 
 QString pictureTag(const PictureSettings& s)
 {
