@@ -36,11 +36,7 @@ public:
         return tool->WebBrowser1->evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
     }
     /// What stands in the sample when all that was to be shown is there.
-    QString settledSample() const
-    {
-        tool->WebBrowser1->innerHtml(); // unlike a script, an operation lets the page come first
-        return pageBody(tool->WebBrowser1);
-    }
+    QString settledSample() const { return ::settledSample(tool->WebBrowser1); }
     /// Presses a button that adds `fragment` to the page, with a word of that selected.
     void addsInPlaceOfTheSelection(QAbstractButton* button, const QString& fragment)
     {

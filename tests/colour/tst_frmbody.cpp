@@ -116,10 +116,10 @@ void TestFrmBody::boxesTakeTheColor_data()
 void TestFrmBody::boxesTakeTheColor()
 {
     using Box = CheckBox* FrmBody::*;
-    using Sample = ColorSample* FrmBody::*;
+    using Shown = ColorSample* FrmBody::*;
     using Text = QString FrmBody::*;
     QFETCH(Box, box);
-    QFETCH(Sample, sample);
+    QFETCH(Shown, sample);
     QFETCH(Text, text);
     QFETCH(QString, tag);
     const Body window;
