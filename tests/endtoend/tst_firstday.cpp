@@ -16,9 +16,11 @@ private slots:
     void openTypeSave();
     void openAsksAtClosing();
     void saveAs();
+    void typingOnThePages();
     void closingCancelledThenDeclined();
     void closingSaves();
     void closingSavesUnnamedButTheDialogIsCancelled();
+    void closingEndsWithAllToolsOpen();
     void startWithoutSettings();
 };
 
@@ -108,6 +110,47 @@ void TestFirstDay::saveAs()
     QCOMPARE(program.exitCode(), 0);
 }
 
+/// On the tab Preview the page takes what is typed, before a save as well as behind it; from the tab Internet
+/// a key leads back to the source with all of it.
+void TestFirstDay::typingOnThePages()
+{
+    constexpr QPoint previewTab(103, 73);
+    constexpr QPoint internetTab(178, 73);
+    constexpr QPoint page(500, 400);
+    const QString title = QStringLiteral("page.htm - Brindlemark 1.0");
+    const auto saved = [](const Program& program) { return program.read(QStringLiteral("page.htm")); };
+    Program program;
+    program.start();
+    program.click(MainWindow, previewTab.x(), previewTab.y());
+    Program::type(QStringLiteral("one "));
+    program.file(MainWindow, QStringLiteral("s")); // has no name yet
+    program.answerFile(QStringLiteral("Save As Files"), program.path(QStringLiteral("page.htm")));
+    QVERIFY(program.activate(title));
+    Program::type(QStringLiteral("two "));
+    program.file(title, QStringLiteral("s"));
+    Program::type(QStringLiteral("three "));
+    program.file(title, QStringLiteral("s"));
+    QTRY_VERIFY2_WITH_TIMEOUT(saved(program).contains("one two three"), saved(program).constData(), Patience);
+
+    program.click(title, internetTab.x(), internetTab.y());
+    program.click(title, page.x(), page.y());
+    Program::key(QStringLiteral("ctrl+Tab"));
+    // Until the source is up, a save writes an empty line.
+    program.write(QStringLiteral("page.htm"), "");
+    const auto savesSource = [&] {
+        program.file(title, QStringLiteral("s"));
+        return QTest::qWaitFor([&] { return saved(program).contains("one two three"); }, 500);
+    };
+    QVERIFY2(QTest::qWaitFor(savesSource, Patience), saved(program).constData());
+    Program::type(QStringLiteral("<!-- source -->"));
+    program.file(title, QStringLiteral("s"));
+    QTRY_VERIFY2_WITH_TIMEOUT(saved(program).startsWith("<!-- source --><HEAD>"), saved(program).constData(),
+                              Patience);
+    QVERIFY2(saved(program).contains("one two three"), saved(program).constData());
+    program.file(title, QStringLiteral("e"));
+    QCOMPARE(program.exitCode(), 0);
+}
+
 void TestFirstDay::closingCancelledThenDeclined()
 {
     Program program;
@@ -156,6 +199,67 @@ void TestFirstDay::closingSavesUnnamedButTheDialogIsCancelled()
     program.file(MainWindow, QStringLiteral("s"));
     program.answerFile(QStringLiteral("Save As Files"), program.path(QStringLiteral("lamp.htm")));
     QTRY_COMPARE_WITH_TIMEOUT(program.read(QStringLiteral("lamp.htm")), QByteArray("<P>Lamp\r\n"), Patience);
+}
+
+/// Whatever is open goes with the main window, and nobody is asked.
+void TestFirstDay::closingEndsWithAllToolsOpen()
+{
+    constexpr char Main[] = "Untitled - Brindlemark 1.0";
+    constexpr char Table[] = "Two Table Properties";
+    constexpr char Chooser[] = "Lists Properties";
+    constexpr char SymbolList[] = "List Special Character Properties";
+    constexpr char Page1[] = "Brindlemark Create 1 of 2";
+    struct Opening
+    {
+        const char* from;
+        QPoint click; ///< in that window; null: keys alone
+        const char* keys;
+        const char* title; ///< of the window that opens
+    };
+    const Opening openings[] = {
+        {Main, {117, 10}, "", "Quick-Word"},
+        {Main, {363, 10}, "", "Help"},
+        {Main, {409, 10}, "", "About Brindlemark 1.0"},
+        {Main, {57, 10}, "Up Return", "Editor Color highlight"},
+        {Main, {241, 10}, "Up Return", "Color HTML Code"},
+        {Main, {241, 10}, "Down Down Down Down Down Return", "Add Table"},
+        {Main, {419, 38}, "", "Body Attributes"},
+        {Main, {450, 38}, "", " Font Properties"},
+        {Main, {481, 38}, "", "Picture Properties"},
+        {Main, {574, 38}, "", "Horizontal Rule Properties"},
+        {Main, {512, 38}, "", Table},
+        {Table, {354, 291}, "", "Two Cell Colors"},
+        {Main, {543, 38}, "", Chooser},
+        {Chooser, {}, "alt+l", "List Properties"},
+        {Main, {543, 38}, "", Chooser},
+        {Chooser, {}, "alt+s", SymbolList},
+        {SymbolList, {}, "alt+p", "List Properties Character"},
+        {SymbolList, {253, 23}, "", "List Special Character Font"},
+        {Main, {543, 38}, "", Chooser},
+        {Main, {380, 38}, "", Page1},
+        {Page1, {}, "alt+m alt+f", "- Payment - Terms of Lists"},
+        {Page1, {}, "alt+i alt+w a alt+d a alt+m alt+a alt+y alt+s alt+o", "Brindlemark Create 2 of 2 "},
+        {Main, {243, 38}, "", "Find and Sreach"},
+    };
+    Program program;
+    program.start();
+    for (const Opening& opening : openings) {
+        const QString from = QString::fromLatin1(opening.from);
+        QVERIFY2(program.activate(from), opening.title);
+        if (!opening.click.isNull())
+            program.click(from, opening.click.x(), opening.click.y());
+        if (*opening.keys)
+            Program::keys(QString::fromLatin1(opening.keys));
+        QVERIFY2(program.activate(QString::fromLatin1(opening.title)), opening.title);
+    }
+    for (const Opening& opening : openings) {
+        const QString title = QString::fromLatin1(opening.title);
+        const bool hidden = title == QLatin1String(Page1); // page 2 stands in its place
+        QVERIFY2(program.window(title).isEmpty() == hidden, opening.title);
+    }
+    QVERIFY(program.activate(MainWindow));
+    Program::key(QStringLiteral("alt+F4"));
+    QCOMPARE(program.exitCode(), 0);
 }
 
 void TestFirstDay::startWithoutSettings()
