@@ -5,6 +5,7 @@
 #include "Widgets.h"
 #include "platform/Events.h"
 #include "web/DocumentSurface.h"
+#include "web/SurfaceScript.h"
 
 #include <QDir>
 #include <QDropEvent>
@@ -151,6 +152,7 @@ private slots:
     void dropsWhileAHandlerRuns();
     void oneStepOfUndo();
     void cleanerComesLate();
+    void nothingComesUncleaned();
 };
 
 /// A listing that is copied and pasted whole loses nothing. The comment in front of all text is not in a
@@ -473,6 +475,17 @@ void TestPastes::cleanerComesLate()
     QVERIFY(hasCleaner() == true);
     surface.write(QStringLiteral("<p>next</p>"));
     QVERIFY(hasCleaner() == true);
+}
+
+/// A cleaner that fails lets nothing through.
+void TestPastes::nothingComesUncleaned()
+{
+    ScriptedDoors desktop;
+    Surface surface(QStringLiteral("<p>abcd</p>"));
+    desktop.setClipboard(data(QStringLiteral("<b>x</b>"), QStringLiteral("x")));
+    QVERIFY(surface.evaluate(surfaceCall(QStringLiteral("cleanWith(() => { throw new Error })"))) == true);
+    QVERIFY(!surface.execCommand(QStringLiteral("Paste")));
+    QCOMPARE(body(surface), QStringLiteral("<P>abcd</P>"));
 }
 
 WEB_TEST_MAIN(TestPastes)
