@@ -1,8 +1,22 @@
 #include "forms/Wait.h"
 
+#include <QFontDatabase>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QProgressBar>
 #include <QVBoxLayout>
+
+namespace {
+
+/// How wide a window has to be for its title, in pixels, with what a window manager puts beside it.
+int titleWidth(const QString& title)
+{
+    constexpr int Symbols = 130;
+    const QFontMetrics font(QFontDatabase::systemFont(QFontDatabase::TitleFont));
+    return font.horizontalAdvance(title) + Symbols;
+}
+
+} // namespace
 
 Wait::Wait() : m_progress(new QProgressBar(this))
 {
@@ -12,6 +26,7 @@ Wait::Wait() : m_progress(new QProgressBar(this))
 
     auto* message = new QLabel(QStringLiteral("Please wait. . ."), this);
     message->setFont(QFont(QStringLiteral("Comic Sans MS"), 12));
+    message->setMinimumWidth(titleWidth(windowTitle()));
     m_progress->setTextVisible(false);
     m_progress->hide();
     auto* layout = new QVBoxLayout(this);

@@ -11,8 +11,8 @@ class ListObject;
 //
 // In a profile file, section and key names compare without regard to case or to blanks around them, and the
 // first section of a name, the first key of a name in it, count. A section's name runs to the last "]" of its
-// line, so a name that holds one is found again; a key's name runs to the first "=". Lines that begin with
-// ";" are comments. CR LF, LF and CR end lines. A byte order mark is passed over.
+// line, so a name that holds one is found again; a key's name runs to the first "=". A ";" in
+// front of a key is part of its name. CR LF, LF and CR end lines. A byte order mark is passed over.
 
 /// The program's main settings file, \web.ini.
 QString webIni();

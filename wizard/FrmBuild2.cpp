@@ -108,7 +108,6 @@ PageLook FrmBuild2::look() const
     return look;
 }
 
-/// Enter that no control has use for is the default button's.
 void FrmBuild2::Command1_Click()
 {
     stepStyle(-1);

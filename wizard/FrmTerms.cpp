@@ -73,7 +73,6 @@ void FrmTerms::edit(const QString& html)
     }
 }
 
-/// Enter that no control has use for is the default button's.
 void FrmTerms::Combo1_Click()
 {
     WebBrowser1->execCommand(QStringLiteral("FontName"), Combo1->Text());

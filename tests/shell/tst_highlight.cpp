@@ -1,14 +1,16 @@
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
-#include "source/RichTextBox.h"
 #include "forms/Wait.h"
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
+#include "source/RichTextBox.h"
 
 #include <QDialogButtonBox>
 #include <QElapsedTimer>
+#include <QFontDatabase>
 #include <QFontDialog>
+#include <QFontMetrics>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -416,8 +418,10 @@ void TestHighlight::waitWindow()
     QStringList texts;
     QString family;
     bool onTop = false;
+    int width = 0;
     QTimer::singleShot(0, desk.web.get(), [&] {
         Wait* wait = form<Wait>();
+        width = wait->width();
         caption = wait->windowTitle();
         onTop = wait->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
         for (const QLabel* label : wait->findChildren<QLabel*>()) {
@@ -430,6 +434,9 @@ void TestHighlight::waitWindow()
     QCOMPARE(texts, QStringList{"Please wait. . ."});
     QCOMPARE(family, QStringLiteral("Comic Sans MS"));
     QVERIFY(onTop);
+    const QFontMetrics title(QFontDatabase::systemFont(QFontDatabase::TitleFont));
+    constexpr int Beside = 100; // pixels for a symbol and three buttons
+    QVERIFY2(width >= title.horizontalAdvance(caption) + Beside, qPrintable(QString::number(width)));
 }
 
 /// So that windows repaint and the bar of the window moves.

@@ -18,6 +18,8 @@ private slots:
     void lastOfSeveral();
     void withoutMarkers_data();
     void withoutMarkers();
+    void withoutMarkersWholeCharactersAreTaken_data();
+    void withoutMarkersWholeCharactersAreTaken();
     void closingMarkerGone_data();
     void closingMarkerGone();
     void markerAtTheStart();
@@ -193,6 +195,36 @@ void TestRegions::withoutMarkers()
     take(window, QString::fromLatin1(QTest::currentDataTag()));
     QCOMPARE(window.web->RichTextBox1->SelStart(), 0);
     QCOMPARE(window.web->RichTextBox1->SelLength(), 90000);
+}
+
+void TestRegions::withoutMarkersWholeCharactersAreTaken_data()
+{
+    QTest::addColumn<int>("before"); // bytes in front of the character
+    QTest::addColumn<QByteArray>("character");
+    QTest::addColumn<int>("selected");
+    QTest::newRow("1 of 2 bytes") << 89'999 << QByteArray("\xC3\xA9") << 89'999;
+    QTest::newRow("2 of 2 bytes") << 89'998 << QByteArray("\xC3\xA9") << 90'000;
+    QTest::newRow("2 of 3 bytes") << 89'998 << QByteArray("\xE2\x82\xAC") << 89'998;
+    QTest::newRow("3 of 4 bytes") << 89'997 << QByteArray("\xF0\x9F\x98\x80") << 89'997;
+    QTest::newRow("1 byte of Western text") << 89'999 << QByteArray("\xE9") << 90'000;
+}
+
+/// What is typed over the selection leaves no half of a character behind it.
+void TestRegions::withoutMarkersWholeCharactersAreTaken()
+{
+    QFETCH(int, before);
+    QFETCH(QByteArray, character);
+    QFETCH(int, selected);
+    const MainWindow window;
+    const QByteArray text = QByteArray(before, 'x') + character + "rest";
+    window.web->RichTextBox1->setText(text);
+    const TextEncoding encoding = window.web->RichTextBox1->textEncoding();
+    take(window, QStringLiteral("CmdTitle"));
+    QCOMPARE(window.web->RichTextBox1->SelStart(), 0);
+    QCOMPARE(window.web->RichTextBox1->SelLength(), selected);
+    window.type(QStringLiteral("a"));
+    QCOMPARE(window.source(), "a" + text.sliced(selected));
+    QVERIFY(window.web->RichTextBox1->textEncoding() == encoding);
 }
 
 void TestRegions::closingMarkerGone_data()

@@ -10,6 +10,7 @@
 #include "colour/Fader5.h"
 #include "colour/FrmBody.h"
 #include "colour/FrmHR.h"
+#include "web/SurfaceScript.h"
 #include "web/WebEngine.h"
 #include "shell/FrmWord.h"
 #include "wizard/FrmBuild1.h"

@@ -148,6 +148,7 @@ private slots:
     void backForgets();
     void cancelAsks();
     void closeButtonCancels();
+    void goesWithPageOne();
     void escapeCancels();
 
     void styleButtons_data();
@@ -691,6 +692,17 @@ void TestFrmBuild2::closeButtonCancels()
     QVERIFY(!isLoaded<FrmBuild2>());
     QVERIFY(!isLoaded<FrmBuild1>());
     QCOMPARE(m_doors->asked, QStringList({CancelQuestion, CancelQuestion}));
+}
+
+/// Without page 1 there is nothing to make a page of.
+void TestFrmBuild2::goesWithPageOne()
+{
+    openPage2();
+    form<FrmBuild1>()->Show(); // as the toolbar's wand does
+    form<FrmBuild1>()->close();
+    QTRY_VERIFY(!isLoaded<FrmBuild1>());
+    QVERIFY(!isLoaded<FrmBuild2>());
+    QCOMPARE(source(), QString());
 }
 
 void TestFrmBuild2::cancelAsks()
