@@ -34,6 +34,30 @@ std::optional<size_t> documentStyle(RichTextBox& source)
     return std::nullopt;
 }
 
+/// The length of a UTF-8 text, in bytes, without the half of a character at its end.
+int lengthInWholeCharacters(const QByteArray& text)
+{
+    const auto goesOn = [](char byte) { return (byte & 0xC0) == 0x80; };
+    qsizetype last = text.size() - 1; // the first byte of the last character
+    while (last > 0 && goesOn(text[last]))
+        --last;
+    if (last < 0)
+        return 0;
+    const auto lead = static_cast<unsigned char>(text[last]);
+    const int wanted = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
+    return int(last + wanted <= text.size() ? text.size() : last);
+}
+
+/// Selects the beginning of the text; whole characters only, as what is put in its place must not leave half
+/// of one.
+void selectBeginning(RichTextBox& source)
+{
+    source.setSelStart(0);
+    source.setSelLength(WorkingSelection);
+    if (source.textEncoding() == TextEncoding::Utf8)
+        source.setSelLength(lengthInWholeCharacters(source.SelText()));
+}
+
 } // namespace
 
 void selectRegion(RichTextBox& source, Region region)
@@ -41,8 +65,7 @@ void selectRegion(RichTextBox& source, Region region)
     const QByteArray opening = markers(region).opening.toByteArray();
     const QByteArray closing = markers(region).closing.toByteArray();
     source.SetFocus();
-    source.setSelStart(0);
-    source.setSelLength(WorkingSelection);
+    selectBeginning(source);
     for (int start = source.Find(opening, 0); start >= 0; start = source.Find(opening, start + 1)) {
         const int end = source.Find(closing, start);
         const int inside = start + int(opening.size());

@@ -299,17 +299,7 @@ void RichTextBox::setSelLength(int length)
 {
     if (length < 0)
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-    const qsizetype start = innerSelection().start;
-    qsizetype end = toInner(selection().start + length);
-    while (end > start && end < innerLength() && isInsideCharacter(end))
-        --end;
-    selectInner({start, end - start});
-}
-
-/// Whether a position of the component lies behind the first byte of a character.
-bool RichTextBox::isInsideCharacter(qsizetype position) const
-{
-    return (send(SCI_GETCHARAT, position) & 0xC0) == 0x80;
+    select({selection().start, length});
 }
 
 void RichTextBox::setSelColor(int color)

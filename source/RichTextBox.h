@@ -55,9 +55,8 @@ public:
     /// Puts the caret there and selects nothing; the position is brought into the text.
     void setSelStart(int position);
     int SelLength() const;
-    /// Selects so many bytes from `SelStart` on, at most to the end of the text, and whole characters only:
-    /// what is put in their place must not leave half of one. Throws RuntimeError(InvalidPropertyValue) for a
-    /// negative length.
+    /// Selects so many bytes from `SelStart` on, at most to the end of the text. Throws
+    /// RuntimeError(InvalidPropertyValue) for a negative length.
     void setSelLength(int length);
 
     /// Colours the selected text with a colour number (0x00BBGGRR). Colours are no part of the text: they
@@ -163,7 +162,6 @@ private:
     void selectInner(Range range);
     void replaceInner(Range range, const QByteArray& text);
     void setEncoding(TextEncoding encoding);
-    bool isInsideCharacter(qsizetype position) const;
     void scrollToCaretSoon();
     void scrollToCaret();
 

@@ -17,6 +17,11 @@
 
 DocumentSurface::DocumentSurface(QWidget* parent) : WrittenPage(WebPage::Kind::Document, parent) {}
 
+DocumentSurface::~DocumentSurface()
+{
+    endView();
+}
+
 void DocumentSurface::setDesignMode(DesignMode mode)
 {
     if (mode == designMode())

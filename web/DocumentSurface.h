@@ -19,6 +19,7 @@ class DocumentSurface : public WrittenPage
 
 public:
     explicit DocumentSurface(QWidget* parent = nullptr);
+    ~DocumentSurface() override;
 
     /// Off at first. A change keeps the document. Throws SurfaceLost.
     void setDesignMode(DesignMode mode);

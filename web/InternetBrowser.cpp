@@ -27,6 +27,11 @@ QUrl addressOf(const QString& text)
 
 InternetBrowser::InternetBrowser(QWidget* parent) : WebControl(WebPage::Kind::Internet, parent) {}
 
+InternetBrowser::~InternetBrowser()
+{
+    endView();
+}
+
 void InternetBrowser::viewMade()
 {
     connect(page(), &QWebEnginePage::loadProgress, this, [this](int percent) {

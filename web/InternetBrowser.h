@@ -12,6 +12,7 @@ class InternetBrowser : public WebControl
 
 public:
     explicit InternetBrowser(QWidget* parent = nullptr);
+    ~InternetBrowser() override;
 
     /// Begins to load a page. What a person types for an address will do; one without a scheme gets http. An
     /// empty text or "about:blank" gives the empty page. What is no address, or may not be shown, is told in

@@ -20,6 +20,11 @@ Sample::Sample(QWidget* parent) : WrittenPage(WebPage::Kind::Sample, parent)
     connect(&m_writeTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { writeNext(); }); });
 }
 
+Sample::~Sample()
+{
+    endView();
+}
+
 void Sample::setDesignMode(DesignMode mode)
 {
     if (mode == designMode())

@@ -9,6 +9,7 @@ class Sample : public WrittenPage
 
 public:
     explicit Sample(QWidget* parent = nullptr);
+    ~Sample() override;
 
     /// Off at first. With design mode the user may type into it; the next page takes that away.
     void setDesignMode(DesignMode mode);

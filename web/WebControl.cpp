@@ -49,10 +49,9 @@ WebControl::WebControl(WebPage::Kind kind, QWidget* parent) : QWidget(parent), m
     connect(&m_returnTimer, &QTimer::timeout, this, &WebControl::passOnReturnedKeys);
 }
 
-// Before the base class goes: the page's last signals must still find a whole control.
 WebControl::~WebControl()
 {
-    delete m_view;
+    Q_ASSERT(!m_view);
 }
 
 // ---- The view --------------------------------------------------------------------------------------------
@@ -90,6 +89,13 @@ void WebControl::makeView()
         tellStatus(sentence);
     });
     viewMade();
+}
+
+void WebControl::endView()
+{
+    delete m_view; // its page answers all that is still asked
+    m_view = nullptr;
+    m_page = nullptr;
 }
 
 qint64 WebControl::rendererPid() const

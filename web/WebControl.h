@@ -85,6 +85,9 @@ protected:
 
     /// Makes the view where there is none yet.
     void makeView();
+    /// Takes the view down. The destructor of each class of which controls are made calls it: the page's last
+    /// signals and answers must still find a whole control.
+    void endView();
     /// The view has just been made.
     virtual void viewMade() {}
     /// The page in the view; null before the view was made.
