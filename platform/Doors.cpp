@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QColorDialog>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileDialog>
@@ -16,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStandardPaths>
 #include <algorithm>
 #include <cstdlib>
@@ -102,6 +104,78 @@ QString suffixOf(const QString& nameFilter)
     return dot < 0 ? QString() : nameFilter.mid(dot + 2).chopped(1);
 }
 
+/// A dialog for one file. A name means the file of that name; the suffix of the chosen filter is for a name
+/// that there is no file of.
+class FileDialog : public QFileDialog
+{
+public:
+    /// Opens in `folder` and proposes `dialog`'s name, which may be a pattern such as "*.htm".
+    FileDialog(const CommonDialog& dialog, AcceptMode mode, const QString& folder)
+        : QFileDialog(frontWindow(), dialog.DialogTitle, folder, QString())
+    {
+        setAcceptMode(mode);
+        setFileMode(mode == AcceptOpen ? ExistingFile : AnyFile);
+        setOption(DontConfirmOverwrite); // the program asks in its own words
+        setNameFilters(::nameFilters(dialog.Filter));
+        m_name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); // not in the desktop's own dialogs
+        if (!isPattern(dialog.FileName)) {
+            selectFile(dialog.FileName);
+        } else if (m_name) {
+            m_name->setText(dialog.FileName);
+            m_name->selectAll();
+        }
+        suitSuffix();
+        connect(this, &QFileDialog::filterSelected, this, &FileDialog::suitSuffix);
+        if (m_name) {
+            // Before the toolkit looks for the file.
+            connect(m_name, &QLineEdit::textEdited, this, &FileDialog::suitSuffix);
+            connect(m_name, &QLineEdit::textChanged, this, &FileDialog::enableTaker);
+        }
+    }
+
+protected:
+    /// A pattern chooses its filter, and is no name.
+    void accept() override
+    {
+        suitSuffix(); // the folder may be another than when the name was typed
+        if (!m_name || !isPattern(m_name->text()) || namesFile()) {
+            QFileDialog::accept();
+            return;
+        }
+        const QStringList meant = nameFilters().filter(u'(' + m_name->text() + u')', Qt::CaseInsensitive);
+        if (!meant.isEmpty())
+            selectNameFilter(meant.first());
+        m_name->selectAll();
+    }
+
+private:
+    static bool isPattern(const QString& name) { return name.startsWith(QLatin1String("*.")); }
+
+    /// Whether the field holds the name of a file, or of a folder to look into.
+    bool namesFile() const
+    {
+        const QFileInfo named(directory().filePath(m_name->text()));
+        return !m_name->text().isEmpty() && (acceptMode() == AcceptOpen ? named.exists() : named.isFile());
+    }
+
+    void suitSuffix()
+    {
+        const bool asItStands = m_name ? namesFile() : acceptMode() == AcceptOpen;
+        setDefaultSuffix(asItStands ? QString() : suffixOf(selectedNameFilter()));
+    }
+
+    /// The toolkit's button knows no file that the filter hides.
+    void enableTaker()
+    {
+        const auto* buttons = findChild<QDialogButtonBox*>();
+        if (buttons && namesFile())
+            buttons->button(acceptMode() == AcceptOpen ? QDialogButtonBox::Open : QDialogButtonBox::Save)
+                ->setEnabled(true);
+    }
+
+    QLineEdit* m_name = nullptr;
+};
+
 /// The user's documents, or the home folder where there is no such place.
 QString startFolder()
 {
@@ -151,22 +225,9 @@ public:
         return box.textValue();
     }
 
-    bool openDialog(CommonDialog& dialog) override
-    {
-        QFileDialog box(frontWindow(), dialog.DialogTitle, m_folder, QString());
-        box.setAcceptMode(QFileDialog::AcceptOpen);
-        box.setFileMode(QFileDialog::ExistingFile);
-        return runFileDialog(box, dialog);
-    }
+    bool openDialog(CommonDialog& dialog) override { return runFileDialog(dialog, QFileDialog::AcceptOpen); }
 
-    bool saveDialog(CommonDialog& dialog) override
-    {
-        QFileDialog box(frontWindow(), dialog.DialogTitle, m_folder, QString());
-        box.setAcceptMode(QFileDialog::AcceptSave);
-        box.setFileMode(QFileDialog::AnyFile);
-        box.setOption(QFileDialog::DontConfirmOverwrite); // the program asks in its own words
-        return runFileDialog(box, dialog);
-    }
+    bool saveDialog(CommonDialog& dialog) override { return runFileDialog(dialog, QFileDialog::AcceptSave); }
 
     bool colorDialog(CommonDialog& dialog) override
     {
@@ -220,14 +281,9 @@ public:
     void endNow(int exitCode) override { std::_Exit(exitCode); }
 
 private:
-    bool runFileDialog(QFileDialog& box, CommonDialog& dialog)
+    bool runFileDialog(CommonDialog& dialog, QFileDialog::AcceptMode mode)
     {
-        box.setNameFilters(nameFilters(dialog.Filter));
-        box.setDefaultSuffix(suffixOf(box.selectedNameFilter()));
-        QObject::connect(&box, &QFileDialog::filterSelected, &box,
-                         [&box](const QString& filter) { box.setDefaultSuffix(suffixOf(filter)); });
-        if (!dialog.FileName.contains(u'*')) // "*.htm" proposes a filter, not a name
-            box.selectFile(dialog.FileName);
+        FileDialog box(dialog, mode, m_folder);
         if (runInFront(box) != QDialog::Accepted || box.selectedFiles().isEmpty())
             return false;
         const QFileInfo chosen(box.selectedFiles().constFirst());

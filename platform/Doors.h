@@ -25,7 +25,8 @@ public:
     bool CancelError = false;
 
     QString DialogTitle;
-    /// In: the name to propose. Out: the chosen file's full path.
+    /// In: the name to propose, or a pattern such as "*.htm". Out: the chosen file's full path. The suffix of
+    /// the filter is added to a name that was typed without one, unless there is a file of just that name.
     QString FileName;
     /// Out: the chosen file's bare name.
     QString FileTitle;
