@@ -3,6 +3,8 @@
 #include "Tool.h"
 #include "colour/FrmFonts.h"
 
+#include <functional>
+
 /// Where the two list builders have other names for the same thing.
 template <typename F>
 struct ListNames
@@ -40,6 +42,16 @@ public:
         return Clipboard::GetText();
     }
 
+    /// Rows of a test: what goes out as it was typed.
+    static void words()
+    {
+        QTest::addColumn<QString>("word");
+        QTest::newRow("blank") << " ";
+        QTest::newRow("HTML") << "<B>x</B> & \"y\"";
+        QTest::newRow("emoji") << QStringLiteral("\U0001F600");
+        QTest::newRow("long") << QString(40'000, u'x');
+    }
+
     void addsInPlaceOfTheSelection(const QString& fragment)
     {
         Tool<F>::addsInPlaceOfTheSelection(tool->*m_names.toEditor, fragment);
@@ -55,8 +67,8 @@ public:
     void asksBeforeItClears()
     {
         press(m_names.clear); // nothing to clear, nothing asked
-        add("a");
-        QTRY_VERIFY(this->settledSample().contains(u'a'));
+        add("Visa");
+        QVERIFY(this->settledSample().contains(QStringLiteral("Visa")));
         for (const MsgAnswer answer : {MsgAnswer::No, MsgAnswer::Yes}) {
             this->doors.answerMsgBox(answer);
             press(m_names.clear);

@@ -45,7 +45,8 @@ private slots:
     void texts();
     void adds();
     void enterAdds();
-    void longWord();
+    void wordsAsTyped_data();
+    void wordsAsTyped();
     void refusesNoWord();
     void kindsFollowAtOnce();
     void colorFollowsADrag();
@@ -72,6 +73,7 @@ void TestFrmList::chooses()
     choose->Show();
     QCOMPARE(plain(choose->Command1), QStringLiteral("List Properties"));
     QCOMPARE(plain(choose->Command2), QStringLiteral("List Special Character Properties"));
+    QVERIFY(choose->Command1->isDefault() && !choose->Command2->isDefault());
     click(choose->Command1);
     QVERIFY(!isLoaded<FrmListChoose>());
     QVERIFY(form<FrmList>()->isVisible());
@@ -147,13 +149,20 @@ void TestFrmList::enterAdds()
     QCOMPARE(window.tool->List1->ListCount(), 2);
 }
 
-void TestFrmList::longWord()
+void TestFrmList::wordsAsTyped_data()
 {
+    List::words();
+}
+
+void TestFrmList::wordsAsTyped()
+{
+    QFETCH(QString, word);
     const List window;
-    const QString word(40'000, u'x');
     window.tool->Text1->setText(word);
-    click(window.tool->Command1);
-    QVERIFY(window.copied().contains(u'>' + word + QStringLiteral("</Font>")));
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QCOMPARE(entries(*window.tool->List1), QStringList{word});
+    QCOMPARE(window.copied(), QStringLiteral("<Font color=#000000><ul>\r\n") +
+                                  QString(Visa).replace(QStringLiteral("Visa"), word) + End);
 }
 
 void TestFrmList::refusesNoWord()
@@ -227,12 +236,14 @@ void TestFrmList::fontOfTheNextWord()
     click(fonts->chkBold);
     click(fonts->chkUnderline);
     fonts->RedG->setValue(255);
+    step(window.tool->BlueA);
     click(fonts->Command1);
     QVERIFY(!isLoaded<FrmFonts>());
+    // No refresh: the color waits for one.
     QCOMPARE(window.copied(), QStringLiteral("<Font color=#000000><ul>\r\n") + Visa + End);
     window.add("Visa");
     QCOMPARE(window.copied(),
-             QStringLiteral("<Font color=#000000><ul>\r\n") + Visa +
+             QStringLiteral("<Font color=#000001><ul>\r\n") + Visa +
                  QStringLiteral(
                      "<li><B><U><Font face=Comic Sans MS size=7 color=#FF0000>Visa</Font></B></U>\r\n") +
                  End);
@@ -323,6 +334,7 @@ void TestFrmList::clicksSelectNothing()
     for (const Qt::MouseButton button : {Qt::LeftButton, Qt::MiddleButton, Qt::RightButton}) {
         QTest::mouseClick(list->viewport(), button, {}, list->visualItemRect(list->item(0)).center());
         QCOMPARE(list->ListIndex(), -1);
+        QCOMPARE(window.tool->Text1->text(), QString());
     }
     list->setListIndex(0);
     QTest::mouseClick(window.tool->Text1, Qt::RightButton); // asks for the menu alone

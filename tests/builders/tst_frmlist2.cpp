@@ -74,7 +74,8 @@ private slots:
     void texts();
     void adds();
     void emptyWord();
-    void longWords();
+    void wordsAsTyped_data();
+    void wordsAsTyped();
     void lookIsForAllLines();
     void sizes_data();
     void sizes();
@@ -168,16 +169,23 @@ void TestFrmList2::emptyWord()
     QCOMPARE(window.tool->RTB1, line(""));
 }
 
-void TestFrmList2::longWords()
+void TestFrmList2::wordsAsTyped_data()
 {
+    List::words();
+}
+
+/// The title's too.
+void TestFrmList2::wordsAsTyped()
+{
+    QFETCH(QString, word);
     const List window;
-    const QString word(40'000, u'x');
     window.tool->TxtTitle->setText(word);
     tick(window.tool->Check1);
     window.tool->Text1->setText(word);
-    click(window.tool->Command3);
-    QCOMPARE(window.tool->RTB1.count(QStringLiteral("&nbsp;") + word + QStringLiteral("&nbsp;</FONT><BR>")),
-             2);
+    QTest::keyClick(window.tool->Text1, Qt::Key_Return);
+    QCOMPARE(entries(*window.tool->List1), QStringList{word});
+    const QString text = QStringLiteral("&nbsp;") + word + QStringLiteral("&nbsp;</FONT><BR>\r\n");
+    QCOMPARE(window.tool->RTB1, Font + text + Symbol + Font + text);
 }
 
 void TestFrmList2::lookIsForAllLines()

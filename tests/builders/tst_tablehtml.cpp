@@ -63,6 +63,8 @@ private slots:
     void readsItsOwnCells_data();
     void readsItsOwnCells();
     void twelveComesBackAsNormal();
+    void readsAlignments_data();
+    void readsAlignments();
     void wordsDoNoHarm_data();
     void wordsDoNoHarm();
     void closedStyles();
@@ -326,6 +328,32 @@ void TestTableHtml::twelveComesBackAsNormal()
         style.size = QLatin1String(html);
         QCOMPARE(readBack(cellOpen(style, White, false)).Combo6, QLatin1String(text));
     }
+}
+
+void TestTableHtml::readsAlignments_data()
+{
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<std::optional<TableAlign>>("align");
+    const auto row = [](const char* word, std::optional<TableAlign> align) {
+        QTest::newRow(word) << QString::fromLatin1(word) << align;
+    };
+    row("left", TableAlign::Left);
+    row("Left", TableAlign::Left);
+    row("center", TableAlign::Center);
+    row("Center", TableAlign::Center);
+    row("right", TableAlign::Right);
+    row("Right", TableAlign::Right);
+    row("LEFT", std::nullopt);
+    row("justify", std::nullopt);
+}
+
+void TestTableHtml::readsAlignments()
+{
+    QFETCH(QString, word);
+    QFETCH(std::optional<TableAlign>, align);
+    const QString cell =
+        QString(Plain).replace(QStringLiteral("align=Left"), QStringLiteral("align=") + word);
+    QVERIFY(readBack(cell).align == align);
 }
 
 void TestTableHtml::wordsDoNoHarm_data()
