@@ -73,7 +73,13 @@ void WebServer::hang(const QString& path)
 
 void WebServer::cut(const QString& path)
 {
-    answer(path, header("200 OK", 100'000) + "<p>the beginning");
+    m_paths.insert(path, {.response = header("200 OK", 100'000) + "<p>the beginning", .closes = false});
+}
+
+void WebServer::closeAll()
+{
+    for (QTcpSocket* socket : m_server->findChildren<QTcpSocket*>())
+        socket->disconnectFromHost();
 }
 
 void WebServer::stream(const QString& path, qint64 bytes)

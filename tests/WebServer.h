@@ -24,8 +24,10 @@ public:
     void redirect(const QString& path, const QString& target);
     /// Never answers.
     void hang(const QString& path);
-    /// Promises more than it sends, and closes.
+    /// Promises more than it sends.
     void cut(const QString& path);
+    /// Closes all connections.
+    void closeAll();
     /// Sends a page in pieces as fast as they are taken, so many bytes at most.
     void stream(const QString& path, qint64 bytes);
 

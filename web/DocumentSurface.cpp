@@ -61,6 +61,7 @@ void DocumentSurface::showDocument()
 QString DocumentSurface::innerHtml()
 {
     makeDocument();
+    waitForKeys();
     const Answer html = call(QStringLiteral("innerHtml(") + literal(scriptsRun()) + u')');
     if (!html.value || html.value->typeId() != QMetaType::QString) {
         lossIsTold();
@@ -114,6 +115,8 @@ void DocumentSurface::arrived()
 bool DocumentSurface::succeeds(const QString& function)
 {
     makeDocument();
+    waitForCaret();
+    waitForKeys();
     return call(function).isTrue();
 }
 
@@ -132,6 +135,7 @@ bool DocumentSurface::execCommand(const QString& id, const QString& value)
 bool DocumentSurface::copySelection()
 {
     makeDocument();
+    waitForKeys();
     const QVariantList selection = call(QStringLiteral("selection()")).value.value_or(QVariant()).toList();
     if (selection.size() != 2 || selection.at(1).toString().isEmpty())
         return false;
@@ -180,6 +184,7 @@ void DocumentSurface::insertSoon(const QMimeData& dropped, QPoint place)
 QString DocumentSurface::currentLink()
 {
     makeDocument();
+    waitForKeys();
     return call(QStringLiteral("link()")).value.value_or(QVariant()).toString();
 }
 

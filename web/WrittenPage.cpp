@@ -3,6 +3,7 @@
 #include "web/SurfaceScript.h"
 #include "web/WebEngine.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -21,6 +22,12 @@ constexpr int CaretPause = 30;
 
 /// How long a page may take to set its caret before it is asked again, in milliseconds.
 constexpr int CaretLimit = 2000;
+
+/// How long keys may be on their way to the page, in milliseconds.
+constexpr int KeysLimit = 250;
+
+/// A key that no page has a use for: it comes back when the page has had all keys before it.
+constexpr Qt::Key LastKey = Qt::Key_F24;
 
 } // namespace
 
@@ -213,10 +220,50 @@ void WrittenPage::sendHeldKeys()
 
 bool WrittenPage::takesOver(const QKeyEvent& key)
 {
-    if (!m_deaf)
-        return WebControl::takesOver(key);
-    m_heldKeys.hold(key);
-    return true;
+    if (m_keysAreThere)
+        return false;
+    if (m_deaf) {
+        m_heldKeys.hold(key);
+        return true;
+    }
+    const bool taken = WebControl::takesOver(key);
+    if (!taken && key.type() == QEvent::KeyPress)
+        m_typed = true;
+    return taken;
+}
+
+void WrittenPage::waitForCaret()
+{
+    const QDeadlineTimer deadline(CaretLimit);
+    while (m_caretTries > 0 && !isLost() && engineListens() && !deadline.hasExpired()) {
+        if (const QWidget* input = inputWidget(); !input || !input->hasFocus())
+            return;
+        QEventLoop loop;
+        wait(loop, CaretPause);
+    }
+}
+
+/// Keys and questions take two ways to the page, of which either may be the faster one.
+void WrittenPage::waitForKeys()
+{
+    QWidget* input = inputWidget();
+    if (!m_typed || m_keysAreThere || !input || !input->isVisible() || isLost() || !engineListens())
+        return; // the engine gives no keys to a page that is out of sight
+    QEventLoop loop;
+    m_keysAreThere = &loop;
+    QKeyEvent last(QEvent::KeyPress, LastKey, Qt::NoModifier);
+    QCoreApplication::sendEvent(input, &last);
+    m_typed = false;
+    wait(loop, KeysLimit);
+}
+
+void WrittenPage::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == LastKey && m_keysAreThere) {
+        m_keysAreThere->quit();
+    } else {
+        WebControl::keyPressEvent(event);
+    }
 }
 
 bool WrittenPage::isTab(const QKeyEvent& key)

@@ -2,6 +2,8 @@
 
 #include "web/WebControl.h"
 
+#include <QPointer>
+
 /// Whether a document can be edited. On a design surface and in a sample no script of the page runs;
 /// elsewhere they do.
 enum class DesignMode { Off, On };
@@ -38,6 +40,11 @@ protected:
     void reveal();
     /// Lays it out now if that is still to come.
     void revealSoonest();
+    /// Waits, for a while, until the page has all that was typed: what is asked of it next comes behind that.
+    void waitForKeys();
+    /// Waits, for a while, until the caret is no more to be set anew: what a command sets at it, such as
+    /// bold, would go with it.
+    void waitForCaret();
     /// Whether a key moves the focus in windows.
     static bool isTab(const QKeyEvent& key);
     /// Moves the focus on, or back with Shift.
@@ -48,6 +55,7 @@ protected:
     bool takesOver(const QKeyEvent& key) override;
     void focusCame() override;
     void showEvent(QShowEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
 private:
     bool runsScripts(DesignMode mode) const;
@@ -65,6 +73,8 @@ private:
     QTimer m_revealTimer;
     QTimer m_caretTimer;
     int m_caretTries = 0;
-    bool m_deaf = false; // letters typed now would be lost: the caret is yet to be set
-    KeyQueue m_heldKeys; // typed meanwhile
+    bool m_deaf = false;  // letters typed now would be lost: the caret is yet to be set
+    KeyQueue m_heldKeys;  // typed meanwhile
+    bool m_typed = false; // something that the page may not have yet
+    QPointer<QEventLoop> m_keysAreThere;
 };

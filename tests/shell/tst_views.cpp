@@ -3,10 +3,10 @@
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "forms/Wait.h"
-#include "source/RichTextBox.h"
-#include "web/DocumentSurface.h"
 #include "shell/FindBar.h"
 #include "shell/FrmWeb.h"
+#include "source/RichTextBox.h"
+#include "web/DocumentSurface.h"
 
 #include <QElapsedTimer>
 #include <QLabel>
@@ -180,6 +180,7 @@ private slots:
     void typingOnTheSurface();
     void typingRightAfterAChangeToThePreview_data();
     void typingRightAfterAChangeToThePreview();
+    void boldRightAfterAChangeToThePreview();
     void arrowKeysWalkOverTheTabs();
     void typingGoesOn_data();
     void typingGoesOn();
@@ -493,6 +494,20 @@ void TestViews::typingRightAfterAChangeToThePreview()
         QVERIFY2(desk.box->Text().contains('c'), "the source box has the keyboard");
     }
     QVERIFY(desk.web->Option1->Value());
+}
+
+void TestViews::boldRightAfterAChangeToThePreview()
+{
+    Desk desk;
+    desk.waitForKeyboard();
+    for (int visit = 0; visit < 5; ++visit) {
+        desk.box->setText("<p>word");
+        desk.goTo(Preview);
+        desk.press(desk.web->Command1);
+        desk.type("ab");
+        QTRY_COMPARE(desk.body(), QStringLiteral("\r\n<P><B>ab</B>word</P>"));
+        desk.goTo(Editor);
+    }
 }
 
 void TestViews::arrowKeysWalkOverTheTabs()
@@ -1397,7 +1412,8 @@ void TestViews::enterInTheFontListNavigates()
     const QSignalSpy finished(desk.surface, &DocumentSurface::navigationFinished);
     QCOMPARE(desk.web->Combo1->Text(), QStringLiteral("Arial"));
     QTest::keyClick(desk.web->Combo1->lineEdit(), Qt::Key_Return);
-    QCOMPARE(desk.surface->findChild<QWebEnginePage*>()->requestedUrl(), QUrl(QStringLiteral("http://arial/")));
+    QCOMPARE(desk.surface->findChild<QWebEnginePage*>()->requestedUrl(),
+             QUrl(QStringLiteral("http://arial/")));
     QTRY_COMPARE_WITH_TIMEOUT(finished.count(), 1, Patience); // with no page of that name: with the engine's
     QVERIFY(!desk.surface->innerHtml().contains(QStringLiteral("Lamp")));
     QCOMPARE(desk.web->Combo1->Text(), QStringLiteral("Arial"));
@@ -1517,8 +1533,7 @@ void TestViews::findByButton()
         connect(qApp, &QApplication::focusChanged, &listening,
                 [&](QWidget*, QWidget* now) { visited << now; });
         desk.press(9);
-        const auto* bar =
-            desk.web->findChild<FindBar*>(shown->objectName() + QStringLiteral("FindBar"));
+        const auto* bar = desk.web->findChild<FindBar*>(shown->objectName() + QStringLiteral("FindBar"));
         QTRY_VERIFY(bar->isVisible());
         QCOMPARE(visited, (QList<QWidget*>{shown->inputWidget(), bar->findChild<QLineEdit*>()}));
     }
@@ -1647,8 +1662,9 @@ void TestViews::rendererDiesAtTheSaveQuestion()
     desk.script.answerMsgBox(MsgAnswer::Yes);
     desk.script.answerMsgBox(MsgAnswer::Ok);
     operation(desk);
-    const QString question = QStringLiteral("MsgBox|Brindlemark|page.htm - File has changed. Do you wish to save "
-                                            "changes ?|Information|YesNoCancel");
+    const QString question =
+        QStringLiteral("MsgBox|Brindlemark|page.htm - File has changed. Do you wish to save "
+                       "changes ?|Information|YesNoCancel");
     QCOMPARE(desk.script.asked.size(), 2);
     QCOMPARE(desk.script.asked.at(0), question);
     QVERIFY(isNotice(desk.script.asked.at(1)));

@@ -52,6 +52,7 @@ void TestSerialise::initTestCase()
     m_surface = std::make_unique<DocumentSurface>();
     m_surface->setDesignMode(DesignMode::On);
     m_surface->setPatience(60000); // the checks run for seconds
+    QVERIFY(m_surface->write(QStringLiteral("<p>"))); // there is a page to run them in
 }
 
 void TestSerialise::prints_data()
