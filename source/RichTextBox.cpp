@@ -273,10 +273,8 @@ void RichTextBox::setSelText(const QByteArray& text)
     const QByteArray inserted = m_map.toInner(text);
     const bool same =
         inserted.size() == replaced.length && innerText().sliced(replaced.start, replaced.length) == inserted;
-    if (!same) {
-        UndoGroup group(this);
+    if (!same)
         replaceInner(replaced, inserted);
-    }
     selectInner({replaced.start + inserted.size(), 0});
 }
 

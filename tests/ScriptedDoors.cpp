@@ -253,4 +253,5 @@ void ScriptedDoors::end(int exitCode)
 void ScriptedDoors::endNow(int exitCode)
 {
     ended = exitCode;
+    endedAtOnce = true;
 }

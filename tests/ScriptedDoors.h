@@ -43,6 +43,8 @@ public:
     int beeps = 0;
     /// The exit code, once the program has ended.
     std::optional<int> ended;
+    /// Whether that was the end of a program that may not go on.
+    bool endedAtOnce = false;
 
     MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon, MsgButtons buttons) override;
     std::optional<QString> inputBox(const QString& prompt, const QString& title,

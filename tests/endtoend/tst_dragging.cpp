@@ -1,7 +1,7 @@
 #include "Hand.h"
 #include "MainWindow.h"
-#include "Widgets.h"
 #include "WebTestMain.h"
+#include "Widgets.h"
 
 #include <QDropEvent>
 #include <QRegularExpression>
@@ -441,6 +441,15 @@ void TestDragging::textMovesWithItsColors()
     QCOMPARE(box->SelText(), QByteArray("123"));
     stage.undo();
     QCOMPARE(stage.source(), QByteArray("0123456789"));
+
+    box->setSelStart(2); // into itself: stays, and is no step
+    box->setSelLength(5);
+    stage.web->Dirty = false;
+    stage.dragText(3, 5);
+    QTest::keyClick(box, Qt::Key_Right, Qt::ShiftModifier); // comes behind the drop
+    QCOMPARE(box->SelText(), QByteArray("234567"));
+    QCOMPARE(stage.source(), QByteArray("0123456789"));
+    QVERIFY(!stage.web->Dirty);
 }
 
 WEB_TEST_MAIN(TestDragging)

@@ -2,9 +2,9 @@
 #include "forms/ComboBox.h"
 #include "forms/ListBox.h"
 #include "forms/OptionButton.h"
-#include "platform/RuntimeError.h"
 #include "forms/SSTab.h"
 #include "forms/ScrollBar.h"
+#include "platform/RuntimeError.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>
@@ -1201,6 +1201,11 @@ void TestControls::comboCleared()
     QCOMPARE(choice.box.Text(), QString());
     QCOMPARE(choice.box.List(0), QString());
     QCOMPARE(choice.log.take(), QString());
+
+    Choice typed(true); // a text of nobody's list goes too
+    QTest::keyClicks(typed.box.lineEdit(), QStringLiteral("typed"));
+    typed.box.Clear();
+    QCOMPARE(typed.box.Text(), QString());
 }
 
 // --- tabs
@@ -1301,6 +1306,14 @@ void TestControls::accessibleRoles()
     QCOMPARE(role(&bar), QAccessible::Slider);
     QCOMPARE(role(&check), QAccessible::CheckBox);
     QCOMPARE(role(&option), QAccessible::RadioButton);
+
+    combo.setEditable(true); // the list, then the field
+    QAccessibleInterface* face = QAccessible::queryAccessibleInterface(&combo);
+    QCOMPARE(face->childCount(), 2);
+    QCOMPARE(face->child(0)->role(), QAccessible::List);
+    QCOMPARE(face->child(1)->role(), QAccessible::EditableText);
+    for (int i = 0; i < 2; ++i)
+        QCOMPARE(face->indexOfChild(face->child(i)), i);
 }
 
 QTEST_MAIN(TestControls)

@@ -1,14 +1,17 @@
 #include "ScriptedDoors.h"
-#include "platform/Events.h"
 #include "forms/Form.h"
+#include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
 #include <QAbstractItemView>
+#include <QCheckBox>
 #include <QCompleter>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
+#include <new>
+#include <stdexcept>
 
 namespace {
 
@@ -28,14 +31,21 @@ public:
     QPushButton Command1{QStringLiteral("Go"), this};
     std::function<void()> click;
     bool refuse = false;
+    std::function<void()> asked;
 
     using Form::setCancelButton;
+    using Form::setDefaultButton;
 
     static inline int loads = 0;
     static inline bool failLoad = false;
 
 protected:
-    bool queryUnload() override { return !refuse; }
+    bool queryUnload() override
+    {
+        if (asked)
+            asked();
+        return !refuse;
+    }
 
 private:
     void Command1_Click()
@@ -59,8 +69,13 @@ private slots:
     void formUnloadedWhileItsHandlerServesEventsLivesOn();
     void failedLoadLeavesNoInstance();
     void closeButtonAsksToo();
+    void closingWhileItAsksAsksNothing();
+    void enterIsForTheButtonInHand();
     void escapeIsForWhatIsOpenFirst();
     void untrappedErrorEndsTheProgram();
+    void otherErrorsEndItToo_data();
+    void otherErrorsEndItToo();
+    void secondErrorIsSilent();
     void fatalSaysWhereTheTextIsKept();
 };
 
@@ -174,6 +189,86 @@ void TestForms::escapeIsForWhatIsOpenFirst()
     QCOMPARE(cancelled, 1);
 }
 
+/// The close button is there to be pressed while a question stands.
+void TestForms::closingWhileItAsksAsksNothing()
+{
+    Sample* sample = form<Sample>();
+    sample->Show();
+    int questions = 0;
+    sample->asked = [&] {
+        if (++questions < 3)
+            sample->close();
+    };
+    sample->close();
+    QCOMPARE(questions, 1);
+    QVERIFY(!isLoaded<Sample>());
+}
+
+/// Enter presses a button that has the keyboard; a box leaves it to the window's own.
+void TestForms::enterIsForTheButtonInHand()
+{
+    Sample* sample = form<Sample>();
+    sample->setDefaultButton(&sample->Command1);
+    QPushButton other(QStringLiteral("Other"), sample);
+    QCheckBox box(QStringLiteral("Box"), sample);
+    int presses = 0;
+    int others = 0;
+    sample->click = [&] { ++presses; };
+    connect(&other, &QPushButton::clicked, sample, [&] { ++others; });
+    sample->Show();
+    QVERIFY(QTest::qWaitForWindowActive(sample));
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Return);
+    QCOMPARE(presses, 1);
+    QVERIFY(!box.isChecked());
+    other.setFocus();
+    QTest::keyClick(&other, Qt::Key_Enter);
+    QCOMPARE(others, 1);
+    QCOMPARE(presses, 1);
+}
+
+void TestForms::otherErrorsEndItToo_data()
+{
+    QTest::addColumn<std::function<void()>>("fail");
+    QTest::addColumn<QString>("told");
+    QTest::newRow("no memory") << std::function<void()>([] { throw std::bad_alloc(); })
+                               << QStringLiteral("Run-time error '6':\n\nOut of memory");
+    QTest::newRow("of a library") << std::function<void()>([] { throw std::runtime_error("The sky fell"); })
+                                  << QStringLiteral("Run-time error '5':\n\nThe sky fell");
+}
+
+void TestForms::otherErrorsEndItToo()
+{
+    QFETCH(std::function<void()>, fail);
+    QFETCH(QString, told);
+    ScriptedDoors script;
+    Sample* sample = form<Sample>();
+    sample->click = fail;
+    script.answerMsgBox(MsgAnswer::Ok);
+    QTest::mouseClick(&sample->Command1, Qt::LeftButton);
+    QCOMPARE(script.asked, QStringList{QStringLiteral("MsgBox|Brindlemark|%1|Stop|Ok").arg(told)});
+    QCOMPARE(script.ended, 1);
+}
+
+/// What fails while the program ends is neither told nor keeps the text again.
+void TestForms::secondErrorIsSilent()
+{
+    ScriptedDoors script;
+    int kept = 0;
+    keepOnFatal([&] {
+        ++kept;
+        return QString();
+    });
+    Sample* sample = form<Sample>();
+    sample->click = [] { throw RuntimeError(ErrorNumber::TypeMismatch); };
+    script.answerMsgBox(MsgAnswer::Ok);
+    script.during([] { guarded([] { throw RuntimeError(ErrorNumber::Overflow); }); });
+    QTest::mouseClick(&sample->Command1, Qt::LeftButton);
+    QCOMPARE(script.asked, QStringList{"MsgBox|Brindlemark|Run-time error '13':\n\nType mismatch|Stop|Ok"});
+    QCOMPARE(kept, 1);
+    QCOMPARE(script.ended, 1);
+}
+
 void TestForms::untrappedErrorEndsTheProgram()
 {
     ScriptedDoors script;
@@ -183,6 +278,7 @@ void TestForms::untrappedErrorEndsTheProgram()
     QTest::mouseClick(&sample->Command1, Qt::LeftButton);
     QCOMPARE(script.asked, QStringList{"MsgBox|Brindlemark|Run-time error '13':\n\nType mismatch|Stop|Ok"});
     QCOMPARE(script.ended, 1);
+    QVERIFY(script.endedAtOnce); // nothing more runs
 }
 
 void TestForms::fatalSaysWhereTheTextIsKept()

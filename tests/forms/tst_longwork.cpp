@@ -3,9 +3,11 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QProgressBar>
 #include <QTest>
+#include <QTimer>
 #include <stdexcept>
 
 namespace {
@@ -49,6 +51,7 @@ private slots:
     void errorTakesTheSignsAway();
     void userCloses();
     void eventsAreServed();
+    void eventsAreServedNowAndThen();
     void keyboardComesBack();
 };
 
@@ -131,8 +134,11 @@ void TestLongWork::innerWorkShowsNothingOfItsOwn()
             LongWork inner;
             inner.progress(0.5);
             QVERIFY(windowStands());
+            const QDeadlineTimer longAsWell(1200);
+            QTRY_VERIFY(longAsWell.hasExpired());
         }
         QVERIFY(windowStands());
+        QVERIFY(bar()->isVisible());
         QVERIFY(hourglassStands());
     }
     const LongWork next; // counts as the outermost again
@@ -172,6 +178,21 @@ void TestLongWork::eventsAreServed()
     QTest::qSleep(50);
     work.progress(0.1);
     QVERIFY(served);
+}
+
+/// Telling often costs nothing: between two looks at the events lie 50 ms.
+void TestLongWork::eventsAreServedNowAndThen()
+{
+    int served = 0;
+    QTimer always;
+    QObject::connect(&always, &QTimer::timeout, &always, [&] { ++served; });
+    always.start(0);
+    QElapsedTimer clock;
+    clock.start();
+    LongWork work;
+    for (int i = 0; i < 1000; ++i)
+        work.progress(i / 1000.0);
+    QVERIFY2(served <= clock.elapsed() / 50, qPrintable(QString::number(served)));
 }
 
 void TestLongWork::keyboardComesBack()

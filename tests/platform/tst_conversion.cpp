@@ -92,6 +92,7 @@ void TestConversion::integersOutOfRange()
     QFETCH(bool, fits32);
     QCOMPARE(errorOf([&] { toInteger16(text); }), 6);
     QCOMPARE(errorOf([&] { toInteger32(text); }), fits32 ? 0 : 6);
+    QCOMPARE(errorOf([&] { toDouble(text); }), text.endsWith(QStringLiteral("999")) ? 6 : 0);
 }
 
 void TestConversion::noNumbers_data()
@@ -121,6 +122,8 @@ void TestConversion::doubles_data()
     QTest::addColumn<double>("number");
     QTest::newRow("decimal") << "8.25" << 8.25;
     QTest::newRow("blanks") << "  -0.1 " << -0.1;
+    QTest::newRow("nothing before the point") << ".5" << 0.5;
+    QTest::newRow("nothing behind the point") << "-2." << -2.0;
     QTest::newRow("exponent") << "2.5e-3" << 0.0025;
     QTest::newRow("large") << "1e300" << 1e300;
     QTest::newRow("too small to tell from zero") << "1e-999" << 0.0;

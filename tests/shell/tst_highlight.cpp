@@ -418,12 +418,14 @@ void TestHighlight::waitWindow()
     QStringList texts;
     QString family;
     bool onTop = false;
+    bool leavesTheKeyboard = false;
     int width = 0;
     QTimer::singleShot(0, desk.web.get(), [&] {
         Wait* wait = form<Wait>();
         width = wait->width();
         caption = wait->windowTitle();
         onTop = wait->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+        leavesTheKeyboard = wait->testAttribute(Qt::WA_ShowWithoutActivating);
         for (const QLabel* label : wait->findChildren<QLabel*>()) {
             texts << label->text();
             family = label->font().family();
@@ -434,6 +436,7 @@ void TestHighlight::waitWindow()
     QCOMPARE(texts, QStringList{"Please wait. . ."});
     QCOMPARE(family, QStringLiteral("Comic Sans MS"));
     QVERIFY(onTop);
+    QVERIFY(leavesTheKeyboard);
     const QFontMetrics title(QFontDatabase::systemFont(QFontDatabase::TitleFont));
     constexpr int Beside = 100; // pixels for a symbol and three buttons
     QVERIFY2(width >= title.horizontalAdvance(caption) + Beside, qPrintable(QString::number(width)));

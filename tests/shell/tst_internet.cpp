@@ -283,6 +283,7 @@ void TestInternet::historyButtons()
     WebServer server;
     server.page(QStringLiteral("/a"), "first");
     server.page(QStringLiteral("/b"), "second");
+    server.page(QStringLiteral("/c"), "third");
     const InternetTab tab;
     tab.enter(server.url(QStringLiteral("/a")));
     QTRY_COMPARE(tab.text(), QStringLiteral("first"));
@@ -294,6 +295,10 @@ void TestInternet::historyButtons()
     QTRY_COMPARE(tab.text(), QStringLiteral("second"));
     server.page(QStringLiteral("/b"), "changed");
     tab.click(tab.web->Command20);
+    QTRY_COMPARE(tab.text(), QStringLiteral("changed"));
+    tab.enter(server.url(QStringLiteral("/c")));
+    QTRY_COMPARE(tab.text(), QStringLiteral("third"));
+    tab.click(tab.web->Command17); // one step only
     QTRY_COMPARE(tab.text(), QStringLiteral("changed"));
 }
 
@@ -361,11 +366,21 @@ void TestInternet::historyMenuOnOtherTabs()
 
 void TestInternet::nothingBehindOrBefore()
 {
+    WebServer server;
+    server.page(QStringLiteral("/a"), "first");
     const InternetTab tab;
+    QTRY_COMPARE(pageSource(tab), QStringLiteral("surface:blank <head></head><body></body>"));
+    const QSignalSpy finished(tab.web->WebBrowser2, &InternetBrowser::navigationFinished);
+    QSignalSpy status(tab.web->WebBrowser2, &InternetBrowser::statusTextChanged);
     for (QToolButton* button :
          {tab.web->Command17, tab.web->Command18, tab.web->Command19, tab.web->Command20})
         tab.click(button); // no message, no change
     QCOMPARE(tab.status(), QStringLiteral("Done"));
+    tab.enter(server.url(QStringLiteral("/a"))); // what the buttons began would be told by then
+    QTRY_COMPARE(tab.text(), QStringLiteral("first"));
+    QTRY_COMPARE(status.last().first().toString(), QStringLiteral("Done"));
+    QCOMPARE(finished.count(), 1);
+    QCOMPARE(status.count(), 2);
 }
 
 // ---- The Internet menu
@@ -606,7 +621,10 @@ void TestInternet::downloads()
 void TestInternet::windows()
 {
     WebServer server;
-    server.page(QStringLiteral("/opens"), "x<script>document.title = String(window.open('/other'))</script>");
+    server.page(QStringLiteral("/opens"),
+                "x<a target=_blank href=/other></a><form target=_blank action=/other></form><script>"
+                "document.links[0].click(); document.forms[0].submit();"
+                "document.title = String(window.open('/other'))</script>");
     server.page(
         QStringLiteral("/link"),
         "<body style='margin: 0'><a target=_blank href=/other style='display: block; height: 300px'>l</a>");

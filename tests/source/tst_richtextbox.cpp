@@ -1,7 +1,7 @@
 #include "ScriptedDoors.h"
 #include "platform/Events.h"
-#include "source/RichTextBox.h"
 #include "platform/RuntimeError.h"
+#include "source/RichTextBox.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -157,6 +157,7 @@ private slots:
     void undoGroupIsOneStep();
     void overtypingIsOneStepOfUndo_data();
     void overtypingIsOneStepOfUndo();
+    void overwritingUndoesLetterByLetter();
     void overtypingEnds_data();
     void overtypingEnds();
 
@@ -183,6 +184,8 @@ private slots:
     void coloursOfAnyRange();
     void coloursAreNoPartOfTheText();
     void look();
+    void selectionFollowsTheDesktop();
+    void selectionGrowsAtItsEnd();
     void caretShowsOnEveryBackground();
     void accessibleName();
 
@@ -404,6 +407,21 @@ void TestRichTextBox::overtypingEnds_data()
 }
 
 /// What is done next is a step of its own, and so is what is typed then.
+/// The Insert key has letters replace what stands behind the caret; each is a step of its own.
+void TestRichTextBox::overwritingUndoesLetterByLetter()
+{
+    Fixture f;
+    f.start("abcd");
+    QTest::keyClick(&f.box, Qt::Key_Insert);
+    f.type(QStringLiteral("x"));
+    f.type(QStringLiteral("y"));
+    QCOMPARE(f.box.Text(), QByteArray("xycd"));
+    f.box.undo();
+    QCOMPARE(f.box.Text(), QByteArray("xbcd"));
+    f.box.undo();
+    QCOMPARE(f.box.Text(), QByteArray("abcd"));
+}
+
 void TestRichTextBox::overtypingEnds()
 {
     QFETCH(std::function<void(Fixture&)>, next);
@@ -819,10 +837,43 @@ void TestRichTextBox::look()
     f.box.setTextFont(font);
     QCOMPARE(f.box.textFont(), font);
     QVERIFY(f.at(10).x() > narrow);
+    const QImage slanted = f.box.viewport()->grab().toImage();
+    font.setItalic(false);
+    f.box.setTextFont(font);
+    QVERIFY(f.box.viewport()->grab().toImage() != slanted);
     font.setPointSizeF(20);
     f.box.setTextFont(font);
     QVERIFY(f.at(10).x() > narrow * 3 / 2);
     QCOMPARE(f.box.BackColor(), 0x2010C0);
+
+    f.start(QByteArray("word ").repeated(100)); // goes on below
+    QVERIFY(f.at(499).y() > f.at(0).y());
+    QVERIFY(f.at(499).x() < f.box.viewport()->width());
+}
+
+/// What is selected has the desktop's colours, also when they change.
+void TestRichTextBox::selectionFollowsTheDesktop()
+{
+    Fixture f;
+    f.start("          x");
+    f.select(0, 10);
+    const QPoint blank = f.at(5) + QPoint(0, 2);
+    for (const QColor& color : {QColor(10, 200, 30), QColor(200, 10, 30)}) {
+        QPalette palette = f.box.palette();
+        palette.setColor(QPalette::Highlight, color);
+        f.box.setPalette(palette);
+        QTRY_COMPARE(f.box.viewport()->grab().toImage().pixelColor(blank), color);
+    }
+}
+
+/// The caret stands at the end of what was selected: there the selection grows.
+void TestRichTextBox::selectionGrowsAtItsEnd()
+{
+    Fixture f;
+    f.start("0123456789");
+    f.select(2, 3);
+    QTest::keyClick(&f.box, Qt::Key_Right, Qt::ShiftModifier);
+    QCOMPARE(f.box.SelText(), QByteArray("2345"));
 }
 
 void TestRichTextBox::caretShowsOnEveryBackground()
@@ -856,6 +907,9 @@ void TestRichTextBox::typing()
     f.start("");
     QTest::keyClicks(&f.box, QStringLiteral("ab"));
     QCOMPARE(f.told(), QStringLiteral("Change, Sel 1+0, KeyUp 41, Change, Sel 2+0, KeyUp 42"));
+    QKeyEvent held(QEvent::KeyRelease, Qt::Key_B, Qt::NoModifier, QStringLiteral("b"), true);
+    QApplication::sendEvent(&f.box, &held); // a key that is held down is not let go
+    QCOMPARE(f.told(), QString());
     QTest::keyClick(&f.box, Qt::Key_Return);
     QCOMPARE(f.box.Text(), QByteArray("ab\r\n"));
     QCOMPARE(f.told(), QStringLiteral("Change, Sel 4+0, KeyUp 1000004"));
@@ -1140,6 +1194,10 @@ void TestRichTextBox::contextMenuOffersWhatIsPossible()
     f.box.setSelLength(1);
     menu = openContextMenu(f.box);
     QCOMPARE(describe(*menu), QStringLiteral("Undo [Redo] - Cut Copy Paste Delete - Select All"));
+    menu->close();
+    f.box.setSelLength(0);
+    menu = openContextMenu(f.box);
+    QCOMPARE(describe(*menu), QStringLiteral("Undo [Redo] - [Cut] [Copy] Paste [Delete] - Select All"));
     menu->close();
 }
 

@@ -141,6 +141,8 @@ void TestTextSearch::overlappingMatches()
 {
     QCOMPARE(allMatches("aaaa", "Aa", Any), (QVector<TextMatch>{{0, 2}, {1, 2}, {2, 2}}));
     QCOMPARE(allMatches("aaaa", "aa", MatchCase), (QVector<TextMatch>{{0, 2}, {1, 2}, {2, 2}}));
+    // One that is refused as part of a word hides no other.
+    QCOMPARE(allMatches("ba a a", "a a", WholeWord), (QVector<TextMatch>{{3, 3}}));
 }
 
 /// Without letters that have two cases the search is a plain one.

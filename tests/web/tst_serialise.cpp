@@ -51,7 +51,7 @@ void TestSerialise::initTestCase()
 {
     m_surface = std::make_unique<DocumentSurface>();
     m_surface->setDesignMode(DesignMode::On);
-    m_surface->setPatience(60000); // the checks run for seconds
+    m_surface->setPatience(60000);                    // the checks run for seconds
     QVERIFY(m_surface->write(QStringLiteral("<p>"))); // there is a page to run them in
 }
 
@@ -73,6 +73,15 @@ void TestSerialise::prints_data()
            "<A href=\"?a=1&amp;b=&quot;2&quot;\" title=\"a&nbsp;b <c>\">x</A>");
     inBody("flags", "<td><input checked disabled=disabled value=''>",
            "<INPUT checked disabled=disabled value=\"\">");
+    inBody("all flags",
+           "<input checked compact declare defer disabled ismap multiple nohref noresize noshade nowrap "
+           "readonly "
+           "selected hidden>",
+           "<INPUT checked compact declare defer disabled ismap multiple nohref noresize noshade nowrap "
+           "readonly "
+           "selected hidden=\"\">");
+    inBody("values in quotes", "<b a=x.y-z_1# b=x:y c=x/y d=x%y e=x,y f=\u00e9>x</b>",
+           "<B a=x.y-z_1# b=\"x:y\" c=\"x/y\" d=\"x%y\" e=\"x,y\" f=\"\u00e9\">x</B>");
     inBody("entities in text", "a &lt;b&gt; &amp; c&nbsp;&copy; &#13;",
            "a &lt;b&gt; &amp; c&nbsp;\u00a9 &#13;");
     inBody("own line breaks stay, none comes twice", "one\ntwo<br>\n<p>three\n\n<p>four",

@@ -8,6 +8,7 @@
 #include "web/InternetBrowser.h"
 #include "web/Sample.h"
 #include "web/SurfaceScript.h"
+#include "web/WebEngine.h"
 
 #include <QAction>
 #include <QDropEvent>
@@ -152,6 +153,7 @@ class TestWebBrowser : public QObject
     Q_OBJECT
 
 private slots:
+    void faceOfPages();
     void blankSurface();
     void writeAndReadInOneBreath();
     void readsNothingWrongBeforeTheFirstWrite();
@@ -181,6 +183,7 @@ private slots:
     void rendererEndsBetween();
     void rendererEndsOnShow();
     void rendererEndsDuringRead();
+    void rendererEndsDuringAnothersRead();
     void rendererEndsDuringWrite();
     void endlessScript();
     void endlessTask();
@@ -192,6 +195,7 @@ private slots:
     void hiddenMethods();
     void picturesAreLoaded();
     void filesAreRefused();
+    void picturesOfFilesStaySecret();
     void drops_data();
     void drops();
     void dropOfTextOnADesignSurface();
@@ -208,6 +212,7 @@ private slots:
     void signsGoWithTheControl();
     void severalAtOnce();
     void samplesShowTheLastPage();
+    void samplesGivenMeanwhileAreShown();
     void samplesRunNoScripts();
     void samplesSurviveTheirRenderer();
     void samplesComeBack();
@@ -216,6 +221,14 @@ private slots:
     void deletedSample();
     void formUnloadedWhileWaiting();
 };
+
+/// A page that names no face has the one that every Debian has, as the pages of browsers do.
+void TestWebBrowser::faceOfPages()
+{
+    Surface surface(QStringLiteral("x"));
+    QCOMPARE(value(surface, "getComputedStyle(document.body).fontFamily"),
+             QStringLiteral("\"Liberation Serif\""));
+}
 
 void TestWebBrowser::blankSurface()
 {
@@ -512,6 +525,12 @@ void TestWebBrowser::links()
     QVERIFY(surface.setLink(QStringLiteral("http://z.example/?a&b")));
     QCOMPARE(surface.innerHtml(),
              page(QStringLiteral("<A href=\"http://z.example/?a&amp;b\">http://z.example/?a&amp;b</A>")));
+
+    const QString odd = QStringLiteral("http://z.example/?\"><img id=x>'&amp;");
+    QVERIFY(surface.write(QString())); // whatever stands in it
+    QVERIFY(surface.setLink(odd));
+    QCOMPARE(value(surface, "document.links[0].getAttribute('href')"), odd);
+    QCOMPARE(value(surface, "document.body.textContent"), odd);
 }
 
 /// Shows a surface and waits until it takes letters.
@@ -715,6 +734,23 @@ void TestWebBrowser::rendererEndsDuringRead()
     QCOMPARE(surface.innerHtml(), page(QStringLiteral("x")));
 }
 
+/// A loss is told when nobody waits for the engine: who is told may ask it things.
+void TestWebBrowser::rendererEndsDuringAnothersRead()
+{
+    Surface lost(QStringLiteral("x"));
+    Surface asked(QStringLiteral("y"));
+    QVERIFY(lost.rendererPid() != asked.rendererPid());
+    QSignalSpy died(&lost, &DocumentSurface::rendererDied);
+    bool meanwhile = false;
+    connect(&lost, &DocumentSurface::rendererDied, &lost, [&] { meanwhile = EngineWait::isUnderWay(); });
+    endRendererSoon(lost);
+    QCOMPARE(value(asked, "for (const from = Date.now(); Date.now() < from + 1000;) {} 'done'"),
+             QStringLiteral("done"));
+    QCOMPARE(lost.rendererPid(), 0); // the news came while it was asked
+    QTRY_COMPARE(died.count(), 1);
+    QVERIFY(!meanwhile);
+}
+
 void TestWebBrowser::rendererEndsDuringWrite()
 {
     Surface surface(QStringLiteral("x"));
@@ -736,6 +772,7 @@ void TestWebBrowser::endlessScript()
     clock.start();
     QVERIFY(!browser.write(QStringLiteral("<script>for (;;);</script>")));
     QVERIFY(clock.elapsed() < 20000);
+    QCOMPARE(browser.rendererPid(), 0); // nothing goes on for ever out of sight
     QVERIFY_EXCEPTION_THROWN(browser.innerHtml(), SurfaceLost);
     QCOMPARE(died.count(), 0);
     browser.setPatience(5000);
@@ -926,6 +963,25 @@ void TestWebBrowser::picturesAreLoaded()
     QTRY_COMPARE(value(surface, "String(document.images[0].naturalWidth)"), QStringLiteral("3"));
 }
 
+/// A page may show a picture of this machine and must not read it, also where a file was shown before.
+void TestWebBrowser::picturesOfFilesStaySecret()
+{
+    const Files files;
+    DocumentSurface browser;
+    browser.Navigate(files.url("page.htm"));
+    QTRY_COMPARE(value(browser, "document.title"), QStringLiteral("page"));
+    QVERIFY(
+        browser.write(QStringLiteral("<script>function read(picture) { try {"
+                                     "  const canvas = document.createElement('canvas').getContext('2d');"
+                                     "  canvas.drawImage(picture, 0, 0);"
+                                     "  document.title = String(canvas.getImageData(0, 0, 1, 1).data);"
+                                     "} catch (error) { document.title = error.name } }</script>"
+                                     "<img src='%1' onload='read(this)' onerror='document.title = \"none\"'>")
+                          .arg(files.url("p.png"))));
+    QTRY_VERIFY(!value(browser, "document.title").isEmpty());
+    QCOMPARE(value(browser, "document.title"), QStringLiteral("SecurityError"));
+}
+
 void TestWebBrowser::filesAreRefused()
 {
     Files files;
@@ -989,10 +1045,11 @@ void TestWebBrowser::drops()
     Files files;
     WebServer server;
     // The page would take and read whatever reaches it.
-    const std::unique_ptr<WebControl> control(make(
-        QStringLiteral("<BODY style='height: 150px' ondragover='event.preventDefault()' "
-                       "ondrop='event.preventDefault(); document.body.textContent = \"dropped\"'><P>page</BODY>"),
-        server));
+    const std::unique_ptr<WebControl> control(
+        make(QStringLiteral(
+                 "<BODY style='height: 150px' ondragover='event.preventDefault()' "
+                 "ondrop='event.preventDefault(); document.body.textContent = \"dropped\"'><P>page</BODY>"),
+             server));
     WebControl& browser = *control;
     browser.resize(300, 200);
     browser.show();
@@ -1185,6 +1242,10 @@ void TestWebBrowser::zoom()
     QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("1.6"));
     QVERIFY(browser.write(QStringLiteral("y"))); // stays
     QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("1.6"));
+    endRenderer(browser);
+    QTRY_COMPARE(browser.rendererPid(), 0);
+    QVERIFY(browser.write(QStringLiteral("z"))); // in a new one too
+    QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("1.6"));
     browser.setZoomLevel(-1);
     QCOMPARE(browser.zoomLevel(), 0);
     QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("0.6"));
@@ -1276,6 +1337,17 @@ void TestWebBrowser::samplesShowTheLastPage()
     QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("now 99"));
     const int pages = value(sample, "String(globalThis.pages)").toInt();
     QVERIFY2(pages >= 1 && pages <= 10, qPrintable(QString::number(pages)));
+}
+
+/// While the page before is on its way to the engine.
+void TestWebBrowser::samplesGivenMeanwhileAreShown()
+{
+    Sample sample;
+    sample.writeSoon(QStringLiteral("<P>at first</P>"));
+    QTRY_VERIFY(!sample.isWriting());
+    sample.writeSoon(QStringLiteral("<P>first</P>"));
+    QTimer::singleShot(0, &sample, [&] { sample.writeSoon(QStringLiteral("<P>second</P>")); });
+    QTRY_COMPARE(value(sample, "document.body.textContent"), QStringLiteral("second"));
 }
 
 void TestWebBrowser::samplesRunNoScripts()

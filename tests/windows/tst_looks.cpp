@@ -110,6 +110,15 @@ double contrast(const QColor& a, const QColor& b)
     return (lighter + 0.05) / (qMin(luminance(a), luminance(b)) + 0.05);
 }
 
+/// Whether the box of a check box or an option is darker than the window, or on a dark one hardly lighter.
+bool boxIsLost(const QWidget& control)
+{
+    constexpr double Seen = 2; // times as light
+    const QColor window = control.palette().color(QPalette::Window);
+    const QColor box = control.palette().color(QPalette::Base);
+    return luminance(box) < luminance(window) || (luminance(window) < 0.2 && contrast(box, window) < Seen);
+}
+
 /// The contrast of a symbol's best seen pixel, 21 where there is no symbol.
 double contrastOfIcon(const QAbstractButton& button)
 {
@@ -191,6 +200,8 @@ void TestLooks::windows()
                           .arg(missing);
         if (!control->parentWidget()->rect().contains(control->geometry()))
             faults << describe(control) + QStringLiteral(" leaves its frame");
+        if ((control->inherits("QCheckBox") || control->inherits("QRadioButton")) && boxIsLost(*control))
+            faults << describe(control) + QStringLiteral(" has a box that is hard to see");
         if (control->isEnabled() &&
             contrastOf(control) < (wordsOf(control).isEmpty() ? SymbolContrast : TextContrast))
             faults << QStringLiteral("%1 \"%2\" has a contrast of %3")

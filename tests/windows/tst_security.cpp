@@ -10,9 +10,9 @@
 #include "colour/Fader5.h"
 #include "colour/FrmBody.h"
 #include "colour/FrmHR.h"
+#include "shell/FrmWord.h"
 #include "web/SurfaceScript.h"
 #include "web/WebEngine.h"
-#include "shell/FrmWord.h"
 #include "wizard/FrmBuild1.h"
 #include "wizard/FrmBuild2.h"
 #include "wizard/FrmTerms.h"
@@ -532,6 +532,7 @@ private slots:
     void pagesOfTheInternet_data() { addPages(); }
     void pagesOfTheInternet();
     void framesOfTheInternet();
+    void prompts_data();
     void prompts();
 };
 
@@ -929,9 +930,8 @@ void TestSecurity::addresses_data()
     QTest::addColumn<QString>("address");
     for (const char* address :
          {"{scheme}", "{mail}", "{file}.htm", "view-source:{web}", "javascript:void {run}",
-          "data:text/html,<script>{run}</script>", "surface:blank", "qrc:/web/surface.js",
-          "chrome://crash", "blob:{web}", "filesystem:{web}", "about:srcdoc", " \tjavascript:{run}",
-          "JaVaScRiPt:{run}"})
+          "data:text/html,<script>{run}</script>", "surface:blank", "qrc:/web/surface.js", "chrome://crash",
+          "blob:{web}", "filesystem:{web}", "about:srcdoc", " \tjavascript:{run}", "JaVaScRiPt:{run}"})
         QTest::newRow(address) << QString::fromLatin1(address);
 }
 
@@ -1003,8 +1003,16 @@ void TestSecurity::framesOfTheInternet()
 }
 
 /// What a script asks with is shown as text. The real dialog, as no script of answers shows anything.
+void TestSecurity::prompts_data()
+{
+    QTest::addColumn<bool>("box");
+    QTest::newRow("question") << false;
+    QTest::newRow("message") << true;
+}
+
 void TestSecurity::prompts()
 {
+    QFETCH(bool, box);
     Traps traps;
     const QString question = traps.arm("prompt", "<img src='{file}.png'><h1>Your password</h1>");
     bool seen = false;
@@ -1016,7 +1024,12 @@ void TestSecurity::prompts()
         traps.takeSprung(); // the dialog itself
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
-    QVERIFY(!doors().inputBox(question, QStringLiteral("Message of the page"), QString()));
+    const QString title = QStringLiteral("Message of the page");
+    if (box) {
+        doors().msgBox(question, title, MsgIcon::None, MsgButtons::Ok);
+    } else {
+        QVERIFY(!doors().inputBox(question, title, QString()));
+    }
     QVERIFY(seen);
     QCOMPARE(lines(traps.takeSprung()), QString());
 }
