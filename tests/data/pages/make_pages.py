@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Writes the listing pages that tests compare with: four design styles, four picture styles each.
 
-Each style is spelled out here from top to bottom, piece by piece, with nothing shared between the styles and nothing
-taken from the program: a page that differs from the program's is a mistake on one of the two sides.
+The pieces and what differs from style to style are spelled out here, with nothing taken from the program: a page that
+differs from the program's is a mistake on one of the two sides.
 
     make_pages.py           writes the pages beside this script
     make_pages.py --check   fails when a page beside this script is not what it would write
@@ -36,84 +36,45 @@ weblst = "<BODY>" + N + "<P>Payment within seven days.</P></BODY>" + N
 weblst2 = "<BODY>I ship on Mondays.</BODY>" + N
 weblst3 = "Insurance is <I>your</I> choice."
 
-LI = "<LI><FONT face=Arial color=" + Txt9 + " size=3>" + N
+
+def description(opening, closing):
+    return (
+        "<!-- Body-description -->" + N
+        + opening + "<FONT face=Arial color=" + Txt7 + " size=3>" + N
+        + Text2 + N
+        + "</FONT>" + closing + N
+        + "<!-- Body-description2 -->" + N
+    )
 
 
-def picture0():
+def one_picture():
+    return "<!-- Body-picture --><ALIGN=MIDDLE><IMG src=" + URL1 + " border=0><!-- Body-picture2 -->"
+
+
+def three_pictures():
+    pictures = "".join("<ALIGN=MIDDLE><img src=" + url + " border=0>" + N for url in (URL1, URL2, URL3))
+    return "<!-- Body-picture -->" + pictures + "<!-- Body-picture2 -->"
+
+
+def side_by_side(left, right):
     return (
         "<TABLE borderColor=#000000 cellSpacing=0 cellPadding=5 align=center bgColor=" + Txt2 + " border=0>"
-        + "<TBODY><TR><TD>"
-        + "<!-- Body-picture -->"
-        + "<ALIGN=MIDDLE><IMG src=" + URL1 + " border=0>"
-        + "<!-- Body-picture2 -->"
-        + "</TD><TD>"
-        + "<!-- Body-description -->" + N
-        + "<FONT face=Arial color=" + Txt7 + " size=3>" + N
-        + Text2 + N
-        + "</FONT>" + N
-        + "<!-- Body-description2 -->" + N
-        + "</TD></TR></TBODY></TABLE><BR><BR>" + N
+        + "<TBODY><TR><TD>" + left + "</TD><TD>" + right + "</TD></TR></TBODY></TABLE><BR><BR>" + N
     )
 
 
-def picture1():
+PICTURES = (
+    side_by_side(one_picture(), description("", "")),
+    "<BR><BR><CENTER>" + three_pictures() + "<BR><BR><BR><CENTER>" + N + description("", "") + "<BR><BR><BR>" + N,
+    side_by_side(description("", ""), one_picture()),
+    "<BR>" + N + description("<P align=center>", "</P>") + "<BR>" + N + three_pictures() + "<BR><BR><BR>" + N,
+)
+
+
+def opening(style):
     return (
-        "<BR><BR><CENTER>"
-        + "<!-- Body-picture -->"
-        + "<ALIGN=MIDDLE><img src=" + URL1 + " border=0>" + N
-        + "<ALIGN=MIDDLE><img src=" + URL2 + " border=0>" + N
-        + "<ALIGN=MIDDLE><img src=" + URL3 + " border=0>" + N
-        + "<!-- Body-picture2 -->"
-        + "<BR><BR><BR><CENTER>" + N
-        + "<!-- Body-description -->" + N
-        + "<FONT face=Arial color=" + Txt7 + " size=3>" + N
-        + Text2 + N
-        + "</FONT>" + N
-        + "<!-- Body-description2 -->" + N
-        + "<BR><BR><BR>" + N
-    )
-
-
-def picture2():
-    return (
-        "<TABLE borderColor=#000000 cellSpacing=0 cellPadding=5 align=center bgColor=" + Txt2 + " border=0>"
-        + "<TBODY><TR><TD>"
-        + "<!-- Body-description -->" + N
-        + "<FONT face=Arial color=" + Txt7 + " size=3>" + N
-        + Text2 + N
-        + "</FONT>" + N
-        + "<!-- Body-description2 -->" + N
-        + "</TD><TD>"
-        + "<!-- Body-picture -->"
-        + "<ALIGN=MIDDLE><IMG src=" + URL1 + " border=0>"
-        + "<!-- Body-picture2 -->"
-        + "</TD></TR></TBODY></TABLE><BR><BR>" + N
-    )
-
-
-def picture3():
-    return (
-        "<BR>" + N
-        + "<!-- Body-description -->" + N
-        + "<P align=center><FONT face=Arial color=" + Txt7 + " size=3>" + N
-        + Text2 + N
-        + "</FONT></P>" + N
-        + "<!-- Body-description2 -->" + N
-        + "<BR>" + N
-        + "<!-- Body-picture -->"
-        + "<ALIGN=MIDDLE><img src=" + URL1 + " border=0>" + N
-        + "<ALIGN=MIDDLE><img src=" + URL2 + " border=0>" + N
-        + "<ALIGN=MIDDLE><img src=" + URL3 + " border=0>" + N
-        + "<!-- Body-picture2 -->"
-        + "<BR><BR><BR>" + N
-    )
-
-
-def style0(picture):
-    return (
-        # Opening
         "<BODY>" + N
-        + "<!-- body-buildwizard0 -->" + N
+        + "<!-- body-buildwizard" + style + " -->" + N
         + "<TABLE borderColor=" + Txt1 + " height=0% cellSpacing=" + Combo5
         + " cellPadding=4 width=100% align=left bgColor=" + Txt4 + " border=" + Combo6 + ">" + N
         + "<TBODY>" + N
@@ -124,459 +85,129 @@ def style0(picture):
         + Text1 + N
         + "</FONT>" + N
         + "<!-- Body-title2 -->" + N
-        # Middle
-        + "<BR><BR>" + N
-        + "<!-- Body-line -->"
-        + "<HR width=75% color=" + Txt5 + ">" + N
-        + "<!-- Body-line2 -->"
-        + picture
-        + "<TABLE borderColor=#000000 cellSpacing=0 cellPadding=2 width=80% align=center bgColor=#ffffff border=0>" + N
-        + "<TBODY><TR>" + N
-        + "<TD bgColor=" + Txt3 + ">" + N
-        # Payment
-        + "<!-- Body-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "For payment I do accept:" + N
-        + "</FONT></B>"
-        + "<!-- Body-Cell2 -->"
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Money order" + N + "</FONT>" + N
-        + LI + "Visa/MasterCard" + N + "</FONT>" + N
-        + LI + "Cash, at the door" + N + "</FONT>" + N
-        + "</FONT></LI></UL>" + N
-        + "<!-- Body-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<!-- Body-body -->" + N
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body-body2 -->" + N
-        + "</TD></TR></TBODY></TABLE>"
-        # Location
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt3 + ">"
-        + "<!-- Body2-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "For locations of shipping I do accpet:" + N
-        + "</FONT></b>" + N
-        + "<!-- Body2-Cell2 -->"
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body2-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Will ship to the United States and the following regions<UL>" + N
-        + "</FONT><BR>" + N
-        + LI + "Canada" + N + "</FONT>" + N
-        + LI + "Europe" + N + "</FONT>" + N
-        + "</UL>" + N
-        + "</FONT></LI></UL>" + N
-        + "<!-- Body2-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body2-body -->"
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst2
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body2-body2 -->"
-        + "</TD></TR></TBODY></TABLE>"
-        # Who pays
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt3 + ">"
-        + "<!-- Body3-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "Who pays for shipping?" + N
-        + "</FONT></B>"
-        + "<!-- Body3-Cell2 -->"
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body3-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Buyer Pays All Shipping." + N + "</FONT>" + N
-        + LI + "Shipping and Handling costs - $12.50" + N + "</FONT>" + N
-        + LI + "Shipping Insurance item costs - $3.05" + N + "</FONT>" + N
-        + LI + "Additional item (per item) - $0.75" + N + "</FONT>" + N
-        + LI + "Tax Rate: 8.25% State: NY" + N
-        + "</FONT>" + N
-        + "<!-- Body3-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<!-- Body3-body -->"
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst3
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body3-body2 -->"
-        + "</TD></TR></TBODY></TABLE>"
-        # Close
-        + "</TD></TR></TBODY></TABLE></BODY>" + N
     )
 
 
-def style1(picture):
+def heading(part, caption, closing):
     return (
-        # Opening
-        "<BODY>" + N
-        + "<!-- body-buildwizard1 -->" + N
-        + "<TABLE borderColor=" + Txt1 + " height=0% cellSpacing=" + Combo5
-        + " cellPadding=4 width=100% align=left bgColor=" + Txt4 + " border=" + Combo6 + ">" + N
-        + "<TBODY>" + N
-        + "<TR>" + N
-        + "<TD align=middle width=0 bgColor=" + Txt2 + " colSpan=2 height=0><BR>" + N
-        + "<!-- Body-title -->" + N
-        + "<FONT face=Arial color=" + Txt8 + " size=3>" + N
-        + Text1 + N
-        + "</FONT>" + N
-        + "<!-- Body-title2 -->" + N
-        # Middle
-        + "<BR><BR>" + N
-        + "<!-- Body-line -->"
-        + "<HR width=75% color=" + Txt5 + ">" + N
-        + "<!-- Body-line2 -->"
-        + picture
-        + "<TABLE borderColor=" + Txt1 + " cellSpacing=" + Combo5
-        + " cellPadding=2 width=80% align=center bgColor=" + Txt4 + " border=1>" + N
-        + "<TBODY><TR>" + N
-        + "<TD bgColor=" + Txt3 + ">"
-        # Payment
-        + "<!-- Body-Cell -->"
+        "<!-- " + part + "-Cell -->"
         + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "For payment I do accept:" + N
-        + "</FONT></B>"
-        + "<!-- Body-Cell2 -->"
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Money order" + N + "</FONT>" + N
-        + LI + "Visa/MasterCard" + N + "</FONT>" + N
-        + LI + "Cash, at the door" + N + "</FONT>" + N
-        + "</FONT></LI></UL>" + N
-        + "<!-- Body-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<!-- Body-body -->" + N
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body-body2 -->" + N
-        + "</TD></TR></TBODY></TABLE>"
-        # Location
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt3 + ">"
-        + "<!-- Body2-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "For locations of shipping I do accpet:" + N
-        + "</FONT></b>" + N
-        + "<!-- Body2-Cell2 -->"
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body2-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Will ship to the United States and the following regions<UL>" + N
-        + "</FONT><BR>" + N
-        + LI + "Canada" + N + "</FONT>" + N
-        + LI + "Europe" + N + "</FONT>" + N
-        + "</UL>" + N
-        + "</FONT></LI></UL>" + N
-        + "<!-- Body2-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<!-- Body2-body -->"
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst2
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body2-body2 -->"
-        + "</TD></TR></TBODY></TABLE>"
-        # Who pays
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt3 + ">"
-        + "<!-- Body3-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "Who pays for shipping?" + N
-        + "</FONT></B>"
-        + "<!-- Body3-Cell2 -->"
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body3-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Buyer Pays All Shipping." + N + "</FONT>" + N
-        + LI + "Shipping and Handling costs - $12.50" + N + "</FONT>" + N
-        + LI + "Shipping Insurance item costs - $3.05" + N + "</FONT>" + N
-        + LI + "Additional item (per item) - $0.75" + N + "</FONT>" + N
-        + LI + "Tax Rate: 8.25% State: NY" + N
-        + "</FONT>" + N
-        + "<!-- Body3-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<!-- Body3-body -->"
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst3
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body3-body2 -->"
-        + "</TD></TR></TBODY></TABLE>"
-        # Close
-        + "</TD></TR></TBODY></TABLE></BODY>" + N
+        + caption + N
+        + closing
+        + "<!-- " + part + "-Cell2 -->"
     )
 
 
-def style2(picture):
+def words(part, lines, closing):
     return (
-        # Opening
-        "<BODY>" + N
-        + "<!-- body-buildwizard2 -->" + N
-        + "<TABLE borderColor=" + Txt1 + " height=0% cellSpacing=" + Combo5
-        + " cellPadding=4 width=100% align=left bgColor=" + Txt4 + " border=" + Combo6 + ">" + N
-        + "<TBODY>" + N
-        + "<TR>" + N
-        + "<TD align=middle width=0 bgColor=" + Txt2 + " colSpan=2 height=0><BR>" + N
-        + "<!-- Body-title -->" + N
-        + "<FONT face=Arial color=" + Txt8 + " size=3>" + N
-        + Text1 + N
-        + "</FONT>" + N
-        + "<!-- Body-title2 -->" + N
-        # Middle
-        + "<BR><BR></TD></TR>" + N
-        + "<TR>" + N
-        + "<TD align=middle width=0 bgColor=" + Txt2 + " colSpan=2 height=0>" + N
-        + picture
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt3 + ">"
-        # Payment
-        + "<!-- Body-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "For payment I do accept:" + N
-        + "</FONT></B>"
-        + "<!-- Body-Cell2 -->"
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body-list -->" + N
+        "<TD bgColor=" + Txt2 + "><BR>"
+        + "<!-- " + part + "-list -->" + N
         + "<FONT color=#000000>" + N
         + "<UL>" + N
-        + LI + "Money order" + N + "</FONT>" + N
-        + LI + "Visa/MasterCard" + N + "</FONT>" + N
-        + LI + "Cash, at the door" + N + "</FONT>" + N
-        + "</FONT></LI></UL>" + N
-        + "<!-- Body-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body-body -->" + N
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body-body2 -->" + N
-        + "</TD></TR></TBODY></TABLE>"
-        # Location
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt3 + "><B>"
-        + "<!-- Body2-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "For locations of shipping I do accpet:" + N
-        + "</FONT></B>" + N
-        + "<!-- Body2-Cell2 -->"
-        + "</TD></TR>" + N
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body2-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Will ship to the United States and the following regions<UL>" + N
-        + "</FONT><BR>" + N
-        + LI + "Canada" + N + "</FONT>" + N
-        + LI + "Europe" + N + "</FONT>" + N
-        + "</UL>" + N
-        + "</LI></UL>" + N
-        + "<!-- Body2-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body2-body -->"
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst2
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body2-body2 -->"
-        + "</TD></TR></TBODY></TABLE>" + N
-        # Who pays
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt3 + "><B>"
-        + "<!-- Body3-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "Who pays for shipping?" + N
-        + "</FONT></B>"
-        + "<!-- Body3-Cell2 -->"
-        + "</TD></TR>" + N
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body3-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Buyer Pays All Shipping." + N + "</FONT>" + N
-        + LI + "Shipping and Handling costs - $12.50" + N + "</FONT>" + N
-        + LI + "Shipping Insurance item costs - $3.05" + N + "</FONT>" + N
-        + LI + "Additional item (per item) - $0.75" + N + "</FONT>" + N
-        + LI + "Tax Rate: 8.25% State: NY" + N
-        + "</FONT>" + N
-        + "<!-- Body3-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body3-body -->"
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst3
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body3-body2 -->"
-        + "</TD></TR></TBODY></TABLE>"
-        # Close
-        + "</TD></TR></TBODY></TABLE></BODY>" + N
+        + lines
+        + closing
+        + "<!-- " + part + "-list2 -->" + N
     )
 
 
-def style3(picture):
+def word(text, color=Txt9):
+    return "<LI><FONT face=Arial color=" + color + " size=3>" + N + text + N + "</FONT>" + N
+
+
+def terms(part, above, beginning, text, end):
     return (
-        # Opening
-        "<BODY>" + N
-        + "<!-- body-buildwizard3 -->" + N
-        + "<TABLE borderColor=" + Txt1 + " height=0% cellSpacing=" + Combo5
-        + " cellPadding=4 width=100% align=left bgColor=" + Txt4 + " border=" + Combo6 + ">" + N
-        + "<TBODY>" + N
-        + "<TR>" + N
-        + "<TD align=middle width=0 bgColor=" + Txt2 + " colSpan=2 height=0><BR>" + N
-        + "<!-- Body-title -->" + N
-        + "<FONT face=Arial color=" + Txt8 + " size=3>" + N
-        + Text1 + N
-        + "</FONT>" + N
-        + "<!-- Body-title2 -->" + N
-        # Middle
-        + "<BR><BR></TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt3 + ">"
-        + "<!-- Body4-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "Description:" + N
-        + "</FONT></B>" + N
-        + "<!-- Body4-Cell2 -->"
-        + "</TD></TR>"
-        + "<TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<TABLE height=0% cellPadding=20 width=100% align=left border=0>" + N
-        + "<TBODY>"
-        + "<TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + picture
-        + "</TD></TR></TBODY></TABLE></TD></TR>"
-        + "<TR>"
-        + "<TD bgColor=" + Txt3 + ">"
-        # Payment
-        + "<!-- Body-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "For payment I do accept:" + N
-        + "</FONT></B>"
-        + "<!-- Body-Cell2 -->"
-        + "</TD></TR><TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Money order" + N + "</FONT>" + N
-        + LI + "Visa/MasterCard" + N + "</FONT>" + N
-        + LI + "Cash, at the door" + N + "</FONT>" + N
-        + "</FONT></LI></UL>" + N
-        + "<!-- Body-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
+        "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
         + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<!-- Body-body -->" + N
+        + "<TD bgColor=" + Txt2 + ">" + above
+        + "<!-- " + part + "-body -->" + beginning
         + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst
+        + text
         + "<BR>"
         + "</FONT>"
-        + "<!-- Body-body2 -->" + N
-        + "</TD></TR></TBODY></TABLE>" + N
-        # Location
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt3 + "><B>"
-        + "<!-- Body2-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "For locations of shipping I do accpet:" + N
-        + "</FONT></b>" + N
-        + "<!-- Body2-Cell2 -->"
-        + "</TD></TR>" + N
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body2-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Will ship to the United States and the following regions<UL>" + N
-        + "</FONT><BR>" + N
-        + LI + "Canada" + N + "</FONT>" + N
-        + LI + "Europe" + N + "</FONT>" + N
-        + "</UL>" + N
-        + "</LI></UL>" + N
-        + "<!-- Body2-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<!-- Body2-body -->"
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst2
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body2-body2 -->"
-        + "</TD></TR></TBODY></TABLE>" + N
-        # Who pays
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt3 + "><B>"
-        + "<!-- Body3-Cell -->"
-        + "<B><FONT face=Arial color=" + Txt6 + " size=3>" + N
-        + "Who pays for shipping?" + N
-        + "</FONT></B>"
-        + "<!-- Body3-Cell2 -->"
-        + "</TD></TR>" + N
-        + "<TR>" + N
-        + "<TD bgColor=" + Txt2 + "><BR>"
-        + "<!-- Body3-list -->" + N
-        + "<FONT color=#000000>" + N
-        + "<UL>" + N
-        + LI + "Buyer Pays All Shipping." + N + "</FONT>" + N
-        + LI + "Shipping and Handling costs - $12.50" + N + "</FONT>" + N
-        + LI + "Shipping Insurance item costs - $3.05" + N + "</FONT>" + N
-        + LI + "Additional item (per item) - $0.75" + N + "</FONT>" + N
-        + "<LI><FONT face=Arial color=" + Txt9 + "0 size=3>" + N + "Tax Rate: 8.25% State: NY" + N
-        + "</FONT>" + N
-        + "<!-- Body3-list2 -->" + N
-        + "<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left bgColor=#00ff00 border=0>"
-        + "<TBODY><TR>"
-        + "<TD bgColor=" + Txt2 + ">"
-        + "<!-- Body3-body -->"
-        + "<FONT color=" + Txt9 + " size=3 face=Arial>" + N
-        + weblst3
-        + "<BR>"
-        + "</FONT>"
-        + "<!-- Body3-body2 -->"
+        + "<!-- " + part + "-body2 -->" + end
         + "</TD></TR></TBODY></TABLE>"
+    )
+
+
+LINE = "<BR><BR>" + N + "<!-- Body-line --><HR width=75% color=" + Txt5 + ">" + N + "<!-- Body-line2 -->"
+NARROW = "<TBODY><TR>" + N + "<TD bgColor=" + Txt3 + ">"
+ROW = "</TD></TR><TR>" + N
+ROW_OF_TWO_LINES = "</TD></TR>" + N + "<TR>" + N
+
+# What differs from style to style.
+STYLES = (
+    {
+        "above": LINE,
+        "below": "<TABLE borderColor=#000000 cellSpacing=0 cellPadding=2 width=80% align=center bgColor=#ffffff border=0>"
+                 + N + NARROW + N,
+        "row": ROW, "bold": "", "location": "</FONT></b>" + N, "regions": "</UL>" + N + "</FONT></LI></UL>" + N,
+        "terms": ("", "<BR>", ""), "between": ("", ""), "tax": Txt9,
+    },
+    {
+        "above": LINE,
+        "below": "<TABLE borderColor=" + Txt1 + " cellSpacing=" + Combo5
+                 + " cellPadding=2 width=80% align=center bgColor=" + Txt4 + " border=1>" + N + NARROW,
+        "row": ROW, "bold": "", "location": "</FONT></b>" + N, "regions": "</UL>" + N + "</FONT></LI></UL>" + N,
+        "terms": ("", "", ""), "between": ("", ""), "tax": Txt9,
+    },
+    {
+        "above": "<BR><BR></TD></TR>" + N + "<TR>" + N
+                 + "<TD align=middle width=0 bgColor=" + Txt2 + " colSpan=2 height=0>" + N,
+        "below": "</TD></TR><TR>" + N + "<TD bgColor=" + Txt3 + ">",
+        "row": ROW_OF_TWO_LINES, "bold": "<B>", "location": "</FONT></B>" + N,
+        "regions": "</UL>" + N + "</LI></UL>" + N,
+        "terms": ("<BR>", "<BR>", "<BR>"), "between": ("", N), "tax": Txt9,
+    },
+    {
+        "above": "<BR><BR></TD></TR><TR>" + N + "<TD bgColor=" + Txt3 + ">"
+                 + heading("Body4", "Description:", "</FONT></B>" + N)
+                 + "</TD></TR><TR><TD bgColor=" + Txt2 + ">"
+                 + "<TABLE height=0% cellPadding=20 width=100% align=left border=0>" + N
+                 + "<TBODY><TR><TD bgColor=" + Txt2 + ">",
+        "below": "</TD></TR></TBODY></TABLE></TD></TR><TR><TD bgColor=" + Txt3 + ">",
+        "row": ROW_OF_TWO_LINES, "bold": "<B>", "location": "</FONT></b>" + N,
+        "regions": "</UL>" + N + "</LI></UL>" + N,
+        "terms": ("", "", ""), "between": (N, N), "tax": Txt9 + "0",
+    },
+)
+
+
+def page(number, picture):
+    style = STYLES[number]
+    in_payment, in_location, in_costs = style["terms"]
+    below_payment, below_location = style["between"]
+    cell = "<TR>" + N + "<TD bgColor=" + Txt3 + ">" + style["bold"]
+    return (
+        opening(str(number))
+        + style["above"]
+        + picture
+        + style["below"]
+        # Payment
+        + heading("Body", "For payment I do accept:", "</FONT></B>")
+        + ROW
+        + words("Body", word("Money order") + word("Visa/MasterCard") + word("Cash, at the door"),
+                "</FONT></LI></UL>" + N)
+        + terms("Body", in_payment, N, weblst, N) + below_payment
+        # Location
+        + cell
+        + heading("Body2", "For locations of shipping I do accpet:", style["location"])
+        + style["row"]
+        + words("Body2",
+                "<LI><FONT face=Arial color=" + Txt9 + " size=3>" + N
+                + "Will ship to the United States and the following regions<UL>" + N + "</FONT><BR>" + N
+                + word("Canada") + word("Europe"),
+                style["regions"])
+        + terms("Body2", in_location, "", weblst2, "") + below_location
+        # Who pays
+        + cell
+        + heading("Body3", "Who pays for shipping?", "</FONT></B>")
+        + style["row"]
+        + words("Body3",
+                word("Buyer Pays All Shipping.") + word("Shipping and Handling costs - $12.50")
+                + word("Shipping Insurance item costs - $3.05") + word("Additional item (per item) - $0.75")
+                + word("Tax Rate: 8.25% State: NY", style["tax"]),
+                "")
+        + terms("Body3", in_costs, "", weblst3, "")
         # Close
         + "</TD></TR></TBODY></TABLE></BODY>" + N
     )
@@ -586,13 +217,13 @@ def main():
     folder = pathlib.Path(__file__).parent
     check = sys.argv[1:] == ["--check"]
     differing = []
-    for number, style in enumerate((style0, style1, style2, style3)):
-        for picture_number, picture in enumerate((picture0, picture1, picture2, picture3)):
+    for number in range(len(STYLES)):
+        for picture_number, picture in enumerate(PICTURES):
             file = folder / f"listing-style{number}-picture{picture_number}.htm"
-            page = style(picture()).encode()
+            text = page(number, picture).encode()
             if not check:
-                file.write_bytes(page)
-            elif not file.is_file() or file.read_bytes() != page:
+                file.write_bytes(text)
+            elif not file.is_file() or file.read_bytes() != text:
                 differing.append(file.name)
     if differing:
         sys.exit("not as this script writes them: " + ", ".join(differing))
