@@ -366,8 +366,6 @@ void TestInternet::historyMenuOnOtherTabs()
 
 void TestInternet::nothingBehindOrBefore()
 {
-    WebServer server;
-    server.page(QStringLiteral("/a"), "first");
     const InternetTab tab;
     QTRY_COMPARE(pageSource(tab), QStringLiteral("surface:blank <head></head><body></body>"));
     const QSignalSpy finished(tab.web->WebBrowser2, &InternetBrowser::navigationFinished);
@@ -375,12 +373,9 @@ void TestInternet::nothingBehindOrBefore()
     for (QToolButton* button :
          {tab.web->Command17, tab.web->Command18, tab.web->Command19, tab.web->Command20})
         tab.click(button); // no message, no change
+    QTest::qWait(200);     // would come by now
     QCOMPARE(tab.status(), QStringLiteral("Done"));
-    tab.enter(server.url(QStringLiteral("/a"))); // what the buttons began would be told by then
-    QTRY_COMPARE(tab.text(), QStringLiteral("first"));
-    QTRY_COMPARE(status.last().first().toString(), QStringLiteral("Done"));
-    QCOMPARE(finished.count(), 1);
-    QCOMPARE(status.count(), 2);
+    QCOMPARE(status.count() + finished.count(), 0);
 }
 
 // ---- The Internet menu

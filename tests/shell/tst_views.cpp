@@ -91,6 +91,13 @@ public:
     void press(int toolbarIndex) const { web->toolbarButton(toolbarIndex)->trigger(); }
     void designOn() const { choose(web->Option1); }
     void designOff() const { choose(web->Option2); }
+    /// Has the preview in place of the design surface, with the editor up.
+    void beginWithDesignOff() const
+    {
+        goTo(Preview);
+        designOff();
+        goTo(Editor);
+    }
 
     /// The body of what a surface shows, as it prints it.
     static QString body(DocumentSurface* browser)
@@ -432,9 +439,7 @@ void TestViews::coverStandsWhileTheSourceIsRewritten()
     desk.goTo(Editor);
     QCOMPARE(cover.shows, 1);
     QVERIFY(!desk.web->Picture1->isVisible());
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     QCOMPARE(cover.shows, 2);
     QVERIFY(!desk.web->Picture1->isVisible());
 }
@@ -589,9 +594,7 @@ void TestViews::previewKeepsTheKeyboard()
     desk.waitForKeyboard();
     desk.box->setText("<p>word");
     desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.goTo(Preview);
     QTRY_VERIFY(desk.hasKeyboard(desk.preview));
     operation(desk);
@@ -686,9 +689,7 @@ void TestViews::designOffShowsThePreviewAlone()
 {
     Desk desk;
     desk.box->setText("<p>one");
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.box->setText("<p>two");
     desk.goTo(Preview);
     QVERIFY(desk.preview->isVisible());
@@ -815,9 +816,7 @@ void TestViews::stamp()
     QFETCH(QByteArray, text);
     QFETCH(QByteArray, expected);
     Desk desk;
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.box->setText(text);
     desk.goTo(Preview);
     desk.goTo(Editor);
@@ -827,9 +826,7 @@ void TestViews::stamp()
 void TestViews::stampKeepsTheCaret()
 {
     Desk desk;
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.box->setText("abc<META content=\"Other 5\" name=GENERATOR>d");
     desk.box->setSelStart(2);
     desk.box->setSelLength(5);
@@ -842,9 +839,7 @@ void TestViews::stampKeepsTheCaret()
 void TestViews::stampBeyondTheWorkingSelection()
 {
     Desk desk;
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     const QByteArray text(90010, 'a');
     desk.box->setText(text + "<META content=\"b\" name=GENERATOR>c");
     desk.goTo(Preview);
@@ -866,9 +861,7 @@ void TestViews::metaWithoutASecondHalfEndsTheProgram()
 {
     QFETCH(QByteArray, text);
     Desk desk;
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.box->setText(text);
     desk.goTo(Preview);
     QVERIFY(!desk.script.ended);
@@ -948,9 +941,7 @@ void TestViews::saveWithDesignOffWritesTheOlderSurface()
 {
     Desk desk;
     desk.box->setText("<p>older");
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.box->setText("<p>newer");
     desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
     desk.goTo(Preview);
@@ -1717,9 +1708,7 @@ void TestViews::endlessScriptOnThePreview()
 {
     Desk desk;
     desk.preview->setPatience(500);
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.box->setText("<p>word<script>for(;;);</script>");
     desk.script.answerMsgBox(MsgAnswer::Ok);
     desk.goTo(Preview);
@@ -1735,9 +1724,7 @@ void TestViews::designOnAfterAnEndlessScript()
 {
     Desk desk;
     desk.preview->setPatience(500);
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.box->setText("<p>word<script>for(;;);</script>");
     desk.script.answerMsgBox(MsgAnswer::Ok);
     desk.goTo(Preview);
@@ -1752,9 +1739,7 @@ void TestViews::designOnAfterAnEndlessScript()
 void TestViews::endlessScriptBeginsLater()
 {
     Desk desk;
-    desk.goTo(Preview);
-    desk.designOff();
-    desk.goTo(Editor);
+    desk.beginWithDesignOff();
     desk.box->setText("<p>word<script>setTimeout(function(){document.title='begun';for(;;);}, 50)</script>");
     desk.goTo(Preview);
     QCOMPARE(desk.script.asked.size(), 0);

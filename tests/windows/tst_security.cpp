@@ -427,6 +427,24 @@ public:
         return lines(traps.takeSprung());
     }
 
+    /// What the document does on the preview.
+    QString sprungOnPreview()
+    {
+        showTab(FrmWeb::PreviewTab);
+        return sprungOn(web->WebBrowser1);
+    }
+    /// Gives the wizard's first page what it asks for beside a title and a description, and goes on to the
+    /// second.
+    FrmBuild2* secondPage(FrmBuild1* page1)
+    {
+        page1->SSTab1->setTab(2);
+        tick(page1->ChKPay1);
+        page1->SSTab1->setTab(4);
+        overtype(page1->TxSH1, QStringLiteral("5"));
+        click(page1->Command1);
+        return shown<FrmBuild2>();
+    }
+
     /// Lets all through that is pasted on the design surface, read and printed once, as a cleaner does.
     void leaveUncleaned() const
     {
@@ -654,8 +672,7 @@ void TestSecurity::recoveredText()
     main.web->offerUnsavedText();
     QVERIFY(main.source().contains("<iframe"));
     QCOMPARE(lines(main.traps.takeSprung()), QString());
-    main.showTab(FrmWeb::PreviewTab);
-    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+    QCOMPARE(main.sprungOnPreview(), QString());
 }
 
 /// Terms are HTML: in their editor, in the page that the wizard makes, and in the views of that page.
@@ -678,16 +695,11 @@ void TestSecurity::terms()
     QCOMPARE(main.sprungOn(editor->WebBrowser1), QString());
     click(editor->Command14);
 
-    tick(page1->ChKPay1);
-    page1->SSTab1->setTab(4);
-    overtype(page1->TxSH1, QStringLiteral("5"));
-    click(page1->Command1);
-    auto* page2 = main.shown<FrmBuild2>();
+    auto* page2 = main.secondPage(page1);
     click(page2->Command23);
     QTRY_VERIFY(main.source().contains("<IFRAME"));
     QCOMPARE(lines(main.traps.takeSprung()), QString());
-    main.showTab(FrmWeb::PreviewTab);
-    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+    QCOMPARE(main.sprungOnPreview(), QString());
     QCOMPARE(main.doors.takeAsked(), QStringList());
 }
 
@@ -703,16 +715,10 @@ void TestSecurity::pictureAddresses()
     overtype(page1->TxP1, fragment(main.traps, QStringLiteral("address"), QStringLiteral("x\">")));
     overtype(page1->TxP2, main.traps.arm("address2", "{scheme}"));
     overtype(page1->TxP3, main.traps.arm("address3", "javascript:{run}"));
-    page1->SSTab1->setTab(2);
-    tick(page1->ChKPay1);
-    page1->SSTab1->setTab(4);
-    overtype(page1->TxSH1, QStringLiteral("5"));
-    click(page1->Command1);
-    auto* page2 = main.shown<FrmBuild2>();
+    auto* page2 = main.secondPage(page1);
     click(page2->Command23);
     QTRY_VERIFY(main.source().contains("<IFRAME"));
-    main.showTab(FrmWeb::PreviewTab);
-    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+    QCOMPARE(main.sprungOnPreview(), QString());
 }
 
 void TestSecurity::pictureTool()
@@ -725,8 +731,7 @@ void TestSecurity::pictureTool()
     QCOMPARE(main.sprungOn(tool->WebBrowser1), QString());
     click(tool->Command4);
     QVERIFY(main.source().contains("<iframe"));
-    main.showTab(FrmWeb::PreviewTab);
-    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+    QCOMPARE(main.sprungOnPreview(), QString());
 }
 
 /// A file of colours that somebody sent, with HTML in place of each.
@@ -766,8 +771,7 @@ void TestSecurity::colourFiles()
     click(body->Command5);
     click(body->Command1);
     QVERIFY(main.source().contains("<iframe")); // the texts are taken as they are
-    main.showTab(FrmWeb::PreviewTab);
-    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+    QCOMPARE(main.sprungOnPreview(), QString());
 }
 
 /// Saved looks of a table and of a page, with HTML in place of each value.
@@ -784,18 +788,12 @@ void TestSecurity::savedTitles()
     auto* page1 = main.tool<FrmBuild1>(15);
     overtype(page1->Text1, QStringLiteral("Lamp"));
     overtype(page1->Text2, QStringLiteral("fine"));
-    page1->SSTab1->setTab(2);
-    tick(page1->ChKPay1);
-    page1->SSTab1->setTab(4);
-    overtype(page1->TxSH1, QStringLiteral("5"));
-    click(page1->Command1);
-    auto* page2 = main.shown<FrmBuild2>();
+    auto* page2 = main.secondPage(page1);
     choose(page2->Combo4, 0);
     click(page2->Command23);
     QTRY_VERIFY(main.source().contains("Lamp"));
     QVERIFY(main.source().contains("<IFRAME"));
-    main.showTab(FrmWeb::PreviewTab);
-    QCOMPARE(main.sprungOn(main.web->WebBrowser1), QString());
+    QCOMPARE(main.sprungOnPreview(), QString());
 }
 
 /// Lists of addresses, quick words and titles show HTML as the text that it is.
