@@ -6,7 +6,6 @@
 #include <QCoreApplication>
 #include <QPointer>
 #include <QWebEngineCookieStore>
-#include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
@@ -65,8 +64,6 @@ QWebEngineProfile* makeProfile()
 {
     auto* profile = new QWebEngineProfile(QCoreApplication::instance()); // without a name: off the record
     profile->installUrlSchemeHandler(BlankScheme, new BlankPage(profile));
-    QObject::connect(profile, &QWebEngineProfile::downloadRequested, profile,
-                     [](QWebEngineDownloadRequest* download) { download->cancel(); }); // the page tells
 
     QWebEngineSettings* settings = profile->settings();
     settings->setFontFamily(QWebEngineSettings::StandardFont, QStringLiteral("Liberation Serif"));

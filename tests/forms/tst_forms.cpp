@@ -8,6 +8,7 @@
 #include <QCompleter>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTest>
 #include <QTimer>
 #include <new>
@@ -71,6 +72,7 @@ private slots:
     void closeButtonAsksToo();
     void closingWhileItAsksAsksNothing();
     void enterIsForTheButtonInHand();
+    void helpComesOnceAPress();
     void escapeIsForWhatIsOpenFirst();
     void untrappedErrorEndsTheProgram();
     void otherErrorsEndItToo_data();
@@ -225,6 +227,20 @@ void TestForms::enterIsForTheButtonInHand()
     QTest::keyClick(&other, Qt::Key_Enter);
     QCOMPARE(others, 1);
     QCOMPARE(presses, 1);
+}
+
+/// F1 that is held down shows the help page once.
+void TestForms::helpComesOnceAPress()
+{
+    int shown = 0;
+    showHelpBy([&](const Form&) { ++shown; });
+    const auto restored = qScopeGuard([] { showHelpBy({}); });
+    Sample* sample = form<Sample>();
+    sample->Show();
+    QVERIFY(QTest::qWaitForWindowActive(sample));
+    for (const bool repeated : {false, true, true})
+        qt_sendShortcutOverrideEvent(sample, 0, Qt::Key_F1, Qt::NoModifier, QString(), repeated);
+    QCOMPARE(shown, 1);
 }
 
 void TestForms::otherErrorsEndItToo_data()
