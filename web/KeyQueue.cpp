@@ -1,5 +1,7 @@
 #include "web/KeyQueue.h"
 
+#include "web/WebEngine.h"
+
 #include <QAction>
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -23,6 +25,27 @@ void KeyQueue::sendTo(QWidget* widget)
     for (const auto& key : std::exchange(m_keys, {})) {
         if (alive)
             QCoreApplication::sendEvent(alive, key.get());
+    }
+}
+
+ReturnedKeys::ReturnedKeys(const QWidget& page) : m_page(page)
+{
+    m_timer.setSingleShot(true);
+    m_timer.callOnTimeout([this] { send(); });
+}
+
+void ReturnedKeys::passOn(const QKeyEvent& key)
+{
+    m_keys.hold(key);
+    m_timer.start(0);
+}
+
+void ReturnedKeys::send()
+{
+    if (canAct()) {
+        m_keys.sendTo(m_page.parentWidget());
+    } else {
+        m_timer.start(BusyPause);
     }
 }
 

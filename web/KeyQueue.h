@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QTimer>
 #include <memory>
 #include <vector>
 
@@ -19,6 +20,25 @@ public:
 
 private:
     std::vector<std::unique_ptr<QKeyEvent>> m_keys;
+};
+
+/// Keys that a page had no use for. They come back in a call of the engine, and must not go on from there:
+/// what the program does on a key may wait for the engine.
+class ReturnedKeys
+{
+public:
+    /// `page` is the widget whose parent gets them.
+    explicit ReturnedKeys(const QWidget& page);
+
+    /// Passes a key on as soon as the program can act on it.
+    void passOn(const QKeyEvent& key);
+
+private:
+    void send();
+
+    const QWidget& m_page;
+    KeyQueue m_keys;
+    QTimer m_timer;
 };
 
 /// Whether a window has a use for a key: as a shortcut, or perhaps as an access key.

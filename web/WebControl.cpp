@@ -43,10 +43,8 @@ WebControl::WebControl(WebPage::Kind kind, QWidget* parent) : QWidget(parent), m
     describeClass(staticMetaObject, accessibleGroup);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    for (QTimer* timer : {&m_lossTimer, &m_returnTimer})
-        timer->setSingleShot(true);
+    m_lossTimer.setSingleShot(true);
     connect(&m_lossTimer, &QTimer::timeout, this, &WebControl::tellLoss);
-    connect(&m_returnTimer, &QTimer::timeout, this, &WebControl::passOnReturnedKeys);
 }
 
 WebControl::~WebControl()
@@ -343,26 +341,15 @@ QPoint WebControl::placeInView(const QObject* widget, QPointF place) const
     return static_cast<const QWidget*>(widget)->mapTo(m_view, place).toPoint();
 }
 
-/// What the page has no use for comes back here in a call of the engine, and must not go on from there: what
-/// the program does on a key may wait for the engine.
+/// What the page has no use for.
 void WebControl::keyPressEvent(QKeyEvent* event)
 {
-    m_returnedKeys.hold(*event);
-    m_returnTimer.start(0);
+    m_returnedKeys.passOn(*event);
 }
 
 void WebControl::keyReleaseEvent(QKeyEvent* event)
 {
     keyPressEvent(event);
-}
-
-void WebControl::passOnReturnedKeys()
-{
-    if (!canAct()) {
-        m_returnTimer.start(BusyPause);
-        return;
-    }
-    m_returnedKeys.sendTo(parentWidget());
 }
 
 void WebControl::endDrag()

@@ -117,8 +117,6 @@ protected:
     void evaluateSoon(const QString& script, const std::function<void(const QVariant&)>& answered = {});
     /// Calls a function without waiting, in a page in which they were made.
     void callSoon(const QString& function, const std::function<void(const QVariant&)>& answered = {});
-    /// How long what can't be done now waits for the next try, in milliseconds.
-    static constexpr int BusyPause = 30;
     /// Lets all events but the user's input be handled until `loop` is told to quit, the renderer ends or the
     /// time is up.
     void wait(QEventLoop& loop, int milliseconds);
@@ -187,7 +185,6 @@ private:
     void tellLoss();
     void linkHovered(const QString& address);
     QPoint placeInView(const QObject* widget, QPointF place) const;
-    void passOnReturnedKeys();
     void loadingChanged(const QWebEngineLoadingInfo& info);
 
     const WebPage::Kind m_kind;
@@ -196,9 +193,8 @@ private:
     RendererLife m_life;
     Content m_content = Content::Nothing;
     QTimer m_lossTimer;
-    QTimer m_returnTimer;
-    KeyQueue m_returnedKeys; // to be passed on to the window
-    QString m_status;        // ... but for the link under the mouse
+    ReturnedKeys m_returnedKeys{*this};
+    QString m_status; // ... but for the link under the mouse
     bool m_overLink = false;
     int m_zoomLevel = 2;
     int m_patience = 5000;

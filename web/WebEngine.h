@@ -32,6 +32,8 @@ using EngineWait = Span<struct EngineWaitName>;
 bool engineListens();
 /// Whether the program can act on a key now: nothing else is under way.
 bool canAct();
+/// How long what can't be done now waits for the next try, in milliseconds.
+constexpr int BusyPause = 30;
 
 /// Sets the rendering engine up. To be called first thing in `main()`, before the application object is made.
 void prepareWebEngine();
