@@ -112,10 +112,10 @@ format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
 tidy:
-	./setup --develop
-	cmake --preset dev
-	cmake --build --preset dev
-	git ls-files '*.cpp' ':!bench' ':!fuzz/Fuzzer.cpp' | xargs -n 1 -P "$$(nproc)" clang-tidy -p $(DEV) --quiet
+	./setup --test --develop
+	cmake --preset tidy
+	cmake --build --preset tidy
+	git ls-files '*.cpp' ':!bench' ':!fuzz/Fuzzer.cpp' | xargs -n 1 -P "$$(nproc)" clang-tidy -p build/tidy --quiet
 
 # Removes what was compiled, not the settings and lists that the program keeps beside itself.
 clean:
