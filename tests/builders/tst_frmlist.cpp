@@ -52,6 +52,7 @@ private slots:
     void colorFollowsADrag();
     void colorByDialog();
     void fontOfTheNextWord();
+    void fontOfAnotherWindow_data();
     void fontOfAnotherWindow();
     void fontAfterTheListHasGone();
     void fontsLeftOpen();
@@ -251,11 +252,21 @@ void TestFrmList::fontOfTheNextWord()
 }
 
 /// The caption alone says for whom a font is.
+void TestFrmList::fontOfAnotherWindow_data()
+{
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("nobody's") << "Font";
+    QTest::newRow("the other list builder's") << "List Special Character Font";
+    QTest::newRow("in small letters") << "list properties font";
+}
+
+/// The caption tells whose font is chosen, to the letter.
 void TestFrmList::fontOfAnotherWindow()
 {
+    QFETCH(QString, caption);
     const List window;
     click(window.tool->Command21);
-    form<FrmFonts>()->setWindowTitle(QStringLiteral("Font"));
+    form<FrmFonts>()->setWindowTitle(caption);
     form<FrmFonts>()->Combo1->setText(QStringLiteral("X"));
     click(form<FrmFonts>()->Command1);
     QVERIFY(!isLoaded<FrmFonts>());

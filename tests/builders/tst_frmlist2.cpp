@@ -4,6 +4,7 @@
 #include "builders/FrmList2.h"
 #include "colour/ColorSample.h"
 
+#include <QAccessible>
 #include <QFontDatabase>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -82,6 +83,8 @@ private slots:
     void symbolColor();
     void titleLine();
     void fonts();
+    void fontsOfAnotherWindow_data();
+    void fontsOfAnotherWindow();
     void fontsAfterTheListHasGone();
     void addToEditor();
     void titlesAreRemembered();
@@ -285,6 +288,33 @@ void TestFrmList2::fonts()
     window.tool->RTB1 = QStringLiteral("not made anew");
     click(form<FrmFonts>()->Command2);
     QCOMPARE(window.tool->RTB1, QStringLiteral("not made anew"));
+}
+
+void TestFrmList2::fontsOfAnotherWindow_data()
+{
+    QTest::addColumn<QString>("caption");
+    QTest::newRow("nobody's") << "Font";
+    QTest::newRow("the other list builder's") << "List Properties Font";
+    QTest::newRow("this list's own") << "List Special Character Properties";
+    QTest::newRow("in small letters") << "list special character font";
+}
+
+/// The caption tells whose fonts are chosen, to the letter.
+void TestFrmList2::fontsOfAnotherWindow()
+{
+    QFETCH(QString, caption);
+    const List window;
+    window.add("a");
+    tick(window.tool->Check1);
+    const QString before = Font + QStringLiteral("&nbsp;&nbsp;</FONT><BR>\r\n") + line("a");
+    click(window.tool->Command15);
+    form<FrmFonts>()->setWindowTitle(caption);
+    form<FrmFonts>()->Combo1->setText(QStringLiteral("X"));
+    click(form<FrmFonts>()->Command1);
+    QVERIFY(!isLoaded<FrmFonts>());
+    QCOMPARE(window.tool->RTB1, before);
+    window.add("b"); // makes the list anew
+    QCOMPARE(window.tool->RTB1, before + line("b"));
 }
 
 void TestFrmList2::fontsAfterTheListHasGone()
@@ -541,6 +571,8 @@ void TestFrmList2::firstCell()
     FrmChar* c = window.openCharacters();
     List::clickCell(c, 66);
     List::clickCell(c, 0);
+    QCOMPARE(c->CharC->marked(), -1);
+    QVERIFY(!QAccessible::queryAccessibleInterface(c->CharC)->child(0)->state().selected);
     QCOMPARE(List::cellColor(c, 0), QColor(Qt::yellow));
     QCOMPARE(List::cellColor(c, 66), c->palette().color(QPalette::Button));
     List::hover(c, 70);

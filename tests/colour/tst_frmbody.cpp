@@ -29,6 +29,13 @@ public:
         body->GreenG->setValue(green);
         body->BlueG->setValue(blue);
     }
+    /// What the screen shows at a place of a control.
+    static QColor seen(const QWidget* control, QPoint place)
+    {
+        const QWidget* window = control->window();
+        return window->screen()->grabWindow(window->winId()).toImage().pixelColor(
+            control->mapTo(window, place));
+    }
     QColor lab() const { return body->Lab->palette().color(QPalette::WindowText); }
     void load(const QByteArray& preset)
     {
@@ -54,6 +61,7 @@ private slots:
     void boxesTakeTheColor();
     void tickedBoxKeepsItsColor();
     void linkSample();
+    void linkSampleStandsOnWhite();
     void pressOnTheLink();
     void clickedLinkAloneShowsTheLinkSample();
     void addWithoutABox();
@@ -63,6 +71,7 @@ private slots:
     void addReplacesNothing();
     void presetSaves();
     void presetLoads();
+    void presetWithoutTags();
     void presetCutInTheMiddle();
     void presetCancelled();
     void cancelCloses();
@@ -135,6 +144,8 @@ void TestFrmBody::boxesTakeTheColor()
     window.mix(255, 128, 1);
     (body.*box)->setValue(1);
     QCOMPARE((body.*sample)->BackColor(), 0x0180FF);
+    if (body.*sample != body.Picture1) // that one is out of sight
+        QTRY_COMPARE(Body::seen(body.*sample, (body.*sample)->rect().center()), QColor(255, 128, 1));
     QCOMPARE(body.*text, tag + QStringLiteral("#FF8001>"));
 }
 
@@ -172,6 +183,15 @@ void TestFrmBody::linkSample()
     body.Picture5->setBackColor(0x123456);
     click(body.Command3);
     QCOMPARE(window.lab(), QColor(0x56, 0x34, 0x12));
+}
+
+/// As on a page, whatever the desktop's colours.
+void TestFrmBody::linkSampleStandsOnWhite()
+{
+    const Body window;
+    const QLabel* lab = window.body->Lab;
+    for (const QPoint corner : {lab->rect().topLeft(), lab->rect().bottomRight()})
+        QTRY_COMPARE(Body::seen(lab, corner), QColor(Qt::white));
 }
 
 /// The box of the clicked link shows the link's own colour, which is none yet.
@@ -298,6 +318,17 @@ void TestFrmBody::presetLoads()
     click(body.Command1);
     QCOMPARE(window.source(),
              QByteArray("<body bgcolor=#010000><body link=#030000><body alink=#040000>\r\n"));
+}
+
+/// The ticks count, not the tags.
+void TestFrmBody::presetWithoutTags()
+{
+    Body window;
+    window.load("[body]\r\ncolor1=1\r\ncolor2=2\r\ncolor3=3\r\ncolor4=4\r\ntext1=\r\ntext2=\r\ntext3=\r\n"
+                "text4=\r\n");
+    click(window.body->Command1);
+    QCOMPARE(window.source(), QByteArray("\r\n"));
+    QVERIFY(!isLoaded<FrmBody>());
 }
 
 void TestFrmBody::presetCutInTheMiddle()

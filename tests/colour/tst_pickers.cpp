@@ -7,6 +7,7 @@
 #include "colour/color.h"
 
 #include <QSignalSpy>
+#include <QToolTip>
 #include <array>
 
 namespace {
@@ -145,11 +146,14 @@ void TestPickers::colorCodeFollowsTheBars()
 {
     const MainWindow window;
     FrmColorcode& code = *shown<FrmColorcode>();
+    QCOMPARE(code.BlueB->toolTip(), QStringLiteral("Blue: 0"));
     dragToEnd(code.BlueB);
+    QCOMPARE(QToolTip::text(), QStringLiteral("Blue: 255")); // beside the hand
     QCOMPARE(code.Text3->text(), QStringLiteral("#0000FF"));
     QCOMPARE(code.Text1, QStringLiteral("#16711680"));
     release(code.BlueB);
     step(code.RedB);
+    QCOMPARE(code.RedB->toolTip(), QStringLiteral("Red: 1"));
     QCOMPARE(code.Text3->text(), QStringLiteral("#0100FF"));
     QCOMPARE(code.Hcolor2->BackColor(), 0xFF0001);
 }

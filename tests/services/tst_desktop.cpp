@@ -1,10 +1,13 @@
 #include "services/Desktop.h"
 
+#include <QCursor>
 #include <QElapsedTimer>
+#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QTest>
 #include <QTimer>
 #include <QWidget>
+#include <QWindow>
 #include <ctime>
 
 namespace {
@@ -18,6 +21,17 @@ protected:
     void paintEvent(QPaintEvent* /*event*/) override { ++paints; }
 };
 
+class Pointed : public QWidget
+{
+public:
+    Pointed() { setMouseTracking(true); }
+
+    QPoint pointer;
+
+protected:
+    void mouseMoveEvent(QMouseEvent* event) override { pointer = event->pos(); }
+};
+
 } // namespace
 
 class TestDesktop : public QObject
@@ -29,10 +43,12 @@ private slots:
     void pauseLasts();
     void pauseForNoTimeReturnsAtOnce();
     void windowPaintsDuringAPause();
+    void pointerIsServedDuringAPause();
     void pauseRests();
     void pauseInsideAPause();
     void yieldIsRare();
     void onTopKeepsPlaceAndSize();
+    void onTopStaysWhereTheHandMovedIt();
     void onTopLeavesAHiddenWindowHidden();
 };
 
@@ -74,6 +90,17 @@ void TestDesktop::windowPaintsDuringAPause()
     timer.start(20);
     Pause(0.1);
     QVERIFY(window.paints > 0);
+}
+
+void TestDesktop::pointerIsServedDuringAPause()
+{
+    Pointed window;
+    window.setGeometry(120, 90, 240, 130);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTimer::singleShot(10, &window, [&] { QCursor::setPos(window.mapToGlobal(QPoint(50, 40))); });
+    Pause(0.3);
+    QCOMPARE(window.pointer, QPoint(50, 40));
 }
 
 void TestDesktop::pauseRests()
@@ -129,6 +156,22 @@ void TestDesktop::onTopKeepsPlaceAndSize()
         QVERIFY(window.isVisible());
         QTRY_COMPARE(window.geometry(), place);
     }
+}
+
+/// A window that the hand has moved, and nothing else ever placed.
+void TestDesktop::onTopStaysWhereTheHandMovedIt()
+{
+    QWidget window;
+    window.resize(240, 130);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    const QRect place(37, 53, 300, 200);
+    window.windowHandle()->setGeometry(place);
+    QTRY_COMPARE(window.geometry(), place);
+    StayOnTop(&window);
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTRY_COMPARE(window.windowHandle()->geometry(), place);
+    QCOMPARE(window.geometry(), place);
 }
 
 void TestDesktop::onTopLeavesAHiddenWindowHidden()
