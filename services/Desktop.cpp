@@ -32,10 +32,7 @@ void StayOnTop(QWidget* window)
     if (window->windowFlags().testFlag(Qt::WindowStaysOnTopHint))
         return;
     const bool shown = window->isVisible();
-    const QRect place = window->geometry();
     window->setWindowFlag(Qt::WindowStaysOnTopHint); // hides the window
-    if (!shown)
-        return;
-    window->setGeometry(place);
-    window->show();
+    if (shown)
+        window->show();
 }

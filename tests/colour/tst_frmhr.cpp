@@ -63,6 +63,7 @@ private slots:
     void fieldsGoOutAsTyped_data();
     void fieldsGoOutAsTyped();
     void colorRow();
+    void handStaysOffTheSample();
     void addAtTheCaret();
     void closesByItsBox_data();
     void closesByItsBox();
@@ -273,6 +274,22 @@ void TestFrmHR::colorRow()
     release(rule.BlueG);
     rule.GreenG->setValue(128);
     QCOMPARE(window.copied(), QStringLiteral("<HR width=100% size=0 color=#0180FF align=Left>"));
+}
+
+/// Which offers nothing to press here.
+void TestFrmHR::handStaysOffTheSample()
+{
+    const Rule window;
+    const FrmHR& rule = *window.rule;
+    rule.Text1->setFocus();
+    QTest::mouseClick(rule.FColor1, Qt::LeftButton);
+    QCOMPARE(rule.focusWidget(), rule.Text1);
+    for (const auto& [bar, modifier] : {std::pair{rule.BlueG, Qt::NoModifier}, {rule.RedG, Qt::ShiftModifier}}) {
+        bar->setFocus();
+        QTest::keyClick(bar, Qt::Key_Tab, modifier);
+        QVERIFY(rule.focusWidget() != bar);
+        QVERIFY(rule.focusWidget() != rule.FColor1);
+    }
 }
 
 void TestFrmHR::addAtTheCaret()

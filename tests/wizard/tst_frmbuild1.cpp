@@ -257,6 +257,7 @@ private slots:
     void uncheckingRemovesTypedTwins();
     void enablingRules_data();
     void enablingRules();
+    void otherRegionShowsWhetherItIsOpen_data();
     void otherRegionShowsWhetherItIsOpen();
     void spaceBarWorksAsAClick();
     void barsWriteTheDollars_data();
@@ -636,8 +637,23 @@ void TestFrmBuild1::enablingRules()
     QCOMPARE(wizard.settings(), webIni(changes));
 }
 
+void TestFrmBuild1::otherRegionShowsWhetherItIsOpen_data()
+{
+    QTest::addColumn<bool>("alike");
+    QTest::newRow("on this desktop") << false;
+    QTest::newRow("on a desktop that shows all fields alike") << true;
+}
+
 void TestFrmBuild1::otherRegionShowsWhetherItIsOpen()
 {
+    QFETCH(bool, alike);
+    const QPalette before = QApplication::palette();
+    const auto restore = qScopeGuard([&] { QApplication::setPalette(before); });
+    if (alike) {
+        QPalette desktop = before;
+        desktop.setColor(QPalette::Base, desktop.color(QPalette::Active, QPalette::Base)); // in all states
+        QApplication::setPalette(desktop);
+    }
     const Wizard wizard;
     const auto background = [&] { return wizard->Txtother2->palette().color(QPalette::Base); };
     const QPalette system = QApplication::palette();

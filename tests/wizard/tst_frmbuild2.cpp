@@ -84,6 +84,15 @@ QImage drawingOf(FrmBuild2* page)
     return page->Drawing->grab().toImage();
 }
 
+/// Whether the screen shows the drawing as it is now.
+bool isOnScreen(FrmBuild2* page)
+{
+    const QRect place(page->Drawing->mapTo(page, QPoint()), page->Drawing->size());
+    const QImage seen = page->screen()->grabWindow(page->winId()).toImage().copy(place);
+    return seen.convertToFormat(QImage::Format_RGB32) ==
+           drawingOf(page).convertToFormat(QImage::Format_RGB32);
+}
+
 /// How many rows of a picture hold a long run of a colour, neighbouring rows counted as one.
 int bandsOf(const QImage& image, const QColor& color)
 {
@@ -139,6 +148,7 @@ private slots:
     void anyTextSurvives();
     void colorsTheSource();
     void missingSourceColorEndsTheProgram();
+    void plainSourceNeedsNoColors();
     void enterOpensTheEditor();
     void opensInThePreview_data();
     void opensInThePreview();
@@ -236,11 +246,11 @@ void TestFrmBuild2::drawingShowsTheRowsOfEachStyle_data()
     QTest::addColumn<int>("style");
     QTest::addColumn<int>("rules");
     QTest::addColumn<int>("titleCells");
-    QTest::addColumn<bool>("cellBorders");
-    QTest::newRow("0") << 0 << 1 << 3 << false;
-    QTest::newRow("1") << 1 << 1 << 3 << true;
-    QTest::newRow("2") << 2 << 0 << 3 << true;
-    QTest::newRow("3") << 3 << 0 << 4 << true;
+    QTest::addColumn<int>("cellBorders");
+    QTest::newRow("0") << 0 << 1 << 3 << 0;
+    QTest::newRow("1") << 1 << 1 << 3 << 7; // two at each title, and the end of the sections' own table
+    QTest::newRow("2") << 2 << 0 << 3 << 6; // there the sections end with the page
+    QTest::newRow("3") << 3 << 0 << 4 << 6;
 }
 
 void TestFrmBuild2::drawingShowsTheRowsOfEachStyle()
@@ -248,7 +258,7 @@ void TestFrmBuild2::drawingShowsTheRowsOfEachStyle()
     QFETCH(int, style);
     QFETCH(int, rules);
     QFETCH(int, titleCells);
-    QFETCH(bool, cellBorders);
+    QFETCH(int, cellBorders);
     m_folder->write(QStringLiteral("webstyle.ini"), DistinctSet);
     m_folder->write(QStringLiteral("webstyle2.ini"), "all\r\n");
     auto* page = openPage2();
@@ -262,8 +272,8 @@ void TestFrmBuild2::drawingShowsTheRowsOfEachStyle()
     QCOMPARE(bandsOf(image, QColor(0xAA, 0x00, 0x00)), 2); // two lines of description
     QCOMPARE(bandsOf(image, QColor(0x99, 0x66, 0x00)), 6); // two lines in each of the three lists
     // The sections' cells have borders of their own beside the page's.
-    const QRect inner = image.rect().adjusted(8, image.height() / 3, -8, -8);
-    QCOMPARE(bandsOf(image.copy(inner), QColor(0x11, 0x00, 0x00)) > 0, cellBorders);
+    const QRect inner = image.rect().adjusted(8, image.height() * 3 / 10, -8, -8);
+    QCOMPARE(bandsOf(image.copy(inner), QColor(0x11, 0x00, 0x00)), cellBorders);
     // Title: under the page's upper border, on the cell's ground.
     QVERIFY(bandsOf(image.copy(0, 0, image.width(), image.height() / 8), QColor(0xEE, 0xEE, 0xDD)) > 0);
     QCOMPARE(image.pixelColor(image.width() / 2, 0), QColor(0x11, 0x00, 0x00));
@@ -285,9 +295,11 @@ void TestFrmBuild2::pickedColorsShow()
     };
     for (const auto& pick : picks) {
         QCOMPARE(bandsOf(drawingOf(page), pick.shown), 0);
+        QTRY_VERIFY(isOnScreen(page));
         m_doors->answerColor(pick.color);
         choose(page->Combo3, pick.entry);
         QVERIFY(bandsOf(drawingOf(page), pick.shown) > 0);
+        QTRY_VERIFY(isOnScreen(page));
     }
     QCOMPARE(page->look().Txt5, QStringLiteral("#0000FF"));
     QCOMPARE(page->look().Txt3, QStringLiteral("#00DD00"));
@@ -605,6 +617,24 @@ void TestFrmBuild2::missingSourceColorEndsTheProgram()
     click(page->Command23);
     QCOMPARE(m_doors->ended, 1);
     QVERIFY(m_doors->asked.value(0).contains(QLatin1String("Type mismatch")));
+}
+
+/// With the colours switched off the listing stays plain, and nobody looks for them.
+void TestFrmBuild2::plainSourceNeedsNoColors()
+{
+    auto* main = form<FrmWeb>();
+    main->Check1 = 0;
+    m_folder->write(QStringLiteral("web.ini"),
+                    m_folder->read(QStringLiteral("web.ini")).replace("two=1381795", "two="));
+    const int background = main->RichTextBox1->BackColor();
+    click(openPage2()->Command23);
+    QCOMPARE(m_doors->asked, QStringList());
+    QVERIFY(!m_doors->ended);
+    const QByteArray text = main->RichTextBox1->Text();
+    QVERIFY(text.contains("<TABLE"));
+    QCOMPARE(main->RichTextBox1->colorAt(int(text.indexOf("<TABLE"))), 0);
+    QCOMPARE(main->RichTextBox1->BackColor(), background);
+    QVERIFY(!isLoaded<FrmBuild2>());
 }
 
 void TestFrmBuild2::enterOpensTheEditor()

@@ -69,6 +69,7 @@ private slots:
     void escapeCancels();
     void okHidesAndKeepsTheForm();
     void openEditorTurnsToTheOtherFile();
+    void typingGoesIntoTheTerms();
     void failedWrite_data();
     void failedWrite();
     void lostRenderer();
@@ -491,6 +492,26 @@ void TestFrmTerms::openEditorTurnsToTheOtherFile()
     QCOMPARE(m_folder->read(QStringLiteral("weblst.ini")), QByteArray("<BODY>pay</BODY>"));
     QCOMPARE(m_folder->read(QStringLiteral("weblst2.ini")), QByteArray("<BODY>ship</BODY>"));
     QCOMPARE(m_folder->read(QStringLiteral("weblst3.ini")), QByteArray("\r\n<BODY></BODY>\r\n"));
+}
+
+/// Also when the hand was last somewhere else in the editor.
+void TestFrmTerms::typingGoesIntoTheTerms()
+{
+    const ScriptedDoors doors;
+    m_folder->write(QStringLiteral("weblst.ini"), "<BODY>pay</BODY>");
+    openTerms(0);
+    auto* editor = form<FrmTerms>();
+    QVERIFY(QTest::qWaitForWindowActive(editor));
+    for (const bool hidden : {false, true}) {
+        editor->Command14->setFocus();
+        QCOMPARE(editor->focusWidget(), editor->Command14);
+        if (hidden)
+            click(editor->Command14); // hides it
+        openTerms(0);
+        QVERIFY(QTest::qWaitForWindowActive(editor));
+        const QWidget* surface = editor->WebBrowser1;
+        QVERIFY(surface == editor->focusWidget() || surface->isAncestorOf(editor->focusWidget()));
+    }
 }
 
 void TestFrmTerms::failedWrite_data()
