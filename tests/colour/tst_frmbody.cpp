@@ -33,8 +33,10 @@ public:
     static QColor seen(const QWidget* control, QPoint place)
     {
         const QWidget* window = control->window();
-        return window->screen()->grabWindow(window->winId()).toImage().pixelColor(
-            control->mapTo(window, place));
+        return window->screen()
+            ->grabWindow(window->winId())
+            .toImage()
+            .pixelColor(control->mapTo(window, place));
     }
     QColor lab() const { return body->Lab->palette().color(QPalette::WindowText); }
     void load(const QByteArray& preset)

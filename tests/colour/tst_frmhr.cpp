@@ -284,7 +284,8 @@ void TestFrmHR::handStaysOffTheSample()
     rule.Text1->setFocus();
     QTest::mouseClick(rule.FColor1, Qt::LeftButton);
     QCOMPARE(rule.focusWidget(), rule.Text1);
-    for (const auto& [bar, modifier] : {std::pair{rule.BlueG, Qt::NoModifier}, {rule.RedG, Qt::ShiftModifier}}) {
+    for (const auto& [bar, modifier] :
+         {std::pair{rule.BlueG, Qt::NoModifier}, {rule.RedG, Qt::ShiftModifier}}) {
         bar->setFocus();
         QTest::keyClick(bar, Qt::Key_Tab, modifier);
         QVERIFY(rule.focusWidget() != bar);

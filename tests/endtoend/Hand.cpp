@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
+#include <cstdio>
 
 QByteArray fileBytes(const QString& path)
 {
@@ -44,14 +45,27 @@ bool installProgram(const QString& folder)
 
 Program::Program() : m_ownFolder(std::in_place), m_folder(m_ownFolder->path())
 {
+    QVERIFY(m_errors.open());
     QVERIFY(installProgram(m_folder));
 }
 
-Program::Program(const QString& folder) : m_folder(folder) {}
+Program::Program(const QString& folder) : m_folder(folder)
+{
+    QVERIFY(m_errors.open());
+}
 
 Program::~Program()
 {
     kill();
+    const QByteArray written = errors();
+    std::fwrite(written.constData(), 1, size_t(written.size()), stderr);
+}
+
+void Program::setEnvironment(const char* name, const QString& value)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert(QString::fromLatin1(name), value);
+    m_process.setProcessEnvironment(environment);
 }
 
 void Program::kill()
@@ -77,7 +91,7 @@ QByteArray Program::read(const QString& name) const
 
 void Program::launch()
 {
-    m_process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process.setStandardErrorFile(m_errors.fileName(), QIODevice::Append);
     m_process.start(path(QStringLiteral("brindlemark")), QStringList());
     QVERIFY(m_process.waitForStarted());
 }

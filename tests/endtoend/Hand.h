@@ -6,6 +6,7 @@
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
+#include <QTemporaryFile>
 #include <optional>
 
 // The program itself, in a folder of its own and on a real display, used with keys and mouse. Windows are
@@ -45,12 +46,16 @@ public:
     /// A file's bytes; a null array when there is none.
     QByteArray read(const QString& name) const;
 
+    /// Another value of a variable of the environment for the next start.
+    void setEnvironment(const char* name, const QString& value);
     void launch();
     /// Starts the program and waits for its main window.
     void start();
     bool isRunning() { return !m_process.waitForFinished(0) && m_process.state() == QProcess::Running; }
     /// Waits for the program's end; -1 when it stays or crashes.
     int exitCode();
+    /// What the program has written to its error channel. It goes to the test's own when the object dies.
+    QByteArray errors() const { return fileBytes(m_errors.fileName()); }
     /// Ends the program as the system does when memory runs out.
     void kill();
 
@@ -83,5 +88,6 @@ public:
 private:
     std::optional<QTemporaryDir> m_ownFolder;
     QString m_folder;
+    QTemporaryFile m_errors;
     QProcess m_process;
 };
