@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
+#include <QTabBar>
 #include <QToolBar>
 
 namespace {
@@ -89,6 +90,7 @@ private slots:
     void replaceAllNeedsBothTexts();
     void replaceAllInWesternText();
     void replaceAllOfManyHits();
+    void replaceAllShowsTheHourglass();
     void veryLongTexts();
     void positionsAreBytes();
     void unloadForgetsAll();
@@ -230,6 +232,14 @@ void TestFind::findStaysAtTheSamePlace()
         QCOMPARE(search.selection(), QStringLiteral("2+3"));
         QCOMPARE(search.find->NextStart, 0);
     }
+    // Behind a step of "Find Next" as well, which it takes as its beginning.
+    Search::click(search.find->Command3);
+    QCOMPARE(search.find->NextStart, 3);
+    for (int i = 0; i < 2; ++i) {
+        Search::click(search.find->Command8);
+        QCOMPARE(search.selection(), QStringLiteral("6+3"));
+        QCOMPARE(search.find->NextStart, 3);
+    }
     QCOMPARE(search.doors.asked, QStringList());
 }
 
@@ -293,6 +303,7 @@ void TestFind::findGivesTheSourceTheKeyboard()
 {
     Search search("a word");
     for (QPushButton* button : {search.find->Command8, search.find->Command3}) {
+        search.web->SSTab1->tabBar()->setFocus(); // not where the keyboard goes back to by itself
         search.press(9);
         QTRY_VERIFY(search.find->Text1->lineEdit()->hasFocus());
         Search::write(search.find->Text1, QStringLiteral("word"));
@@ -569,6 +580,24 @@ void TestFind::replaceAllOfManyHits()
     search.doors.answerMsgBox(MsgAnswer::Ok);
     Search::click(search.find->Command6);
     QVERIFY(search.source() == QByteArray(text).replace("TD", "TDTD"));
+}
+
+/// It stands until the new text is in the box, and no longer.
+void TestFind::replaceAllShowsTheHourglass()
+{
+    Search search("a b a");
+    Search::write(search.find->Text1, QStringLiteral("a"));
+    Search::write(search.find->Text2, QStringLiteral("c"));
+    QList<bool> hourglass;
+    connect(search.web->RichTextBox1, &RichTextBox::Change, search.find, [&hourglass] {
+        const QCursor* pointer = QGuiApplication::overrideCursor();
+        hourglass << (pointer && pointer->shape() == Qt::WaitCursor);
+    });
+    search.doors.answerMsgBox(MsgAnswer::Ok); // fails over an hourglass that still stands
+    Search::click(search.find->Command6);
+    QCOMPARE(search.source(), QByteArray("c b c"));
+    QCOMPARE(hourglass, QList<bool>{true});
+    QVERIFY(!QGuiApplication::overrideCursor());
 }
 
 void TestFind::veryLongTexts()
