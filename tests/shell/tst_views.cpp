@@ -1474,9 +1474,24 @@ void TestViews::linkCancelled()
 
 // ---- Find on the surface
 
+/// Whether a surface shows a mark of its search, yellow or orange, on a page that is black on white.
+static bool showsMarks(DocumentSurface* surface)
+{
+    const QImage picture = surface->grab().toImage();
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor color = picture.pixelColor(x, y);
+            if (color.red() > 200 && color.blue() < 100)
+                return true;
+        }
+    }
+    return false;
+}
+
 void TestViews::findBar()
 {
     Desk desk;
+    desk.waitForKeyboard();
     desk.box->setText("<p>one two foo");
     desk.goTo(Preview);
     QTRY_VERIFY(desk.surface->inputWidget());
@@ -1493,8 +1508,10 @@ void TestViews::findBar()
             .match(count->text())
             .hasMatch();
     };
-    QTest::keyClicks(text, QStringLiteral("o"));
+    QTRY_VERIFY(text->hasFocus());
+    desk.type("o");
     QTRY_VERIFY2(shows(1), qPrintable(count->text()));
+    QTRY_VERIFY(showsMarks(desk.surface));
     QTest::keyClick(text, Qt::Key_Return);
     QTRY_VERIFY2(shows(2), qPrintable(count->text()));
     QTest::keyClick(text, Qt::Key_Return);
@@ -1503,7 +1520,17 @@ void TestViews::findBar()
     QTRY_VERIFY2(shows(2), qPrintable(count->text()));
     QTest::keyClick(text, Qt::Key_Escape);
     QVERIFY(!bar->isVisible());
+    QTRY_VERIFY(!showsMarks(desk.surface));
+    QVERIFY(desk.hasKeyboard(desk.surface)); // the next letter goes to the page
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P>one two foo</P>"));
+
+    // Asked for again, it has the last text ready, and the next letter begins another search.
+    QTest::keyClick(desk.surface->inputWidget(), Qt::Key_F, Qt::ControlModifier);
+    QTRY_VERIFY(text->hasFocus());
+    QCOMPARE(text->text(), QStringLiteral("o"));
+    desk.type("tw");
+    QCOMPARE(text->text(), QStringLiteral("tw"));
+    QTRY_COMPARE(count->text(), QStringLiteral("1 of 1"));
 }
 
 /// The surface gets the keyboard before the bar takes it: that is where it goes back to.
