@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 #include "WebServer.h"
 #include "WebTestMain.h"
+#include "Widgets.h"
 #include "web/WebEngine.h"
 
 #include <QElapsedTimer>
@@ -79,6 +80,7 @@ private slots:
     void emptyAddress();
     void pickedAddress();
     void homePage();
+    void homePageWaitsForTheUser();
 
     void historyButtons();
     void historyMenu();
@@ -274,6 +276,30 @@ void TestInternet::homePage()
     QCOMPARE(tab.web->Combo3->Text(), server.url(QStringLiteral("/home")));
     QTRY_COMPARE(tab.text(), QStringLiteral("my home"));
     QCOMPARE(tab.addresses(), QStringList()); // no address step
+}
+
+/// The next start shows its address and opens nothing.
+void TestInternet::homePageWaitsForTheUser()
+{
+    WebServer server;
+    server.page(QStringLiteral("/home"), "my home");
+    server.page(QStringLiteral("/a"), "first");
+    const QString home = server.url(QStringLiteral("/home"));
+    InternetTab tab;
+    tab.doors.answerInputBox(home);
+    tab.choose(tab.web->muinternet, tab.web->muoptions);
+    unloadAll();
+    tab.web = form<FrmWeb>();
+    tab.web->Show();
+    QVERIFY(QTest::qWaitForWindowExposed(tab.web, Patience));
+    QCOMPARE(tab.web->Combo3->Text(), home);
+    tab.showTab(FrmWeb::InternetTab);
+    QTRY_COMPARE(pageSource(tab), QStringLiteral("surface:blank <head></head><body></body>"));
+    tab.enter(server.url(QStringLiteral("/a")));
+    QTRY_COMPARE(tab.text(), QStringLiteral("first"));
+    QCOMPARE(server.requests(QStringLiteral("/home")), 0);
+    tab.click(tab.web->Command15);
+    QTRY_COMPARE(tab.text(), QStringLiteral("my home"));
 }
 
 // ---- History

@@ -3,8 +3,10 @@
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 #include "shell/About.h"
+#include "shell/Find.h"
 #include "shell/FrmHelp.h"
 #include "shell/FrmSplash.h"
+#include "shell/FrmWord.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -13,6 +15,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QToolBar>
 #include <QToolButton>
@@ -114,6 +117,7 @@ private slots:
 
     // Start
     void startState();
+    void disabledButtonsArePale();
     void fontNamesOfTheScreen();
     void addressListAndHome();
     void startWithoutAddressList();
@@ -135,6 +139,7 @@ private slots:
     void nothingOverlaps();
     void tabsFillTheWindow_data();
     void tabsFillTheWindow();
+    void largerFontMakesRoom();
     void tinyWindowIsNoError();
 
     // Other windows
@@ -549,6 +554,8 @@ void TestMainWindow::startState()
     QCOMPARE(window.source(), QByteArray());
     QVERIFY(web->Option1->Value());
     QVERIFY(!web->Option2->Value());
+    for (int cutAndCopy : {6, 7}) // nothing is selected
+        QVERIFY(!web->toolbarButton(cutAndCopy)->isEnabled());
 
     QStringList sizes;
     for (int i = 0; i < web->Combo2->ListCount(); ++i)
@@ -565,6 +572,33 @@ void TestMainWindow::startState()
     QCOMPARE(web->WebBrowser3->designMode(), DesignMode::Off);
     QCOMPARE(window.doors.asked, QStringList());
     QCOMPARE(window.doors.beeps, 0);
+}
+
+/// The darkest there is in a picture, 0 to 255.
+static int darkest(const QImage& picture)
+{
+    int lightness = 255;
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            lightness = qMin(lightness, picture.pixelColor(x, y).lightness());
+    }
+    return lightness;
+}
+
+void TestMainWindow::disabledButtonsArePale()
+{
+    MainWindow window;
+    window.web->RichTextBox1->setText("word");
+    for (int cutAndCopy : {6, 7}) {
+        QWidget* button = window.web->Toolbar1->widgetForAction(window.web->toolbarButton(cutAndCopy));
+        window.web->RichTextBox1->setSelLength(0);
+        QVERIFY(!button->isEnabled());
+        const int off = darkest(button->grab().toImage());
+        window.web->RichTextBox1->setSelLength(4);
+        QVERIFY(button->isEnabled());
+        const int on = darkest(button->grab().toImage());
+        QVERIFY2(off > on + 50, qPrintable(QStringLiteral("%1 off, %2 on").arg(off).arg(on)));
+    }
 }
 
 void TestMainWindow::fontNamesOfTheScreen()
@@ -726,6 +760,10 @@ void TestMainWindow::oddSettingsLoad()
     folder.write(QStringLiteral("web.ini"), settings);
     QCOMPARE(form<FrmWeb>()->RichTextBox1->BackColor(), 65535);
     QCOMPARE(form<FrmWeb>()->RichTextBox1->textFont().pointSizeF(), 14.0);
+    // Where the settings name no face, it is the one that the box begins with.
+    QCOMPARE(form<FrmWeb>()->RichTextBox1->textFont().family(),
+             settings.contains("name=") ? QStringLiteral("Liberation Mono")
+                                        : QStringLiteral("Comic Sans MS"));
 }
 
 void TestMainWindow::loadLeavesTheSettingsAlone()
@@ -784,17 +822,10 @@ void TestMainWindow::nothingOverlaps_data()
     }
 }
 
-void TestMainWindow::nothingOverlaps()
+/// Fails where a control of the page that is up lies over another or beyond what holds it, or is too low for
+/// its text.
+static void verifyNothingOverlaps(const MainWindow& window, const QString& frame)
 {
-    QFETCH(QSize, size);
-    QFETCH(int, tab);
-    QFETCH(QString, frame);
-    MainWindow window;
-    window.web->resize(size);
-    QTRY_COMPARE(window.web->size(), size);
-    window.showTab(static_cast<FrmWeb::Tab>(tab));
-    QCoreApplication::processEvents();
-
     const auto* holder = window.web->findChild<QWidget*>(frame);
     const QRect tabs = placeOf(window.web->SSTab1);
     QVERIFY2(window.web->rect().contains(tabs), qPrintable(describe(window.web->SSTab1)));
@@ -809,7 +840,11 @@ void TestMainWindow::nothingOverlaps()
     }
     QVERIFY(controls.size() > 6);
     for (const QWidget* control : controls) {
-        QVERIFY2(!control->size().isEmpty(), qPrintable(describe(control)));
+        QVERIFY2(control->width() > 0, qPrintable(describe(control)));
+        const auto* button = qobject_cast<const QAbstractButton*>(control);
+        const bool hasText = !button || !button->text().isEmpty();
+        QVERIFY2(!hasText || control->height() >= control->fontMetrics().height(),
+                 qPrintable(describe(control) + QStringLiteral(" cuts off its text")));
         QVERIFY2(placeOf(holder).contains(placeOf(control)),
                  qPrintable(describe(control) + QStringLiteral(" is not inside ") + describe(holder)));
         const QRect room = control->parentWidget()->rect();
@@ -821,6 +856,20 @@ void TestMainWindow::nothingOverlaps()
             }
         }
     }
+}
+
+void TestMainWindow::nothingOverlaps()
+{
+    QFETCH(QSize, size);
+    QFETCH(int, tab);
+    QFETCH(QString, frame);
+    MainWindow window;
+    window.web->resize(size);
+    QTRY_COMPARE(window.web->size(), size);
+    window.showTab(static_cast<FrmWeb::Tab>(tab));
+    QCoreApplication::processEvents();
+
+    verifyNothingOverlaps(window, frame);
 }
 
 void TestMainWindow::tabsFillTheWindow_data()
@@ -849,6 +898,24 @@ void TestMainWindow::tabsFillTheWindow()
     // The cover lies on the source box, and the preview where the design surface is.
     QCOMPARE(window.web->Picture1->geometry(), window.web->RichTextBox1->geometry());
     QCOMPARE(window.web->WebBrowser3->geometry(), window.web->WebBrowser1->geometry());
+}
+
+/// The desktop's font may change while the window is up.
+void TestMainWindow::largerFontMakesRoom()
+{
+    MainWindow window;
+    window.web->resize(1366, 768);
+    QTRY_COMPARE(window.web->size(), QSize(1366, 768));
+    const QFont before = QApplication::font();
+    const auto back = qScopeGuard([&before] { QApplication::setFont(before); });
+    QFont larger = before;
+    larger.setPointSizeF(before.pointSizeF() * 2);
+    QApplication::setFont(larger);
+    for (int tab : {0, 1, 2}) {
+        window.showTab(static_cast<FrmWeb::Tab>(tab));
+        QCoreApplication::processEvents();
+        verifyNothingOverlaps(window, QStringLiteral("Frame%1").arg(tab + 1));
+    }
 }
 
 void TestMainWindow::tinyWindowIsNoError()
@@ -998,8 +1065,11 @@ void TestMainWindow::windowCannotBeClosedWhileCancelHolds()
 void TestMainWindow::closeEndsWithToolsOpen()
 {
     MainWindow window;
-    form<About>()->Show();
-    form<FrmHelp>()->Show();
+    const QList<Form*> tools = {form<About>(), form<FrmHelp>(), form<Find>(), form<FrmWord>()};
+    for (Form* tool : tools) {
+        tool->Show();
+        QVERIFY(tool->isVisible());
+    }
     window.web->close();
     QCOMPARE(window.doors.ended, 0);
     QCOMPARE(window.doors.asked, QStringList());
@@ -1008,6 +1078,8 @@ void TestMainWindow::closeEndsWithToolsOpen()
 void TestMainWindow::untrappedErrorKeepsTheText()
 {
     MainWindow window;
+    window.folder.write(QStringLiteral("Recovered.htm"), "an earlier text");
+    window.folder.write(QStringLiteral("Recovered.old.htm"), "the one before that");
     window.web->RichTextBox1->setText("Gr\xC3\xBC\xC3\x9F"
                                       "e\r\n\xFF");
     window.doors.answerMsgBox(MsgAnswer::Ok);
@@ -1017,6 +1089,7 @@ void TestMainWindow::untrappedErrorKeepsTheText()
     QVERIFY(window.folder.read(QStringLiteral("Recovered.htm"))
                 .startsWith("Gr\xC3\xBC\xC3\x9F"
                             "e\r\n\xFF"));
+    QCOMPARE(window.folder.read(QStringLiteral("Recovered.old.htm")), QByteArray("an earlier text"));
     const QString record = window.doors.takeAsked().value(0);
     QVERIFY2(record.startsWith(QStringLiteral("MsgBox|Brindlemark|Run-time error '6':\n\nOverflow\n\n")),
              qPrintable(record));
