@@ -112,6 +112,7 @@ private slots:
     void pageWithoutEnd();
     void scriptWithoutEnd();
     void lostRenderer();
+    void rendererLostWhileOpening();
     void sharesNothing();
 };
 
@@ -810,6 +811,20 @@ void TestInternet::lostRenderer()
     tab.click(tab.web->Command20);
     QTRY_COMPARE(tab.text(), QStringLiteral("here"));
     QCOMPARE(server.requests(QStringLiteral("/a")), 2);
+}
+
+/// Nothing is under way any more, and the bar must not say so.
+void TestInternet::rendererLostWhileOpening()
+{
+    WebServer server;
+    server.hang(QStringLiteral("/never"));
+    const InternetTab tab;
+    tab.enter(server.url(QStringLiteral("/never")));
+    QTRY_VERIFY(tab.web->ProgressBar1->value() > 0);
+    QTRY_COMPARE(server.requests(QStringLiteral("/never")), 1);
+    ::kill(static_cast<pid_t>(tab.web->WebBrowser2->rendererPid()), SIGKILL);
+    QTRY_COMPARE(tab.status(), QStringLiteral("The page has stopped working. Refresh opens it again."));
+    QCOMPARE(tab.web->ProgressBar1->value(), 0);
 }
 
 void TestInternet::sharesNothing()

@@ -368,11 +368,12 @@ void TestViews::toolsOfEachTab()
 void TestViews::copyButtonsFollowTheSelection()
 {
     Desk desk;
-    const auto enabled = [&] {
-        return QList<bool>{desk.web->toolbarButton(6)->isEnabled(), desk.web->toolbarButton(7)->isEnabled()};
+    const auto enabled = [&] { // Cut, Copy, Paste
+        return QList<bool>{desk.web->toolbarButton(6)->isEnabled(), desk.web->toolbarButton(7)->isEnabled(),
+                           desk.web->toolbarButton(8)->isEnabled()};
     };
-    const QList<bool> both{true, true};
-    const QList<bool> none{false, false};
+    const QList<bool> both{true, true, true};
+    const QList<bool> none{false, false, true};
     desk.box->setText("word");
     desk.box->setSelStart(1);
     QCOMPARE(enabled(), none);
