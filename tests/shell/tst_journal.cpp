@@ -4,6 +4,7 @@
 #include "Widgets.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
+#include "shell/FrmWord.h"
 #include "shell/Journal.h"
 
 #include <QDir>
@@ -69,6 +70,16 @@ public:
     QStringList files() const { return journalFiles(QFileInfo(folder.path(First)).path()); }
     /// Lets the time run out after which unsaved text is kept.
     void timeRunsOut() const { web->JournalTimer.start(0); }
+    /// Does the same once all that was begun before is on the disk.
+    void timeRunsOutAnew() const
+    {
+        const auto hasRun = [this] {
+            timeRunsOut();
+            QCoreApplication::processEvents();
+            return web->JournalTimer.remainingTime() > 5000; // sooner while one is still being written
+        };
+        QVERIFY(QTest::qWaitFor(hasRun, Patience));
+    }
     /// The text that a start after a crash would give back now; null when there is none.
     QByteArray kept() const { return other().text; }
     QString keptDocument() const { return other().document; }
@@ -128,6 +139,7 @@ private slots:
     void typedOnTheSurfaceIsKept();
     void aLookAtTheSurfaceKeepsTheSource();
     void surfaceEditIsKeptThroughDesignOff();
+    void surfaceEditIsKeptBesideAFragment();
     void savedSurfaceLeavesNothing();
     void readingDisturbsNoTyping();
     void deadSurfaceComesBackWithTheKeptText();
@@ -144,6 +156,7 @@ private slots:
     void noDeletesIt();
     void noLeadsToTheNext();
     void tornTextComesBackWithoutAName();
+    void tornTextIsKeptAnewAtOnce();
 
     // A save that was wanted and came to nothing
     void refusedSaveIsOffered_data();
@@ -542,6 +555,29 @@ void TestJournal::surfaceEditIsKeptThroughDesignOff()
     QTRY_VERIFY(window.kept().contains("Lamp"));
 }
 
+/// A phrase that is added meanwhile goes to the source, which lacks the edit, and takes no place of its own.
+void TestJournal::surfaceEditIsKeptBesideAFragment()
+{
+    Window window;
+    window.type(QStringLiteral("<p>old "));
+    window.showTab(FrmWeb::PreviewTab);
+    window.typeOnSurface(QStringLiteral("Lamp"));
+    window.timeRunsOut();
+    QTRY_VERIFY(window.kept().contains("Lamp"));
+    auto* words = form<FrmWord>();
+    words->Show();
+    words->List1->AddItem(QStringLiteral("<HR>"));
+    words->List1->setSelected(0, true);
+    click(words->Command4);
+    QTRY_VERIFY(window.source().contains("<HR>"));
+    window.timeRunsOutAnew();
+    window.timeRunsOutAnew();
+    QVERIFY2(window.kept().contains("Lamp"), window.kept().constData());
+    window.showTab(FrmWeb::EditorTab);
+    QVERIFY(window.source().contains("Lamp"));
+    QVERIFY(!window.source().contains("<HR>"));
+}
+
 void TestJournal::savedSurfaceLeavesNothing()
 {
     Window window;
@@ -775,6 +811,19 @@ void TestJournal::tornTextComesBackWithoutAName()
     window.doors.cancelSave();
     window.press(3);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("whole"));
+}
+
+/// Should the program end again before anything is typed, no part of it gets lost and nothing is said to be.
+void TestJournal::tornTextIsKeptAnewAtOnce()
+{
+    Window window;
+    window.web->JournalTimer.stop();
+    window.folder.write(First, leftOf(QStringLiteral("/a.htm"), "<P>Lamp and shade").first(11));
+    QCOMPARE(window.keptDocument(), QString());
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.web->offerUnsavedText();
+    QTRY_COMPARE(window.keptDocument(), QStringLiteral("Untitled"));
+    QCOMPARE(window.kept(), QByteArray("<P>Lamp and"));
 }
 
 // ---- A save that was wanted and came to nothing
