@@ -761,9 +761,9 @@ void TestMainWindow::oddSettingsLoad()
     QCOMPARE(form<FrmWeb>()->RichTextBox1->BackColor(), 65535);
     QCOMPARE(form<FrmWeb>()->RichTextBox1->textFont().pointSizeF(), 14.0);
     // Where the settings name no face, it is the one that the box begins with.
-    QCOMPARE(form<FrmWeb>()->RichTextBox1->textFont().family(),
-             settings.contains("name=") ? QStringLiteral("Liberation Mono")
-                                        : QStringLiteral("Comic Sans MS"));
+    QCOMPARE(form<FrmWeb>()->RichTextBox1->textFont().family(), settings.contains("name=")
+                                                                    ? QStringLiteral("Liberation Mono")
+                                                                    : QStringLiteral("Comic Sans MS"));
 }
 
 void TestMainWindow::loadLeavesTheSettingsAlone()

@@ -310,10 +310,15 @@ void TestRegions::cellMenuByKeys()
     window.open(window.folder.path(QStringLiteral("page.htm")));
     QPushButton* cell = buttonOf(window, QStringLiteral("CmdCell"));
     QVERIFY(cell->isEnabled());
+    const QWidget* source = window.web->RichTextBox1; // where the mouse lies
+    QCursor::setPos(source->mapToGlobal(source->rect().center()));
+    QTest::mouseMove(window.web->windowHandle(), source->mapTo(window.web, source->rect().center()));
+    QTRY_VERIFY(!cell->underMouse());
     cell->setFocus();
     QTest::keyClick(cell, Qt::Key_Space);
     QMenu& menu = form<FrmPop>()->mucell;
     QTRY_VERIFY(menu.isVisible());
+    QCOMPARE(menu.pos(), cell->mapToGlobal(cell->rect().bottomLeft()));
     QTest::keyClick(&menu, Qt::Key_Down);
     QTest::keyClick(&menu, Qt::Key_Down);
     QTest::keyClick(&menu, Qt::Key_Return);

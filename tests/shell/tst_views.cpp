@@ -252,6 +252,7 @@ private slots:
     void otherFontSizesDoNothing_data();
     void otherFontSizesDoNothing();
     void fontSizeByKey();
+    void enterInTheFontListNavigates_data();
     void enterInTheFontListNavigates();
 
     void linkByButton();
@@ -1397,9 +1398,21 @@ void TestViews::fontSizeByKey()
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P><FONT size=1>word</FONT></P>"));
 }
 
+void TestViews::enterInTheFontListNavigates_data()
+{
+    QTest::addColumn<bool>("listed");
+    QTest::newRow("a font that the list has") << true;
+    QTest::newRow("another name") << false;
+}
+
 void TestViews::enterInTheFontListNavigates()
 {
+    QFETCH(bool, listed);
     Desk desk;
+    desk.web->Combo1->Clear();
+    if (listed)
+        desk.web->Combo1->AddItem(QStringLiteral("Arial"));
+    desk.web->Combo1->setText(QStringLiteral("Arial"));
     desk.design("<p>Lamp");
     const QSignalSpy finished(desk.surface, &DocumentSurface::navigationFinished);
     QCOMPARE(desk.web->Combo1->Text(), QStringLiteral("Arial"));
