@@ -544,7 +544,7 @@ void TestJournal::aLookAtTheSurfaceKeepsTheSource()
 void TestJournal::surfaceEditIsKeptThroughDesignOff()
 {
     Window window;
-    window.type(QStringLiteral("<p>old "));
+    window.type(QStringLiteral("<p>old"));
     window.showTab(FrmWeb::PreviewTab);
     window.typeOnSurface(QStringLiteral("Lamp"));
     QTest::mouseClick(window.web->Option2, Qt::LeftButton, {}, QPoint(8, window.web->Option2->height() / 2));
@@ -559,7 +559,7 @@ void TestJournal::surfaceEditIsKeptThroughDesignOff()
 void TestJournal::surfaceEditIsKeptBesideAFragment()
 {
     Window window;
-    window.type(QStringLiteral("<p>old "));
+    window.type(QStringLiteral("<p>old"));
     window.showTab(FrmWeb::PreviewTab);
     window.typeOnSurface(QStringLiteral("Lamp"));
     window.timeRunsOut();
