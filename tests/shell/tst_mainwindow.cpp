@@ -840,7 +840,7 @@ static void verifyNothingOverlaps(const MainWindow& window, const QString& frame
     }
     QVERIFY(controls.size() > 6);
     for (const QWidget* control : controls) {
-        QVERIFY2(control->width() > 0, qPrintable(describe(control)));
+        QVERIFY2(!control->size().isEmpty(), qPrintable(describe(control)));
         const auto* button = qobject_cast<const QAbstractButton*>(control);
         const bool hasText = !button || !button->text().isEmpty();
         QVERIFY2(!hasText || control->height() >= control->fontMetrics().height(),
