@@ -200,6 +200,7 @@ FindResult DocumentSurface::find(const QString& text, bool backwards, bool match
         page()->findText(QString());
         return {};
     }
+    waitForCaret(); // a search goes on from where the selection is
     revealSoonest();
     QWebEnginePage::FindFlags flags;
     flags.setFlag(QWebEnginePage::FindBackward, backwards);

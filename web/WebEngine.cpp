@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QPointer>
 #include <QWebEngineCookieStore>
+#include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
 #include <QWebEngineSettings>
 #include <QWebEngineUrlRequestInterceptor>
@@ -64,6 +65,8 @@ QWebEngineProfile* makeProfile()
 {
     auto* profile = new QWebEngineProfile(QCoreApplication::instance()); // without a name: off the record
     profile->installUrlSchemeHandler(BlankScheme, new BlankPage(profile));
+    QObject::connect(profile, &QWebEngineProfile::downloadRequested, profile,
+                     [](QWebEngineDownloadRequest* download) { download->cancel(); }); // the page tells
 
     QWebEngineSettings* settings = profile->settings();
     settings->setFontFamily(QWebEngineSettings::StandardFont, QStringLiteral("Liberation Serif"));

@@ -43,7 +43,7 @@ protected:
     /// Waits, for a while, until the page has all that was typed: what is asked of it next comes behind that.
     void waitForKeys();
     /// Waits, for a while, until the caret is no more to be set anew: what a command sets at it, such as
-    /// bold, would go with it.
+    /// bold and the place of a search, would go with it.
     void waitForCaret();
     /// Whether a key moves the focus in windows.
     static bool isTab(const QKeyEvent& key);
