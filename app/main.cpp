@@ -2,9 +2,9 @@
 #include "platform/DesktopLook.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
-#include "web/WebEngine.h"
 #include "shell/FrmSplash.h"
 #include "shell/FrmWeb.h"
+#include "web/WebEngine.h"
 
 #include <QApplication>
 #include <QIcon>

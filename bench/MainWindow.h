@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/AppPath.h"
-#include "web/WebEngine.h"
 #include "shell/FrmWeb.h"
+#include "web/WebEngine.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,10 +1,10 @@
 #include "colour/ColorRow.h"
 
 #include "colour/ColorSample.h"
+#include "forms/ScrollBar.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
-#include "forms/ScrollBar.h"
 #include "services/Codes.h"
 
 #include <QToolTip>

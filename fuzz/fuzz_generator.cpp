@@ -1,7 +1,7 @@
 #include "Fuzz.h"
-#include "source/RichTextBox.h"
 #include "platform/RuntimeError.h"
 #include "shell/Generator.h"
+#include "source/RichTextBox.h"
 
 #include <algorithm>
 #include <cstdlib>

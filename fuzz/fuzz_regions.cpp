@@ -1,7 +1,7 @@
 #include "Fuzz.h"
-#include "source/RichTextBox.h"
 #include "platform/RuntimeError.h"
 #include "shell/Regions.h"
+#include "source/RichTextBox.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 #include "services/Profile.h"
 
+#include "forms/ListObject.h"
 #include "platform/AppPath.h"
 #include "platform/Files.h"
-#include "forms/ListObject.h"
 #include "platform/RuntimeError.h"
 
 #include <QByteArrayView>

@@ -1,8 +1,8 @@
 #include "shell/FindBar.h"
 
 #include "platform/Events.h"
-#include "web/DocumentSurface.h"
 #include "shell/Icons.h"
+#include "web/DocumentSurface.h"
 
 #include <QGuiApplication>
 #include <QHBoxLayout>

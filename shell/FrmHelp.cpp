@@ -1,8 +1,8 @@
 #include "shell/FrmHelp.h"
 
 #include "platform/AppPath.h"
-#include "web/DocumentSurface.h"
 #include "shell/FindBar.h"
+#include "web/DocumentSurface.h"
 
 #include <QUrl>
 #include <QVBoxLayout>

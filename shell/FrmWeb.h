@@ -36,8 +36,9 @@ public:
     /// 1 while the source is highlighted.
     int Check1 = 0;
 
-    /// Asks whether to save, and saves on Yes; the answer stands in `SaveCancelled` and `SaveDeclined`. False:
-    /// the document is not to be given up, by the user's Cancel, or as it could not be read to be saved.
+    /// Asks whether to save, and saves on Yes; the answer stands in `SaveCancelled` and `SaveDeclined`.
+    /// False: the document is not to be given up, by the user's Cancel, or as it could not be read to be
+    /// saved.
     bool Checksafe();
     /// Asks for a file to save to, proposing `initial`; empty when the user cancels.
     QString GetFileName(const QString& initial);

@@ -1,8 +1,8 @@
 // The document of the main window: files, clipboard, and what counts as unsaved.
 
+#include "forms/LongWork.h"
 #include "platform/Doors.h"
 #include "platform/Files.h"
-#include "forms/LongWork.h"
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"
@@ -80,7 +80,8 @@ bool FrmWeb::Checksafe()
     }
 }
 
-/// Whether the document may go: asks when it has unsaved changes. A Cancel to an earlier question still holds.
+/// Whether the document may go: asks when it has unsaved changes. A Cancel to an earlier question still
+/// holds.
 bool FrmWeb::mayGiveUp()
 {
     return (!Dirty || Checksafe()) && !SaveCancelled;

@@ -1,10 +1,10 @@
 // The look of the source box: font, background, highlight.
 
+#include "forms/Wait.h"
 #include "platform/ColorNumber.h"
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
-#include "forms/Wait.h"
 #include "services/Desktop.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"

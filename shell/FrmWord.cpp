@@ -1,9 +1,9 @@
 #include "shell/FrmWord.h"
 
+#include "forms/LongWork.h"
 #include "platform/AppPath.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
-#include "forms/LongWork.h"
 #include "platform/RuntimeError.h"
 #include "services/Desktop.h"
 #include "services/Profile.h"

@@ -1,8 +1,8 @@
 #include "shell/Generator.h"
 
-#include "source/RichTextBox.h"
 #include "platform/RuntimeError.h"
 #include "shell/Highlight.h"
+#include "source/RichTextBox.h"
 
 void stampGenerator(RichTextBox& box)
 {

@@ -2,8 +2,8 @@
 
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
-#include "web/DocumentSurface.h"
 #include "services/Codes.h"
+#include "web/DocumentSurface.h"
 
 namespace {
 

@@ -24,8 +24,7 @@ static const QMap<QString, QStringList> Below = {
     {"colour", {"platform", "forms", "source", "web", "services", "shell"}},
     {"builders", {"platform", "forms", "source", "web", "services", "shell", "colour"}},
     {"wizard", {"platform", "forms", "source", "web", "services", "shell"}},
-    {"app",
-     {"platform", "forms", "source", "web", "services", "shell", "colour", "builders", "wizard"}},
+    {"app", {"platform", "forms", "source", "web", "services", "shell", "colour", "builders", "wizard"}},
 };
 
 void TestLayers::noArrowRunsUp()

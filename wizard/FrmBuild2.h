@@ -57,6 +57,6 @@ private:
     PageLook m_look; // the colours; styles stand in the controls
     DrawingColors m_drawing;
     DocumentSurface* WebBrowser1; // the engine that the page passes through, out of view
-    RichTextBox* RTB1;       // the page, out of view
+    RichTextBox* RTB1;            // the page, out of view
     QTimer m_warmUp;
 };

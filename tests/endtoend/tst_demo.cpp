@@ -1,7 +1,7 @@
 #include "Hand.h"
 #include "WebServer.h"
-#include "web/WebEngine.h"
 #include "services/Markers.h"
+#include "web/WebEngine.h"
 
 #include <QApplication>
 #include <QDir>

@@ -1,5 +1,5 @@
-#include "platform/Files.h"
 #include "forms/ListBox.h"
+#include "platform/Files.h"
 #include "services/Profile.h"
 #include "shell/Journal.h"
 

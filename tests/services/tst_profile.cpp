@@ -1,8 +1,8 @@
 #include "services/Profile.h"
 
 #include "Random.h"
-#include "platform/AppPath.h"
 #include "forms/ListObject.h"
+#include "platform/AppPath.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>

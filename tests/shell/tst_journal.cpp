@@ -604,7 +604,8 @@ void TestJournal::readingDisturbsNoTyping()
     window.showTab(FrmWeb::PreviewTab);
     window.typeOnSurface(QStringLiteral("a"));
     DocumentSurface* surface = window.web->WebBrowser1;
-    QTRY_COMPARE(pageText(surface).size(), 8); // "one two" and the letter, wherever the click has put the caret
+    QTRY_COMPARE(pageText(surface).size(),
+                 8); // "one two" and the letter, wherever the click has put the caret
     QTest::keyClick(surface->inputWidget(), Qt::Key_End, Qt::ControlModifier);
     const QString before = surface->innerHtml();
     int heard = 0;

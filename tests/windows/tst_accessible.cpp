@@ -11,8 +11,8 @@
 #include "colour/FrmHR.h"
 #include "forms/OptionButton.h"
 #include "forms/ScrollBar.h"
-#include "web/WrittenPage.h"
 #include "shell/Find.h"
+#include "web/WrittenPage.h"
 #include "wizard/PageDrawing.h"
 
 #include <QAccessible>

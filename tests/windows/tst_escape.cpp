@@ -2,9 +2,9 @@
 #include "Widgets.h"
 #include "Windows.h"
 #include "forms/ComboBox.h"
-#include "web/DocumentSurface.h"
 #include "shell/FindBar.h"
 #include "shell/FrmHelp.h"
+#include "web/DocumentSurface.h"
 
 #include <QAbstractItemView>
 #include <QHash>

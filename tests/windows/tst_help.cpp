@@ -1,8 +1,8 @@
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "Windows.h"
-#include "web/DocumentSurface.h"
 #include "shell/FrmHelp.h"
+#include "web/DocumentSurface.h"
 
 #include <QAbstractButton>
 #include <QApplication>

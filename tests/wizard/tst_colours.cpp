@@ -1,8 +1,8 @@
 #include "ProgramFolder.h"
 #include "WebTestMain.h"
 #include "forms/ListBox.h"
-#include "web/DocumentSurface.h"
 #include "services/Profile.h"
+#include "web/DocumentSurface.h"
 #include "wizard/PageColors.h"
 
 #include <QRegularExpression>

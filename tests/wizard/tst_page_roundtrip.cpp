@@ -1,7 +1,7 @@
 #include "SampleListing.h"
 #include "WebTestMain.h"
-#include "web/DocumentSurface.h"
 #include "services/Markers.h"
+#include "web/DocumentSurface.h"
 
 #include <QRegularExpression>
 
