@@ -104,6 +104,7 @@ private slots:
     void patternIsNoName();
     void saveAddsTheSuffix_data();
     void saveAddsTheSuffix();
+    void saveAfterAWalk();
     void saveProposesTheName();
 
 private:
@@ -246,6 +247,20 @@ void TestDialogs::saveAddsTheSuffix()
     const QString got = taken(&CommonDialog::ShowSave, m_folder->path(), QString(),
                               [&](const QFileDialog&, QLineEdit& name) { type(name, typed); });
     QCOMPARE(got, path(file));
+}
+
+/// What there is in the folder counts that is shown at last.
+void TestDialogs::saveAfterAWalk()
+{
+    QFile file(path(QStringLiteral("pages/lamp")));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    const QString got = taken(&CommonDialog::ShowSave, m_folder->path(), QString(),
+                              [&](QFileDialog& dialog, QLineEdit& name) {
+                                  QTest::keyClicks(&name, QStringLiteral("lamp"));
+                                  dialog.setDirectory(path(QStringLiteral("pages")));
+                                  QTest::keyClick(&name, Qt::Key_Return);
+                              });
+    QCOMPARE(got, path(QStringLiteral("pages/lamp")));
 }
 
 /// A document without a suffix stays without one.

@@ -1362,12 +1362,20 @@ void TestDocument::copyOnTabZero()
     QTRY_VERIFY(window.web->RichTextBox1->hasFocus());
 }
 
+/// The clipboard is cleared first, so that nothing older takes the place of nothing.
 void TestDocument::copyOfNothingClearsTheClipboard()
 {
     MainWindow window;
     window.web->RichTextBox1->setText("word");
+    for (QAction* entry : {window.web->MnCopy, window.web->MnCut}) {
+        Clipboard::SetText(QStringLiteral("old"));
+        window.choose(window.web->MnEdit, entry);
+        QCOMPARE(clipboardText(window.doors), QString());
+    }
+    QCOMPARE(window.source(), QByteArray("word"));
+    window.web->RichTextBox1->setText("");
     Clipboard::SetText(QStringLiteral("old"));
-    window.choose(window.web->MnEdit, window.web->MnCopy);
+    window.choose(window.web->MnEdit, window.web->mnuhtml);
     QCOMPARE(clipboardText(window.doors), QString());
 }
 
