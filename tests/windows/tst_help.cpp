@@ -183,15 +183,22 @@ FrmHelp* openHelp(MainWindow& main)
 /// Puts the cursor into the search field with the mouse, and types.
 void search(const QString& text)
 {
-    clickInPage(QStringLiteral("#search"));
-    if (!QTest::qWaitFor([] {
-            return inHelp(QStringLiteral("document.activeElement.id")).toString() == QStringLiteral("search");
-        }))
-        QTest::qFail("the search field takes no focus", __FILE__, __LINE__);
     QWidget* input = form<FrmHelp>()->WebBrowser1->inputWidget();
+    clickInPage(QStringLiteral("#search"));
+    // Before that the engine drops letters.
+    const auto takesLetters = [input] {
+        return inHelp(QStringLiteral("document.hasFocus() && document.activeElement.id")).toString() ==
+                   QStringLiteral("search") &&
+               input->hasFocus() && input->testAttribute(Qt::WA_InputMethodEnabled);
+    };
+    if (!QTest::qWaitFor(takesLetters, Patience))
+        QTest::qFail("the search field takes no focus", __FILE__, __LINE__);
     QTest::keyClick(input, Qt::Key_A, Qt::ControlModifier);
     QTest::keyClick(input, Qt::Key_Delete);
     QTest::keyClicks(input, text);
+    if (!QTest::qWaitFor(
+            [&] { return inHelp(QStringLiteral("document.getElementById('search').value")) == text; }))
+        QTest::qFail("what was typed does not show", __FILE__, __LINE__);
 }
 
 /// The entries of menus and what is below them.
@@ -300,6 +307,7 @@ void TestHelp::f1GoesToTheSectionAgain()
     inHelp(QStringLiteral("scrollTo(0, 0)"));
     QTRY_VERIFY(!sectionShows(QStringLiteral("internet")));
     pressF1(main.web);
+    QTRY_VERIFY(helpIsInFront());
     QTRY_VERIFY(sectionShows(QStringLiteral("internet")));
     search(QStringLiteral("Webdings"));
     QTRY_VERIFY(!visibleSections().contains(QStringLiteral("internet")));
