@@ -157,14 +157,22 @@ const Operation Operations[] = {
     {"Empty table of 10 columns, rows", skeleton, {.most = 100}},
 };
 
+/// Waits until the engine is there and shows what it was given.
+void awaitPage(Sample* sample)
+{
+    while (sample->isWriting())
+        QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    require(sample->evaluate(QStringLiteral("1")).has_value(), "the engine did not answer");
+}
+
 void measureTools()
 {
     for (ToolForm* tool :
          std::initializer_list<ToolForm*>{form<FrmTable>(), form<FrmList>(), form<FrmList2>()})
         tool->Show();
-    form<FrmTable>()->WebBrowser1->innerHtml(); // the engine is there
-    form<FrmList>()->WebBrowser1->innerHtml();
-    form<FrmList2>()->WebBrowser1->innerHtml();
+    awaitPage(form<FrmTable>()->WebBrowser1);
+    awaitPage(form<FrmList>()->WebBrowser1);
+    awaitPage(form<FrmList2>()->WebBrowser1);
     for (const Operation& operation : Operations)
         measureGrowth(operation.name, operation.target, Counts, operation.rivals);
     form<FrmTable>()->Unload();
@@ -276,7 +284,7 @@ void measureFader()
     tool->Opt3->setValue(true);
     tool->Text1->setPlainText(words(1000));
     Sample* sample = tool->WebBrowser1;
-    sample->innerHtml(); // the page is there
+    awaitPage(sample);
     auto step = [tool, value = 0]() mutable {
         value = (value + 1) % 256;
         tool->RedC->setValue(value);
