@@ -180,9 +180,9 @@ private:
     void pasteFrom(const QMimeData* source);
     std::unique_ptr<QMimeData> selectionData() const;
     bool leave(bool next);
-    void answerDrag(QDropEvent* event);
+    QStringList answerDrag(QDropEvent* event);
     qsizetype dropPosition(const QDropEvent& event);
-    void dropFiles(const QDropEvent& event);
+    void dropFiles(const QDropEvent& event, const QStringList& files);
     void dropText(const QDropEvent& event);
     void dropAt(qsizetype position, const QByteArray& text);
     void dropSelectionAt(qsizetype position, bool move);

@@ -75,43 +75,46 @@ void RichTextBox::dragEnterEvent(QDragEnterEvent* event)
 
 void RichTextBox::dragMoveEvent(QDragMoveEvent* event)
 {
-    answerDrag(event);
-    if (!event->isAccepted())
+    const QStringList files = answerDrag(event);
+    if (!event->isAccepted() || (!files.isEmpty() && !isPictureFile(files.constFirst())))
         return;
-    const QMimeData* dragged = event->mimeData();
-    if (!dragged->hasUrls()) {
-        QsciScintillaBase::dragMoveEvent(event); // shows where the text would go
-    } else if (isPictureFile(filesIn(*dragged).constFirst())) {
-        QsciScintillaBase::dragMoveEvent(event);
-        answerDrag(event); // still copied
+    QsciScintillaBase::dragMoveEvent(event); // shows where it would go
+    if (!files.isEmpty()) {
+        event->setDropAction(Qt::CopyAction);
+        event->accept();
     }
 }
 
-/// Tells the pointer whether a drop would be taken. A file is copied whatever is proposed: who moves one
-/// deletes it where it was.
-void RichTextBox::answerDrag(QDropEvent* event)
+/// Tells the pointer whether a drop would be taken, and returns the files that are dragged; none for a text.
+/// A file is copied whatever is proposed: who moves one deletes it where it was. Files are asked for once
+/// only: the other program may let go of them at any moment.
+QStringList RichTextBox::answerDrag(QDropEvent* event)
 {
     const QMimeData* dragged = event->mimeData();
     // While a handler runs, a question stands before the user, or the text is about to be replaced.
     if (handlersRun() || !(dragged->hasUrls() || dragged->hasText())) {
         event->ignore();
-    } else if (dragged->hasUrls()) {
-        event->setDropAction(Qt::CopyAction);
-        event->setAccepted(event->possibleActions() & Qt::CopyAction && !filesIn(*dragged).isEmpty());
-    } else {
-        event->acceptProposedAction();
+        return {};
     }
+    if (!dragged->hasUrls()) {
+        event->acceptProposedAction();
+        return {};
+    }
+    const QStringList files = filesIn(*dragged);
+    event->setDropAction(Qt::CopyAction);
+    event->setAccepted(event->possibleActions() & Qt::CopyAction && !files.isEmpty());
+    return files;
 }
 
 void RichTextBox::dropEvent(QDropEvent* event)
 {
-    answerDrag(event);
+    const QStringList files = answerDrag(event);
     if (!event->isAccepted())
         return;
-    if (event->mimeData()->hasUrls()) {
-        dropFiles(*event);
-    } else {
+    if (files.isEmpty()) {
         dropText(*event);
+    } else {
+        dropFiles(*event, files);
     }
 }
 
@@ -125,9 +128,8 @@ qsizetype RichTextBox::dropPosition(const QDropEvent& event)
 }
 
 /// The program that the files come from waits for the drop's end, not for what the user is asked then.
-void RichTextBox::dropFiles(const QDropEvent& event)
+void RichTextBox::dropFiles(const QDropEvent& event, const QStringList& files)
 {
-    const QStringList files = filesIn(*event.mimeData());
     const int position = int(fromInner(dropPosition(event)));
     QTimer::singleShot(0, this, [this, files, position] {
         whenHandlersReturn([box = QPointer<RichTextBox>(this), files, position] {

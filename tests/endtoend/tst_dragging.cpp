@@ -119,6 +119,9 @@ private:
         };
         if (!QTest::qWaitFor(isHeld, Patience))
             QTest::qFail("the other program's window is not under the mouse", __FILE__, __LINE__);
+        // A hand is never so fast that it drops before the keyboard is there.
+        if (!QTest::qWaitFor([] { return !QGuiApplication::focusWindow(); }, Patience))
+            QTest::qFail("the other program's window does not come in front", __FILE__, __LINE__);
         xdotool({QStringLiteral("mousemove_relative"), QStringLiteral("--"), QStringLiteral("-30"),
                  QStringLiteral("-20")});
     }

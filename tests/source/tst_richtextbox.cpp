@@ -32,6 +32,24 @@ struct DropAnswer
     Qt::DropAction action = Qt::IgnoreAction;
 };
 
+/// A file of another program that gives its name a number of times and then lets go of it.
+class LosableFile : public QMimeData
+{
+public:
+    LosableFile(const QUrl& url, int answers) : m_url(url), m_answers(answers) {}
+    QStringList formats() const override { return {QStringLiteral("text/uri-list")}; }
+
+protected:
+    QVariant retrieveData(const QString&, QMetaType) const override
+    {
+        return m_answers-- > 0 ? QVariant(m_url.toEncoded() + "\r\n") : QVariant();
+    }
+
+private:
+    QUrl m_url;
+    mutable int m_answers;
+};
+
 /// A shown box with the keyboard, and the record of what it tells.
 class Fixture : public QWidget
 {
@@ -214,6 +232,7 @@ private slots:
     void colorsMoveAlongWithADrop();
     void dropOfAFile_data();
     void dropOfAFile();
+    void fileThatIsLetGo();
     void dropOfNoText();
     void noDropWhileAHandlerRuns();
     void droppedFileWaitsForHandlers();
@@ -1407,6 +1426,29 @@ void TestRichTextBox::dropOfAFile()
     QCOMPARE(told, QStringList());
     QCOMPARE(f.box.Text(), QByteArray("0123456789"));
     QCOMPARE(f.told(), QString());
+}
+
+/// Another program may end while its file is over the box: that is no drop, or one of what was seen of it.
+void TestRichTextBox::fileThatIsLetGo()
+{
+    for (const char* name : {"README.md", "data/help/wait.png"}) {
+        const QString path = QStringLiteral(SOURCE_DIR "/") + QLatin1String(name);
+        int taken = 0;
+        for (int answers = 0; answers < 6; ++answers) {
+            Fixture f;
+            f.start("0123456789");
+            QStringList told;
+            connect(&f.box, &RichTextBox::FilesDropped, &f,
+                    [&told](const QStringList& paths, int) { told << paths; });
+            const LosableFile file(QUrl::fromLocalFile(path), answers);
+            const bool dropped = f.drop(file, 5).taken;
+            QCoreApplication::processEvents();
+            QCOMPARE(told, dropped ? QStringList(path) : QStringList());
+            QCOMPARE(f.box.Text(), QByteArray("0123456789"));
+            taken += dropped;
+        }
+        QVERIFY(taken > 0 && taken < 6);
+    }
 }
 
 void TestRichTextBox::dropOfNoText()
