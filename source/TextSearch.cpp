@@ -153,6 +153,8 @@ qsizetype TextSearch::candidate(QByteArrayView text, qsizetype from) const
 {
     const auto* start = text.begin() + from;
     const auto size = static_cast<size_t>(text.end() - start);
+    if (start == text.end())
+        return text.size();
     if (!m_start.isEmpty()) {
         const void* hit = memmem(start, size, m_start.constData(), static_cast<size_t>(m_start.size()));
         return hit ? static_cast<const char*>(hit) - text.begin() : text.size();
