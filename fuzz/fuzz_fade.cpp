@@ -76,9 +76,10 @@ void targets::fade(const QByteArray& bytes)
     const QStringList characters = fadeCharacters(text);
     hold(characters.join(QString()) == text && !characters.contains(QString()),
          "the characters are the text");
-    for (qsizetype i = 1; i < characters.size(); ++i)
+    for (qsizetype i = 1; i < characters.size(); ++i) {
         hold(!(characters.at(i - 1).back().isHighSurrogate() && characters.at(i).front().isLowSurrogate()),
              "no cut goes through a character");
+    }
 
     const QString five = FadeFive(colors[0], colors[1], colors[2], colors[3], colors[4], text, wavy);
     Reader reader(five, wavy);

@@ -168,9 +168,10 @@ private:
     void enableTaker()
     {
         const auto* buttons = findChild<QDialogButtonBox*>();
-        if (buttons && namesFile())
+        if (buttons && namesFile()) {
             buttons->button(acceptMode() == AcceptOpen ? QDialogButtonBox::Open : QDialogButtonBox::Save)
                 ->setEnabled(true);
+        }
     }
 
     QLineEdit* m_name = nullptr;

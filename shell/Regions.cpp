@@ -93,7 +93,8 @@ void UpdateRegionButtons(FrmWeb& main)
 {
     const bool isListing = updateStyleButtons(main);
     main.CmdOffLeg->setEnabled(isListing);
-    if (isListing)
+    if (isListing) {
         main.CmdPic->setEnabled(main.RichTextBox1->Find(markers(Region::Picture).opening.toByteArray()) !=
                                 -1);
+    }
 }

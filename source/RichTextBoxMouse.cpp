@@ -100,7 +100,7 @@ QStringList RichTextBox::answerDrag(QDropEvent* event)
         event->acceptProposedAction();
         return {};
     }
-    const QStringList files = filesIn(*dragged);
+    QStringList files = filesIn(*dragged);
     event->setDropAction(Qt::CopyAction);
     event->setAccepted(event->possibleActions() & Qt::CopyAction && !files.isEmpty());
     return files;

@@ -451,7 +451,7 @@ void TestFrmList2::missingFontIsTold()
     const auto take = [&](const QString& family) {
         FrmChar* c = window.openCharacters();
         choose(c->Combo1, c->Combo1->findText(family));
-        const QString told = c->Notice->isVisible() ? c->Notice->text() : QString();
+        QString told = c->Notice->isVisible() ? c->Notice->text() : QString();
         click(c->Command1);
         return told;
     };

@@ -405,9 +405,10 @@ void TestFade::picturesBesideAScript_data()
     QTest::addColumn<QStringList>("letters");
     QTest::addColumn<QString>("picture");
     for (const Script& script : Scripts) {
-        for (const Script& picture : Pictures)
+        for (const Script& picture : Pictures) {
             QTest::addRow("%s, %s", script.name, picture.name)
                 << script.characters << picture.characters.constFirst();
+        }
     }
 }
 

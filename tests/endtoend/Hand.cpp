@@ -58,7 +58,7 @@ Program::~Program()
 {
     kill();
     const QByteArray written = errors();
-    std::fwrite(written.constData(), 1, size_t(written.size()), stderr);
+    static_cast<void>(std::fwrite(written.constData(), 1, size_t(written.size()), stderr));
 }
 
 void Program::setEnvironment(const char* name, const QString& value)

@@ -841,7 +841,7 @@ const QString CannotSave =
 QString editProtectedPage(Window& window)
 {
     window.folder.write(QStringLiteral("page.htm"), "<P>Lamp");
-    const QString page = window.folder.path(QStringLiteral("page.htm"));
+    QString page = window.folder.path(QStringLiteral("page.htm"));
     QFile::setPermissions(page, QFile::ReadOwner);
     window.open(page);
     QTest::keyClick(window.web->RichTextBox1, Qt::Key_End, Qt::ControlModifier);

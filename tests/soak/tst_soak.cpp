@@ -305,9 +305,10 @@ public:
                         .arg(late, 0, 'f', 0)
                         .arg(slopeOf(samples) / m_step, 0, 'f', 3)
                         .arg(allowed, 0, 'f', 0);
-            if (m_samples.size() >= FewestJudged && late - early > allowed)
+            if (m_samples.size() >= FewestJudged && late - early > allowed) {
                 faults +=
                     QStringLiteral("%1 grows by %2 KiB; ").arg(QString::fromLatin1(name)).arg(late - early);
+            }
         }
         const char* row = QTest::currentDataTag();
         std::cout << QTest::currentTestFunction() << ' ' << (row ? row : "") << ": " << qPrintable(line)
@@ -529,7 +530,6 @@ void TestSoak::roads()
 /// keeps every page that came from the surface.
 void TestSoak::tabs()
 {
-    constexpr int RoundsOfDocument = 5;
     FrmWeb* web = m_main->web;
     const auto changes = std::to_array<std::function<void()>>({
         [&] { m_main->showTab(FrmWeb::PreviewTab); },

@@ -289,12 +289,14 @@ void TestPastes::refused_data()
     const auto row = [](const char* name, const char* html, const char* expected) {
         QTest::newRow(name) << QString::fromUtf8(html) << QString::fromUtf8(expected);
     };
-    for (const char* name : {"script", "iframe", "style", "title", "template", "noscript", "svg", "math"})
+    for (const char* name : {"script", "iframe", "style", "title", "template", "noscript", "svg", "math"}) {
         QTest::newRow(name) << QStringLiteral("a<%1>x</%1>b").arg(QLatin1String(name))
                             << QStringLiteral("ab");
-    for (const char* name : {"frame", "embed", "meta", "link", "base"})
+    }
+    for (const char* name : {"frame", "embed", "meta", "link", "base"}) {
         QTest::newRow(name) << QStringLiteral("a<%1 src=x>b").arg(QLatin1String(name))
                             << QStringLiteral("ab");
+    }
     row("object", "a<object data=x></object>b", "ab");
     row("handlers", "<b onclick=x() ONMOUSEOVER=x()>a</b>", "<B>a</B>");
     row("script address", "<a href='javascript:x()'>a</a>", "<A>a</A>");

@@ -355,9 +355,10 @@ void TestAccessible::keyboardReachesAll()
         }
     }
     for (qsizetype i = 1; i < reached.size(); ++i) {
-        if (runsBackwards(reached.at(i - 1), reached.at(i)))
+        if (runsBackwards(reached.at(i - 1), reached.at(i))) {
             faults.append(
                 QStringLiteral("%1 comes behind %2").arg(called(reached.at(i)), called(reached.at(i - 1))));
+        }
     }
     const QStringList keys = accessKeys(window);
     for (const QString& key : QSet<QString>(keys.begin(), keys.end())) {

@@ -71,10 +71,11 @@ void TestBoxes::odd_data()
         const int none = qstrcmp(box.window, "FrmWord") == 0 ? -1 : 0;
         QTest::addRow("%s %s, missing", box.window, box.box) << i << QByteArray() << none;
         QTest::addRow("%s %s, empty", box.window, box.box) << i << QByteArray(box.key) + "=\r\n" << none;
-        for (const char* value : {"0", "1", "2", "-1", "10", "255", "99999", "0.5", "abc", "True", "yes"})
+        for (const char* value : {"0", "1", "2", "-1", "10", "255", "99999", "0.5", "abc", "True", "yes"}) {
             QTest::addRow("%s %s, %s", box.window, box.box, value)
                 << i << QByteArray(box.key) + '=' + value + "\r\n"
                 << (qstrcmp(value, "1") == 0 ? 1 : 0);
+        }
     }
 }
 

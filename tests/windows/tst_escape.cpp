@@ -60,7 +60,7 @@ void TestEscape::addViews(const QByteArrayList& without)
 }
 
 /// Opens the view of the test's row and waits until it has the keyboard.
-static QPointer<QWidget> openFetchedView(MainWindow& main)
+static QWidget* openFetchedView(MainWindow& main)
 {
     QFETCH(int, index);
     const QPointer<QWidget> window = openView(windowViews()[size_t(index)], main);

@@ -80,9 +80,10 @@ int missingWidth(const QWidget* widget)
     if (const auto* bar = qobject_cast<const QTabBar*>(widget))
         return bar->sizeHint().width() - bar->width();
     const bool hasWords = !wordsOf(widget).isEmpty();
-    if (hasWords && (qobject_cast<const QLabel*>(widget) || qobject_cast<const QAbstractButton*>(widget)))
+    if (hasWords && (qobject_cast<const QLabel*>(widget) || qobject_cast<const QAbstractButton*>(widget))) {
         return qMax(widget->sizeHint().width() - widget->width(),
                     widget->sizeHint().height() - widget->height());
+    }
     return 0;
 }
 
@@ -194,27 +195,30 @@ void TestLooks::windows()
         faults << QStringLiteral("%1 x %2 is more than a small screen").arg(size.width()).arg(size.height());
     const QList<QWidget*> controls = seenControls(window);
     for (QWidget* control : controls) {
-        if (const int missing = missingWidth(control); missing > 0)
+        if (const int missing = missingWidth(control); missing > 0) {
             faults << QStringLiteral("%1 \"%2\" lacks %3 pixels")
                           .arg(describe(control), wordsOf(control))
                           .arg(missing);
+        }
         if (!control->parentWidget()->rect().contains(control->geometry()))
             faults << describe(control) + QStringLiteral(" leaves its frame");
         if ((control->inherits("QCheckBox") || control->inherits("QRadioButton")) && boxIsLost(*control))
             faults << describe(control) + QStringLiteral(" has a box that is hard to see");
         if (control->isEnabled() &&
-            contrastOf(control) < (wordsOf(control).isEmpty() ? SymbolContrast : TextContrast))
+            contrastOf(control) < (wordsOf(control).isEmpty() ? SymbolContrast : TextContrast)) {
             faults << QStringLiteral("%1 \"%2\" has a contrast of %3")
                           .arg(describe(control), wordsOf(control))
                           .arg(contrastOf(control));
+        }
         for (QWidget* other : controls) {
             if (other <= control || other->parentWidget() != control->parentWidget() ||
                 meantToOverlap(control, other) || meantToOverlap(other, control))
                 continue;
             const QRect both = control->geometry().intersected(other->geometry());
-            if (!both.isEmpty())
+            if (!both.isEmpty()) {
                 faults << describe(control) + QStringLiteral(" and ") + describe(other) +
                               QStringLiteral(" overlap");
+            }
         }
     }
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));

@@ -1077,9 +1077,9 @@ void TestFrmBuild1::pictureAddresses()
     // Page 2 offers picture styles, also without an address; two of them are for one picture.
     const FrmBuild2& page2 = *form<FrmBuild2>();
     QVERIFY(page2.Frame7->isVisible());
-    for (const size_t style : {0, 2})
+    for (const size_t style : {0U, 2U})
         QCOMPARE(page2.Chk.at(style)->isEnabled(), list.size() <= 1);
-    for (const size_t style : {1, 3})
+    for (const size_t style : {1U, 3U})
         QVERIFY(page2.Chk.at(style)->isEnabled());
 }
 
