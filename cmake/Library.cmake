@@ -18,23 +18,48 @@ target_compile_options(
             -ffp-contract=off # colour steps round the same on every machine
             -fno-math-errno # rounding is an instruction, no call
 )
+find_program(BRINDLEMARK_MOLD mold DOC "A linker that takes a fifth of the usual one's time")
+if(BRINDLEMARK_MOLD)
+  target_link_options(brindlemark_options INTERFACE -fuse-ld=mold)
+endif()
 
-# brindlemark_headers(<target>): Qt's headers, which take most of a source's time, are compiled once, in the lowest room.
-# A release does without, so that each file still has to include what it uses.
-function(brindlemark_headers target)
-  if(target STREQUAL brindlemark_platform)
-    target_precompile_headers(${target} PRIVATE <QtWidgets>)
-  else()
-    target_precompile_headers(${target} REUSE_FROM brindlemark_platform)
-  endif()
-endfunction()
+# What most sources include takes most of their time. It is compiled once, in the lowest room; a release does without, so
+# that each file still has to include what it uses. All of <QtWidgets> would take twice as long to read.
+set(BRINDLEMARK_HEADERS
+    <QApplication>
+    <QCheckBox>
+    <QComboBox>
+    <QDir>
+    <QFile>
+    <QKeyEvent>
+    <QLabel>
+    <QLineEdit>
+    <QMenu>
+    <QMimeData>
+    <QPainter>
+    <QPointer>
+    <QPushButton>
+    <QRegularExpression>
+    <QTimer>
+    <QToolTip>
+    <QVBoxLayout>
+    <algorithm>
+    <array>
+    <functional>
+    <memory>
+    <optional>
+    <vector>)
 
 # brindlemark_library(<folder> LINK <libraries> SOURCES <files>): the static library of one folder.
 function(brindlemark_library folder)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINK;SOURCES")
   add_library(brindlemark_${folder} STATIC ${arg_SOURCES})
   target_link_libraries(brindlemark_${folder} PUBLIC brindlemark_options ${arg_LINK})
-  brindlemark_headers(brindlemark_${folder})
+  if(folder STREQUAL platform)
+    target_precompile_headers(brindlemark_platform PRIVATE ${BRINDLEMARK_HEADERS})
+  else()
+    target_precompile_headers(brindlemark_${folder} REUSE_FROM brindlemark_platform)
+  endif()
   # Headers of forms include what is generated from their .ui files.
   target_include_directories(brindlemark_${folder}
                              PUBLIC "${CMAKE_CURRENT_BINARY_DIR}/brindlemark_${folder}_autogen/include")
