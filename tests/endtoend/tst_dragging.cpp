@@ -453,5 +453,5 @@ void TestDragging::textMovesWithItsColors()
     QCOMPARE(stage.source(), QByteArray("0123456789"));
 }
 
-WEB_TEST_MAIN(TestDragging)
+RENDERER_TEST_MAIN(TestDragging)
 #include "tst_dragging.moc"

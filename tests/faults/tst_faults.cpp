@@ -583,5 +583,5 @@ void TestFaults::fullDisk()
     setDoors(&window.doors);
 }
 
-WEB_TEST_MAIN(TestFaults)
+RENDERER_TEST_MAIN(TestFaults)
 #include "tst_faults.moc"

@@ -295,5 +295,5 @@ void TestRenderers::terms()
     qInfo("%d kills, %lld notices", kills(), qlonglong(doors.asked.size()));
 }
 
-WEB_TEST_MAIN(TestRenderers)
+RENDERER_TEST_MAIN(TestRenderers)
 #include "tst_renderers.moc"

@@ -841,5 +841,5 @@ void TestInternet::sharesNothing()
     QVERIFY(!tab.web->Dirty);
 }
 
-WEB_TEST_MAIN(TestInternet)
+RENDERER_TEST_MAIN(TestInternet)
 #include "tst_internet.moc"

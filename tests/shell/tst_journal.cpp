@@ -1041,5 +1041,5 @@ void TestJournal::unchangedTextIsNotOffered()
     QCOMPARE(window.files(), QStringList());
 }
 
-WEB_TEST_MAIN(TestJournal)
+RENDERER_TEST_MAIN(TestJournal)
 #include "tst_journal.moc"

@@ -1797,5 +1797,5 @@ void TestViews::endlessScriptBeginsLater()
     QCOMPARE(desk.script.asked.size(), 1);
 }
 
-WEB_TEST_MAIN(TestViews)
+RENDERER_TEST_MAIN(TestViews)
 #include "tst_views.moc"

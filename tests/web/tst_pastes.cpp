@@ -490,5 +490,5 @@ void TestPastes::nothingComesUncleaned()
     QCOMPARE(body(surface), QStringLiteral("<P>abcd</P>"));
 }
 
-WEB_TEST_MAIN(TestPastes)
+RENDERER_TEST_MAIN(TestPastes)
 #include "tst_pastes.moc"

@@ -1470,5 +1470,5 @@ void TestWebBrowser::formUnloadedWhileWaiting()
     QVERIFY2(waited.elapsed() < 2000, "it waited for an answer that nobody hears");
 }
 
-WEB_TEST_MAIN(TestWebBrowser)
+RENDERER_TEST_MAIN(TestWebBrowser)
 #include "tst_webbrowser.moc"

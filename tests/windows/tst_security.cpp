@@ -1032,5 +1032,5 @@ void TestSecurity::prompts()
     QCOMPARE(lines(traps.takeSprung()), QString());
 }
 
-WEB_TEST_MAIN(TestSecurity)
+RENDERER_TEST_MAIN(TestSecurity)
 #include "tst_security.moc"

@@ -864,5 +864,5 @@ void TestFrmBuild2::tornGeneratorTagRaises()
     QVERIFY_EXCEPTION_THROWN(stampGenerator(box), RuntimeError);
 }
 
-WEB_TEST_MAIN(TestFrmBuild2)
+RENDERER_TEST_MAIN(TestFrmBuild2)
 #include "tst_frmbuild2.moc"

@@ -576,5 +576,5 @@ void TestFrmTerms::lostRendererComesBackWithTheChanges()
     QCOMPARE(m_folder->read(QStringLiteral("weblst.ini")), QByteArray("<BODY>pay</BODY>"));
 }
 
-WEB_TEST_MAIN(TestFrmTerms)
+RENDERER_TEST_MAIN(TestFrmTerms)
 #include "tst_frmterms.moc"
