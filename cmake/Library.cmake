@@ -18,13 +18,13 @@ target_compile_options(
             -ffp-contract=off # colour steps round the same on every machine
             -fno-math-errno # rounding is an instruction, no call
 )
-find_program(BRINDLEMARK_MOLD mold DOC "A linker that takes a fifth of the usual one's time")
+find_program(BRINDLEMARK_MOLD mold DOC "A linker that is faster than the usual one")
 if(BRINDLEMARK_MOLD)
   target_link_options(brindlemark_options INTERFACE -fuse-ld=mold)
 endif()
 
 # What most sources include takes most of their time. It is compiled once, in the lowest room; a release does without, so
-# that each file still has to include what it uses. All of <QtWidgets> would take twice as long to read.
+# that each file still has to include what it uses. All of <QtWidgets> would be nearly twice as large.
 set(BRINDLEMARK_HEADERS
     <QApplication>
     <QCheckBox>
