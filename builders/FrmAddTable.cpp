@@ -6,24 +6,11 @@
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
 
-#include <array>
 #include <limits>
 #include <optional>
 #include <utility>
 
 namespace {
-
-struct SizeBar
-{
-    ScrollBar* Ui::FrmAddTable::*bar;
-    QLineEdit* Ui::FrmAddTable::*box;
-};
-
-constexpr std::array<SizeBar, 3> SizeBars = {{
-    {&Ui::FrmAddTable::HScroll1, &Ui::FrmAddTable::Combo2},
-    {&Ui::FrmAddTable::HScroll2, &Ui::FrmAddTable::Combo3},
-    {&Ui::FrmAddTable::HScroll3, &Ui::FrmAddTable::Combo4},
-}};
 
 /// More cells than a page can show, or the source box can hold in good time.
 constexpr qint64 MostCells = 1'000'000;
@@ -54,10 +41,9 @@ FrmAddTable::FrmAddTable()
         row->keepText(text);
         row->RowHexRefresh();
     }
-    for (const SizeBar& entry : SizeBars) {
-        on(this->*entry.bar, &ScrollBar::Change, this,
-           [this, entry] { (this->*entry.box)->setText(QString::number((this->*entry.bar)->Value())); });
-    }
+    HScroll1->writeInto(Combo2);
+    HScroll2->writeInto(Combo3);
+    HScroll3->writeInto(Combo4);
     on(Grid, &SizeGrid::picked, this, &FrmAddTable::Frame1_picked);
     on(Command1, &QPushButton::clicked, this, &FrmAddTable::Command1_Click);
     on(Command2, &QPushButton::clicked, this, &FrmAddTable::Unload);

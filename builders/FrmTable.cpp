@@ -44,24 +44,6 @@ constexpr std::array<RowControls, 4> Rows = {{
     {&U::RedG, &U::GreenG, &U::BlueG, &U::FColor1, &FrmTable::Text8, 0},
 }};
 
-/// A bar that writes its value into a box, with what stands behind the number.
-struct SizeBar
-{
-    ScrollBar* U::*bar;
-    QLineEdit* U::*box;
-    const char* unit;
-};
-
-constexpr std::array<SizeBar, 7> SizeBars = {{
-    {&U::HScroll1, &U::Combo2, ""},
-    {&U::HScroll2, &U::Combo4, ""},
-    {&U::HScroll3, &U::Combo3, ""},
-    {&U::HScroll4, &U::Combo9, "%"},
-    {&U::HScroll5, &U::Combo8, "%"},
-    {&U::HScroll6, &U::TxWid, ""},
-    {&U::HScroll7, &U::TxHei, ""},
-}};
-
 struct AlignOption
 {
     OptionButton* U::*option;
@@ -237,13 +219,16 @@ void FrmTable::connectHandlers()
         on(this->*entry.option, &OptionButton::Click, this, &FrmTable::Command9_Click);
     for (ComboBox* combo : {Combo6, Combo7})
         on(combo, &ComboBox::Click, this, &FrmTable::Command9_Click);
-    for (const SizeBar& entry : SizeBars) {
-        on(this->*entry.bar, &ScrollBar::Change, this, [this, entry] {
-            (this->*entry.box)
-                ->setText(QString::number((this->*entry.bar)->Value()) + QLatin1String(entry.unit));
-            Command9_Click();
-        });
-    }
+    const QString percent = QStringLiteral("%");
+    HScroll1->writeInto(Combo2);
+    HScroll2->writeInto(Combo4);
+    HScroll3->writeInto(Combo3);
+    HScroll4->writeInto(Combo9, percent);
+    HScroll5->writeInto(Combo8, percent);
+    HScroll6->writeInto(TxWid);
+    HScroll7->writeInto(TxHei);
+    for (ScrollBar* bar : {HScroll1, HScroll2, HScroll3, HScroll4, HScroll5, HScroll6, HScroll7})
+        on(bar, &ScrollBar::Change, this, &FrmTable::Command9_Click);
     on(ChkNoB, &CheckBox::Click, this, &FrmTable::ChkNoB_Click);
     on(Check1, &CheckBox::Click, this, &FrmTable::Check1_Click);
 

@@ -5,6 +5,7 @@
 #include "shell/Icons.h"
 
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -23,18 +24,6 @@ constexpr std::array<AlignOption, 3> AlignOptions = {{
     {&U::Option3, "format-justify-right", "right"},
 }};
 
-struct SizeBar
-{
-    ScrollBar* U::*bar;
-    QLineEdit* U::*box;
-};
-
-constexpr std::array<SizeBar, 3> SizeBars = {{
-    {&U::HScroll2, &U::combo1},
-    {&U::HScroll3, &U::combo2},
-    {&U::HScroll1, &U::combo3},
-}};
-
 const QString Section = QStringLiteral("Picpro");
 
 } // namespace
@@ -48,11 +37,10 @@ Pics::Pics()
     enableAlignments();
 
     on(Text1, &QLineEdit::returnPressed, this, &Pics::Command2_Click);
-    for (const SizeBar& entry : SizeBars) {
-        on(this->*entry.bar, &ScrollBar::Change, this, [this, entry] {
-            (this->*entry.box)->setText(QString::number((this->*entry.bar)->Value()));
-            Command2_Click();
-        });
+    for (const auto& [bar, box] :
+         {std::pair(HScroll2, combo1), std::pair(HScroll3, combo2), std::pair(HScroll1, combo3)}) {
+        bar->writeInto(box);
+        on(bar, &ScrollBar::Change, this, &Pics::Command2_Click);
     }
     for (const AlignOption& entry : AlignOptions) {
         (this->*entry.option)->setIcon(namedIcon(entry.icon, this));

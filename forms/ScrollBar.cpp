@@ -2,6 +2,7 @@
 
 #include "platform/Accessible.h"
 #include "platform/DesktopLook.h"
+#include "platform/Events.h"
 
 #include <QKeyEvent>
 #include <QPainter>
@@ -44,6 +45,11 @@ void ScrollBar::noticeRelease()
 {
     if (value() != m_valueAtPress)
         emit Change();
+}
+
+void ScrollBar::writeInto(QLineEdit* box, const QString& unit)
+{
+    on(this, &ScrollBar::Change, box, [this, box, unit] { box->setText(QString::number(value()) + unit); });
 }
 
 void ScrollBar::keyPressEvent(QKeyEvent* event)

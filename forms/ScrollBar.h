@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QLineEdit>
 #include <QScrollBar>
 #include <optional>
 
@@ -14,6 +15,9 @@ public:
 
     /// Where the bar stands, `minimum()` to `maximum()`; set with `setValue`.
     int Value() const { return value(); }
+
+    /// Writes each value that `Change` tells of into `box`, with `unit` behind it.
+    void writeInto(QLineEdit* box, const QString& unit = {});
 
     /// Shows a short label and the value in the bar's middle, and makes room for them.
     void showValue(const QString& label);
