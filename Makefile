@@ -102,8 +102,8 @@ ifdef CHECK
 	tests/mutants/run --check $(ONLY)
 else
 	./setup --test --mutants
-	cmake --preset dev
-	cmake --build --preset dev
+	cmake --preset mutants
+	cmake --build --preset mutants
 	tests/mutants/run $(ONLY)
 endif
 
