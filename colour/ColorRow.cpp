@@ -4,7 +4,6 @@
 #include "forms/ScrollBar.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
-#include "platform/RuntimeError.h"
 #include "services/Codes.h"
 
 #include <QToolTip>
@@ -100,13 +99,9 @@ void ColorRow::RowChange()
 void ColorRow::RowPick()
 {
     CommonDialog dialog;
-    dialog.CancelError = true;
     dialog.Color = m_sample->BackColor();
-    try {
-        dialog.ShowColor();
-    } catch (const RuntimeError&) {
+    if (!dialog.ShowColor())
         return; // nothing changes
-    }
     m_sample->setBackColor(dialog.Color);
     RowHexRefresh();
     moveBars();

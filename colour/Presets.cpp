@@ -11,7 +11,6 @@ namespace {
 CommonDialog presetDialog(const QString& fileName)
 {
     CommonDialog dialog;
-    dialog.CancelError = true;
     dialog.Filter = QStringLiteral("FPC Files (*.fpc)|*.fpc|");
     dialog.FileName = fileName;
     return dialog;
@@ -37,26 +36,26 @@ void take(const Preset::Entry& entry, const QString& text)
 } // namespace
 
 void savePreset(const Preset& preset)
-try {
+{
     CommonDialog dialog = presetDialog(preset.fileName);
-    dialog.ShowSave();
+    if (!dialog.ShowSave())
+        return;
     QList<ProfileValue> values;
     for (const Preset::Entry& entry : preset.entries)
         values << ProfileValue{preset.section, entry.key, textOf(entry)};
     WriteProfile(values, dialog.FileName);
-} catch (const RuntimeError&) {
-    return; // the user cancelled
 }
 
 bool loadPreset(const Preset& preset, const std::function<void()>& before)
 try {
     CommonDialog dialog = presetDialog(QString());
-    dialog.ShowOpen();
+    if (!dialog.ShowOpen())
+        return false;
     if (before)
         before();
     for (const Preset::Entry& entry : preset.entries)
         take(entry, ReadProfile(preset.section, entry.key, dialog.FileName));
     return true;
 } catch (const RuntimeError&) {
-    return false; // cancelled, or a colour that is none
+    return false; // a colour that is none
 }

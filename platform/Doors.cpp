@@ -1,7 +1,6 @@
 #include "platform/Doors.h"
 
 #include "platform/ColorNumber.h"
-#include "platform/RuntimeError.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -333,31 +332,24 @@ void Beep()
     doors().beep();
 }
 
-bool CommonDialog::taken(bool answer) const
-{
-    if (!answer && CancelError)
-        throw RuntimeError(ErrorNumber::CancelSelected);
-    return answer;
-}
-
 bool CommonDialog::ShowOpen()
 {
-    return taken(doors().openDialog(*this));
+    return doors().openDialog(*this);
 }
 
 bool CommonDialog::ShowSave()
 {
-    return taken(doors().saveDialog(*this));
+    return doors().saveDialog(*this);
 }
 
 bool CommonDialog::ShowColor()
 {
-    return taken(doors().colorDialog(*this));
+    return doors().colorDialog(*this);
 }
 
 bool CommonDialog::ShowFont()
 {
-    return taken(doors().fontDialog(*this));
+    return doors().fontDialog(*this);
 }
 
 void Clipboard::Clear()

@@ -20,10 +20,6 @@ enum class MsgAnswer { Ok, Cancel, Yes, No };
 class CommonDialog
 {
 public:
-    /// True makes the user's Cancel raise `ErrorNumber::CancelSelected`; false leaves the fields as they
-    /// were.
-    bool CancelError = false;
-
     QString DialogTitle;
     /// In: the name to propose, or a pattern such as "*.htm". Out: the chosen file's full path. The suffix of
     /// the filter is added to a name that was typed without one, unless there is a file of just that name.
@@ -40,15 +36,11 @@ public:
     /// changed them.
     QFont Font;
 
-    /// Each opens its dialog and waits. True: the user took it. Throws RuntimeError(CancelSelected) as told
-    /// above.
-    bool ShowOpen();
-    bool ShowSave();
-    bool ShowColor();
-    bool ShowFont();
-
-private:
-    bool taken(bool answer) const;
+    /// Each opens its dialog and waits. False: the user cancelled it, and the fields are as they were.
+    [[nodiscard]] bool ShowOpen();
+    [[nodiscard]] bool ShowSave();
+    [[nodiscard]] bool ShowColor();
+    [[nodiscard]] bool ShowFont();
 };
 
 /// Everything through which a handler waits for the user or reaches the desktop. Tests put a script of

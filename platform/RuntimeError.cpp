@@ -21,8 +21,6 @@ QString usualText(ErrorNumber number)
         return QStringLiteral("Object variable not set");
     case ErrorNumber::InvalidPropertyValue:
         return QStringLiteral("Invalid property value");
-    case ErrorNumber::CancelSelected:
-        return QStringLiteral("Cancel was selected");
     }
     return QStringLiteral("Unknown error");
 }

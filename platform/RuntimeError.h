@@ -13,7 +13,6 @@ enum class ErrorNumber {
     PathFileAccess = 75,
     ObjectNotSet = 91,
     InvalidPropertyValue = 380,
-    CancelSelected = 32755,
 };
 
 /// The one failure of the program's own code. Code that traps errors catches it; one that leaves a handler

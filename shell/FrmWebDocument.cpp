@@ -90,14 +90,10 @@ bool FrmWeb::mayGiveUp()
 QString FrmWeb::GetFileName(const QString& initial)
 {
     CommonDialog dialog;
-    dialog.CancelError = true;
     dialog.FileName = initial;
     dialog.Filter = FileFilter;
-    try {
-        dialog.ShowSave();
-    } catch (const RuntimeError&) {
+    if (!dialog.ShowSave())
         return QString();
-    }
     return dialog.FileName;
 }
 
@@ -212,15 +208,11 @@ void FrmWeb::MnOpen_Click()
     if (!giveUpDocument())
         return;
     CommonDialog dialog;
-    dialog.CancelError = true;
     dialog.DialogTitle = QStringLiteral("Open As Files");
     dialog.FileName = QStringLiteral("*.htm");
     dialog.Filter = FileFilter;
-    try {
-        dialog.ShowOpen();
-    } catch (const RuntimeError&) {
+    if (!dialog.ShowOpen())
         return;
-    }
     if (!dialog.FileName.isEmpty())
         openFile(dialog.FileName);
 }
@@ -336,15 +328,11 @@ void FrmWeb::saved()
 bool FrmWeb::saveAs()
 {
     CommonDialog dialog;
-    dialog.CancelError = true;
     dialog.DialogTitle = QStringLiteral("Save As Files");
     dialog.FileName = bareName(Text2);
     dialog.Filter = FileFilter;
-    try {
-        dialog.ShowSave();
-    } catch (const RuntimeError&) {
+    if (!dialog.ShowSave())
         return true;
-    }
     if (dialog.FileName.isEmpty())
         return true;
     if (bareName(dialog.FileName) == dialog.FileTitle &&

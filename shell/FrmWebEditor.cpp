@@ -68,15 +68,11 @@ void FrmWeb::munsetfont_Click()
     if (SSTab1->Tab() != EditorTab)
         return;
     CommonDialog dialog;
-    dialog.CancelError = true;
     dialog.Font = RichTextBox1->textFont();
     dialog.Font.setUnderline(false);
     dialog.Font.setStrikeOut(false);
-    try {
-        dialog.ShowFont();
-    } catch (const RuntimeError&) {
+    if (!dialog.ShowFont())
         return;
-    }
     const QFont before = RichTextBox1->textFont();
     QFont font = before; // takes these four alone
     font.setFamily(dialog.Font.family());
@@ -102,13 +98,9 @@ void FrmWeb::munEBC_Click()
     if (SSTab1->Tab() != EditorTab)
         return;
     CommonDialog dialog;
-    dialog.CancelError = true;
     dialog.Color = RichTextBox1->BackColor();
-    try {
-        dialog.ShowColor();
-    } catch (const RuntimeError&) {
+    if (!dialog.ShowColor())
         return;
-    }
     setEditorBackground(dialog.Color);
     WriteProfile(FontSection, QStringLiteral("BG"), QString::number(dialog.Color), webIni());
 }

@@ -1,7 +1,6 @@
 #include "shell/SurfaceCommands.h"
 
 #include "platform/Doors.h"
-#include "platform/RuntimeError.h"
 #include "services/Codes.h"
 #include "web/DocumentSurface.h"
 
@@ -41,12 +40,8 @@ const char* fontSizeText(const QString& htmlSize)
 std::optional<QString> askForColor()
 {
     CommonDialog dialog;
-    dialog.CancelError = true;
-    try {
-        dialog.ShowColor();
-    } catch (const RuntimeError&) {
+    if (!dialog.ShowColor())
         return std::nullopt;
-    }
     return GetHexColor(dialog.Color);
 }
 

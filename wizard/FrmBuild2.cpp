@@ -136,12 +136,8 @@ void FrmBuild2::Chk_MouseUp(int index)
 void FrmBuild2::Combo3_Click()
 {
     CommonDialog dialog;
-    dialog.CancelError = true;
-    try {
-        dialog.ShowColor();
-    } catch (const RuntimeError&) {
+    if (!dialog.ShowColor())
         return;
-    }
     PageLook picked = look();
     pickColor(picked, m_drawing, Combo3->Text(), dialog.Color);
     m_look = picked;
