@@ -91,7 +91,8 @@ std::vector<Rival> openText(const QByteArray& text, const std::function<QString(
     };
     return {{Role::Ours, "file opened",
              timed(
-                 ours, [] { form<FrmWeb>()->Dirty = false; }, [text] { return source().Text() == text; })},
+                 ours, [] { form<FrmWeb>()->document().setDirty(false); },
+                 [text] { return source().Text() == text; })},
             {Role::Peer, Bare, timed(bare, {}, [box, text, decode] { return box->text() == decode(text); })},
             {Role::Limit, "file read into memory", batched([read] { keep(read()); })}};
 }
@@ -220,7 +221,7 @@ std::vector<Rival> save(qsizetype size)
     const QByteArray saved = text + "\r\n";
     const QString file = scratchFile();
     source().load(text);
-    form<FrmWeb>()->Text2 = file;
+    form<FrmWeb>()->document().setName(file);
     const auto box = bareComponent(text);
     return {{Role::Ours, "menu Save",
              timed([] { form<FrmWeb>()->mnsave->trigger(); }, {},

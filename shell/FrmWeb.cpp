@@ -93,10 +93,11 @@ void place(QWidget* widget, const TwipsRect& rect)
 
 } // namespace
 
-FrmWeb::FrmWeb() : m_journal({AppPath(), QDir::homePath()})
+FrmWeb::FrmWeb()
 {
     setupUi(this);
-    setCaption(Text2);
+    m_document = std::make_unique<Document>(*RichTextBox1, QStringList{AppPath(), QDir::homePath()});
+    setCaption(m_document->name());
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);
     setPalette(withReadableHints(QPalette(QColor(0xE0, 0xE0, 0xE0))));
@@ -132,8 +133,10 @@ FrmWeb::FrmWeb() : m_journal({AppPath(), QDir::homePath()})
     connectQuickTags();
     connectInternet();
     keepOnFatal([this] { return keepText(); });
-    JournalTimer.setSingleShot(true);
-    on(&JournalTimer, &QTimer::timeout, this, &FrmWeb::JournalTimer_Timer);
+    on(m_document.get(), &Document::settled, WebBrowser1, &DocumentSurface::forgetEdits);
+    m_journalTimer.setObjectName(QStringLiteral("JournalTimer"));
+    m_journalTimer.setSingleShot(true);
+    on(&m_journalTimer, &QTimer::timeout, this, &FrmWeb::JournalTimer_Timer);
     JournalTimer_Timer();
     RichTextBox1->SetFocus();
 }
@@ -141,8 +144,6 @@ FrmWeb::FrmWeb() : m_journal({AppPath(), QDir::homePath()})
 FrmWeb::~FrmWeb()
 {
     keepOnFatal(nullptr);
-    if (m_toBeSaved)
-        m_journal.leave();
 }
 
 void FrmWeb::buildToolbar()
@@ -184,7 +185,7 @@ void FrmWeb::loadSettings()
     WebBrowser3->Navigate(blank);
     WebBrowser1->setDesignMode(DesignMode::On);
     WebBrowser3->setDesignMode(DesignMode::Off);
-    Dirty = false;
+    m_document->setDirty(false);
     for (const QString& family : QFontDatabase::families())
         Combo1->AddItem(family);
 }
@@ -359,9 +360,9 @@ QString FrmWeb::keepText()
     const QByteArray text = RichTextBox1->Text();
     if (text.isEmpty())
         return QString();
-    m_journal.finish();
+    m_document->finishKeeping();
     JournalTimer_Timer();
-    m_journal.finish();
+    m_document->finishKeeping();
     for (const QString& folder : {AppPath(), QDir::homePath(), QDir::tempPath()}) {
         const QString path = folder + QStringLiteral("/Recovered.htm");
         const QString older = folder + QStringLiteral("/Recovered.old.htm");

@@ -1,11 +1,12 @@
 #pragma once
 
 #include "forms/Form.h"
-#include "shell/Journal.h"
+#include "shell/Document.h"
 #include "shell/ui_FrmWeb.h"
 
 #include <QByteArray>
 #include <QTimer>
+#include <memory>
 #include <optional>
 
 /// The main window: owner of the document, its views and the settings of the source box.
@@ -25,21 +26,21 @@ public:
     FrmWeb();
     ~FrmWeb() override;
 
-    /// The document has unsaved changes.
-    bool Dirty = false;
+    /// The document; what it is called and whether it is saved is said here.
+    Document& document() const { return *m_document; }
+    bool Dirty() const { return m_document->isDirty(); }
+    QString Text2() const { return m_document->name(); }
     /// The user answered Cancel to the last save question; only the next `Checksafe` clears it.
-    bool SaveCancelled = false;
+    bool SaveCancelled() const { return m_refusal == Refusal::Cancelled; }
     /// The user answered No to the last save question; only the next `Checksafe` clears it.
-    bool SaveDeclined = false;
-    /// The document's full path, or "Untitled".
-    QString Text2 = QStringLiteral("Untitled");
+    bool SaveDeclined() const { return m_refusal == Refusal::Declined; }
     /// 1 while the source is highlighted.
     int Check1 = 0;
 
     /// Asks whether to save, and saves on Yes; the answer stands in `SaveCancelled` and `SaveDeclined`.
     /// False: the document is not to be given up, by the user's Cancel, or as it could not be read to be
     /// saved.
-    bool Checksafe();
+    [[nodiscard]] bool Checksafe();
     /// Asks for a file to save to, proposing `initial`; empty when the user cancels.
     QString GetFileName(const QString& initial);
     /// Writes the source box's text, with a line end behind it, to `path` and names the window after it. The
@@ -53,8 +54,6 @@ public:
     /// Asks whether unsaved text that an earlier run of the program left shall come back, and makes it the
     /// document on Yes. For the start only.
     void offerUnsavedText();
-    /// Runs out when unsaved text is to be kept on the disk (see Journal).
-    QTimer JournalTimer;
 
     /// The toolbar's button at `index`, 1 to 22.
     QAction* toolbarButton(int index) const;
@@ -92,13 +91,13 @@ private:
 
     // FrmWebDocument.cpp
     void MnNew_Click();
-    bool newDocument();
+    [[nodiscard]] bool newDocument();
     void MnOpen_Click();
     void mnsave_Click();
     void mnsaveas_Click();
-    bool save();
-    bool saveAs();
-    void saved();
+    SaveResult save();
+    SaveResult saveAs();
+    SaveResult write(const QString& path, const QByteArray& text);
     void MnCut_Click();
     void MnCopy_Click();
     void MnPaste_Click();
@@ -111,8 +110,8 @@ private:
     void RichTextBox1_FilesDropped(const QStringList& paths, int position);
     void insertPictures(const QStringList& paths, int position);
     void tellOfDrop(const QString& text);
-    bool mayGiveUp();
-    bool giveUpDocument();
+    [[nodiscard]] bool mayGiveUp();
+    [[nodiscard]] bool giveUpDocument();
     void openFile(const QString& path);
     void emptyDocument();
     void setCaption(const QString& name);
@@ -171,17 +170,16 @@ private:
     // FrmWebJournal.cpp
     void JournalTimer_Timer();
     void keepUnsavedText();
-    void keepSource();
     void keepUnread();
-    void forgetUnsavedText();
     void bringBack(const Journal::Leftover& left);
 
     /// What was last written to a surface, or read from it to be kept: a lost one is made anew from it.
     QString m_lastShown;
 
-    Journal m_journal;
-    qint64 m_change = 0;        // how often the source has changed
-    qint64 m_keptChange = 0;    // ... when it was last kept, saved or loaded
-    bool m_surfaceKept = false; // what is kept is an edit on the design surface, which the source lacks
-    bool m_toBeSaved = false;   // the user wants it saved, and it has not come to a file: the copy stays
+    std::unique_ptr<Document> m_document;
+    QTimer m_journalTimer{this}; // runs out when unsaved text is to be kept on the disk
+
+    /// How the last save question ended, unless by Yes.
+    enum class Refusal { None, Cancelled, Declined };
+    Refusal m_refusal = Refusal::None;
 };

@@ -18,7 +18,6 @@
 
 namespace {
 
-const QString Untitled = QStringLiteral("Untitled");
 const QString FileFilter = QStringLiteral("HTML Files (*.htm)|*.htm|Text files (*.txt)|*.txt|"
                                           "Document files (*.doc)|*.doc|All files (*.*)|*.*");
 
@@ -28,20 +27,6 @@ const QByteArray BlankDocument =
 
 /// What takes about a second to open, in bytes.
 constexpr qint64 LongFile = 50'000'000;
-
-/// The name of the file at `path` without its folder; empty when no file lies there.
-QString bareName(const QString& path)
-{
-    const QFileInfo file(path);
-    return file.isFile() ? file.fileName() : QString();
-}
-
-/// Writes a text as one record: a line end closes it.
-void writeRecord(const QString& path, const QByteArray& text)
-{
-    const WaitCursor hourglass;
-    writeFile(path, text + "\r\n");
-}
 
 void sayCannotSave()
 {
@@ -53,29 +38,28 @@ void sayCannotSave()
 
 bool FrmWeb::Checksafe()
 {
-    SaveCancelled = false;
-    SaveDeclined = false;
-    m_toBeSaved = false;
-    QString name = bareName(Text2);
+    m_refusal = Refusal::None;
+    m_document->setToBeSaved(false);
+    QString name = m_document->bareName();
     if (name.isEmpty())
-        name = Untitled;
+        name = Document::Untitled;
     Beep();
     switch (MsgBox(name + QStringLiteral(" - File has changed. Do you wish to save changes ?"), ProgramTitle,
                    MsgIcon::Information, MsgButtons::YesNoCancel)) {
     case MsgAnswer::Yes: {
-        m_toBeSaved = true;
+        m_document->setToBeSaved(true);
         if (SSTab1->Tab() == InternetTab)
             keepUnread();
-        const bool wasRead = save();
-        if (m_toBeSaved && SSTab1->Tab() != InternetTab && m_keptChange != m_change)
-            keepSource(); // it goes all the same, but not for good
-        return wasRead;
+        const SaveResult result = save();
+        if (SSTab1->Tab() != InternetTab)
+            m_document->keepIfToBeSaved(); // it goes all the same, but not for good
+        return result != SaveResult::Unread;
     }
     case MsgAnswer::No:
-        SaveDeclined = true;
+        m_refusal = Refusal::Declined;
         return true;
     default:
-        SaveCancelled = true;
+        m_refusal = Refusal::Cancelled;
         return false;
     }
 }
@@ -84,7 +68,7 @@ bool FrmWeb::Checksafe()
 /// holds.
 bool FrmWeb::mayGiveUp()
 {
-    return (!Dirty || Checksafe()) && !SaveCancelled;
+    return (!Dirty() || Checksafe()) && !SaveCancelled();
 }
 
 QString FrmWeb::GetFileName(const QString& initial)
@@ -100,7 +84,8 @@ QString FrmWeb::GetFileName(const QString& initial)
 void FrmWeb::SaveFileAs(const QString& path)
 {
     try {
-        writeRecord(path, RichTextBox1->Text());
+        const WaitCursor hourglass;
+        Document::writeRecord(path, RichTextBox1->Text());
     } catch (const RuntimeError& error) {
         MsgBox(error.description(), ProgramTitle, MsgIcon::Exclamation);
         return;
@@ -126,7 +111,7 @@ void FrmWeb::StampGenerator()
 
 bool FrmWeb::isBlankDocument() const
 {
-    return RichTextBox1->Text() == BlankDocument;
+    return RichTextBox1->holdsAscii(BlankDocument);
 }
 
 /// The document's text from the view that is up; the Internet tab holds none. No value when the design
@@ -152,16 +137,13 @@ void FrmWeb::setCaption(const QString& name)
 
 void FrmWeb::emptyDocument()
 {
-    RichTextBox1->load(QByteArray());
-    Text2 = Untitled;
-    Dirty = false;
-    forgetUnsavedText();
-    setCaption(Untitled);
+    m_document->blank();
+    setCaption(m_document->name());
 }
 
 void FrmWeb::MnNew_Click()
 {
-    newDocument();
+    static_cast<void>(newDocument()); // the user knows whether the document stayed
 }
 
 /// False: the document stays.
@@ -174,7 +156,7 @@ bool FrmWeb::newDocument()
             // A torn generator tag stays as it is: the text is about to go.
         }
         if (isBlankDocument())
-            Dirty = false;
+            m_document->setDirty(false);
     }
     try {
         if (!mayGiveUp())
@@ -194,7 +176,7 @@ bool FrmWeb::giveUpDocument()
 {
     if (!mayGiveUp())
         return false;
-    if (SaveDeclined) { // the old document is given up even if no other comes
+    if (SaveDeclined()) { // the old document is given up even if no other comes
         emptyDocument();
         writeSurface(WebBrowser1, QString());
         writeSurface(WebBrowser3, QString());
@@ -261,27 +243,21 @@ void FrmWeb::tellOfDrop(const QString& text)
 
 void FrmWeb::openFile(const QString& path)
 {
-    Text2 = path;
     try {
         const WaitCursor hourglass;
         LongWork work;
         if (QFileInfo(path).size() >= LongFile)
             work.announce();
-        RichTextBox1->load(readFile(Text2));
+        m_document->open(path);
     } catch (const RuntimeError&) {
-        RichTextBox1->load(QByteArray());
-        Text2 = Untitled;
-        Dirty = false;
-        forgetUnsavedText();
-        return;
+        return; // the window keeps its caption
     }
-    forgetUnsavedText();
     if (SSTab1->Tab() == PreviewTab) {
         showSource(WebBrowser1);
         if (Option2->Value())
             showSource(WebBrowser3);
     }
-    setCaption(bareName(Text2));
+    setCaption(m_document->bareName());
     if (Check1 == 1)
         munhighlight_Click();
     UpdateRegionButtons(*this);
@@ -297,63 +273,50 @@ void FrmWeb::mnsaveas_Click()
     saveAs();
 }
 
-/// False: the design surface gave no answer, so that there was nothing to save. All else, a cancelled dialog
-/// and a failed write among it, is dealt with here.
-bool FrmWeb::save()
+SaveResult FrmWeb::save()
 {
-    if (Text2 == Untitled)
+    if (!m_document->isNamed())
         return saveAs();
     const std::optional<QByteArray> text = FetchSource();
-    if (!text)
-        return false;
-    try {
-        writeRecord(Text2, *text);
-        saved();
-    } catch (const RuntimeError&) {
-        sayCannotSave();
-    }
-    return true;
-}
-
-void FrmWeb::saved()
-{
-    Dirty = false;
-    if (SSTab1->Tab() == InternetTab)
-        return; // the document itself has not gone to the file
-    m_toBeSaved = false;
-    forgetUnsavedText();
+    return text ? write(m_document->name(), *text) : SaveResult::Unread;
 }
 
 /// The same under a name that the user gives.
-bool FrmWeb::saveAs()
+SaveResult FrmWeb::saveAs()
 {
     CommonDialog dialog;
     dialog.DialogTitle = QStringLiteral("Save As Files");
-    dialog.FileName = bareName(Text2);
+    dialog.FileName = m_document->bareName();
     dialog.Filter = FileFilter;
-    if (!dialog.ShowSave())
-        return true;
-    if (dialog.FileName.isEmpty())
-        return true;
-    if (bareName(dialog.FileName) == dialog.FileTitle &&
+    if (!dialog.ShowSave() || dialog.FileName.isEmpty())
+        return SaveResult::Cancelled;
+    if (Document::bareName(dialog.FileName) == dialog.FileTitle &&
         MsgBox(
             QStringLiteral("[ %1 ] - already exists.\r\nDo you want to replace it ?").arg(dialog.FileTitle),
             QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::No)
-        return true;
+        return SaveResult::Cancelled;
 
     const std::optional<QByteArray> text = FetchSource();
     if (!text)
-        return false;
+        return SaveResult::Unread;
+    const SaveResult result = write(dialog.FileName, *text);
+    if (result == SaveResult::Saved)
+        setCaption(dialog.FileTitle);
+    return result;
+}
+
+/// Writes what `FetchSource` gave. On the tab Internet that is an empty record in place of the document,
+/// which the journal goes on keeping.
+SaveResult FrmWeb::write(const QString& path, const QByteArray& text)
+{
     try {
-        writeRecord(dialog.FileName, *text);
+        const WaitCursor hourglass;
+        m_document->save(path, text, SSTab1->Tab() != InternetTab);
+        return SaveResult::Saved;
     } catch (const RuntimeError&) {
         sayCannotSave();
-        return true;
+        return SaveResult::Failed;
     }
-    Text2 = dialog.FileName;
-    setCaption(dialog.FileTitle);
-    saved();
-    return true;
 }
 
 void FrmWeb::MnCut_Click()
@@ -428,13 +391,12 @@ void FrmWeb::mnuhtml_Click()
 
 void FrmWeb::RichTextBox1_Change()
 {
-    ++m_change;
-    Dirty = !RichTextBox1->isEmpty();
+    m_document->textChanged();
 }
 
 void FrmWeb::RichTextBox1_SelChange()
 {
-    Dirty = !RichTextBox1->isEmpty();
+    m_document->textTouched();
     const bool selected = RichTextBox1->SelLength() >= 1;
     for (int index : {6, 7}) // Cut and Copy
         toolbarButton(index)->setEnabled(selected);
@@ -442,11 +404,11 @@ void FrmWeb::RichTextBox1_SelChange()
 
 void FrmWeb::RichTextBox1_Click()
 {
-    Dirty = !RichTextBox1->isEmpty();
+    m_document->textTouched();
 }
 
 void FrmWeb::RichTextBox1_KeyUp()
 {
     if (RichTextBox1->isEmpty())
-        Dirty = false;
+        m_document->setDirty(false);
 }

@@ -37,11 +37,11 @@ QString question(const Journal::Leftover& left)
 
 void FrmWeb::JournalTimer_Timer()
 {
-    if (m_journal.isBusy()) {
-        JournalTimer.start(TryAgain);
+    if (m_document->isKeeping()) {
+        m_journalTimer.start(TryAgain);
         return;
     }
-    JournalTimer.start(KeepEvery);
+    m_journalTimer.start(KeepEvery);
     try {
         keepUnsavedText();
     } catch (const std::bad_alloc&) {
@@ -54,25 +54,13 @@ void FrmWeb::JournalTimer_Timer()
 void FrmWeb::keepUnsavedText()
 {
     const bool editor = SSTab1->Tab() == EditorTab;
-    if (editor && !Dirty && m_journal.holds())
-        m_journal.clear(); // all of it was deleted again
-    if (Dirty && m_keptChange != m_change && (editor || !m_surfaceKept))
-        keepSource();
+    m_document->keepChanges(editor);
     if (editor)
         return;
     WebBrowser1->readEdits([this](const QString& html) {
-        m_keptChange = m_change;
-        m_surfaceKept = true;
         m_lastShown = html;
-        m_journal.keep(Text2,
-                       [html, encoding = RichTextBox1->textEncoding()] { return ::encode(html, encoding); });
+        m_document->keepEdit(html);
     });
-}
-
-void FrmWeb::keepSource()
-{
-    m_keptChange = m_change;
-    m_journal.keep(Text2, RichTextBox1->textLater());
 }
 
 /// Keeps the text while the tab Internet is up, also what the surface has not been asked for yet.
@@ -86,36 +74,20 @@ void FrmWeb::keepUnread()
     }
 }
 
-/// The document is as its file holds it, or is no more: nothing of it is to be kept, but for a text that
-/// should have been saved and could not be. That waits for the next start.
-void FrmWeb::forgetUnsavedText()
-{
-    m_keptChange = m_change;
-    m_surfaceKept = false;
-    WebBrowser1->forgetEdits();
-    if (std::exchange(m_toBeSaved, false)) {
-        m_journal.leave();
-    } else {
-        m_journal.clear();
-    }
-}
-
 void FrmWeb::offerUnsavedText()
 {
-    while (const std::optional<Journal::Leftover> left = m_journal.takeLeftover()) {
+    while (const std::optional<Journal::Leftover> left = m_document->takeLeftover()) {
         if (MsgBox(question(*left), ProgramTitle, MsgIcon::Question, MsgButtons::YesNo) == MsgAnswer::Yes) {
             bringBack(*left);
             return; // others wait for their turn
         }
-        m_journal.clear();
+        m_document->dropLeftover();
     }
 }
 
-/// Makes what was left the document, unsaved. What is not whole has no name: a save must not put it in the
-/// place of a whole file.
 void FrmWeb::bringBack(const Journal::Leftover& left)
 {
-    RichTextBox1->load(left.text);
+    m_document->bringBack(left);
     if (left.text.contains(SurfaceGenerator)) {
         try {
             stampGenerator(*RichTextBox1);
@@ -123,10 +95,8 @@ void FrmWeb::bringBack(const Journal::Leftover& left)
             // A torn generator tag stays as it is.
         }
     }
-    if (left.whole) {
-        Text2 = left.document;
-        setCaption(QFileInfo(Text2).fileName());
-    }
+    if (left.whole)
+        setCaption(QFileInfo(left.document).fileName());
     UpdateRegionButtons(*this);
-    keepSource();
+    m_document->keep();
 }

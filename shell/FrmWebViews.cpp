@@ -72,7 +72,7 @@ void FrmWeb::showEditor()
     if (Check1 == 1)
         munhighlight_Click();
     if (isBlankDocument())
-        Dirty = false;
+        m_document->setDirty(false);
     UpdateRegionButtons(*this);
 }
 
@@ -80,7 +80,7 @@ void FrmWeb::showPreview()
 {
     switchTools();
     if (RichTextBox1->isEmpty()) { // the surface keeps the last document
-        Dirty = false;
+        m_document->setDirty(false);
         return;
     }
     showSource(shownSurface());
@@ -191,7 +191,7 @@ void FrmWeb::showSource(DocumentSurface* surface)
 void FrmWeb::writeSurface(DocumentSurface* surface, const QString& html)
 {
     if (surface == WebBrowser1)
-        m_surfaceKept = false;
+        m_document->surfaceWritten();
     m_lastShown = html;
     if (!underHourglass([&] { return surface->write(html); })) {
         MsgBox(QStringLiteral(

@@ -202,6 +202,12 @@ bool RichTextBox::isEmpty() const
     return innerLength() == 0;
 }
 
+/// ASCII is the same in both encodings and in the component.
+bool RichTextBox::holdsAscii(QByteArrayView ascii) const
+{
+    return innerText() == ascii;
+}
+
 /// Undo and redo change the encoding together with the text (see onModified).
 void RichTextBox::setEncoding(TextEncoding encoding)
 {

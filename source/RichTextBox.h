@@ -2,6 +2,7 @@
 
 #include "platform/WaitCursor.h"
 #include "source/ByteMap.h"
+#include "source/EditedText.h"
 #include "source/TextColors.h"
 #include "source/TextEncoding.h"
 #include "source/TextSearch.h"
@@ -23,25 +24,24 @@ class QLabel;
 ///
 /// A setter raises the notifications that it causes before it returns, and none comes later. Their handlers
 /// may set properties again.
-class RichTextBox : public QsciScintillaBase
+class RichTextBox : public QsciScintillaBase, public EditedText
 {
     Q_OBJECT
 
 public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
-    QByteArray Text() const;
-    /// The text as it is now, for another thread: what is costly in it is done when the result is called.
-    std::function<QByteArray()> textLater() const;
+    QByteArray Text() const override;
+    std::function<QByteArray()> textLater() const override;
     /// Replaces the whole text, in one step of undo, puts the caret to 0 and drops all colours. Decides the
     /// encoding anew. Raises `Change` and `SelChange` always, for an equal text as well.
     void setText(const QByteArray& text);
     /// The same in an encoding that the caller knows: bytes of the one can be valid in the other by chance.
     void setText(const QByteArray& text, TextEncoding encoding);
-    /// The same for the text of another document: undo doesn't reach behind it.
-    void load(const QByteArray& text);
-    /// Whether the text is empty; much cheaper than asking `Text`.
-    bool isEmpty() const;
+    void load(const QByteArray& text) override;
+    bool isEmpty() const override;
+    /// Whether the text is `ascii`, which must be of no other characters; much cheaper than asking `Text`.
+    bool holdsAscii(QByteArrayView ascii) const;
 
     /// Gives the box the keyboard, unless it is hidden: keys must not go where nobody looks.
     void SetFocus();
@@ -80,7 +80,7 @@ public:
     QFont textFont() const { return m_textFont; }
     void setTextFont(const QFont& font);
 
-    TextEncoding textEncoding() const { return m_map.encoding(); }
+    TextEncoding textEncoding() const override { return m_map.encoding(); }
     /// The bytes that a text takes in this document, and the text of some of its bytes.
     QByteArray encode(const QString& text) const { return ::encode(text, textEncoding()); }
     QString decode(const QByteArray& bytes) const { return ::decode(bytes, textEncoding()); }

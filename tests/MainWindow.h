@@ -38,6 +38,8 @@ public:
     /// Takes `path` in the Save As dialog; the file must not exist yet.
     void saveAs(const QString& path);
 
+    /// Runs out when unsaved text is to be kept on the disk.
+    QTimer& journalTimer() const { return *web->findChild<QTimer*>(QStringLiteral("JournalTimer")); }
     QByteArray source() const { return web->RichTextBox1->Text(); }
     QString caption() const { return web->windowTitle(); }
 };

@@ -414,12 +414,12 @@ void TestDragging::textLandsWhereItIsDropped()
     Stage stage;
     stage.type(QStringLiteral("0123456789"));
     stage.web->RichTextBox1->setSelStart(0);
-    stage.web->Dirty = false;
+    stage.web->document().setDirty(false);
     DragSource source(QStringLiteral("text"), {QStringLiteral("a"), QString::fromUtf8("\xC5\x91")});
     source.drop(stage.sourceBox(), stage.at(5), true);
     QTRY_COMPARE(stage.source(), QByteArray("01234a\r\n\xC5\x91"
                                             "56789"));
-    QVERIFY(stage.web->Dirty);
+    QVERIFY(stage.web->Dirty());
     QCOMPARE(stage.web->RichTextBox1->SelStart(), 5);
     stage.undo();
     QCOMPARE(stage.source(), QByteArray("0123456789"));
@@ -435,12 +435,12 @@ void TestDragging::textMovesWithItsColors()
     box->setSelColor(0x0000FF);
     box->setSelStart(1);
     box->setSelLength(3);
-    stage.web->Dirty = false;
+    stage.web->document().setDirty(false);
     stage.dragText(2, 7);
     QTRY_COMPARE(stage.source(), QByteArray("0456123789"));
     for (int i = 0; i < 10; ++i)
         QCOMPARE(box->colorAt(i), i == 4 ? 0x0000FF : 0);
-    QVERIFY(stage.web->Dirty);
+    QVERIFY(stage.web->Dirty());
     QCOMPARE(box->SelText(), QByteArray("123"));
     stage.undo();
     QCOMPARE(stage.source(), QByteArray("0123456789"));

@@ -379,7 +379,7 @@ void TestFaults::journalIsTaken()
 void TestFaults::save()
 {
     MainWindow window;
-    window.web->JournalTimer.stop();
+    window.journalTimer().stop();
     Patient doors;
     const Disk disk;
     const QString name = QStringLiteral("page.htm");
@@ -389,7 +389,7 @@ void TestFaults::save()
         [&] {
             disk.clear();
             disk.put(name, Old);
-            window.web->Text2 = disk.path(name);
+            window.web->document().setName(disk.path(name));
             window.web->RichTextBox1->setText(text);
             doors.asked.clear();
         },
@@ -398,7 +398,7 @@ void TestFaults::save()
             const bool failed = doors.told(QStringLiteral("Error"));
             if (disk.names() != QStringList(name))
                 return QStringLiteral("files are left");
-            if (window.web->Dirty != failed || window.source() != text)
+            if (window.web->Dirty() != failed || window.source() != text)
                 return QStringLiteral("the window has it otherwise");
             return wrongEnd(disk.content(name), Old, New, failed);
         });
@@ -416,7 +416,7 @@ void TestFaults::saveAs()
 {
     QFETCH(bool, exists);
     MainWindow window;
-    window.web->JournalTimer.stop();
+    window.journalTimer().stop();
     Patient doors;
     const Disk disk;
     const QString name = QStringLiteral("page.htm");
@@ -427,7 +427,7 @@ void TestFaults::saveAs()
             disk.clear();
             if (exists)
                 disk.put(name, Old);
-            window.web->Text2 = QStringLiteral("Untitled");
+            window.web->document().setName(QStringLiteral("Untitled"));
             window.web->RichTextBox1->setText(New.chopped(2));
             doors.asked.clear();
         },
@@ -436,7 +436,7 @@ void TestFaults::saveAs()
             const bool failed = doors.told(QStringLiteral("Error"));
             if (disk.names() != (exists || !failed ? QStringList(name) : QStringList()))
                 return QStringLiteral("files are left");
-            if (window.web->Dirty != failed || (window.web->Text2 == disk.path(name)) == failed)
+            if (window.web->Dirty() != failed || (window.web->Text2() == disk.path(name)) == failed)
                 return QStringLiteral("the window has it otherwise");
             return wrongEnd(disk.content(name), exists ? Old : QByteArray(), New, failed);
         });
@@ -483,7 +483,7 @@ void TestFaults::recovered()
     // The text that a fatal error keeps is where the message says, whole, and an earlier one is never harmed
     // before the new one is there.
     MainWindow window;
-    window.web->JournalTimer.stop();
+    window.journalTimer().stop();
     Patient doors;
     const Disk disk;
     setAppPath(disk.path());
@@ -537,15 +537,15 @@ void TestFaults::fullDisk()
 
     // A document larger than what is free.
     MainWindow window;
-    window.web->JournalTimer.stop();
+    window.journalTimer().stop();
     Patient doors;
     writeFile(folder.filePath(QStringLiteral("page.htm")), Old);
-    window.web->Text2 = folder.filePath(QStringLiteral("page.htm"));
+    window.web->document().setName(folder.filePath(QStringLiteral("page.htm")));
     window.web->RichTextBox1->setText(QByteArray(1'000'000, 'x'));
     window.press(3);
     QCOMPARE(doors.asked, QStringList("Error|There has been a (25)error, Cannot save file."));
     QCOMPARE(content(QStringLiteral("page.htm")), Old);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 
     // Settings and lists when there is no room at all.
     const QByteArray settings = "[Font]\r\nBG=0\r\n";
@@ -579,7 +579,7 @@ void TestFaults::fullDisk()
     window.web->RichTextBox1->setText("short");
     window.press(3);
     QCOMPARE(content(QStringLiteral("page.htm")), QByteArray("short\r\n"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     setDoors(&window.doors);
 }
 

@@ -135,7 +135,7 @@ void TestRenderers::typedOnTheDesign()
         const QString word = QStringLiteral("word%1.").arg(round);
         QVERIFY(surface->evaluate(
             QStringLiteral("document.body.appendChild(document.createTextNode('%1')); 1").arg(word)));
-        window.web->JournalTimer.start(0);
+        window.journalTimer().start(0);
         QTRY_VERIFY(window.folder.has(QStringLiteral("Brindlemark-unsaved-1.htm")));
         QTRY_VERIFY(window.folder.read(QStringLiteral("Brindlemark-unsaved-1.htm")).contains(word.toUtf8()));
         const auto told = doors.asked.size();

@@ -204,10 +204,10 @@ private slots:
 void TestDocument::typingMakesDirty()
 {
     MainWindow window;
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     window.type(QStringLiteral("a"));
     QCOMPARE(window.source(), QByteArray("a"));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::deletingAllTextMakesClean()
@@ -215,10 +215,10 @@ void TestDocument::deletingAllTextMakesClean()
     MainWindow window;
     window.type(QStringLiteral("ab"));
     QTest::keyClick(window.web->RichTextBox1, Qt::Key_Backspace);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
     QTest::keyClick(window.web->RichTextBox1, Qt::Key_Backspace);
     QCOMPARE(window.source(), QByteArray());
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::textSetByProgramMakesDirty_data()
@@ -239,40 +239,40 @@ void TestDocument::textSetByProgramMakesDirty()
     QFETCH(bool, dirty);
     MainWindow window;
     window.web->RichTextBox1->setText("old");
-    window.web->Dirty = !dirty;
+    window.web->document().setDirty(!dirty);
     if (insert) {
         window.web->RichTextBox1->setSelText(text);
     } else {
         window.web->RichTextBox1->setText(text);
     }
-    QCOMPARE(window.web->Dirty, dirty);
+    QCOMPARE(window.web->Dirty(), dirty);
 }
 
 void TestDocument::clickMakesDirtyUnlessEmpty()
 {
     MainWindow window;
-    window.web->Dirty = true;
+    window.web->document().setDirty(true);
     QTest::mouseClick(window.web->RichTextBox1->viewport(), Qt::LeftButton);
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 
     window.web->RichTextBox1->setText("page");
-    window.web->Dirty = false;
+    window.web->document().setDirty(false);
     QTest::mouseClick(window.web->RichTextBox1->viewport(), Qt::LeftButton);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::selectionMakesDirty()
 {
     MainWindow window;
     window.web->RichTextBox1->setText("page");
-    window.web->Dirty = false;
+    window.web->document().setDirty(false);
     QTest::keyClick(window.web->RichTextBox1, Qt::Key_Right, Qt::ShiftModifier);
     QCOMPARE(window.web->RichTextBox1->SelLength(), 1);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 
-    window.web->Dirty = false;
+    window.web->document().setDirty(false);
     window.web->RichTextBox1->setSelStart(3);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::keyReleaseOnlyCleansAnEmptyBox()
@@ -280,14 +280,14 @@ void TestDocument::keyReleaseOnlyCleansAnEmptyBox()
     MainWindow window;
     window.web->RichTextBox1->setText("page");
     for (bool dirty : {false, true}) {
-        window.web->Dirty = dirty;
+        window.web->document().setDirty(dirty);
         QTest::keyRelease(window.web->RichTextBox1, Qt::Key_Control);
-        QCOMPARE(window.web->Dirty, dirty);
+        QCOMPARE(window.web->Dirty(), dirty);
     }
     window.web->RichTextBox1->setText({});
-    window.web->Dirty = true;
+    window.web->document().setDirty(true);
     QTest::keyRelease(window.web->RichTextBox1, Qt::Key_Control);
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::tabZeroWithBlankDocumentIsClean()
@@ -296,15 +296,15 @@ void TestDocument::tabZeroWithBlankDocumentIsClean()
     window.showTab(FrmWeb::PreviewTab);
     window.showTab(FrmWeb::EditorTab);
     QCOMPARE(window.source(), BlankDocument);
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::tabOneWithEmptySourceIsClean()
 {
     MainWindow window;
-    window.web->Dirty = true;
+    window.web->document().setDirty(true);
     window.showTab(FrmWeb::PreviewTab);
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::lookAtTheSurfaceMakesDirty()
@@ -312,12 +312,12 @@ void TestDocument::lookAtTheSurfaceMakesDirty()
     MainWindow window;
     window.type(QStringLiteral("word"));
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     window.showTab(FrmWeb::PreviewTab);
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     window.showTab(FrmWeb::EditorTab);
     QCOMPARE(window.source(), page("word"));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::surfaceEditsCountOnlyWhenTheyComeBack()
@@ -325,10 +325,10 @@ void TestDocument::surfaceEditsCountOnlyWhenTheyComeBack()
     MainWindow window;
     window.showTab(FrmWeb::PreviewTab);
     window.typeOnSurface(QStringLiteral("typed"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     window.showTab(FrmWeb::EditorTab);
     QVERIFY(window.source().contains("typed"));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::successfulOpenIsDirty()
@@ -336,7 +336,7 @@ void TestDocument::successfulOpenIsDirty()
     MainWindow window;
     window.folder.write(QStringLiteral("page.htm"), "<P>page");
     window.open(window.folder.path(QStringLiteral("page.htm")));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
     window.doors.answerMsgBox(MsgAnswer::Cancel);
     QVERIFY(!window.web->close());
     QCOMPARE(window.doors.takeAsked(), (QStringList{openDialog(), saveQuestion(QStringLiteral("page.htm"))}));
@@ -368,11 +368,11 @@ void TestDocument::saveQuestionAnswers()
     window.doors.takeAsked();
 
     window.doors.answerMsgBox(answer);
-    window.web->Checksafe();
+    QCOMPARE(window.web->Checksafe(), !cancelled);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("page.htm"))});
     QCOMPARE(window.doors.beeps, 1);
-    QCOMPARE(window.web->SaveCancelled, cancelled);
-    QCOMPARE(window.web->SaveDeclined, declined);
+    QCOMPARE(window.web->SaveCancelled(), cancelled);
+    QCOMPARE(window.web->SaveDeclined(), declined);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
     QCOMPARE(window.source(), QByteArray("new"));
 }
@@ -382,7 +382,7 @@ void TestDocument::saveQuestionNamesTheFile()
     MainWindow window;
     window.type(QStringLiteral("a"));
     window.doors.answerMsgBox(MsgAnswer::Cancel);
-    window.web->Checksafe();
+    QVERIFY(!window.web->Checksafe());
     QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(Untitled)});
 }
 
@@ -394,7 +394,7 @@ void TestDocument::saveQuestionOfAVanishedFile()
     QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm"))));
     window.doors.takeAsked();
     window.doors.answerMsgBox(MsgAnswer::No);
-    window.web->Checksafe();
+    QVERIFY(window.web->Checksafe());
     QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(Untitled)});
 }
 
@@ -403,15 +403,20 @@ void TestDocument::nextQuestionClearsTheLastAnswer()
     MainWindow window;
     window.type(QStringLiteral("a"));
     window.doors.answerMsgBox(MsgAnswer::Cancel);
-    window.web->Checksafe();
+    QVERIFY(!window.web->Checksafe());
     window.doors.answerMsgBox(MsgAnswer::No);
-    window.web->Checksafe();
-    QVERIFY(!window.web->SaveCancelled);
-    QVERIFY(window.web->SaveDeclined);
+    QVERIFY(window.web->Checksafe());
+    QVERIFY(!window.web->SaveCancelled());
+    QVERIFY(window.web->SaveDeclined());
     window.doors.answerMsgBox(MsgAnswer::Cancel);
-    window.web->Checksafe();
-    QVERIFY(window.web->SaveCancelled);
-    QVERIFY(!window.web->SaveDeclined);
+    QVERIFY(!window.web->Checksafe());
+    QVERIFY(window.web->SaveCancelled());
+    QVERIFY(!window.web->SaveDeclined());
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.doors.cancelSave();
+    QVERIFY(window.web->Checksafe());
+    QVERIFY(!window.web->SaveCancelled());
+    QVERIFY(!window.web->SaveDeclined());
 }
 
 // ---- New
@@ -424,8 +429,8 @@ void TestDocument::newEmptiesTheDocument()
     window.doors.takeAsked();
     window.choose(window.web->Mnfile, window.web->MnNew);
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2, Untitled);
-    QVERIFY(!window.web->Dirty);
+    QCOMPARE(window.web->Text2(), Untitled);
+    QVERIFY(!window.web->Dirty());
     QCOMPARE(window.caption(), UntitledCaption);
     QCOMPARE(window.doors.asked, QStringList());
 }
@@ -458,9 +463,9 @@ void TestDocument::newAsksFirst()
     QCOMPARE(window.source(), source);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
     const bool stopped = answer == MsgAnswer::Cancel;
-    QCOMPARE(window.web->Text2, stopped ? window.folder.path(QStringLiteral("page.htm")) : Untitled);
+    QCOMPARE(window.web->Text2(), stopped ? window.folder.path(QStringLiteral("page.htm")) : Untitled);
     QCOMPARE(window.caption(), stopped ? QStringLiteral("page.htm - Brindlemark 1.0") : UntitledCaption);
-    QCOMPARE(window.web->Dirty, stopped);
+    QCOMPARE(window.web->Dirty(), stopped);
 }
 
 void TestDocument::newOnAnUntouchedSurfaceAsksNothing()
@@ -470,7 +475,7 @@ void TestDocument::newOnAnUntouchedSurfaceAsksNothing()
     window.press(1);
     QCOMPARE(window.doors.asked, QStringList());
     QCOMPARE(window.source(), QByteArray());
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     QCOMPARE(window.caption(), UntitledCaption);
 }
 
@@ -493,12 +498,12 @@ void TestDocument::newStopsAtAStaleCancel()
     window.doors.answerMsgBox(MsgAnswer::Cancel);
     window.press(1);
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     window.doors.takeAsked();
     window.press(1);
     QCOMPARE(window.doors.asked, QStringList());
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
 }
 
 void TestDocument::newWritesTheDesignSurfaceOnly()
@@ -523,7 +528,7 @@ void TestDocument::openShowsTheFile()
     window.choose(window.web->Mnfile, window.web->MnOpen);
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray("<P>page</P>\r\n"));
-    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
 }
 
@@ -572,9 +577,9 @@ void TestDocument::noAtOpenThenCancelEmptiesAllTheSame()
     window.press(2);
     QCOMPARE(window.doors.takeAsked(), (QStringList{saveQuestion(Untitled), openDialog()}));
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.web->Text2(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     QVERIFY(!window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
     QVERIFY(!window.web->WebBrowser3->innerHtml().contains(QStringLiteral("word")));
 }
@@ -593,7 +598,7 @@ void TestDocument::staleNoEmptiesAtTheNextOpen()
     window.press(2);
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.web->Text2(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("second\r\n"));
 }
@@ -608,9 +613,9 @@ void TestDocument::cancelInOpenKeepsAll()
     window.press(2);
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::emptyNameInOpenKeepsAll()
@@ -620,7 +625,7 @@ void TestDocument::emptyNameInOpenKeepsAll()
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     window.open(QString());
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
 }
 
 void TestDocument::openOnTabOneShowsOnTheSurface()
@@ -664,8 +669,8 @@ void TestDocument::openMissingFileResetsSilently()
     window.open(window.folder.path(name));
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2, Untitled);
-    QVERIFY(!window.web->Dirty);
+    QCOMPARE(window.web->Text2(), Untitled);
+    QVERIFY(!window.web->Dirty());
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     QVERIFY(!window.doors.ended);
 }
@@ -706,9 +711,9 @@ void TestDocument::dropOpensTheFile()
     window.folder.write(QStringLiteral("page.htm"), "<B>a</B>\r\n\xE9\n");
     window.drop(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.source(), QByteArray("<B>a</B>\r\n\xE9\n"));
-    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
-    QVERIFY(window.web->Dirty); // as after any open
+    QVERIFY(window.web->Dirty()); // as after any open
     QCOMPARE(window.doors.takeAsked(), QStringList());
     QTest::keyClick(window.web->RichTextBox1, Qt::Key_Z,
                     Qt::ControlModifier); // not back into the old document
@@ -734,8 +739,8 @@ void TestDocument::dropAsksFirst()
     window.drop(window.folder.path(QStringLiteral("second.htm")));
     QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("page.htm"))});
     QCOMPARE(window.source(), source);
-    QCOMPARE(window.web->SaveCancelled, answer == MsgAnswer::Cancel);
-    QCOMPARE(window.web->SaveDeclined, answer == MsgAnswer::No);
+    QCOMPARE(window.web->SaveCancelled(), answer == MsgAnswer::Cancel);
+    QCOMPARE(window.web->SaveDeclined(), answer == MsgAnswer::No);
     QCOMPARE(window.caption(), answer == MsgAnswer::Cancel ? QStringLiteral("page.htm - Brindlemark 1.0")
                                                            : QStringLiteral("second.htm - Brindlemark 1.0"));
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
@@ -751,7 +756,7 @@ void TestDocument::dropHeedsAStaleAnswer()
     window.doors.answerMsgBox(MsgAnswer::Cancel);
     window.press(1);
     window.saveAs(window.folder.path(QStringLiteral("word.htm")));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     window.doors.takeAsked();
     window.drop(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.source(), QByteArray("word"));
@@ -764,15 +769,15 @@ void TestDocument::dropOfAFileThatGoesResetsSilently()
     window.folder.write(QStringLiteral("page.htm"), "page");
     window.type(QStringLiteral("word"));
     window.saveAs(window.folder.path(QStringLiteral("word.htm")));
-    window.web->Dirty = true;
+    window.web->document().setDirty(true);
     window.doors.takeAsked();
     window.doors.during([&] { QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm")))); });
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.drop(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("word.htm"))});
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2, Untitled);
-    QVERIFY(!window.web->Dirty);
+    QCOMPARE(window.web->Text2(), Untitled);
+    QVERIFY(!window.web->Dirty());
     QCOMPARE(window.caption(), QStringLiteral("word.htm - Brindlemark 1.0"));
 }
 
@@ -824,7 +829,7 @@ void TestDocument::dropOfPictures()
         tags += "<IMG src=\"file://" + folder + '/' + name.toUtf8() + "\" border=0>\r\n";
     QCOMPARE(window.source(), "\xE9\xE9" + tags + " lamp");
     QCOMPARE(window.web->RichTextBox1->SelStart(), int(2 + tags.size()));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     QCOMPARE(window.doors.takeAsked(), QStringList());
     QCOMPARE(window.web->Label1->text(), names.contains(QStringLiteral("page.htm"))
@@ -843,7 +848,7 @@ void TestDocument::droppedPictureStaysAPicture()
     window.folder.write(QStringLiteral("photo.jpg"), photo);
     window.type(QStringLiteral("<P>"));
     window.drop({window.folder.path(QStringLiteral("photo.jpg"))});
-    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.web->Text2(), Untitled);
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.folder.read(QStringLiteral("photo.jpg")), photo);
     QVERIFY(window.folder.read(QStringLiteral("page.htm")).contains("photo.jpg\" border=0>"));
@@ -943,9 +948,9 @@ void TestDocument::saveUntitledAsksForAName()
     window.choose(window.web->Mnfile, window.web->mnsave);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("word\r\n"));
-    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::saveTwiceWithoutAnEdit()
@@ -958,7 +963,7 @@ void TestDocument::saveTwiceWithoutAnEdit()
     for (int i = 0; i < 2; ++i) {
         window.press(3);
         QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("word\r\n"));
-        QVERIFY(!window.web->Dirty);
+        QVERIFY(!window.web->Dirty());
     }
     QCOMPARE(window.doors.asked, QStringList());
 }
@@ -1007,12 +1012,12 @@ void TestDocument::roundTripAddsOneLineEnd()
     MainWindow window;
     window.folder.write(QStringLiteral("page.htm"), bytes);
     window.open(window.folder.path(QStringLiteral("page.htm")));
-    QCOMPARE(window.web->Dirty, !bytes.isEmpty());
-    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->Dirty(), !bytes.isEmpty());
+    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     window.press(3);
     QVERIFY(window.folder.read(QStringLiteral("page.htm")) == bytes + "\r\n");
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::eachRoundTripAddsAnotherLineEnd()
@@ -1035,7 +1040,7 @@ void TestDocument::saveOnTheInternetTabWritesAnEmptyLine()
     window.press(3);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("\r\n"));
     QCOMPARE(window.source(), QByteArray("word"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::saveOnTabOneTakesTheSurface()
@@ -1046,7 +1051,7 @@ void TestDocument::saveOnTabOneTakesTheSurface()
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), page("word") + "\r\n");
     QCOMPARE(window.source(), page("word"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 
     window.typeOnSurface(QStringLiteral("more"));
     window.press(3);
@@ -1121,9 +1126,9 @@ void TestDocument::saveFailureKeepsAll()
     window.doors.answerMsgBox(MsgAnswer::Ok);
     window.press(3);
     QCOMPARE(window.doors.takeAsked(), QStringList{SaveFailed});
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
     QCOMPARE(window.source(), QByteArray("new"));
-    QCOMPARE(window.web->Text2, path);
+    QCOMPARE(window.web->Text2(), path);
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     QVERIFY(!window.doors.ended);
     if (obstacle.startsWith(QLatin1String("read-only"))) {
@@ -1131,7 +1136,7 @@ void TestDocument::saveFailureKeepsAll()
         clear(window);
         window.press(3);
         QCOMPARE(window.folder.read(QStringLiteral("sub/page.htm")), QByteArray("new\r\n"));
-        QVERIFY(!window.web->Dirty);
+        QVERIFY(!window.web->Dirty());
     }
 }
 
@@ -1145,7 +1150,7 @@ void TestDocument::saveMakesAVanishedFileAnew()
     window.press(3);
     QCOMPARE(window.doors.asked, QStringList());
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("old\r\n"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 // ---- Save As
@@ -1181,9 +1186,9 @@ void TestDocument::saveAsNamesTheDocument()
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QStringLiteral("page.htm"))});
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("old"));
     QCOMPARE(window.folder.read(QStringLiteral("other.txt")), QByteArray("old\r\n"));
-    QCOMPARE(window.web->Text2, window.folder.path(QStringLiteral("other.txt")));
+    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("other.txt")));
     QCOMPARE(window.caption(), QStringLiteral("other.txt - Brindlemark 1.0"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::saveAsCancelKeepsAll()
@@ -1194,9 +1199,9 @@ void TestDocument::saveAsCancelKeepsAll()
     window.press(4);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.web->Text2(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::saveAsEmptyNameKeepsAll()
@@ -1205,9 +1210,9 @@ void TestDocument::saveAsEmptyNameKeepsAll()
     window.type(QStringLiteral("word"));
     window.saveAs(QString());
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
-    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.web->Text2(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::saveAsAsksBeforeReplacing()
@@ -1222,7 +1227,7 @@ void TestDocument::saveAsAsksBeforeReplacing()
              (QStringList{saveDialog(QString()), replaceQuestion(QStringLiteral("there.htm"))}));
     QCOMPARE(window.folder.read(QStringLiteral("there.htm")), QByteArray("word\r\n"));
     QCOMPARE(window.caption(), QStringLiteral("there.htm - Brindlemark 1.0"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestDocument::saveAsNoLeavesEverything()
@@ -1235,9 +1240,9 @@ void TestDocument::saveAsNoLeavesEverything()
     window.press(3);
     QCOMPARE(window.folder.read(QStringLiteral("there.htm")), QByteArray("there"));
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.web->Text2(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::saveAsFailureKeepsAll_data()
@@ -1264,9 +1269,9 @@ void TestDocument::saveAsFailureKeepsAll()
     expected << SaveFailed;
     window.press(4);
     QCOMPARE(window.doors.takeAsked(), expected);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2, Untitled);
+    QCOMPARE(window.web->Text2(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
     if (obstacle.startsWith(QLatin1String("read-only"))) {
         QCOMPARE(window.folder.read(QStringLiteral("sub/page.htm")), QByteArray("old"));
@@ -1293,11 +1298,11 @@ void TestDocument::yesAtUnnamedThenCancelLosesTheDocument()
     if (command == QLatin1String("New")) {
         window.press(1);
         QCOMPARE(window.source(), QByteArray());
-        QVERIFY(!window.web->SaveCancelled);
+        QVERIFY(!window.web->SaveCancelled());
     } else if (command == QLatin1String("Open")) {
         window.open(window.folder.path(QStringLiteral("page.htm")));
         QCOMPARE(window.source(), QByteArray("page"));
-        QVERIFY(!window.web->SaveCancelled);
+        QVERIFY(!window.web->SaveCancelled());
     } else {
         window.web->close();
         QCOMPARE(window.doors.ended, 0);
@@ -1326,7 +1331,7 @@ void TestDocument::cutOnTabZero()
     window.web->RichTextBox1->setText("one two");
     window.web->RichTextBox1->setSelStart(3);
     window.web->RichTextBox1->setSelLength(4);
-    window.web->Dirty = false;
+    window.web->document().setDirty(false);
     if (toolbar) {
         window.press(6);
     } else {
@@ -1334,7 +1339,7 @@ void TestDocument::cutOnTabZero()
     }
     QCOMPARE(clipboardText(window.doors), QStringLiteral(" two"));
     QCOMPARE(window.source(), QByteArray("one"));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestDocument::copyOnTabZero_data()
@@ -1532,8 +1537,8 @@ void TestDocument::saveFileAs()
     window.web->SaveFileAs(path);
     QCOMPARE(window.folder.read(QStringLiteral("copy.htm")), QByteArray("word\r\n"));
     QCOMPARE(window.caption(), path + QStringLiteral(" - Brindlemark 1.0"));
-    QCOMPARE(window.web->Text2, Untitled);
-    QVERIFY(window.web->Dirty);
+    QCOMPARE(window.web->Text2(), Untitled);
+    QVERIFY(window.web->Dirty());
     QCOMPARE(window.doors.asked, QStringList());
     QVERIFY(!QGuiApplication::overrideCursor());
 }

@@ -495,7 +495,7 @@ void TestFind::replaceAllOfNothing()
     for (const char* text : {"none", ""}) {
         Search search(text);
         search.web->RichTextBox1->setSelStart(2);
-        search.web->Dirty = false;
+        search.web->document().setDirty(false);
         Search::write(search.find->Text1, QStringLiteral("x"));
         Search::write(search.find->Text2, QStringLiteral("y"));
         search.doors.answerMsgBox(MsgAnswer::Ok);
@@ -503,7 +503,7 @@ void TestFind::replaceAllOfNothing()
         QCOMPARE(search.doors.asked, QStringList(Done.arg(QStringLiteral("y"))));
         QCOMPARE(search.source(), QByteArray(text));
         QCOMPARE(search.selection(), QStringLiteral("0+0"));
-        QCOMPARE(search.web->Dirty, *text != 0);
+        QCOMPARE(search.web->Dirty(), *text != 0);
     }
 }
 
@@ -531,7 +531,7 @@ void TestFind::replaceAllIsOneUndoStep()
     search.doors.answerMsgBox(MsgAnswer::Ok);
     Search::click(search.find->Command6);
     QCOMPARE(search.source(), QByteArray("long b long b long"));
-    QVERIFY(search.web->Dirty);
+    QVERIFY(search.web->Dirty());
     search.web->RichTextBox1->undo();
     QCOMPARE(search.source(), QByteArray("a b a b a"));
     search.web->RichTextBox1->redo();

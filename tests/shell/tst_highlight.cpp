@@ -476,12 +476,12 @@ void TestHighlight::highlightMakesTheDocumentDirty()
 {
     Desk desk;
     desk.box->setText("<b>x");
-    desk.web->Dirty = false;
+    desk.web->document().setDirty(false);
     desk.web->munhighlight->trigger();
-    QVERIFY(desk.web->Dirty);
-    desk.web->Dirty = false;
+    QVERIFY(desk.web->Dirty());
+    desk.web->document().setDirty(false);
     desk.web->munUNHighlight->trigger();
-    QVERIFY(desk.web->Dirty);
+    QVERIFY(desk.web->Dirty());
 }
 
 void TestHighlight::highlightGivesTheSourceBoxTheFocus()
@@ -632,13 +632,13 @@ void TestHighlight::openHighlightsAnew()
     desk.folder.write(QStringLiteral("page.htm"), "a<b>");
     desk.box->setText("x");
     desk.web->munhighlight->trigger();
-    desk.web->Dirty = false;
+    desk.web->document().setDirty(false);
     desk.script.answerOpen(desk.folder.path(QStringLiteral("page.htm")));
     desk.web->MnOpen->trigger();
     QCOMPARE(colors(*desk.box), QByteArray("xttt"));
 
     desk.web->munUNHighlight->trigger();
-    desk.web->Dirty = false;
+    desk.web->document().setDirty(false);
     desk.script.answerOpen(desk.folder.path(QStringLiteral("page.htm")));
     desk.web->MnOpen->trigger();
     QCOMPARE(colors(*desk.box), QByteArray("...."));

@@ -838,7 +838,7 @@ void TestInternet::sharesNothing()
     tab.enter(server.url(QStringLiteral("/cookie")));
     QTRY_COMPARE(tab.text(), QStringLiteral("a=b"));
     QCOMPARE(tab.source(), QByteArray());
-    QVERIFY(!tab.web->Dirty);
+    QVERIFY(!tab.web->Dirty());
 }
 
 RENDERER_TEST_MAIN(TestInternet)

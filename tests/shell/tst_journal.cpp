@@ -69,14 +69,14 @@ class Window : public MainWindow
 public:
     QStringList files() const { return journalFiles(QFileInfo(folder.path(First)).path()); }
     /// Lets the time run out after which unsaved text is kept.
-    void timeRunsOut() const { web->JournalTimer.start(0); }
+    void timeRunsOut() const { journalTimer().start(0); }
     /// Does the same once all that was begun before is on the disk.
     void timeRunsOutAnew() const
     {
         const auto hasRun = [this] {
             timeRunsOut();
             QCoreApplication::processEvents();
-            return web->JournalTimer.remainingTime() > 5000; // sooner while one is still being written
+            return journalTimer().remainingTime() > 5000; // sooner while one is still being written
         };
         QVERIFY(QTest::qWaitFor(hasRun, Patience));
     }
@@ -359,8 +359,8 @@ void TestJournal::typedTextIsKept()
     QTRY_COMPARE(window.kept(), QByteArray("<P>Lamp"));
     QCOMPARE(window.keptDocument(), QStringLiteral("Untitled"));
     // Never older than a quarter of a minute.
-    QVERIFY(window.web->JournalTimer.isActive());
-    QVERIFY(window.web->JournalTimer.remainingTime() <= 15000);
+    QVERIFY(window.journalTimer().isActive());
+    QVERIFY(window.journalTimer().remainingTime() <= 15000);
 }
 
 void TestJournal::nothingToKeep_data()
@@ -388,10 +388,10 @@ void TestJournal::nothingToKeep()
     }
     if (what == 4)
         window.press(1);
-    QCOMPARE(window.web->Dirty, what == 1 || what == 2);
-    window.web->JournalTimer.start(0);
-    QTRY_VERIFY(window.web->JournalTimer.remainingTime() > 0); // it has run
-    QVERIFY(window.web->JournalTimer.isActive());
+    QCOMPARE(window.web->Dirty(), what == 1 || what == 2);
+    window.journalTimer().start(0);
+    QTRY_VERIFY(window.journalTimer().remainingTime() > 0); // it has run
+    QVERIFY(window.journalTimer().isActive());
     QTest::qWait(50);
     QCOMPARE(window.files(), QStringList());
 }
@@ -429,11 +429,11 @@ void TestJournal::saveLeavesNothing()
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     QTRY_COMPARE(window.files(), QStringList());
     window.timeRunsOut();
-    QTRY_VERIFY(window.web->JournalTimer.remainingTime() > 0);
+    QTRY_VERIFY(window.journalTimer().remainingTime() > 0);
     QTest::keyClick(window.web->RichTextBox1, Qt::Key_Home); // "unsaved" again, with nothing changed
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
     window.timeRunsOut();
-    QTRY_VERIFY(window.web->JournalTimer.remainingTime() > 0);
+    QTRY_VERIFY(window.journalTimer().remainingTime() > 0);
     QTest::qWait(50);
     QCOMPARE(window.files(), QStringList());
 
@@ -453,7 +453,6 @@ void TestJournal::newLeavesNothing()
     window.doors.answerMsgBox(MsgAnswer::Cancel);
     window.press(1);
     QCOMPARE(window.kept(), QByteArray("<P>Lamp"));
-    window.web->SaveCancelled = false;
     window.doors.answerMsgBox(MsgAnswer::No);
     window.press(1);
     QTRY_COMPARE(window.files(), QStringList());
@@ -491,7 +490,7 @@ void TestJournal::keptAgainOnlyWhenChanged()
     QTRY_COMPARE(window.kept(), QByteArray("x"));
     QVERIFY(QFile::remove(window.folder.path(First)));
     window.timeRunsOut();
-    QTRY_VERIFY(window.web->JournalTimer.remainingTime() > 0);
+    QTRY_VERIFY(window.journalTimer().remainingTime() > 0);
     QTest::qWait(50);
     QVERIFY(!window.folder.has(First));
     window.type(QStringLiteral("y"));
@@ -512,7 +511,7 @@ void TestJournal::typedOnTheSurfaceIsKept()
     Window window;
     window.showTab(FrmWeb::PreviewTab);
     window.typeOnSurface(QStringLiteral("Lamp"));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     window.timeRunsOut();
     QTRY_VERIFY(window.kept().contains("Lamp"));
     window.typeOnSurface(QStringLiteral("shade"));
@@ -520,7 +519,7 @@ void TestJournal::typedOnTheSurfaceIsKept()
     QTRY_VERIFY(window.kept().contains("shade"));
     window.showTab(FrmWeb::InternetTab);
     window.timeRunsOut();
-    QTRY_VERIFY(window.web->JournalTimer.remainingTime() > 0);
+    QTRY_VERIFY(window.journalTimer().remainingTime() > 0);
     QVERIFY(window.kept().contains("shade"));
     window.showTab(FrmWeb::EditorTab);
     window.timeRunsOut();
@@ -536,7 +535,7 @@ void TestJournal::aLookAtTheSurfaceKeepsTheSource()
     window.timeRunsOut();
     QTRY_COMPARE(window.kept(), QByteArray("<p>Lamp"));
     window.timeRunsOut();
-    QTRY_VERIFY(window.web->JournalTimer.remainingTime() > 0);
+    QTRY_VERIFY(window.journalTimer().remainingTime() > 0);
     QTest::qWait(50);
     QCOMPARE(window.kept(), QByteArray("<p>Lamp"));
 }
@@ -589,7 +588,7 @@ void TestJournal::savedSurfaceLeavesNothing()
     QTRY_COMPARE(window.files(), QStringList());
     QVERIFY(window.folder.read(QStringLiteral("page.htm")).contains("Lamp"));
     window.timeRunsOut();
-    QTRY_VERIFY(window.web->JournalTimer.remainingTime() > 0);
+    QTRY_VERIFY(window.journalTimer().remainingTime() > 0);
     window.web->WebBrowser1->innerHtml(); // answers behind the question of the timer
     QTest::qWait(50);
     QCOMPARE(window.files(), QStringList());
@@ -670,7 +669,7 @@ void TestJournal::savedFromTheInternetTabStays()
     window.press(3);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("\r\n"));
     window.timeRunsOut();
-    QTRY_VERIFY(window.web->JournalTimer.remainingTime() > 0);
+    QTRY_VERIFY(window.journalTimer().remainingTime() > 0);
     QCOMPARE(window.kept(), QByteArray("<P>Lamp"));
 }
 
@@ -723,9 +722,9 @@ void TestJournal::yesBringsTheTextBack()
     window.web->offerUnsavedText();
     QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(name)});
     QCOMPARE(window.source(), bytes);
-    QCOMPARE(window.web->Text2, document);
+    QCOMPARE(window.web->Text2(), document);
     QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestJournal::broughtBackTextIsStillKept()
@@ -773,8 +772,8 @@ void TestJournal::noDeletesIt()
     window.web->offerUnsavedText();
     QTRY_COMPARE(window.files(), QStringList());
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2, QStringLiteral("Untitled"));
-    QVERIFY(!window.web->Dirty);
+    QCOMPARE(window.web->Text2(), QStringLiteral("Untitled"));
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestJournal::noLeadsToTheNext()
@@ -806,9 +805,9 @@ void TestJournal::tornTextComesBackWithoutAName()
              QStringList{question(QStringLiteral("Brindlemark was not closed properly the last time. Only a "
                                                  "part of its unsaved text could be kept."))});
     QCOMPARE(window.source(), QByteArray("<P>Lamp and"));
-    QCOMPARE(window.web->Text2, QStringLiteral("Untitled"));
+    QCOMPARE(window.web->Text2(), QStringLiteral("Untitled"));
     QCOMPARE(window.caption(), QStringLiteral("Untitled - Brindlemark 1.0"));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
     window.doors.cancelSave();
     window.press(3);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("whole"));
@@ -818,7 +817,7 @@ void TestJournal::tornTextComesBackWithoutAName()
 void TestJournal::tornTextIsKeptAnewAtOnce()
 {
     Window window;
-    window.web->JournalTimer.stop();
+    window.journalTimer().stop();
     window.folder.write(First, leftOf(QStringLiteral("/a.htm"), "<P>Lamp and shade").first(11));
     QCOMPARE(window.keptDocument(), QString());
     window.doors.answerMsgBox(MsgAnswer::Yes);
@@ -916,8 +915,8 @@ void TestJournal::refusedSaveIsOffered()
     window.startAgain();
     QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(QStringLiteral("page.htm"))});
     QCOMPARE(window.source(), QByteArray("<P>Lamps"));
-    QCOMPARE(window.web->Text2, page);
-    QVERIFY(window.web->Dirty);
+    QCOMPARE(window.web->Text2(), page);
+    QVERIFY(window.web->Dirty());
 
     QFile::setPermissions(home, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QFile::setPermissions(page, QFile::ReadOwner | QFile::WriteOwner);

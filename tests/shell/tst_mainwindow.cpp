@@ -544,10 +544,10 @@ void TestMainWindow::startState()
 {
     MainWindow window;
     const FrmWeb* web = window.web;
-    QVERIFY(!web->Dirty);
-    QVERIFY(!web->SaveCancelled);
-    QVERIFY(!web->SaveDeclined);
-    QCOMPARE(web->Text2, QStringLiteral("Untitled"));
+    QVERIFY(!web->Dirty());
+    QVERIFY(!web->SaveCancelled());
+    QVERIFY(!web->SaveDeclined());
+    QCOMPARE(web->Text2(), QStringLiteral("Untitled"));
     QCOMPARE(web->Check1, 0);
     QCOMPARE(window.caption(), QStringLiteral("Untitled - Brindlemark 1.0"));
     QCOMPARE(web->SSTab1->Tab(), 0);
@@ -682,7 +682,7 @@ void TestMainWindow::editorLookComesFromSettings()
     QCOMPARE(font.bold(), bold);
     QCOMPARE(font.italic(), italic);
     QCOMPARE(web->RichTextBox1->BackColor(), background);
-    QVERIFY(!web->Dirty);
+    QVERIFY(!web->Dirty());
 
     // The cover has the colour of what it covers.
     web->Show();
@@ -1020,7 +1020,7 @@ void TestMainWindow::closeAsksAboutChanges()
     QVERIFY(isLoaded<FrmWeb>());
     QVERIFY(window.web->isVisible());
     QCOMPARE(window.source(), QByteArray("word"));
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
 }
 
 void TestMainWindow::closeSavesOnYes()
@@ -1044,7 +1044,7 @@ void TestMainWindow::windowCannotBeClosedWhileCancelHolds()
 
     // Saved meanwhile: no question, and still no end.
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
     window.doors.takeAsked();
     for (bool byMenu : {false, true}) {
         closeWindow(window, byMenu);

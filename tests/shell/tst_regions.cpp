@@ -421,7 +421,7 @@ void TestRegions::newDocument()
     window.folder.write(QStringLiteral("page.htm"), allRegions());
     window.open(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(stateOf(window), QStringLiteral("CmdTitle CmdDes CmdCell CmdOffLeg CmdPic"));
-    window.web->Dirty = false;
+    window.web->document().setDirty(false);
     window.press(1);
     QCOMPARE(stateOf(window), QStringLiteral("CmdPic")); // keeps its state
     QCOMPARE(window.source(), QByteArray());
@@ -433,7 +433,7 @@ void TestRegions::openedDocument()
     window.folder.write(QStringLiteral("page.htm"), "<BODY>\r\n<!-- body-buildwizard1 -->\r\nx");
     window.open(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(stateOf(window), QStringLiteral("CmdTitle CmdLine CmdDes CmdCell CmdOffLeg"));
-    window.web->Dirty = false;
+    window.web->document().setDirty(false);
     window.folder.write(QStringLiteral("plain.htm"), "<BODY>x");
     window.open(window.folder.path(QStringLiteral("plain.htm")));
     QCOMPARE(stateOf(window), QString());

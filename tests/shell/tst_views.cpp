@@ -317,7 +317,7 @@ void TestViews::startState()
     QCOMPARE(desk.web->Combo2->Text(), QStringLiteral("Normal"));
     QVERIFY(!desk.web->munview->menuAction()->isEnabled());
     QVERIFY(desk.box->isEmpty());
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
 }
 
 void TestViews::toolsOfEachTab_data()
@@ -451,12 +451,12 @@ void TestViews::editsComeBack()
     Desk desk;
     desk.box->setText("<p>word");
     desk.goTo(Preview);
-    desk.web->Dirty = false;
+    desk.web->document().setDirty(false);
     desk.edit(QStringLiteral("<p>other</p>"));
-    QVERIFY2(!desk.web->Dirty, "the surface alone does not make the document dirty");
+    QVERIFY2(!desk.web->Dirty(), "the surface alone does not make the document dirty");
     desk.goTo(Editor);
     QCOMPARE(desk.box->Text(), page("\r\n<P>other</P>"));
-    QVERIFY(desk.web->Dirty);
+    QVERIFY(desk.web->Dirty());
 }
 
 void TestViews::typingOnTheSurface()
@@ -569,7 +569,7 @@ void TestViews::typingGoesOn()
     Desk desk;
     desk.waitForKeyboard();
     desk.box->setText("<p>word");
-    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     desk.goTo(Preview);
     desk.type("one ");
     QTRY_COMPARE(desk.body(), QStringLiteral("\r\n<P>one word</P>"));
@@ -579,7 +579,7 @@ void TestViews::typingGoesOn()
     QVERIFY(desk.hasKeyboard(desk.surface));
     QTRY_VERIFY2(desk.body().contains(QStringLiteral("two")), qPrintable(desk.body()));
     QCOMPARE(desk.box->Text(), source);
-    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     desk.press(3);
     QVERIFY(desk.folder.read(QStringLiteral("page.htm")).contains("two"));
 }
@@ -595,7 +595,7 @@ void TestViews::previewKeepsTheKeyboard()
     Desk desk;
     desk.waitForKeyboard();
     desk.box->setText("<p>word");
-    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     desk.beginWithDesignOff();
     desk.goTo(Preview);
     QTRY_VERIFY(desk.hasKeyboard(desk.preview));
@@ -610,11 +610,11 @@ void TestViews::visitWithoutAnEditRaisesDirty()
 {
     Desk desk;
     desk.box->setText("<p>word");
-    desk.web->Dirty = false;
+    desk.web->document().setDirty(false);
     desk.goTo(Preview);
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
     desk.goTo(Editor);
-    QVERIFY(desk.web->Dirty);
+    QVERIFY(desk.web->Dirty());
 }
 
 void TestViews::anotherVisitChangesNothing()
@@ -632,16 +632,16 @@ void TestViews::anotherVisitChangesNothing()
 void TestViews::blankSurfaceGivesTheBlankDocument()
 {
     Desk desk;
-    desk.web->Dirty = true;
+    desk.web->document().setDirty(true);
     desk.goTo(Preview);
-    QVERIFY2(!desk.web->Dirty, "an empty source is nothing to save");
+    QVERIFY2(!desk.web->Dirty(), "an empty source is nothing to save");
     desk.goTo(Editor);
     QCOMPARE(desk.box->Text(), BlankDocument);
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
     desk.goTo(Preview);
     desk.goTo(Editor);
     QCOMPARE(desk.box->Text(), BlankDocument);
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
 }
 
 void TestViews::emptySourceLeavesTheSurface()
@@ -651,14 +651,14 @@ void TestViews::emptySourceLeavesTheSurface()
     desk.goTo(Preview);
     desk.goTo(Editor);
     desk.box->setText("");
-    QVERIFY2(!desk.web->Dirty, "emptied by a change");
-    desk.web->Dirty = true;
+    QVERIFY2(!desk.web->Dirty(), "emptied by a change");
+    desk.web->document().setDirty(true);
     desk.goTo(Preview);
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P>word</P>"));
     desk.goTo(Editor);
     QCOMPARE(desk.box->Text(), page("\r\n<P>word</P>"));
-    QVERIFY(desk.web->Dirty);
+    QVERIFY(desk.web->Dirty());
 }
 
 void TestViews::returnFromTheInternetTabTakesTheSurface()
@@ -670,7 +670,7 @@ void TestViews::returnFromTheInternetTabTakesTheSurface()
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
     desk.goTo(Editor);
     QCOMPARE(desk.box->Text(), BlankDocument);
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
     QTest::keyClick(desk.box, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
 }
@@ -926,13 +926,13 @@ void TestViews::saveOnThePreviewTab()
     Desk desk;
     const QString path = desk.folder.path(QStringLiteral("page.htm"));
     desk.box->setText("<p>word");
-    desk.web->Text2 = path;
+    desk.web->document().setName(path);
     desk.goTo(Preview);
     desk.edit(QStringLiteral("<p>other</p>"));
     desk.press(3);
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), page("\r\n<P>other</P>") + "\r\n");
     QCOMPARE(desk.box->Text(), page("\r\n<P>other</P>"));
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
     QCOMPARE(desk.web->SSTab1->Tab(), Preview);
     desk.press(3);
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), page("\r\n<P>other</P>") + "\r\n");
@@ -945,7 +945,7 @@ void TestViews::saveWithDesignOffWritesTheOlderSurface()
     desk.box->setText("<p>older");
     desk.beginWithDesignOff();
     desk.box->setText("<p>newer");
-    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     desk.goTo(Preview);
     desk.press(3);
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), page("\r\n<P>older</P>") + "\r\n");
@@ -955,11 +955,11 @@ void TestViews::saveOnTheInternetTabWritesAnEmptyLine()
 {
     Desk desk;
     desk.box->setText("<p>word");
-    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     desk.goTo(Internet);
     desk.press(3);
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), QByteArray("\r\n"));
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
 }
 
@@ -972,7 +972,7 @@ void TestViews::saveAsOnThePreviewTab()
     desk.press(4);
     QCOMPARE(desk.folder.read(QStringLiteral("new.htm")), page("\r\n<P>word</P>") + "\r\n");
     QCOMPARE(desk.web->windowTitle(), QStringLiteral("new.htm - Brindlemark 1.0"));
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
 }
 
 void TestViews::saveAsCancelledLeavesTheSource()
@@ -983,7 +983,7 @@ void TestViews::saveAsCancelledLeavesTheSource()
     desk.script.cancelSave();
     desk.press(3); // "Untitled" leads to Save As
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
-    QVERIFY(desk.web->Dirty);
+    QVERIFY(desk.web->Dirty());
     QCOMPARE(desk.script.asked.size(), 1);
 }
 
@@ -991,11 +991,11 @@ void TestViews::newWithNothingTyped()
 {
     Desk desk;
     desk.goTo(Preview);
-    desk.web->Dirty = true;
+    desk.web->document().setDirty(true);
     desk.press(1);
     QCOMPARE(desk.script.asked, QStringList());
     QVERIFY(desk.box->isEmpty());
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
     QCOMPARE(desk.web->windowTitle(), QStringLiteral("Untitled - Brindlemark 1.0"));
 }
 
@@ -1019,8 +1019,8 @@ void TestViews::newAfterEdits()
     QCOMPARE(desk.script.asked,
              QStringList{"MsgBox|Brindlemark|Untitled - File has changed. Do you wish to save changes "
                          "?|Information|YesNoCancel"});
-    QCOMPARE(desk.web->SaveCancelled, !emptied);
-    QCOMPARE(desk.web->SaveDeclined, emptied);
+    QCOMPARE(desk.web->SaveCancelled(), !emptied);
+    QCOMPARE(desk.web->SaveDeclined(), emptied);
     QCOMPARE(desk.box->Text(), emptied ? QByteArray() : page("\r\n<P>other</P>"));
     QCOMPARE(desk.body(), emptied ? QString() : QStringLiteral("\r\n<P>other</P>"));
 }
@@ -1047,7 +1047,7 @@ void TestViews::openOnThePreviewTab()
     QCOMPARE(desk.box->Text(), QByteArray("<p>from a file"));
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P>from a file</P>"));
     QCOMPARE(desk.web->windowTitle(), QStringLiteral("page.htm - Brindlemark 1.0"));
-    QVERIFY(desk.web->Dirty);
+    QVERIFY(desk.web->Dirty());
 }
 
 void TestViews::openWithDesignOff()
@@ -1074,7 +1074,7 @@ void TestViews::openDeclinedThenCancelledEmptiesBothSurfaces()
     QVERIFY(desk.box->isEmpty());
     QCOMPARE(desk.body(), QString());
     QCOMPARE(Desk::body(desk.preview), QString());
-    QVERIFY(!desk.web->Dirty);
+    QVERIFY(!desk.web->Dirty());
 }
 
 void TestViews::surfaceEditsAloneAskNothing()
@@ -1657,7 +1657,7 @@ void TestViews::rendererDiesBeforeASave()
     Desk desk;
     desk.folder.write(QStringLiteral("page.htm"), "as saved before");
     desk.box->setText("<p>word");
-    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     desk.goTo(Preview);
     Desk::crash(desk.surface);
     desk.script.answerMsgBox(MsgAnswer::Ok);
@@ -1666,7 +1666,7 @@ void TestViews::rendererDiesBeforeASave()
     QCOMPARE(desk.script.asked.size(), 1);
     QVERIFY2(desk.folder.read(QStringLiteral("page.htm")) != "\r\n", "no answer is no empty text");
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
-    QVERIFY(desk.web->Dirty);
+    QVERIFY(desk.web->Dirty());
 }
 
 void TestViews::rendererDiesAtTheSaveQuestion_data()
@@ -1687,7 +1687,7 @@ void TestViews::rendererDiesAtTheSaveQuestion()
     Desk desk;
     desk.folder.write(QStringLiteral("page.htm"), "as saved before");
     desk.box->setText("<p>word");
-    desk.web->Text2 = desk.folder.path(QStringLiteral("page.htm"));
+    desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     const QSignalSpy toolWanted(desk.web.get(), &FrmWeb::toolWanted);
     desk.goTo(Preview);
     desk.script.during([&] { Desk::crash(desk.surface); });
@@ -1702,10 +1702,10 @@ void TestViews::rendererDiesAtTheSaveQuestion()
     QVERIFY(isNotice(desk.script.asked.at(1)));
     QVERIFY(desk.box->Text().contains("word"));
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), QByteArray("as saved before"));
-    QVERIFY(desk.web->Dirty);
+    QVERIFY(desk.web->Dirty());
     QCOMPARE(toolWanted.count(), 0);
     QVERIFY(!desk.script.ended);
-    QVERIFY(!desk.web->SaveCancelled);
+    QVERIFY(!desk.web->SaveCancelled());
 
     desk.script.takeAsked();
     desk.script.answerMsgBox(MsgAnswer::No);

@@ -650,7 +650,7 @@ void TestSecurity::documentsShareNothing()
     click(main.web->Option2);
     for (const char* name : {"one.htm", "two.htm"}) {
         main.showTab(FrmWeb::EditorTab);
-        if (main.web->Dirty)
+        if (main.web->Dirty())
             main.doors.answerMsgBox(MsgAnswer::No);
         main.open(main.folder.path(QString::fromLatin1(name)));
         main.showTab(FrmWeb::PreviewTab);

@@ -1288,7 +1288,7 @@ void TestFrmBuild1::toolbarOpensThePage()
     const auto press = [main] {
         QTest::mouseClick(main->Toolbar1->widgetForAction(main->toolbarButton(15)), Qt::LeftButton);
     };
-    main->Dirty = true;
+    main->document().setDirty(true);
     script.answerMsgBox(MsgAnswer::Cancel);
     press();
     QVERIFY(!isLoaded<FrmBuild1>());

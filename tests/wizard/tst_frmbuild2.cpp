@@ -545,7 +545,7 @@ void TestFrmBuild2::opensInTheEditor()
     QCOMPARE(main->CmdLine->isEnabled(), line);
     QVERIFY(main->CmdDes->isEnabled());
     QVERIFY(main->CmdCell->isEnabled());
-    QVERIFY(main->Dirty);
+    QVERIFY(main->Dirty());
     QCOMPARE(m_doors->asked, QStringList());
 }
 

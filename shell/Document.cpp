@@ -1,0 +1,127 @@
+#include "shell/Document.h"
+
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+#include "source/EditedText.h"
+
+#include <QFileInfo>
+#include <utility>
+
+const QString Document::Untitled = QStringLiteral("Untitled");
+
+Document::Document(EditedText& text, QStringList journalFolders)
+    : m_text(text), m_journal(std::move(journalFolders))
+{
+}
+
+Document::~Document()
+{
+    if (m_toBeSaved)
+        m_journal.leave();
+}
+
+bool Document::isNamed() const
+{
+    return m_name != Untitled;
+}
+
+QString Document::bareName(const QString& path)
+{
+    const QFileInfo file(path);
+    return file.isFile() ? file.fileName() : QString();
+}
+
+void Document::textChanged()
+{
+    ++m_revision;
+    textTouched();
+}
+
+void Document::textTouched()
+{
+    m_dirty = !m_text.isEmpty();
+}
+
+void Document::blank()
+{
+    m_text.load(QByteArray());
+    m_name = Untitled;
+    m_dirty = false;
+    settle();
+}
+
+void Document::open(const QString& path)
+{
+    m_name = path;
+    try {
+        m_text.load(readFile(path));
+    } catch (const RuntimeError&) {
+        blank();
+        throw;
+    }
+    settle();
+}
+
+void Document::save(const QString& path, const QByteArray& bytes, bool isText)
+{
+    writeRecord(path, bytes);
+    m_name = path;
+    m_dirty = false;
+    if (!isText)
+        return;
+    m_toBeSaved = false;
+    settle();
+}
+
+void Document::writeRecord(const QString& path, const QByteArray& bytes)
+{
+    writeFile(path, bytes + "\r\n");
+}
+
+void Document::keepIfToBeSaved()
+{
+    if (m_toBeSaved && m_keptRevision != m_revision)
+        keep();
+}
+
+void Document::keepChanges(bool sourceIsUp)
+{
+    if (sourceIsUp && !m_dirty && m_journal.holds())
+        m_journal.clear(); // all of it was deleted again
+    if (m_dirty && m_keptRevision != m_revision && (sourceIsUp || !m_surfaceKept))
+        keep();
+}
+
+void Document::keep()
+{
+    m_keptRevision = m_revision;
+    m_journal.keep(m_name, m_text.textLater());
+}
+
+void Document::keepEdit(const QString& html)
+{
+    m_keptRevision = m_revision;
+    m_surfaceKept = true;
+    m_journal.keep(m_name, [html, encoding = m_text.textEncoding()] { return encode(html, encoding); });
+}
+
+void Document::bringBack(const Journal::Leftover& left)
+{
+    m_text.load(left.text);
+    if (left.whole)
+        m_name = left.document;
+}
+
+/// Nothing of it is to be kept, but for a text that should have been saved and could not be. That waits for
+/// the next start.
+void Document::settle()
+{
+    m_keptRevision = m_revision;
+    m_surfaceKept = false;
+    if (std::exchange(m_toBeSaved, false)) {
+        m_journal.leave();
+    } else {
+        m_journal.clear();
+    }
+    emit settled();
+}

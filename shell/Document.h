@@ -1,0 +1,110 @@
+#pragma once
+
+#include "shell/Journal.h"
+
+#include <QObject>
+#include <QTimer>
+#include <optional>
+
+class EditedText;
+
+/// How an attempt to save ended.
+enum class SaveResult {
+    Saved,
+    Cancelled, ///< the user took no name for it
+    Failed,    ///< the file could not be written; the user has been told
+    Unread, ///< the design surface gave no answer, so that there was nothing to save; the user has been told
+};
+
+/// The document: its name, whether it has unsaved changes, and the copy of them that the journal keeps. Its
+/// bytes and their encoding are those of the text that is edited; from a file and to one they pass through
+/// here. It asks nobody and shows nothing.
+class Document : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// `text` holds the bytes and outlives the document. Its owner tells of changes by `textChanged`. The
+    /// journal lies in the first of `journalFolders` that takes it.
+    Document(EditedText& text, QStringList journalFolders);
+    /// An end in good order: what was kept is removed, but for a text that should have been saved and is not.
+    ~Document() override;
+
+    /// The full path of its file, or "Untitled".
+    QString name() const { return m_name; }
+    void setName(const QString& name) { m_name = name; }
+    bool isNamed() const;
+    /// The name of its file without the folder; empty when no file lies there.
+    QString bareName() const { return bareName(m_name); }
+    /// The same of the file at `path`.
+    static QString bareName(const QString& path);
+
+    /// It has changes that no file has.
+    bool isDirty() const { return m_dirty; }
+    void setDirty(bool dirty) { m_dirty = dirty; }
+    /// How often its text has changed.
+    qint64 revision() const { return m_revision; }
+
+    /// The text has changed. Empty, it has nothing to save.
+    void textChanged();
+    /// The user was in the text, which counts as a change unless it is empty: a question too many loses
+    /// nothing.
+    void textTouched();
+
+    /// Makes it an empty one without a name.
+    void blank();
+    /// Makes it what the file at `path` holds. As loading is a change of the text, it counts as unsaved.
+    /// Throws RuntimeError as `readFile` does; it is blank then.
+    void open(const QString& path);
+    /// Writes `bytes` and a line end to `path`, and is of that name then, without unsaved changes. False for
+    /// `isText`: the bytes are not its text, which stays in the journal. Throws RuntimeError(PathFileAccess);
+    /// all is as it was then.
+    void save(const QString& path, const QByteArray& bytes, bool isText);
+    /// Writes `bytes` as one record: a line end closes it. Throws RuntimeError(PathFileAccess).
+    static void writeRecord(const QString& path, const QByteArray& bytes);
+
+    /// The user wants it saved. Until it has come to a file, what is kept of it outlives the program.
+    void setToBeSaved(bool wanted) { m_toBeSaved = wanted; }
+    /// Keeps the text when it should have been saved and is not.
+    void keepIfToBeSaved();
+
+    /// Keeps the text in the journal when it has changed since it was last kept, saved or loaded.
+    /// `sourceIsUp`: the source is what the user edits; else an edit of the surface that is kept stays.
+    void keepChanges(bool sourceIsUp);
+    /// Keeps the text in the journal.
+    void keep();
+    /// Keeps what the design surface holds, and the text lacks, in the journal.
+    void keepEdit(const QString& html);
+    /// The design surface was given another page: an edit of it that was kept is no more.
+    void surfaceWritten() { m_surfaceKept = false; }
+    /// Whether something is being written to the journal's file.
+    bool isKeeping() const { return m_journal.isBusy(); }
+    /// Waits until all of it is written.
+    void finishKeeping() { m_journal.finish(); }
+
+    /// A text that an ended program left; no value when there is none.
+    std::optional<Journal::Leftover> takeLeftover() { return m_journal.takeLeftover(); }
+    /// Makes what `takeLeftover` gave the document, unsaved. What is not whole has no name: a save must not
+    /// put it in the place of a whole file.
+    void bringBack(const Journal::Leftover& left);
+    /// Removes what `takeLeftover` gave.
+    void dropLeftover() { m_journal.clear(); }
+
+    static const QString Untitled;
+
+signals:
+    /// A file has the text now, or it is no more: what was kept of it is gone.
+    void settled();
+
+private:
+    void settle();
+
+    EditedText& m_text;
+    Journal m_journal;
+    QString m_name = Untitled;
+    bool m_dirty = false;
+    qint64 m_revision = 0;
+    qint64 m_keptRevision = 0;  // when it was last kept, saved or loaded
+    bool m_surfaceKept = false; // what is kept is an edit on the design surface, which the text lacks
+    bool m_toBeSaved = false;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "source/TextEncoding.h"
+
+#include <QByteArray>
+#include <functional>
+
+/// The text of a document while it is edited: bytes, whatever holds and shows them.
+class EditedText
+{
+public:
+    virtual ~EditedText() = default;
+
+    virtual QByteArray Text() const = 0;
+    /// The text as it is now, for another thread: what is costly in it is done when the result is called.
+    virtual std::function<QByteArray()> textLater() const = 0;
+    /// Whether the text is empty; much cheaper than asking `Text`.
+    virtual bool isEmpty() const = 0;
+    /// What the bytes mean.
+    virtual TextEncoding textEncoding() const = 0;
+    /// Takes the text of another document: undo doesn't reach behind it. Decides the encoding anew.
+    virtual void load(const QByteArray& text) = 0;
+};
