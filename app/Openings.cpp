@@ -39,12 +39,12 @@ void opens(QAction* entry)
     on(entry, &QAction::triggered, entry, [] { form<F>()->Show(); });
 }
 
-/// Shows the form's one window when the main window wants the tool of a toolbar button.
+/// Shows the form's one window when the main window wants a tool.
 template <typename F>
-void toolOpens(FrmWeb* main, int toolbarIndex)
+void toolOpens(FrmWeb* main, Tool tool)
 {
-    QObject::connect(main, &FrmWeb::toolWanted, main, [toolbarIndex](int wanted) {
-        if (wanted == toolbarIndex)
+    QObject::connect(main, &FrmWeb::toolWanted, main, [tool](Tool wanted) {
+        if (wanted == tool)
             guarded([] { form<F>()->Show(); });
     });
 }
@@ -107,13 +107,13 @@ void showHelpOf(const Form& form)
 // What opens what: one line an opening.
 void connectOpenings(FrmWeb* main)
 {
-    toolOpens<FrmBuild1>(main, 15);
-    toolOpens<FrmBody>(main, 17);
-    toolOpens<Fader5>(main, 18);
-    toolOpens<Pics>(main, 19);
-    toolOpens<FrmTable>(main, 20);
-    toolOpens<FrmListChoose>(main, 21);
-    toolOpens<FrmHR>(main, 22);
+    toolOpens<FrmBuild1>(main, Tool::Create);
+    toolOpens<FrmBody>(main, Tool::Body);
+    toolOpens<Fader5>(main, Tool::Font);
+    toolOpens<Pics>(main, Tool::Picture);
+    toolOpens<FrmTable>(main, Tool::Table);
+    toolOpens<FrmListChoose>(main, Tool::List);
+    toolOpens<FrmHR>(main, Tool::Rule);
     opens<color>(main->munhighlightcolor);
     opens<FrmAddTable>(main->munaddtable);
     opens<FrmColorcode>(main->muncolorcode);

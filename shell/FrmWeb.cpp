@@ -25,43 +25,55 @@ namespace {
 
 constexpr int TwipsPerPixel = 15;
 
-/// One position of the toolbar. A button that stands for a menu entry does what the entry does; the others
-/// ask for a tool. No tool tip: a separator.
-struct ToolbarPosition
+/// Where a tool can be used.
+enum class Usable { Always, OnTheDocument, OnTheSource };
+
+/// A button of the toolbar. One that stands for a menu entry does what the entry does; the others ask for a
+/// window.
+struct ToolButton
 {
+    Tool tool;
     const char* toolTip;
     const char* icon;
     QAction* Ui::FrmWeb::*entry;
+    Usable usable;
+    bool beginsGroup = false; ///< a separator stands in front of it
 };
 
-constexpr ToolbarPosition Separator = {nullptr, nullptr, nullptr};
+constexpr bool BeginsGroup = true;
 
-constexpr std::array<ToolbarPosition, 22> ToolbarPositions = {{
-    {"New", "document-new", &Ui::FrmWeb::MnNew},
-    {"Open", "document-open", &Ui::FrmWeb::MnOpen},
-    {"Save", "document-save", &Ui::FrmWeb::mnsave},
-    {"Save As", "document-save-as", &Ui::FrmWeb::mnsaveas},
-    Separator,
-    {"Cut", "edit-cut", &Ui::FrmWeb::MnCut},
-    {"Copy", "edit-copy", &Ui::FrmWeb::MnCopy},
-    {"Paste", "edit-paste", &Ui::FrmWeb::MnPaste},
-    {"Find", "edit-find", &Ui::FrmWeb::munfind},
-    Separator,
-    {"Hightlight", "draw-highlight", &Ui::FrmWeb::munhighlight},
-    {"Unhightlight", "draw-eraser", &Ui::FrmWeb::munUNHighlight},
-    {"Highlight Color", "color-management", &Ui::FrmWeb::munhighlightcolor},
-    Separator,
-    {"Brindlemark Create", "tools-wizard", nullptr},
-    Separator,
-    {"Body Attributes", "document-properties", nullptr},
-    {"Font Properties", "font", nullptr},
-    {"Picture Properties", "insert-image", nullptr},
-    {"Tables Properties", "insert-table", nullptr},
-    {"Lists Properties", "format-list-unordered", nullptr},
-    {"Horizontal Rule Properties", "insert-horizontal-rule", nullptr},
+constexpr std::array<ToolButton, ToolCount> ToolButtons = {{
+    {Tool::New, "New", "document-new", &Ui::FrmWeb::MnNew, Usable::Always},
+    {Tool::Open, "Open", "document-open", &Ui::FrmWeb::MnOpen, Usable::Always},
+    {Tool::Save, "Save", "document-save", &Ui::FrmWeb::mnsave, Usable::Always},
+    {Tool::SaveAs, "Save As", "document-save-as", &Ui::FrmWeb::mnsaveas, Usable::Always},
+    {Tool::Cut, "Cut", "edit-cut", &Ui::FrmWeb::MnCut, Usable::OnTheDocument, BeginsGroup},
+    {Tool::Copy, "Copy", "edit-copy", &Ui::FrmWeb::MnCopy, Usable::OnTheDocument},
+    {Tool::Paste, "Paste", "edit-paste", &Ui::FrmWeb::MnPaste, Usable::OnTheDocument},
+    {Tool::Find, "Find", "edit-find", &Ui::FrmWeb::munfind, Usable::OnTheDocument},
+    {Tool::Highlight, "Hightlight", "draw-highlight", &Ui::FrmWeb::munhighlight, Usable::OnTheSource,
+     BeginsGroup},
+    {Tool::Unhighlight, "Unhightlight", "draw-eraser", &Ui::FrmWeb::munUNHighlight, Usable::OnTheSource},
+    {Tool::HighlightColor, "Highlight Color", "color-management", &Ui::FrmWeb::munhighlightcolor,
+     Usable::OnTheSource},
+    {Tool::Create, "Brindlemark Create", "tools-wizard", nullptr, Usable::OnTheDocument, BeginsGroup},
+    {Tool::Body, "Body Attributes", "document-properties", nullptr, Usable::OnTheSource, BeginsGroup},
+    {Tool::Font, "Font Properties", "font", nullptr, Usable::OnTheSource},
+    {Tool::Picture, "Picture Properties", "insert-image", nullptr, Usable::OnTheSource},
+    {Tool::Table, "Tables Properties", "insert-table", nullptr, Usable::OnTheSource},
+    {Tool::List, "Lists Properties", "format-list-unordered", nullptr, Usable::OnTheSource},
+    {Tool::Rule, "Horizontal Rule Properties", "insert-horizontal-rule", nullptr, Usable::OnTheSource},
 }};
 
-constexpr int CreateButton = 15;
+static_assert(
+    [] {
+        for (size_t i = 0; i < ToolButtons.size(); ++i) {
+            if (ToolButtons.at(i).tool != static_cast<Tool>(i))
+                return false;
+        }
+        return true;
+    }(),
+    "the table is in the order of the tools");
 
 struct ButtonIcon
 {
@@ -149,25 +161,33 @@ FrmWeb::~FrmWeb()
 void FrmWeb::buildToolbar()
 {
     Toolbar1->setIconSize(QSize(22, 22));
-    for (size_t i = 0; i < ToolbarPositions.size(); ++i) {
-        const ToolbarPosition& position = ToolbarPositions[i];
-        if (!position.toolTip) {
+    for (const ToolButton& entry : ToolButtons) {
+        if (entry.beginsGroup)
             Toolbar1->addSeparator();
-            continue;
-        }
-        const QString toolTip = QString::fromLatin1(position.toolTip);
-        QAction* button = Toolbar1->addAction(namedIcon(position.icon, this), toolTip);
-        Toolbar1->widgetForAction(button)->setFocusPolicy(Qt::TabFocus); // the tools have no menu entry
-        const int index = int(i) + 1;
-        on(button, &QAction::triggered, this, [this, index] { Toolbar1_ButtonClick(index); });
+        QAction* button =
+            Toolbar1->addAction(namedIcon(entry.icon, this), QString::fromLatin1(entry.toolTip));
+        Toolbar1->widgetForAction(button)->setFocusPolicy(Qt::TabFocus); // some tools have no menu entry
+        m_toolButtons.at(static_cast<size_t>(entry.tool)) = button;
+        on(button, &QAction::triggered, this, [this, entry] { Toolbar1_ButtonClick(entry.tool); });
     }
-    for (int index : {6, 7}) // nothing is selected yet
-        toolbarButton(index)->setEnabled(false);
+    for (const Tool tool : {Tool::Cut, Tool::Copy}) // nothing is selected yet
+        toolbarButton(tool)->setEnabled(false);
 }
 
-QAction* FrmWeb::toolbarButton(int index) const
+/// Toolbar and menu offer what the tab that is up can take.
+void FrmWeb::switchTools()
 {
-    return Toolbar1->actions().at(index - 1);
+    const int tab = SSTab1->Tab();
+    for (const ToolButton& entry : ToolButtons) {
+        if (entry.usable != Usable::Always) {
+            toolbarButton(entry.tool)
+                ->setEnabled(entry.usable == Usable::OnTheSource ? tab == EditorTab : tab != InternetTab);
+        }
+    }
+    for (QMenu* menu : {MnEdit, munoptions})
+        menu->menuAction()->setEnabled(tab == EditorTab);
+    muncolorcode->setEnabled(tab == EditorTab);
+    munview->menuAction()->setEnabled(tab == InternetTab);
 }
 
 /// The load step: settings, blank surfaces, fonts.
@@ -318,17 +338,17 @@ void FrmWeb::Form_Resize()
         bar->resize(bar->parentWidget()->width() - 2 * bar->x(), bar->height());
 }
 
-void FrmWeb::Toolbar1_ButtonClick(int index)
+void FrmWeb::Toolbar1_ButtonClick(Tool tool)
 {
-    if (index == CreateButton) {
+    if (tool == Tool::Create) {
         if (newDocument())
-            emit toolWanted(index);
+            emit toolWanted(tool);
         return;
     }
-    if (const auto entry = ToolbarPositions.at(size_t(index) - 1).entry) {
+    if (const auto entry = ToolButtons.at(static_cast<size_t>(tool)).entry) {
         (this->*entry)->trigger();
     } else {
-        emit toolWanted(index);
+        emit toolWanted(tool);
     }
 }
 

@@ -2,10 +2,12 @@
 
 #include "forms/Form.h"
 #include "shell/Document.h"
+#include "shell/Tool.h"
 #include "shell/ui_FrmWeb.h"
 
 #include <QByteArray>
 #include <QTimer>
+#include <array>
 #include <memory>
 #include <optional>
 
@@ -55,12 +57,11 @@ public:
     /// document on Yes. For the start only.
     void offerUnsavedText();
 
-    /// The toolbar's button at `index`, 1 to 22.
-    QAction* toolbarButton(int index) const;
+    QAction* toolbarButton(Tool tool) const { return m_toolButtons.at(static_cast<size_t>(tool)); }
 
 signals:
-    /// The user wants the tool of a toolbar button that stands for no menu entry, 15 and 17 to 22.
-    void toolWanted(int toolbarIndex);
+    /// The user wants the window of a toolbar button that stands for no menu entry.
+    void toolWanted(Tool tool);
 
 protected:
     bool queryUnload() override;
@@ -70,12 +71,13 @@ protected:
 private:
     // FrmWeb.cpp
     void buildToolbar();
+    void switchTools();
     void connectHandlers();
     void connectViews();
     void loadSettings();
     void arrangeFrames();
     void Form_Resize();
-    void Toolbar1_ButtonClick(int index);
+    void Toolbar1_ButtonClick(Tool tool);
     void MnExit_Click();
     void munfind_Click();
     QString keepText();
@@ -124,7 +126,6 @@ private:
     void showEditor();
     void showPreview();
     DocumentSurface* shownSurface() const;
-    void switchTools();
     void Option1_Click();
     void Option2_Click();
     void setDesignTools(bool on);
@@ -175,6 +176,8 @@ private:
 
     /// What was last written to a surface, or read from it to be kept: a lost one is made anew from it.
     QString m_lastShown;
+
+    std::array<QAction*, ToolCount> m_toolButtons{};
 
     std::unique_ptr<Document> m_document;
     QTimer m_journalTimer{this}; // runs out when unsaved text is to be kept on the disk

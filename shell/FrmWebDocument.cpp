@@ -398,8 +398,8 @@ void FrmWeb::RichTextBox1_SelChange()
 {
     m_document->textTouched();
     const bool selected = RichTextBox1->SelLength() >= 1;
-    for (int index : {6, 7}) // Cut and Copy
-        toolbarButton(index)->setEnabled(selected);
+    for (const Tool tool : {Tool::Cut, Tool::Copy})
+        toolbarButton(tool)->setEnabled(selected);
 }
 
 void FrmWeb::RichTextBox1_Click()

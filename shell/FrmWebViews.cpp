@@ -91,20 +91,6 @@ DocumentSurface* FrmWeb::shownSurface() const
     return Option1->Value() ? WebBrowser1 : WebBrowser3;
 }
 
-/// Toolbar and menu offer what the tab that is up can take.
-void FrmWeb::switchTools()
-{
-    const int tab = SSTab1->Tab();
-    for (int index : {6, 7, 8, 9, 15})
-        toolbarButton(index)->setEnabled(tab != InternetTab);
-    for (int index : {11, 12, 13, 17, 18, 19, 20, 21, 22})
-        toolbarButton(index)->setEnabled(tab == EditorTab);
-    for (QMenu* menu : {MnEdit, munoptions})
-        menu->menuAction()->setEnabled(tab == EditorTab);
-    muncolorcode->setEnabled(tab == EditorTab);
-    munview->menuAction()->setEnabled(tab == InternetTab);
-}
-
 void FrmWeb::Option1_Click()
 {
     WebBrowser1->show();

@@ -25,9 +25,9 @@ MainWindow::~MainWindow()
     unloadAll();
 }
 
-void MainWindow::press(int toolbarIndex) const
+void MainWindow::press(Tool wanted) const
 {
-    QTest::mouseClick(web->Toolbar1->widgetForAction(web->toolbarButton(toolbarIndex)), Qt::LeftButton);
+    QTest::mouseClick(web->Toolbar1->widgetForAction(web->toolbarButton(wanted)), Qt::LeftButton);
 }
 
 void MainWindow::choose(QMenu* menu, QAction* entry) const
@@ -87,7 +87,7 @@ void MainWindow::typeOnSurface(const QString& text) const
 void MainWindow::open(const QString& path)
 {
     doors.answerOpen(path);
-    press(2);
+    press(Tool::Open);
 }
 
 void MainWindow::drop(const QStringList& paths, std::optional<int> character) const
@@ -118,7 +118,7 @@ void MainWindow::drop(const QStringList& paths, std::optional<int> character) co
 void MainWindow::saveAs(const QString& path)
 {
     doors.answerSave(path);
-    press(4);
+    press(Tool::SaveAs);
 }
 
 void unloadAll()

@@ -18,8 +18,8 @@ public:
     ScriptedDoors doors;
     FrmWeb* web = nullptr;
 
-    /// Clicks a toolbar button, from 1.
-    void press(int toolbarIndex) const;
+    /// Clicks a toolbar button.
+    void press(Tool wanted) const;
     /// Opens a menu of the menu bar and takes an entry of it.
     void choose(QMenu* menu, QAction* entry) const;
     /// Clicks the caption of a tab page.

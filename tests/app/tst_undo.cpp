@@ -29,21 +29,21 @@ F* shown()
 }
 
 template <typename F>
-F* opened(const MainWindow& window, int toolbarIndex)
+F* opened(const MainWindow& window, Tool wanted)
 {
-    window.press(toolbarIndex);
+    window.press(wanted);
     return shown<F>();
 }
 
 FrmList2* openCharacterList(const MainWindow& window)
 {
-    click(opened<FrmListChoose>(window, 21)->Command2);
+    click(opened<FrmListChoose>(window, Tool::List)->Command2);
     return shown<FrmList2>();
 }
 
 void fade(MainWindow& window)
 {
-    auto* fader = opened<Fader5>(window, 18);
+    auto* fader = opened<Fader5>(window, Tool::Font);
     QTest::keyClicks(fader->Text1, QStringLiteral("faded"));
     tick(fader->Opt3);
     click(fader->Command2);
@@ -51,7 +51,7 @@ void fade(MainWindow& window)
 
 void designTable(MainWindow& window)
 {
-    auto* table = opened<FrmTable>(window, 20);
+    auto* table = opened<FrmTable>(window, Tool::Table);
     overtype(table->Text1, QStringLiteral("left"));
     overtype(table->Text2, QStringLiteral("right"));
     click(table->Command4);
@@ -60,7 +60,7 @@ void designTable(MainWindow& window)
 
 void list(MainWindow& window)
 {
-    click(opened<FrmListChoose>(window, 21)->Command1);
+    click(opened<FrmListChoose>(window, Tool::List)->Command1);
     auto* list = shown<FrmList>();
     overtype(list->Text1, QStringLiteral("word"));
     click(list->Command1);
@@ -89,19 +89,19 @@ void pickedCharacter(MainWindow& window)
 
 void rule(MainWindow& window)
 {
-    click(opened<FrmHR>(window, 22)->Command6);
+    click(opened<FrmHR>(window, Tool::Rule)->Command6);
 }
 
 void body(MainWindow& window)
 {
-    auto* body = opened<FrmBody>(window, 17);
+    auto* body = opened<FrmBody>(window, Tool::Body);
     tick(body->Check2);
     click(body->Command1);
 }
 
 void picture(MainWindow& window)
 {
-    auto* picture = opened<Pics>(window, 19);
+    auto* picture = opened<Pics>(window, Tool::Picture);
     overtype(picture->Text1, QStringLiteral("x.gif"));
     click(picture->Command4);
 }

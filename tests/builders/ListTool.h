@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Tool.h"
+#include "OpenTool.h"
 #include "colour/FrmFonts.h"
 
 #include <functional>
@@ -23,12 +23,12 @@ struct ListNames
 
 /// A list builder beside a main window, and what holds of both of them.
 template <typename F>
-class ListTool : public Tool<F>
+class ListTool : public OpenTool<F>
 {
 public:
     explicit ListTool(const ListNames<F>& names) : m_names(names) {}
 
-    using Tool<F>::tool;
+    using OpenTool<F>::tool;
 
     void add(const char* word) const
     {
@@ -54,7 +54,7 @@ public:
 
     void addsInPlaceOfTheSelection(const QString& fragment)
     {
-        Tool<F>::addsInPlaceOfTheSelection(tool->*m_names.toEditor, fragment);
+        OpenTool<F>::addsInPlaceOfTheSelection(tool->*m_names.toEditor, fragment);
     }
     void showsTheLastWord() const
     {

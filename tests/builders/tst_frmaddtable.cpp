@@ -1,4 +1,4 @@
-#include "Tool.h"
+#include "OpenTool.h"
 #include "WebTestMain.h"
 #include "builders/FrmAddTable.h"
 #include "colour/ColorSample.h"
@@ -12,7 +12,7 @@ const QByteArray Head = "<TABLE Align=\"left\" Border=\"0\" bordercolor=\"#00000
 const QByteArray End = "</TABLE>\r\n";
 const QString WholeNumber = QStringLiteral("MsgBox|Information|Please enter a whole number.|Information|Ok");
 
-class Adder : public Tool<FrmAddTable>
+class Adder : public OpenTool<FrmAddTable>
 {
 public:
     QAbstractButton* cell(int number) const

@@ -1,4 +1,4 @@
-#include "Tool.h"
+#include "OpenTool.h"
 #include "WebTestMain.h"
 #include "builders/FrmTable.h"
 #include "colour/ColorSample.h"
@@ -24,7 +24,7 @@ const QString End = QStringLiteral("</TBODY>\r\n</TABLE>\r\n");
 
 using Bar = ScrollBar* FrmTable::*;
 
-class Designer : public Tool<FrmTable>
+class Designer : public OpenTool<FrmTable>
 {
 public:
     /// Types a row and adds it.

@@ -1,4 +1,4 @@
-#include "Tool.h"
+#include "OpenTool.h"
 #include "WebServer.h"
 #include "WebTestMain.h"
 #include "builders/Pics.h"
@@ -8,7 +8,7 @@ namespace {
 const QString NoAddress =
     QStringLiteral("MsgBox|Error|Cannot add to editor because no URL address.|Information|Ok");
 
-class Pictures : public Tool<Pics>
+class Pictures : public OpenTool<Pics>
 {
 public:
     QString copied() const

@@ -14,7 +14,7 @@ FaderTool::FaderTool()
 
 void FaderTool::show()
 {
-    press(18);
+    press(Tool::Font);
     if (!isLoaded<Fader5>())
         QTest::qFail("the toolbar's button opens no fader", __FILE__, __LINE__);
     tool = form<Fader5>();

@@ -393,7 +393,7 @@ void TestFaults::save()
             window.web->RichTextBox1->setText(text);
             doors.asked.clear();
         },
-        [&] { window.press(3); },
+        [&] { window.press(Tool::Save); },
         [&] {
             const bool failed = doors.told(QStringLiteral("Error"));
             if (disk.names() != QStringList(name))
@@ -431,7 +431,7 @@ void TestFaults::saveAs()
             window.web->RichTextBox1->setText(New.chopped(2));
             doors.asked.clear();
         },
-        [&] { window.press(4); },
+        [&] { window.press(Tool::SaveAs); },
         [&] {
             const bool failed = doors.told(QStringLiteral("Error"));
             if (disk.names() != (exists || !failed ? QStringList(name) : QStringList()))
@@ -542,7 +542,7 @@ void TestFaults::fullDisk()
     writeFile(folder.filePath(QStringLiteral("page.htm")), Old);
     window.web->document().setName(folder.filePath(QStringLiteral("page.htm")));
     window.web->RichTextBox1->setText(QByteArray(1'000'000, 'x'));
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(doors.asked, QStringList("Error|There has been a (25)error, Cannot save file."));
     QCOMPARE(content(QStringLiteral("page.htm")), Old);
     QVERIFY(window.web->Dirty());
@@ -577,7 +577,7 @@ void TestFaults::fullDisk()
     // When there is room again the same save works.
     QVERIFY(filler.remove());
     window.web->RichTextBox1->setText("short");
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(content(QStringLiteral("page.htm")), QByteArray("short\r\n"));
     QVERIFY(!window.web->Dirty());
     setDoors(&window.doors);

@@ -458,7 +458,7 @@ void TestDocument::newAsksFirst()
     window.doors.takeAsked();
 
     window.doors.answerMsgBox(answer);
-    window.press(1);
+    window.press(Tool::New);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("page.htm"))});
     QCOMPARE(window.source(), source);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
@@ -472,7 +472,7 @@ void TestDocument::newOnAnUntouchedSurfaceAsksNothing()
 {
     MainWindow window;
     window.showTab(FrmWeb::PreviewTab);
-    window.press(1);
+    window.press(Tool::New);
     QCOMPARE(window.doors.asked, QStringList());
     QCOMPARE(window.source(), QByteArray());
     QVERIFY(!window.web->Dirty());
@@ -485,7 +485,7 @@ void TestDocument::newOnAnEditedSurfaceAsks()
     window.showTab(FrmWeb::PreviewTab);
     window.typeOnSurface(QStringLiteral("typed"));
     window.doors.answerMsgBox(MsgAnswer::Cancel);
-    window.press(1);
+    window.press(Tool::New);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(Untitled)});
     QVERIFY(window.source().contains("typed"));
     QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("typed")));
@@ -496,11 +496,11 @@ void TestDocument::newStopsAtAStaleCancel()
     MainWindow window;
     window.type(QStringLiteral("word"));
     window.doors.answerMsgBox(MsgAnswer::Cancel);
-    window.press(1);
+    window.press(Tool::New);
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     QVERIFY(!window.web->Dirty());
     window.doors.takeAsked();
-    window.press(1);
+    window.press(Tool::New);
     QCOMPARE(window.doors.asked, QStringList());
     QCOMPARE(window.source(), QByteArray("word"));
     QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
@@ -513,7 +513,7 @@ void TestDocument::newWritesTheDesignSurfaceOnly()
     window.showTab(FrmWeb::PreviewTab);
     QTest::mouseClick(window.web->Option2, Qt::LeftButton);
     window.doors.answerMsgBox(MsgAnswer::No);
-    window.press(1);
+    window.press(Tool::New);
     QVERIFY(!window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
     QVERIFY(window.web->WebBrowser3->innerHtml().contains(QStringLiteral("word")));
 }
@@ -559,7 +559,7 @@ void TestDocument::openAsksFirst()
         window.doors.answerOpen(window.folder.path(QStringLiteral("second.htm")));
         expected << openDialog();
     }
-    window.press(2);
+    window.press(Tool::Open);
     QCOMPARE(window.doors.takeAsked(), expected);
     QCOMPARE(window.source(), source);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
@@ -574,7 +574,7 @@ void TestDocument::noAtOpenThenCancelEmptiesAllTheSame()
     window.showTab(FrmWeb::EditorTab);
     window.doors.answerMsgBox(MsgAnswer::No);
     window.doors.cancelOpen();
-    window.press(2);
+    window.press(Tool::Open);
     QCOMPARE(window.doors.takeAsked(), (QStringList{saveQuestion(Untitled), openDialog()}));
     QCOMPARE(window.source(), QByteArray());
     QCOMPARE(window.web->Text2(), Untitled);
@@ -589,13 +589,13 @@ void TestDocument::staleNoEmptiesAtTheNextOpen()
     MainWindow window;
     window.type(QStringLiteral("first"));
     window.doors.answerMsgBox(MsgAnswer::No);
-    window.press(1);
+    window.press(Tool::New);
     window.type(QStringLiteral("second"));
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     window.doors.takeAsked();
 
     window.doors.cancelOpen();
-    window.press(2);
+    window.press(Tool::Open);
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray());
     QCOMPARE(window.web->Text2(), Untitled);
@@ -610,7 +610,7 @@ void TestDocument::cancelInOpenKeepsAll()
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     window.doors.takeAsked();
     window.doors.cancelOpen();
-    window.press(2);
+    window.press(Tool::Open);
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray("word"));
     QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
@@ -680,7 +680,7 @@ void TestDocument::openMakesTheHighlightAnew()
     MainWindow window;
     window.folder.write(QStringLiteral("page.htm"), "<B>page</B>");
     window.type(QStringLiteral("word"));
-    window.press(11);
+    window.press(Tool::Highlight);
     QCOMPARE(window.web->Check1, 1);
     window.saveAs(window.folder.path(QStringLiteral("other.htm")));
     window.open(window.folder.path(QStringLiteral("page.htm")));
@@ -754,7 +754,7 @@ void TestDocument::dropHeedsAStaleAnswer()
     window.folder.write(QStringLiteral("page.htm"), "page");
     window.type(QStringLiteral("word"));
     window.doors.answerMsgBox(MsgAnswer::Cancel);
-    window.press(1);
+    window.press(Tool::New);
     window.saveAs(window.folder.path(QStringLiteral("word.htm")));
     QVERIFY(!window.web->Dirty());
     window.doors.takeAsked();
@@ -928,12 +928,12 @@ void TestDocument::openAFileNameOfAnyLetters()
     QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
     window.doors.takeAsked();
 
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.folder.read(name), QByteArray("old\r\n"));
 
     window.doors.answerSave(window.folder.path(name));
     window.doors.answerMsgBox(MsgAnswer::Yes);
-    window.press(4);
+    window.press(Tool::SaveAs);
     QCOMPARE(window.doors.takeAsked(), (QStringList{saveDialog(name), replaceQuestion(name)}));
     QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
 }
@@ -961,7 +961,7 @@ void TestDocument::saveTwiceWithoutAnEdit()
     QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm"))));
     window.doors.takeAsked();
     for (int i = 0; i < 2; ++i) {
-        window.press(3);
+        window.press(Tool::Save);
         QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("word\r\n"));
         QVERIFY(!window.web->Dirty());
     }
@@ -976,7 +976,7 @@ void TestDocument::saveKeepsTheCaption()
     window.web->SaveFileAs(window.folder.path(QStringLiteral("copy.htm")));
     const QString caption = window.caption();
     QVERIFY(caption.startsWith(window.folder.path(QStringLiteral("copy.htm"))));
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.caption(), caption);
 }
 
@@ -1015,7 +1015,7 @@ void TestDocument::roundTripAddsOneLineEnd()
     QCOMPARE(window.web->Dirty(), !bytes.isEmpty());
     QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
-    window.press(3);
+    window.press(Tool::Save);
     QVERIFY(window.folder.read(QStringLiteral("page.htm")) == bytes + "\r\n");
     QVERIFY(!window.web->Dirty());
 }
@@ -1026,7 +1026,7 @@ void TestDocument::eachRoundTripAddsAnotherLineEnd()
     window.folder.write(QStringLiteral("page.htm"), "word");
     for (const char* after : {"word\r\n", "word\r\n\r\n", "word\r\n\r\n\r\n"}) {
         window.open(window.folder.path(QStringLiteral("page.htm")));
-        window.press(3);
+        window.press(Tool::Save);
         QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray(after));
     }
 }
@@ -1037,7 +1037,7 @@ void TestDocument::saveOnTheInternetTabWritesAnEmptyLine()
     window.type(QStringLiteral("word"));
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     window.showTab(FrmWeb::InternetTab);
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("\r\n"));
     QCOMPARE(window.source(), QByteArray("word"));
     QVERIFY(!window.web->Dirty());
@@ -1054,7 +1054,7 @@ void TestDocument::saveOnTabOneTakesTheSurface()
     QVERIFY(!window.web->Dirty());
 
     window.typeOnSurface(QStringLiteral("more"));
-    window.press(3);
+    window.press(Tool::Save);
     const QByteArray saved = window.folder.read(QStringLiteral("page.htm"));
     QVERIFY(saved.contains("more"));
     QVERIFY(saved.startsWith("<HEAD>\r\n<META content=\"Brindlemark 1.0\" name=GENERATOR></HEAD>"));
@@ -1124,7 +1124,7 @@ void TestDocument::saveFailureKeepsAll()
     obstruct(window, obstacle);
 
     window.doors.answerMsgBox(MsgAnswer::Ok);
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.doors.takeAsked(), QStringList{SaveFailed});
     QVERIFY(window.web->Dirty());
     QCOMPARE(window.source(), QByteArray("new"));
@@ -1134,7 +1134,7 @@ void TestDocument::saveFailureKeepsAll()
     if (obstacle.startsWith(QLatin1String("read-only"))) {
         QCOMPARE(window.folder.read(QStringLiteral("sub/page.htm")), QByteArray("old"));
         clear(window);
-        window.press(3);
+        window.press(Tool::Save);
         QCOMPARE(window.folder.read(QStringLiteral("sub/page.htm")), QByteArray("new\r\n"));
         QVERIFY(!window.web->Dirty());
     }
@@ -1147,7 +1147,7 @@ void TestDocument::saveMakesAVanishedFileAnew()
     window.open(window.folder.path(QStringLiteral("page.htm")));
     QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm"))));
     window.doors.takeAsked();
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.doors.asked, QStringList());
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("old\r\n"));
     QVERIFY(!window.web->Dirty());
@@ -1166,13 +1166,13 @@ void TestDocument::saveAsProposesTheBareName()
     window.open(window.folder.path(QStringLiteral("page.htm")));
     window.doors.takeAsked();
     window.doors.cancelSave();
-    window.press(4);
+    window.press(Tool::SaveAs);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QStringLiteral("page.htm"))});
 
     // A file that is gone is not listed.
     QVERIFY(QFile::remove(window.folder.path(QStringLiteral("page.htm"))));
     window.doors.cancelSave();
-    window.press(4);
+    window.press(Tool::SaveAs);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
 }
 
@@ -1196,7 +1196,7 @@ void TestDocument::saveAsCancelKeepsAll()
     MainWindow window;
     window.type(QStringLiteral("word"));
     window.doors.cancelSave();
-    window.press(4);
+    window.press(Tool::SaveAs);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
     QCOMPARE(window.source(), QByteArray("word"));
     QCOMPARE(window.web->Text2(), Untitled);
@@ -1222,7 +1222,7 @@ void TestDocument::saveAsAsksBeforeReplacing()
     window.type(QStringLiteral("word"));
     window.doors.answerSave(window.folder.path(QStringLiteral("there.htm")));
     window.doors.answerMsgBox(MsgAnswer::Yes);
-    window.press(4);
+    window.press(Tool::SaveAs);
     QCOMPARE(window.doors.takeAsked(),
              (QStringList{saveDialog(QString()), replaceQuestion(QStringLiteral("there.htm"))}));
     QCOMPARE(window.folder.read(QStringLiteral("there.htm")), QByteArray("word\r\n"));
@@ -1237,7 +1237,7 @@ void TestDocument::saveAsNoLeavesEverything()
     window.type(QStringLiteral("word"));
     window.doors.answerSave(window.folder.path(QStringLiteral("there.htm")));
     window.doors.answerMsgBox(MsgAnswer::No);
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("there.htm")), QByteArray("there"));
     QCOMPARE(window.source(), QByteArray("word"));
     QCOMPARE(window.web->Text2(), Untitled);
@@ -1267,7 +1267,7 @@ void TestDocument::saveAsFailureKeepsAll()
     }
     window.doors.answerMsgBox(MsgAnswer::Ok);
     expected << SaveFailed;
-    window.press(4);
+    window.press(Tool::SaveAs);
     QCOMPARE(window.doors.takeAsked(), expected);
     QVERIFY(window.web->Dirty());
     QCOMPARE(window.source(), QByteArray("word"));
@@ -1296,7 +1296,7 @@ void TestDocument::yesAtUnnamedThenCancelLosesTheDocument()
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.doors.cancelSave();
     if (command == QLatin1String("New")) {
-        window.press(1);
+        window.press(Tool::New);
         QCOMPARE(window.source(), QByteArray());
         QVERIFY(!window.web->SaveCancelled());
     } else if (command == QLatin1String("Open")) {
@@ -1333,7 +1333,7 @@ void TestDocument::cutOnTabZero()
     window.web->RichTextBox1->setSelLength(4);
     window.web->document().setDirty(false);
     if (toolbar) {
-        window.press(6);
+        window.press(Tool::Cut);
     } else {
         window.choose(window.web->MnEdit, window.web->MnCut);
     }
@@ -1357,7 +1357,7 @@ void TestDocument::copyOnTabZero()
     window.web->RichTextBox1->setSelLength(7);
     window.web->SSTab1->setFocus();
     if (toolbar) {
-        window.press(7);
+        window.press(Tool::Copy);
     } else {
         window.choose(window.web->MnEdit, window.web->MnCopy);
     }
@@ -1411,7 +1411,7 @@ void TestDocument::pasteOnTabZero()
     window.web->RichTextBox1->setSelLength(3);
     Clipboard::SetText(QString::fromUtf8("zwölf"));
     if (toolbar) {
-        window.press(8);
+        window.press(Tool::Paste);
     } else {
         window.choose(window.web->MnEdit, window.web->MnPaste);
     }
@@ -1425,7 +1425,7 @@ void TestDocument::pasteOfNothingDeletesTheSelection()
     window.web->RichTextBox1->setSelStart(3);
     window.web->RichTextBox1->setSelLength(4);
     Clipboard::Clear();
-    window.press(8);
+    window.press(Tool::Paste);
     QCOMPARE(window.source(), QByteArray("one"));
 }
 
@@ -1467,18 +1467,18 @@ void TestDocument::clipboardOnTabOne()
     window.showTab(FrmWeb::PreviewTab);
     // The Edit menu is off on this tab; its entries can still be called.
     window.web->MnSelect->trigger();
-    window.press(7);
+    window.press(Tool::Copy);
     QCOMPARE(clipboardText(window.doors), QStringLiteral("word"));
     QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
 
     Clipboard::Clear();
     window.web->MnSelect->trigger();
-    window.press(6);
+    window.press(Tool::Cut);
     QCOMPARE(clipboardText(window.doors), QStringLiteral("word"));
     QVERIFY(!window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
 
     Clipboard::SetText(QStringLiteral("pasted"));
-    window.press(8);
+    window.press(Tool::Paste);
     QVERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("pasted")));
     QCOMPARE(window.source(), QByteArray("word"));
 }
@@ -1550,7 +1550,7 @@ void TestDocument::savesShowTheHourglass()
     hourglassAtSync.clear();
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(hourglassAtSync, QList<bool>{true});
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(hourglassAtSync, (QList<bool>{true, true}));
     window.web->SaveFileAs(window.folder.path(QStringLiteral("copy.htm")));
     QCOMPARE(hourglassAtSync, (QList<bool>{true, true, true}));

@@ -20,7 +20,7 @@ public:
     explicit Search(const QByteArray& text)
     {
         web->RichTextBox1->load(text);
-        press(9);
+        press(Tool::Find);
         if (!isLoaded<Find>() || !QTest::qWaitForWindowActive(form<Find>()))
             QTest::qFail("the window Find does not open", __FILE__, __LINE__);
         find = form<Find>();
@@ -161,7 +161,7 @@ void TestFind::shownAgainIsTheSameWindow()
         last->setFocus();
         search.web->activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(search.web));
-        search.press(9);
+        search.press(Tool::Find);
         QCOMPARE(form<Find>(), search.find);
         QTRY_VERIFY(search.find->Text1->lineEdit()->hasFocus());
         QCOMPARE(search.find->Text1->lineEdit()->selectedText(), QStringLiteral("word"));
@@ -173,7 +173,7 @@ void TestFind::onPreviewTheSurfaceSearches()
 {
     MainWindow window;
     window.showTab(FrmWeb::PreviewTab);
-    window.press(9);
+    window.press(Tool::Find);
     QVERIFY(!isLoaded<Find>());
     auto* bar = window.web->findChild<QWidget*>(QStringLiteral("WebBrowser1FindBar"));
     QVERIFY(bar);
@@ -186,7 +186,7 @@ void TestFind::onPreviewWithDesignOffThePreviewSearches()
     window.showTab(FrmWeb::PreviewTab);
     QTest::mouseClick(window.web->Option2, Qt::LeftButton, {}, QPoint(8, window.web->Option2->height() / 2));
     QVERIFY(window.web->Option2->Value());
-    window.press(9);
+    window.press(Tool::Find);
     QVERIFY(!isLoaded<Find>());
     auto* bar = window.web->findChild<QWidget*>(QStringLiteral("WebBrowser3FindBar"));
     QVERIFY(bar);
@@ -304,7 +304,7 @@ void TestFind::findGivesTheSourceTheKeyboard()
     Search search("a word");
     for (QPushButton* button : {search.find->Command8, search.find->Command3}) {
         search.web->SSTab1->tabBar()->setFocus(); // not where the keyboard goes back to by itself
-        search.press(9);
+        search.press(Tool::Find);
         QTRY_VERIFY(search.find->Text1->lineEdit()->hasFocus());
         Search::write(search.find->Text1, QStringLiteral("word"));
         Search::click(button);
@@ -635,7 +635,7 @@ void TestFind::unloadForgetsAll()
     QCOMPARE(search.find->NextStart, 3);
     Search::click(search.find->Command5);
     QVERIFY(!isLoaded<Find>());
-    search.press(9);
+    search.press(Tool::Find);
     const Find* again = form<Find>();
     QCOMPARE(again->NextStart, 0);
     QCOMPARE(again->CaseFlag, 0);
@@ -654,7 +654,7 @@ void TestFind::enterFindsAndEscapeCloses()
         QTest::keyClick(control, Qt::Key_Return);
         QCOMPARE(search.selection(), QStringLiteral("2+3"));
     }
-    search.press(9);
+    search.press(Tool::Find);
     QTRY_VERIFY(search.find->Text1->lineEdit()->hasFocus());
     QTest::keyClick(search.find->Text1->lineEdit(), Qt::Key_Escape);
     QVERIFY(!isLoaded<Find>());

@@ -387,7 +387,7 @@ void TestJournal::nothingToKeep()
         window.showTab(FrmWeb::EditorTab);
     }
     if (what == 4)
-        window.press(1);
+        window.press(Tool::New);
     QCOMPARE(window.web->Dirty(), what == 1 || what == 2);
     window.journalTimer().start(0);
     QTRY_VERIFY(window.journalTimer().remainingTime() > 0); // it has run
@@ -440,7 +440,7 @@ void TestJournal::saveLeavesNothing()
     window.type(QStringLiteral("A"));
     window.timeRunsOut();
     QTRY_COMPARE(window.kept(), QByteArray("A<P>Lamp"));
-    window.press(3);
+    window.press(Tool::Save);
     QTRY_COMPARE(window.files(), QStringList());
 }
 
@@ -451,10 +451,10 @@ void TestJournal::newLeavesNothing()
     window.timeRunsOut();
     QTRY_COMPARE(window.kept(), QByteArray("<P>Lamp"));
     window.doors.answerMsgBox(MsgAnswer::Cancel);
-    window.press(1);
+    window.press(Tool::New);
     QCOMPARE(window.kept(), QByteArray("<P>Lamp"));
     window.doors.answerMsgBox(MsgAnswer::No);
-    window.press(1);
+    window.press(Tool::New);
     QTRY_COMPARE(window.files(), QStringList());
 }
 
@@ -666,7 +666,7 @@ void TestJournal::savedFromTheInternetTabStays()
     window.timeRunsOut();
     QTRY_COMPARE(window.kept(), QByteArray("<P>Lamp"));
     window.showTab(FrmWeb::InternetTab);
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("\r\n"));
     window.timeRunsOut();
     QTRY_VERIFY(window.journalTimer().remainingTime() > 0);
@@ -736,7 +736,7 @@ void TestJournal::broughtBackTextIsStillKept()
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.web->offerUnsavedText();
     QCOMPARE(window.kept(), QByteArray("<P>Lamp"));
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("<P>Lamp\r\n"));
     QTRY_COMPARE(window.files(), QStringList());
 }
@@ -754,7 +754,7 @@ void TestJournal::broughtBackSurfaceTextIsStamped()
     const QByteArray expected = first.source();
     QVERIFY(expected.contains("<META content=\"Brindlemark 1.0\" name=GENERATOR>"));
     first.doors.answerMsgBox(MsgAnswer::No);
-    first.press(1);
+    first.press(Tool::New);
     QTRY_COMPARE(first.files(), QStringList());
     first.doors.takeAsked();
 
@@ -809,7 +809,7 @@ void TestJournal::tornTextComesBackWithoutAName()
     QCOMPARE(window.caption(), QStringLiteral("Untitled - Brindlemark 1.0"));
     QVERIFY(window.web->Dirty());
     window.doors.cancelSave();
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("whole"));
 }
 
@@ -892,7 +892,7 @@ void TestJournal::refusedSaveIsOffered()
         QVERIFY(user.ordinary());
         wantSaved(window);
         if (way == QLatin1String("new")) {
-            window.press(1);
+            window.press(Tool::New);
         } else if (way == QLatin1String("open")) {
             window.open(window.folder.path(QStringLiteral("other.htm")));
         } else if (way == QLatin1String("drop")) {
@@ -920,7 +920,7 @@ void TestJournal::refusedSaveIsOffered()
 
     QFile::setPermissions(home, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     QFile::setPermissions(page, QFile::ReadOwner | QFile::WriteOwner);
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(content(page), QByteArray("<P>Lamps\r\n"));
     QTRY_COMPARE(window.files(), QStringList());
 }
@@ -949,7 +949,7 @@ void TestJournal::refusedSaveMakesRoom()
     Window window;
     editProtectedPage(window);
     wantSaved(window);
-    window.press(1);
+    window.press(Tool::New);
     window.type(QStringLiteral("<P>Vase"));
     window.timeRunsOut();
     const QString second = QStringLiteral("Brindlemark-unsaved-2.htm");
@@ -966,7 +966,7 @@ void TestJournal::cancelledSaveIsOffered()
     window.type(QStringLiteral("<P>Lamp"));
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.doors.cancelSave();
-    window.press(1);
+    window.press(Tool::New);
     QCOMPARE(window.source(), QByteArray());
     window.doors.takeAsked();
     window.doors.answerMsgBox(MsgAnswer::Yes);
@@ -1000,10 +1000,10 @@ void TestJournal::savedAfterARefusalLeavesNothing()
     const QString page = editProtectedPage(window);
     wantSaved(window);
     window.doors.cancelOpen();
-    window.press(2);
+    window.press(Tool::Open);
     QCOMPARE(window.source(), QByteArray("<P>Lamps")); // it is still there
     QFile::setPermissions(page, QFile::ReadOwner | QFile::WriteOwner);
-    window.press(3);
+    window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("<P>Lamps\r\n"));
     QTRY_COMPARE(window.files(), QStringList());
     window.startAgain(); // asks nothing
@@ -1016,9 +1016,9 @@ void TestJournal::declinedAfterARefusalLeavesNothing()
     editProtectedPage(window);
     wantSaved(window);
     window.doors.cancelOpen();
-    window.press(2);
+    window.press(Tool::Open);
     window.doors.answerMsgBox(MsgAnswer::No);
-    window.press(1);
+    window.press(Tool::New);
     QTRY_COMPARE(window.files(), QStringList());
     window.startAgain();
     QCOMPARE(window.source(), QByteArray());

@@ -422,7 +422,7 @@ void TestRegions::newDocument()
     window.open(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(stateOf(window), QStringLiteral("CmdTitle CmdDes CmdCell CmdOffLeg CmdPic"));
     window.web->document().setDirty(false);
-    window.press(1);
+    window.press(Tool::New);
     QCOMPARE(stateOf(window), QStringLiteral("CmdPic")); // keeps its state
     QCOMPARE(window.source(), QByteArray());
 }
@@ -448,7 +448,7 @@ void TestRegions::declinedDocument()
     window.type(QStringLiteral("y"));
     window.doors.answerMsgBox(MsgAnswer::No);
     window.doors.cancelOpen();
-    window.press(2);
+    window.press(Tool::Open);
     QCOMPARE(window.source(), QByteArray());
     QCOMPARE(stateOf(window), QString());
 }

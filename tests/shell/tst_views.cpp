@@ -88,7 +88,7 @@ public:
         return view->inputWidget() && web->focusWidget() == view->inputWidget();
     }
     void press(QAbstractButton* button) const { QTest::mouseClick(button, Qt::LeftButton); }
-    void press(int toolbarIndex) const { web->toolbarButton(toolbarIndex)->trigger(); }
+    void press(Tool wanted) const { web->toolbarButton(wanted)->trigger(); }
     void designOn() const { choose(web->Option1); }
     void designOff() const { choose(web->Option2); }
     /// Has the preview in place of the design surface, with the editor up.
@@ -284,7 +284,7 @@ static QList<int> enabledButtons(const FrmWeb& web)
 {
     QList<int> enabled;
     for (int i = 1; i <= 22; ++i) {
-        if (i != 5 && i != 10 && i != 14 && i != 16 && web.toolbarButton(i)->isEnabled())
+        if (i != 5 && i != 10 && i != 14 && i != 16 && web.Toolbar1->actions().at(i - 1)->isEnabled())
             enabled << i;
     }
     return enabled;
@@ -370,8 +370,9 @@ void TestViews::copyButtonsFollowTheSelection()
 {
     Desk desk;
     const auto enabled = [&] { // Cut, Copy, Paste
-        return QList<bool>{desk.web->toolbarButton(6)->isEnabled(), desk.web->toolbarButton(7)->isEnabled(),
-                           desk.web->toolbarButton(8)->isEnabled()};
+        return QList<bool>{desk.web->toolbarButton(Tool::Cut)->isEnabled(),
+                           desk.web->toolbarButton(Tool::Copy)->isEnabled(),
+                           desk.web->toolbarButton(Tool::Paste)->isEnabled()};
     };
     const QList<bool> both{true, true, true};
     const QList<bool> none{false, false, true};
@@ -395,11 +396,11 @@ void TestViews::copyButtonsAfterAReturnToTheEditor()
     desk.goTo(Preview);
     desk.goTo(Editor);
     // The return switches them on although nothing is selected; the next change of the selection decides.
-    QVERIFY(desk.web->toolbarButton(6)->isEnabled());
-    QVERIFY(desk.web->toolbarButton(7)->isEnabled());
+    QVERIFY(desk.web->toolbarButton(Tool::Cut)->isEnabled());
+    QVERIFY(desk.web->toolbarButton(Tool::Copy)->isEnabled());
     desk.box->setSelStart(2);
-    QVERIFY(!desk.web->toolbarButton(6)->isEnabled());
-    QVERIFY(!desk.web->toolbarButton(7)->isEnabled());
+    QVERIFY(!desk.web->toolbarButton(Tool::Cut)->isEnabled());
+    QVERIFY(!desk.web->toolbarButton(Tool::Copy)->isEnabled());
 }
 
 // ---- Tab changes
@@ -535,25 +536,25 @@ static void addOperations()
 {
     QTest::addColumn<Operation>("operation");
     const auto row = [](const char* name, Operation operation) { QTest::newRow(name) << operation; };
-    row("Save", [](Desk& desk) { desk.press(3); });
+    row("Save", [](Desk& desk) { desk.press(Tool::Save); });
     row("Save As", [](Desk& desk) {
         desk.script.answerSave(desk.folder.path(QStringLiteral("new.htm")));
-        desk.press(4);
+        desk.press(Tool::SaveAs);
     });
     row("HTML Select all and Copy", [](Desk& desk) { desk.web->mnuhtml->trigger(); });
     row("New", [](Desk& desk) {
         desk.script.answerMsgBox(MsgAnswer::Yes);
-        desk.press(1);
+        desk.press(Tool::New);
     });
     row("New, cancelled", [](Desk& desk) {
         desk.script.answerMsgBox(MsgAnswer::Cancel);
-        desk.press(1);
+        desk.press(Tool::New);
     });
     row("Open", [](Desk& desk) {
         desk.folder.write(QStringLiteral("other.htm"), "<p>other");
         desk.script.answerMsgBox(MsgAnswer::Yes);
         desk.script.answerOpen(desk.folder.path(QStringLiteral("other.htm")));
-        desk.press(2);
+        desk.press(Tool::Open);
     });
 }
 
@@ -580,7 +581,7 @@ void TestViews::typingGoesOn()
     QTRY_VERIFY2(desk.body().contains(QStringLiteral("two")), qPrintable(desk.body()));
     QCOMPARE(desk.box->Text(), source);
     desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
-    desk.press(3);
+    desk.press(Tool::Save);
     QVERIFY(desk.folder.read(QStringLiteral("page.htm")).contains("two"));
 }
 
@@ -769,9 +770,9 @@ void TestViews::highlightIsMadeAnewOnReturn()
     QCOMPARE(desk.box->colorAt(6), 4);
     QVERIFY(!desk.web->Picture1->isVisible());
     // The walk over the text comes behind the switching of the buttons, and leaves nothing selected.
-    QVERIFY(!desk.web->toolbarButton(6)->isEnabled());
-    QVERIFY(!desk.web->toolbarButton(7)->isEnabled());
-    QVERIFY(desk.web->toolbarButton(8)->isEnabled());
+    QVERIFY(!desk.web->toolbarButton(Tool::Cut)->isEnabled());
+    QVERIFY(!desk.web->toolbarButton(Tool::Copy)->isEnabled());
+    QVERIFY(desk.web->toolbarButton(Tool::Paste)->isEnabled());
 }
 
 void TestViews::oneUndoBringsTheTypedTextBack()
@@ -929,12 +930,12 @@ void TestViews::saveOnThePreviewTab()
     desk.web->document().setName(path);
     desk.goTo(Preview);
     desk.edit(QStringLiteral("<p>other</p>"));
-    desk.press(3);
+    desk.press(Tool::Save);
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), page("\r\n<P>other</P>") + "\r\n");
     QCOMPARE(desk.box->Text(), page("\r\n<P>other</P>"));
     QVERIFY(!desk.web->Dirty());
     QCOMPARE(desk.web->SSTab1->Tab(), Preview);
-    desk.press(3);
+    desk.press(Tool::Save);
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), page("\r\n<P>other</P>") + "\r\n");
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P>other</P>"));
 }
@@ -947,7 +948,7 @@ void TestViews::saveWithDesignOffWritesTheOlderSurface()
     desk.box->setText("<p>newer");
     desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     desk.goTo(Preview);
-    desk.press(3);
+    desk.press(Tool::Save);
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), page("\r\n<P>older</P>") + "\r\n");
 }
 
@@ -957,7 +958,7 @@ void TestViews::saveOnTheInternetTabWritesAnEmptyLine()
     desk.box->setText("<p>word");
     desk.web->document().setName(desk.folder.path(QStringLiteral("page.htm")));
     desk.goTo(Internet);
-    desk.press(3);
+    desk.press(Tool::Save);
     QCOMPARE(desk.folder.read(QStringLiteral("page.htm")), QByteArray("\r\n"));
     QVERIFY(!desk.web->Dirty());
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
@@ -969,7 +970,7 @@ void TestViews::saveAsOnThePreviewTab()
     desk.box->setText("<p>word");
     desk.goTo(Preview);
     desk.script.answerSave(desk.folder.path(QStringLiteral("new.htm")));
-    desk.press(4);
+    desk.press(Tool::SaveAs);
     QCOMPARE(desk.folder.read(QStringLiteral("new.htm")), page("\r\n<P>word</P>") + "\r\n");
     QCOMPARE(desk.web->windowTitle(), QStringLiteral("new.htm - Brindlemark 1.0"));
     QVERIFY(!desk.web->Dirty());
@@ -981,7 +982,7 @@ void TestViews::saveAsCancelledLeavesTheSource()
     desk.box->setText("<p>word");
     desk.goTo(Preview);
     desk.script.cancelSave();
-    desk.press(3); // "Untitled" leads to Save As
+    desk.press(Tool::Save); // "Untitled" leads to Save As
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
     QVERIFY(desk.web->Dirty());
     QCOMPARE(desk.script.asked.size(), 1);
@@ -992,7 +993,7 @@ void TestViews::newWithNothingTyped()
     Desk desk;
     desk.goTo(Preview);
     desk.web->document().setDirty(true);
-    desk.press(1);
+    desk.press(Tool::New);
     QCOMPARE(desk.script.asked, QStringList());
     QVERIFY(desk.box->isEmpty());
     QVERIFY(!desk.web->Dirty());
@@ -1015,7 +1016,7 @@ void TestViews::newAfterEdits()
     desk.goTo(Preview);
     desk.edit(QStringLiteral("<p>other</p>"));
     desk.script.answerMsgBox(answer);
-    desk.press(1);
+    desk.press(Tool::New);
     QCOMPARE(desk.script.asked,
              QStringList{"MsgBox|Brindlemark|Untitled - File has changed. Do you wish to save changes "
                          "?|Information|YesNoCancel"});
@@ -1032,7 +1033,7 @@ void TestViews::newLeavesThePreview()
     desk.goTo(Preview);
     desk.designOff();
     desk.script.answerMsgBox(MsgAnswer::No);
-    desk.press(1);
+    desk.press(Tool::New);
     QCOMPARE(desk.body(), QString());
     QCOMPARE(Desk::body(desk.preview), QStringLiteral("\r\n<P>word</P>"));
 }
@@ -1043,7 +1044,7 @@ void TestViews::openOnThePreviewTab()
     desk.folder.write(QStringLiteral("page.htm"), "<p>from a file");
     desk.goTo(Preview);
     desk.script.answerOpen(desk.folder.path(QStringLiteral("page.htm")));
-    desk.press(2);
+    desk.press(Tool::Open);
     QCOMPARE(desk.box->Text(), QByteArray("<p>from a file"));
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P>from a file</P>"));
     QCOMPARE(desk.web->windowTitle(), QStringLiteral("page.htm - Brindlemark 1.0"));
@@ -1057,7 +1058,7 @@ void TestViews::openWithDesignOff()
     desk.goTo(Preview);
     desk.designOff();
     desk.script.answerOpen(desk.folder.path(QStringLiteral("page.htm")));
-    desk.press(2);
+    desk.press(Tool::Open);
     QCOMPARE(Desk::body(desk.preview), QStringLiteral("\r\n<P>from a file</P>"));
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P>from a file</P>"));
 }
@@ -1070,7 +1071,7 @@ void TestViews::openDeclinedThenCancelledEmptiesBothSurfaces()
     desk.designOff();
     desk.script.answerMsgBox(MsgAnswer::No);
     desk.script.cancelOpen();
-    desk.press(2);
+    desk.press(Tool::Open);
     QVERIFY(desk.box->isEmpty());
     QCOMPARE(desk.body(), QString());
     QCOMPARE(Desk::body(desk.preview), QString());
@@ -1084,7 +1085,7 @@ void TestViews::surfaceEditsAloneAskNothing()
     desk.goTo(Preview);
     desk.edit(QStringLiteral("<p>other</p>"));
     desk.script.answerOpen(desk.folder.path(QStringLiteral("page.htm")));
-    desk.press(2);
+    desk.press(Tool::Open);
     QCOMPARE(desk.script.asked.size(), 1);
 }
 
@@ -1094,18 +1095,18 @@ void TestViews::cutCopyPasteOnTheSurface()
 {
     Desk desk;
     desk.design("<p>word");
-    desk.press(7);
+    desk.press(Tool::Copy);
     QCOMPARE(Clipboard::GetText().trimmed(), QStringLiteral("word"));
     QCOMPARE(desk.body(), QStringLiteral("\r\n<P>word</P>"));
 
     Clipboard::SetText(QStringLiteral("other"));
     QVERIFY(desk.surface->execCommand(QStringLiteral("SelectAll")));
-    desk.press(8);
+    desk.press(Tool::Paste);
     QVERIFY(desk.body().contains(QStringLiteral("other")));
     QVERIFY(!desk.body().contains(QStringLiteral("word")));
 
     QVERIFY(desk.surface->execCommand(QStringLiteral("SelectAll")));
-    desk.press(6);
+    desk.press(Tool::Cut);
     QCOMPARE(Clipboard::GetText().trimmed(), QStringLiteral("other"));
     QVERIFY(!desk.body().contains(QStringLiteral("other")));
     QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
@@ -1117,7 +1118,7 @@ void TestViews::selectAllOnTheSurface()
     desk.box->setText("<p>one<p>two");
     desk.goTo(Preview);
     desk.web->MnSelect->trigger();
-    desk.press(7);
+    desk.press(Tool::Copy);
     QVERIFY(Clipboard::GetText().contains(QStringLiteral("one")));
     QVERIFY(Clipboard::GetText().contains(QStringLiteral("two")));
 }
@@ -1564,7 +1565,7 @@ void TestViews::findByButton()
         const QObject listening;
         connect(qApp, &QApplication::focusChanged, &listening,
                 [&](QWidget*, QWidget* now) { visited << now; });
-        desk.press(9);
+        desk.press(Tool::Find);
         const auto* bar = desk.web->findChild<FindBar*>(shown->objectName() + QStringLiteral("FindBar"));
         QTRY_VERIFY(bar->isVisible());
         QCOMPARE(visited, (QList<QWidget*>{shown->inputWidget(), bar->findChild<QLineEdit*>()}));
@@ -1661,7 +1662,7 @@ void TestViews::rendererDiesBeforeASave()
     desk.goTo(Preview);
     Desk::crash(desk.surface);
     desk.script.answerMsgBox(MsgAnswer::Ok);
-    desk.press(3);
+    desk.press(Tool::Save);
     QTest::qWait(200);
     QCOMPARE(desk.script.asked.size(), 1);
     QVERIFY2(desk.folder.read(QStringLiteral("page.htm")) != "\r\n", "no answer is no empty text");
@@ -1673,9 +1674,9 @@ void TestViews::rendererDiesAtTheSaveQuestion_data()
 {
     QTest::addColumn<Operation>("operation");
     const auto row = [](const char* name, Operation operation) { QTest::newRow(name) << operation; };
-    row("New", [](Desk& desk) { desk.press(1); });
-    row("Open", [](Desk& desk) { desk.press(2); });
-    row("Create", [](Desk& desk) { desk.press(15); });
+    row("New", [](Desk& desk) { desk.press(Tool::New); });
+    row("Open", [](Desk& desk) { desk.press(Tool::Open); });
+    row("Create", [](Desk& desk) { desk.press(Tool::Create); });
     row("close", [](Desk& desk) { desk.web->close(); });
 }
 

@@ -557,7 +557,7 @@ void TestSoak::listings()
     soak(::listings(), [&](int round) {
         if (round % RoundsOfDocument == 0)
             web->RichTextBox1->load(QByteArray());
-        m_main->press(15);
+        m_main->press(Tool::Create);
         auto* page1 = form<FrmBuild1>();
         const QString title = QStringLiteral("Lamp number %1").arg(round);
         fillFirstPage(*page1, title);

@@ -59,9 +59,9 @@ F* shown()
 
 /// The window behind a toolbar button.
 template <typename F>
-F* tool(MainWindow& main, int toolbarIndex)
+F* tool(MainWindow& main, Tool wanted)
 {
-    main.press(toolbarIndex);
+    main.press(wanted);
     return shown<F>();
 }
 
@@ -76,7 +76,7 @@ void waitForText(DocumentSurface* surface, const QString& text)
 
 FrmBuild1* wizardPage1(MainWindow& main)
 {
-    auto* page = tool<FrmBuild1>(main, 15);
+    auto* page = tool<FrmBuild1>(main, Tool::Create);
     overtype(page->Text1, QStringLiteral("Art Deco desk lamp, brass, 1930s"));
     page->Text2->setPlainText(
         QStringLiteral("A heavy desk lamp in polished brass with its first green shade. "
@@ -153,14 +153,14 @@ QWidget* splash(MainWindow&)
 QWidget* editor(MainWindow& main)
 {
     openListing(main);
-    main.press(11);
+    main.press(Tool::Highlight);
     return main.web;
 }
 
 QWidget* region(MainWindow& main)
 {
     openListing(main);
-    main.press(11);
+    main.press(Tool::Highlight);
     click(main.web->CmdTitle);
     return main.web;
 }
@@ -189,7 +189,7 @@ QWidget* internet(MainWindow& main)
 
 QWidget* find(MainWindow& main)
 {
-    main.press(9);
+    main.press(Tool::Find);
     auto* window = shown<Find>();
     overtype(window->Text1, QStringLiteral("lamp"));
     return window;
@@ -198,7 +198,7 @@ QWidget* find(MainWindow& main)
 QWidget* findBar(MainWindow& main)
 {
     design(main);
-    main.press(9);
+    main.press(Tool::Find);
     return main.web;
 }
 
@@ -239,7 +239,7 @@ QWidget* help(MainWindow& main)
 
 QWidget* fader(MainWindow& main)
 {
-    auto* window = tool<Fader5>(main, 18);
+    auto* window = tool<Fader5>(main, Tool::Font);
     QTest::keyClicks(window->Text1, QStringLiteral("Art Deco desk lamp"));
     tick(window->Opt3);
     window->RedA->setValue(0xC0);
@@ -261,17 +261,17 @@ QWidget* faderWithTable(MainWindow& main)
 
 QWidget* body(MainWindow& main)
 {
-    return tool<FrmBody>(main, 17);
+    return tool<FrmBody>(main, Tool::Body);
 }
 
 QWidget* rule(MainWindow& main)
 {
-    return tool<FrmHR>(main, 22);
+    return tool<FrmHR>(main, Tool::Rule);
 }
 
 QWidget* pictures(MainWindow& main)
 {
-    auto* window = tool<Pics>(main, 19);
+    auto* window = tool<Pics>(main, Tool::Picture);
     overtype(window->Text1, Pictures + QStringLiteral("lamp.svg"));
     QTest::keyClick(window->Text1, Qt::Key_Return);
     return window;
@@ -279,7 +279,7 @@ QWidget* pictures(MainWindow& main)
 
 FrmTable* filledTable(MainWindow& main)
 {
-    auto* window = tool<FrmTable>(main, 20);
+    auto* window = tool<FrmTable>(main, Tool::Table);
     const std::array<std::pair<const char*, const char*>, 3> rows = {
         {{"Height", "38 cm"}, {"Weight", "2 kg"}, {"Made in the 1930s, newly wired", ""}}};
     for (const auto& [left, right] : rows) {
@@ -305,12 +305,12 @@ QWidget* twoCellColors(MainWindow& main)
 
 QWidget* listChoose(MainWindow& main)
 {
-    return tool<FrmListChoose>(main, 21);
+    return tool<FrmListChoose>(main, Tool::List);
 }
 
 FrmList* filledList(MainWindow& main)
 {
-    click(tool<FrmListChoose>(main, 21)->Command1);
+    click(tool<FrmListChoose>(main, Tool::List)->Command1);
     auto* window = shown<FrmList>();
     for (const char* word : {"Polished brass", "Green shade", "New wiring"}) {
         overtype(window->Text1, QString::fromLatin1(word));
@@ -332,7 +332,7 @@ QWidget* fonts(MainWindow& main)
 
 FrmList2* filledList2(MainWindow& main)
 {
-    click(tool<FrmListChoose>(main, 21)->Command2);
+    click(tool<FrmListChoose>(main, Tool::List)->Command2);
     auto* window = shown<FrmList2>();
     for (const char* word : {"Polished brass", "Green shade", "New wiring"}) {
         overtype(window->Text1, QString::fromLatin1(word));

@@ -525,7 +525,7 @@ void TestAccessible::toolsOpenByKey()
     main.web->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(main.web, Patience));
     QTest::keyClick(main.web->windowHandle(), Qt::Key_Tab, Qt::ControlModifier);
-    const QWidget* tool = main.web->Toolbar1->widgetForAction(main.web->toolbarButton(22));
+    const QWidget* tool = main.web->Toolbar1->widgetForAction(main.web->toolbarButton(Tool::Rule));
     for (int key = 0; key < 22 && QApplication::focusWidget() != tool; ++key)
         QTest::keyClick(main.web->windowHandle(), Qt::Key_Right);
     QCOMPARE(QApplication::focusWidget(), tool);

@@ -406,9 +406,9 @@ public:
 
     /// Presses a button of the toolbar and waits for its window.
     template <typename F>
-    F* tool(int toolbarIndex)
+    F* tool(Tool wanted)
     {
-        press(toolbarIndex);
+        press(wanted);
         return shown<F>();
     }
     template <typename F>
@@ -685,7 +685,7 @@ void TestSecurity::terms()
     for (const char* name : {"weblst.ini", "weblst2.ini", "weblst3.ini"})
         main.folder.write(QString::fromLatin1(name), html.toUtf8());
 
-    auto* page1 = main.tool<FrmBuild1>(15);
+    auto* page1 = main.tool<FrmBuild1>(Tool::Create);
     overtype(page1->Text1, QStringLiteral("Lamp"));
     overtype(page1->Text2, QStringLiteral("fine"));
     page1->SSTab1->setTab(2);
@@ -707,7 +707,7 @@ void TestSecurity::terms()
 void TestSecurity::pictureAddresses()
 {
     Program main;
-    auto* page1 = main.tool<FrmBuild1>(15);
+    auto* page1 = main.tool<FrmBuild1>(Tool::Create);
     overtype(page1->Text1, fragment(main.traps, QStringLiteral("title"), QString()));
     overtype(page1->Text2, fragment(main.traps, QStringLiteral("description"), QString()));
     page1->SSTab1->setTab(1);
@@ -724,7 +724,7 @@ void TestSecurity::pictureAddresses()
 void TestSecurity::pictureTool()
 {
     Program main;
-    auto* tool = main.tool<Pics>(19);
+    auto* tool = main.tool<Pics>(Tool::Picture);
     overtype(tool->Text1, fragment(main.traps, QStringLiteral("pics"), QStringLiteral("x\">")));
     QTest::keyClick(tool->Text1, Qt::Key_Return);
     QTRY_VERIFY(pageBody(tool->WebBrowser1).contains(QStringLiteral("<iframe")));
@@ -753,20 +753,20 @@ void TestSecurity::colourFiles()
     main.folder.write(QStringLiteral("sent.fpc"), file);
     const QString path = main.folder.path(QStringLiteral("sent.fpc"));
 
-    auto* fader = main.tool<Fader5>(18);
+    auto* fader = main.tool<Fader5>(Tool::Font);
     QTest::keyClicks(fader->Text1, QStringLiteral("word"));
     main.doors.answerOpen(path);
     click(fader->Command5);
     QCOMPARE(main.sprungOn(fader->WebBrowser1), QString());
     click(fader->Command2);
 
-    auto* rule = main.tool<FrmHR>(22);
+    auto* rule = main.tool<FrmHR>(Tool::Rule);
     main.doors.answerOpen(path);
     click(rule->Command10);
     QCOMPARE(main.sprungOn(rule->WebBrowser1), QString());
     click(rule->Command6);
 
-    auto* body = main.tool<FrmBody>(17);
+    auto* body = main.tool<FrmBody>(Tool::Body);
     main.doors.answerOpen(path);
     click(body->Command5);
     click(body->Command1);
@@ -785,7 +785,7 @@ void TestSecurity::savedTitles()
     main.folder.write(QStringLiteral("webstyle.ini"), set);
     main.folder.write(QStringLiteral("webstyle2.ini"), "set\r\n");
 
-    auto* page1 = main.tool<FrmBuild1>(15);
+    auto* page1 = main.tool<FrmBuild1>(Tool::Create);
     overtype(page1->Text1, QStringLiteral("Lamp"));
     overtype(page1->Text2, QStringLiteral("fine"));
     auto* page2 = main.secondPage(page1);
@@ -809,7 +809,7 @@ void TestSecurity::lists()
     auto* words = main.shown<FrmWord>();
     QCOMPARE(words->List1->List(0), html);
     words->List1->setListIndex(0);
-    auto* table = main.tool<FrmTable>(20);
+    auto* table = main.tool<FrmTable>(Tool::Table);
     QCOMPARE(table->Combo1->List(0), html);
     table->Combo1->showPopup();
     QTest::qWait(100);
@@ -908,7 +908,7 @@ void TestSecurity::fragments()
 void TestSecurity::fragmentsInTerms()
 {
     Program main;
-    auto* page1 = main.tool<FrmBuild1>(15);
+    auto* page1 = main.tool<FrmBuild1>(Tool::Create);
     page1->SSTab1->setTab(2);
     click(page1->Command3);
     DocumentSurface* surface = main.shown<FrmTerms>()->WebBrowser1;

@@ -1286,7 +1286,7 @@ void TestFrmBuild1::toolbarOpensThePage()
     main->Show();
     QVERIFY(QTest::qWaitForWindowActive(main));
     const auto press = [main] {
-        QTest::mouseClick(main->Toolbar1->widgetForAction(main->toolbarButton(15)), Qt::LeftButton);
+        QTest::mouseClick(main->Toolbar1->widgetForAction(main->toolbarButton(Tool::Create)), Qt::LeftButton);
     };
     main->document().setDirty(true);
     script.answerMsgBox(MsgAnswer::Cancel);

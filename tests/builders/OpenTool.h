@@ -10,10 +10,10 @@
 
 /// A tool's window beside a main window.
 template <typename F>
-class Tool : public MainWindow
+class OpenTool : public MainWindow
 {
 public:
-    Tool() { show(); }
+    OpenTool() { show(); }
 
     F* tool = nullptr;
 
