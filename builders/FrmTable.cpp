@@ -538,8 +538,10 @@ void FrmTable::saveSet(const QString& title)
             return QString::fromLatin1(options->at(size_t(chosen(*this, *options))).word);
         },
     };
+    QList<ProfileValue> values;
     for (const SavedKey& entry : SavedKeys)
-        WriteProfile(title, QString::fromLatin1(entry.key), std::visit(saved, entry.holder), setsFile());
+        values << ProfileValue{title, QString::fromLatin1(entry.key), std::visit(saved, entry.holder)};
+    WriteProfile(values, setsFile());
 }
 
 /// The bars of the sizes stay where they are: the next one that moves takes its size back.
@@ -559,10 +561,11 @@ void FrmTable::loadSet(const QString& title)
             }
         },
     };
+    const Profile sets(setsFile());
     for (const SavedKey& entry : SavedKeys) {
         if (&entry == &SavedKeys.back())
             bringAutoColorInLine();
-        value = ReadProfile(title, QString::fromLatin1(entry.key), setsFile());
+        value = sets.value(title, QString::fromLatin1(entry.key));
         std::visit(load, entry.holder);
     }
     Command9_Click();

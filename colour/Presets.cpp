@@ -53,8 +53,9 @@ try {
         return false;
     if (before)
         before();
+    const Profile file(dialog.FileName);
     for (const Preset::Entry& entry : preset.entries)
-        take(entry, ReadProfile(preset.section, entry.key, dialog.FileName));
+        take(entry, file.value(preset.section, entry.key));
     return true;
 } catch (const RuntimeError&) {
     return false; // a colour that is none

@@ -49,8 +49,9 @@ color::color()
 /// The bars stay at zero: the sample is the row's value.
 void color::loadColors()
 try {
+    const Profile settings(webIni());
     for (const StoredColor& entry : StoredColors) {
-        const QString value = ReadProfile(Section, QString::fromLatin1(entry.key), webIni());
+        const QString value = settings.value(Section, QString::fromLatin1(entry.key));
         (this->*entry.sample)->setBackColor(toInteger32(value));
     }
 } catch (const RuntimeError&) {

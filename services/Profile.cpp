@@ -185,24 +185,33 @@ QString webIni()
     return appFile(QStringLiteral("\\web.ini"));
 }
 
-QString ReadProfile(const QString& section, const QString& key, const QString& file)
+Profile::Profile(const QString& file)
 {
     if (!FileLenExists(file))
-        return {};
+        return;
     try {
-        const QByteArray bytes = readFile(file);
-        const Place place = find(bytes, section, key);
-        const QByteArrayView value =
-            QByteArrayView(bytes).sliced(place.valueBegin, place.valueEnd - place.valueBegin);
-        return cutValue(textOf(withoutQuotes(value.trimmed())));
+        m_bytes = readFile(file);
     } catch (const RuntimeError&) {
-        return {};
+        // What can't be read has no keys.
     }
 }
 
-int ReadCheckBox(const QString& section, const QString& key)
+QString Profile::value(const QString& section, const QString& key) const
 {
-    return ReadProfile(section, key, webIni()) == QLatin1String("1") ? 1 : 0;
+    const Place place = find(m_bytes, section, key);
+    const QByteArrayView value =
+        QByteArrayView(m_bytes).sliced(place.valueBegin, place.valueEnd - place.valueBegin);
+    return cutValue(textOf(withoutQuotes(value.trimmed())));
+}
+
+int Profile::checkBox(const QString& section, const QString& key) const
+{
+    return value(section, key) == QLatin1String("1") ? 1 : 0;
+}
+
+QString ReadProfile(const QString& section, const QString& key, const QString& file)
+{
+    return Profile(file).value(section, key);
 }
 
 void WriteProfile(const QString& section, const QString& key, const QString& value, const QString& file)

@@ -1,13 +1,14 @@
 #pragma once
 
+#include <QByteArray>
 #include <QList>
 #include <QString>
 
 class ListObject;
 
 // All settings are plain files: profile files, with `[section]` headers and `key=value` lines, and list
-// files, with one entry a line. Their text is UTF-8. Nothing is cached: each call opens, reads or writes, and
-// closes.
+// files, with one entry a line. Their text is UTF-8. Nothing is cached beyond one step of work: each call
+// opens, reads or writes, and closes.
 //
 // In a profile file, section and key names compare without regard to case or to blanks around them, and the
 // first section of a name, the first key of a name in it, count. A section's name runs to the last "]" of its
@@ -17,14 +18,27 @@ class ListObject;
 /// The program's main settings file, \web.ini.
 QString webIni();
 
-/// The value of a key; empty when the file, the section or the key is missing or the file can't be read.
-/// Blanks around the value and one pair of equal quotes (" or ') around it are not part of it. A value is cut
-/// to 254 characters (UTF-16 units), or to 253 where the last would be half of one.
-QString ReadProfile(const QString& section, const QString& key, const QString& file);
+/// A profile file as it was at one moment, for a step that reads several keys.
+class Profile
+{
+public:
+    /// Reads the file; one that is missing or can't be read has no keys.
+    explicit Profile(const QString& file);
 
-/// A check box that the main settings file keeps: 1 where the key's value is "1"; 0 for any other, and where
-/// the key is missing.
-int ReadCheckBox(const QString& section, const QString& key);
+    /// The value of a key; empty when the section or the key is missing. Blanks around the value and one pair
+    /// of equal quotes (" or ') around it are not part of it. A value is cut to 254 characters (UTF-16
+    /// units), or to 253 where the last would be half of one.
+    QString value(const QString& section, const QString& key) const;
+    /// A check box that the file keeps: 1 where the key's value is "1"; 0 for any other, and where the key is
+    /// missing.
+    int checkBox(const QString& section, const QString& key) const;
+
+private:
+    QByteArray m_bytes;
+};
+
+/// The value of one key, as `Profile` gives it.
+QString ReadProfile(const QString& section, const QString& key, const QString& file);
 
 /// Sets the value of a key. An existing key keeps its place, its spelling and its line end; a new key goes to
 /// the end of its section, before blank lines; a new section goes to the end of the file; a missing file is

@@ -54,6 +54,8 @@ void Document::open(const QString& path)
 {
     m_name = path;
     try {
+        if (QFileInfo(path).size() > EditedText::MostBytes)
+            throw RuntimeError(ErrorNumber::PathFileAccess, QStringLiteral("File too large"));
         m_text.load(readFile(path));
     } catch (const RuntimeError&) {
         blank();

@@ -54,7 +54,8 @@ public:
     /// Makes it an empty one without a name.
     void blank();
     /// Makes it what the file at `path` holds. As loading is a change of the text, it counts as unsaved.
-    /// Throws RuntimeError as `readFile` does; it is blank then.
+    /// Throws RuntimeError as `readFile` does, and for a file of more than `EditedText::MostBytes`; it is
+    /// blank then.
     void open(const QString& path);
     /// Writes `bytes` and a line end to `path`, and is of that name then, without unsaved changes. False for
     /// `isText`: the bytes are not its text, which stays in the journal. Throws RuntimeError(PathFileAccess);

@@ -14,9 +14,9 @@ namespace {
 
 const QString FontSection = QStringLiteral("Font");
 
-QString fontSetting(const char* key)
+QString fontSetting(const Profile& settings, const char* key)
 {
-    return ReadProfile(FontSection, QString::fromLatin1(key), webIni());
+    return settings.value(FontSection, QString::fromLatin1(key));
 }
 
 /// A colour of the highlight; no value when the setting is missing or isn't a number.
@@ -34,20 +34,21 @@ std::optional<int> highlightColor(const char* key)
 /// Throws RuntimeError(TypeMismatch) when size, bold or italic can't be read as what they are.
 void FrmWeb::loadEditorFont()
 {
+    const Profile settings(webIni());
     QFont font = RichTextBox1->textFont();
-    const QString name = fontSetting("name");
+    const QString name = fontSetting(settings, "name");
     if (!name.isEmpty()) // no face is called by no name: the one that is there stays
         font.setFamily(name);
-    font.setPointSizeF(qBound(1.0F, toSingle(fontSetting("size")), 500.0F));
-    font.setBold(toBoolean(fontSetting("bold")));
-    font.setItalic(toBoolean(fontSetting("italic")));
+    font.setPointSizeF(qBound(1.0F, toSingle(fontSetting(settings, "size")), 500.0F));
+    font.setBold(toBoolean(fontSetting(settings, "bold")));
+    font.setItalic(toBoolean(fontSetting(settings, "italic")));
     RichTextBox1->setTextFont(font);
 }
 
 /// Throws RuntimeError(TypeMismatch) when `BG` is missing or isn't a number.
 void FrmWeb::loadEditorBackground()
 {
-    setEditorBackground(toInteger32(fontSetting("BG")));
+    setEditorBackground(toInteger32(fontSetting(Profile(webIni()), "BG")));
 }
 
 void FrmWeb::setEditorBackground(int color)
@@ -81,9 +82,11 @@ void FrmWeb::munsetfont_Click()
     font.setItalic(dialog.Font.italic());
     RichTextBox1->setTextFont(font);
 
+    const Profile settings(webIni());
     QList<ProfileValue> values;
-    const auto keep = [&values](const char* key, bool changed, const QString& value) {
-        if (changed || fontSetting(key).isEmpty()) // what the user left stays as the settings have it
+    const auto keep = [&](const char* key, bool changed, const QString& value) {
+        if (changed ||
+            fontSetting(settings, key).isEmpty()) // what the user left stays as the settings have it
             values << ProfileValue{FontSection, QString::fromLatin1(key), value};
     };
     keep("name", font.family() != before.family(), font.family());

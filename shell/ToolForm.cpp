@@ -9,7 +9,7 @@
 
 void keepInSettings(CheckBox* box, const QString& section, const QString& key)
 {
-    box->setValue(ReadCheckBox(section, key));
+    box->setValue(Profile(webIni()).checkBox(section, key));
     on(box, &CheckBox::Click, box,
        [box, section, key] { WriteProfile(section, key, fromNumber(box->Value()), webIni()); });
 }

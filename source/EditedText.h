@@ -4,11 +4,15 @@
 
 #include <QByteArray>
 #include <functional>
+#include <limits>
 
 /// The text of a document while it is edited: bytes, whatever holds and shows them.
 class EditedText
 {
 public:
+    /// How much can be edited, in bytes: the component counts with 32 bits.
+    static constexpr qint64 MostBytes = std::numeric_limits<qint32>::max();
+
     virtual ~EditedText() = default;
 
     virtual QByteArray Text() const = 0;
@@ -18,6 +22,7 @@ public:
     virtual bool isEmpty() const = 0;
     /// What the bytes mean.
     virtual TextEncoding textEncoding() const = 0;
-    /// Takes the text of another document: undo doesn't reach behind it. Decides the encoding anew.
+    /// Takes the text of another document: undo doesn't reach behind it. Decides the encoding anew. Throws
+    /// RuntimeError(PathFileAccess) when it takes more than `MostBytes` to edit it.
     virtual void load(const QByteArray& text) = 0;
 };

@@ -178,10 +178,15 @@ void RichTextBox::setText(const QByteArray& text)
 void RichTextBox::setText(const QByteArray& text, TextEncoding encoding)
 {
     const auto signs = hourglass(text.size());
+    ByteMap map;
+    map.setEncoding(encoding);
+    const QByteArray inner = map.toInner(text);
+    if (inner.size() > MostBytes)
+        throw RuntimeError(ErrorNumber::PathFileAccess, QStringLiteral("File too large"));
     Step step(this);
     UndoGroup group(this);
     setEncoding(encoding);
-    replaceInner({0, innerLength()}, m_map.toInner(text));
+    replaceInner({0, innerLength()}, inner);
     selectInner({0, 0});
     m_textChanged = true;
     m_selectionSet = true;

@@ -54,7 +54,9 @@ QString literal(const QString& text)
     for (const QChar character : text) {
         const char16_t unit = character.unicode();
         if (unit < 0x20 || unit == 0x2028 || unit == 0x2029 || character.isSurrogate()) {
-            quoted += QStringLiteral("\\u%1").arg(unit, 4, 16, QLatin1Char('0'));
+            quoted += QLatin1String("\\u");
+            for (const int shift : {12, 8, 4, 0})
+                quoted += QLatin1Char("0123456789abcdef"[unit >> shift & 0xF]);
             continue;
         }
         if (unit == u'"' || unit == u'\\')

@@ -116,11 +116,6 @@ QString flag(bool on)
     return on ? QStringLiteral("1") : QStringLiteral("0");
 }
 
-QString setting(const char* section, const char* key)
-{
-    return ReadProfile(QLatin1String(section), QLatin1String(key), webIni());
-}
-
 void keep(const char* section, const char* key, bool on)
 {
     WriteProfile(QLatin1String(section), QLatin1String(key), flag(on), webIni());
@@ -131,16 +126,12 @@ ProfileValue kept(const char* section, const char* key, const QString& value)
     return {QLatin1String(section), QLatin1String(key), value};
 }
 
-void restoreBox(CheckBox* box, const char* section, const char* key)
-{
-    box->setValue(ReadCheckBox(QLatin1String(section), QLatin1String(key)));
-}
-
 /// The first option that was kept as set wins; none leaves the page's own choice.
-void restoreOptions(const Ui::FrmBuild1* page, std::span<const KeptOption> options, const char* section)
+void restoreOptions(const Ui::FrmBuild1* page, const Profile& settings, std::span<const KeptOption> options,
+                    const char* section)
 {
     for (const auto& [option, key] : options) {
-        if (setting(section, key) == flag(true)) {
+        if (settings.checkBox(QLatin1String(section), QLatin1String(key)) == 1) {
             (page->*option)->setValue(true);
             return;
         }
@@ -156,9 +147,8 @@ void keepOptions(const Ui::FrmBuild1* page, std::span<const KeptOption> options,
 }
 
 /// An "Other" text, which is kept as "0" while it is empty.
-void restoreOther(QLineEdit* field, const char* section, const char* key)
+void restoreOther(QLineEdit* field, const QString& value)
 {
-    const QString value = setting(section, key);
     if (value != flag(false))
         field->setText(value);
 }
@@ -266,25 +256,32 @@ void FrmBuild1::connectHandlers()
 /// The load step. A control that changes runs its handler, so lists and enabled fields follow.
 void FrmBuild1::restore()
 {
+    const Profile settings(webIni());
+    const auto text = [&settings](const char* section, const char* key) {
+        return settings.value(QLatin1String(section), QLatin1String(key));
+    };
+    const auto restoreBox = [&settings](CheckBox* box, const char* section, const char* key) {
+        box->setValue(settings.checkBox(QLatin1String(section), QLatin1String(key)));
+    };
     for (const LineBox& entry : PaymentBoxes)
         restoreBox(this->*entry.box, PaymentSection, entry.key);
-    restoreOther(Txtother, PaymentSection, OtherPaymentKey);
+    restoreOther(Txtother, text(PaymentSection, OtherPaymentKey));
 
-    restoreOptions(this, LocationOptions, LocationSection);
+    restoreOptions(this, settings, LocationOptions, LocationSection);
     if (OptLS3->Value()) {
         for (const LineBox& entry : RegionBoxes)
             restoreBox(this->*entry.box, LocationSection, entry.key);
-        restoreOther(Txtother2, LocationSection, OtherRegionKey);
+        restoreOther(Txtother2, text(LocationSection, OtherRegionKey));
     }
 
-    restoreOptions(this, PaysOptions, PaysSection);
+    restoreOptions(this, settings, PaysOptions, PaysSection);
     restoreBox(ChkZC, PaysSection, "chk");
     restoreBox(ChkTR1, PaysSection, "chk2");
-    TxST1->setText(setting(PaysSection, "txt"));
-    TxST2->setText(setting(PaysSection, "txt2"));
+    TxST1->setText(text(PaysSection, "txt"));
+    TxST2->setText(text(PaysSection, "txt2"));
     for (const Cost& cost : Costs) {
-        (this->*cost.dollars)->setText(setting(PaysSection, cost.dollarsKey));
-        (this->*cost.cents)->setText(setting(PaysSection, cost.centsKey));
+        (this->*cost.dollars)->setText(text(PaysSection, cost.dollarsKey));
+        (this->*cost.cents)->setText(text(PaysSection, cost.centsKey));
     }
     restoreBox(ChkSlist, PaysSection, "ChkSlist");
 }

@@ -95,6 +95,7 @@ void saveColorSet(const PageLook& look, const QString& name)
 
 void loadColorSet(PageLook& look, const QString& name)
 {
+    const Profile sets(setsFile());
     for (size_t i = 0; i < ColorFields.size(); ++i)
-        look.*ColorFields[i].field = ReadProfile(name, QString::number(i + 1), setsFile());
+        look.*ColorFields[i].field = sets.value(name, QString::number(i + 1));
 }

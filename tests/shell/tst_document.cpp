@@ -656,6 +656,7 @@ void TestDocument::openMissingFileResetsSilently_data()
     QTest::newRow("no file") << QStringLiteral("missing.htm");
     QTest::newRow("no folder") << QStringLiteral("missing/page.htm");
     QTest::newRow("a folder") << QStringLiteral("folder.htm");
+    QTest::newRow("2 GB") << QStringLiteral("large.htm");
 }
 
 void TestDocument::openMissingFileResetsSilently()
@@ -663,6 +664,8 @@ void TestDocument::openMissingFileResetsSilently()
     QFETCH(QString, name);
     MainWindow window;
     QVERIFY(QDir(window.folder.path(QString())).mkdir(QStringLiteral("folder.htm")));
+    QFile large(window.folder.path(QStringLiteral("large.htm"))); // takes no room on the disk
+    QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(qint64(1) << 31));
     window.type(QStringLiteral("word"));
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     window.doors.takeAsked();
