@@ -138,6 +138,12 @@ std::optional<TextMatch> TextSearch::find(QByteArrayView text, qsizetype from, q
     return match;
 }
 
+qsizetype TextSearch::indexIn(QByteArrayView text, qsizetype from) const
+{
+    const std::optional<TextMatch> match = find(text, std::min(from, text.size()), text.size());
+    return match ? match->position : -1;
+}
+
 std::optional<TextMatch> TextSearch::next(QByteArrayView text, qsizetype from) const
 {
     for (qsizetype position = candidate(text, from); position < text.size();

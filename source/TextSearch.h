@@ -33,6 +33,8 @@ public:
 
     /// The first match at or behind `from` that ends at or before `end`; both lie within the text.
     std::optional<TextMatch> find(QByteArrayView text, qsizetype from, qsizetype end) const;
+    /// The position of the first match at or behind `from`, which may lie behind the text; -1 without one.
+    qsizetype indexIn(QByteArrayView text, qsizetype from) const;
 
 private:
     /// A character of the wanted text, in the spellings that count as the same.

@@ -31,6 +31,7 @@ private slots:
     void find();
     void bounds_data();
     void bounds();
+    void index();
     void overlappingMatches();
     void agreesWithPlainSearch();
 };
@@ -135,6 +136,18 @@ void TestTextSearch::bounds()
     QFETCH(int, options);
     const TextMatch found = TextSearch("ab", options).find("abXabXabc", from, end).value_or(None);
     QTEST(static_cast<int>(found.position), "position");
+}
+
+void TestTextSearch::index()
+{
+    const TextSearch search("ab", Any);
+    const QByteArray text = "xABxab";
+    QCOMPARE(search.indexIn(text, 0), qsizetype(1));
+    QCOMPARE(search.indexIn(text, 1), qsizetype(1));
+    QCOMPARE(search.indexIn(text, 2), qsizetype(4));
+    for (const qsizetype from : {5, 6, 7, 1000}) // also behind the text
+        QCOMPARE(search.indexIn(text, from), qsizetype(-1));
+    QCOMPARE(search.indexIn(QByteArrayView(), 2), qsizetype(-1));
 }
 
 void TestTextSearch::overlappingMatches()
