@@ -12,6 +12,7 @@ namespace targets {
 void fade(const QByteArray& bytes);
 void faderfragment(const QByteArray& bytes);
 void generator(const QByteArray& bytes);
+void highlight(const QByteArray& bytes);
 void list(const QByteArray& bytes);
 void preset(const QByteArray& bytes);
 void profile(const QByteArray& bytes);

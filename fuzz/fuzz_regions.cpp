@@ -1,49 +1,52 @@
 #include "Fuzz.h"
-#include "platform/RuntimeError.h"
-#include "shell/Regions.h"
-#include "source/RichTextBox.h"
+#include "shell/ListingParts.h"
+
+#include <algorithm>
 
 namespace {
 
-/// The part between the last opening marker and the next closing one. No value: an opening marker has none.
-struct Part
-{
-    qsizetype start = 0;
-    qsizetype length = 0;
-};
-
-std::optional<Part> partOf(const QByteArray& text, const MarkerPair& pair)
+/// The part between the last opening marker and the next closing one, or from the first that has none: its
+/// length is negative then. No value: no opening marker.
+std::optional<TextRange> partOf(const QByteArray& text, const MarkerPair& pair)
 {
     const QByteArray lower = text.toLower();
     const QByteArray opening = pair.opening.toByteArray().toLower();
     const QByteArray closing = pair.closing.toByteArray().toLower();
-    Part part{0, text.size()};
+    std::optional<TextRange> part;
     for (qsizetype at = lower.indexOf(opening); at >= 0; at = lower.indexOf(opening, at + 1)) {
-        const qsizetype end = lower.indexOf(closing, at);
-        if (end < 0)
-            return std::nullopt;
-        part = {at + opening.size(), end - at - opening.size()};
+        const qsizetype inside = at + opening.size();
+        part = {inside, lower.indexOf(closing, at) - inside};
+        if (part->length < 0)
+            break;
     }
     return part;
 }
 
+/// The design style whose marker comes first behind `from`, and not at the very start.
+std::optional<size_t> styleOf(const QByteArray& text, qsizetype from)
+{
+    for (size_t style = 0; style < StyleMarkers.size(); ++style) {
+        if (text.toLower().indexOf(StyleMarkers.at(style).toByteArray(), from) >= 1)
+            return style;
+    }
+    return std::nullopt;
+}
+
 } // namespace
 
-/// A document in the source box: each part is what stands between its markers, and the text stays.
+/// A document: each part is what stands between its markers, the style is what its marker says, and the
+/// beginning has whole characters.
 void targets::regions(const QByteArray& bytes)
 {
-    static RichTextBox& box = *new RichTextBox; // making one takes long
-    box.load(bytes);
-    for (const MarkerPair& pair : Markers) {
-        const std::optional<Part> part = partOf(bytes, pair);
-        try {
-            selectRegion(box, pair.region);
-            hold(part.has_value(), "a part has a closing marker");
-            hold(box.SelStart() == part->start, "a part begins behind its marker");
-            hold(box.SelLength() == part->length, "a part ends before its marker");
-        } catch (const RuntimeError& error) {
-            hold(!part && error.number() == ErrorNumber::InvalidPropertyValue, "only torn parts are refused");
-        }
-    }
-    hold(box.Text() == bytes, "the text stays");
+    for (const MarkerPair& pair : Markers)
+        hold(findRegion(bytes, pair.region) == partOf(bytes, pair), "a part lies between its markers");
+    for (const qsizetype from : {qsizetype{0}, bytes.size() / 2})
+        hold(listingStyle(bytes, from) == styleOf(bytes, from), "the style is that of the first marker");
+
+    const QByteArray longText = QByteArray(90'000 - bytes.size() / 2, 'x') + bytes;
+    const qsizetype most = std::min<qsizetype>(longText.size(), 90'000);
+    hold(lengthOfBeginning(longText, TextEncoding::Western) == most, "a Western character is a byte");
+    const QByteArray beginning = longText.first(lengthOfBeginning(longText, TextEncoding::Utf8));
+    hold(beginning.size() <= most && beginning.size() > most - 4, "the beginning is as long as it may be");
+    hold(beginning.isValidUtf8() || !longText.isValidUtf8(), "no half of a character");
 }

@@ -12,15 +12,11 @@ struct Target
 };
 
 constexpr Target Targets[] = {
-    {"fade", targets::fade},
-    {"faderfragment", targets::faderfragment},
-    {"generator", targets::generator},
-    {"list", targets::list},
-    {"preset", targets::preset},
-    {"profile", targets::profile},
-    {"readback", targets::readback},
-    {"regions", targets::regions},
-    {"replaceall", targets::replaceall},
+    {"fade", targets::fade},           {"faderfragment", targets::faderfragment},
+    {"generator", targets::generator}, {"highlight", targets::highlight},
+    {"list", targets::list},           {"preset", targets::preset},
+    {"profile", targets::profile},     {"readback", targets::readback},
+    {"regions", targets::regions},     {"replaceall", targets::replaceall},
 };
 
 } // namespace

@@ -9,6 +9,7 @@
 #include "services/PictureHtml.h"
 #include "shell/FrmWeb.h"
 #include "shell/Generator.h"
+#include "shell/GeneratorTag.h"
 #include "shell/Regions.h"
 
 #include <QCursor>

@@ -1,21 +1,30 @@
 #include "shell/Generator.h"
 
 #include "platform/RuntimeError.h"
-#include "shell/Highlight.h"
+#include "shell/GeneratorTag.h"
+#include "shell/WorkingSelection.h"
 #include "source/RichTextBox.h"
 
 void stampGenerator(RichTextBox& box)
 {
+    const QByteArray stamp = GeneratorStart;
     const int caret = box.SelStart();
     box.setSelStart(0);
-    box.setSelLength(WorkingSelection);
-    for (int tag = box.Find("<META content=", 0); tag != -1; tag = box.Find("<META content=", tag + 1)) {
-        const int name = box.Find(" name=GENERATOR>", tag);
-        if (name == -1) // a torn tag ends the program before anything in it is touched
-            throw RuntimeError(ErrorNumber::InvalidPropertyValue);
-        box.setSelStart(tag);
-        box.setSelLength(name - tag + 1); // up to and with the blank before "name"
-        box.setSelText(GeneratorStart);
+    box.setSelLength(WorkingSelection); // its notification makes the document count as changed
+    const GeneratorTags tags = findGeneratorTags(box.Text());
+    qsizetype moved = 0; // how far the stamps have moved what stands behind them
+    const auto select = [&](const TextRange& range) {
+        box.setSelStart(static_cast<int>(range.start + moved));
+        box.setSelLength(static_cast<int>(range.length));
+    };
+    for (const TextRange& start : tags.starts) {
+        select(start);
+        box.setSelText(stamp);
+        moved += stamp.size() - start.length;
+    }
+    if (tags.torn) {
+        select(*tags.torn);
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
     }
     box.setSelStart(caret);
 }

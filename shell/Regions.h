@@ -5,7 +5,7 @@
 class FrmWeb;
 class RichTextBox;
 
-// The parts of a listing in the source box, found by their marker comments. Case plays no part in the search.
+// What the source box and the main window make of what `ListingParts.h` finds in the document.
 
 /// Selects the inside of a part of the listing, without its markers, and gives the source box the focus. Of
 /// several listings in one document the last one's part is selected; without any, the first 90000 bytes are.

@@ -1,5 +1,7 @@
 #include "MainWindow.h"
 #include "WebTestMain.h"
+#include "platform/RuntimeError.h"
+#include "shell/Generator.h"
 
 #include <QDir>
 #include <QFile>
@@ -197,6 +199,8 @@ private slots:
     void generatorIsStamped();
     void stampKeepsTheCaret();
     void stampWithoutSecondHalfEndsTheProgram();
+    void tornTagBehindWholeOnes();
+    void stampMakesDirty();
 };
 
 // ---- What counts as unsaved
@@ -1645,6 +1649,42 @@ void TestDocument::stampWithoutSecondHalfEndsTheProgram()
     window.doors.answerMsgBox(MsgAnswer::Ok);
     window.showTab(FrmWeb::EditorTab);
     QCOMPARE(window.doors.ended, 1);
+}
+
+/// The whole ones are stamped by then, each in a step of undo, and the torn one is shown.
+void TestDocument::tornTagBehindWholeOnes()
+{
+    const QByteArray first = "w\xC3\xB6rd<META content=a name=GENERATOR>";
+    const QByteArray second = "<META content=\"a long name of an engine\" name=GENERATOR>";
+    const QByteArray torn = "<META content=c>";
+    const QByteArray stamped = "<META content=\"Brindlemark 1.0\" name=GENERATOR>";
+    for (const QByteArray& behind : {QByteArray("end"), QByteArray("\xE9nd")}) { // UTF-8, Western
+        RichTextBox box;
+        box.load(first + second + torn + behind);
+        QVERIFY_EXCEPTION_THROWN(stampGenerator(box), RuntimeError);
+        QCOMPARE(box.Text(), "w\xC3\xB6rd" + stamped + stamped + torn + behind);
+        QCOMPARE(box.SelText(), QByteArray("<META content="));
+        QCOMPARE(box.SelStart(), int(5 + 2 * stamped.size()));
+        box.undo();
+        QCOMPARE(box.Text(), "w\xC3\xB6rd" + stamped + second + torn + behind);
+        box.undo();
+        QCOMPARE(box.Text(), first + second + torn + behind);
+    }
+}
+
+/// Also where there is nothing to stamp.
+void TestDocument::stampMakesDirty()
+{
+    const MainWindow window;
+    for (const QByteArray& text : {QByteArray("<P>word"), QByteArray("<META content=x name=GENERATOR>")}) {
+        window.web->RichTextBox1->setText(text);
+        window.web->Dirty = false;
+        stampGenerator(*window.web->RichTextBox1);
+        QVERIFY(window.web->Dirty);
+    }
+    window.web->RichTextBox1->setText(QByteArray());
+    stampGenerator(*window.web->RichTextBox1);
+    QVERIFY(!window.web->Dirty);
 }
 
 WEB_TEST_MAIN(TestDocument)

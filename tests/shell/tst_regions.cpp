@@ -1,5 +1,6 @@
 #include "MainWindow.h"
 #include "WebTestMain.h"
+#include "platform/RuntimeError.h"
 #include "shell/FrmPop.h"
 #include "shell/Regions.h"
 
@@ -22,6 +23,7 @@ private slots:
     void withoutMarkersWholeCharactersAreTaken();
     void closingMarkerGone_data();
     void closingMarkerGone();
+    void tornPartBehindAWholeOne();
     void markerAtTheStart();
     void overtype();
     void selectOff();
@@ -36,6 +38,7 @@ private slots:
     void openedDocument();
     void declinedDocument();
     void editorComesBack();
+    void searchMakesDirty();
     void thousandListings();
     void listingPages_data();
     void listingPages();
@@ -248,6 +251,21 @@ void TestRegions::closingMarkerGone()
              qPrintable(asked.constFirst()));
     QVERIFY(asked.constFirst().contains(QStringLiteral("Recovered.htm")));
     QCOMPARE(window.folder.read(QStringLiteral("Recovered.htm")), text);
+}
+
+/// The caret shows where the part would begin.
+void TestRegions::tornPartBehindAWholeOne()
+{
+    const MainWindow window;
+    RichTextBox& source = *window.web->RichTextBox1;
+    const QByteArray front = "a<!-- Body-title -->1<!-- Body-title2 -->b<!-- Body-title -->";
+    for (const QByteArray& behind :
+         {QByteArray("2"), QByteArray("\xE9"), QByteArray("<!-- Body-title -->")}) {
+        source.setText(front + behind);
+        QVERIFY_EXCEPTION_THROWN(selectRegion(source, Region::Title), RuntimeError);
+        QCOMPARE(source.SelStart(), int(front.size()));
+        QCOMPARE(source.SelLength(), 0);
+    }
 }
 
 void TestRegions::markerAtTheStart()
@@ -467,6 +485,27 @@ void TestRegions::editorComesBack()
     window.web->RichTextBox1->setSelStart(int(window.source().indexOf("<P>")));
     window.showTab(FrmWeb::EditorTab);
     QCOMPARE(stateOf(window), QString());
+}
+
+/// Looking for a part or for the style moves the selection, and a moved selection counts as a change.
+void TestRegions::searchMakesDirty()
+{
+    const MainWindow window;
+    RichTextBox& source = *window.web->RichTextBox1;
+    source.setText("x<!-- body-buildwizard0 --><!-- Body-title -->Lamp<!-- Body-title2 -->");
+    window.web->Dirty = false;
+    UpdateRegionButtons(*window.web);
+    QVERIFY(window.web->Dirty);
+    for (int i = 0; i < 2; ++i) { // the second time the part is selected already
+        window.web->Dirty = false;
+        selectRegion(source, Region::Title);
+        QVERIFY(window.web->Dirty);
+        QCOMPARE(source.SelText(), QByteArray("Lamp"));
+    }
+    source.setText("x");
+    window.web->Dirty = false;
+    UpdateRegionButtons(*window.web);
+    QVERIFY(!window.web->Dirty);
 }
 
 void TestRegions::thousandListings()

@@ -1,0 +1,39 @@
+#include "shell/GeneratorTag.h"
+
+#include "platform/RuntimeError.h"
+#include "source/TextSearch.h"
+
+GeneratorTags findGeneratorTags(QByteArrayView text)
+{
+    const QByteArray opening = "<META content=";
+    const TextSearch tagStart(opening, 0);
+    const TextSearch tagName(" name=GENERATOR>", 0);
+    GeneratorTags tags;
+    qsizetype from = 0;
+    for (qsizetype tag = tagStart.indexIn(text, 0); tag != -1; tag = tagStart.indexIn(text, from)) {
+        const qsizetype name = tagName.indexIn(text, tag);
+        if (name == -1) {
+            tags.torn = TextRange{tag, opening.size()};
+            break;
+        }
+        from = name + 1; // another tag's start in between is replaced with it
+        tags.starts.push_back({tag, from - tag});
+    }
+    return tags;
+}
+
+QByteArray stamped(QByteArrayView text)
+{
+    const GeneratorTags tags = findGeneratorTags(text);
+    if (tags.torn)
+        throw RuntimeError(ErrorNumber::InvalidPropertyValue);
+    QByteArray result;
+    qsizetype done = 0;
+    for (const TextRange& start : tags.starts) {
+        result += text.sliced(done, start.start - done);
+        result += GeneratorStart;
+        done = start.end();
+    }
+    result += text.sliced(done);
+    return result;
+}
