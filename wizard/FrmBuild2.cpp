@@ -9,7 +9,7 @@
 #include "services/Desktop.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
-#include "shell/Generator.h"
+#include "shell/GeneratorTag.h"
 #include "shell/Highlight.h"
 #include "shell/Icons.h"
 #include "shell/Regions.h"
@@ -55,12 +55,11 @@ void unload()
 
 } // namespace
 
-FrmBuild2::FrmBuild2() : WebBrowser1(new DocumentSurface(this)), RTB1(new RichTextBox(this))
+FrmBuild2::FrmBuild2() : WebBrowser1(new DocumentSurface(this))
 {
     setupUi(this);
     Chk = {Chk0, Chk1, Chk2, Chk3};
     WebBrowser1->hide();
-    RTB1->hide();
     Command1->setIcon(namedIcon("go-previous", this));
     Command2->setIcon(namedIcon("go-next", this));
     for (ComboBox* combo : {Combo3, Combo4})
@@ -187,7 +186,7 @@ bool FrmBuild2::makePage()
     if (!WebBrowser1->write(listingPage(form<FrmBuild1>()->listing(), look(), readTerms())))
         return false;
     try {
-        RTB1->setText(RTB1->encode(WebBrowser1->innerHtml()));
+        RTB1 = WebBrowser1->innerHtml().toUtf8();
     } catch (const SurfaceLost&) {
         return false;
     }
@@ -204,7 +203,7 @@ bool FrmBuild2::generate()
                ProgramTitle, MsgIcon::Exclamation);
         return false;
     }
-    stampGenerator(*RTB1);
+    RTB1 = stamped(RTB1);
     return true;
 }
 
@@ -218,10 +217,10 @@ void FrmBuild2::Command23_Click()
     if (main->SSTab1->Tab() == FrmWeb::PreviewTab) {
         main->SSTab1->setTab(FrmWeb::EditorTab);
         main->RichTextBox1->setText(QByteArray());
-        main->RichTextBox1->setText(RTB1->Text());
+        main->RichTextBox1->setText(RTB1);
     }
     if (main->SSTab1->Tab() <= FrmWeb::EditorTab)
-        main->RichTextBox1->setText(RTB1->Text());
+        main->RichTextBox1->setText(RTB1);
     if (main->Check1 == 1)
         colorSource();
     updateStyleButtons(*main);
@@ -238,7 +237,7 @@ void FrmBuild2::Command24_Click()
     if (main->SSTab1->Tab() == FrmWeb::PreviewTab)
         main->SSTab1->setTab(FrmWeb::EditorTab);
     if (main->SSTab1->Tab() <= FrmWeb::EditorTab) {
-        main->RichTextBox1->setText(RTB1->Text());
+        main->RichTextBox1->setText(RTB1);
         main->SSTab1->setTab(FrmWeb::PreviewTab);
     }
     finish();

@@ -4,10 +4,10 @@
 #include "wizard/PageColors.h"
 #include "wizard/ui_FrmBuild2.h"
 
+#include <QByteArray>
 #include <QTimer>
 #include <array>
 
-class RichTextBox;
 class DocumentSurface;
 
 /// Page 2 of the listing wizard: design style, picture style and colours, and from here the finished page
@@ -57,6 +57,6 @@ private:
     PageLook m_look; // the colours; styles stand in the controls
     DrawingColors m_drawing;
     DocumentSurface* WebBrowser1; // the engine that the page passes through, out of view
-    RichTextBox* RTB1;            // the page, out of view
+    QByteArray RTB1;              // the page; always UTF-8, whatever the document or the page before was
     QTimer m_warmUp;
 };

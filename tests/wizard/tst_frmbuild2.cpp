@@ -146,6 +146,7 @@ private slots:
     void internetTabKeepsTheEditor();
     void pageIsStamped();
     void anyTextSurvives();
+    void pageIsUtf8WhateverTheDocumentWas();
     void colorsTheSource();
     void missingSourceColorEndsTheProgram();
     void plainSourceNeedsNoColors();
@@ -585,6 +586,18 @@ void TestFrmBuild2::anyTextSurvives()
              qPrintable(source()));
     QVERIFY(source().contains(QLatin1String("pay soon")));
     QVERIFY(source().contains(QString::fromUtf8("nach Österreich")));
+}
+
+void TestFrmBuild2::pageIsUtf8WhateverTheDocumentWas()
+{
+    RichTextBox& box = *form<FrmWeb>()->RichTextBox1;
+    for (const char* title : {"Caf\u00E9", "Lamp", "Caf\u00E9 \u65E5"}) {
+        box.setText("Western caf\xE9");
+        QVERIFY(box.textEncoding() == TextEncoding::Western);
+        click(openPage2(QString::fromUtf8(title))->Command23);
+        QVERIFY(box.textEncoding() == TextEncoding::Utf8);
+        QVERIFY2(box.Text().contains(title), box.Text().constData());
+    }
 }
 
 void TestFrmBuild2::colorsTheSource()
