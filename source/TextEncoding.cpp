@@ -3,6 +3,7 @@
 #include <QList>
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <optional>
 
 namespace {
@@ -40,6 +41,18 @@ std::optional<char> westernByte(char32_t character)
     return static_cast<char>(FirstSpecial + static_cast<char32_t>(found - SpecialCharacters.begin()));
 }
 
+bool isAscii(QChar character)
+{
+    return character.unicode() < FirstSpecial;
+}
+
+/// The characters at the beginning of a text that are of a kind.
+template <typename Kind>
+QStringView beginning(QStringView text, Kind isOfKind)
+{
+    return text.first(std::find_if_not(text.begin(), text.end(), isOfKind) - text.begin());
+}
+
 } // namespace
 
 TextEncoding encodingOf(const QByteArray& bytes)
@@ -53,12 +66,19 @@ QByteArray encode(const QString& text, TextEncoding encoding)
         return text.toUtf8();
     QByteArray bytes;
     bytes.reserve(text.size());
-    for (const char32_t character : text.toUcs4()) {
-        if (const std::optional<char> byte = westernByte(character)) {
-            bytes += *byte;
-        } else {
-            bytes += "&#" + QByteArray::number(static_cast<uint>(character)) + ';';
+    for (QStringView rest = text; !rest.isEmpty();) {
+        const QStringView plain = beginning(rest, isAscii); // most of a page
+        bytes += plain.toLatin1();
+        rest = rest.sliced(plain.size());
+        const QStringView others = beginning(rest, std::not_fn(isAscii));
+        for (const char32_t character : others.toUcs4()) {
+            if (const std::optional<char> byte = westernByte(character)) {
+                bytes += *byte;
+            } else {
+                bytes += "&#" + QByteArray::number(static_cast<uint>(character)) + ';';
+            }
         }
+        rest = rest.sliced(others.size());
     }
     return bytes;
 }
