@@ -1,0 +1,80 @@
+// What is found in the bytes of a page, without a window: the stretches of its highlight, a part of a
+// listing, the style, the generator tag. Beside the same bytes read once.
+
+#include "Measure.h"
+#include "shell/GeneratorTag.h"
+#include "shell/HighlightRuns.h"
+#include "shell/ListingParts.h"
+
+#include <cstring>
+
+namespace {
+
+/// A page with nine tags and two quoted values in each line of 120 bytes, and all that is looked for at its
+/// end.
+QByteArray page()
+{
+    const QByteArray line =
+        QByteArray("<TR><TD bgcolor=\"#FFFFFF\" align=center><FONT face=\"Arial\" size=2><B>a "
+                   "price of 12.50</B></FONT></TD></TR>\r\n");
+    const MarkerPair& title = markers(Region::Title);
+    return line.repeated(10'000'000 / line.size()) + StyleMarkers.back().toByteArray() +
+           title.opening.toByteArray() + "<B>Old wall clock</B>" + title.closing.toByteArray() +
+           "<META content=\"An engine\" name=GENERATOR>";
+}
+
+void walkHighlight(const QByteArray& text)
+{
+    constexpr HighlightColors Colors = {.tags = 1, .values = 2, .comments = 3, .scripts = 4, .text = 5};
+    qsizetype tagBytes = 0;
+    highlightRuns(text, Colors, [&](const ColorRun& run, double) {
+        if (run.color == Colors.tags)
+            tagBytes += run.range.length;
+    });
+    require(tagBytes > text.size() / 2, "the tags aren't coloured");
+}
+
+void findPart(const QByteArray& text)
+{
+    const auto part = findRegion(text, Region::Title);
+    require(part && text.sliced(part->start, part->length) == "<B>Old wall clock</B>", "a wrong part");
+}
+
+void findStyle(const QByteArray& text)
+{
+    require(listingStyle(text, 0) == 3, "a wrong style");
+}
+
+void stampTag(const QByteArray& text)
+{
+    require(stamped(text).endsWith("\"Brindlemark 1.0\" name=GENERATOR>"), "the tag isn't stamped");
+}
+
+struct Operation
+{
+    const char* name;
+    void (*run)(const QByteArray& text);
+    double most; // ms
+};
+
+constexpr Operation Operations[] = {
+    {"Highlight, 10 MB", walkHighlight, 1000},
+    {"Part of a listing, 10 MB", findPart, 100},
+    {"Style of a listing, 10 MB", findStyle, 100},
+    {"Generator stamp, 10 MB", stampTag, 100},
+};
+
+} // namespace
+
+int main()
+{
+    const QByteArray text = page();
+    for (const Operation& operation : Operations) {
+        measure({"Text of a page",
+                 operation.name,
+                 {.most = operation.most},
+                 {{Role::Ours, "bytes searched", timed([&] { operation.run(text); })},
+                  {Role::Limit, "memory read once",
+                   batched([&] { keep(std::memchr(text.constData(), '\0', size_t(text.size()))); })}}});
+    }
+}
