@@ -85,6 +85,8 @@ void TestTextEncoding::whatWesternCannotHoldBecomesAReference_data()
     QTest::newRow("latin, but of another page") << QStringLiteral("ő") << QByteArray("&#337;");
     QTest::newRow("control whose byte is taken") << QString(QChar(0x80)) << QByteArray("&#128;");
     QTest::newRow("half a pair") << QString(QChar(0xD83D)) << QByteArray("&#65533;");
+    QTest::newRow("plain and others in turns")
+        << QStringLiteral("a\u00E9日b\r\n€😀") << QByteArray("a\xE9&#26085;b\r\n\x80&#128512;");
 }
 
 void TestTextEncoding::whatWesternCannotHoldBecomesAReference()
