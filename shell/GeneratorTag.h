@@ -20,6 +20,7 @@ struct GeneratorTags
     std::optional<TextRange> torn;
 };
 
+/// Finds the tags of a text, up to the first torn one.
 GeneratorTags findGeneratorTags(QByteArrayView text);
 
 /// The text with the product's name in each generator tag. Throws RuntimeError(InvalidPropertyValue) for a
