@@ -174,9 +174,10 @@ void TestPageText::region()
 void TestPageText::everyRegion()
 {
     QByteArray text;
-    for (const MarkerPair& pair : Markers)
+    for (const MarkerPair& pair : Markers) {
         text += "\r\n" + pair.opening.toByteArray() + pair.closing.toByteArray().sliced(5, 8) +
                 pair.closing.toByteArray();
+    }
     for (const MarkerPair& pair : Markers) {
         const std::optional<TextRange> found = findRegion(text, pair.region);
         QVERIFY(found.has_value());
