@@ -153,7 +153,7 @@ void TestForms::formUnloadedWhileItsHandlerServesEventsLivesOn()
 void TestForms::failedLoadLeavesNoInstance()
 {
     Sample::failLoad = true;
-    QVERIFY_EXCEPTION_THROWN(form<Sample>(), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, form<Sample>());
     QVERIFY(!isLoaded<Sample>());
 }
 

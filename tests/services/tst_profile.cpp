@@ -654,7 +654,7 @@ void TestProfile::loadOfNoFileAddsNothing()
     QVERIFY(QDir(m_folder->path()).mkdir("Ils.ini"));
     LoadList(path("Ils.ini"), list);
     QCOMPARE(list.entries, QStringList());
-    QVERIFY_EXCEPTION_THROWN(LoadList("/proc/self/mem", list), RuntimeError); // it is there, but fails
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, LoadList("/proc/self/mem", list)); // it is there, but fails
 }
 
 void TestProfile::entryWithACommaComesBackAsTwo()

@@ -127,7 +127,7 @@ void TestDocumentModel::missingFile()
     Desk desk;
     desk.text.type("a");
     desk.document->keep();
-    QVERIFY_EXCEPTION_THROWN(desk.document->open(desk.path(QStringLiteral("none.htm"))), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, desk.document->open(desk.path(QStringLiteral("none.htm"))));
     QCOMPARE(desk.document->name(), QStringLiteral("Untitled"));
     QVERIFY(desk.text.isEmpty());
     QVERIFY(!desk.document->isDirty());
@@ -154,7 +154,7 @@ void TestDocumentModel::refusedSave()
     desk.text.type("a");
     desk.document->keep();
     const QString nowhere = desk.path(QStringLiteral("none/page.htm"));
-    QVERIFY_EXCEPTION_THROWN(desk.document->save(nowhere, "a", true), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, desk.document->save(nowhere, "a", true));
     QCOMPARE(desk.document->name(), QStringLiteral("Untitled"));
     QVERIFY(desk.document->isDirty());
     QVERIFY(desk.kept().startsWith("a"));

@@ -262,7 +262,7 @@ void TestRegions::tornPartBehindAWholeOne()
     for (const QByteArray& behind :
          {QByteArray("2"), QByteArray("\xE9"), QByteArray("<!-- Body-title -->")}) {
         source.setText(front + behind);
-        QVERIFY_EXCEPTION_THROWN(selectRegion(source, Region::Title), RuntimeError);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, selectRegion(source, Region::Title));
         QCOMPARE(source.SelStart(), int(front.size()));
         QCOMPARE(source.SelLength(), 0);
     }
@@ -493,19 +493,19 @@ void TestRegions::searchMakesDirty()
     const MainWindow window;
     RichTextBox& source = *window.web->RichTextBox1;
     source.setText("x<!-- body-buildwizard0 --><!-- Body-title -->Lamp<!-- Body-title2 -->");
-    window.web->Dirty = false;
+    window.web->document().setDirty(false);
     UpdateRegionButtons(*window.web);
-    QVERIFY(window.web->Dirty);
+    QVERIFY(window.web->Dirty());
     for (int i = 0; i < 2; ++i) { // the second time the part is selected already
-        window.web->Dirty = false;
+        window.web->document().setDirty(false);
         selectRegion(source, Region::Title);
-        QVERIFY(window.web->Dirty);
+        QVERIFY(window.web->Dirty());
         QCOMPARE(source.SelText(), QByteArray("Lamp"));
     }
     source.setText("x");
-    window.web->Dirty = false;
+    window.web->document().setDirty(false);
     UpdateRegionButtons(*window.web);
-    QVERIFY(!window.web->Dirty);
+    QVERIFY(!window.web->Dirty());
 }
 
 void TestRegions::thousandListings()

@@ -645,7 +645,7 @@ void TestWebBrowser::sentKeys()
     QCOMPARE(links.count(), 1);
     surface.sendKeys(QStringLiteral("^f"));
     QCOMPARE(finds.count(), 1);
-    QVERIFY_EXCEPTION_THROWN(surface.sendKeys(QStringLiteral("%x")), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, surface.sendKeys(QStringLiteral("%x")));
 }
 
 /// What is typed before the page has its caret, commands among it, comes in its order, once it has.
@@ -701,7 +701,7 @@ void TestWebBrowser::rendererEndsBetween()
     QSignalSpy died(&surface, &DocumentSurface::rendererDied);
     endRenderer(surface);
     QTRY_COMPARE(died.count(), 1);
-    QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost);
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, surface.innerHtml());
     QVERIFY(!surface.execCommand(QStringLiteral("Bold")));
     QVERIFY(surface.write(QStringLiteral("<p>b")));
     QCOMPARE(surface.innerHtml(), page(QStringLiteral("\r\n<P>b</P>")));
@@ -726,8 +726,8 @@ void TestWebBrowser::rendererEndsDuringRead()
     Surface surface(QStringLiteral("<p>word ").repeated(100000));
     QSignalSpy died(&surface, &DocumentSurface::rendererDied);
     endRendererSoon(surface);
-    QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost);
-    QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost); // not the empty document either
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, surface.innerHtml());
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, surface.innerHtml()); // not the empty document either
     QTest::qWait(100);
     QCOMPARE(died.count(), 0); // who asked was told
     QVERIFY(surface.write(QStringLiteral("x")));
@@ -773,7 +773,7 @@ void TestWebBrowser::endlessScript()
     QVERIFY(!browser.write(QStringLiteral("<script>for (;;);</script>")));
     QVERIFY(clock.elapsed() < 20000);
     QCOMPARE(browser.rendererPid(), 0); // nothing goes on for ever out of sight
-    QVERIFY_EXCEPTION_THROWN(browser.innerHtml(), SurfaceLost);
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, browser.innerHtml());
     QCOMPARE(died.count(), 0);
     browser.setPatience(5000);
     QVERIFY(browser.write(QStringLiteral("<p>ok")));
@@ -833,7 +833,7 @@ void TestWebBrowser::scriptMessages()
     bool replaced = true;
     desktop.during([&] {
         replaced = browser.write(QStringLiteral("too early"));
-        QVERIFY_EXCEPTION_THROWN(browser.innerHtml(), SurfaceLost);
+        QVERIFY_THROWS_EXCEPTION(SurfaceLost, browser.innerHtml());
     });
     desktop.answerMsgBox(MsgAnswer::Ok);
     QVERIFY(browser.write(QStringLiteral(
@@ -871,7 +871,7 @@ void TestWebBrowser::messageOfAnotherPage()
     bool replaced = true;
     desktop.during([&] {
         replaced = surface.write(QStringLiteral("too early"));
-        QVERIFY_EXCEPTION_THROWN(surface.innerHtml(), SurfaceLost);
+        QVERIFY_THROWS_EXCEPTION(SurfaceLost, surface.innerHtml());
         sample.writeSoon(QStringLiteral("<p>b"));
         QTest::qWait(100); // would show it now
     });
@@ -1311,7 +1311,7 @@ void TestWebBrowser::signsGoWithTheControl()
         delete surface;
     });
     look.start(10);
-    QVERIFY_EXCEPTION_THROWN(surface->evaluate(QStringLiteral("for (;;);")), SurfaceLost);
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, surface->evaluate(QStringLiteral("for (;;);")));
     QVERIFY(!QGuiApplication::overrideCursor());
     QVERIFY(!signWindowStands());
 }
@@ -1463,9 +1463,8 @@ void TestWebBrowser::formUnloadedWhileWaiting()
     QTimer::singleShot(20, browser, &QObject::deleteLater);
     QElapsedTimer waited;
     waited.start();
-    QVERIFY_EXCEPTION_THROWN(
-        browser->evaluate(QStringLiteral("const end = Date.now() + 300; while (Date.now() < end); 1")),
-        SurfaceLost);
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, browser->evaluate(QStringLiteral(
+                                              "const end = Date.now() + 300; while (Date.now() < end); 1")));
     QVERIFY(!alive);
     QVERIFY2(waited.elapsed() < 2000, "it waited for an answer that nobody hears");
 }

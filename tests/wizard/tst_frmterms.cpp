@@ -195,7 +195,7 @@ void TestFrmTerms::eachButtonOpensItsFile()
 void TestFrmTerms::noSuchFile()
 {
     for (int index : {-1, 3}) {
-        QVERIFY_EXCEPTION_THROWN(openTerms(index), RuntimeError);
+        QVERIFY_THROWS_EXCEPTION(RuntimeError, openTerms(index));
         QVERIFY(!isLoaded<FrmTerms>());
     }
 }
