@@ -43,7 +43,7 @@ void opens(QAction* entry)
 template <typename F>
 void toolOpens(FrmWeb* main, Tool tool)
 {
-    QObject::connect(main, &FrmWeb::toolWanted, main, [tool](Tool wanted) {
+    onInner(main, &FrmWeb::toolWanted, main, [tool](Tool wanted) {
         if (wanted == tool)
             guarded([] { form<F>()->Show(); });
     });

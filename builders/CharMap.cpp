@@ -1,6 +1,7 @@
 #include "builders/CharMap.h"
 
 #include "platform/Accessible.h"
+#include "platform/Events.h"
 #include "source/TextEncoding.h"
 
 #include <QAccessibleWidget>
@@ -30,25 +31,31 @@ public:
     QAccessible::Role role() const override { return QAccessible::ListItem; }
     QString text(QAccessible::Text kind) const override
     {
-        if (kind != QAccessible::Name)
-            return QString();
-        return QStringLiteral("%1, code %2").arg(CharMap::text(m_cell)).arg(m_cell);
+        return guardedCall([&]() -> QString {
+            if (kind != QAccessible::Name)
+                return QString();
+            return QStringLiteral("%1, code %2").arg(CharMap::text(m_cell)).arg(m_cell);
+        });
     }
     void setText(QAccessible::Text, const QString&) override {}
     QRect rect() const override
     {
-        const QRect place = m_map->cellRect(m_cell);
-        return {m_map->mapToGlobal(place.topLeft()), place.size()};
+        return guardedCall([&]() -> QRect {
+            const QRect place = m_map->cellRect(m_cell);
+            return {m_map->mapToGlobal(place.topLeft()), place.size()};
+        });
     }
     QAccessible::State state() const override
     {
-        QAccessible::State state;
-        state.focusable = true;
-        state.selectable = true;
-        state.focused = m_map->hasFocus() && m_map->current() == m_cell;
-        state.selected = m_map->marked() == m_cell;
-        state.invisible = !m_map->isVisible();
-        return state;
+        return guardedCall([&]() -> QAccessible::State {
+            QAccessible::State state;
+            state.focusable = true;
+            state.selectable = true;
+            state.focused = m_map->hasFocus() && m_map->current() == m_cell;
+            state.selected = m_map->marked() == m_cell;
+            state.invisible = !m_map->isVisible();
+            return state;
+        });
     }
     QAccessibleInterface* parent() const override { return QAccessible::queryAccessibleInterface(m_map); }
     QAccessibleInterface* child(int) const override { return nullptr; }
@@ -76,31 +83,40 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? child(map().current())->text(QAccessible::Name)
-                                          : QAccessibleWidget::text(kind);
+        return guardedCall([&]() -> QString {
+            return kind == QAccessible::Value ? child(map().current())->text(QAccessible::Name)
+                                              : QAccessibleWidget::text(kind);
+        });
     }
     int childCount() const override { return CharMap::Count; }
     QAccessibleInterface* child(int index) const override
     {
-        if (index < 0 || index >= CharMap::Count)
-            return nullptr;
-        QAccessible::Id& cell = m_cells.at(size_t(index));
-        if (cell == 0)
-            cell = QAccessible::registerAccessibleInterface(new AccessibleCell(&map(), index));
-        return QAccessible::accessibleInterface(cell);
+        return guardedCall([&]() -> QAccessibleInterface* {
+            if (index < 0 || index >= CharMap::Count)
+                return nullptr;
+            QAccessible::Id& cell = m_cells.at(size_t(index));
+            if (cell == 0)
+                cell = QAccessible::registerAccessibleInterface(new AccessibleCell(&map(), index));
+            return QAccessible::accessibleInterface(cell);
+        });
     }
     QAccessibleInterface* childAt(int x, int y) const override
     {
-        return child(map().cellAt(map().mapFromGlobal(QPoint(x, y))));
+        return guardedCall([&]() -> QAccessibleInterface* {
+            return child(map().cellAt(map().mapFromGlobal(QPoint(x, y))));
+        });
     }
     QAccessibleInterface* focusChild() const override
     {
-        return map().hasFocus() ? child(map().current()) : nullptr;
+        return guardedCall(
+            [&]() -> QAccessibleInterface* { return map().hasFocus() ? child(map().current()) : nullptr; });
     }
     int indexOfChild(const QAccessibleInterface* child) const override
     {
-        const auto* cell = dynamic_cast<const AccessibleCell*>(child);
-        return cell ? cell->cell() : -1;
+        return guardedCall([&]() -> int {
+            const auto* cell = dynamic_cast<const AccessibleCell*>(child);
+            return cell ? cell->cell() : -1;
+        });
     }
 
 private:
@@ -146,7 +162,7 @@ QRect CharMap::cellRect(int cell) const
 
 QSize CharMap::sizeHint() const
 {
-    return {Columns * pitch(), Rows * pitch()};
+    return guardedCall([&]() -> QSize { return {Columns * pitch(), Rows * pitch()}; });
 }
 
 int CharMap::cellAt(QPoint place) const
@@ -193,108 +209,124 @@ void CharMap::tellCurrent()
 
 bool CharMap::event(QEvent* event)
 {
-    if (event->type() == QEvent::ToolTip) {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        const int cell = cellAt(help->pos());
-        QToolTip::showText(help->globalPos(), cell > 0 ? QString::number(cell) : QString(), this);
-        return true;
-    }
-    return QWidget::event(event);
+    return guardedCall([&] {
+        if (event->type() == QEvent::ToolTip) {
+            const auto* help = static_cast<QHelpEvent*>(event);
+            const int cell = cellAt(help->pos());
+            QToolTip::showText(help->globalPos(), cell > 0 ? QString::number(cell) : QString(), this);
+            return true;
+        }
+        return QWidget::event(event);
+    });
 }
 
 void CharMap::paintEvent(QPaintEvent* event)
 {
-    QPainter painter(this);
-    QFont mapped = font();
-    mapped.setFamily(m_family);
-    for (int cell = 0; cell < Count; ++cell) {
-        const QRect place = cellRect(cell);
-        if (!event->region().intersects(place))
-            continue;
-        const bool yellow = cell == m_marked || (cell == 0 && m_firstMarked);
-        painter.fillRect(place, yellow ? QColor(Qt::yellow) : palette().color(QPalette::Button));
-        painter.setPen(yellow ? QColor(Qt::black) : palette().color(QPalette::ButtonText));
-        painter.setFont(cell == 0 ? font() : mapped);
-        painter.drawText(place, Qt::AlignCenter, text(cell));
-        if (cell == m_current && hasFocus()) {
-            painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
-            painter.drawRect(place.adjusted(1, 1, -1, -1));
+    guardedCall([&] {
+        QPainter painter(this);
+        QFont mapped = font();
+        mapped.setFamily(m_family);
+        for (int cell = 0; cell < Count; ++cell) {
+            const QRect place = cellRect(cell);
+            if (!event->region().intersects(place))
+                continue;
+            const bool yellow = cell == m_marked || (cell == 0 && m_firstMarked);
+            painter.fillRect(place, yellow ? QColor(Qt::yellow) : palette().color(QPalette::Button));
+            painter.setPen(yellow ? QColor(Qt::black) : palette().color(QPalette::ButtonText));
+            painter.setFont(cell == 0 ? font() : mapped);
+            painter.drawText(place, Qt::AlignCenter, text(cell));
+            if (cell == m_current && hasFocus()) {
+                painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+                painter.drawRect(place.adjusted(1, 1, -1, -1));
+            }
         }
-    }
+    });
 }
 
 void CharMap::mouseMoveEvent(QMouseEvent* event)
 {
-    const int cell = cellAt(event->position().toPoint());
-    if (cell >= 0)
-        emit moved(cell);
+    guardedCall([&] {
+        const int cell = cellAt(event->position().toPoint());
+        if (cell >= 0)
+            emit moved(cell);
+    });
 }
 
 void CharMap::mousePressEvent(QMouseEvent* event)
 {
-    const int cell = cellAt(event->position().toPoint());
-    if (cell < 0 || event->button() != Qt::LeftButton)
-        return;
-    m_current = cell;
-    mark(cell);
+    guardedCall([&] {
+        const int cell = cellAt(event->position().toPoint());
+        if (cell < 0 || event->button() != Qt::LeftButton)
+            return;
+        m_current = cell;
+        mark(cell);
+    });
 }
 
 void CharMap::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    // Two clicks on neighbours are no double click on either.
-    if (event->button() != Qt::LeftButton || cellAt(event->position().toPoint()) != m_current) {
-        mousePressEvent(event);
-        return;
-    }
-    unmark();
+    guardedCall([&] {
+        // Two clicks on neighbours are no double click on either.
+        if (event->button() != Qt::LeftButton || cellAt(event->position().toPoint()) != m_current) {
+            mousePressEvent(event);
+            return;
+        }
+        unmark();
+    });
 }
 
 void CharMap::keyPressEvent(QKeyEvent* event)
 {
-    int to = m_current;
-    switch (event->key()) {
-    case Qt::Key_Left:
-        to -= 1;
-        break;
-    case Qt::Key_Right:
-        to += 1;
-        break;
-    case Qt::Key_Up:
-        to -= Columns;
-        break;
-    case Qt::Key_Down:
-        to += Columns;
-        break;
-    case Qt::Key_Home:
-        to = 1;
-        break;
-    case Qt::Key_End:
-        to = Count - 1;
-        break;
-    case Qt::Key_Space:
-        if (m_current == m_marked) {
-            unmark();
-        } else {
-            mark(m_current);
+    guardedCall([&] {
+        int to = m_current;
+        switch (event->key()) {
+        case Qt::Key_Left:
+            to -= 1;
+            break;
+        case Qt::Key_Right:
+            to += 1;
+            break;
+        case Qt::Key_Up:
+            to -= Columns;
+            break;
+        case Qt::Key_Down:
+            to += Columns;
+            break;
+        case Qt::Key_Home:
+            to = 1;
+            break;
+        case Qt::Key_End:
+            to = Count - 1;
+            break;
+        case Qt::Key_Space:
+            if (m_current == m_marked) {
+                unmark();
+            } else {
+                mark(m_current);
+            }
+            return;
+        default:
+            QWidget::keyPressEvent(event);
+            return;
         }
-        return;
-    default:
-        QWidget::keyPressEvent(event);
-        return;
-    }
-    if (to >= 0 && to < Count)
-        moveTo(to);
+        if (to >= 0 && to < Count)
+            moveTo(to);
+    });
 }
 
 void CharMap::focusInEvent(QFocusEvent* event)
 {
-    QWidget::focusInEvent(event);
-    tellCurrent();
-    update();
+    guardedCall([&] {
+        QWidget::focusInEvent(event);
+        tellCurrent();
+        update();
+    });
 }
 
 void CharMap::focusOutEvent(QFocusEvent* event)
 {
-    QWidget::focusOutEvent(event);
-    update();
+    guardedCall([&] {
+        QWidget::focusOutEvent(event);
+        update();
+    });
 }

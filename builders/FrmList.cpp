@@ -47,10 +47,12 @@ FrmList::FrmList()
 /// A click into the box for the word drops the selection.
 bool FrmList::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == Text1 && event->type() == QEvent::MouseButtonRelease &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
-        guarded([this] { List1->setListIndex(-1); });
-    return ToolForm::eventFilter(watched, event);
+    return guardedCall([&] {
+        if (watched == Text1 && event->type() == QEvent::MouseButtonRelease &&
+            static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+            guarded([this] { List1->setListIndex(-1); });
+        return ToolForm::eventFilter(watched, event);
+    });
 }
 
 void FrmList::Command1_Click()

@@ -327,10 +327,12 @@ void FrmTable::deselectAll()
 /// A click into a box for a word drops the selection.
 bool FrmTable::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::MouseButtonRelease && (watched == Text1 || watched == Text2) &&
-        static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
-        guarded([this] { deselectAll(); });
-    return ToolForm::eventFilter(watched, event);
+    return guardedCall([&] {
+        if (event->type() == QEvent::MouseButtonRelease && (watched == Text1 || watched == Text2) &&
+            static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton)
+            guarded([this] { deselectAll(); });
+        return ToolForm::eventFilter(watched, event);
+    });
 }
 
 void FrmTable::Command14_Click()

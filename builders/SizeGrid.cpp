@@ -23,23 +23,27 @@ public:
 protected:
     void keyPressEvent(QKeyEvent* event) override
     {
-        const std::array arrows = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down};
-        if (std::find(arrows.begin(), arrows.end(), event->key()) != arrows.end()) {
-            event->ignore(); // the grid's
-        } else {
-            QToolButton::keyPressEvent(event);
-        }
+        guardedCall([&] {
+            const std::array arrows = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down};
+            if (std::find(arrows.begin(), arrows.end(), event->key()) != arrows.end()) {
+                event->ignore(); // the grid's
+            } else {
+                QToolButton::keyPressEvent(event);
+            }
+        });
     }
     void paintEvent(QPaintEvent*) override
     {
-        QPainter painter(this);
-        QColor line = palette().color(QPalette::WindowText);
-        line.setAlphaF(hasFocus() ? 1 : 0.5F);
-        painter.setPen(line);
-        painter.setBrush(palette().color(marked ? QPalette::Highlight : QPalette::Base));
-        painter.drawRect(rect().adjusted(0, 0, -1, -1));
-        if (hasFocus())
-            painter.drawRect(rect().adjusted(1, 1, -2, -2));
+        guardedCall([&] {
+            QPainter painter(this);
+            QColor line = palette().color(QPalette::WindowText);
+            line.setAlphaF(hasFocus() ? 1 : 0.5F);
+            painter.setPen(line);
+            painter.setBrush(palette().color(marked ? QPalette::Highlight : QPalette::Base));
+            painter.drawRect(rect().adjusted(0, 0, -1, -1));
+            if (hasFocus())
+                painter.drawRect(rect().adjusted(1, 1, -2, -2));
+        });
     }
 };
 
@@ -77,22 +81,24 @@ bool SizeGrid::isMarked(int cell) const
 
 void SizeGrid::keyPressEvent(QKeyEvent* event)
 {
-    const auto* here = std::find(m_cells.begin(), m_cells.end(), focusWidget());
-    if (here == m_cells.end()) {
-        QWidget::keyPressEvent(event);
-        return;
-    }
-    const int index = int(here - m_cells.begin());
-    const int across = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
-    const int down = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
-    const int row = qBound(0, index / Side + down, Side - 1);
-    const int column = qBound(0, index % Side + across, Side - 1);
-    if (across == 0 && down == 0) {
-        QWidget::keyPressEvent(event); // Enter is the window's
-    } else {
-        const int next = row * Side + column;
-        m_cells.at(size_t(next))->setFocus();
-    }
+    guardedCall([&] {
+        const auto* here = std::find(m_cells.begin(), m_cells.end(), focusWidget());
+        if (here == m_cells.end()) {
+            QWidget::keyPressEvent(event);
+            return;
+        }
+        const int index = int(here - m_cells.begin());
+        const int across = event->key() == Qt::Key_Right ? 1 : event->key() == Qt::Key_Left ? -1 : 0;
+        const int down = event->key() == Qt::Key_Down ? 1 : event->key() == Qt::Key_Up ? -1 : 0;
+        const int row = qBound(0, index / Side + down, Side - 1);
+        const int column = qBound(0, index % Side + across, Side - 1);
+        if (across == 0 && down == 0) {
+            QWidget::keyPressEvent(event); // Enter is the window's
+        } else {
+            const int next = row * Side + column;
+            m_cells.at(size_t(next))->setFocus();
+        }
+    });
 }
 
 void SizeGrid::pick(int cell)

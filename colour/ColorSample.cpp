@@ -2,6 +2,7 @@
 
 #include "platform/Accessible.h"
 #include "platform/ColorNumber.h"
+#include "platform/Events.h"
 
 #include <QAccessibleWidget>
 #include <QLabel>
@@ -27,26 +28,34 @@ public:
 
     QAccessible::Role role() const override
     {
-        return sample().offersClick() ? QAccessible::Button : QAccessible::Graphic;
+        return guardedCall([&]() -> QAccessible::Role {
+            return sample().offersClick() ? QAccessible::Button : QAccessible::Graphic;
+        });
     }
     QString text(QAccessible::Text kind) const override
     {
-        if (kind != QAccessible::Value && kind != QAccessible::Description)
-            return QAccessibleWidget::text(kind);
-        return sample().shownColor().name().toUpper();
+        return guardedCall([&]() -> QString {
+            if (kind != QAccessible::Value && kind != QAccessible::Description)
+                return QAccessibleWidget::text(kind);
+            return sample().shownColor().name().toUpper();
+        });
     }
     QStringList actionNames() const override
     {
-        const QStringList press = sample().offersClick() ? QStringList{pressAction()} : QStringList();
-        return press + QAccessibleWidget::actionNames();
+        return guardedCall([&]() -> QStringList {
+            const QStringList press = sample().offersClick() ? QStringList{pressAction()} : QStringList();
+            return press + QAccessibleWidget::actionNames();
+        });
     }
     void doAction(const QString& name) override
     {
-        if (name == pressAction() && sample().offersClick()) {
-            sample().click();
-        } else {
-            QAccessibleWidget::doAction(name);
-        }
+        guardedCall([&] {
+            if (name == pressAction() && sample().offersClick()) {
+                sample().click();
+            } else {
+                QAccessibleWidget::doAction(name);
+            }
+        });
     }
 
 private:
@@ -84,31 +93,37 @@ void ColorSample::offerClick()
 
 QSize ColorSample::sizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(QStringLiteral("#000000")), fontMetrics().height() + 4};
+    return guardedCall([&]() -> QSize {
+        return {fontMetrics().horizontalAdvance(QStringLiteral("#000000")), fontMetrics().height() + 4};
+    });
 }
 
 void ColorSample::showEvent(QShowEvent* event)
 {
-    if (!m_offersClick)
-        setFocusPolicy(Qt::NoFocus);
-    QAbstractButton::showEvent(event);
+    guardedCall([&] {
+        if (!m_offersClick)
+            setFocusPolicy(Qt::NoFocus);
+        QAbstractButton::showEvent(event);
+    });
 }
 
 void ColorSample::paintEvent(QPaintEvent*)
 {
-    QStylePainter painter(this);
-    QColor color = shownColor();
-    if (!isEnabled())
-        color.setAlphaF(0.4F);
-    QColor edge =
-        palette().color(QPalette::WindowText); // tells black from a dark window, white from a light one
-    edge.setAlphaF(0.5F);
-    painter.fillRect(rect(), color);
-    painter.setPen(edge);
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    if (hasFocus()) {
-        QStyleOptionFocusRect focus;
-        focus.initFrom(this);
-        painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
-    }
+    guardedCall([&] {
+        QStylePainter painter(this);
+        QColor color = shownColor();
+        if (!isEnabled())
+            color.setAlphaF(0.4F);
+        QColor edge =
+            palette().color(QPalette::WindowText); // tells black from a dark window, white from a light one
+        edge.setAlphaF(0.5F);
+        painter.fillRect(rect(), color);
+        painter.setPen(edge);
+        painter.drawRect(rect().adjusted(0, 0, -1, -1));
+        if (hasFocus()) {
+            QStyleOptionFocusRect focus;
+            focus.initFrom(this);
+            painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+        }
+    });
 }

@@ -71,15 +71,17 @@ void FrmBody::Command3_Click()
 
 bool FrmBody::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == Lab) {
-        if (event->type() == QEvent::MouseButtonPress) {
-            guarded([this] { Lab_MouseDown(); });
-            return true; // taken, so that the release comes here too
+    return guardedCall([&] {
+        if (watched == Lab) {
+            if (event->type() == QEvent::MouseButtonPress) {
+                guarded([this] { Lab_MouseDown(); });
+                return true; // taken, so that the release comes here too
+            }
+            if (event->type() == QEvent::MouseButtonRelease)
+                guarded([this] { Lab_MouseUp(); });
         }
-        if (event->type() == QEvent::MouseButtonRelease)
-            guarded([this] { Lab_MouseUp(); });
-    }
-    return ToolForm::eventFilter(watched, event);
+        return ToolForm::eventFilter(watched, event);
+    });
 }
 
 /// Acts out a link that is being clicked.

@@ -1,5 +1,7 @@
 #include "forms/CaptionBox.h"
 
+#include "platform/Events.h"
+
 #include <QAbstractButton>
 #include <QEvent>
 #include <QGroupBox>
@@ -31,18 +33,20 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        switch (event->type()) {
-        case QEvent::Move:
-        case QEvent::Resize:
-        case QEvent::Show:
-        case QEvent::FontChange:
-        case QEvent::StyleChange:
-            place();
-            break;
-        default:
-            break;
-        }
-        return QObject::eventFilter(watched, event);
+        return guardedCall([&] {
+            switch (event->type()) {
+            case QEvent::Move:
+            case QEvent::Resize:
+            case QEvent::Show:
+            case QEvent::FontChange:
+            case QEvent::StyleChange:
+                place();
+                break;
+            default:
+                break;
+            }
+            return QObject::eventFilter(watched, event);
+        });
     }
 
 private:

@@ -1,6 +1,7 @@
 #include "forms/CheckBox.h"
 
 #include "forms/GraphicalButton.h"
+#include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
 CheckBox::CheckBox(QWidget* parent) : QCheckBox(parent)
@@ -25,19 +26,23 @@ void CheckBox::setGraphical(bool graphical)
 
 QSize CheckBox::sizeHint() const
 {
-    return m_graphical ? graphicalButtonSize(*this) : QCheckBox::sizeHint();
+    return guardedCall(
+        [&]() -> QSize { return m_graphical ? graphicalButtonSize(*this) : QCheckBox::sizeHint(); });
 }
 
 bool CheckBox::hitButton(const QPoint& position) const
 {
-    return m_graphical ? rect().contains(position) : QCheckBox::hitButton(position);
+    return guardedCall(
+        [&] { return m_graphical ? rect().contains(position) : QCheckBox::hitButton(position); });
 }
 
 void CheckBox::paintEvent(QPaintEvent* event)
 {
-    if (m_graphical) {
-        paintGraphicalButton(*this);
-    } else {
-        QCheckBox::paintEvent(event);
-    }
+    guardedCall([&] {
+        if (m_graphical) {
+            paintGraphicalButton(*this);
+        } else {
+            QCheckBox::paintEvent(event);
+        }
+    });
 }

@@ -2,6 +2,7 @@
 
 #include "platform/Accessible.h"
 #include "platform/DesktopLook.h"
+#include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
 #include <QCompleter>
@@ -39,14 +40,16 @@ void ComboBox::showPlaceholderClearly()
 
 void ComboBox::initStyleOption(QStyleOptionComboBox* look) const
 {
-    QComboBox::initStyleOption(look);
-    if (m_clearPlaceholder) {
-        look->palette =
-            sharedPalette(look->palette, QStringLiteral("clear placeholder"), [](QPalette& palette) {
-                palette.setColor(QPalette::PlaceholderText,
-                                 palette.color(QPalette::Active, QPalette::ButtonText));
-            });
-    }
+    guardedCall([&] {
+        QComboBox::initStyleOption(look);
+        if (m_clearPlaceholder) {
+            look->palette =
+                sharedPalette(look->palette, QStringLiteral("clear placeholder"), [](QPalette& palette) {
+                    palette.setColor(QPalette::PlaceholderText,
+                                     palette.color(QPalette::Active, QPalette::ButtonText));
+                });
+        }
+    });
 }
 
 void ComboBox::Clear()
@@ -82,11 +85,13 @@ void ComboBox::setText(const QString& text)
 
 void ComboBox::keyPressEvent(QKeyEvent* event)
 {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (!enter || !isEditable()) {
-        QComboBox::keyPressEvent(event);
-        return;
-    }
-    event->accept();
-    emit EnterPressed();
+    guardedCall([&] {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (!enter || !isEditable()) {
+            QComboBox::keyPressEvent(event);
+            return;
+        }
+        event->accept();
+        emit EnterPressed();
+    });
 }

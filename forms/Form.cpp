@@ -45,12 +45,14 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (event->type() != QEvent::ShortcutOverride || !watched->isWindowType() ||
-            !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel) ||
-            !QApplication::activePopupWidget())
-            return false;
-        event->accept(); // the key itself comes next, and to the popup
-        return true;
+        return guardedCall([&] {
+            if (event->type() != QEvent::ShortcutOverride || !watched->isWindowType() ||
+                !static_cast<QKeyEvent*>(event)->matches(QKeySequence::Cancel) ||
+                !QApplication::activePopupWidget())
+                return false;
+            event->accept(); // the key itself comes next, and to the popup
+            return true;
+        });
     }
 };
 
@@ -158,14 +160,16 @@ bool Form::queryUnload()
 
 void Form::closeEvent(QCloseEvent* event)
 {
-    event->ignore(); // the close button asks the same way as the program does
-    if (m_unloaded)
-        return;
-    if (m_closesBy) {
-        m_closesBy->click();
-    } else {
-        guarded([this] { Unload(); });
-    }
+    guardedCall([&] {
+        event->ignore(); // the close button asks the same way as the program does
+        if (m_unloaded)
+            return;
+        if (m_closesBy) {
+            m_closesBy->click();
+        } else {
+            guarded([this] { Unload(); });
+        }
+    });
 }
 
 /// What Enter presses: a button that has the focus, such as Cancel, comes before the window's own. Boxes and
@@ -178,10 +182,12 @@ QAbstractButton* Form::enterButton() const
 
 void Form::keyPressEvent(QKeyEvent* event)
 {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (QAbstractButton* button = enterButton(); enter && button) {
-        button->click();
-    } else {
-        QWidget::keyPressEvent(event);
-    }
+    guardedCall([&] {
+        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+        if (QAbstractButton* button = enterButton(); enter && button) {
+            button->click();
+        } else {
+            QWidget::keyPressEvent(event);
+        }
+    });
 }

@@ -1,5 +1,6 @@
 #include "forms/ListBox.h"
 
+#include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
 #include <QMouseEvent>
@@ -18,10 +19,12 @@ public:
 protected:
     void initStyleOption(QStyleOptionViewItem* look, const QModelIndex& index) const override
     {
-        constexpr int Shown = 1000;
-        QStyledItemDelegate::initStyleOption(look, index);
-        if (look->text.size() > Shown)
-            look->text = look->text.left(Shown) + u'\u2026';
+        guardedCall([&] {
+            constexpr int Shown = 1000;
+            QStyledItemDelegate::initStyleOption(look, index);
+            if (look->text.size() > Shown)
+                look->text = look->text.left(Shown) + u'\u2026';
+        });
     }
 };
 
@@ -30,7 +33,7 @@ protected:
 ListBox::ListBox(QWidget* parent) : QListWidget(parent)
 {
     setItemDelegate(new EntryDelegate(this));
-    connect(this, &QListWidget::itemSelectionChanged, this, &ListBox::noticeSelection);
+    onInner(this, &QListWidget::itemSelectionChanged, this, &ListBox::noticeSelection);
     connect(this, &QListWidget::itemDoubleClicked, this, &ListBox::DblClick);
 }
 
@@ -114,33 +117,39 @@ void ListBox::setSelected(int index, bool selected)
 /// keep it otherwise.
 void ListBox::mousePressEvent(QMouseEvent* event)
 {
-    emit MouseDown();
-    m_clicked = false;
-    QListWidget::mousePressEvent(event);
-    if (m_clicked)
-        return;
-    if (itemAt(event->position().toPoint())) {
-        emit Click();
-    } else if (selectsOne()) {
-        clearSelection(); // an older toolkit does so when the button goes up, a newer one doesn't
-    }
+    guardedCall([&] {
+        emit MouseDown();
+        m_clicked = false;
+        QListWidget::mousePressEvent(event);
+        if (m_clicked)
+            return;
+        if (itemAt(event->position().toPoint())) {
+            emit Click();
+        } else if (selectsOne()) {
+            clearSelection(); // an older toolkit does so when the button goes up, a newer one doesn't
+        }
+    });
 }
 
 void ListBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton) {
-        QListWidget::mouseDoubleClickEvent(event);
-        return;
-    }
-    QMouseEvent press(QEvent::MouseButtonPress, event->position(), event->globalPosition(), event->button(),
-                      event->buttons(), event->modifiers());
-    mousePressEvent(&press);
+    guardedCall([&] {
+        if (event->button() == Qt::LeftButton) {
+            QListWidget::mouseDoubleClickEvent(event);
+            return;
+        }
+        QMouseEvent press(QEvent::MouseButtonPress, event->position(), event->globalPosition(),
+                          event->button(), event->buttons(), event->modifiers());
+        mousePressEvent(&press);
+    });
 }
 
 void ListBox::mouseReleaseEvent(QMouseEvent* event)
 {
-    QListWidget::mouseReleaseEvent(event);
-    emit MouseUp();
+    guardedCall([&] {
+        QListWidget::mouseReleaseEvent(event);
+        emit MouseUp();
+    });
 }
 
 void ListBox::noticeSelection()

@@ -1,6 +1,7 @@
 #include "forms/LongWork.h"
 
 #include "forms/Wait.h"
+#include "platform/Events.h"
 
 #include <QApplication>
 #include <QDeadlineTimer>
@@ -25,8 +26,8 @@ LongWork::LongWork()
         return;
     for (QTimer* timer : {&m_cursorTimer, &m_windowTimer})
         timer->setSingleShot(true);
-    QObject::connect(&m_cursorTimer, &QTimer::timeout, &m_cursorTimer, [this] { showHourglass(); });
-    QObject::connect(&m_windowTimer, &QTimer::timeout, &m_windowTimer, [this] { showWindow(); });
+    onInner(&m_cursorTimer, &QTimer::timeout, &m_cursorTimer, [this] { showHourglass(); });
+    onInner(&m_windowTimer, &QTimer::timeout, &m_windowTimer, [this] { showWindow(); });
     m_cursorTimer.start(HourglassAfter);
     m_windowTimer.start(WindowAfter);
 }

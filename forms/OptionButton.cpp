@@ -1,12 +1,13 @@
 #include "forms/OptionButton.h"
 
 #include "forms/GraphicalButton.h"
+#include "platform/Events.h"
 
 #include <QButtonGroup>
 
 OptionButton::OptionButton(QWidget* parent) : QRadioButton(parent)
 {
-    connect(this, &QRadioButton::toggled, this, [this](bool set) {
+    onInner(this, &QRadioButton::toggled, this, [this](bool set) {
         if (set)
             emit Click();
     });
@@ -46,19 +47,23 @@ void OptionButton::setGraphical(bool graphical)
 
 QSize OptionButton::sizeHint() const
 {
-    return m_graphical ? graphicalButtonSize(*this) : QRadioButton::sizeHint();
+    return guardedCall(
+        [&]() -> QSize { return m_graphical ? graphicalButtonSize(*this) : QRadioButton::sizeHint(); });
 }
 
 bool OptionButton::hitButton(const QPoint& position) const
 {
-    return m_graphical ? rect().contains(position) : QRadioButton::hitButton(position);
+    return guardedCall(
+        [&] { return m_graphical ? rect().contains(position) : QRadioButton::hitButton(position); });
 }
 
 void OptionButton::paintEvent(QPaintEvent* event)
 {
-    if (m_graphical) {
-        paintGraphicalButton(*this);
-    } else {
-        QRadioButton::paintEvent(event);
-    }
+    guardedCall([&] {
+        if (m_graphical) {
+            paintGraphicalButton(*this);
+        } else {
+            QRadioButton::paintEvent(event);
+        }
+    });
 }

@@ -1,12 +1,13 @@
 #include "forms/SSTab.h"
 
+#include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
 #include <utility>
 
 SSTab::SSTab(QWidget* parent) : QTabWidget(parent)
 {
-    connect(this, &QTabWidget::currentChanged, this, &SSTab::noticeTab);
+    onInner(this, &QTabWidget::currentChanged, this, &SSTab::noticeTab);
 }
 
 void SSTab::setTab(int tab)

@@ -27,9 +27,9 @@ ScrollBar::ScrollBar(QWidget* parent) : QScrollBar(parent)
 {
     describeClass(staticMetaObject, accessibleSlider);
     setFocusPolicy(Qt::StrongFocus); // the toolkit's bars are out of the keyboard's reach
-    connect(this, &QScrollBar::sliderPressed, this, [this] { m_valueAtPress = value(); });
-    connect(this, &QScrollBar::valueChanged, this, &ScrollBar::noticeValue);
-    connect(this, &QScrollBar::sliderReleased, this, &ScrollBar::noticeRelease);
+    onInner(this, &QScrollBar::sliderPressed, this, [this] { m_valueAtPress = value(); });
+    onInner(this, &QScrollBar::valueChanged, this, &ScrollBar::noticeValue);
+    onInner(this, &QScrollBar::sliderReleased, this, &ScrollBar::noticeRelease);
 }
 
 void ScrollBar::noticeValue()
@@ -54,14 +54,16 @@ void ScrollBar::writeInto(QLineEdit* box, const QString& unit)
 
 void ScrollBar::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) {
-        QScrollBar::keyPressEvent(event);
-        return;
-    }
-    // The toolkit moves a level bar against these two keys.
-    const bool towardsEnd = (event->key() == Qt::Key_Right) != isRightToLeft();
-    triggerAction(towardsEnd ? SliderSingleStepAdd : SliderSingleStepSub);
-    event->accept();
+    guardedCall([&] {
+        if (event->key() != Qt::Key_Left && event->key() != Qt::Key_Right) {
+            QScrollBar::keyPressEvent(event);
+            return;
+        }
+        // The toolkit moves a level bar against these two keys.
+        const bool towardsEnd = (event->key() == Qt::Key_Right) != isRightToLeft();
+        triggerAction(towardsEnd ? SliderSingleStepAdd : SliderSingleStepSub);
+        event->accept();
+    });
 }
 
 void ScrollBar::showValue(const QString& label)
@@ -79,9 +81,11 @@ void ScrollBar::setTint(QRgb tint)
 
 void ScrollBar::initStyleOption(QStyleOptionSlider* look) const
 {
-    QScrollBar::initStyleOption(look);
-    if (m_tint)
-        look->palette = tinted(look->palette, *m_tint);
+    guardedCall([&] {
+        QScrollBar::initStyleOption(look);
+        if (m_tint)
+            look->palette = tinted(look->palette, *m_tint);
+    });
 }
 
 QFont ScrollBar::valueFont() const
@@ -99,30 +103,34 @@ QString ScrollBar::valueText(int value) const
 
 QSize ScrollBar::minimumSizeHint() const
 {
-    const QSize size = QScrollBar::minimumSizeHint();
-    if (m_label.isEmpty())
-        return size;
-    const QFontMetrics metrics(valueFont());
-    const int arrows = 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
-    return {arrows + metrics.horizontalAdvance(valueText(maximum())) + 2 * metrics.averageCharWidth(),
-            qMax(size.height(), metrics.height())};
+    return guardedCall([&]() -> QSize {
+        const QSize size = QScrollBar::minimumSizeHint();
+        if (m_label.isEmpty())
+            return size;
+        const QFontMetrics metrics(valueFont());
+        const int arrows = 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, this);
+        return {arrows + metrics.horizontalAdvance(valueText(maximum())) + 2 * metrics.averageCharWidth(),
+                qMax(size.height(), metrics.height())};
+    });
 }
 
 void ScrollBar::paintEvent(QPaintEvent* event)
 {
-    QScrollBar::paintEvent(event);
-    if (!m_label.isEmpty()) {
-        QPainter painter(this);
-        painter.setFont(valueFont());
-        QStyleOptionSlider look;
-        initStyleOption(&look);
-        painter.setPen(look.palette.color(QPalette::ButtonText));
-        painter.drawText(rect(), Qt::AlignCenter, valueText(value()));
-    }
-    if (!hasFocus())
-        return;
-    // Most styles don't show which bar the keys move.
-    QStyleOptionFocusRect frame;
-    frame.initFrom(this);
-    QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, frame);
+    guardedCall([&] {
+        QScrollBar::paintEvent(event);
+        if (!m_label.isEmpty()) {
+            QPainter painter(this);
+            painter.setFont(valueFont());
+            QStyleOptionSlider look;
+            initStyleOption(&look);
+            painter.setPen(look.palette.color(QPalette::ButtonText));
+            painter.drawText(rect(), Qt::AlignCenter, valueText(value()));
+        }
+        if (!hasFocus())
+            return;
+        // Most styles don't show which bar the keys move.
+        QStyleOptionFocusRect frame;
+        frame.initFrom(this);
+        QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, frame);
+    });
 }

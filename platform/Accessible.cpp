@@ -1,5 +1,7 @@
 #include "platform/Accessible.h"
 
+#include "platform/Events.h"
+
 #include <QAbstractItemView>
 #include <QAbstractSlider>
 #include <QAccessibleWidget>
@@ -29,17 +31,25 @@ public:
 
     void* interface_cast(QAccessible::InterfaceType type) override
     {
-        if (type == QAccessible::ValueInterface)
-            return static_cast<QAccessibleValueInterface*>(this);
-        return QAccessibleWidget::interface_cast(type);
+        return guardedCall([&]() -> void* {
+            if (type == QAccessible::ValueInterface)
+                return static_cast<QAccessibleValueInterface*>(this);
+            return QAccessibleWidget::interface_cast(type);
+        });
     }
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? QString::number(slider().value()) : QAccessibleWidget::text(kind);
+        return guardedCall([&]() -> QString {
+            return kind == QAccessible::Value ? QString::number(slider().value())
+                                              : QAccessibleWidget::text(kind);
+        });
     }
 
     QVariant currentValue() const override { return slider().value(); }
-    void setCurrentValue(const QVariant& value) override { slider().setValue(value.toInt()); }
+    void setCurrentValue(const QVariant& value) override
+    {
+        guardedCall([&] { slider().setValue(value.toInt()); });
+    }
     QVariant minimumValue() const override { return slider().minimum(); }
     QVariant maximumValue() const override { return slider().maximum(); }
     QVariant minimumStepSize() const override { return slider().singleStep(); }
@@ -56,46 +66,58 @@ public:
 
     QString text(QAccessible::Text kind) const override
     {
-        return kind == QAccessible::Value ? combo().currentText() : QAccessibleWidget::text(kind);
+        return guardedCall([&]() -> QString {
+            return kind == QAccessible::Value ? combo().currentText() : QAccessibleWidget::text(kind);
+        });
     }
     QAccessible::State state() const override
     {
-        QAccessible::State state = QAccessibleWidget::state();
-        state.expandable = true;
-        state.expanded = combo().view()->isVisible();
-        state.editable = combo().isEditable();
-        return state;
+        return guardedCall([&]() -> QAccessible::State {
+            QAccessible::State state = QAccessibleWidget::state();
+            state.expandable = true;
+            state.expanded = combo().view()->isVisible();
+            state.editable = combo().isEditable();
+            return state;
+        });
     }
     int childCount() const override { return combo().isEditable() ? 2 : 1; }
     QAccessibleInterface* child(int index) const override
     {
-        switch (index) {
-        case 0:
-            return QAccessible::queryAccessibleInterface(combo().view());
-        case 1:
-            return QAccessible::queryAccessibleInterface(lineEdit());
-        default:
-            return nullptr;
-        }
+        return guardedCall([&]() -> QAccessibleInterface* {
+            switch (index) {
+            case 0:
+                return QAccessible::queryAccessibleInterface(combo().view());
+            case 1:
+                return QAccessible::queryAccessibleInterface(lineEdit());
+            default:
+                return nullptr;
+            }
+        });
     }
     int indexOfChild(const QAccessibleInterface* child) const override
     {
-        return child->object() == combo().view() ? 0 : child->object() == lineEdit() ? 1 : -1;
+        return guardedCall([&]() -> int {
+            return child->object() == combo().view() ? 0 : child->object() == lineEdit() ? 1 : -1;
+        });
     }
     QAccessibleInterface* childAt(int, int) const override { return nullptr; } // one thing under the pointer
     QStringList actionNames() const override
     {
-        return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
+        return guardedCall([&]() -> QStringList {
+            return QStringList{showMenuAction(), pressAction()} + QAccessibleWidget::actionNames();
+        });
     }
     void doAction(const QString& name) override
     {
-        if (name != showMenuAction() && name != pressAction()) {
-            QAccessibleWidget::doAction(name);
-        } else if (combo().isEnabled() && !combo().view()->isVisible()) {
-            combo().showPopup();
-        } else {
-            combo().hidePopup();
-        }
+        guardedCall([&] {
+            if (name != showMenuAction() && name != pressAction()) {
+                QAccessibleWidget::doAction(name);
+            } else if (combo().isEnabled() && !combo().view()->isVisible()) {
+                combo().showPopup();
+            } else {
+                combo().hidePopup();
+            }
+        });
     }
 
 private:

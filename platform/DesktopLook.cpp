@@ -1,9 +1,12 @@
 #include "platform/DesktopLook.h"
 
+#include "platform/Events.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QHash>
 #include <QPalette>
+#include <QScopedValueRollback>
 
 namespace {
 
@@ -36,12 +39,13 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override
     {
-        if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange && !m_mending) {
-            m_mending = true; // our own change comes by here as well
-            mendColors();
-            m_mending = false;
-        }
-        return false;
+        return guardedCall([&] {
+            if (watched == qApp && event->type() == QEvent::ApplicationPaletteChange && !m_mending) {
+                const QScopedValueRollback<bool> mending(m_mending, true); // our own change comes by here too
+                mendColors();
+            }
+            return false;
+        });
     }
 
 private:

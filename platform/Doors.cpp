@@ -1,6 +1,7 @@
 #include "platform/Doors.h"
 
 #include "platform/ColorNumber.h"
+#include "platform/Events.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -124,11 +125,11 @@ public:
             m_name->selectAll();
         }
         suitSuffix();
-        connect(this, &QFileDialog::filterSelected, this, &FileDialog::suitSuffix);
+        onInner(this, &QFileDialog::filterSelected, this, &FileDialog::suitSuffix);
         if (m_name) {
             // Before the toolkit looks for the file.
-            connect(m_name, &QLineEdit::textEdited, this, &FileDialog::suitSuffix);
-            connect(m_name, &QLineEdit::textChanged, this, &FileDialog::enableTaker);
+            onInner(m_name, &QLineEdit::textEdited, this, &FileDialog::suitSuffix);
+            onInner(m_name, &QLineEdit::textChanged, this, &FileDialog::enableTaker);
         }
     }
 
@@ -136,15 +137,17 @@ protected:
     /// A pattern chooses its filter, and is no name.
     void accept() override
     {
-        suitSuffix(); // the folder may be another than when the name was typed
-        if (!m_name || !isPattern(m_name->text()) || namesFile()) {
-            QFileDialog::accept();
-            return;
-        }
-        const QStringList meant = nameFilters().filter(u'(' + m_name->text() + u')', Qt::CaseInsensitive);
-        if (!meant.isEmpty())
-            selectNameFilter(meant.first());
-        m_name->selectAll();
+        guardedCall([&] {
+            suitSuffix(); // the folder may be another than when the name was typed
+            if (!m_name || !isPattern(m_name->text()) || namesFile()) {
+                QFileDialog::accept();
+                return;
+            }
+            const QStringList meant = nameFilters().filter(u'(' + m_name->text() + u')', Qt::CaseInsensitive);
+            if (!meant.isEmpty())
+                selectNameFilter(meant.first());
+            m_name->selectAll();
+        });
     }
 
 private:

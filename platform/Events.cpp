@@ -3,7 +3,7 @@
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
 
-#include <QScopeGuard>
+#include <QScopedValueRollback>
 #include <new>
 #include <utility>
 #include <vector>
@@ -24,12 +24,14 @@ std::vector<std::function<void()>>& waitingActions()
     return actions;
 }
 
-void handlerReturned()
+/// What nobody trapped, as the user is told of it.
+RuntimeError untrapped(const std::exception& error)
 {
-    if (--runningHandlers > 0)
-        return;
-    for (const auto& action : std::exchange(waitingActions(), {}))
-        action();
+    if (const auto* ours = dynamic_cast<const RuntimeError*>(&error))
+        return *ours;
+    if (dynamic_cast<const std::bad_alloc*>(&error))
+        return RuntimeError(ErrorNumber::Overflow, QStringLiteral("Out of memory"));
+    return RuntimeError(ErrorNumber::InvalidProcedureCall, QString::fromLocal8Bit(error.what()));
 }
 
 /// The keeper's sentence. Whatever goes wrong in it, the error that ends the program is still told.
@@ -43,6 +45,19 @@ QString kept()
 }
 
 } // namespace
+
+HandlerRun::HandlerRun()
+{
+    ++runningHandlers;
+}
+
+HandlerRun::~HandlerRun()
+{
+    if (--runningHandlers > 0)
+        return;
+    for (const auto& action : std::exchange(waitingActions(), {}))
+        guardedCall(action);
+}
 
 bool handlersRun()
 {
@@ -63,14 +78,15 @@ void keepOnFatal(std::function<QString()> keep)
     keeper() = std::move(keep);
 }
 
-void fatal(const RuntimeError& error)
+void fatal(const std::exception& exception)
 {
     // A second failure on the way out (a paint, a timer) must neither ask again nor keep a half-made text.
     static bool ending = false;
     if (ending)
         return;
-    ending = true;
+    const QScopedValueRollback<bool> once(ending, true); // only a test's door comes back
 
+    const RuntimeError error = untrapped(exception);
     QString text = QStringLiteral("Run-time error '%1':\n\n%2")
                        .arg(static_cast<int>(error.number()))
                        .arg(error.description());
@@ -78,20 +94,4 @@ void fatal(const RuntimeError& error)
         text += QStringLiteral("\n\n") + sentence;
     MsgBox(text, ProgramTitle, MsgIcon::Stop);
     doors().endNow(1);
-    ending = false; // only a test's door comes back
-}
-
-void guarded(const std::function<void()>& body)
-{
-    ++runningHandlers;
-    const auto returned = qScopeGuard(handlerReturned);
-    try {
-        body();
-    } catch (const RuntimeError& error) {
-        fatal(error);
-    } catch (const std::bad_alloc&) {
-        fatal(RuntimeError(ErrorNumber::Overflow, QStringLiteral("Out of memory")));
-    } catch (const std::exception& error) {
-        fatal(RuntimeError(ErrorNumber::InvalidProcedureCall, QString::fromLocal8Bit(error.what())));
-    }
 }

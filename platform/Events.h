@@ -2,13 +2,16 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
+#include <concepts>
+#include <exception>
 #include <functional>
-
-class RuntimeError;
+#include <type_traits>
+#include <utility>
 
 /// Ends the program after an error that nobody trapped: first keeps what must not be lost (see
 /// `keepOnFatal`), then shows one message box with the error and ends with exit code 1.
-void fatal(const RuntimeError& error);
+void fatal(const std::exception& error);
 
 /// Sets what a fatal error keeps before it ends the program. `keep` returns a sentence for the message box
 /// that says where the copy lies, or an empty string when there was nothing to keep. It must not throw.
@@ -21,9 +24,36 @@ void whenHandlersReturn(std::function<void()> action);
 /// True while a handler runs, also while it waits in an event loop of its own.
 bool handlersRun();
 
-/// Runs a handler's body. The only place that catches what leaves a handler: an exception must not travel
-/// through the toolkit's own frames.
-void guarded(const std::function<void()>& body);
+/// Runs what the toolkit calls of ours but is no handler: the body of an override, a timer's or the engine's
+/// answer. Returns what it returns, or a value of its own kind when it threw. The only place that catches
+/// what leaves our code: an exception must not travel through the toolkit's own frames.
+template <typename Body>
+std::invoke_result_t<Body&> guardedCall(Body&& body)
+{
+    try {
+        return body();
+    } catch (const std::exception& error) {
+        fatal(error);
+    }
+    return std::invoke_result_t<Body&>();
+}
+
+/// A handler runs for as long as it lives; what waits for the last one is done at its end.
+class HandlerRun
+{
+public:
+    HandlerRun();
+    ~HandlerRun();
+    Q_DISABLE_COPY_MOVE(HandlerRun)
+};
+
+/// Runs a handler's body.
+template <typename Body>
+void guarded(Body&& body)
+{
+    const HandlerRun running;
+    guardedCall(body);
+}
 
 /// Connects a handler to an event: `on(Command6, &QPushButton::clicked, this, &FrmHR::Command6_Click)`.
 /// The handler may take fewer arguments than the signal gives.
@@ -41,4 +71,41 @@ QMetaObject::Connection on(Sender* sender, Signal signal, QObject* context,
                            Handler handler) requires std::is_invocable_v<Handler>
 {
     return QObject::connect(sender, signal, context, [handler] { guarded([&] { handler(); }); });
+}
+
+/// Connects what a control does by itself, which is no handler: nobody waits for its return.
+template <typename Sender, typename Signal, typename Receiver, typename Owner, typename... Args>
+QMetaObject::Connection onInner(Sender* sender, Signal signal, Receiver* receiver,
+                                void (Owner::*slot)(Args...))
+{
+    return QObject::connect(sender, signal, receiver, [receiver, slot](Args... args) {
+        guardedCall([&] { (receiver->*slot)(std::forward<Args>(args)...); });
+    });
+}
+
+/// A callable that may take fewer arguments than the signal gives.
+template <typename Slot>
+struct GuardedSlot
+{
+    Slot slot;
+
+    template <typename... Args>
+    void operator()(Args&&... args) const requires std::invocable<const Slot&, Args...>
+    {
+        guardedCall([&] { slot(std::forward<Args>(args)...); });
+    }
+};
+
+/// The same for a callable, run in `context`'s lifetime.
+template <typename Sender, typename Signal, typename Slot>
+QMetaObject::Connection onInner(Sender* sender, Signal signal, QObject* context, Slot slot)
+{
+    return QObject::connect(sender, signal, context, GuardedSlot<Slot>{std::move(slot)});
+}
+
+/// Runs `body` from the queue of events, if `context` still lives then.
+template <typename Body>
+void soon(QObject* context, Body body)
+{
+    QTimer::singleShot(0, context, GuardedSlot<Body>{std::move(body)});
 }

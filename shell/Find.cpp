@@ -77,9 +77,11 @@ bool Find::IsContained(const ListObject& list, const QString& text) const
 
 void Find::showEvent(QShowEvent* event)
 {
-    if (!std::exchange(m_aside, true))
-        placeAside();
-    Form::showEvent(event);
+    guardedCall([&] {
+        if (!std::exchange(m_aside, true))
+            placeAside();
+        Form::showEvent(event);
+    });
 }
 
 /// Puts the window into the upper right corner of the main window, where it covers least of the source: lines

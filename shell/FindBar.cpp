@@ -102,38 +102,44 @@ void FindBar::findPrevious()
 /// Escape is the bar's own key, also in a window that has a use for it.
 bool FindBar::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        event->accept();
-        return true;
-    }
-    return QFrame::event(event);
+    return guardedCall([&] {
+        if (event->type() == QEvent::ShortcutOverride &&
+            static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+            event->accept();
+            return true;
+        }
+        return QFrame::event(event);
+    });
 }
 
 void FindBar::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == Qt::Key_Escape) {
-        guarded([this] { dismiss(); });
-    } else {
-        QFrame::keyPressEvent(event);
-    }
+    guardedCall([&] {
+        if (event->key() == Qt::Key_Escape) {
+            guarded([this] { dismiss(); });
+        } else {
+            QFrame::keyPressEvent(event);
+        }
+    });
 }
 
 /// Keeps the bar at the surface's upper right corner, and goes with the surface.
 bool FindBar::eventFilter(QObject* watched, QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::Move:
-    case QEvent::Resize:
-        place();
-        break;
-    case QEvent::Hide:
-        hide();
-        break;
-    default:
-        break;
-    }
-    return QFrame::eventFilter(watched, event);
+    return guardedCall([&] {
+        switch (event->type()) {
+        case QEvent::Move:
+        case QEvent::Resize:
+            place();
+            break;
+        case QEvent::Hide:
+            hide();
+            break;
+        default:
+            break;
+        }
+        return QFrame::eventFilter(watched, event);
+    });
 }
 
 void FindBar::place()

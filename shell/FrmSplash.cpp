@@ -36,8 +36,10 @@ FrmSplash::FrmSplash()
 
 void FrmSplash::paintEvent(QPaintEvent*)
 {
-    QPainter painter(this);
-    picture().render(&painter, rect());
+    guardedCall([&] {
+        QPainter painter(this);
+        picture().render(&painter, rect());
+    });
 }
 
 void FrmSplash::Timer2_Timer()

@@ -270,17 +270,21 @@ bool FrmWeb::queryUnload()
 
 void FrmWeb::resizeEvent(QResizeEvent* event)
 {
-    Form::resizeEvent(event);
-    Form_Resize();
+    guardedCall([&] {
+        Form::resizeEvent(event);
+        Form_Resize();
+    });
 }
 
 void FrmWeb::changeEvent(QEvent* event)
 {
-    Form::changeEvent(event);
-    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
-        arrangeFrames();
-        Form_Resize();
-    }
+    guardedCall([&] {
+        Form::changeEvent(event);
+        if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+            arrangeFrames();
+            Form_Resize();
+        }
+    });
 }
 
 void FrmWeb::Form_Resize()

@@ -1,5 +1,7 @@
 #include "shell/Icons.h"
 
+#include "platform/Events.h"
+
 #include <QApplication>
 #include <QFile>
 #include <QIconEngine>
@@ -28,26 +30,33 @@ public:
 
     void paint(QPainter* painter, const QRect& place, QIcon::Mode mode, QIcon::State state) override
     {
-        const qreal ratio = painter->device()->devicePixelRatioF();
-        painter->drawPixmap(place, pixmap(place.size() * ratio, mode, state));
+        guardedCall([&] {
+            const qreal ratio = painter->device()->devicePixelRatioF();
+            painter->drawPixmap(place, pixmap(place.size() * ratio, mode, state));
+        });
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State) override
     {
-        const QString ink = palette().color(QPalette::Normal, QPalette::ButtonText).name();
-        const QString key =
-            QStringLiteral("%1 %2 %3x%4 %5").arg(m_file, ink).arg(size.width()).arg(size.height()).arg(mode);
-        QPixmap drawn;
-        if (!QPixmapCache::find(key, &drawn)) {
-            drawn = draw(size, ink);
-            if (mode == QIcon::Disabled) {
-                QStyleOption look;
-                look.palette = palette();
-                drawn = QApplication::style()->generatedIconPixmap(mode, drawn, &look);
+        return guardedCall([&]() -> QPixmap {
+            const QString ink = palette().color(QPalette::Normal, QPalette::ButtonText).name();
+            const QString key = QStringLiteral("%1 %2 %3x%4 %5")
+                                    .arg(m_file, ink)
+                                    .arg(size.width())
+                                    .arg(size.height())
+                                    .arg(mode);
+            QPixmap drawn;
+            if (!QPixmapCache::find(key, &drawn)) {
+                drawn = draw(size, ink);
+                if (mode == QIcon::Disabled) {
+                    QStyleOption look;
+                    look.palette = palette();
+                    drawn = QApplication::style()->generatedIconPixmap(mode, drawn, &look);
+                }
+                QPixmapCache::insert(key, drawn);
             }
-            QPixmapCache::insert(key, drawn);
-        }
-        return drawn;
+            return drawn;
+        });
     }
 
 private:

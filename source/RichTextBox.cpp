@@ -2,6 +2,7 @@
 
 #include "platform/ColorNumber.h"
 #include "platform/Doors.h"
+#include "platform/Events.h"
 #include "platform/RuntimeError.h"
 #include "source/RichTextBoxStep.h"
 #include "source/SourceClip.h"
@@ -54,15 +55,15 @@ RichTextBox::RichTextBox(QWidget* parent)
     listenToEdits();
     applyLook();
     applySelectionColors();
-    connect(this, &QsciScintillaBase::SCN_MODIFIED, this,
+    onInner(this, &QsciScintillaBase::SCN_MODIFIED, this,
             [this](int position, int type, const char*, int, int, int, int, int, int token) {
                 onModified(position, type, token);
             });
-    connect(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::onUpdate);
+    onInner(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::onUpdate);
     m_scrollTimer.setSingleShot(true);
-    connect(&m_scrollTimer, &QTimer::timeout, this, &RichTextBox::scrollToCaret);
+    onInner(&m_scrollTimer, &QTimer::timeout, this, &RichTextBox::scrollToCaret);
     m_notifyTimer.setSingleShot(true);
-    connect(&m_notifyTimer, &QTimer::timeout, this, &RichTextBox::notify);
+    onInner(&m_notifyTimer, &QTimer::timeout, this, &RichTextBox::notify);
 }
 
 void RichTextBox::setUpComponent()
@@ -379,9 +380,11 @@ void RichTextBox::applySelectionColors()
 
 void RichTextBox::changeEvent(QEvent* event)
 {
-    QsciScintillaBase::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange)
-        applySelectionColors();
+    guardedCall([&] {
+        QsciScintillaBase::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange)
+            applySelectionColors();
+    });
 }
 
 // Notifications -------------------------------------------------------------------------------------------
@@ -489,5 +492,5 @@ std::unique_ptr<QMimeData> RichTextBox::selectionData() const
 /// The component's own copy of the selection ends at a NUL.
 QMimeData* RichTextBox::toMimeData(const QByteArray&, bool) const
 {
-    return selectionData().release();
+    return guardedCall([&]() -> QMimeData* { return selectionData().release(); });
 }

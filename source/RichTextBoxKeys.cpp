@@ -1,5 +1,6 @@
 // Keys and the input method of the source box.
 
+#include "platform/Events.h"
 #include "source/RichTextBoxStep.h"
 
 #include <QKeyEvent>
@@ -41,23 +42,27 @@ bool isTypingKey(const QKeyEvent& key)
 
 bool RichTextBox::event(QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride && isEditingKey(*static_cast<QKeyEvent*>(event))) {
-        event->accept();
-        return true;
-    }
-    return QsciScintillaBase::event(event);
+    return guardedCall([&] {
+        if (event->type() == QEvent::ShortcutOverride && isEditingKey(*static_cast<QKeyEvent*>(event))) {
+            event->accept();
+            return true;
+        }
+        return QsciScintillaBase::event(event);
+    });
 }
 
 void RichTextBox::focusInEvent(QFocusEvent* event)
 {
-    listenToEdits();
-    QsciScintillaBase::focusInEvent(event);
+    guardedCall([&] {
+        listenToEdits();
+        QsciScintillaBase::focusInEvent(event);
+    });
 }
 
 /// Tab types; Shift+Tab leaves the box, as Ctrl+Tab does (see keyPressEvent).
 bool RichTextBox::focusNextPrevChild(bool next)
 {
-    return !next && leave(next);
+    return guardedCall([&] { return !next && leave(next); });
 }
 
 bool RichTextBox::leave(bool next)
@@ -84,20 +89,22 @@ void RichTextBox::endOvertyping()
 
 void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
-    const bool typing = isTypingKey(*event);
-    Step step(this, typing);
-    if (typing && !event->text().isEmpty())
-        beginOvertyping();
-    const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
-    if (tab && event->modifiers() & Qt::ControlModifier) {
-        leave(!(event->modifiers() & Qt::ShiftModifier));
-    } else if (tab && event->modifiers() == Qt::NoModifier) {
-        setSelText("\t"); // the component would indent selected lines
-    } else if (!isHeld(event->text())) {
-        setSelText(encode(event->text()));
-    } else if (!runStandardKey(event)) {
-        runComponentKey(event);
-    }
+    guardedCall([&] {
+        const bool typing = isTypingKey(*event);
+        Step step(this, typing);
+        if (typing && !event->text().isEmpty())
+            beginOvertyping();
+        const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+        if (tab && event->modifiers() & Qt::ControlModifier) {
+            leave(!(event->modifiers() & Qt::ShiftModifier));
+        } else if (tab && event->modifiers() == Qt::NoModifier) {
+            setSelText("\t"); // the component would indent selected lines
+        } else if (!isHeld(event->text())) {
+            setSelText(encode(event->text()));
+        } else if (!runStandardKey(event)) {
+            runComponentKey(event);
+        }
+    });
 }
 
 /// Ctrl with a letter types nothing, even where the platform gives the letter as the key's text.
@@ -145,27 +152,31 @@ bool RichTextBox::runStandardKey(QKeyEvent* event)
 
 void RichTextBox::keyReleaseEvent(QKeyEvent* event)
 {
-    QsciScintillaBase::keyReleaseEvent(event);
-    if (!event->isAutoRepeat())
-        emit KeyUp(event->key());
+    guardedCall([&] {
+        QsciScintillaBase::keyReleaseEvent(event);
+        if (!event->isAutoRepeat())
+            emit KeyUp(event->key());
+    });
 }
 
 /// The component would write a text that is still being composed into the document.
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
 {
-    Step step(this, true);
-    if (!event->commitString().isEmpty())
-        beginOvertyping();
-    if (event->replacementLength() > 0) {
-        const qsizetype start =
-            send(SCI_POSITIONRELATIVECODEUNITS, innerSelection().start, event->replacementStart());
-        const qsizetype end = send(SCI_POSITIONRELATIVECODEUNITS, start, event->replacementLength());
-        selectInner({start, end - start});
-    }
-    if (!event->commitString().isEmpty() || event->replacementLength() > 0)
-        setSelText(encode(event->commitString()));
-    showPreedit(event->preeditString());
-    event->accept();
+    guardedCall([&] {
+        Step step(this, true);
+        if (!event->commitString().isEmpty())
+            beginOvertyping();
+        if (event->replacementLength() > 0) {
+            const qsizetype start =
+                send(SCI_POSITIONRELATIVECODEUNITS, innerSelection().start, event->replacementStart());
+            const qsizetype end = send(SCI_POSITIONRELATIVECODEUNITS, start, event->replacementLength());
+            selectInner({start, end - start});
+        }
+        if (!event->commitString().isEmpty() || event->replacementLength() > 0)
+            setSelText(encode(event->commitString()));
+        showPreedit(event->preeditString());
+        event->accept();
+    });
 }
 
 /// Shows a text that is being composed at the caret, over the document.

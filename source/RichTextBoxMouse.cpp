@@ -27,62 +27,72 @@ void dropRectangleKeys(QMouseEvent* event)
 
 void RichTextBox::mousePressEvent(QMouseEvent* event)
 {
-    Step step(this);
-    if (event->button() == Qt::LeftButton)
-        m_leftPressed = true;
-    if (event->button() == Qt::MiddleButton) {
-        if (!QApplication::clipboard()->supportsSelection())
+    guardedCall([&] {
+        Step step(this);
+        if (event->button() == Qt::LeftButton)
+            m_leftPressed = true;
+        if (event->button() == Qt::MiddleButton) {
+            if (!QApplication::clipboard()->supportsSelection())
+                return;
+            const QPoint point = event->position().toPoint();
+            selectInner({send(SCI_POSITIONFROMPOINT, point.x(), point.y()), 0});
+            pasteFrom(QApplication::clipboard()->mimeData(QClipboard::Selection));
             return;
-        const QPoint point = event->position().toPoint();
-        selectInner({send(SCI_POSITIONFROMPOINT, point.x(), point.y()), 0});
-        pasteFrom(QApplication::clipboard()->mimeData(QClipboard::Selection));
-        return;
-    }
-    dropRectangleKeys(event);
-    QsciScintillaBase::mousePressEvent(event);
+        }
+        dropRectangleKeys(event);
+        QsciScintillaBase::mousePressEvent(event);
+    });
 }
 
 void RichTextBox::mouseMoveEvent(QMouseEvent* event)
 {
-    Step step(this);
-    dropRectangleKeys(event);
-    QsciScintillaBase::mouseMoveEvent(event);
+    guardedCall([&] {
+        Step step(this);
+        dropRectangleKeys(event);
+        QsciScintillaBase::mouseMoveEvent(event);
+    });
 }
 
 void RichTextBox::mouseReleaseEvent(QMouseEvent* event)
 {
-    {
-        Step step(this);
-        dropRectangleKeys(event);
-        QsciScintillaBase::mouseReleaseEvent(event);
-    }
-    const bool click = event->button() == Qt::LeftButton && std::exchange(m_leftPressed, false);
-    if (click && viewport()->rect().contains(event->position().toPoint()))
-        emit Click();
+    guardedCall([&] {
+        {
+            Step step(this);
+            dropRectangleKeys(event);
+            QsciScintillaBase::mouseReleaseEvent(event);
+        }
+        const bool click = event->button() == Qt::LeftButton && std::exchange(m_leftPressed, false);
+        if (click && viewport()->rect().contains(event->position().toPoint()))
+            emit Click();
+    });
 }
 
 void RichTextBox::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    Step step(this);
-    dropRectangleKeys(event);
-    QsciScintillaBase::mouseDoubleClickEvent(event);
+    guardedCall([&] {
+        Step step(this);
+        dropRectangleKeys(event);
+        QsciScintillaBase::mouseDoubleClickEvent(event);
+    });
 }
 
 void RichTextBox::dragEnterEvent(QDragEnterEvent* event)
 {
-    RichTextBox::dragMoveEvent(event);
+    guardedCall([&] { RichTextBox::dragMoveEvent(event); });
 }
 
 void RichTextBox::dragMoveEvent(QDragMoveEvent* event)
 {
-    const QStringList files = answerDrag(event);
-    if (!event->isAccepted() || (!files.isEmpty() && !isPictureFile(files.constFirst())))
-        return;
-    QsciScintillaBase::dragMoveEvent(event); // shows where it would go
-    if (!files.isEmpty()) {
-        event->setDropAction(Qt::CopyAction);
-        event->accept();
-    }
+    guardedCall([&] {
+        const QStringList files = answerDrag(event);
+        if (!event->isAccepted() || (!files.isEmpty() && !isPictureFile(files.constFirst())))
+            return;
+        QsciScintillaBase::dragMoveEvent(event); // shows where it would go
+        if (!files.isEmpty()) {
+            event->setDropAction(Qt::CopyAction);
+            event->accept();
+        }
+    });
 }
 
 /// Tells the pointer whether a drop would be taken, and returns the files that are dragged; none for a text.
@@ -108,14 +118,16 @@ QStringList RichTextBox::answerDrag(QDropEvent* event)
 
 void RichTextBox::dropEvent(QDropEvent* event)
 {
-    const QStringList files = answerDrag(event);
-    if (!event->isAccepted())
-        return;
-    if (files.isEmpty()) {
-        dropText(*event);
-    } else {
-        dropFiles(*event, files);
-    }
+    guardedCall([&] {
+        const QStringList files = answerDrag(event);
+        if (!event->isAccepted())
+            return;
+        if (files.isEmpty()) {
+            dropText(*event);
+        } else {
+            dropFiles(*event, files);
+        }
+    });
 }
 
 /// The component's position of a drop, whose mark goes.
@@ -131,7 +143,7 @@ qsizetype RichTextBox::dropPosition(const QDropEvent& event)
 void RichTextBox::dropFiles(const QDropEvent& event, const QStringList& files)
 {
     const int position = int(fromInner(dropPosition(event)));
-    QTimer::singleShot(0, this, [this, files, position] {
+    soon(this, [this, files, position] {
         whenHandlersReturn([box = QPointer<RichTextBox>(this), files, position] {
             if (box)
                 emit box->FilesDropped(files, position);
@@ -179,33 +191,37 @@ void RichTextBox::dropSelectionAt(qsizetype position, bool move)
 
 void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
 {
-    struct Entry
-    {
-        QString text;
-        QKeySequence::StandardKey key;
-        void (RichTextBox::*command)();
-        bool enabled;
-    };
-    const bool selected = SelLength() > 0;
-    const QMimeData* clipboard = doors().clipboard();
-    const bool pasteable = clipboard && clipboard->hasText();
-    const std::array entries = {
-        Entry{tr("&Undo"), QKeySequence::Undo, &RichTextBox::undo, send(SCI_CANUNDO) != 0},
-        Entry{tr("&Redo"), QKeySequence::Redo, &RichTextBox::redo, send(SCI_CANREDO) != 0},
-        Entry{tr("Cu&t"), QKeySequence::Cut, &RichTextBox::cut, selected},
-        Entry{tr("&Copy"), QKeySequence::Copy, &RichTextBox::copy, selected},
-        Entry{tr("&Paste"), QKeySequence::Paste, &RichTextBox::paste, pasteable},
-        Entry{tr("&Delete"), QKeySequence::Delete, &RichTextBox::del, selected},
-        Entry{tr("Select &All"), QKeySequence::SelectAll, &RichTextBox::selectAll, !isEmpty()},
-    };
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    for (const Entry& entry : entries) {
-        const QString key = QKeySequence(entry.key).toString(QKeySequence::NativeText);
-        menu->addAction(entry.text + u'\t' + key, this, entry.command)->setEnabled(entry.enabled);
-        if (entry.command == &RichTextBox::redo || entry.command == &RichTextBox::del)
-            menu->addSeparator();
-    }
-    const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
-    menu->popup(byKey ? viewport()->mapToGlobal(caretPoint()) : event->globalPos());
+    guardedCall([&] {
+        struct Entry
+        {
+            QString text;
+            QKeySequence::StandardKey key;
+            void (RichTextBox::*command)();
+            bool enabled;
+        };
+        const bool selected = SelLength() > 0;
+        const QMimeData* clipboard = doors().clipboard();
+        const bool pasteable = clipboard && clipboard->hasText();
+        const std::array entries = {
+            Entry{tr("&Undo"), QKeySequence::Undo, &RichTextBox::undo, send(SCI_CANUNDO) != 0},
+            Entry{tr("&Redo"), QKeySequence::Redo, &RichTextBox::redo, send(SCI_CANREDO) != 0},
+            Entry{tr("Cu&t"), QKeySequence::Cut, &RichTextBox::cut, selected},
+            Entry{tr("&Copy"), QKeySequence::Copy, &RichTextBox::copy, selected},
+            Entry{tr("&Paste"), QKeySequence::Paste, &RichTextBox::paste, pasteable},
+            Entry{tr("&Delete"), QKeySequence::Delete, &RichTextBox::del, selected},
+            Entry{tr("Select &All"), QKeySequence::SelectAll, &RichTextBox::selectAll, !isEmpty()},
+        };
+        auto* menu = new QMenu(this);
+        menu->setAttribute(Qt::WA_DeleteOnClose);
+        for (const Entry& entry : entries) {
+            const QString key = QKeySequence(entry.key).toString(QKeySequence::NativeText);
+            QAction* action = menu->addAction(entry.text + u'\t' + key);
+            action->setEnabled(entry.enabled);
+            onInner(action, &QAction::triggered, this, entry.command);
+            if (entry.command == &RichTextBox::redo || entry.command == &RichTextBox::del)
+                menu->addSeparator();
+        }
+        const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+        menu->popup(byKey ? viewport()->mapToGlobal(caretPoint()) : event->globalPos());
+    });
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Events.h"
 #include "source/RichTextBox.h"
 
 /// One change of the box. Notifications wait until the outermost step is done: the component drops edits that
@@ -15,7 +16,7 @@ public:
     ~Step()
     {
         if (--m_box->m_steps == 0)
-            m_box->notify();
+            guardedCall([this] { m_box->notify(); });
     }
     Q_DISABLE_COPY_MOVE(Step)
 

@@ -4,7 +4,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
-/// Reads which folder includes which: a folder may include only from those that stand below it.
+/// Reads the sources. Which folder includes which: a folder may include only from those that stand below it.
+/// And how the toolkit calls our code: never so that an exception could travel through its frames.
 class TestLayers : public QObject
 {
     Q_OBJECT
@@ -12,6 +13,8 @@ class TestLayers : public QObject
 private slots:
     void noArrowRunsUp();
     void placesAreThere();
+    void connectionsAreGuarded();
+    void overridesAreGuarded();
 };
 
 static const QMap<QString, QStringList> Below = {
@@ -76,6 +79,184 @@ void TestLayers::placesAreThere()
         }
     }
     QVERIFY2(rows >= 20, qPrintable(QString::number(rows)));
+}
+
+/// The sources by their names, without comments.
+static QMap<QString, QString> sources()
+{
+    static const QRegularExpression comment(QStringLiteral(R"((?<=^|\s)//[^\n]*)"),
+                                            QRegularExpression::MultilineOption);
+    QMap<QString, QString> texts;
+    for (auto folder = Below.cbegin(); folder != Below.cend(); ++folder) {
+        QDirIterator files(QStringLiteral(SOURCE_DIR "/") + folder.key(), {"*.h", "*.cpp"}, QDir::Files);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            if (file.open(QIODevice::ReadOnly))
+                texts.insert(folder.key() + u'/' + files.fileName(),
+                             QString::fromUtf8(file.readAll()).remove(comment));
+        }
+    }
+    return texts;
+}
+
+/// What stands between the bracket at `open` and its partner.
+static QString inBrackets(const QString& text, qsizetype open)
+{
+    int depth = 0;
+    for (qsizetype i = open; i < text.size(); ++i) {
+        if (QStringLiteral("({[").contains(text.at(i)))
+            ++depth;
+        if (QStringLiteral(")}]").contains(text.at(i)) && --depth == 0)
+            return text.mid(open + 1, i - open - 1);
+    }
+    return QString();
+}
+
+/// The arguments of a call whose bracket stands at `open`.
+static QStringList argumentsOf(const QString& text, qsizetype open)
+{
+    QStringList arguments{QString()};
+    int depth = 0;
+    for (const QChar character : inBrackets(text, open)) {
+        depth += QStringLiteral("({[").contains(character) ? 1 : 0;
+        depth -= QStringLiteral(")}]").contains(character) ? 1 : 0;
+        if (character == u',' && depth == 0) {
+            arguments << QString();
+        } else {
+            arguments.last() += character;
+        }
+    }
+    for (QString& argument : arguments)
+        argument = argument.trimmed();
+    return arguments;
+}
+
+/// All that a capture of an expression finds in a text.
+static QStringList found(const QString& text, const char* expression)
+{
+    const QRegularExpression pattern(QString::fromLatin1(expression), QRegularExpression::MultilineOption);
+    QStringList names;
+    for (auto match = pattern.globalMatch(text); match.hasNext();)
+        names << match.next().captured(1);
+    return names;
+}
+
+/// Our signals, as "&Class::name".
+static QStringList signalsOf(const QMap<QString, QString>& texts)
+{
+    static const QRegularExpression section(
+        QStringLiteral(R"(^class (\w+)[^;{]*\{|^signals:\n((?:(?!^(?:public|protected|private|\};)).*\n)*))"),
+        QRegularExpression::MultilineOption);
+    QStringList names;
+    for (const QString& text : texts) {
+        QString owner;
+        for (auto match = section.globalMatch(text); match.hasNext();) {
+            const QRegularExpressionMatch part = match.next();
+            if (!part.captured(1).isEmpty())
+                owner = part.captured(1);
+            for (const QString& name : found(part.captured(2), R"((\w+)\()"))
+                names << u'&' + owner + QStringLiteral("::") + name;
+        }
+    }
+    return names;
+}
+
+/// `connect` stands only where a signal passes on to a signal, or to what is the toolkit's own. All else is
+/// connected, or put off, by what platform/Events.h offers.
+void TestLayers::connectionsAreGuarded()
+{
+    static const QRegularExpression call(
+        QStringLiteral(R"(\b(connect|singleShot|callOnTimeout|invokeMethod|addAction)(\())"));
+    static const QRegularExpression toolkits(QStringLiteral("^&Q[A-Z]\\w*::\\w+$"));
+    QMap<QString, QString> texts = sources();
+    const QStringList ours = signalsOf(texts);
+    QVERIFY(ours.contains(QStringLiteral("&ComboBox::Click")));
+    texts.remove(QStringLiteral("platform/Events.h"));
+    QStringList wrong;
+    int seen = 0;
+    for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
+        for (auto match = call.globalMatch(*text); match.hasNext();) {
+            const QRegularExpressionMatch here = match.next();
+            const QStringList arguments = argumentsOf(*text, here.capturedStart(2));
+            const QString target = arguments.constLast();
+            ++seen;
+            if (here.captured(1) == QLatin1String("addAction") && arguments.size() < 3)
+                continue; // an entry alone
+            if (here.captured(1) == QLatin1String("connect") &&
+                (ours.contains(target) || toolkits.match(target).hasMatch()))
+                continue;
+            wrong << QStringLiteral("%1: %2(... %3)").arg(text.key(), here.captured(1), target.simplified());
+        }
+    }
+    QVERIFY2(seen > 10, qPrintable(QString::number(seen)));
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(u'\n')));
+}
+
+/// The body of a function that is declared somewhere: the first of a class that is told by its name.
+static QString bodyOf(const QMap<QString, QString>& texts, const QString& owner, const QString& name)
+{
+    const QRegularExpression definition(
+        QStringLiteral(R"(^[\w:<>*& ]+\b%1::%2\([^;{}]*\)(?: const)?\s*\{)").arg(owner, name),
+        QRegularExpression::MultilineOption);
+    for (const QString& text : texts) {
+        if (const QRegularExpressionMatch match = definition.match(text); match.hasMatch())
+            return inBrackets(text, match.capturedEnd() - 1);
+    }
+    return QStringLiteral("?");
+}
+
+/// All of a body is one guarded call, or there is no body.
+static bool isGuarded(const QString& body)
+{
+    static const QRegularExpression begin(QStringLiteral(R"(^(?:return )?guardedCall(\())"));
+    const QString text = body.trimmed();
+    const QRegularExpressionMatch match = begin.match(text);
+    if (!match.hasMatch())
+        return text.isEmpty();
+    const qsizetype open = match.capturedStart(1);
+    return text.mid(open + 1 + inBrackets(text, open).size()) == QLatin1String(");");
+}
+
+/// What the toolkit calls, every override of a function of its own, catches what leaves it. An answer of one
+/// line in the class itself only looks up what is there.
+void TestLayers::overridesAreGuarded()
+{
+    static const QRegularExpression overriding(
+        QStringLiteral(
+            R"(^class (\w+)[^;{]*\{|(~?\w+)\([^;{}()]*\)(?: const)?\s+override(?: final)?\s*(\{|;))"),
+        QRegularExpression::MultilineOption);
+    static const QRegularExpression answer(QStringLiteral(R"(^ (return [^;\n]*;) $)"));
+    const QMap<QString, QString> texts = sources();
+    QStringList ours;
+    for (const QString& text : texts)
+        ours << found(text, R"(\bvirtual\s[^;{}()]*\b(\w+)\()");
+    QVERIFY(ours.contains(QStringLiteral("actOnKey")));
+    QStringList wrong;
+    int seen = 0;
+    for (auto text = texts.cbegin(); text != texts.cend(); ++text) {
+        QString owner;
+        qsizetype overrides = 0;
+        for (auto match = overriding.globalMatch(*text); match.hasNext();) {
+            const QRegularExpressionMatch here = match.next();
+            if (!here.captured(1).isEmpty()) {
+                owner = here.captured(1);
+                continue;
+            }
+            ++overrides;
+            const QString name = here.captured(2);
+            if (name.startsWith(u'~') || ours.contains(name))
+                continue;
+            ++seen;
+            const bool inClass = here.captured(3) == QLatin1String("{");
+            const QString body =
+                inClass ? inBrackets(*text, here.capturedStart(3)) : bodyOf(texts, owner, name);
+            if (!isGuarded(body) && !(inClass && answer.match(body).hasMatch()))
+                wrong << QStringLiteral("%1: %2::%3").arg(text.key(), owner, name);
+        }
+        QCOMPARE(overrides, found(*text, R"(\b(override)\b)").size()); // none was overlooked
+    }
+    QVERIFY2(seen > 100, qPrintable(QString::number(seen)));
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(u'\n')));
 }
 
 QTEST_APPLESS_MAIN(TestLayers)

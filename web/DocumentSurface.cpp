@@ -173,7 +173,7 @@ bool DocumentSurface::insert(const QString& text, const QString& html, std::opti
 /// Inserts what a drag or the mouse brings. The program that it comes from waits for neither page nor user.
 void DocumentSurface::insertSoon(const QMimeData& dropped, QPoint place)
 {
-    QTimer::singleShot(0, this, [this, text = dropped.text(), html = dropped.html(), place] {
+    soon(this, [this, text = dropped.text(), html = dropped.html(), place] {
         whenHandlersReturn([self = QPointer<DocumentSurface>(this), text, html, place] {
             if (self)
                 untilDeleted([&] { self->insert(text, html, place); });

@@ -1,10 +1,10 @@
 #include "web/InternetBrowser.h"
 
+#include "platform/Events.h"
 #include "web/WebEngine.h"
 
 #include <QPointer>
 #include <QRegularExpression>
-#include <QTimer>
 #include <QWebEngineHistory>
 #include <QWebEngineScript>
 #include <algorithm>
@@ -25,7 +25,11 @@ QUrl addressOf(const QString& text)
 
 } // namespace
 
-InternetBrowser::InternetBrowser(QWidget* parent) : WebControl(WebPage::Kind::Internet, parent) {}
+InternetBrowser::InternetBrowser(QWidget* parent) : WebControl(WebPage::Kind::Internet, parent)
+{
+    m_patienceTimer.setSingleShot(true);
+    onInner(&m_patienceTimer, &QTimer::timeout, this, &InternetBrowser::endPatience);
+}
 
 InternetBrowser::~InternetBrowser()
 {
@@ -34,12 +38,12 @@ InternetBrowser::~InternetBrowser()
 
 void InternetBrowser::viewMade()
 {
-    connect(page(), &QWebEnginePage::loadProgress, this, [this](int percent) {
+    onInner(page(), &QWebEnginePage::loadProgress, this, [this](int percent) {
         const EngineCall call;
         if (content() == Content::Loaded)
             emit progressChanged(percent, 100);
     });
-    connect(page(), &QWebEnginePage::loadFinished, this, [this] {
+    onInner(page(), &QWebEnginePage::loadFinished, this, [this] {
         if (content() == Content::Nothing) { // the empty page is there
             page()->arrived();
             applyZoom();
@@ -49,10 +53,12 @@ void InternetBrowser::viewMade()
 
 void InternetBrowser::showEvent(QShowEvent* event)
 {
-    WebControl::showEvent(event);
-    makeView();
-    if (content() == Content::Nothing)
-        showEmptyPage();
+    guardedCall([&] {
+        WebControl::showEvent(event);
+        makeView();
+        if (content() == Content::Nothing)
+            showEmptyPage();
+    });
 }
 
 void InternetBrowser::showEmptyPage()
@@ -133,23 +139,24 @@ void InternetBrowser::loadingEnded()
     emit progressChanged(0, 0);
 }
 
-/// Asks the page for a sign of life, without waiting for it.
+/// Asks the page for a sign of life, without waiting for it; once at a time.
 void InternetBrowser::endIfDeaf()
 {
-    if (isLost())
+    if (isLost() || m_patienceTimer.isActive())
         return;
-    auto* patience = new QTimer(page());
-    patience->setSingleShot(true);
-    connect(patience, &QTimer::timeout, this, [this, patience] {
-        if (!engineListens()) { // nor could the page
-            patience->start(SignOfLife);
-            return;
-        }
-        patience->deleteLater();
-        if (!isLost())
-            untilDeleted([this] { endRenderer(); });
-    });
-    patience->start(SignOfLife);
+    m_patienceTimer.start(SignOfLife);
     page()->runJavaScript(QStringLiteral("0"), QWebEngineScript::ApplicationWorld,
-                          [timer = QPointer<QTimer>(patience)](const QVariant&) { delete timer; });
+                          [self = QPointer<InternetBrowser>(this)](const QVariant&) {
+                              if (self)
+                                  self->m_patienceTimer.stop();
+                          });
+}
+
+void InternetBrowser::endPatience()
+{
+    if (!engineListens()) { // nor could the page
+        m_patienceTimer.start(SignOfLife);
+    } else if (!isLost()) {
+        untilDeleted([this] { endRenderer(); });
+    }
 }

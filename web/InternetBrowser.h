@@ -43,4 +43,7 @@ private:
     void showEmptyPage();
     bool step(const QList<QWebEngineHistoryItem>& nearestFirst);
     void endIfDeaf();
+    void endPatience();
+
+    QTimer m_patienceTimer; // runs while a page owes its sign of life
 };

@@ -1,5 +1,6 @@
 #include "web/KeyQueue.h"
 
+#include "platform/Events.h"
 #include "web/WebEngine.h"
 
 #include <QAction>
@@ -31,7 +32,7 @@ void KeyQueue::sendTo(QWidget* widget)
 ReturnedKeys::ReturnedKeys(const QWidget& page) : m_page(page)
 {
     m_timer.setSingleShot(true);
-    m_timer.callOnTimeout([this] { send(); });
+    onInner(&m_timer, &QTimer::timeout, &m_timer, [this] { send(); });
 }
 
 void ReturnedKeys::passOn(const QKeyEvent& key)

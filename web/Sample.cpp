@@ -1,10 +1,12 @@
 #include "web/Sample.h"
 
+#include "platform/Events.h"
 #include "web/WebEngine.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScopeGuard>
 #include <utility>
 
 namespace {
@@ -17,7 +19,7 @@ constexpr int MostTries = 3;
 Sample::Sample(QWidget* parent) : WrittenPage(WebPage::Kind::Sample, parent)
 {
     m_writeTimer.setSingleShot(true);
-    connect(&m_writeTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { writeNext(); }); });
+    onInner(&m_writeTimer, &QTimer::timeout, this, [this] { untilDeleted([this] { writeNext(); }); });
 }
 
 Sample::~Sample()
@@ -74,9 +76,15 @@ void Sample::writeNext()
 /// Into an empty page, for which it waits. More may be given meanwhile.
 void Sample::writeAndWait(const QString& html)
 {
-    m_writing = Writing::Control;
-    const bool written = writePage(html);
-    m_writing = Writing::Nobody;
+    Q_ASSERT(m_writing == Writing::Nobody);
+    const bool written = [&] {
+        m_writing = Writing::Control;
+        const auto done = qScopeGuard([self = QPointer<Sample>(this)] {
+            if (self) // it may be deleted while it waits
+                self->m_writing = Writing::Nobody;
+        });
+        return writePage(html);
+    }();
     if (!written)
         showAgain();
     if (m_next)

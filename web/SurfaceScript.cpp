@@ -46,6 +46,18 @@ QString surfaceCall(const QString& function)
     return QStringLiteral("globalThis[Symbol.for('surface')]?.") + function;
 }
 
+QString callOrAbsence(const QString& function)
+{
+    return QStringLiteral(
+               "globalThis[Symbol.for('surface')] ? globalThis[Symbol.for('surface')].%1 : {absent: 0}")
+        .arg(function);
+}
+
+bool isAbsence(const QVariant& result)
+{
+    return result.typeId() == QMetaType::QVariantMap; // the functions return texts, truths and lists
+}
+
 QString literal(const QString& text)
 {
     QString quoted;

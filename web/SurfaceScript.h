@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QVariant>
 
 // What the controls run in a page, in a world of their own: the functions of surface.js.
 
@@ -15,6 +16,11 @@ const QString& cleanerScript();
 /// A call of one of them, such as "reveal()", as a JavaScript expression; `undefined` in a page in which they
 /// were not made.
 QString surfaceCall(const QString& function);
+/// The same call, or in such a page a value that none of the functions returns: one that returns null, or
+/// throws, has run.
+QString callOrAbsence(const QString& function);
+/// Whether a result is that value.
+bool isAbsence(const QVariant& result);
 
 /// A text or a truth as JavaScript writes it.
 QString literal(const QString& text);

@@ -44,7 +44,7 @@ WebControl::WebControl(WebPage::Kind kind, QWidget* parent) : QWidget(parent), m
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     m_lossTimer.setSingleShot(true);
-    connect(&m_lossTimer, &QTimer::timeout, this, &WebControl::tellLoss);
+    onInner(&m_lossTimer, &QTimer::timeout, this, &WebControl::tellLoss);
 }
 
 WebControl::~WebControl()
@@ -69,20 +69,20 @@ void WebControl::makeView()
     setFocusProxy(m_view);
     m_view->show();
 
-    connect(m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { rendererEnded(); });
-    connect(m_page, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo& info) {
+    onInner(m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { rendererEnded(); });
+    onInner(m_page, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo& info) {
         const EngineCall call;
         loadingChanged(info);
     });
-    connect(m_page, &QWebEnginePage::urlChanged, this, [this] {
+    onInner(m_page, &QWebEnginePage::urlChanged, this, [this] {
         if (m_content == Content::Loaded)
             m_page->arrived(); // from here on the new page speaks, not the one that is left
     });
-    connect(m_page, &QWebEnginePage::linkHovered, this, [this](const QString& address) {
+    onInner(m_page, &QWebEnginePage::linkHovered, this, [this](const QString& address) {
         const EngineCall call;
         linkHovered(address);
     });
-    connect(m_page, &WebPage::refused, this, [this](const QString& sentence) {
+    onInner(m_page, &WebPage::refused, this, [this](const QString& sentence) {
         const EngineCall call;
         tellStatus(sentence);
     });
@@ -215,15 +215,20 @@ std::optional<QVariant> WebControl::evaluate(const QString& script)
 
 WebControl::Answer WebControl::call(const QString& function)
 {
-    const Answer answer = askPage(surfaceCall(function));
-    if (!answer.value || !answer.value->isNull())
+    const Answer answer = askPage(callOrAbsence(function));
+    if (!answer.value || !isAbsence(*answer.value))
         return answer;
     return askPage(surfaceScript() + u'.' + function); // the first call in this page
 }
 
 void WebControl::evaluateSoon(const QString& script, const std::function<void(const QVariant&)>& answered)
 {
-    m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld, answered);
+    if (answered) {
+        m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld,
+                              GuardedSlot<std::function<void(const QVariant&)>>{answered});
+    } else {
+        m_page->runJavaScript(script, QWebEngineScript::ApplicationWorld);
+    }
 }
 
 void WebControl::callSoon(const QString& function, const std::function<void(const QVariant&)>& answered)
@@ -344,12 +349,12 @@ QPoint WebControl::placeInView(const QObject* widget, QPointF place) const
 /// What the page has no use for.
 void WebControl::keyPressEvent(QKeyEvent* event)
 {
-    m_returnedKeys.passOn(*event);
+    guardedCall([&] { m_returnedKeys.passOn(*event); });
 }
 
 void WebControl::keyReleaseEvent(QKeyEvent* event)
 {
-    keyPressEvent(event);
+    guardedCall([&] { keyPressEvent(event); });
 }
 
 void WebControl::endDrag()
@@ -365,41 +370,43 @@ bool WebControl::isOwnDrag(const QDropEvent& event) const
 
 bool WebControl::eventFilter(QObject* watched, QEvent* event)
 {
-    switch (event->type()) {
-    case QEvent::ChildAdded:
-        if (QObject* child = static_cast<QChildEvent*>(event)->child();
-            watched == m_view && child->isWidgetType())
-            child->installEventFilter(this);
-        break;
-    case QEvent::FocusIn:
-        focusCame();
-        break;
-    case QEvent::ShortcutOverride: // decided here, or else the page and the window race for the key
-        event->setAccepted(takesKey(*static_cast<QKeyEvent*>(event)));
-        return true;
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-        if (takesOver(*static_cast<QKeyEvent*>(event)))
+    return guardedCall([&] {
+        switch (event->type()) {
+        case QEvent::ChildAdded:
+            if (QObject* child = static_cast<QChildEvent*>(event)->child();
+                watched == m_view && child->isWidgetType())
+                child->installEventFilter(this);
+            break;
+        case QEvent::FocusIn:
+            focusCame();
+            break;
+        case QEvent::ShortcutOverride: // decided here, or else the page and the window race for the key
+            event->setAccepted(takesKey(*static_cast<QKeyEvent*>(event)));
             return true;
-        break;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseButtonRelease: {
-        const auto& mouse = *static_cast<QMouseEvent*>(event);
-        if (actOnMouse(mouse, placeInView(watched, mouse.position())))
-            return true;
-        break;
-    }
-    case QEvent::DragEnter:
-    case QEvent::DragMove:
-    case QEvent::Drop: {
-        auto& drop = *static_cast<QDropEvent*>(event);
-        if (actOnDrop(drop, placeInView(watched, drop.position())))
-            return true;
-        break;
-    }
-    default:
-        break;
-    }
-    return QWidget::eventFilter(watched, event);
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            if (takesOver(*static_cast<QKeyEvent*>(event)))
+                return true;
+            break;
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+        case QEvent::MouseButtonRelease: {
+            const auto& mouse = *static_cast<QMouseEvent*>(event);
+            if (actOnMouse(mouse, placeInView(watched, mouse.position())))
+                return true;
+            break;
+        }
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop: {
+            auto& drop = *static_cast<QDropEvent*>(event);
+            if (actOnDrop(drop, placeInView(watched, drop.position())))
+                return true;
+            break;
+        }
+        default:
+            break;
+        }
+        return QWidget::eventFilter(watched, event);
+    });
 }

@@ -27,14 +27,16 @@ public:
 
     void requestStarted(QWebEngineUrlRequestJob* job) override
     {
-        if (job->requestUrl() != blankAddress()) {
-            job->fail(QWebEngineUrlRequestJob::UrlNotFound);
-            return;
-        }
-        auto* page = new QBuffer(job);
-        page->setData(QByteArrayLiteral("<html><head></head><body></body></html>"));
-        page->open(QIODevice::ReadOnly);
-        job->reply(QByteArrayLiteral("text/html"), page);
+        guardedCall([&] {
+            if (job->requestUrl() != blankAddress()) {
+                job->fail(QWebEngineUrlRequestJob::UrlNotFound);
+                return;
+            }
+            auto* page = new QBuffer(job);
+            page->setData(QByteArrayLiteral("<html><head></head><body></body></html>"));
+            page->open(QIODevice::ReadOnly);
+            job->reply(QByteArrayLiteral("text/html"), page);
+        });
     }
 };
 
@@ -44,7 +46,10 @@ class DocumentGuard : public QWebEngineUrlRequestInterceptor
 public:
     using QWebEngineUrlRequestInterceptor::QWebEngineUrlRequestInterceptor;
 
-    void interceptRequest(QWebEngineUrlRequestInfo& request) override { request.block(!allowed(request)); }
+    void interceptRequest(QWebEngineUrlRequestInfo& request) override
+    {
+        guardedCall([&] { request.block(!allowed(request)); });
+    }
 
 private:
     static bool allowed(const QWebEngineUrlRequestInfo& request)
@@ -65,8 +70,8 @@ QWebEngineProfile* makeProfile()
 {
     auto* profile = new QWebEngineProfile(QCoreApplication::instance()); // without a name: off the record
     profile->installUrlSchemeHandler(BlankScheme, new BlankPage(profile));
-    QObject::connect(profile, &QWebEngineProfile::downloadRequested, profile,
-                     [](QWebEngineDownloadRequest* download) { download->cancel(); }); // the page tells
+    onInner(profile, &QWebEngineProfile::downloadRequested, profile,
+            [](QWebEngineDownloadRequest* download) { download->cancel(); }); // the page tells
 
     QWebEngineSettings* settings = profile->settings();
     settings->setFontFamily(QWebEngineSettings::StandardFont, QStringLiteral("Liberation Serif"));

@@ -1,6 +1,7 @@
 #include "web/WebPage.h"
 
 #include "platform/Doors.h"
+#include "platform/Events.h"
 #include "web/WebEngine.h"
 
 #include <QWebEngineCertificateError>
@@ -36,22 +37,22 @@ WebPage::WebPage(Kind kind, QObject* parent)
     : QWebEnginePage(kind == Kind::Internet ? internetProfile() : documentProfile(), parent), m_kind(kind)
 {
     refuseFeatures();
-    connect(this, &QWebEnginePage::newWindowRequested, this, &WebPage::openInPlace);
+    onInner(this, &QWebEnginePage::newWindowRequested, this, &WebPage::openInPlace);
 }
 
 void WebPage::refuseFeatures()
 {
-    connect(this, &QWebEnginePage::featurePermissionRequested, this,
+    onInner(this, &QWebEnginePage::featurePermissionRequested, this,
             [this](const QUrl& origin, Feature feature) {
                 setFeaturePermission(origin, feature, PermissionDeniedByUser);
                 emit refused(QStringLiteral("Refused: the page asks for a permission"));
             });
-    connect(profile(), &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* offer) {
+    onInner(profile(), &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* offer) {
         if (offer->page() == this)
             emit refused(
                 QStringLiteral("Refused: the page offers a file, %1").arg(offer->downloadFileName()));
     });
-    connect(this, &QWebEnginePage::certificateError, this, [this](QWebEngineCertificateError error) {
+    onInner(this, &QWebEnginePage::certificateError, this, [this](QWebEngineCertificateError error) {
         error.rejectCertificate();
         emit refused(QStringLiteral("Refused: the certificate of %1 is not valid").arg(error.url().host()));
     });
@@ -81,25 +82,29 @@ bool WebPage::isAllowed(Kind kind, const QUrl& address)
 
 bool WebPage::acceptNavigationRequest(const QUrl& address, NavigationType, bool mainFrame)
 {
-    if (m_target == blankAddress()) // whatever the page that is left wants meanwhile
-        return address == m_target;
-    if (m_kind == Kind::Internet) {
-        if (mainFrame ? isAllowed(m_kind, address) : isShownInFrames(address))
+    return guardedCall([&] {
+        if (m_target == blankAddress()) // whatever the page that is left wants meanwhile
+            return address == m_target;
+        if (m_kind == Kind::Internet) {
+            if (mainFrame ? isAllowed(m_kind, address) : isShownInFrames(address))
+                return true;
+            emit refused(QStringLiteral("Not opened here: %1").arg(shownAddress(address)));
+            return false;
+        }
+        if (m_target)
             return true;
-        emit refused(QStringLiteral("Not opened here: %1").arg(shownAddress(address)));
+        if (mainFrame)
+            emit refused(QStringLiteral("Links are not followed here: %1").arg(shownAddress(address)));
         return false;
-    }
-    if (m_target)
-        return true;
-    if (mainFrame)
-        emit refused(QStringLiteral("Links are not followed here: %1").arg(shownAddress(address)));
-    return false;
+    });
 }
 
 QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QStringList&)
 {
-    emit refused(QStringLiteral("Refused: the page asks for files"));
-    return {};
+    return guardedCall([&]() -> QStringList {
+        emit refused(QStringLiteral("Refused: the page asks for files"));
+        return {};
+    });
 }
 
 /// Whether a message of the page's scripts is shown. A page that goes on asking is answered by silence, or
@@ -112,30 +117,36 @@ bool WebPage::mayAsk()
 
 void WebPage::javaScriptAlert(const QUrl&, const QString& message)
 {
-    if (!mayAsk())
-        return;
-    const PageMessage standing;
-    MsgBox(message, MessageTitle);
+    guardedCall([&] {
+        if (!mayAsk())
+            return;
+        const PageMessage standing;
+        MsgBox(message, MessageTitle);
+    });
 }
 
 bool WebPage::javaScriptConfirm(const QUrl&, const QString& message)
 {
-    if (m_target) // the page's "do you want to leave?"
-        return true;
-    if (!mayAsk())
-        return false;
-    const PageMessage standing;
-    return MsgBox(message, MessageTitle, MsgIcon::None, MsgButtons::YesNo) == MsgAnswer::Yes;
+    return guardedCall([&] {
+        if (m_target) // the page's "do you want to leave?"
+            return true;
+        if (!mayAsk())
+            return false;
+        const PageMessage standing;
+        return MsgBox(message, MessageTitle, MsgIcon::None, MsgButtons::YesNo) == MsgAnswer::Yes;
+    });
 }
 
 bool WebPage::javaScriptPrompt(const QUrl&, const QString& message, const QString& initial, QString* answer)
 {
-    if (!mayAsk())
-        return false;
-    const PageMessage standing;
-    const std::optional<QString> text = doors().inputBox(message, MessageTitle, initial);
-    *answer = text.value_or(QString());
-    return text.has_value();
+    return guardedCall([&] {
+        if (!mayAsk())
+            return false;
+        const PageMessage standing;
+        const std::optional<QString> text = doors().inputBox(message, MessageTitle, initial);
+        *answer = text.value_or(QString());
+        return text.has_value();
+    });
 }
 
 // What a page's scripts write for their author is nothing for the user's terminal.

@@ -1,5 +1,6 @@
 #include "web/WrittenPage.h"
 
+#include "platform/Events.h"
 #include "web/SurfaceScript.h"
 #include "web/WebEngine.h"
 
@@ -35,22 +36,24 @@ WrittenPage::WrittenPage(WebPage::Kind kind, QWidget* parent) : WebControl(kind,
 {
     for (QTimer* timer : {&m_documentTimer, &m_revealTimer, &m_caretTimer})
         timer->setSingleShot(true);
-    connect(&m_documentTimer, &QTimer::timeout, this, [this] {
+    onInner(&m_documentTimer, &QTimer::timeout, this, [this] {
         if (engineListens()) {
             untilDeleted([this] { showDocument(); });
         } else {
             m_documentTimer.start(BusyPause);
         }
     });
-    connect(&m_revealTimer, &QTimer::timeout, this, &WrittenPage::reveal);
-    connect(&m_caretTimer, &QTimer::timeout, this, &WrittenPage::renewCaret);
+    onInner(&m_revealTimer, &QTimer::timeout, this, &WrittenPage::reveal);
+    onInner(&m_caretTimer, &QTimer::timeout, this, &WrittenPage::renewCaret);
 }
 
 void WrittenPage::showEvent(QShowEvent* event)
 {
-    WebControl::showEvent(event);
-    makeView();
-    m_documentTimer.start(0); // so that one can type into it
+    guardedCall([&] {
+        WebControl::showEvent(event);
+        makeView();
+        m_documentTimer.start(0); // so that one can type into it
+    });
 }
 
 bool WrittenPage::isEditable() const
@@ -150,7 +153,7 @@ bool WrittenPage::startBlankPage()
     const QDeadlineTimer deadline(rendererPid() > 0 ? limit() : std::max(StartLimit, limit()));
     while (!isLost() && !deadline.hasExpired()) {
         QEventLoop loop;
-        connect(page(), &QWebEnginePage::loadFinished, &loop, [&](bool ok) {
+        onInner(page(), &QWebEnginePage::loadFinished, &loop, [&](bool ok) {
             if (ok && page()->url() == blankAddress())
                 loop.quit();
         });
@@ -259,11 +262,13 @@ void WrittenPage::waitForKeys()
 
 void WrittenPage::keyPressEvent(QKeyEvent* event)
 {
-    if (event->key() == LastKey && m_keysAreThere) {
-        m_keysAreThere->quit();
-    } else {
-        WebControl::keyPressEvent(event);
-    }
+    guardedCall([&] {
+        if (event->key() == LastKey && m_keysAreThere) {
+            m_keysAreThere->quit();
+        } else {
+            WebControl::keyPressEvent(event);
+        }
+    });
 }
 
 bool WrittenPage::isTab(const QKeyEvent& key)

@@ -1,6 +1,7 @@
 #include "wizard/PageDrawing.h"
 
 #include "platform/Accessible.h"
+#include "platform/Events.h"
 
 #include <QPainter>
 #include <array>
@@ -215,32 +216,34 @@ void PageDrawing::setLook(int style, const DrawingColors& colors)
 
 QSize PageDrawing::sizeHint() const
 {
-    return PageUnits * unitsScale(this);
+    return guardedCall([&]() -> QSize { return PageUnits * unitsScale(this); });
 }
 
 void PageDrawing::paintEvent(QPaintEvent*)
 {
-    Canvas canvas(this, PageUnits);
-    for (const Mark& mark : PageMarks) {
-        const Place& place = mark.places.at(size_t(m_style));
-        if (place.width == 0)
-            continue;
-        const QColor color = m_colors[mark.part];
-        switch (mark.kind) {
-        case Kind::Fill:
-            canvas.fill(place, color);
-            break;
-        case Kind::Outline:
-            canvas.outline(place, color);
-            break;
-        case Kind::Line:
-            canvas.line(place, color);
-            break;
-        case Kind::Text:
-            canvas.text(place, color, QLatin1String(mark.text));
-            break;
+    guardedCall([&] {
+        Canvas canvas(this, PageUnits);
+        for (const Mark& mark : PageMarks) {
+            const Place& place = mark.places.at(size_t(m_style));
+            if (place.width == 0)
+                continue;
+            const QColor color = m_colors[mark.part];
+            switch (mark.kind) {
+            case Kind::Fill:
+                canvas.fill(place, color);
+                break;
+            case Kind::Outline:
+                canvas.outline(place, color);
+                break;
+            case Kind::Line:
+                canvas.line(place, color);
+                break;
+            case Kind::Text:
+                canvas.text(place, color, QLatin1String(mark.text));
+                break;
+            }
         }
-    }
+    });
 }
 
 PictureStyleDrawing::PictureStyleDrawing(QWidget* parent) : QWidget(parent)
@@ -258,19 +261,21 @@ void PictureStyleDrawing::setLook(int pictureStyle, const DrawingColors& colors)
 
 QSize PictureStyleDrawing::sizeHint() const
 {
-    return ThumbnailUnits * unitsScale(this);
+    return guardedCall([&]() -> QSize { return ThumbnailUnits * unitsScale(this); });
 }
 
 void PictureStyleDrawing::paintEvent(QPaintEvent*)
 {
-    Canvas canvas(this, ThumbnailUnits);
-    canvas.fill({0, 0, ThumbnailUnits.width(), ThumbnailUnits.height()}, ThumbnailPaper);
-    const Arrangement& arrangement = Arrangements.at(size_t(m_pictureStyle));
-    for (const Place& picture : arrangement.pictures)
-        drawPicture(canvas, picture);
-    for (size_t i = 0; i < arrangement.lines.size(); ++i) {
-        // The very first line, `LineDe(0)`, keeps its black: beside it a picked colour shows.
-        const bool first = m_pictureStyle == 0 && i == 0;
-        canvas.line(arrangement.lines[i], first ? QColor(Qt::black) : m_colors[Part::PictureLines]);
-    }
+    guardedCall([&] {
+        Canvas canvas(this, ThumbnailUnits);
+        canvas.fill({0, 0, ThumbnailUnits.width(), ThumbnailUnits.height()}, ThumbnailPaper);
+        const Arrangement& arrangement = Arrangements.at(size_t(m_pictureStyle));
+        for (const Place& picture : arrangement.pictures)
+            drawPicture(canvas, picture);
+        for (size_t i = 0; i < arrangement.lines.size(); ++i) {
+            // The very first line, `LineDe(0)`, keeps its black: beside it a picked colour shows.
+            const bool first = m_pictureStyle == 0 && i == 0;
+            canvas.line(arrangement.lines[i], first ? QColor(Qt::black) : m_colors[Part::PictureLines]);
+        }
+    });
 }

@@ -158,6 +158,8 @@ private slots:
     void writeAndReadInOneBreath();
     void readsNothingWrongBeforeTheFirstWrite();
     void designModeKeepsTheDocument();
+    void functionsRunOnce_data();
+    void functionsRunOnce();
     void scriptsRunInThePreviewOnly();
     void editsAreHeardOfOnce();
     void editsOfOtherSurfacesAreNotHeardOf();
@@ -691,6 +693,27 @@ void TestWebBrowser::returnedKeysWaitForTheHandler()
         QCOMPARE(window.letters, QString());
     });
     QTRY_COMPARE(window.letters, QStringLiteral("abc"));
+}
+
+/// A function that has no result has run all the same: editing commands must not run twice.
+void TestWebBrowser::functionsRunOnce_data()
+{
+    QTest::addColumn<QString>("end");
+    QTest::newRow("null") << QStringLiteral("return null;");
+    QTest::newRow("nothing") << QString();
+    QTest::newRow("throws") << QStringLiteral("throw new Error;");
+}
+
+void TestWebBrowser::functionsRunOnce()
+{
+    QFETCH(QString, end);
+    Surface surface(QStringLiteral("<p>a"));
+    QVERIFY(surface.evaluate(
+                QStringLiteral("globalThis.calls = 0; globalThis[Symbol.for('surface')].execCommand = "
+                               "() => { ++calls; %1 }; true")
+                    .arg(end)) == true);
+    QVERIFY(!surface.execCommand(QStringLiteral("Bold")));
+    QCOMPARE(value(surface, "calls"), QStringLiteral("1"));
 }
 
 // ---- What ends or hangs
