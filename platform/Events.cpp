@@ -30,7 +30,7 @@ RuntimeError untrapped(const std::exception& error)
     if (const auto* ours = dynamic_cast<const RuntimeError*>(&error))
         return *ours;
     if (dynamic_cast<const std::bad_alloc*>(&error))
-        return RuntimeError(ErrorNumber::Overflow, QStringLiteral("Out of memory"));
+        return outOfMemory();
     return RuntimeError(ErrorNumber::InvalidProcedureCall, QString::fromLocal8Bit(error.what()));
 }
 

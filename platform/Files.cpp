@@ -91,7 +91,7 @@ QByteArray readFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         refuse(file.errorString());
-    QByteArray bytes = file.readAll();
+    QByteArray bytes = withinMemory([&] { return file.readAll(); });
     if (file.error() != QFileDevice::NoError)
         refuse(file.errorString());
     return bytes;

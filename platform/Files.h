@@ -5,7 +5,8 @@
 
 /// The whole content of a file.
 /// Throws RuntimeError: FileNotFound when there is none, PathFileAccess (with the system's reason) when it
-/// is no regular file, can't be read to its end, or nobody can tell whether it is there.
+/// is no regular file, can't be read to its end, or nobody can tell whether it is there; `outOfMemory` when
+/// it is larger than what there is.
 QByteArray readFile(const QString& path);
 
 /// Whether a file has the name of a picture that a page can show.

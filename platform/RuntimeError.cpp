@@ -33,3 +33,8 @@ RuntimeError::RuntimeError(ErrorNumber number, const QString& description)
     : std::runtime_error(description.toStdString()), m_number(number)
 {
 }
+
+RuntimeError outOfMemory()
+{
+    return {ErrorNumber::Overflow, QStringLiteral("Out of memory")};
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <new>
 #include <stdexcept>
 
 /// The numbers of the failures that handlers tell apart.
@@ -32,3 +33,18 @@ public:
 private:
     ErrorNumber m_number;
 };
+
+/// The failure of an operation for which there is not enough memory.
+RuntimeError outOfMemory();
+
+/// Runs what loads a text, and returns what it returns. For want of memory it fails like for any other
+/// reason: throws `outOfMemory`.
+template <typename Body>
+auto withinMemory(Body&& body)
+{
+    try {
+        return body();
+    } catch (const std::bad_alloc&) {
+        throw outOfMemory();
+    }
+}

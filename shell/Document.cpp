@@ -56,7 +56,7 @@ void Document::open(const QString& path)
     try {
         if (QFileInfo(path).size() > EditedText::MostBytes)
             throw RuntimeError(ErrorNumber::PathFileAccess, QStringLiteral("File too large"));
-        m_text.load(readFile(path));
+        withinMemory([&] { m_text.load(readFile(path)); });
     } catch (const RuntimeError&) {
         blank();
         throw;

@@ -77,6 +77,8 @@ private slots:
     void untrappedErrorEndsTheProgram();
     void otherErrorsEndItToo_data();
     void otherErrorsEndItToo();
+    void whateverTheToolkitCallsEndsIt_data();
+    void whateverTheToolkitCallsEndsIt();
     void secondErrorIsSilent();
     void fatalSaysWhereTheTextIsKept();
 };
@@ -267,6 +269,43 @@ void TestForms::otherErrorsEndItToo()
 }
 
 /// What fails while the program ends is neither told nor keeps the text again.
+/// What is no handler must not let an exception go through the toolkit either.
+void TestForms::whateverTheToolkitCallsEndsIt_data()
+{
+    using Fail = std::function<void()>;
+    QTest::addColumn<std::function<void(Fail)>>("called");
+    QTest::newRow("override") << std::function<void(Fail)>([](const Fail& fail) {
+        QVERIFY(!guardedCall([&] {
+            fail();
+            return true;
+        }));
+    });
+    QTest::newRow("inner working") << std::function<void(Fail)>([](const Fail& fail) {
+        QObject sender;
+        onInner(&sender, &QObject::objectNameChanged, &sender, fail);
+        sender.setObjectName(QStringLiteral("changed"));
+    });
+    QTest::newRow("from the queue") << std::function<void(Fail)>([](const Fail& fail) {
+        QObject context;
+        soon(&context, fail);
+        QCoreApplication::processEvents();
+    });
+    QTest::newRow("waited for handlers")
+        << std::function<void(Fail)>([](const Fail& fail) { guarded([&] { whenHandlersReturn(fail); }); });
+}
+
+void TestForms::whateverTheToolkitCallsEndsIt()
+{
+    using Fail = std::function<void()>;
+    QFETCH(std::function<void(Fail)>, called);
+    ScriptedDoors script;
+    script.answerMsgBox(MsgAnswer::Ok);
+    called([] { throw RuntimeError(ErrorNumber::TypeMismatch); });
+    QTRY_COMPARE(script.asked,
+                 QStringList{"MsgBox|Brindlemark|Run-time error '13':\n\nType mismatch|Stop|Ok"});
+    QVERIFY(script.endedAtOnce);
+}
+
 void TestForms::secondErrorIsSilent()
 {
     ScriptedDoors script;

@@ -55,6 +55,27 @@ private:
     void (*m_signal)(int) = nullptr;
 };
 
+/// The program gets no more than `bytes` of memory from the system while this lives.
+class LittleMemory
+{
+public:
+    explicit LittleMemory(rlim_t bytes)
+    {
+        QFile pages(QStringLiteral("/proc/self/statm"));
+        const bool known = pages.open(QIODevice::ReadOnly);
+        const rlim_t used = known ? pages.readAll().split(' ').first().toULongLong() * 4096 : 0;
+        getrlimit(RLIMIT_AS, &m_limit);
+        rlimit little = m_limit;
+        little.rlim_cur = used + bytes;
+        setrlimit(RLIMIT_AS, &little);
+    }
+    ~LittleMemory() { setrlimit(RLIMIT_AS, &m_limit); }
+    Q_DISABLE_COPY_MOVE(LittleMemory)
+
+private:
+    rlimit m_limit{};
+};
+
 } // namespace
 
 class TestFiles : public QObject
@@ -71,6 +92,7 @@ private slots:
     void whatIsNoFileCannotBeRead_data();
     void whatIsNoFileCannotBeRead();
     void protectedFileCannotBeRead();
+    void fileLargerThanTheMemory();
 
     void newContentReplacesTheOld();
     void permissionsStay_data();
@@ -179,6 +201,20 @@ void TestFiles::protectedFileCannotBeRead()
     const auto error = errorOf([&] { readFile(path("a.htm")); });
     QCOMPARE(numberOf(error), 75);
     QCOMPARE(error->description(), QStringLiteral("Permission denied"));
+}
+
+void TestFiles::fileLargerThanTheMemory()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("The sanitizer ends a program that has no memory");
+#endif
+    constexpr qint64 Gigabyte = 1 << 30;
+    QFile file(path("large.htm"));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(2 * Gigabyte)); // takes no place on the disk
+    const LittleMemory little(Gigabyte);
+    const auto error = errorOf([&] { readFile(file.fileName()); });
+    QCOMPARE(numberOf(error), 6);
+    QCOMPARE(error->description(), QStringLiteral("Out of memory"));
 }
 
 void TestFiles::newContentReplacesTheOld()

@@ -237,6 +237,7 @@ private slots:
     void noDropWhileAHandlerRuns();
     void droppedFileWaitsForHandlers();
 
+    void keyThatFailsEndsTheProgram();
     void hourglassOverLongTexts_data();
     void hourglassOverLongTexts();
 
@@ -1492,6 +1493,28 @@ void TestRichTextBox::droppedFileWaitsForHandlers()
         QCOMPARE(told.size(), 0);
     });
     QCOMPARE(told.size(), 1);
+}
+
+/// A clipboard for which there is no memory.
+class FullClipboard : public ScriptedDoors
+{
+public:
+    void setClipboard(std::unique_ptr<QMimeData>) override { throw std::bad_alloc(); }
+};
+
+/// An event is no handler, and the toolkit's frames are around it all the same.
+void TestRichTextBox::keyThatFailsEndsTheProgram()
+{
+    FullClipboard desktop;
+    desktop.answerMsgBox(MsgAnswer::Ok);
+    Fixture f;
+    f.start("0123456789");
+    f.box.selectAll();
+    QTest::keyClick(&f.box, Qt::Key_C, Qt::ControlModifier);
+    QCOMPARE(desktop.asked,
+             QStringList{QStringLiteral("MsgBox|Brindlemark|Run-time error '6':\n\nOut of memory|Stop|Ok")});
+    QVERIFY(desktop.endedAtOnce);
+    QCOMPARE(f.box.Text(), QByteArray("0123456789"));
 }
 
 // Long texts -----------------------------------------------------------------------------------------------

@@ -158,6 +158,7 @@ private slots:
     void writeAndReadInOneBreath();
     void readsNothingWrongBeforeTheFirstWrite();
     void designModeKeepsTheDocument();
+    void keyThatFailsEndsTheProgram();
     void functionsRunOnce_data();
     void functionsRunOnce();
     void scriptsRunInThePreviewOnly();
@@ -693,6 +694,26 @@ void TestWebBrowser::returnedKeysWaitForTheHandler()
         QCOMPARE(window.letters, QString());
     });
     QTRY_COMPARE(window.letters, QStringLiteral("abc"));
+}
+
+/// A clipboard for which there is no memory.
+class FullClipboard : public ScriptedDoors
+{
+public:
+    void setClipboard(std::unique_ptr<QMimeData>) override { throw std::bad_alloc(); }
+};
+
+/// The keys of a page come by a filter of events, with the toolkit's frames around it.
+void TestWebBrowser::keyThatFailsEndsTheProgram()
+{
+    FullClipboard desktop;
+    desktop.answerMsgBox(MsgAnswer::Ok);
+    Surface surface(QStringLiteral("<p>a"));
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
+    QTest::keyClick(surface.inputWidget(), Qt::Key_C, Qt::ControlModifier);
+    QTRY_COMPARE(desktop.asked, QStringList{QStringLiteral(
+                                    "MsgBox|Brindlemark|Run-time error '6':\n\nOut of memory|Stop|Ok")});
+    QVERIFY(desktop.endedAtOnce);
 }
 
 /// A function that has no result has run all the same: editing commands must not run twice.
