@@ -215,7 +215,7 @@ std::optional<QVariant> WebControl::evaluate(const QString& script)
 
 WebControl::Answer WebControl::call(const QString& function)
 {
-    const Answer answer = askPage(callOrAbsence(function));
+    Answer answer = askPage(callOrAbsence(function));
     if (!answer.value || !isAbsence(*answer.value))
         return answer;
     return askPage(surfaceScript() + u'.' + function); // the first call in this page

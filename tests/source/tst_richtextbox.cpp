@@ -238,6 +238,7 @@ private slots:
     void droppedFileWaitsForHandlers();
 
     void keyThatFailsEndsTheProgram();
+    void menuThatFailsEndsTheProgram();
     void hourglassOverLongTexts_data();
     void hourglassOverLongTexts();
 
@@ -1500,6 +1501,7 @@ class FullClipboard : public ScriptedDoors
 {
 public:
     void setClipboard(std::unique_ptr<QMimeData>) override { throw std::bad_alloc(); }
+    const QMimeData* clipboard() override { throw std::bad_alloc(); }
 };
 
 /// An event is no handler, and the toolkit's frames are around it all the same.
@@ -1515,6 +1517,20 @@ void TestRichTextBox::keyThatFailsEndsTheProgram()
              QStringList{QStringLiteral("MsgBox|Brindlemark|Run-time error '6':\n\nOut of memory|Stop|Ok")});
     QVERIFY(desktop.endedAtOnce);
     QCOMPARE(f.box.Text(), QByteArray("0123456789"));
+}
+
+void TestRichTextBox::menuThatFailsEndsTheProgram()
+{
+    FullClipboard desktop;
+    desktop.answerMsgBox(MsgAnswer::Ok);
+    Fixture f;
+    f.start("0123456789");
+    QContextMenuEvent asked(QContextMenuEvent::Mouse, QPoint(5, 5),
+                            f.box.viewport()->mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(f.box.viewport(), &asked);
+    QCOMPARE(desktop.asked,
+             QStringList{QStringLiteral("MsgBox|Brindlemark|Run-time error '6':\n\nOut of memory|Stop|Ok")});
+    QVERIFY(desktop.endedAtOnce);
 }
 
 // Long texts -----------------------------------------------------------------------------------------------
