@@ -107,5 +107,9 @@ QMetaObject::Connection onInner(Sender* sender, Signal signal, QObject* context,
 template <typename Body>
 void soon(QObject* context, Body body)
 {
-    QTimer::singleShot(0, context, GuardedSlot<Body>{std::move(body)});
+    auto* timer = new QTimer(context); // goes with it, or when it has run
+    timer->setSingleShot(true);
+    QObject::connect(timer, &QTimer::timeout, timer, &QObject::deleteLater);
+    onInner(timer, &QTimer::timeout, timer, std::move(body));
+    timer->start(0);
 }

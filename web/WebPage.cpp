@@ -48,9 +48,10 @@ void WebPage::refuseFeatures()
                 emit refused(QStringLiteral("Refused: the page asks for a permission"));
             });
     onInner(profile(), &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* offer) {
-        if (offer->page() == this)
+        if (offer->page() == this) {
             emit refused(
                 QStringLiteral("Refused: the page offers a file, %1").arg(offer->downloadFileName()));
+        }
     });
     onInner(this, &QWebEnginePage::certificateError, this, [this](QWebEngineCertificateError error) {
         error.rejectCertificate();
