@@ -13,11 +13,13 @@ public:
     /// How much can be edited, in bytes: the component counts with 32 bits.
     static constexpr qint64 MostBytes = std::numeric_limits<qint32>::max();
 
+    using Later = std::function<QByteArray()>;
+
     virtual ~EditedText() = default;
 
     virtual QByteArray Text() const = 0;
     /// The text as it is now, for another thread: what is costly in it is done when the result is called.
-    virtual std::function<QByteArray()> textLater() const = 0;
+    virtual Later textLater() const = 0;
     /// Whether the text is empty; much cheaper than asking `Text`.
     virtual bool isEmpty() const = 0;
     /// What the bytes mean.

@@ -164,7 +164,7 @@ void RichTextBox::SetFocus()
         setFocus();
 }
 
-std::function<QByteArray()> RichTextBox::textLater() const
+EditedText::Later RichTextBox::textLater() const
 {
     return [text = innerText().toByteArray(), encoding = textEncoding()] {
         return encoding == TextEncoding::Utf8 ? text : ::encode(QString::fromUtf8(text), encoding);

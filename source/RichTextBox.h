@@ -32,7 +32,7 @@ public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
     QByteArray Text() const override;
-    std::function<QByteArray()> textLater() const override;
+    Later textLater() const override;
     /// Replaces the whole text, in one step of undo, puts the caret to 0 and drops all colours. Decides the
     /// encoding anew. Raises `Change` and `SelChange` always, for an equal text as well.
     void setText(const QByteArray& text);

@@ -17,7 +17,7 @@ class PlainText : public EditedText
 {
 public:
     QByteArray Text() const override { return m_text; }
-    std::function<QByteArray()> textLater() const override
+    Later textLater() const override
     {
         return [text = m_text] { return text; };
     }
