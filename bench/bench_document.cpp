@@ -254,8 +254,8 @@ const Operation Operations[] = {
 QByteArray listing()
 {
     const MarkerPair& title = markers(Region::Title);
-    return StyleMarkers.front().toByteArray() + "\r\n" + title.opening.toByteArray() +
-           "<B>Old wall clock</B>" + title.closing.toByteArray() + "\r\n";
+    return StyleMarkers.at(0).toByteArray() + "\r\n" + title.opening.toByteArray() + "<B>Old wall clock</B>" +
+           title.closing.toByteArray() + "\r\n";
 }
 
 /// A page with one byte a character, which the component holds as UTF-8.

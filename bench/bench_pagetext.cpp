@@ -18,7 +18,7 @@ QByteArray page()
         QByteArray("<TR><TD bgcolor=\"#FFFFFF\" align=center><FONT face=\"Arial\" size=2><B>a "
                    "price of 12.50</B></FONT></TD></TR>\r\n");
     const MarkerPair& title = markers(Region::Title);
-    return line.repeated(10'000'000 / line.size()) + StyleMarkers.back().toByteArray() +
+    return line.repeated(10'000'000 / line.size()) + StyleMarkers.at(StyleCount - 1).toByteArray() +
            title.opening.toByteArray() + "<B>Old wall clock</B>" + title.closing.toByteArray() +
            "<META content=\"An engine\" name=GENERATOR>";
 }

@@ -25,7 +25,7 @@ std::optional<TextRange> partOf(const QByteArray& text, const MarkerPair& pair)
 /// The design style whose marker comes first behind `from`, and not at the very start.
 std::optional<size_t> styleOf(const QByteArray& text, qsizetype from)
 {
-    for (size_t style = 0; style < StyleMarkers.size(); ++style) {
+    for (size_t style = 0; style < StyleCount; ++style) {
         if (text.toLower().indexOf(StyleMarkers.at(style).toByteArray(), from) >= 1)
             return style;
     }

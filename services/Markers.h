@@ -1,5 +1,7 @@
 #pragma once
 
+#include "services/PerStyle.h"
+
 #include <QByteArrayView>
 #include <array>
 
@@ -52,12 +54,12 @@ inline constexpr std::array<MarkerPair, 14> Markers = {{
 }};
 
 /// The comment right behind the body tag that records the design style of the page, 0 to 3.
-inline constexpr std::array<QByteArrayView, 4> StyleMarkers = {{
+inline constexpr PerStyle<QByteArrayView> StyleMarkers = {
     "<!-- body-buildwizard0 -->",
     "<!-- body-buildwizard1 -->",
     "<!-- body-buildwizard2 -->",
     "<!-- body-buildwizard3 -->",
-}};
+};
 
 /// The markers of a region.
 constexpr const MarkerPair& markers(Region region)

@@ -42,8 +42,8 @@ std::optional<TextRange> findRegion(QByteArrayView text, Region region)
 
 std::optional<size_t> listingStyle(QByteArrayView text, qsizetype from)
 {
-    for (size_t style = 0; style < StyleMarkers.size(); ++style) {
-        if (TextSearch(StyleMarkers[style].toByteArray(), 0).indexIn(text, from) >= 1)
+    for (size_t style = 0; style < StyleCount; ++style) {
+        if (TextSearch(StyleMarkers.at(style).toByteArray(), 0).indexIn(text, from) >= 1)
             return style;
     }
     return std::nullopt;

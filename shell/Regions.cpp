@@ -17,12 +17,12 @@ struct StyleParts
     bool descriptionCell; ///< a cell "Description:"
 };
 
-constexpr std::array<StyleParts, StyleMarkers.size()> Parts = {{
+constexpr PerStyle<StyleParts> Parts = {
     {true, false},
     {true, false},
     {false, false},
     {false, true},
-}};
+};
 
 } // namespace
 
@@ -44,7 +44,7 @@ bool updateStyleButtons(FrmWeb& main)
     const int caret = source.SelStart();
     const std::optional<size_t> style = listingStyle(source.Text(), caret);
     if (style) // selecting it makes the document count as changed
-        source.Find(StyleMarkers[*style].toByteArray());
+        source.Find(StyleMarkers.at(*style).toByteArray());
     for (QPushButton* button : {main.CmdTitle, main.CmdDes, main.CmdCell})
         button->setEnabled(style.has_value());
     main.CmdLine->setEnabled(style && Parts.at(*style).line);

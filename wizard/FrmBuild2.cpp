@@ -24,7 +24,7 @@
 
 namespace {
 
-constexpr int LastStyle = 3;
+constexpr int LastStyle = int(StyleCount) - 1;
 
 QString setNamesFile()
 {

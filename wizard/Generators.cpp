@@ -22,9 +22,6 @@ enum class SectionsTable {
     None,   ///< no table: they are rows of the outer one
 };
 
-/// One value for each design style, 0 to 3.
-template <typename T>
-using PerStyle = std::array<T, StyleMarkers.size()>;
 using Pieces = PerStyle<QLatin1StringView>;
 
 constexpr auto CrLf = PageText::lineEnd;
@@ -105,7 +102,7 @@ private:
     template <typename T>
     T mine(const PerStyle<T>& row) const
     {
-        return row[m_style];
+        return row.at(m_style);
     }
 
     // ---- The page from top to bottom
@@ -361,7 +358,7 @@ private:
 
 QString listingPage(const Listing& listing, const PageLook& look, const TermsTexts& terms)
 {
-    if (look.style < 0 || look.style >= static_cast<int>(StyleMarkers.size()))
+    if (look.style < 0 || look.style >= static_cast<int>(StyleCount))
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     return Generator(listing, look, terms).page();
 }

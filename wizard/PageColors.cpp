@@ -14,7 +14,7 @@ enum Styles : unsigned {
     Style2 = 1U << 2U,
     Style3 = 1U << 3U,
     Styles012 = 0b0111,
-    AllStyles = 0b1111,
+    AllStyles = (1U << StyleCount) - 1,
 };
 
 /// A part of the drawing, the field that colours it, and in which styles.

@@ -82,8 +82,8 @@ double unitsScale(const QWidget* widget)
     return double(widget->fontMetrics().height() + 2) / rowHeight;
 }
 
-/// Where something stands in each of the four styles.
-using Places = std::array<Place, 4>;
+/// Where something stands in each design style.
+using Places = PerStyle<Place>;
 
 constexpr QSize PageUnits(200, 250);
 
@@ -96,18 +96,16 @@ constexpr Places Page = everywhere({0, 0, 200, 250});
 constexpr Places Inside = everywhere({3, 3, 194, 244});
 constexpr Places TitleRow = everywhere({10, 9, 180, 18});
 // A title cell in style 3, else the text itself.
-constexpr Places DescriptionRow = {{{55, 42, 90, 18}, {55, 42, 90, 18}, {55, 38, 90, 18}, {3, 33, 194, 18}}};
+constexpr Places DescriptionRow = {{55, 42, 90, 18}, {55, 42, 90, 18}, {55, 38, 90, 18}, {3, 33, 194, 18}};
 // In styles 0 and 1 the three sections have a table of their own, narrower than the page.
-constexpr Places PaymentRow = {{{22, 84, 156, 18}, {22, 84, 156, 18}, {3, 84, 194, 18}, {3, 84, 194, 18}}};
-constexpr Places LocationRow = {
-    {{22, 136, 156, 18}, {22, 136, 156, 18}, {3, 138, 194, 18}, {3, 138, 194, 18}}};
-constexpr Places WhoPaysRow = {
-    {{22, 188, 156, 18}, {22, 188, 156, 18}, {3, 192, 194, 18}, {3, 192, 194, 18}}};
-constexpr Places Sections = {{Nowhere, {22, 84, 156, 156}, {3, 84, 194, 163}, {3, 84, 194, 163}}};
+constexpr Places PaymentRow = {{22, 84, 156, 18}, {22, 84, 156, 18}, {3, 84, 194, 18}, {3, 84, 194, 18}};
+constexpr Places LocationRow = {{22, 136, 156, 18}, {22, 136, 156, 18}, {3, 138, 194, 18}, {3, 138, 194, 18}};
+constexpr Places WhoPaysRow = {{22, 188, 156, 18}, {22, 188, 156, 18}, {3, 192, 194, 18}, {3, 192, 194, 18}};
+constexpr Places Sections = {Nowhere, {22, 84, 156, 156}, {3, 84, 194, 163}, {3, 84, 194, 163}};
 
 constexpr Places fromStyle1(const Places& places)
 {
-    return {Nowhere, places[1], places[2], places[3]};
+    return {Nowhere, places.at(1), places.at(2), places.at(3)};
 }
 
 enum class Kind { Fill, Outline, Line, Text };
@@ -128,31 +126,31 @@ constexpr Mark PageMarks[] = {
     {Kind::Fill, Part::Page, Page},
     {Kind::Fill, Part::TitleGround, Inside},
     {Kind::Text, Part::Title, TitleRow, "Title:"},
-    {Kind::Line, Part::Rule, {{{28, 34, 144, 0}, {28, 34, 144, 0}, {3, 33, 194, 0}, Nowhere}}},
+    {Kind::Line, Part::Rule, {{28, 34, 144, 0}, {28, 34, 144, 0}, {3, 33, 194, 0}, Nowhere}},
     {Kind::Fill, Part::DescriptionGround, DescriptionRow},
     {Kind::Text, Part::Description, DescriptionRow, " Description:"},
-    {Kind::Line, Part::DescriptionLines, {{{40, 66, 120, 0}, {40, 66, 120, 0}, {40, 62, 120, 0}, {20, 62, 160, 0}}}},
-    {Kind::Line, Part::DescriptionLines, {{{40, 74, 120, 0}, {40, 74, 120, 0}, {40, 71, 120, 0}, {20, 71, 160, 0}}}},
+    {Kind::Line, Part::DescriptionLines, {{40, 66, 120, 0}, {40, 66, 120, 0}, {40, 62, 120, 0}, {20, 62, 160, 0}}},
+    {Kind::Line, Part::DescriptionLines, {{40, 74, 120, 0}, {40, 74, 120, 0}, {40, 71, 120, 0}, {20, 71, 160, 0}}},
 
     {Kind::Fill, Part::CellGround, PaymentRow},
     {Kind::Text, Part::Cells, PaymentRow, " Payment:"},
-    {Kind::Line, Part::Lists, {{{34, 113, 100, 0}, {34, 113, 100, 0}, {16, 114, 130, 0}, {16, 114, 130, 0}}}},
-    {Kind::Line, Part::Lists, {{{34, 124, 100, 0}, {34, 124, 100, 0}, {16, 126, 130, 0}, {16, 126, 130, 0}}}},
+    {Kind::Line, Part::Lists, {{34, 113, 100, 0}, {34, 113, 100, 0}, {16, 114, 130, 0}, {16, 114, 130, 0}}},
+    {Kind::Line, Part::Lists, {{34, 124, 100, 0}, {34, 124, 100, 0}, {16, 126, 130, 0}, {16, 126, 130, 0}}},
     {Kind::Fill, Part::CellGround, LocationRow},
     {Kind::Text, Part::Cells, LocationRow, " Location Shipping:"},
-    {Kind::Line, Part::Lists, {{{34, 165, 100, 0}, {34, 165, 100, 0}, {16, 168, 130, 0}, {16, 168, 130, 0}}}},
-    {Kind::Line, Part::Lists, {{{34, 176, 100, 0}, {34, 176, 100, 0}, {16, 180, 130, 0}, {16, 180, 130, 0}}}},
+    {Kind::Line, Part::Lists, {{34, 165, 100, 0}, {34, 165, 100, 0}, {16, 168, 130, 0}, {16, 168, 130, 0}}},
+    {Kind::Line, Part::Lists, {{34, 176, 100, 0}, {34, 176, 100, 0}, {16, 180, 130, 0}, {16, 180, 130, 0}}},
     {Kind::Fill, Part::CellGround, WhoPaysRow},
     {Kind::Text, Part::Cells, WhoPaysRow, " Pays Shipping:"},
-    {Kind::Line, Part::Lists, {{{34, 217, 100, 0}, {34, 217, 100, 0}, {16, 222, 130, 0}, {16, 222, 130, 0}}}},
-    {Kind::Line, Part::Lists, {{{34, 228, 100, 0}, {34, 228, 100, 0}, {16, 234, 130, 0}, {16, 234, 130, 0}}}},
+    {Kind::Line, Part::Lists, {{34, 217, 100, 0}, {34, 217, 100, 0}, {16, 222, 130, 0}, {16, 222, 130, 0}}},
+    {Kind::Line, Part::Lists, {{34, 228, 100, 0}, {34, 228, 100, 0}, {16, 234, 130, 0}, {16, 234, 130, 0}}},
 
     {Kind::Outline, Part::Borders, Page},                                                            // Shape1
     {Kind::Outline, Part::Borders, Sections},                                                        // Shape2
     {Kind::Outline, Part::Borders, fromStyle1(LocationRow)},                                         // Shape3
     {Kind::Outline, Part::Borders, fromStyle1(WhoPaysRow)},                                          // Shape4
-    {Kind::Outline, Part::Borders, {{Inside[0], Inside[1], Inside[2], DescriptionRow[3]}}},          // Shape5
-    {Kind::Line, Part::Borders, {{Nowhere, {22, 102, 156, 0}, {3, 102, 194, 0}, {3, 102, 194, 0}}}}, // Line8
+    {Kind::Outline, Part::Borders, {Inside.at(0), Inside.at(1), Inside.at(2), DescriptionRow.at(3)}},// Shape5
+    {Kind::Line, Part::Borders, {Nowhere, {22, 102, 156, 0}, {3, 102, 194, 0}, {3, 102, 194, 0}}},   // Line8
 };
 // clang-format on
 

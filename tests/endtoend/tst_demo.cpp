@@ -328,7 +328,7 @@ void TestDemo::checkPage(const QString& path, int style, int pictureStyle, int p
     QVERIFY(page.startsWith("<HEAD>\r\n"));
     QCOMPARE(page.count("<META content=\"Brindlemark 1.0\" name=GENERATOR>"), 1);
     QVERIFY(page.contains(m_listing.value(QStringLiteral("title")).toUtf8()));
-    for (size_t i = 0; i < StyleMarkers.size(); ++i)
+    for (size_t i = 0; i < StyleCount; ++i)
         QCOMPARE(page.count(StyleMarkers.at(i)), i == size_t(style) ? 1 : 0);
     for (const MarkerPair& pair : Markers) {
         const bool there = pair.region == Region::Line              ? style < 2

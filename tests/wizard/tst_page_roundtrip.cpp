@@ -64,7 +64,7 @@ static QStringList markersOf(int style, int pictureStyle)
                 Region::LocationCell, Region::LocationList, Region::LocationTerms,
                 Region::WhoPaysCell,  Region::WhoPaysList,  Region::WhoPaysTerms};
 
-    QStringList all = {QString::fromLatin1(StyleMarkers[static_cast<std::size_t>(style)])};
+    QStringList all = {QString::fromLatin1(StyleMarkers.at(static_cast<std::size_t>(style)))};
     for (const Region region : regions)
         all += {QString::fromLatin1(markers(region).opening), QString::fromLatin1(markers(region).closing)};
     return all;
