@@ -1,6 +1,6 @@
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run install dist test demo gallery help-pictures bench soak fuzz mutants format tidy clean
+.PHONY: run install dist test check demo gallery help-pictures bench soak fuzz mutants format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -43,6 +43,26 @@ test:
 	cmake --preset dev
 	cmake --build --preset dev
 	ctest --preset dev
+
+# What a change must pass beside the tests: both compilers, a release, the sanitizers over all tests that need no display,
+# the code's form, and the analyser on what has changed since BASE.
+BASE ?= HEAD~1
+
+check:
+	./setup --test --develop --fuzz
+	for build in clang release release-clang; do \
+	  cmake --preset $$build && cmake --build --preset $$build || exit 1; \
+	done
+	cmake --preset asan
+	cmake --build --preset asan
+	ctest --preset asan --label-exclude display
+	git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
+	cmake --preset tidy
+	cmake --build --preset tidy
+	git rev-parse --verify --quiet $(BASE) >/dev/null \
+	  || { echo "make check: this clone has no $(BASE); name another BASE."; exit 1; }
+	git diff --name-only --diff-filter=d $(BASE) -- '*.cpp' ':!bench' ':!fuzz/Fuzzer.cpp' \
+	  | xargs --no-run-if-empty -n 1 -P "$$(nproc)" clang-tidy -p build/tidy --quiet
 
 # Makes listings as a seller does, on a virtual display; the pages and pictures of the screen lie in out/ then.
 demo:

@@ -7,6 +7,7 @@
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
 #include "services/Desktop.h"
+#include "services/PerStyle.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
 #include "shell/GeneratorTag.h"

@@ -1,6 +1,8 @@
 #include "wizard/Generators.h"
 
 #include "platform/RuntimeError.h"
+#include "services/Markers.h"
+#include "services/PerStyle.h"
 #include "wizard/PageText.h"
 #include "wizard/PictureBlock.h"
 

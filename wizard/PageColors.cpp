@@ -3,6 +3,7 @@
 #include "platform/AppPath.h"
 #include "platform/ColorNumber.h"
 #include "services/Codes.h"
+#include "services/PerStyle.h"
 #include "services/Profile.h"
 
 #include <algorithm>

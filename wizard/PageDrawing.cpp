@@ -2,6 +2,7 @@
 
 #include "platform/Accessible.h"
 #include "platform/Events.h"
+#include "services/PerStyle.h"
 
 #include <QPainter>
 #include <array>
