@@ -15,18 +15,23 @@ namespace {
 /// More cells than a page can show, or the source box can hold in good time.
 constexpr qint64 MostCells = 1'000'000;
 
-/// The whole number in a box, 0 to 32767. Without one the user is told, and stands in the box.
-std::optional<int> wholeNumber(QLineEdit* box)
+/// The whole number in a box, 0 to 32767; no value when it holds none.
+std::optional<int> wholeNumber(const QLineEdit* box)
 {
     bool isNumber = false;
     const int number = box->text().toInt(&isNumber);
     if (isNumber && number >= 0 && number <= std::numeric_limits<qint16>::max())
         return number;
+    return std::nullopt;
+}
+
+/// Tells the user that there is no whole number in a box, and puts them there.
+void refuse(QLineEdit* box)
+{
     MsgBox(QStringLiteral("Please enter a whole number."), QStringLiteral("Information"),
            MsgIcon::Information);
     box->setFocus();
     box->selectAll();
-    return std::nullopt;
 }
 
 } // namespace
@@ -70,23 +75,27 @@ QString FrmAddTable::align() const
 void FrmAddTable::Command1_Click()
 {
     const std::optional<int> rows = wholeNumber(txtRows);
-    const std::optional<int> columns = rows ? wholeNumber(txtColls) : std::nullopt;
-    if (!columns)
+    const std::optional<int> columns = wholeNumber(txtColls);
+    if (!rows || !columns) {
+        refuse(rows ? txtColls : txtRows);
         return;
+    }
     if (qint64(*rows) * qMax(1, *columns) > MostCells) {
         MsgBox(QStringLiteral("The table is too large. It can have up to %1 cells.").arg(MostCells),
                QStringLiteral("Information"), MsgIcon::Information);
         txtRows->setFocus();
         return;
     }
-    const WaitCursor wait;
-    addToEditor(skeletonText({.align = align(),
-                              .Combo2 = Combo2->text(),
-                              .Combo3 = Combo3->text(),
-                              .Combo4 = Combo4->text(),
-                              .Text4 = Text4,
-                              .Text13 = Text13,
-                              .rows = *rows,
-                              .columns = *columns}));
-    Unload();
+    tellingWantOfMemory([&] {
+        const WaitCursor wait;
+        addToEditor(skeletonText({.align = align(),
+                                  .Combo2 = Combo2->text(),
+                                  .Combo3 = Combo3->text(),
+                                  .Combo4 = Combo4->text(),
+                                  .Text4 = Text4,
+                                  .Text13 = Text13,
+                                  .rows = *rows,
+                                  .columns = *columns}));
+        Unload();
+    });
 }

@@ -7,11 +7,22 @@
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
 
+#include <new>
+
 void keepInSettings(CheckBox* box, const QString& section, const QString& key)
 {
     box->setValue(Profile(webIni()).checkBox(section, key));
     on(box, &CheckBox::Click, box,
        [box, section, key] { WriteProfile(section, key, fromNumber(box->Value()), webIni()); });
+}
+
+void tellingWantOfMemory(const std::function<void()>& make)
+{
+    try {
+        make();
+    } catch (const std::bad_alloc&) {
+        MsgBox(QStringLiteral("There is not enough memory for this."), ProgramTitle, MsgIcon::Exclamation);
+    }
 }
 
 void ToolForm::setClosingBox(CheckBox* box, const QString& section, const QString& key)

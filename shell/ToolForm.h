@@ -2,11 +2,17 @@
 
 #include "forms/Form.h"
 
+#include <functional>
+
 class CheckBox;
 
 /// Ticks a box where a key of the main settings file is "1", and keeps each later change of the box there as
 /// "1" or "0".
 void keepInSettings(CheckBox* box, const QString& section, const QString& key);
+
+/// Runs what makes a page or a part of one. Where there is not enough memory for it, it ends there, and the
+/// user is told. What it changes, it changes last.
+void tellingWantOfMemory(const std::function<void()>& make);
 
 /// A window that makes a fragment of HTML, and gives it to the document or to the clipboard.
 class ToolForm : public Form

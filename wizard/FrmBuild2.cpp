@@ -15,6 +15,7 @@
 #include "shell/Icons.h"
 #include "shell/Regions.h"
 #include "shell/SavedTitles.h"
+#include "shell/ToolForm.h"
 #include "source/RichTextBox.h"
 #include "web/DocumentSurface.h"
 #include "wizard/FrmBuild1.h"
@@ -22,6 +23,7 @@
 #include "wizard/Terms.h"
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -176,42 +178,50 @@ void FrmBuild2::showDrawing()
 /// form's first picture, which needn't wait for it.
 void FrmBuild2::warmEngine()
 {
-    if (!isUnloaded() && isLoaded<FrmBuild1>())
+    if (isUnloaded() || !isLoaded<FrmBuild1>())
+        return;
+    try {
         makePage();
+    } catch (const SurfaceLost&) {
+        // Nobody has asked for the page yet; who does is told if it fails again.
+    } catch (const std::bad_alloc&) {
+        // Nor need anybody know that there is no memory for it now.
+    }
 }
 
-/// Makes the page of the listing in `RTB1`, as the engine prints it. False: the engine gave no answer.
-bool FrmBuild2::makePage()
+/// Makes the page of the listing in `RTB1`, as the engine prints it. Throws SurfaceLost when the engine gave
+/// no answer.
+void FrmBuild2::makePage()
 {
     const WaitCursor hourglass;
     if (!WebBrowser1->write(listingPage(form<FrmBuild1>()->listing(), look(), readTerms())))
-        return false;
-    try {
-        RTB1 = WebBrowser1->innerHtml().toUtf8();
-    } catch (const SurfaceLost&) {
-        return false;
-    }
-    return true;
+        throw SurfaceLost();
+    RTB1 = WebBrowser1->innerHtml().toUtf8();
 }
 
-/// Makes the page, stamped. False: it couldn't be made, and the user has been told.
-bool FrmBuild2::generate()
+/// Makes the page, stamped.
+FrmBuild2::PageResult FrmBuild2::generate()
 {
     m_warmUp.stop();
-    if (!makePage()) {
+    PageResult result = PageResult::NotMade;
+    try {
+        tellingWantOfMemory([&] {
+            makePage();
+            RTB1 = stamped(RTB1);
+            result = PageResult::Made;
+        });
+    } catch (const SurfaceLost&) {
         MsgBox(QStringLiteral("The page cannot be made: the process that lays it out has ended.\n"
                               "Nothing is lost; please try again."),
                ProgramTitle, MsgIcon::Exclamation);
-        return false;
     }
-    RTB1 = stamped(RTB1);
-    return true;
+    return result;
 }
 
 /// "Open with Editor". With the Internet tab up the wizard closes and the editor keeps its text.
 void FrmBuild2::Command23_Click()
 {
-    if (!generate())
+    if (generate() != PageResult::Made)
         return;
     setEnabled(false); // pauses follow, in which the user must not open a second time
     auto* main = form<FrmWeb>();
@@ -232,7 +242,7 @@ void FrmBuild2::Command23_Click()
 /// turns to the editor.
 void FrmBuild2::Command24_Click()
 {
-    if (!generate())
+    if (generate() != PageResult::Made)
         return;
     auto* main = form<FrmWeb>();
     if (main->SSTab1->Tab() == FrmWeb::PreviewTab)

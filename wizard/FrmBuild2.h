@@ -34,6 +34,12 @@ public:
     std::array<CheckBox*, 4> Chk;
 
 private:
+    /// How an attempt to make the page ended.
+    enum class PageResult {
+        Made,
+        NotMade, ///< the user has been told
+    };
+
     void Command1_Click();
     void Command2_Click();
     void Command4_Click();
@@ -49,8 +55,8 @@ private:
     void repaintDrawing();
     void showDrawing();
     void warmEngine();
-    bool generate();
-    bool makePage();
+    [[nodiscard]] PageResult generate();
+    void makePage();
     void colorSource();
     void finish();
 

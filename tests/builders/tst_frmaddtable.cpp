@@ -1,3 +1,4 @@
+#include "LittleMemory.h"
 #include "OpenTool.h"
 #include "WebTestMain.h"
 #include "builders/FrmAddTable.h"
@@ -73,6 +74,7 @@ private slots:
     void tooLarge();
     void asLargeAsCanBe_data();
     void asLargeAsCanBe();
+    void largerThanTheMemory();
     void bars();
     void attributes();
     void replacesTheSelection();
@@ -310,6 +312,33 @@ void TestFrmAddTable::asLargeAsCanBe()
     overtype(window.tool->txtColls, QString::number(columnCount));
     click(window.tool->Command1);
     QVERIFY(window.source() == Head + rows(rowCount, columnCount) + End);
+}
+
+/// The window stays as it was, and the table is made when there is room again.
+void TestFrmAddTable::largerThanTheMemory()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("The sanitizer ends a program that has no memory");
+#endif
+    constexpr rlim_t LessThanItsText = 16 << 20;
+    Adder window;
+    overtype(window.tool->txtRows, QStringLiteral("1000"));
+    overtype(window.tool->txtColls, QStringLiteral("1000"));
+    window.doors.answerMsgBox(MsgAnswer::Ok);
+    {
+        const LittleMemory little(LessThanItsText);
+        click(window.tool->Command1);
+    }
+    QCOMPARE(window.doors.takeAsked(),
+             QStringList{
+                 QStringLiteral("MsgBox|Brindlemark|There is not enough memory for this.|Exclamation|Ok")});
+    QVERIFY(isLoaded<FrmAddTable>());
+    QCOMPARE(window.size(), QStringLiteral("1000x1000"));
+    QCOMPARE(window.source(), QByteArray());
+    overtype(window.tool->txtRows, QStringLiteral("2"));
+    overtype(window.tool->txtColls, QStringLiteral("2"));
+    click(window.tool->Command1);
+    QCOMPARE(window.source(), Head + rows(2, 2) + End);
 }
 
 void TestFrmAddTable::bars()

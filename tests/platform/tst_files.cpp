@@ -1,3 +1,4 @@
+#include "LittleMemory.h"
 #include "OrdinaryUser.h"
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
@@ -53,27 +54,6 @@ public:
 private:
     rlimit m_limit{};
     void (*m_signal)(int) = nullptr;
-};
-
-/// The program gets no more than `bytes` of memory from the system while this lives.
-class LittleMemory
-{
-public:
-    explicit LittleMemory(rlim_t bytes)
-    {
-        QFile pages(QStringLiteral("/proc/self/statm"));
-        const bool known = pages.open(QIODevice::ReadOnly);
-        const rlim_t used = known ? pages.readAll().split(' ').first().toULongLong() * 4096 : 0;
-        getrlimit(RLIMIT_AS, &m_limit);
-        rlimit little = m_limit;
-        little.rlim_cur = used + bytes;
-        setrlimit(RLIMIT_AS, &little);
-    }
-    ~LittleMemory() { setrlimit(RLIMIT_AS, &m_limit); }
-    Q_DISABLE_COPY_MOVE(LittleMemory)
-
-private:
-    rlimit m_limit{};
 };
 
 } // namespace

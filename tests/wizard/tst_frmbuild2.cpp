@@ -1,3 +1,4 @@
+#include "LittleMemory.h"
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
@@ -32,6 +33,11 @@ void tick(CheckBox* box)
 {
     QTest::mouseClick(box, Qt::LeftButton, {}, QPoint(8, box->height() / 2));
 }
+
+/// Terms, in bytes of a file that takes no place on the disk, and a room in which they can be read, but not
+/// be made a text of, which has twice as many.
+constexpr qint64 LargeTerms = 96 << 20;
+constexpr rlim_t RoomForLess = 160 << 20;
 
 /// Fills page 1 and leads on to page 2.
 FrmBuild2* openPage2(const QString& title = QStringLiteral("Old lamp"),
@@ -155,6 +161,9 @@ private slots:
     void opensInThePreview();
     void previewLeavesTheRegionButtons();
     void lostEngineIsMadeAnew();
+    void pageLargerThanTheMemory_data();
+    void pageLargerThanTheMemory();
+    void warmUpWithoutMemoryIsNotTold();
 
     void backForgets();
     void cancelAsks();
@@ -708,6 +717,64 @@ void TestFrmBuild2::lostEngineIsMadeAnew()
     click(page->Command23);
     QVERIFY(source().contains(QLatin1String("Old lamp")));
     QVERIFY(!isLoaded<FrmBuild2>());
+}
+
+void TestFrmBuild2::pageLargerThanTheMemory_data()
+{
+    QTest::addColumn<bool>("inPreview");
+    QTest::newRow("editor") << false;
+    QTest::newRow("preview") << true;
+}
+
+/// Document and wizard stay as they were, and the page is made when there is room again.
+void TestFrmBuild2::pageLargerThanTheMemory()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("The sanitizer ends a program that has no memory");
+#endif
+    QFETCH(bool, inPreview);
+    RichTextBox& box = *form<FrmWeb>()->RichTextBox1;
+    box.setText("<P>before</P>");
+    const QPointer<FrmBuild2> page = openPage2();
+    QPushButton* open = inPreview ? page->Command24 : page->Command23;
+    QFile terms(m_folder->path(QStringLiteral("weblst.ini")));
+    QVERIFY(terms.open(QIODevice::WriteOnly) && terms.resize(LargeTerms));
+    m_doors->answerMsgBox(MsgAnswer::Ok);
+    {
+        const LittleMemory little(RoomForLess);
+        click(open);
+    }
+    QCOMPARE(m_doors->takeAsked(),
+             QStringList{
+                 QStringLiteral("MsgBox|Brindlemark|There is not enough memory for this.|Exclamation|Ok")});
+    QVERIFY(page && page->isVisible() && page->isEnabled());
+    QCOMPARE(box.Text(), QByteArray("<P>before</P>"));
+    QVERIFY(terms.resize(0));
+    click(open);
+    QVERIFY(source().contains(QLatin1String("A fine old lamp.")));
+    QVERIFY(!isLoaded<FrmBuild2>());
+}
+
+/// The page that the wizard makes unseen while the user looks at the second page.
+void TestFrmBuild2::warmUpWithoutMemoryIsNotTold()
+{
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("The sanitizer ends a program that has no memory");
+#endif
+    QFile terms(m_folder->path(QStringLiteral("weblst.ini")));
+    QVERIFY(terms.open(QIODevice::WriteOnly) && terms.resize(LargeTerms));
+    const FrmBuild2* page = openPage2();
+    {
+        const LittleMemory little(RoomForLess);
+        QTimer later; // than the page's own, which is due at once
+        later.setSingleShot(true);
+        later.start(1);
+        QTRY_VERIFY(!later.isActive());
+    }
+    QCOMPARE(m_doors->takeAsked(), QStringList());
+    QVERIFY(terms.resize(0));
+    click(page->Command23);
+    QVERIFY(source().contains(QLatin1String("A fine old lamp.")));
 }
 
 void TestFrmBuild2::backForgets()
