@@ -108,7 +108,7 @@ QString titlesFile()
     return appFile(QStringLiteral("\\Table2.ini"));
 }
 
-/// A number of a saved set; 0 where it is missing, none, or out of range.
+/// A number of a saved set; 0 where it is missing, none, or out of range: the user gets the rest of the set.
 int savedNumber(const QString& text)
 try {
     return toInteger32(text);

@@ -205,16 +205,12 @@ void Fader5::takeMarkedText()
     WebBrowser1->writeSoon(marked);
     const WaitCursor wait; // the engine may have to be started
     Clipboard::Clear();
-    try {
-        DocumentSurface reader;
-        reader.setDesignMode(DesignMode::On); // no script in the text runs
-        reader.write(marked);
-        reader.execCommand(QStringLiteral("SelectAll"));
-        if (reader.execCommand(QStringLiteral("Copy"))) // a desktop may fill an empty clipboard again
-            Text1->setPlainText(Clipboard::GetText());
-    } catch (const RuntimeError&) {
-        return; // without the engine the text stays empty
-    }
+    DocumentSurface reader;
+    reader.setDesignMode(DesignMode::On); // no script in the text runs
+    const bool copied = reader.write(marked) && reader.execCommand(QStringLiteral("SelectAll")) &&
+                        reader.execCommand(QStringLiteral("Copy"));
+    if (copied) // without the engine the text stays empty; a desktop may fill an empty clipboard again
+        Text1->setPlainText(Clipboard::GetText());
 }
 
 // ---- Settings --------------------------------------------------------------------------------------------
@@ -457,7 +453,9 @@ void Fader5::Command15_Click()
         source.setSelText(region);
     }
     source.setSelStart(caret);
-    for (DocumentSurface* surface : {main->WebBrowser1, main->WebBrowser3})
-        surface->write(source.decode(source.Text()));
+    for (DocumentSurface* surface : {main->WebBrowser1, main->WebBrowser3}) {
+        // One that is lost says so when it is read; the next change to Preview makes it anew from the source.
+        static_cast<void>(surface->write(source.decode(source.Text())));
+    }
     Unload();
 }

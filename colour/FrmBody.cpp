@@ -134,8 +134,8 @@ void FrmBody::Command4_Click()
 /// All boxes are ticked, whatever the file holds: one without a tag adds nothing.
 void FrmBody::Command5_Click()
 {
-    loadPreset(preset(), [this] {
+    static_cast<void>(loadPreset(preset(), [this] { // the window shows what came, and nothing follows
         for (const Attribute& attribute : Attributes)
             (this->*attribute.box)->setValue(1);
-    });
+    }));
 }

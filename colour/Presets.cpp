@@ -47,16 +47,18 @@ void savePreset(const Preset& preset)
 }
 
 bool loadPreset(const Preset& preset, const std::function<void()>& before)
-try {
+{
     CommonDialog dialog = presetDialog(QString());
     if (!dialog.ShowOpen())
         return false;
     if (before)
         before();
     const Profile file(dialog.FileName);
-    for (const Preset::Entry& entry : preset.entries)
-        take(entry, file.value(preset.section, entry.key));
+    try {
+        for (const Preset::Entry& entry : preset.entries)
+            take(entry, file.value(preset.section, entry.key));
+    } catch (const RuntimeError&) {
+        return false; // a colour that is none: the user sees those before it, and the rest as it was
+    }
     return true;
-} catch (const RuntimeError&) {
-    return false; // a colour that is none
 }

@@ -31,4 +31,4 @@ void savePreset(const Preset& preset);
 
 /// Asks for a file, runs `before`, and reads the entries. A colour that is missing or no number ends the
 /// reading; what was read so far stays. True: all was read.
-bool loadPreset(const Preset& preset, const std::function<void()>& before = nullptr);
+[[nodiscard]] bool loadPreset(const Preset& preset, const std::function<void()>& before = nullptr);

@@ -55,7 +55,7 @@ try {
         (this->*entry.sample)->setBackColor(toInteger32(value));
     }
 } catch (const RuntimeError&) {
-    return; // the rest stays black
+    return; // a colour that is missing or none: the user sees it and all behind it in black
 }
 
 void color::Command1_Click()

@@ -47,7 +47,7 @@ protected:
     void giveWay(QWidget* sample, int least);
 
     /// The last word before the form goes: false refuses. Runs whatever closes the form. The default agrees.
-    virtual bool queryUnload();
+    [[nodiscard]] virtual bool queryUnload();
 
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;

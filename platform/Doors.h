@@ -53,13 +53,13 @@ public:
     virtual MsgAnswer msgBox(const QString& prompt, const QString& title, MsgIcon icon,
                              MsgButtons buttons) = 0;
     /// No value: the user pressed Cancel.
-    virtual std::optional<QString> inputBox(const QString& prompt, const QString& title,
-                                            const QString& initial) = 0;
+    [[nodiscard]] virtual std::optional<QString> inputBox(const QString& prompt, const QString& title,
+                                                          const QString& initial) = 0;
     /// False: the user pressed Cancel.
-    virtual bool openDialog(CommonDialog& dialog) = 0;
-    virtual bool saveDialog(CommonDialog& dialog) = 0;
-    virtual bool colorDialog(CommonDialog& dialog) = 0;
-    virtual bool fontDialog(CommonDialog& dialog) = 0;
+    [[nodiscard]] virtual bool openDialog(CommonDialog& dialog) = 0;
+    [[nodiscard]] virtual bool saveDialog(CommonDialog& dialog) = 0;
+    [[nodiscard]] virtual bool colorDialog(CommonDialog& dialog) = 0;
+    [[nodiscard]] virtual bool fontDialog(CommonDialog& dialog) = 0;
 
     virtual void setClipboard(std::unique_ptr<QMimeData> data) = 0;
     /// What the clipboard holds; null when it can't be read. Valid until events are served.

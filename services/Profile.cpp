@@ -192,7 +192,7 @@ Profile::Profile(const QString& file)
     try {
         m_bytes = readFile(file);
     } catch (const RuntimeError&) {
-        // What can't be read has no keys.
+        // What can't be read has no keys: the user finds windows as at a first start without settings.
     }
 }
 
@@ -229,7 +229,8 @@ void WriteProfile(const QList<ProfileValue>& values, const QString& file)
         if (changed != bytes)
             writeFile(file, changed);
     } catch (const RuntimeError&) {
-        // No caller looks at the outcome; the old file is whole.
+        // The user has the setting until the window or the program ends, and finds the old one next time: the
+        // old file is whole.
     }
 }
 
@@ -254,7 +255,7 @@ void SaveList(const QString& file, const ListObject& list)
     try {
         writeFile(file, lines);
     } catch (const RuntimeError&) {
-        // No caller looks at the outcome; the old list is whole.
+        // As above, with the old list.
     }
 }
 

@@ -84,7 +84,7 @@ public:
     void finishKeeping() { m_journal.finish(); }
 
     /// A text that an ended program left; no value when there is none.
-    std::optional<Journal::Leftover> takeLeftover() { return m_journal.takeLeftover(); }
+    [[nodiscard]] std::optional<Journal::Leftover> takeLeftover() { return m_journal.takeLeftover(); }
     /// Makes what `takeLeftover` gave the document, unsaved. What is not whole has no name: a save must not
     /// put it in the place of a whole file.
     void bringBack(const Journal::Leftover& left);

@@ -97,9 +97,9 @@ private:
     void MnOpen_Click();
     void mnsave_Click();
     void mnsaveas_Click();
-    SaveResult save();
-    SaveResult saveAs();
-    SaveResult write(const QString& path, const QByteArray& text);
+    [[nodiscard]] SaveResult save();
+    [[nodiscard]] SaveResult saveAs();
+    [[nodiscard]] SaveResult write(const QString& path);
     void MnCut_Click();
     void MnCopy_Click();
     void MnPaste_Click();
@@ -117,7 +117,7 @@ private:
     void openFile(const QString& path);
     void emptyDocument();
     void setCaption(const QString& name);
-    std::optional<QByteArray> FetchSource();
+    QByteArray FetchSource();
     void StampGenerator();
     bool isBlankDocument() const;
 
@@ -137,10 +137,11 @@ private:
     void Command16_Click();
     void pickColorFor(const QString& command);
     void surfaceCommand(const QString& identifier, const QString& value = QString());
-    bool takeSurface();
+    void takeSurface();
     void showSource(DocumentSurface* surface);
     void writeSurface(DocumentSurface* surface, const QString& html);
-    std::optional<QString> readSurface(DocumentSurface* surface);
+    QString readSurface(DocumentSurface* surface);
+    QString readSurfaceOrLast(DocumentSurface* surface);
     void replaceLost(DocumentSurface* surface);
     void WebBrowser1_LinkRequested();
     void WebBrowser1_RendererDied();

@@ -115,16 +115,15 @@ bool FrmWeb::isBlankDocument() const
     return RichTextBox1->holdsAscii(BlankDocument);
 }
 
-/// The document's text from the view that is up; the Internet tab holds none. No value when the design
-/// surface gave no answer.
-std::optional<QByteArray> FrmWeb::FetchSource()
+/// The document's text from the view that is up; the Internet tab holds none. Throws SurfaceLost when the
+/// design surface gave no answer; the user has been told.
+QByteArray FrmWeb::FetchSource()
 {
     switch (SSTab1->Tab()) {
     case EditorTab:
         return RichTextBox1->Text();
     case PreviewTab:
-        if (!takeSurface())
-            return std::nullopt;
+        takeSurface();
         return RichTextBox1->Text();
     default:
         return QByteArray();
@@ -152,9 +151,10 @@ bool FrmWeb::newDocument()
 {
     if (SSTab1->Tab() == PreviewTab) {
         try {
-            takeSurface(); // without an answer the source's own text is what there is to save
+            takeSurface();
         } catch (const RuntimeError&) {
-            // A torn generator tag stays as it is: the text is about to go.
+            // Without an answer the source's own text is what there is to save, and the user has been told. A
+            // torn generator tag stays as it is: the text is about to go.
         }
         if (isBlankDocument())
             m_document->setDirty(false);
@@ -251,7 +251,7 @@ void FrmWeb::openFile(const QString& path)
             work.announce();
         m_document->open(path);
     } catch (const RuntimeError&) {
-        return; // the window keeps its caption
+        return; // the user finds an empty editor, under the caption that was there
     }
     if (SSTab1->Tab() == PreviewTab) {
         showSource(WebBrowser1);
@@ -266,20 +266,19 @@ void FrmWeb::openFile(const QString& path)
 
 void FrmWeb::mnsave_Click()
 {
-    save();
+    static_cast<void>(save()); // the user knows how it ended
 }
 
 void FrmWeb::mnsaveas_Click()
 {
-    saveAs();
+    static_cast<void>(saveAs());
 }
 
 SaveResult FrmWeb::save()
 {
     if (!m_document->isNamed())
         return saveAs();
-    const std::optional<QByteArray> text = FetchSource();
-    return text ? write(m_document->name(), *text) : SaveResult::Unread;
+    return write(m_document->name());
 }
 
 /// The same under a name that the user gives.
@@ -297,19 +296,22 @@ SaveResult FrmWeb::saveAs()
             QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::No)
         return SaveResult::Cancelled;
 
-    const std::optional<QByteArray> text = FetchSource();
-    if (!text)
-        return SaveResult::Unread;
-    const SaveResult result = write(dialog.FileName, *text);
+    const SaveResult result = write(dialog.FileName);
     if (result == SaveResult::Saved)
         setCaption(dialog.FileTitle);
     return result;
 }
 
-/// Writes what `FetchSource` gave. On the tab Internet that is an empty record in place of the document,
+/// Writes what `FetchSource` gives. On the tab Internet that is an empty record in place of the document,
 /// which the journal goes on keeping.
-SaveResult FrmWeb::write(const QString& path, const QByteArray& text)
+SaveResult FrmWeb::write(const QString& path)
 {
+    QByteArray text;
+    try {
+        text = FetchSource();
+    } catch (const SurfaceLost&) {
+        return SaveResult::Unread;
+    }
     try {
         const WaitCursor hourglass;
         m_document->save(path, text, SSTab1->Tab() != InternetTab);
@@ -382,8 +384,12 @@ void FrmWeb::mnuhtml_Click()
     if (SSTab1->Tab() == InternetTab)
         return;
     Clipboard::Clear();
-    if (SSTab1->Tab() == PreviewTab && !takeSurface())
-        return;
+    try {
+        if (SSTab1->Tab() == PreviewTab)
+            takeSurface();
+    } catch (const SurfaceLost&) {
+        return; // the user has been told, and the clipboard stays empty
+    }
     RichTextBox1->selectAll();
     RichTextBox1->copy();
     if (SSTab1->Tab() == EditorTab)

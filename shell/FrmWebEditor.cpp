@@ -25,7 +25,7 @@ std::optional<int> highlightColor(const char* key)
     try {
         return toInteger32(ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
     } catch (const RuntimeError&) {
-        return std::nullopt;
+        return std::nullopt; // what has no colour stays plain
     }
 }
 

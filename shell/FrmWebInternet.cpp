@@ -29,7 +29,8 @@ QString addressFile()
     return appFile(QStringLiteral("\\Ils.ini"));
 }
 
-/// A button of the tab, the menu entry that does the same while the tab is up, and what they do.
+/// A button of the tab, the menu entry that does the same while the tab is up, and what they do. Where there
+/// is no page to go to, the user stays on this one.
 struct Command
 {
     QToolButton* U::*button;
@@ -38,8 +39,8 @@ struct Command
 };
 
 constexpr std::array<Command, 4> Commands = {{
-    {&U::Command17, &U::munback, [](InternetBrowser& browser) { browser.GoBack(); }},
-    {&U::Command18, &U::munforward, [](InternetBrowser& browser) { browser.GoForward(); }},
+    {&U::Command17, &U::munback, [](InternetBrowser& browser) { static_cast<void>(browser.GoBack()); }},
+    {&U::Command18, &U::munforward, [](InternetBrowser& browser) { static_cast<void>(browser.GoForward()); }},
     {&U::Command19, &U::munstop, [](InternetBrowser& browser) { browser.Stop(); }},
     {&U::Command20, &U::munrefresh, [](InternetBrowser& browser) { browser.Refresh(); }},
 }};

@@ -92,7 +92,7 @@ void FrmWeb::bringBack(const Journal::Leftover& left)
         try {
             stampGenerator(*RichTextBox1);
         } catch (const RuntimeError&) {
-            // A torn generator tag stays as it is.
+            // A torn generator tag stays as it is; the user has the text back.
         }
     }
     if (left.whole)

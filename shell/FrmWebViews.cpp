@@ -63,7 +63,11 @@ void FrmWeb::showEditor()
 {
     Picture1->show();
     if (Option1->Value()) {
-        takeSurface();
+        try {
+            takeSurface();
+        } catch (const SurfaceLost&) {
+            // The user has been told, and finds the editor's text as it was.
+        }
     } else {
         StampGenerator(); // what was typed on the surface before "Off" was clicked is not taken over
     }
@@ -98,8 +102,7 @@ void FrmWeb::Option1_Click()
     setDesignTools(true);
     keepUnsavedText(); // what was typed before the preview is about to be written over
     // A preview that could not be shown has nothing to give; the user knows.
-    const std::optional<QString> html = WebBrowser3->hasDocument() ? readSurface(WebBrowser3) : std::nullopt;
-    writeSurface(WebBrowser1, html.value_or(m_lastShown));
+    writeSurface(WebBrowser1, WebBrowser3->hasDocument() ? readSurfaceOrLast(WebBrowser3) : m_lastShown);
 }
 
 void FrmWeb::Option2_Click()
@@ -107,7 +110,7 @@ void FrmWeb::Option2_Click()
     WebBrowser1->hide();
     WebBrowser3->show();
     setDesignTools(false);
-    writeSurface(WebBrowser3, readSurface(WebBrowser1).value_or(m_lastShown));
+    writeSurface(WebBrowser3, readSurfaceOrLast(WebBrowser1));
 }
 
 void FrmWeb::setDesignTools(bool on)
@@ -122,7 +125,7 @@ void FrmWeb::setDesignTools(bool on)
 
 void FrmWeb::surfaceCommand(const QString& identifier, const QString& value)
 {
-    WebBrowser1->execCommand(identifier, value);
+    runCommand(*WebBrowser1, identifier, value);
 }
 
 void FrmWeb::Combo1_Click()
@@ -188,26 +191,34 @@ void FrmWeb::writeSurface(DocumentSurface* surface, const QString& html)
 }
 
 /// Replaces the source by the design surface's content, stamped, as one step that a single Undo takes back.
-/// False: the surface gave no answer; the user has been told, and the source keeps its text.
-bool FrmWeb::takeSurface()
+/// Throws SurfaceLost when the surface gave no answer; the user has been told, and the source keeps its text.
+void FrmWeb::takeSurface()
 {
-    const std::optional<QString> html = readSurface(WebBrowser1);
-    if (!html)
-        return false;
+    const QString html = readSurface(WebBrowser1);
     const RichTextBox::UndoGroup oneStep(RichTextBox1);
-    RichTextBox1->setText(RichTextBox1->encode(*html), RichTextBox1->textEncoding());
+    RichTextBox1->setText(RichTextBox1->encode(html), RichTextBox1->textEncoding());
     StampGenerator();
-    return true;
 }
 
-/// A surface's content; no value when it gave no answer, which is never taken for an empty document.
-std::optional<QString> FrmWeb::readSurface(DocumentSurface* surface)
+/// A surface's content. Throws SurfaceLost when it gave no answer, which is never taken for an empty
+/// document; the user has been told.
+QString FrmWeb::readSurface(DocumentSurface* surface)
 {
     try {
         return underHourglass([&] { return surface->innerHtml(); });
     } catch (const SurfaceLost&) {
         replaceLost(surface);
-        return std::nullopt;
+        throw;
+    }
+}
+
+/// A surface's content, or what it was given last; the user has been told of that.
+QString FrmWeb::readSurfaceOrLast(DocumentSurface* surface)
+{
+    try {
+        return readSurface(surface);
+    } catch (const SurfaceLost&) {
+        return m_lastShown;
     }
 }
 

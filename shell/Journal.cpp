@@ -122,7 +122,9 @@ void Journal::keep(const QString& document, const std::function<QByteArray()>& t
         try {
             write(sealed(text(), document));
         } catch (const std::exception&) {
-            return; // no memory for it now; the text before stays
+            // Most likely no memory for it now. The text before stays, and the next one comes soon; nothing
+            // may leave a thread.
+            return;
         }
     });
 }
@@ -172,7 +174,7 @@ bool Journal::writeElsewhere(const QString& folder, const QByteArray& bytes)
         try {
             writeFile(path, bytes);
         } catch (const RuntimeError&) {
-            return false;
+            return false; // nor would it take another name; the user goes on without a copy where none does
         }
         if (m_place)
             QFile::remove(m_place->path()); // older now
@@ -191,16 +193,17 @@ std::optional<Journal::Leftover> Journal::takeLeftover()
             std::unique_ptr<Place> place = Place::take(dir.filePath(name));
             if (!place)
                 continue;
+            Leftover leftover;
             try {
-                Leftover leftover = unsealed(readFile(place->path()));
-                m_place = std::move(place);
-                if (!leftover.text.isEmpty())
-                    return leftover;
-                clear(); // torn before the first byte
-                finish();
+                leftover = unsealed(readFile(place->path()));
             } catch (const RuntimeError&) {
-                continue; // gone meanwhile, or not ours to read
+                continue; // gone meanwhile, or not ours to read: it stays for a start that can
             }
+            m_place = std::move(place);
+            if (!leftover.text.isEmpty())
+                return leftover;
+            clear(); // torn before the first byte
+            finish();
         }
     }
     return std::nullopt;

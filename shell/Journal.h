@@ -51,13 +51,13 @@ public:
 
     /// A text that an ended program left; no value when there is none. The file stays until the next `keep`
     /// replaces it or `clear` removes it.
-    std::optional<Leftover> takeLeftover();
+    [[nodiscard]] std::optional<Leftover> takeLeftover();
 
 private:
     class Place;
 
     void write(const QByteArray& bytes);
-    bool writeElsewhere(const QString& folder, const QByteArray& bytes);
+    [[nodiscard]] bool writeElsewhere(const QString& folder, const QByteArray& bytes);
 
     QStringList m_folders;
     QThreadPool m_writer;

@@ -11,11 +11,11 @@
 
 /// The inside of a part of the listing, without its markers; of several listings in one text, the last one's.
 /// Where an opening marker has no closing one behind it, the length is negative, and no later part counts.
-std::optional<TextRange> findRegion(QByteArrayView text, Region region);
+[[nodiscard]] std::optional<TextRange> findRegion(QByteArrayView text, Region region);
 
 /// The design style of the listing, the lowest of several. Style markers are looked for from the byte `from`
 /// on, and one at the very start of the text doesn't count.
-std::optional<size_t> listingStyle(QByteArrayView text, qsizetype from);
+[[nodiscard]] std::optional<size_t> listingStyle(QByteArrayView text, qsizetype from);
 
 /// How much of the beginning is selected where a part is missing: `WorkingSelection` bytes, but whole
 /// characters only, as what is put in their place must not leave half of one.

@@ -44,7 +44,7 @@ bool updateStyleButtons(FrmWeb& main)
     const int caret = source.SelStart();
     const std::optional<size_t> style = listingStyle(source.Text(), caret);
     if (style) // selecting it makes the document count as changed
-        source.Find(StyleMarkers.at(*style).toByteArray());
+        static_cast<void>(source.Find(StyleMarkers.at(*style).toByteArray())); // it is there
     for (QPushButton* button : {main.CmdTitle, main.CmdDes, main.CmdCell})
         button->setEnabled(style.has_value());
     main.CmdLine->setEnabled(style && Parts.at(*style).line);

@@ -51,5 +51,10 @@ void askForLink(DocumentSurface& surface)
         doors().inputBox(QStringLiteral("Address of the link (empty for none):"), QStringLiteral("Hyperlink"),
                          surface.currentLink());
     if (address)
-        surface.setLink(*address);
+        static_cast<void>(surface.setLink(*address)); // as in `runCommand`
+}
+
+void runCommand(DocumentSurface& surface, const QString& id, const QString& value)
+{
+    static_cast<void>(surface.execCommand(id, value)); // the user sees the page
 }

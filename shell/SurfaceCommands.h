@@ -46,7 +46,11 @@ const char* htmlFontSize(const QString& text);
 const char* fontSizeText(const QString& htmlSize);
 
 /// Asks for a colour with the colour dialog; its colour text, or no value when the user cancels.
-std::optional<QString> askForColor();
+[[nodiscard]] std::optional<QString> askForColor();
 
 /// Asks for the address of the link at the surface's caret and sets it; an empty one removes the link.
 void askForLink(DocumentSurface& surface);
+
+/// Runs an editing command for the user, who sees on the page what came of it. Where the page is lost, its
+/// owner hears of it by `rendererDied`.
+void runCommand(DocumentSurface& surface, const QString& id, const QString& value = QString());

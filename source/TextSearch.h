@@ -32,9 +32,9 @@ public:
     TextSearch(const QByteArray& wanted, int options);
 
     /// The first match at or behind `from` that ends at or before `end`; both lie within the text.
-    std::optional<TextMatch> find(QByteArrayView text, qsizetype from, qsizetype end) const;
+    [[nodiscard]] std::optional<TextMatch> find(QByteArrayView text, qsizetype from, qsizetype end) const;
     /// The position of the first match at or behind `from`, which may lie behind the text; -1 without one.
-    qsizetype indexIn(QByteArrayView text, qsizetype from) const;
+    [[nodiscard]] qsizetype indexIn(QByteArrayView text, qsizetype from) const;
 
 private:
     /// A character of the wanted text, in the spellings that count as the same.
@@ -63,7 +63,7 @@ private:
         size_t m_count = 0;
     };
 
-    std::optional<TextMatch> next(QByteArrayView text, qsizetype from) const;
+    [[nodiscard]] std::optional<TextMatch> next(QByteArrayView text, qsizetype from) const;
     qsizetype candidate(QByteArrayView text, qsizetype from) const;
     qsizetype matchLength(QByteArrayView text) const;
 

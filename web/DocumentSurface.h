@@ -29,7 +29,7 @@ public:
     /// Replaces the whole document. False: the renderer ended, or a script of the page did not within the
     /// limit of 5 seconds and 5 more for each million characters; then there is no document. Also false while
     /// a message of the page stands before the user; then it stays.
-    bool write(const QString& html);
+    [[nodiscard]] bool write(const QString& html);
 
     /// The inner HTML of the root element, with the comments around it, as serialise.js prints it. Throws
     /// SurfaceLost when the page doesn't answer: an empty answer is always an empty document.
@@ -60,17 +60,17 @@ public:
     /// Runs an editing command on the selection: "Bold", "FontName", "Undo" ... in any case. "Cut", "Copy"
     /// and "Paste" use the program's clipboard. HTML that is pasted or dropped is cleaned (see clean.js).
     /// False: it could not be run, or nobody answered.
-    bool execCommand(const QString& id, const QString& value = QString());
+    [[nodiscard]] bool execCommand(const QString& id, const QString& value = QString());
 
     /// The address of the link at the caret; empty when there is none.
     QString currentLink();
     /// Changes the link at the caret, or removes it when `address` is empty. Where there is none, makes the
     /// selection a link, or inserts one with the address as its text.
-    bool setLink(const QString& address);
+    [[nodiscard]] bool setLink(const QString& address);
 
     /// Selects the next place of a text, or the one before, going round at the end. An empty text drops the
     /// marks of the last search.
-    FindResult find(const QString& text, bool backwards = false, bool matchCase = false);
+    [[nodiscard]] FindResult find(const QString& text, bool backwards = false, bool matchCase = false);
 
     /// Gives the surface the focus and lets it act on a key as if it were pressed: "^k" link, "^f" find.
     /// Throws RuntimeError(InvalidProcedureCall) for any other.
@@ -92,10 +92,11 @@ protected:
 
 private:
     void makeDocument();
-    bool succeeds(const QString& function);
-    bool copySelection();
-    bool paste();
-    bool insert(const QString& text, const QString& html, std::optional<QPoint> place = std::nullopt);
+    [[nodiscard]] bool succeeds(const QString& function);
+    [[nodiscard]] bool copySelection();
+    [[nodiscard]] bool paste();
+    [[nodiscard]] bool insert(const QString& text, const QString& html,
+                              std::optional<QPoint> place = std::nullopt);
     void insertSoon(const QMimeData& dropped, QPoint place);
     bool takesDrop(const QDropEvent& event) const;
     bool isLinkKey(const QKeyEvent& key) const;

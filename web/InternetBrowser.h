@@ -19,8 +19,8 @@ public:
     /// the status text.
     void Navigate(const QString& address);
     /// False: there is no page before (or behind) this one.
-    bool GoBack();
-    bool GoForward();
+    [[nodiscard]] bool GoBack();
+    [[nodiscard]] bool GoForward();
     /// Stops loading. A page that hears nothing any more, because a script of it runs without end, is ended
     /// after two seconds.
     void Stop();
@@ -41,7 +41,7 @@ protected:
 
 private:
     void showEmptyPage();
-    bool step(const QList<QWebEngineHistoryItem>& nearestFirst);
+    [[nodiscard]] bool step(const QList<QWebEngineHistoryItem>& nearestFirst);
     void endIfDeaf();
     void endPatience();
 

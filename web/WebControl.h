@@ -43,7 +43,7 @@ public:
     // ---- For tests and measurements
 
     /// The result of a script in the control's own world; no value when nobody answered.
-    std::optional<QVariant> evaluate(const QString& script);
+    [[nodiscard]] std::optional<QVariant> evaluate(const QString& script);
     /// How long a question waits, in milliseconds, besides what the length of the text adds.
     void setPatience(int milliseconds) { m_patience = milliseconds; }
     /// The system's number of the process that renders the page; 0 when there is none.
@@ -110,9 +110,9 @@ protected:
     /// Hands the engine something to do and, with it, what to call with the answer.
     using Question = std::function<void(std::function<void(const QVariant&)> answer)>;
 
-    Answer ask(const Question& question);
+    [[nodiscard]] Answer ask(const Question& question);
     /// Calls a function of surface.js, such as "reveal()", in the page and waits for what it returns.
-    Answer call(const QString& function);
+    [[nodiscard]] Answer call(const QString& function);
     /// Runs a script without waiting for it.
     void evaluateSoon(const QString& script, const std::function<void(const QVariant&)>& answered = {});
     /// Calls a function without waiting, in a page in which they were made.
@@ -181,7 +181,7 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
-    Answer askPage(const QString& script);
+    [[nodiscard]] Answer askPage(const QString& script);
     void tellLoss();
     void linkHovered(const QString& address);
     QPoint placeInView(const QObject* widget, QPointF place) const;

@@ -26,7 +26,7 @@ protected:
     /// Replaces the whole document, and waits for it. False: the renderer ended, or did not answer within the
     /// limit; then there is no document. Also false while a message of the page stands before the user; then
     /// it stays.
-    bool writePage(const QString& html);
+    [[nodiscard]] bool writePage(const QString& html);
     /// The call that writes a document, in a page that takes it.
     QString writeFunction(const QString& html);
     /// Whether the next document can go where the present one is. The scripts of a page live on in its realm,
@@ -59,9 +59,9 @@ protected:
 
 private:
     bool runsScripts(DesignMode mode) const;
-    bool openAndWrite(const QString& html);
-    bool openBlankPage();
-    bool startBlankPage();
+    [[nodiscard]] bool openAndWrite(const QString& html);
+    [[nodiscard]] bool openBlankPage();
+    [[nodiscard]] bool startBlankPage();
     bool takesLetters() const;
     void wakeCaret();
     void renewCaret();

@@ -33,7 +33,7 @@ FrmTerms::FrmTerms()
         button->setAccessibleName(button->toolTip());
         if (entry.identifier) {
             on(button, &QToolButton::clicked, this,
-               [this, entry] { WebBrowser1->execCommand(QString::fromLatin1(entry.identifier)); });
+               [this, entry] { runCommand(*WebBrowser1, QString::fromLatin1(entry.identifier)); });
         }
     }
     for (const char* size : PointSizes)
@@ -75,19 +75,19 @@ void FrmTerms::edit(const QString& html)
 
 void FrmTerms::Combo1_Click()
 {
-    WebBrowser1->execCommand(QStringLiteral("FontName"), Combo1->Text());
+    runCommand(*WebBrowser1, QStringLiteral("FontName"), Combo1->Text());
 }
 
 void FrmTerms::Combo2_Click()
 {
     const char* size = htmlFontSize(Combo2->Text());
-    WebBrowser1->execCommand(QStringLiteral("FontSize"), QString::fromLatin1(size ? size : "3"));
+    runCommand(*WebBrowser1, QStringLiteral("FontSize"), QString::fromLatin1(size ? size : "3"));
 }
 
 void FrmTerms::pickColorFor(const QString& command)
 {
     if (const std::optional<QString> color = askForColor())
-        WebBrowser1->execCommand(command, *color);
+        runCommand(*WebBrowser1, command, *color);
 }
 
 void FrmTerms::Command5_Click()

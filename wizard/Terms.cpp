@@ -12,7 +12,7 @@ QString GetTermsList(const QString& name)
         const QByteArray bytes = readFile(appFile(name));
         return decode(bytes, encodingOf(bytes));
     } catch (const RuntimeError&) {
-        return {};
+        return {}; // the user finds the terms empty, as before the first were written
     }
 }
 

@@ -271,6 +271,7 @@ private slots:
     void rendererDiesBeforeASave();
     void rendererDiesAtTheSaveQuestion_data();
     void rendererDiesAtTheSaveQuestion();
+    void rendererDiesBeforeTheWholePageIsCopied();
     void rendererDiesBeforeDesignOff();
     void previewDies();
     void endlessScriptOnThePreview();
@@ -1713,6 +1714,22 @@ void TestViews::rendererDiesAtTheSaveQuestion()
     desk.web->close();
     QCOMPARE(desk.script.takeAsked(), QStringList(question));
     QCOMPARE(desk.script.ended, 0);
+}
+
+void TestViews::rendererDiesBeforeTheWholePageIsCopied()
+{
+    Desk desk;
+    desk.box->setText("<p>word");
+    desk.goTo(Preview);
+    Desk::crash(desk.surface);
+    Clipboard::SetText(QStringLiteral("from elsewhere"));
+    desk.script.answerMsgBox(MsgAnswer::Ok);
+    desk.web->mnuhtml->trigger();
+    QCOMPARE(desk.script.asked.size(), 1);
+    QVERIFY(isNotice(desk.script.asked.constFirst()));
+    QVERIFY(!desk.script.ended);
+    QCOMPARE(Clipboard::GetText(), QString());
+    QCOMPARE(desk.box->Text(), QByteArray("<p>word"));
 }
 
 void TestViews::rendererDiesBeforeDesignOff()
