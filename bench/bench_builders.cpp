@@ -295,9 +295,10 @@ void measureFader()
              {.most = 16},
              {{Role::Ours, "bar", timed(step)}}});
     const auto refresh = [sample, step]() mutable {
-        sample->evaluate(
+        const auto counts = sample->evaluate(
             QStringLiteral("globalThis.pages = 0; const open = Document.prototype.open;"
                            "Document.prototype.open = function () { ++pages; return open.call(this) }"));
+        require(counts.has_value(), "the sample did not answer");
         QElapsedTimer clock;
         clock.start();
         while (clock.elapsed() < 500)

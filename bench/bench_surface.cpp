@@ -113,7 +113,7 @@ DocumentSurface& surface(DesignMode mode)
         browser->setDesignMode(mode);
         browser->resize(800, 600);
         browser->show();
-        browser->write(QStringLiteral("x"));
+        require(browser->write(QStringLiteral("x")), "the page did not come");
     }
     return *browser;
 }
@@ -122,7 +122,7 @@ DocumentSurface& surface(DesignMode mode)
 void settle(DocumentSurface& browser)
 {
     QCoreApplication::processEvents();
-    browser.evaluate(Settled);
+    require(browser.evaluate(Settled).has_value(), "the page did not settle");
 }
 
 void writeAndRead(DocumentSurface& browser, const QString& html)

@@ -66,14 +66,14 @@ bool isProtected(const QFileInfo& file)
 
 /// Whether the disk has what was written. A disk that fails or is full may say so only here; a file system
 /// that can't tell has nothing to say.
-bool reachesDisk(const QSaveFile& file)
+[[nodiscard]] bool reachesDisk(const QSaveFile& file)
 {
     return fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
 }
 
 /// Writes and checks everything that can be checked before the old file is replaced. On a full disk one
 /// large write comes back short and all later steps report success: the count is the only witness.
-bool writeWhole(QSaveFile& file, const QByteArray& bytes)
+[[nodiscard]] bool writeWhole(QSaveFile& file, const QByteArray& bytes)
 {
     return file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size() &&
            reachesDisk(file);

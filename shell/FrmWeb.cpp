@@ -391,7 +391,7 @@ QString FrmWeb::keepText()
         const QString path = folder + QStringLiteral("/Recovered.htm");
         const QString older = folder + QStringLiteral("/Recovered.old.htm");
         try {
-            if (QFile::exists(path)) {
+            if (QFile::exists(path)) { // where it can't be moved, this text is worth more
                 QFile::remove(older);
                 QFile::rename(path, older);
             }

@@ -134,7 +134,7 @@ void Journal::clear()
     m_holds = false;
     m_writer.start([this] {
         if (m_place)
-            QFile::remove(m_place->path());
+            QFile::remove(m_place->path()); // one that can't be removed is offered by the next start
         m_place.reset();
     });
 }
