@@ -192,7 +192,7 @@ Profile::Profile(const QString& file)
     try {
         m_bytes = readFile(file);
     } catch (const RuntimeError&) {
-        // What can't be read has no keys: the user finds windows as at a first start without settings.
+        // What can't be read has no keys, as a file that is missing: the user finds empty values.
     }
 }
 
