@@ -78,12 +78,19 @@ QPointer<F>& instance()
 
 } // namespace detail
 
+/// The form's one instance, shown or hidden; null when there is none. For what must not make a window.
+template <typename F>
+F* loaded()
+{
+    F* only = detail::instance<F>();
+    return only && !only->isUnloaded() ? only : nullptr;
+}
+
 /// True while the form has an instance, shown or hidden.
 template <typename F>
 bool isLoaded()
 {
-    const F* only = detail::instance<F>();
-    return only && !only->isUnloaded();
+    return loaded<F>() != nullptr;
 }
 
 /// The form's one instance; loads it when there is none. Throws what its load step throws.

@@ -35,13 +35,14 @@ LongWork::LongWork()
 LongWork::~LongWork()
 {
     --worksUnderWay;
-    if (!m_windowShown || !isLoaded<Wait>())
+    Wait* const wait = m_windowShown ? loaded<Wait>() : nullptr;
+    if (!wait)
         return;
-    form<Wait>()->hideProgress();
+    wait->hideProgress();
     if (!m_windowOwned)
         return;
-    const bool tookKeyboard = form<Wait>()->isActiveWindow(); // on desktops that heed no window's wish
-    form<Wait>()->Hide();
+    const bool tookKeyboard = wait->isActiveWindow(); // on desktops that heed no window's wish
+    wait->Hide();
     if (tookKeyboard && m_front)
         m_front->activateWindow();
 }
@@ -81,8 +82,8 @@ void LongWork::progress(double done)
     if (m_served.elapsed() < ServeEvery)
         return;
     m_done = done;
-    if (m_windowShown && isLoaded<Wait>())
-        form<Wait>()->showProgress(done);
+    if (Wait* wait = m_windowShown ? loaded<Wait>() : nullptr)
+        wait->showProgress(done);
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_served.start();
 }
