@@ -148,6 +148,7 @@ std::vector<Rival> find(qsizetype size)
     const QByteArray text = page(size);
     source().load(text);
     auto* window = form<Find>();
+    window->searchIn(&source());
     window->Text1->setText(QString::fromLatin1(Needle));
     const auto box = bareComponent(text);
     const QString needle = QString::fromLatin1(Needle);
@@ -190,6 +191,7 @@ std::vector<Rival> replaceAll(qsizetype size)
     const QByteArray text = page(size);
     const QByteArray replaced = QByteArray(text).replace(Old, New);
     auto* window = form<Find>();
+    window->searchIn(&source());
     window->Text1->setText(QString::fromLatin1(Old));
     window->Text2->setText(QString::fromLatin1(New));
     const auto prepareOurs = [text] {

@@ -8,8 +8,7 @@
 #include "platform/Events.h"
 #include "platform/PlainText.h"
 #include "platform/WaitCursor.h"
-#include "services/Markers.h"
-#include "shell/FrmWeb.h"
+#include "shell/Editor.h"
 #include "shell/Icons.h"
 #include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
@@ -198,16 +197,16 @@ void Fader5::connectHandlers()
 /// and what the seller copied elsewhere must not get into a page.
 void Fader5::takeMarkedText()
 {
-    const RichTextBox& source = *form<FrmWeb>()->RichTextBox1;
-    if (source.SelLength() == 0)
+    const Editor* editor = loadedEditor();
+    const std::optional<QString> marked = editor ? editor->selected() : std::nullopt;
+    if (!marked)
         return;
-    const QString marked = source.decode(source.SelText());
-    WebBrowser1->writeSoon(marked);
+    WebBrowser1->writeSoon(*marked);
     const WaitCursor wait; // the engine may have to be started
     Clipboard::Clear();
     DocumentSurface reader;
     reader.setDesignMode(DesignMode::On); // no script in the text runs
-    const bool copied = reader.write(marked) && reader.execCommand(QStringLiteral("SelectAll")) &&
+    const bool copied = reader.write(*marked) && reader.execCommand(QStringLiteral("SelectAll")) &&
                         reader.execCommand(QStringLiteral("Copy"));
     if (copied) // without the engine the text stays empty; a desktop may fill an empty clipboard again
         Text1->setPlainText(Clipboard::GetText());
@@ -366,15 +365,20 @@ void Fader5::Command2_Click()
                MsgIcon::Information);
         return;
     }
+    const Editor* editor = loadedEditor();
+    if (!editor)
+        return;
     const QString text = faderText(body(FaderUser::Add), Check2->Value() == 1);
-    switch (form<FrmWeb>()->SSTab1->Tab()) {
-    case FrmWeb::EditorTab:
+    switch (editor->tab()) {
+    case Editor::EditorTab:
         addToEditor(text);
         break;
-    case FrmWeb::PreviewTab:
+    case Editor::PreviewTab:
         MsgBox(QStringLiteral("Cannot add to editor because preview is open, please click tag ''Editor'' to "
                               "open first."),
                QStringLiteral("Error"), MsgIcon::Information);
+        break;
+    case Editor::InternetTab:
         break;
     }
 }
@@ -435,27 +439,9 @@ void Fader5::Command5_Click()
 
 void Fader5::Command15_Click()
 {
-    FrmWeb* main = form<FrmWeb>();
-    if (main->SSTab1->Tab() != FrmWeb::PreviewTab)
+    Editor* editor = loadedEditor();
+    if (!editor || editor->tab() != Editor::PreviewTab)
         return;
-    RichTextBox& source = *main->RichTextBox1;
-    const MarkerPair& description = markers(Region::Description);
-    const QByteArray opening = description.opening.toByteArray();
-    const QByteArray region = opening + source.encode(faderText(body(FaderUser::Description), false));
-    source.SetFocus();
-    const int caret = source.SelStart();
-    source.setSelStart(0);
-    source.setSelLength(90000);
-    for (int start = source.Find(opening, 0); start >= 0; start = source.Find(opening, start + 1)) {
-        const int end = source.Find(description.closing.toByteArray(), start);
-        source.setSelStart(start);
-        source.setSelLength(end - start);
-        source.setSelText(region);
-    }
-    source.setSelStart(caret);
-    for (DocumentSurface* surface : {main->WebBrowser1, main->WebBrowser3}) {
-        // One that is lost says so when it is read; the next change to Preview makes it anew from the source.
-        static_cast<void>(surface->write(source.decode(source.Text())));
-    }
+    editor->replaceDescriptions(faderText(body(FaderUser::Description), false));
     Unload();
 }

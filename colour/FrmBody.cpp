@@ -3,7 +3,7 @@
 #include "colour/ColorRow.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
-#include "shell/FrmWeb.h"
+#include "shell/Editor.h"
 
 #include <QMouseEvent>
 #include <algorithm>
@@ -107,8 +107,8 @@ void FrmBody::Command1_Click()
                MsgIcon::Information);
         return;
     }
-    form<FrmWeb>()->RichTextBox1->setSelStart(0);
-    addToEditor(Text1 + Text2 + Text4 + Text5 + QStringLiteral("\r\n"));
+    if (Editor* editor = loadedEditor())
+        editor->insertAtStart(Text1 + Text2 + Text4 + Text5 + QStringLiteral("\r\n"));
     Unload();
 }
 

@@ -4,25 +4,13 @@
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
 #include "services/Desktop.h"
-#include "shell/FrmWeb.h"
+#include "source/RichTextBox.h"
 
 #include <QByteArrayMatcher>
 #include <QScreen>
 #include <utility>
 
 namespace {
-
-RichTextBox& sourceBox()
-{
-    return *form<FrmWeb>()->RichTextBox1;
-}
-
-/// Gives the source box the keyboard; its window comes up behind this one, which stays on top.
-void focusSource()
-{
-    sourceBox().activateWindow();
-    sourceBox().SetFocus();
-}
 
 /// Replaces each occurrence of `find` (not empty) in one pass: what has been replaced is not looked at again,
 /// so `with` may hold `find`.
@@ -66,6 +54,11 @@ Find::Find()
         connect(field, &ComboBox::EnterPressed, Command8, &QPushButton::click);
 }
 
+void Find::searchIn(RichTextBox* source)
+{
+    m_source = source;
+}
+
 bool Find::IsContained(const ListObject& list, const QString& text) const
 {
     for (int i = 0; i < list.ListCount(); ++i) {
@@ -78,17 +71,17 @@ bool Find::IsContained(const ListObject& list, const QString& text) const
 void Find::showEvent(QShowEvent* event)
 {
     guardedCall([&] {
-        if (!std::exchange(m_aside, true))
+        if (m_source && !std::exchange(m_aside, true))
             placeAside();
         Form::showEvent(event);
     });
 }
 
-/// Puts the window into the upper right corner of the main window, where it covers least of the source: lines
-/// begin at the left, and a search downwards scrolls its hit to the lower edge.
+/// Puts the window into the upper right corner of the source's window, where it covers least of the source:
+/// lines begin at the left, and a search downwards scrolls its hit to the lower edge.
 void Find::placeAside()
 {
-    const QWidget* main = form<FrmWeb>();
+    const QWidget* main = m_source->window();
     const QRect area = main->screen()->availableGeometry();
     adjustSize();
     constexpr int frame = 16; // what the window manager may add to the width
@@ -112,15 +105,17 @@ void Find::Check2_Click()
 /// Selects the next hit in the source; its position, or -1.
 int Find::searchSource() const
 {
-    RichTextBox& source = sourceBox();
-    return source.Find(source.encode(Text1->Text()), NextStart, -1, WordFlag + CaseFlag);
+    return m_source->Find(m_source->encode(Text1->Text()), NextStart, -1, WordFlag + CaseFlag);
 }
 
 /// Searches for the user, who reads when there is nothing. A hit at the very start of the text, position 0,
 /// is selected and told as not found all the same. Returns the hit's position, or less than 1.
 int Find::findText() const
 {
-    focusSource();
+    if (!m_source)
+        return -1;
+    m_source->activateWindow(); // comes up behind this window, which stays on top
+    m_source->SetFocus();
     const QString wanted = Text1->Text();
     if (wanted.isEmpty())
         return -1;
@@ -149,12 +144,9 @@ void Find::Command3_Click()
 void Find::Command7_Click()
 {
     const QString with = Text2->Text();
-    if (Text1->Text().isEmpty() || with.isEmpty())
+    if (!m_source || Text1->Text().isEmpty() || with.isEmpty() || m_source->SelLength() == 0)
         return;
-    RichTextBox& source = sourceBox();
-    if (source.SelLength() == 0)
-        return;
-    source.setSelText(source.encode(with));
+    m_source->setSelText(m_source->encode(with));
     searchSource(); // says nothing when there is no more
 }
 
@@ -163,8 +155,8 @@ void Find::Command6_Click()
 {
     const QString find = Text1->Text();
     const QString with = Text2->Text();
-    if (find.isEmpty() || with.isEmpty())
+    if (!m_source || find.isEmpty() || with.isEmpty())
         return;
-    replaceEverywhere(sourceBox(), find, with);
+    replaceEverywhere(*m_source, find, with);
     MsgBox(QStringLiteral("''") + with + QStringLiteral("'' - Done replacing."), QStringLiteral("Search"));
 }

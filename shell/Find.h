@@ -3,15 +3,21 @@
 #include "forms/Form.h"
 #include "shell/ui_Find.h"
 
-class ListObject;
+#include <QPointer>
 
-/// Finds and replaces text in the source box, from a window that stays on top.
+class ListObject;
+class RichTextBox;
+
+/// Finds and replaces text in a source box, from a window that stays on top.
 class Find : public Form, public Ui::Find
 {
     Q_OBJECT
 
 public:
     Find();
+
+    /// Whoever shows the window says first which box it searches; once that has gone, the buttons do nothing.
+    void searchIn(RichTextBox* source);
 
     /// `MatchCase` or 0 (see FindOption).
     int CaseFlag = 0;
@@ -37,5 +43,6 @@ private:
     int searchSource() const;
     void placeAside();
 
+    QPointer<RichTextBox> m_source;
     bool m_aside = false;
 };

@@ -1,8 +1,7 @@
 #include "shell/FrmPop.h"
 
 #include "platform/Events.h"
-#include "shell/FrmWeb.h"
-#include "shell/Regions.h"
+#include "shell/Editor.h"
 
 #include <array>
 
@@ -36,8 +35,10 @@ FrmPop::FrmPop()
     for (const Entry& entry : Entries) {
         QAction* action = (this->*entry.menu).addAction(QString::fromLatin1(entry.caption));
         action->setObjectName(QString::fromLatin1(entry.name));
-        on(action, &QAction::triggered, this,
-           [entry] { selectRegion(*form<FrmWeb>()->RichTextBox1, entry.region); });
+        on(action, &QAction::triggered, this, [entry] {
+            if (Editor* editor = loadedEditor())
+                editor->selectPart(entry.region);
+        });
     }
     muDesc = mucell.actions().constFirst();
 }

@@ -366,6 +366,7 @@ void FrmWeb::munfind_Click()
 {
     switch (SSTab1->Tab()) {
     case EditorTab:
+        form<Find>()->searchIn(RichTextBox1);
         form<Find>()->Show();
         form<Find>()->Text1->setFocus();
         form<Find>()->Text1->lineEdit()->selectAll(); // the next letter begins another search

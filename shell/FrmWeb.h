@@ -2,6 +2,7 @@
 
 #include "forms/Form.h"
 #include "shell/Document.h"
+#include "shell/Editor.h"
 #include "shell/Tool.h"
 #include "shell/ui_FrmWeb.h"
 
@@ -15,14 +16,11 @@
 ///
 /// The document is bytes: the source box's text while tab 0 is up, the design surface's content while tab 1
 /// is up. Handlers are named after control and event; the declarations tell the file of each.
-class FrmWeb : public Form, public Ui::FrmWeb
+class FrmWeb : public Form, public Ui::FrmWeb, public Editor
 {
     Q_OBJECT
 
 public:
-    /// The pages of `SSTab1`.
-    enum Tab { EditorTab, PreviewTab, InternetTab };
-
     /// Reads the settings. Throws RuntimeError(TypeMismatch) when a number of section `Font` is missing or is
     /// none.
     FrmWeb();
@@ -56,6 +54,16 @@ public:
     /// Asks whether unsaved text that an earlier run of the program left shall come back, and makes it the
     /// document on Yes. For the start only.
     void offerUnsavedText();
+
+    // FrmWebTools.cpp
+    Tab tab() const override;
+    std::optional<QString> selected() const override;
+    void insert(const QString& fragment) override;
+    void insertAtStart(const QString& fragment) override;
+    void replaceDescriptions(const QString& fragment) override;
+    void selectPart(Region part) override;
+    void editListing(const QByteArray& page) override;
+    void previewListing(const QByteArray& page) override;
 
     QAction* toolbarButton(Tool tool) const { return m_toolButtons.at(static_cast<size_t>(tool)); }
 
@@ -163,8 +171,11 @@ private:
     void munEBC_Click();
     void munhighlight_Click();
     void munUNHighlight_Click();
-    void ApplyHighlight();
+    void colorListing();
+    void colorSource(std::optional<int> (*color)(const char* key));
+    void ApplyHighlight(std::optional<int> (*color)(const char* key));
     void ClearHighlight();
+    void uncoverSource();
     void loadEditorFont();
     void loadEditorBackground();
     void setEditorBackground(int color);

@@ -19,11 +19,18 @@ QString fontSetting(const Profile& settings, const char* key)
     return settings.value(FontSection, QString::fromLatin1(key));
 }
 
+/// A colour of the highlight. Throws RuntimeError(TypeMismatch) when the setting is missing or isn't a
+/// number.
+std::optional<int> requiredColor(const char* key)
+{
+    return toInteger32(ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
+}
+
 /// A colour of the highlight; no value when the setting is missing or isn't a number.
 std::optional<int> highlightColor(const char* key)
 {
     try {
-        return toInteger32(ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
+        return requiredColor(key);
     } catch (const RuntimeError&) {
         return std::nullopt; // what has no colour stays plain
     }
@@ -112,16 +119,35 @@ void FrmWeb::munhighlight_Click()
 {
     if (RichTextBox1->isEmpty() || SSTab1->Tab() != EditorTab)
         return;
+    colorSource(highlightColor);
+    Check1 = 1;
+}
+
+/// Colours a new listing, which needs all its colours. Throws RuntimeError(TypeMismatch) when one is missing.
+void FrmWeb::colorListing()
+{
+    colorSource(requiredColor);
+}
+
+/// Colours the source behind its cover; `color` reads a colour of the settings.
+void FrmWeb::colorSource(std::optional<int> (*color)(const char* key))
+{
     Picture1->show();
     form<Wait>()->Show();
-    if (const std::optional<int> back = highlightColor("back"))
+    if (const std::optional<int> back = color("back"))
         RichTextBox1->setBackColor(*back);
     Pause(0.1);
-    ApplyHighlight();
+    ApplyHighlight(color);
     Pause(0.1);
-    form<Wait>()->Hide();
+    uncoverSource();
+}
+
+/// The user may have closed the waiting window meanwhile.
+void FrmWeb::uncoverSource()
+{
+    if (Wait* wait = loaded<Wait>())
+        wait->Hide();
     Picture1->hide();
-    Check1 = 1;
 }
 
 void FrmWeb::munUNHighlight_Click()
@@ -135,18 +161,17 @@ void FrmWeb::munUNHighlight_Click()
     loadEditorBackground();
     loadEditorFont();
     Pause(0.1);
-    form<Wait>()->Hide();
-    Picture1->hide();
+    uncoverSource();
     Check1 = 0;
 }
 
-void FrmWeb::ApplyHighlight()
+void FrmWeb::ApplyHighlight(std::optional<int> (*color)(const char* key))
 {
-    highlight(*RichTextBox1, {.tags = highlightColor("one"),
-                              .values = highlightColor("two"),
-                              .comments = highlightColor("three"),
+    highlight(*RichTextBox1, {.tags = color("one"),
+                              .values = color("two"),
+                              .comments = color("three"),
                               .scripts = ScriptColor,
-                              .text = highlightColor("four")});
+                              .text = color("four")});
 }
 
 void FrmWeb::ClearHighlight()

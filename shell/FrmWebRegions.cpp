@@ -3,7 +3,6 @@
 #include "platform/Events.h"
 #include "shell/FrmPop.h"
 #include "shell/FrmWeb.h"
-#include "shell/Regions.h"
 
 #include <QCursor>
 
@@ -27,8 +26,7 @@ constexpr std::array<RegionButton, 4> RegionButtons = {{
 void FrmWeb::connectRegions()
 {
     for (const RegionButton& entry : RegionButtons) {
-        on(this->*entry.button, &QPushButton::clicked, this,
-           [this, entry] { selectRegion(*RichTextBox1, entry.region); });
+        on(this->*entry.button, &QPushButton::clicked, this, [this, entry] { selectPart(entry.region); });
     }
     on(CmdCell, &QPushButton::clicked, this, &FrmWeb::CmdCell_Click);
     on(CmdOffLeg, &QPushButton::clicked, this, &FrmWeb::CmdOffLeg_Click);

@@ -5,7 +5,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "services/Profile.h"
-#include "shell/FrmWeb.h"
+#include "shell/Editor.h"
 
 #include <new>
 
@@ -33,8 +33,10 @@ void ToolForm::setClosingBox(CheckBox* box, const QString& section, const QStrin
 
 void ToolForm::addToEditor(const QString& fragment)
 {
-    RichTextBox& source = *form<FrmWeb>()->RichTextBox1;
-    source.setSelText(source.encode(fragment));
+    Editor* editor = loadedEditor();
+    if (!editor)
+        return;
+    editor->insert(fragment);
     closeIfWanted();
 }
 

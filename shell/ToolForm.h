@@ -27,7 +27,7 @@ protected:
     void setClosingBox(CheckBox* box, const QString& section, const QString& key);
 
     /// Puts a fragment at the caret of the source box, in place of what is selected there, and closes the
-    /// window if its box is ticked.
+    /// window if its box is ticked. Does nothing once the main window has gone.
     void addToEditor(const QString& fragment);
     /// Puts a fragment on the clipboard, in place of all that was there, and closes the window if its box is
     /// ticked.

@@ -12,6 +12,7 @@ class TestLayers : public QObject
 
 private slots:
     void noArrowRunsUp();
+    void toolsKnowNoControls();
     void placesAreThere();
     void connectionsAreGuarded();
     void overridesAreGuarded();
@@ -52,6 +53,30 @@ void TestLayers::noArrowRunsUp()
     }
     QVERIFY(seen > 50);
     QCOMPARE(wrong, QStringList());
+}
+
+/// Whom the main window's own header may tell of it: its parts, and who makes it. All others know what it
+/// offers (shell/Editor.h), and none of its controls.
+void TestLayers::toolsKnowNoControls()
+{
+    static const QRegularExpression its(QStringLiteral(R"(^(app/\w+|shell/FrmWeb\w*)\.(h|cpp)$)"));
+    static const QStringList others = {
+        QStringLiteral("shell/FrmSplash.cpp"), // makes it
+        QStringLiteral("shell/Regions.cpp"),   // its buttons follow the document's parts
+    };
+    QStringList seen;
+    for (auto folder = Below.cbegin(); folder != Below.cend(); ++folder) {
+        QDirIterator files(QStringLiteral(SOURCE_DIR "/") + folder.key(), {"*.h", "*.cpp"}, QDir::Files);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            const QString name = folder.key() + u'/' + files.fileName();
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            if (file.readAll().contains("#include \"shell/FrmWeb.h\"") && !its.match(name).hasMatch())
+                seen << name;
+        }
+    }
+    seen.sort();
+    QCOMPARE(seen.join(u'\n'), others.join(u'\n'));
 }
 
 /// What the table "Where is ...?" names is where it says.

@@ -309,8 +309,8 @@ void FrmBuild1::save() const
 bool FrmBuild1::queryUnload()
 {
     save();
-    if (isLoaded<FrmBuild2>()) // which makes its page of what stands here
-        form<FrmBuild2>()->Unload();
+    if (FrmBuild2* page2 = loaded<FrmBuild2>()) // which makes its page of what stands here
+        page2->Unload();
     return true;
 }
 

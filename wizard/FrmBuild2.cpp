@@ -1,22 +1,16 @@
 #include "wizard/FrmBuild2.h"
 
-#include "forms/Wait.h"
 #include "platform/AppPath.h"
-#include "platform/Conversion.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
 #include "services/Desktop.h"
 #include "services/PerStyle.h"
-#include "services/Profile.h"
-#include "shell/FrmWeb.h"
+#include "shell/Editor.h"
 #include "shell/GeneratorTag.h"
-#include "shell/Highlight.h"
 #include "shell/Icons.h"
-#include "shell/Regions.h"
 #include "shell/SavedTitles.h"
 #include "shell/ToolForm.h"
-#include "source/RichTextBox.h"
 #include "web/DocumentSurface.h"
 #include "wizard/FrmBuild1.h"
 #include "wizard/Generators.h"
@@ -34,12 +28,6 @@ QString setNamesFile()
     return appFile(QStringLiteral("\\webstyle2.ini"));
 }
 
-/// A colour of the source box. Throws RuntimeError(TypeMismatch) when the setting is missing or no number.
-int sourceColor(const char* key)
-{
-    return toInteger32(ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
-}
-
 TermsTexts readTerms()
 {
     TermsTexts texts;
@@ -52,8 +40,8 @@ TermsTexts readTerms()
 template <typename F>
 void unload()
 {
-    if (isLoaded<F>())
-        form<F>()->Unload();
+    if (F* open = loaded<F>())
+        open->Unload();
 }
 
 } // namespace
@@ -224,53 +212,19 @@ void FrmBuild2::Command23_Click()
     if (generate() != PageResult::Made)
         return;
     setEnabled(false); // pauses follow, in which the user must not open a second time
-    auto* main = form<FrmWeb>();
-    if (main->SSTab1->Tab() == FrmWeb::PreviewTab) {
-        main->SSTab1->setTab(FrmWeb::EditorTab);
-        main->RichTextBox1->setText(QByteArray());
-        main->RichTextBox1->setText(RTB1);
-    }
-    if (main->SSTab1->Tab() <= FrmWeb::EditorTab)
-        main->RichTextBox1->setText(RTB1);
-    if (main->Check1 == 1)
-        colorSource();
-    updateStyleButtons(*main);
+    if (Editor* editor = loadedEditor())
+        editor->editListing(RTB1);
     finish();
 }
 
-/// "Open with Preview". The change of the tab shows the page; colours and region buttons follow when the user
-/// turns to the editor.
+/// "Open with Preview".
 void FrmBuild2::Command24_Click()
 {
     if (generate() != PageResult::Made)
         return;
-    auto* main = form<FrmWeb>();
-    if (main->SSTab1->Tab() == FrmWeb::PreviewTab)
-        main->SSTab1->setTab(FrmWeb::EditorTab);
-    if (main->SSTab1->Tab() <= FrmWeb::EditorTab) {
-        main->RichTextBox1->setText(RTB1);
-        main->SSTab1->setTab(FrmWeb::PreviewTab);
-    }
+    if (Editor* editor = loadedEditor())
+        editor->previewListing(RTB1);
     finish();
-}
-
-/// Colours the listing in the main window's source box. Throws RuntimeError(TypeMismatch) when a colour is
-/// missing from the settings.
-void FrmBuild2::colorSource()
-{
-    auto* main = form<FrmWeb>();
-    main->Picture1->show();
-    form<Wait>()->Show();
-    main->RichTextBox1->setBackColor(sourceColor("back"));
-    Pause(0.1);
-    highlight(*main->RichTextBox1, {.tags = sourceColor("one"),
-                                    .values = sourceColor("two"),
-                                    .comments = sourceColor("three"),
-                                    .scripts = ScriptColor,
-                                    .text = sourceColor("four")});
-    Pause(0.1);
-    form<Wait>()->Hide();
-    main->Picture1->hide();
 }
 
 void FrmBuild2::Command6_Click()

@@ -57,7 +57,6 @@ private:
     void warmEngine();
     [[nodiscard]] PageResult generate();
     void makePage();
-    void colorSource();
     void finish();
 
     PageLook m_look; // the colours; styles stand in the controls

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "services/Markers.h"
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+/// What tools want of the main window, which has the document: they take what is selected there, and give
+/// what they have made.
+class Editor
+{
+public:
+    /// The pages of the main window.
+    enum Tab { EditorTab, PreviewTab, InternetTab };
+
+    /// The page that is up.
+    virtual Tab tab() const = 0;
+    /// What is selected in the source; no value without a selection.
+    virtual std::optional<QString> selected() const = 0;
+
+    /// Puts a fragment into the source at the caret, in place of what is selected there.
+    virtual void insert(const QString& fragment) = 0;
+    /// Puts a fragment in front of the source; what was selected stays in the text.
+    virtual void insertAtStart(const QString& fragment) = 0;
+    /// Puts a fragment in place of each description of the listing, and shows the document on the surfaces.
+    virtual void replaceDescriptions(const QString& fragment) = 0;
+    /// Selects a part of the listing in the source (see `selectRegion`).
+    virtual void selectPart(Region part) = 0;
+
+    /// Makes a new listing, UTF-8, the document and shows its source, coloured while the source is
+    /// highlighted. With the tab Internet up the document stays as it is. Throws RuntimeError(TypeMismatch)
+    /// when a colour is missing from the settings.
+    virtual void editListing(const QByteArray& page) = 0;
+    /// Makes a new listing the document and shows it as a page. With the tab Internet up nothing happens.
+    virtual void previewListing(const QByteArray& page) = 0;
+
+protected:
+    Editor() = default;
+    ~Editor() = default;
+    Q_DISABLE_COPY_MOVE(Editor)
+};
+
+/// The main window; null before it is there, and once it has gone.
+Editor* loadedEditor();

@@ -1,0 +1,83 @@
+// The main window as tools know it.
+
+#include "shell/FrmWeb.h"
+#include "shell/Regions.h"
+
+Editor* loadedEditor()
+{
+    return loaded<FrmWeb>();
+}
+
+FrmWeb::Tab FrmWeb::tab() const
+{
+    return static_cast<Tab>(SSTab1->Tab());
+}
+
+std::optional<QString> FrmWeb::selected() const
+{
+    if (RichTextBox1->SelLength() == 0)
+        return std::nullopt;
+    return RichTextBox1->decode(RichTextBox1->SelText());
+}
+
+void FrmWeb::insert(const QString& fragment)
+{
+    RichTextBox1->setSelText(RichTextBox1->encode(fragment));
+}
+
+void FrmWeb::insertAtStart(const QString& fragment)
+{
+    RichTextBox1->setSelStart(0);
+    insert(fragment);
+}
+
+void FrmWeb::replaceDescriptions(const QString& fragment)
+{
+    const MarkerPair& description = markers(Region::Description);
+    const QByteArray opening = description.opening.toByteArray();
+    const QByteArray region = opening + RichTextBox1->encode(fragment);
+    RichTextBox1->SetFocus();
+    const int caret = RichTextBox1->SelStart();
+    RichTextBox1->setSelStart(0);
+    RichTextBox1->setSelLength(90000);
+    for (int start = RichTextBox1->Find(opening, 0); start >= 0;
+         start = RichTextBox1->Find(opening, start + 1)) {
+        const int end = RichTextBox1->Find(description.closing.toByteArray(), start);
+        RichTextBox1->setSelStart(start);
+        RichTextBox1->setSelLength(end - start);
+        RichTextBox1->setSelText(region);
+    }
+    RichTextBox1->setSelStart(caret);
+    for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
+        surface->write(RichTextBox1->decode(RichTextBox1->Text()));
+}
+
+void FrmWeb::selectPart(Region part)
+{
+    selectRegion(*RichTextBox1, part);
+}
+
+void FrmWeb::editListing(const QByteArray& page)
+{
+    if (tab() == PreviewTab) {
+        SSTab1->setTab(EditorTab);
+        RichTextBox1->setText(QByteArray());
+        RichTextBox1->setText(page);
+    }
+    if (tab() == EditorTab)
+        RichTextBox1->setText(page);
+    if (Check1 == 1)
+        colorListing();
+    updateStyleButtons(*this);
+}
+
+/// The change of the tab shows the page; colours and region buttons follow when the user turns to the editor.
+void FrmWeb::previewListing(const QByteArray& page)
+{
+    if (tab() == PreviewTab)
+        SSTab1->setTab(EditorTab);
+    if (tab() == EditorTab) {
+        RichTextBox1->setText(page);
+        SSTab1->setTab(PreviewTab);
+    }
+}
