@@ -91,7 +91,6 @@ void FrmBuild2::prepare(int pictures, bool withPictures)
 PageLook FrmBuild2::look() const
 {
     PageLook look = m_look;
-    look.style = Label11->text().toInt();
     const auto* checked =
         std::find_if(Chk.begin(), Chk.end(), [](CheckBox* box) { return box->Value() == 1; });
     look.pictureStyle = int(checked - Chk.begin());
@@ -110,7 +109,8 @@ void FrmBuild2::Command2_Click()
 
 void FrmBuild2::stepStyle(int by)
 {
-    Label11->setText(QString::number(qBound(0, look().style + by, LastStyle)));
+    m_look.style = qBound(0, m_look.style + by, LastStyle);
+    Label11->setText(QString::number(m_look.style));
     Label11->setAccessibleName(QStringLiteral("Design style %1").arg(Label11->text()));
     repaintDrawing();
 }
@@ -156,7 +156,7 @@ void FrmBuild2::repaintDrawing()
 
 void FrmBuild2::showDrawing()
 {
-    Drawing->setLook(look().style, m_drawing);
+    Drawing->setLook(m_look.style, m_drawing);
     const std::array<PictureStyleDrawing*, 4> drawings = {Image0, Image1, Image2, Image3};
     for (size_t i = 0; i < drawings.size(); ++i)
         drawings[i]->setLook(int(i), m_drawing);

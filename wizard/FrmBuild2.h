@@ -59,7 +59,7 @@ private:
     void makePage();
     void finish();
 
-    PageLook m_look; // the colours; styles stand in the controls
+    PageLook m_look; // but for the picture style, which stands in the boxes
     DrawingColors m_drawing;
     DocumentSurface* WebBrowser1; // the engine that the page passes through, out of view
     QByteArray RTB1;              // the page; always UTF-8, whatever the document or the page before was

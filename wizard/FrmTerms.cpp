@@ -138,8 +138,8 @@ void FrmTerms::Command14_Click()
     }
 }
 
-/// Writes the document without its head, and a line end, to the file that the caption names. The head goes to
-/// the clipboard, where sellers pick it up for pages of their own. Throws SurfaceLost, and
+/// Writes the document without its head, and a line end, to the file that was opened. The head goes to the
+/// clipboard, where sellers pick it up for pages of their own. Throws SurfaceLost, and
 /// RuntimeError(PathFileAccess) when the file can't be written.
 void FrmTerms::save()
 {
@@ -148,23 +148,25 @@ void FrmTerms::save()
     const QByteArray head = cutHeads(text);
     if (!head.isEmpty())
         Clipboard::SetText(QString::fromUtf8(head));
-    for (const TermsFile& terms : TermsFiles) {
-        if (windowTitle() == QLatin1String(terms.caption))
-            writeFile(appFile(QString::fromLatin1(terms.file)), text + lineEnd.data());
-    }
+    if (m_terms)
+        writeFile(appFile(QString::fromLatin1(m_terms->file)), text + lineEnd.data());
+}
+
+void FrmTerms::open(const TermsFile& terms)
+{
+    m_terms = &terms;
+    setWindowTitle(QString::fromLatin1(terms.caption));
+    Show();
+    QString text = GetTermsList(QString::fromLatin1(terms.file));
+    if (text.endsWith(lineEnd)) // saving writes one each time; on the surface they would add up
+        text.chop(lineEnd.size());
+    edit(text);
+    WebBrowser1->setFocus();
 }
 
 void openTerms(int index)
 {
     if (index < 0 || index >= int(TermsFiles.size()))
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
-    const TermsFile& terms = TermsFiles[size_t(index)];
-    auto* editor = form<FrmTerms>();
-    editor->setWindowTitle(QString::fromLatin1(terms.caption));
-    editor->Show();
-    QString text = GetTermsList(QString::fromLatin1(terms.file));
-    if (text.endsWith(lineEnd)) // saving writes one each time; on the surface they would add up
-        text.chop(lineEnd.size());
-    editor->edit(text);
-    editor->WebBrowser1->setFocus();
+    form<FrmTerms>()->open(TermsFiles[size_t(index)]);
 }

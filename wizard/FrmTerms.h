@@ -5,7 +5,9 @@
 
 #include <QTimer>
 
-/// The small editor of the seller's terms. Its caption alone tells which file of `TermsFiles` it works on.
+struct TermsFile;
+
+/// The small editor of the seller's terms.
 class FrmTerms : public Form, public Ui::FrmTerms
 {
     Q_OBJECT
@@ -13,6 +15,8 @@ class FrmTerms : public Form, public Ui::FrmTerms
 public:
     FrmTerms();
 
+    /// Shows itself with the text of a file, which lives as long as the program and takes what is saved.
+    void open(const TermsFile& terms);
     /// Replaces what is being edited. The user reads why when that fails.
     void edit(const QString& html);
 
@@ -32,6 +36,7 @@ private:
     void pickColorFor(const QString& command);
     void save();
 
+    const TermsFile* m_terms = nullptr;
     /// What the surface was given, or was read from it, last: a lost one is made anew from it.
     QString m_lastShown;
 };

@@ -36,7 +36,7 @@ struct Listing
 /// What page 2 of the wizard adds: how the page looks.
 struct PageLook
 {
-    int style = 0;        ///< design style, `Label11`, 0 to 3
+    int style = 0;        ///< design style, which `Label11` shows, 0 to 3
     int pictureStyle = 3; ///< the checked box of `Chk`, 0 to 3
 
     // Colour texts, `#RRGGBB`.

@@ -127,6 +127,7 @@ private slots:
 
     void shownAsDesigned();
     void arrowsStepTheStyle();
+    void styleIsNoCaption();
     void drawingShowsTheRowsOfEachStyle_data();
     void drawingShowsTheRowsOfEachStyle();
     void pickedColorsShow();
@@ -249,6 +250,20 @@ void TestFrmBuild2::arrowsStepTheStyle()
     for (const char* style : {"2", "1", "0", "0"})
         QCOMPARE(press(page->Command1), QString::fromLatin1(style));
     QCOMPARE(source(), QString()); // no step makes a page
+}
+
+/// However the number is written for the eye.
+void TestFrmBuild2::styleIsNoCaption()
+{
+    auto* page = openPage2();
+    click(page->Command2);
+    click(page->Command2);
+    page->Label11->setText(QStringLiteral("Style two"));
+    QCOMPARE(page->look().style, 2);
+    click(page->Command2);
+    QCOMPARE(page->look().style, 3);
+    QCOMPARE(page->Label11->text(), QStringLiteral("3"));
+    QCOMPARE(page->Label11->accessibleName(), QStringLiteral("Design style 3"));
 }
 
 void TestFrmBuild2::drawingShowsTheRowsOfEachStyle_data()

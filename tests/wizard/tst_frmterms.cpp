@@ -69,6 +69,7 @@ private slots:
     void escapeCancels();
     void okHidesAndKeepsTheForm();
     void openEditorTurnsToTheOtherFile();
+    void captionIsForTheEye();
     void typingGoesIntoTheTerms();
     void failedWrite_data();
     void failedWrite();
@@ -492,6 +493,23 @@ void TestFrmTerms::openEditorTurnsToTheOtherFile()
     QCOMPARE(m_folder->read(QStringLiteral("weblst.ini")), QByteArray("<BODY>pay</BODY>"));
     QCOMPARE(m_folder->read(QStringLiteral("weblst2.ini")), QByteArray("<BODY>ship</BODY>"));
     QCOMPARE(m_folder->read(QStringLiteral("weblst3.ini")), QByteArray("\r\n<BODY></BODY>\r\n"));
+}
+
+/// Whatever else writes there, such as a sign of unsaved changes: the file stays the one that was opened.
+void TestFrmTerms::captionIsForTheEye()
+{
+    const ScriptedDoors doors;
+    openTerms(0);
+    auto* editor = form<FrmTerms>();
+    for (const QString& caption :
+         {editor->windowTitle() + u'*', QString::fromLatin1(TermsFiles[2].caption)}) {
+        m_folder->write(QStringLiteral("weblst.ini"), "<BODY>old</BODY>");
+        editor->setWindowTitle(caption);
+        editor->WebBrowser1->write(QStringLiteral("<BODY>pay</BODY>"));
+        click(editor->Command14);
+        QCOMPARE(m_folder->read(QStringLiteral("weblst.ini")), QByteArray("\r\n<BODY>pay</BODY>\r\n"));
+        QVERIFY(!m_folder->has(QStringLiteral("weblst3.ini")));
+    }
 }
 
 /// Also when the hand was last somewhere else in the editor.
