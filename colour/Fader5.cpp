@@ -8,8 +8,8 @@
 #include "platform/Events.h"
 #include "platform/PlainText.h"
 #include "platform/WaitCursor.h"
-#include "shell/Editor.h"
 #include "shell/Icons.h"
+#include "shell/ListingEditor.h"
 #include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
 #include "web/DocumentSurface.h"
@@ -197,7 +197,7 @@ void Fader5::connectHandlers()
 /// and what the seller copied elsewhere must not get into a page.
 void Fader5::takeMarkedText()
 {
-    const Editor* editor = loadedEditor();
+    const ListingEditor* editor = loadedEditor();
     const std::optional<QString> marked = editor ? editor->selected() : std::nullopt;
     if (!marked)
         return;
@@ -365,20 +365,20 @@ void Fader5::Command2_Click()
                MsgIcon::Information);
         return;
     }
-    const Editor* editor = loadedEditor();
+    const ListingEditor* editor = loadedEditor();
     if (!editor)
         return;
     const QString text = faderText(body(FaderUser::Add), Check2->Value() == 1);
     switch (editor->tab()) {
-    case Editor::EditorTab:
+    case ListingEditor::EditorTab:
         addToEditor(text);
         break;
-    case Editor::PreviewTab:
+    case ListingEditor::PreviewTab:
         MsgBox(QStringLiteral("Cannot add to editor because preview is open, please click tag ''Editor'' to "
                               "open first."),
                QStringLiteral("Error"), MsgIcon::Information);
         break;
-    case Editor::InternetTab:
+    case ListingEditor::InternetTab:
         break;
     }
 }
@@ -439,8 +439,8 @@ void Fader5::Command5_Click()
 
 void Fader5::Command15_Click()
 {
-    Editor* editor = loadedEditor();
-    if (!editor || editor->tab() != Editor::PreviewTab)
+    ListingEditor* editor = loadedEditor();
+    if (!editor || editor->tab() != ListingEditor::PreviewTab)
         return;
     editor->replaceDescriptions(faderText(body(FaderUser::Description), false));
     Unload();

@@ -3,7 +3,7 @@
 #include "colour/ColorRow.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
-#include "shell/Editor.h"
+#include "shell/ListingEditor.h"
 
 #include <QMouseEvent>
 #include <algorithm>
@@ -107,7 +107,7 @@ void FrmBody::Command1_Click()
                MsgIcon::Information);
         return;
     }
-    if (Editor* editor = loadedEditor())
+    if (ListingEditor* editor = loadedEditor())
         editor->insertAtStart(Text1 + Text2 + Text4 + Text5 + QStringLiteral("\r\n"));
     Unload();
 }

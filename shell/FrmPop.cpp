@@ -1,7 +1,7 @@
 #include "shell/FrmPop.h"
 
 #include "platform/Events.h"
-#include "shell/Editor.h"
+#include "shell/ListingEditor.h"
 
 #include <array>
 
@@ -36,7 +36,7 @@ FrmPop::FrmPop()
         QAction* action = (this->*entry.menu).addAction(QString::fromLatin1(entry.caption));
         action->setObjectName(QString::fromLatin1(entry.name));
         on(action, &QAction::triggered, this, [entry] {
-            if (Editor* editor = loadedEditor())
+            if (ListingEditor* editor = loadedEditor())
                 editor->selectPart(entry.region);
         });
     }

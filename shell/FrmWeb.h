@@ -2,7 +2,7 @@
 
 #include "forms/Form.h"
 #include "shell/Document.h"
-#include "shell/Editor.h"
+#include "shell/ListingEditor.h"
 #include "shell/Tool.h"
 #include "shell/ui_FrmWeb.h"
 
@@ -16,7 +16,7 @@
 ///
 /// The document is bytes: the source box's text while tab 0 is up, the design surface's content while tab 1
 /// is up. Handlers are named after control and event; the declarations tell the file of each.
-class FrmWeb : public Form, public Ui::FrmWeb, public Editor
+class FrmWeb : public Form, public Ui::FrmWeb, public ListingEditor
 {
     Q_OBJECT
 

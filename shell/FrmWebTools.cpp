@@ -3,7 +3,7 @@
 #include "shell/FrmWeb.h"
 #include "shell/Regions.h"
 
-Editor* loadedEditor()
+ListingEditor* loadedEditor()
 {
     return loaded<FrmWeb>();
 }

@@ -5,7 +5,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "services/Profile.h"
-#include "shell/Editor.h"
+#include "shell/ListingEditor.h"
 
 #include <new>
 
@@ -33,7 +33,7 @@ void ToolForm::setClosingBox(CheckBox* box, const QString& section, const QStrin
 
 void ToolForm::addToEditor(const QString& fragment)
 {
-    Editor* editor = loadedEditor();
+    ListingEditor* editor = loadedEditor();
     if (!editor)
         return;
     editor->insert(fragment);

@@ -56,7 +56,7 @@ void TestLayers::noArrowRunsUp()
 }
 
 /// Whom the main window's own header may tell of it: its parts, and who makes it. All others know what it
-/// offers (shell/Editor.h), and none of its controls.
+/// offers (shell/ListingEditor.h), and none of its controls.
 void TestLayers::toolsKnowNoControls()
 {
     static const QRegularExpression its(QStringLiteral(R"(^(app/\w+|shell/FrmWeb\w*)\.(h|cpp)$)"));

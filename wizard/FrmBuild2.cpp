@@ -6,9 +6,9 @@
 #include "platform/WaitCursor.h"
 #include "services/Desktop.h"
 #include "services/PerStyle.h"
-#include "shell/Editor.h"
 #include "shell/GeneratorTag.h"
 #include "shell/Icons.h"
+#include "shell/ListingEditor.h"
 #include "shell/SavedTitles.h"
 #include "shell/ToolForm.h"
 #include "web/DocumentSurface.h"
@@ -212,7 +212,7 @@ void FrmBuild2::Command23_Click()
     if (generate() != PageResult::Made)
         return;
     setEnabled(false); // pauses follow, in which the user must not open a second time
-    if (Editor* editor = loadedEditor())
+    if (ListingEditor* editor = loadedEditor())
         editor->editListing(RTB1);
     finish();
 }
@@ -222,7 +222,7 @@ void FrmBuild2::Command24_Click()
 {
     if (generate() != PageResult::Made)
         return;
-    if (Editor* editor = loadedEditor())
+    if (ListingEditor* editor = loadedEditor())
         editor->previewListing(RTB1);
     finish();
 }

@@ -8,7 +8,7 @@
 
 /// What tools want of the main window, which has the document: they take what is selected there, and give
 /// what they have made.
-class Editor
+class ListingEditor
 {
 public:
     /// The pages of the main window.
@@ -36,10 +36,10 @@ public:
     virtual void previewListing(const QByteArray& page) = 0;
 
 protected:
-    Editor() = default;
-    ~Editor() = default;
-    Q_DISABLE_COPY_MOVE(Editor)
+    ListingEditor() = default;
+    ~ListingEditor() = default;
+    Q_DISABLE_COPY_MOVE(ListingEditor)
 };
 
 /// The main window; null before it is there, and once it has gone.
-Editor* loadedEditor();
+ListingEditor* loadedEditor();
