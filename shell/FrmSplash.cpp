@@ -29,6 +29,7 @@ FrmSplash::FrmSplash()
     setFixedSize(picture().defaultSize());
     move(screen()->availableGeometry().center() - rect().center());
 
+    Timer2.setObjectName(QStringLiteral("Timer2"));
     Timer2.setSingleShot(true);
     on(&Timer2, &QTimer::timeout, this, &FrmSplash::Timer2_Timer);
     Timer2.start(360ms);

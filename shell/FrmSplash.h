@@ -12,9 +12,6 @@ class FrmSplash : public Form
 public:
     FrmSplash();
 
-    /// Runs out when the main window is to be loaded.
-    QTimer Timer2;
-
 signals:
     /// The main window has been loaded and is about to show.
     void mainWindowLoaded();
@@ -24,4 +21,6 @@ protected:
 
 private:
     void Timer2_Timer();
+
+    QTimer Timer2{this}; // runs out when the main window is to be loaded
 };

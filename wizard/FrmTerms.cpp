@@ -58,6 +58,7 @@ FrmTerms::FrmTerms()
     setCancelButton(Command15);
     on(WebBrowser1, &DocumentSurface::linkRequested, this, &FrmTerms::WebBrowser1_LinkRequested);
     on(WebBrowser1, &DocumentSurface::rendererDied, this, &FrmTerms::WebBrowser1_RendererDied);
+    KeepTimer.setObjectName(QStringLiteral("KeepTimer"));
     KeepTimer.setSingleShot(true);
     on(&KeepTimer, &QTimer::timeout, this, &FrmTerms::KeepTimer_Timer);
     KeepTimer.start(KeepEvery);

@@ -20,9 +20,6 @@ public:
     /// Replaces what is being edited. The user reads why when that fails.
     void edit(const QString& html);
 
-    /// Runs out when the changed text is to be kept, for the case that its page is lost.
-    QTimer KeepTimer;
-
 private:
     void KeepTimer_Timer();
     void Combo1_Click();
@@ -37,6 +34,8 @@ private:
     void save();
 
     const TermsFile* m_terms = nullptr;
+    QTimer KeepTimer{
+        this}; // runs out when the changed text is to be kept, for the case that its page is lost
     /// What the surface was given, or was read from it, last: a lost one is made anew from it.
     QString m_lastShown;
 };

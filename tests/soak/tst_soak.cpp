@@ -113,7 +113,7 @@ QWidget* shown()
 
 QWidget* splash()
 {
-    form<FrmSplash>()->Timer2.stop(); // or it would go by itself
+    form<FrmSplash>()->findChild<QTimer*>(QStringLiteral("Timer2"))->stop(); // or it would go by itself
     return shown<FrmSplash>();
 }
 

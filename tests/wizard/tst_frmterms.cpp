@@ -583,9 +583,10 @@ void TestFrmTerms::lostRendererComesBackWithTheChanges()
     auto* editor = form<FrmTerms>();
     QCOMPARE(bodyOf(editor), QStringLiteral("pay"));
     QVERIFY(editor->WebBrowser1->evaluate(QStringLiteral("document.body.append(' soon'); 1")));
-    QVERIFY(editor->KeepTimer.remainingTime() <= 15000);
-    editor->KeepTimer.start(0);
-    QTRY_VERIFY(editor->KeepTimer.remainingTime() > 0);
+    auto* keeper = editor->findChild<QTimer*>(QStringLiteral("KeepTimer"));
+    QVERIFY(keeper->remainingTime() <= 15000);
+    keeper->start(0);
+    QTRY_VERIFY(keeper->remainingTime() > 0);
     QCOMPARE(bodyOf(editor), QStringLiteral("pay soon"));
     doors.answerMsgBox(MsgAnswer::Ok);
     ::kill(pid_t(editor->WebBrowser1->rendererPid()), SIGKILL);
