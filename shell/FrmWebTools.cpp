@@ -2,6 +2,7 @@
 
 #include "shell/FrmWeb.h"
 #include "shell/Regions.h"
+#include "shell/WorkingSelection.h"
 
 ListingEditor* loadedEditor()
 {
@@ -39,7 +40,7 @@ void FrmWeb::replaceDescriptions(const QString& fragment)
     RichTextBox1->SetFocus();
     const int caret = RichTextBox1->SelStart();
     RichTextBox1->setSelStart(0);
-    RichTextBox1->setSelLength(90000);
+    RichTextBox1->setSelLength(WorkingSelection);
     for (int start = RichTextBox1->Find(opening, 0); start >= 0;
          start = RichTextBox1->Find(opening, start + 1)) {
         const int end = RichTextBox1->Find(description.closing.toByteArray(), start);
@@ -48,8 +49,10 @@ void FrmWeb::replaceDescriptions(const QString& fragment)
         RichTextBox1->setSelText(region);
     }
     RichTextBox1->setSelStart(caret);
-    for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
-        surface->write(RichTextBox1->decode(RichTextBox1->Text()));
+    for (DocumentSurface* surface : {WebBrowser1, WebBrowser3}) {
+        // One that is lost says so when it is read; the next change to Preview makes it anew from the source.
+        static_cast<void>(surface->write(RichTextBox1->decode(RichTextBox1->Text())));
+    }
 }
 
 void FrmWeb::selectPart(Region part)
