@@ -145,8 +145,8 @@ void openListing(MainWindow& main)
 QWidget* splash(MainWindow&)
 {
     auto* window = form<FrmSplash>();
-    window->findChild<QTimer*>(QStringLiteral("Timer2"))
-        ->stop(); // or it would go before a busy machine has looked at it
+    // Or it would go before a busy machine has looked at it.
+    window->findChild<QTimer*>(QStringLiteral("Timer2"))->stop();
     window->show();
     return window;
 }
