@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
 .PHONY: run install dist test check demo gallery help-pictures bench soak fuzz mutants format tidy clean

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What makes HTML: the table designer and the two list tools by the number of rows and words, the wizard's
 // page, the fade engine, all beside a plain append of the same text to a std::string; the fader under a
 // dragged bar; and the character window.

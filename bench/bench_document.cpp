@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What a seller does with a whole document, by its size, in the main window with all its handlers; beside the
 // bare editing component, and beside the same work on bytes in memory or on the disk. And: a region button,
 // and a letter typed into one long line.

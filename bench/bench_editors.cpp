@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The program beside other editors, each started on the same virtual display: what a start costs in
 // processor time, and how much memory it leaves in use. When a window of another program can be used can't be
 // told from outside, so that no times on the clock are compared.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What is found in the bytes of a page, without a window: the stretches of its highlight, a part of a
 // listing, the style, the generator tag. Beside the same bytes read once.
 

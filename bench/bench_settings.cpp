@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Settings are read from the file at each use and written at each change, so one read must cost next to
 // nothing, also of a file in which a user has saved many table styles. Beside the toolkit's own settings; and
 // `ReplaceAll` of the services beside the string classes' replace.

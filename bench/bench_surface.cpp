@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The rendering control: how long it takes to show a page and read it back, beside the bare engine doing the
 // same through document.write and innerHTML, and beside programs that only parse the page and print it anew;
 // and how much memory is in use after many pages. What the engine does with a page after the answer, its

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The program as the user waits for it: from its start to a letter in the source box, the changes of the tab,
 // and the wizard from OK to its second page and on to the editor. What only happens once in a process is
 // measured in a process of its own: this program, with an argument.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "builders/FrmList2.h"
 
 #include "builders/FrmChar.h"

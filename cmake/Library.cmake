@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # What every target of the tree is built with.
 add_library(brindlemark_options INTERFACE)
 target_include_directories(brindlemark_options INTERFACE "${PROJECT_SOURCE_DIR}")

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // libFuzzer's entry points, around the target that TARGET names.
 
 #include "Fuzz.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "Fuzz.h"
 #include "platform/RuntimeError.h"
 #include "shell/GeneratorTag.h"

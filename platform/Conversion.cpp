@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "platform/Conversion.h"
 
 #include "platform/RuntimeError.h"
@@ -51,9 +53,9 @@ double toDouble(const QString& text)
 float toSingle(const QString& text)
 {
     const double value = toDouble(text);
-    if (std::abs(value) > static_cast<double>(std::numeric_limits<float>::max()))
+    if (std::abs(value) > double(std::numeric_limits<float>::max()))
         throw RuntimeError(ErrorNumber::Overflow);
-    return static_cast<float>(value);
+    return float(value);
 }
 
 bool toBoolean(const QString& text)
@@ -78,7 +80,7 @@ QString fromNumber(int value)
 
 QString fromNumber(float value)
 {
-    return QString::number(static_cast<double>(value), 'g', 7);
+    return QString::number(double(value), 'g', 7);
 }
 
 QString fromNumber(double value)

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "platform/Events.h"
 
 #include "platform/Doors.h"
@@ -87,9 +89,8 @@ void fatal(const std::exception& exception)
     const QScopedValueRollback<bool> once(ending, true); // only a test's door comes back
 
     const RuntimeError error = untrapped(exception);
-    QString text = QStringLiteral("Run-time error '%1':\n\n%2")
-                       .arg(static_cast<int>(error.number()))
-                       .arg(error.description());
+    QString text =
+        QStringLiteral("Run-time error '%1':\n\n%2").arg(int(error.number())).arg(error.description());
     if (const QString sentence = kept(); !sentence.isEmpty())
         text += QStringLiteral("\n\n") + sentence;
     MsgBox(text, ProgramTitle, MsgIcon::Stop);

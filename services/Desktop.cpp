@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "services/Desktop.h"
 
 #include "platform/Doors.h"
@@ -23,7 +25,7 @@ void Pause(double seconds)
     QTimer wake; // ends a wait in which nothing happens
     wake.setTimerType(Qt::PreciseTimer);
     wake.start(5);
-    while (static_cast<double>(doors().clock() - start) < seconds * 1000.0)
+    while (double(doors().clock() - start) < seconds * 1000.0)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 

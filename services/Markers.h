@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include "services/PerStyle.h"
@@ -64,7 +65,7 @@ inline constexpr PerStyle<QByteArrayView> StyleMarkers = {
 /// The markers of a region.
 constexpr const MarkerPair& markers(Region region)
 {
-    return Markers[static_cast<std::size_t>(region)];
+    return Markers[size_t(region)];
 }
 
 static_assert(

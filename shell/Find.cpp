@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "shell/Find.h"
 
 #include "platform/Doors.h"
@@ -93,19 +95,19 @@ void Find::placeAside()
 void Find::Check1_Click()
 {
     Text1->setFocus();
-    CaseFlag = Check1->isChecked() ? MatchCase : 0;
+    CaseFlag = Check1->isChecked() ? FindOptions(MatchCase) : FindOptions();
 }
 
 void Find::Check2_Click()
 {
     Text1->setFocus();
-    WordFlag = Check2->isChecked() ? WholeWord : 0;
+    WordFlag = Check2->isChecked() ? FindOptions(WholeWord) : FindOptions();
 }
 
 /// Selects the next hit in the source; its position, or -1.
 int Find::searchSource() const
 {
-    return m_source->Find(m_source->encode(Text1->Text()), NextStart, -1, WordFlag + CaseFlag);
+    return m_source->Find(m_source->encode(Text1->Text()), NextStart, -1, WordFlag | CaseFlag);
 }
 
 /// Searches for the user, who reads when there is nothing. A hit at the very start of the text, position 0,

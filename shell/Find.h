@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include "forms/Form.h"
 #include "shell/ui_Find.h"
+#include "source/TextSearch.h"
 
 #include <QPointer>
 
@@ -19,10 +21,10 @@ public:
     /// Whoever shows the window says first which box it searches; once that has gone, the buttons do nothing.
     void searchIn(RichTextBox* source);
 
-    /// `MatchCase` or 0 (see FindOption).
-    int CaseFlag = 0;
-    /// `WholeWord` or 0.
-    int WordFlag = 0;
+    /// `MatchCase` or none.
+    FindOptions CaseFlag;
+    /// `WholeWord` or none.
+    FindOptions WordFlag;
     /// Where a search begins, in bytes from the start of the source. Only a new window begins at 0 again.
     int NextStart = 0;
 

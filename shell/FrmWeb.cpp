@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "shell/FrmWeb.h"
 
 #include "platform/AppPath.h"
@@ -167,7 +169,7 @@ void FrmWeb::buildToolbar()
         QAction* button =
             Toolbar1->addAction(namedIcon(entry.icon, this), QString::fromLatin1(entry.toolTip));
         Toolbar1->widgetForAction(button)->setFocusPolicy(Qt::TabFocus); // some tools have no menu entry
-        m_toolButtons.at(static_cast<size_t>(entry.tool)) = button;
+        m_toolButtons.at(size_t(entry.tool)) = button;
         on(button, &QAction::triggered, this, [this, entry] { Toolbar1_ButtonClick(entry.tool); });
     }
     for (const Tool tool : {Tool::Cut, Tool::Copy}) // nothing is selected yet
@@ -349,7 +351,7 @@ void FrmWeb::Toolbar1_ButtonClick(Tool tool)
             emit toolWanted(tool);
         return;
     }
-    if (const auto entry = ToolButtons.at(static_cast<size_t>(tool)).entry) {
+    if (const auto entry = ToolButtons.at(size_t(tool)).entry) {
         (this->*entry)->trigger();
     } else {
         emit toolWanted(tool);

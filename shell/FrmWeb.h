@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include "forms/Form.h"
@@ -65,7 +66,7 @@ public:
     void editListing(const QByteArray& page) override;
     void previewListing(const QByteArray& page) override;
 
-    QAction* toolbarButton(Tool tool) const { return m_toolButtons.at(static_cast<size_t>(tool)); }
+    QAction* toolbarButton(Tool tool) const { return m_toolButtons.at(size_t(tool)); }
 
 signals:
     /// The user wants the window of a toolbar button that stands for no menu entry.

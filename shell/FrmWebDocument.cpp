@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The document of the main window: files, clipboard, and what counts as unsaved.
 
 #include "forms/LongWork.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The look of the source box: font, background, highlight.
 
 #include "forms/Wait.h"
@@ -97,7 +99,7 @@ void FrmWeb::munsetfont_Click()
             values << ProfileValue{FontSection, QString::fromLatin1(key), value};
     };
     keep("name", font.family() != before.family(), font.family());
-    keep("size", font.pointSizeF() != before.pointSizeF(), fromNumber(static_cast<float>(font.pointSizeF())));
+    keep("size", font.pointSizeF() != before.pointSizeF(), fromNumber(float(font.pointSizeF())));
     keep("bold", font.bold() != before.bold(), fromBoolean(font.bold()));
     keep("italic", font.italic() != before.italic(), fromBoolean(font.italic()));
     WriteProfile(values, webIni());

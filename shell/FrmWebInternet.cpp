@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The Internet tab: a small browser that shares nothing with the document, and its list of addresses.
 
 #include "platform/AppPath.h"

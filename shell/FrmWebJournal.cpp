@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What keeps unsaved text on the disk while it is being written, and offers it after an end from outside.
 
 #include "platform/Doors.h"

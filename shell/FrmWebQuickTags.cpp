@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The Quick Tags menu: fixed HTML at the caret of the source box, in place of what is selected there. What
 // the user answers goes out as it is.
 

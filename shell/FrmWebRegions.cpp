@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The buttons of the main window that select parts of a listing.
 
 #include "platform/Events.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The main window as tools know it.
 
 #include "shell/FrmWeb.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The views of the main window: tab changes, the Design option, the commands of the design surface.
 
 #include "platform/Doors.h"

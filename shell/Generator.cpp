@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "shell/Generator.h"
 
 #include "platform/RuntimeError.h"
@@ -14,8 +16,8 @@ void stampGenerator(RichTextBox& box)
     const GeneratorTags tags = findGeneratorTags(box.Text());
     qsizetype moved = 0; // how far the stamps have moved what stands behind them
     const auto select = [&](const TextRange& range) {
-        box.setSelStart(static_cast<int>(range.start + moved));
-        box.setSelLength(static_cast<int>(range.length));
+        box.setSelStart(int(range.start + moved));
+        box.setSelLength(int(range.length));
     };
     for (const TextRange& start : tags.starts) {
         select(start);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "shell/GeneratorTag.h"
 
 #include "platform/RuntimeError.h"
@@ -6,8 +8,8 @@
 GeneratorTags findGeneratorTags(QByteArrayView text)
 {
     const QByteArray opening = "<META content=";
-    const TextSearch tagStart(opening, 0);
-    const TextSearch tagName(" name=GENERATOR>", 0);
+    const TextSearch tagStart(opening);
+    const TextSearch tagName(" name=GENERATOR>");
     GeneratorTags tags;
     qsizetype from = 0;
     for (qsizetype tag = tagStart.indexIn(text, 0); tag != -1; tag = tagStart.indexIn(text, from)) {

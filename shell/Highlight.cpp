@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "shell/Highlight.h"
 
 #include "forms/LongWork.h"
@@ -13,7 +15,7 @@ void highlight(RichTextBox& box, const HighlightColors& colors)
     LongWork work;
     highlightRuns(box.Text(), colors, [&](const ColorRun& run, double done) {
         work.progress(done);
-        box.setColor(static_cast<int>(run.range.start), static_cast<int>(run.range.length), run.color);
+        box.setColor(int(run.range.start), int(run.range.length), run.color);
     });
     box.setSelStart(caret);
 }

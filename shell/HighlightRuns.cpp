@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "shell/HighlightRuns.h"
 
 #include "shell/WorkingSelection.h"
@@ -29,8 +31,8 @@ constexpr std::array<Pass, 4> Passes = {{
 template <typename Paint>
 void run(QByteArrayView text, const Pass& pass, const Paint& paint)
 {
-    const TextSearch opening(pass.opening, 0);
-    const TextSearch closing(pass.closing, 0);
+    const TextSearch opening(pass.opening);
+    const TextSearch closing(pass.closing);
     qsizetype close = 0;
     for (qsizetype open = opening.indexIn(text, 0); open != -1; open = opening.indexIn(text, open + 1)) {
         if (close != -1 && close < open + 2) // a closing text further on still is the next one
@@ -53,8 +55,8 @@ void highlightRuns(QByteArrayView text, const HighlightColors& colors, const Hig
         if (!color)
             continue;
         run(text, Passes[i], [&](const TextRange& range, qsizetype position) {
-            const double done = static_cast<double>(position) / static_cast<double>(text.size());
-            paint({range, *color}, (static_cast<double>(i) + done) / Passes.size());
+            const double done = double(position) / double(text.size());
+            paint({range, *color}, (double(i) + done) / Passes.size());
         });
     }
 }

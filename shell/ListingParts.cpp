@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "shell/ListingParts.h"
 
 #include "shell/WorkingSelection.h"
@@ -26,8 +28,8 @@ qsizetype lengthInWholeCharacters(QByteArrayView text)
 std::optional<TextRange> findRegion(QByteArrayView text, Region region)
 {
     const MarkerPair& pair = markers(region);
-    const TextSearch opening(pair.opening.toByteArray(), 0);
-    const TextSearch closing(pair.closing.toByteArray(), 0);
+    const TextSearch opening(pair.opening.toByteArray());
+    const TextSearch closing(pair.closing.toByteArray());
     std::optional<TextRange> inside;
     qsizetype end = 0;
     for (qsizetype start = opening.indexIn(text, 0); start != -1 && end != -1;
@@ -43,7 +45,7 @@ std::optional<TextRange> findRegion(QByteArrayView text, Region region)
 std::optional<size_t> listingStyle(QByteArrayView text, qsizetype from)
 {
     for (size_t style = 0; style < StyleCount; ++style) {
-        if (TextSearch(StyleMarkers.at(style).toByteArray(), 0).indexIn(text, from) >= 1)
+        if (TextSearch(StyleMarkers.at(style).toByteArray()).indexIn(text, from) >= 1)
             return style;
     }
     return std::nullopt;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "shell/Regions.h"
 
 #include "shell/FrmPop.h"
@@ -31,10 +33,10 @@ void selectRegion(RichTextBox& source, Region region)
     source.SetFocus();
     const QByteArray text = source.Text();
     source.setSelStart(0);
-    source.setSelLength(static_cast<int>(lengthOfBeginning(text, source.textEncoding())));
+    source.setSelLength(int(lengthOfBeginning(text, source.textEncoding())));
     if (const std::optional<TextRange> inside = findRegion(text, region)) {
-        source.setSelStart(static_cast<int>(inside->start));
-        source.setSelLength(static_cast<int>(inside->length)); // refused where the closing marker is gone
+        source.setSelStart(int(inside->start));
+        source.setSelLength(int(inside->length)); // refused where the closing marker is gone
     }
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include <cstddef>
@@ -25,4 +26,4 @@ enum class Tool {
     Rule,
 };
 
-inline constexpr size_t ToolCount = static_cast<size_t>(Tool::Rule) + 1;
+inline constexpr size_t ToolCount = size_t(Tool::Rule) + 1;

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// A control's place within its parent, in twips (1/15 of a logical pixel).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 /// How much of the text is marked at its start while the program walks over all of it, in bytes. A highlight

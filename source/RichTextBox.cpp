@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "source/RichTextBox.h"
 
 #include "platform/ColorNumber.h"
@@ -20,7 +22,7 @@ namespace {
 /// An encoding change, as the undo history holds it.
 int changeToken(TextEncoding before, TextEncoding after)
 {
-    return static_cast<int>(before) << 1 | static_cast<int>(after);
+    return int(before) << 1 | int(after);
 }
 
 TextEncoding encodingBefore(int token)
@@ -292,7 +294,7 @@ void RichTextBox::setSelText(const QByteArray& text)
 
 int RichTextBox::SelStart() const
 {
-    return static_cast<int>(selection().start);
+    return int(selection().start);
 }
 
 void RichTextBox::setSelStart(int position)
@@ -302,7 +304,7 @@ void RichTextBox::setSelStart(int position)
 
 int RichTextBox::SelLength() const
 {
-    return static_cast<int>(selection().length);
+    return int(selection().length);
 }
 
 void RichTextBox::setSelLength(int length)
@@ -328,7 +330,7 @@ int RichTextBox::colorAt(int position) const
     return m_colors.at(toInner(qsizetype{position}));
 }
 
-int RichTextBox::Find(const QByteArray& text, int start, int end, int options)
+int RichTextBox::Find(const QByteArray& text, int start, int end, FindOptions options)
 {
     const auto signs = hourglass();
     const qsizetype from = start < 0 ? innerSelection().start : toInner(qsizetype{start});
@@ -338,9 +340,9 @@ int RichTextBox::Find(const QByteArray& text, int start, int end, int options)
     if (!match)
         return -1;
     const qsizetype position = fromInner(match->position);
-    if (!(options & NoSelection))
+    if (!options.testFlag(NoSelection))
         selectInner({match->position, match->length});
-    return static_cast<int>(position);
+    return int(position);
 }
 
 // The look ------------------------------------------------------------------------------------------------

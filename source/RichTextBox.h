@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include "platform/WaitCursor.h"
@@ -69,8 +70,8 @@ public:
 
     /// Looks for a text from `start`, by default from the beginning of the selection, to `end`, by default
     /// the end of the text, and selects the first match. Returns its position, or -1 (the selection then
-    /// stays); an empty text is never found. `options` is a sum of `FindOption`.
-    [[nodiscard]] int Find(const QByteArray& text, int start = -1, int end = -1, int options = 0);
+    /// stays); an empty text is never found.
+    [[nodiscard]] int Find(const QByteArray& text, int start = -1, int end = -1, FindOptions options = {});
 
     /// The background's colour number.
     int BackColor() const { return m_backColor; }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Keys and the input method of the source box.
 
 #include "platform/Events.h"
@@ -201,6 +203,5 @@ void RichTextBox::showPreedit(const QString& text)
 QPoint RichTextBox::caretPoint() const
 {
     const qsizetype caret = send(SCI_GETCURRENTPOS);
-    return {static_cast<int>(send(SCI_POINTXFROMPOSITION, 0, caret)),
-            static_cast<int>(send(SCI_POINTYFROMPOSITION, 0, caret))};
+    return {int(send(SCI_POINTXFROMPOSITION, 0, caret)), int(send(SCI_POINTYFROMPOSITION, 0, caret))};
 }

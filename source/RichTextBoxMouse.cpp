@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The mouse on the source box: clicks, drags and the context menu.
 
 #include "platform/Doors.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "source/TextColors.h"
 
 #include <Qsci/qsciscintillabase.h>
@@ -55,6 +57,6 @@ std::vector<ColorRun> TextColors::in(TextRange range) const
 
 int TextColors::at(qsizetype position) const
 {
-    return static_cast<int>(send(Component::SCI_INDICATORVALUEAT, ColorIndicator, position)) &
+    return int(send(Component::SCI_INDICATORVALUEAT, ColorIndicator, position)) &
            Component::SC_INDICVALUEMASK;
 }

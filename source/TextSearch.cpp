@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "source/TextSearch.h"
 
 #include <QChar>
@@ -109,14 +111,15 @@ qsizetype TextSearch::Letter::sizeAtStart(QByteArrayView text) const
     return 0;
 }
 
-TextSearch::TextSearch(const QByteArray& wanted, int options) : m_wholeWord((options & WholeWord) != 0)
+TextSearch::TextSearch(const QByteArray& wanted, FindOptions options)
+    : m_wholeWord(options.testFlag(WholeWord))
 {
     const QByteArrayView text(wanted);
-    m_letters.reserve(static_cast<size_t>(text.size()));
+    m_letters.reserve(size_t(text.size()));
     bool oneSpelling = true;
     for (qsizetype position = 0; position < text.size();) {
         const QByteArrayView character = characterAt(text, position);
-        m_letters.emplace_back(character, (options & MatchCase) != 0);
+        m_letters.emplace_back(character, options.testFlag(MatchCase));
         oneSpelling = oneSpelling && m_letters.back().hasOneSpelling();
         if (oneSpelling)
             m_start += character;
@@ -158,11 +161,11 @@ std::optional<TextMatch> TextSearch::next(QByteArrayView text, qsizetype from) c
 qsizetype TextSearch::candidate(QByteArrayView text, qsizetype from) const
 {
     const auto* start = text.begin() + from;
-    const auto size = static_cast<size_t>(text.end() - start);
+    const auto size = size_t(text.end() - start);
     if (start == text.end())
         return text.size();
     if (!m_start.isEmpty()) {
-        const void* hit = memmem(start, size, m_start.constData(), static_cast<size_t>(m_start.size()));
+        const void* hit = memmem(start, size, m_start.constData(), size_t(m_start.size()));
         return hit ? static_cast<const char*>(hit) - text.begin() : text.size();
     }
     return std::find_if(start, text.end(),

@@ -1,18 +1,22 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include <QByteArray>
 #include <QByteArrayView>
+#include <QFlags>
 #include <array>
 #include <optional>
 #include <vector>
 
-/// How `TextSearch` and `RichTextBox::Find` work. The numbers add up; 0 ignores case, takes parts of words
-/// and selects what is found.
+/// How `TextSearch` and `RichTextBox::Find` work. None of them ignores case, takes parts of words and selects
+/// what is found.
 enum FindOption {
     WholeWord = 2, ///< not where a letter, digit or underline of the text runs on from one of the match
     MatchCase = 4,
     NoSelection = 8, ///< `Find` leaves the selection as it is
 };
+Q_DECLARE_FLAGS(FindOptions, FindOption)
+Q_DECLARE_OPERATORS_FOR_FLAGS(FindOptions)
 
 /// Where a match lies, in bytes. Its length may differ from that of the wanted text: the two cases of some
 /// letters take different numbers of bytes.
@@ -28,8 +32,8 @@ struct TextMatch
 class TextSearch
 {
 public:
-    /// `options` is a sum of `FindOption`. An empty text is never found.
-    TextSearch(const QByteArray& wanted, int options);
+    /// An empty text is never found.
+    explicit TextSearch(const QByteArray& wanted, FindOptions options = {});
 
     /// The first match at or behind `from` that ends at or before `end`; both lie within the text.
     [[nodiscard]] std::optional<TextMatch> find(QByteArrayView text, qsizetype from, qsizetype end) const;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include <QDirIterator>
 #include <QFile>
 #include <QMap>
@@ -5,7 +7,8 @@
 #include <QTest>
 
 /// Reads the sources. Which folder includes which: a folder may include only from those that stand below it.
-/// And how the toolkit calls our code: never so that an exception could travel through its frames.
+/// Which licence each names. And how the toolkit calls our code: never so that an exception could travel
+/// through its frames.
 class TestLayers : public QObject
 {
     Q_OBJECT
@@ -14,6 +17,7 @@ private slots:
     void noArrowRunsUp();
     void toolsKnowNoControls();
     void placesAreThere();
+    void sourcesNameTheirLicence();
     void connectionsAreGuarded();
     void overridesAreGuarded();
 };
@@ -214,6 +218,42 @@ void TestLayers::connectionsAreGuarded()
         }
     }
     QVERIFY2(seen > 10, qPrintable(QString::number(seen)));
+    QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(u'\n')));
+}
+
+/// Whether a file is a source: code, the build's, or a script.
+static bool isSource(const QFileInfo& file, const QByteArray& content)
+{
+    static const QStringList suffixes = {"cpp", "h", "js", "py", "cmake"};
+    static const QStringList names = {"CMakeLists.txt", "Makefile"};
+    return suffixes.contains(file.suffix()) || names.contains(file.fileName()) || content.startsWith("#!");
+}
+
+void TestLayers::sourcesNameTheirLicence()
+{
+    const QByteArray line = "SPDX-License-Identifier: GPL-3.0-or-later\n";
+    QStringList wrong;
+    int seen = 0;
+    const QString root = QStringLiteral(SOURCE_DIR "/");
+    QStringList folders =
+        Below.keys() + QStringList{"bench", "cmake", "data", "fuzz", "package", "tests", ".ci"};
+    QFileInfoList files = QDir(root).entryInfoList(QDir::Files);
+    for (const QString& folder : folders) {
+        QDirIterator walk(root + folder, QDir::Files, QDirIterator::Subdirectories);
+        while (walk.hasNext())
+            files << QFileInfo(walk.next());
+    }
+    for (const QFileInfo& entry : files) {
+        QFile file(entry.filePath());
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const QByteArray beginning = file.read(200);
+        if (!isSource(entry, beginning))
+            continue;
+        ++seen;
+        if (!beginning.contains(line))
+            wrong << file.fileName();
+    }
+    QVERIFY2(seen > 300, qPrintable(QString::number(seen)));
     QVERIFY2(wrong.isEmpty(), qPrintable(wrong.join(u'\n')));
 }
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
 #include <array>
@@ -35,7 +36,7 @@ public:
             {Ended, Ended, Ended, Missed}, // Ends
             {None, Alive, Missed, Missed}, // Told
         }};
-        return table[static_cast<std::size_t>(event)][static_cast<std::size_t>(state)];
+        return table[size_t(event)][size_t(state)];
     }
 
 private:

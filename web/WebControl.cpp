@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "web/WebControl.h"
 
 #include "forms/LongWork.h"
@@ -170,8 +172,7 @@ void WebControl::untilDeleted(const std::function<void()>& body)
 
 int WebControl::limit() const
 {
-    return m_patience +
-           static_cast<int>(static_cast<double>(m_patience) * static_cast<double>(m_length) / 1e6);
+    return m_patience + int(double(m_patience) * double(m_length) / 1e6);
 }
 
 WebControl::Answer WebControl::ask(const Question& question)
@@ -312,14 +313,14 @@ void WebControl::loadingChanged(const QWebEngineLoadingInfo& info)
 
 void WebControl::setZoomLevel(int level)
 {
-    m_zoomLevel = std::clamp(level, 0, static_cast<int>(ZoomFactors.size()) - 1);
+    m_zoomLevel = std::clamp(level, 0, int(ZoomFactors.size()) - 1);
     applyZoom();
 }
 
 void WebControl::applyZoom()
 {
     if (m_page)
-        m_page->setZoomFactor(ZoomFactors.at(static_cast<size_t>(m_zoomLevel)));
+        m_page->setZoomFactor(ZoomFactors.at(size_t(m_zoomLevel)));
 }
 
 // ---- Events of the view ----------------------------------------------------------------------------------

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "web/WrittenPage.h"
 
 #include "platform/Events.h"
@@ -157,7 +159,7 @@ bool WrittenPage::startBlankPage()
             if (ok && page()->url() == blankAddress())
                 loop.quit();
         });
-        wait(loop, static_cast<int>(deadline.remainingTime()));
+        wait(loop, int(deadline.remainingTime()));
         if (!deadline.hasExpired() &&
             call(QStringLiteral("start(") + literal(m_openedFor == DesignMode::On) + u')').isTrue())
             return true;

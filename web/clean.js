@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 /**
  * Cleans HTML that comes from elsewhere: nothing of it runs, loads a document or turns into something else when it is
  * read again. What old pages and the program's own look like comes through letter by letter.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 /**
  * Reads a document back as the text that the source box shows: old-style HTML with upper-case tags, values
  * without quotes where they can do without, lines ended by CR LF, and the generator's META as the last line of

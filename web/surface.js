@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 /**
  * What the control does in the document that it shows. Runs in a world of its own, which shares the document with
  * the page's scripts and nothing else; what a page replaces or hides, as by <FORM name=write>, stays untouched here,

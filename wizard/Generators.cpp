@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "wizard/Generators.h"
 
 #include "platform/RuntimeError.h"
@@ -74,7 +76,7 @@ class Generator
 {
 public:
     Generator(const Listing& listing, const PageLook& look, const TermsTexts& terms)
-        : m_listing(listing), m_look(look), m_terms(terms), m_style(static_cast<std::size_t>(look.style)),
+        : m_listing(listing), m_look(look), m_terms(terms), m_style(size_t(look.style)),
           m_page(expectedSize())
     {
     }
@@ -360,7 +362,7 @@ private:
 
 QString listingPage(const Listing& listing, const PageLook& look, const TermsTexts& terms)
 {
-    if (look.style < 0 || look.style >= static_cast<int>(StyleCount))
+    if (look.style < 0 || look.style >= int(StyleCount))
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     return Generator(listing, look, terms).page();
 }

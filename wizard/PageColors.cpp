@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "wizard/PageColors.h"
 
 #include "platform/AppPath.h"
@@ -55,7 +57,7 @@ void paintParts(const PageLook& look, DrawingColors& drawing, Wanted wanted)
         if (!(paint.styles & style) || !wanted(paint.field))
             continue;
         QString code = look.*paint.field;
-        drawing[paint.part] = colorOf(static_cast<int>(HexToColor(code)));
+        drawing[paint.part] = colorOf(int(HexToColor(code)));
     }
 }
 

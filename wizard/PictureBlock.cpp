@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "wizard/PictureBlock.h"
 
 using namespace Qt::StringLiterals;

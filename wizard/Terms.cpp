@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "wizard/Terms.h"
 
 #include "platform/AppPath.h"
@@ -18,8 +20,8 @@ QString GetTermsList(const QString& name)
 
 QByteArray cutHeads(QByteArray& text)
 {
-    const TextSearch opening("<HEAD>", 0);
-    const TextSearch closing("</HEAD>", 0);
+    const TextSearch opening("<HEAD>");
+    const TextSearch closing("</HEAD>");
     QByteArray cut;
     qsizetype from = 0;
     while (const auto head = opening.find(text, from, text.size())) {

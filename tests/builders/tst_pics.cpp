@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "OpenTool.h"
 #include "WebServer.h"
 #include "WebTestMain.h"

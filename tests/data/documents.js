@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 /**
  * Makes documents as people and their programs write them and checks what the serialiser does with them.
  * One expression; its value takes the function of serialise.js and returns the checks.

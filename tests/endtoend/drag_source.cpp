@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Another program's window from which things are dragged: files, an address, a text. Tells on standard output
 // what the place under the pointer would do with them ("over copy", "over none") and what came of the drop
 // ("dropped copy"), one line each.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "forms/CheckBox.h"
 #include "forms/ComboBox.h"
 #include "forms/ListBox.h"

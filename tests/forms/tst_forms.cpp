@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ScriptedDoors.h"
 #include "forms/Form.h"
 #include "platform/Events.h"

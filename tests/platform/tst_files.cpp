@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "LittleMemory.h"
 #include "OrdinaryUser.h"
 #include "platform/Files.h"

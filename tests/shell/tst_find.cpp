@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "MainWindow.h"
 #include "WebTestMain.h"
 #include "shell/Find.h"
@@ -125,8 +127,8 @@ void TestFind::texts()
     QVERIFY(find.Text2->isEditable());
     QCOMPARE(find.Text1->Text(), QString());
     QCOMPARE(find.Text2->Text(), QString());
-    QCOMPARE(find.CaseFlag, 0);
-    QCOMPARE(find.WordFlag, 0);
+    QCOMPARE(find.CaseFlag, FindOptions());
+    QCOMPARE(find.WordFlag, FindOptions());
     QCOMPARE(find.NextStart, 0);
 }
 
@@ -209,18 +211,18 @@ void TestFind::boxesSetTheFlags()
     Find& find = *search.find;
     find.Text2->setFocus();
     Search::tick(find.Check1);
-    QCOMPARE(find.CaseFlag, 4);
-    QCOMPARE(find.WordFlag, 0);
+    QCOMPARE(find.CaseFlag, FindOptions(MatchCase));
+    QCOMPARE(find.WordFlag, FindOptions());
     QVERIFY(find.Text1->lineEdit()->hasFocus());
     find.Text2->setFocus();
     Search::tick(find.Check2);
-    QCOMPARE(find.CaseFlag, 4);
-    QCOMPARE(find.WordFlag, 2);
+    QCOMPARE(find.CaseFlag, FindOptions(MatchCase));
+    QCOMPARE(find.WordFlag, FindOptions(WholeWord));
     QVERIFY(find.Text1->lineEdit()->hasFocus());
     Search::tick(find.Check1);
     Search::tick(find.Check2);
-    QCOMPARE(find.CaseFlag, 0);
-    QCOMPARE(find.WordFlag, 0);
+    QCOMPARE(find.CaseFlag, FindOptions());
+    QCOMPARE(find.WordFlag, FindOptions());
 }
 
 void TestFind::findStaysAtTheSamePlace()
@@ -638,7 +640,7 @@ void TestFind::unloadForgetsAll()
     search.press(Tool::Find);
     const Find* again = form<Find>();
     QCOMPARE(again->NextStart, 0);
-    QCOMPARE(again->CaseFlag, 0);
+    QCOMPARE(again->CaseFlag, FindOptions());
     QCOMPARE(again->Text1->Text(), QString());
     QCOMPARE(again->Text1->ListCount(), 0);
 }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "MainWindow.h"
 #include "WebTestMain.h"
 #include "platform/Events.h"
@@ -210,7 +212,8 @@ void TestMainWindow::toolbarPositions()
     QCOMPARE(action->isSeparator(), toolTip.isEmpty());
     if (toolTip.isEmpty())
         return;
-    const QWidget* button = window.web->Toolbar1->widgetForAction(window.web->Toolbar1->actions().at(index - 1));
+    const QWidget* button =
+        window.web->Toolbar1->widgetForAction(window.web->Toolbar1->actions().at(index - 1));
     QVERIFY(button->isVisible());
     QCOMPARE(button->toolTip(), toolTip);
     QVERIFY(!action->icon().isNull());

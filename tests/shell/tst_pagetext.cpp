@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "platform/RuntimeError.h"
 #include "shell/GeneratorTag.h"
 #include "shell/HighlightRuns.h"

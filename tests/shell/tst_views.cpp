@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"

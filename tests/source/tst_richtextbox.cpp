@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "ScriptedDoors.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
@@ -687,25 +689,31 @@ void TestRichTextBox::find_data()
     QTest::addColumn<QByteArray>("wanted");
     QTest::addColumn<int>("start");
     QTest::addColumn<int>("end");
-    QTest::addColumn<int>("options");
+    QTest::addColumn<FindOptions>("options");
     QTest::addColumn<int>("position");
     QTest::addColumn<QByteArray>("selected");
     // in "ab <B> Été b_ b", with é of two bytes
-    QTest::newRow("ignores case") << QByteArray("<b>") << 0 << -1 << 0 << 3 << QByteArray("<B>");
-    QTest::newRow("matches case") << QByteArray("<b>") << 0 << -1 << int{MatchCase} << -1 << QByteArray();
-    QTest::newRow("accents") << QByteArray("\xC3\xA9t\xC3\x89") << 0 << -1 << 0 << 7
+    QTest::newRow("ignores case") << QByteArray("<b>") << 0 << -1 << FindOptions() << 3 << QByteArray("<B>");
+    QTest::newRow("matches case") << QByteArray("<b>") << 0 << -1 << FindOptions(MatchCase) << -1
+                                  << QByteArray();
+    QTest::newRow("accents") << QByteArray("\xC3\xA9t\xC3\x89") << 0 << -1 << FindOptions() << 7
                              << QByteArray("\xC3\x89t\xC3\xA9");
-    QTest::newRow("whole word") << QByteArray("b") << 5 << -1 << int{WholeWord} << 16 << QByteArray("b");
-    QTest::newRow("both options") << QByteArray("B") << 0 << -1 << int{WholeWord} + int{MatchCase} << 4
+    QTest::newRow("whole word") << QByteArray("b") << 5 << -1 << FindOptions(WholeWord) << 16
+                                << QByteArray("b");
+    QTest::newRow("both options") << QByteArray("B") << 0 << -1 << FindOptions(WholeWord | MatchCase) << 4
                                   << QByteArray("B");
-    QTest::newRow("from the hit") << QByteArray("b") << 1 << -1 << 0 << 1 << QByteArray("b");
-    QTest::newRow("from behind the hit") << QByteArray("b") << 2 << -1 << 0 << 4 << QByteArray("B");
-    QTest::newRow("from behind the text") << QByteArray("b") << 500 << -1 << 0 << -1 << QByteArray();
-    QTest::newRow("to the end of the hit") << QByteArray("ab") << 0 << 2 << 0 << 0 << QByteArray("ab");
-    QTest::newRow("end inside the hit") << QByteArray("ab") << 0 << 1 << 0 << -1 << QByteArray();
-    QTest::newRow("end before the start") << QByteArray("b") << 5 << 3 << 0 << -1 << QByteArray();
-    QTest::newRow("end behind the text") << QByteArray("ab") << 0 << 90000 << 0 << 0 << QByteArray("ab");
-    QTest::newRow("nothing") << QByteArray() << 0 << -1 << 0 << -1 << QByteArray();
+    QTest::newRow("from the hit") << QByteArray("b") << 1 << -1 << FindOptions() << 1 << QByteArray("b");
+    QTest::newRow("from behind the hit")
+        << QByteArray("b") << 2 << -1 << FindOptions() << 4 << QByteArray("B");
+    QTest::newRow("from behind the text")
+        << QByteArray("b") << 500 << -1 << FindOptions() << -1 << QByteArray();
+    QTest::newRow("to the end of the hit")
+        << QByteArray("ab") << 0 << 2 << FindOptions() << 0 << QByteArray("ab");
+    QTest::newRow("end inside the hit") << QByteArray("ab") << 0 << 1 << FindOptions() << -1 << QByteArray();
+    QTest::newRow("end before the start") << QByteArray("b") << 5 << 3 << FindOptions() << -1 << QByteArray();
+    QTest::newRow("end behind the text")
+        << QByteArray("ab") << 0 << 90000 << FindOptions() << 0 << QByteArray("ab");
+    QTest::newRow("nothing") << QByteArray() << 0 << -1 << FindOptions() << -1 << QByteArray();
 }
 
 void TestRichTextBox::find()
@@ -713,7 +721,7 @@ void TestRichTextBox::find()
     QFETCH(QByteArray, wanted);
     QFETCH(int, start);
     QFETCH(int, end);
-    QFETCH(int, options);
+    QFETCH(FindOptions, options);
     RichTextBox box;
     box.setText("ab <B> \xC3\x89t\xC3\xA9 b_ b");
     QTEST(box.Find(wanted, start, end, options), "position");

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "source/TextSearch.h"
 
 #include <QTest>
@@ -5,10 +7,10 @@
 
 namespace {
 
-constexpr int Any = 0;
+constexpr FindOptions Any;
 constexpr TextMatch None{-1, 0};
 
-QVector<TextMatch> allMatches(const QByteArray& text, const QByteArray& wanted, int options)
+QVector<TextMatch> allMatches(const QByteArray& text, const QByteArray& wanted, FindOptions options)
 {
     const TextSearch search(wanted, options);
     QVector<TextMatch> matches;
@@ -40,11 +42,11 @@ void TestTextSearch::find_data()
 {
     QTest::addColumn<QByteArray>("text");
     QTest::addColumn<QByteArray>("wanted");
-    QTest::addColumn<int>("options");
+    QTest::addColumn<FindOptions>("options");
     QTest::addColumn<TextMatch>("match");
 
-    const auto row = [](const char* name, const QByteArray& text, const QByteArray& wanted, int options,
-                        const TextMatch& match) {
+    const auto row = [](const char* name, const QByteArray& text, const QByteArray& wanted,
+                        FindOptions options, const TextMatch& match) {
         QTest::newRow(name) << text << wanted << options << match;
     };
     row("empty wanted", "abc", "", Any, None);
@@ -96,14 +98,14 @@ void TestTextSearch::find_data()
         "cat", WholeWord, {3, 3});
     row("word, broken byte behind", "cat\xFF", "cat", WholeWord, {0, 3});
     row("word of signs", "a<b>c", "<b>", WholeWord, {1, 3});
-    row("word with case", "Cat cat", "cat", WholeWord + MatchCase, {4, 3});
+    row("word with case", "Cat cat", "cat", WholeWord | MatchCase, {4, 3});
 }
 
 void TestTextSearch::find()
 {
     QFETCH(QByteArray, text);
     QFETCH(QByteArray, wanted);
-    QFETCH(int, options);
+    QFETCH(FindOptions, options);
     QFETCH(TextMatch, match);
     const TextMatch found = TextSearch(wanted, options).find(text, 0, text.size()).value_or(None);
     QCOMPARE(found.position, match.position);
@@ -114,7 +116,7 @@ void TestTextSearch::bounds_data()
 {
     QTest::addColumn<int>("from");
     QTest::addColumn<int>("end");
-    QTest::addColumn<int>("options");
+    QTest::addColumn<FindOptions>("options");
     QTest::addColumn<int>("position");
     // in "abXabXabc"
     QTest::newRow("all") << 0 << 9 << Any << 0;
@@ -124,16 +126,16 @@ void TestTextSearch::bounds_data()
     QTest::newRow("from the end") << 9 << 9 << Any << -1;
     QTest::newRow("to the match's end") << 1 << 5 << Any << 3;
     QTest::newRow("to the match's middle") << 1 << 4 << Any << -1;
-    QTest::newRow("exact, to the match's end") << 1 << 5 << int{MatchCase} << 3;
-    QTest::newRow("exact, to the match's middle") << 1 << 4 << int{MatchCase} << -1;
-    QTest::newRow("a word runs on behind the end") << 6 << 8 << int{WholeWord} << -1;
+    QTest::newRow("exact, to the match's end") << 1 << 5 << FindOptions(MatchCase) << 3;
+    QTest::newRow("exact, to the match's middle") << 1 << 4 << FindOptions(MatchCase) << -1;
+    QTest::newRow("a word runs on behind the end") << 6 << 8 << FindOptions(WholeWord) << -1;
 }
 
 void TestTextSearch::bounds()
 {
     QFETCH(int, from);
     QFETCH(int, end);
-    QFETCH(int, options);
+    QFETCH(FindOptions, options);
     const TextMatch found = TextSearch("ab", options).find("abXabXabc", from, end).value_or(None);
     QTEST(static_cast<int>(found.position), "position");
 }

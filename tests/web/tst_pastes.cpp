@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What comes through a paste or a drop on a design surface, what does not, and by which ways it comes.
 
 #include "ScriptedDoors.h"

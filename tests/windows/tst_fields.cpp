@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #include "WebTestMain.h"
 #include "Windows.h"
 #include "forms/ComboBox.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What hostile pages and files can do: see docs/SECURITY.md.
 
 #include "MainWindow.h"

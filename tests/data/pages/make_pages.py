@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Writes the listing pages that tests compare with: four design styles, four picture styles each.
 
 The pieces and what differs from style to style are spelled out here, with nothing taken from the program: a page that
