@@ -120,9 +120,10 @@ static QMap<QString, QString> sources()
         QDirIterator files(QStringLiteral(SOURCE_DIR "/") + folder.key(), {"*.h", "*.cpp"}, QDir::Files);
         while (files.hasNext()) {
             QFile file(files.next());
-            if (file.open(QIODevice::ReadOnly))
-                texts.insert(folder.key() + u'/' + files.fileName(),
-                             QString::fromUtf8(file.readAll()).remove(comment));
+            if (!file.open(QIODevice::ReadOnly))
+                continue;
+            texts.insert(folder.key() + u'/' + files.fileName(),
+                         QString::fromUtf8(file.readAll()).remove(comment));
         }
     }
     return texts;
@@ -207,7 +208,7 @@ void TestLayers::connectionsAreGuarded()
         for (auto match = call.globalMatch(*text); match.hasNext();) {
             const QRegularExpressionMatch here = match.next();
             const QStringList arguments = argumentsOf(*text, here.capturedStart(2));
-            const QString target = arguments.constLast();
+            const QString& target = arguments.constLast();
             ++seen;
             if (here.captured(1) == QLatin1String("addAction") && arguments.size() < 3)
                 continue; // an entry alone
