@@ -4,7 +4,6 @@
 #include "shell/Journal.h"
 
 #include <QObject>
-#include <QTimer>
 #include <optional>
 
 class EditedText;
