@@ -14,6 +14,7 @@
 #include "colour/Fade.h"
 #include "colour/Fader5.h"
 #include "services/Codes.h"
+#include "tests/WebProbe.h"
 #include "wizard/Generators.h"
 
 #include <QElapsedTimer>
@@ -164,7 +165,7 @@ void awaitPage(Sample* sample)
 {
     while (sample->isWriting())
         QApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    require(sample->evaluate(QStringLiteral("1")).has_value(), "the engine did not answer");
+    require(probe(sample).evaluate(QStringLiteral("1")).has_value(), "the engine did not answer");
 }
 
 void measureTools()
@@ -297,7 +298,7 @@ void measureFader()
              {.most = 16},
              {{Role::Ours, "bar", timed(step)}}});
     const auto refresh = [sample, step]() mutable {
-        const auto counts = sample->evaluate(
+        const auto counts = probe(sample).evaluate(
             QStringLiteral("globalThis.pages = 0; const open = Document.prototype.open;"
                            "Document.prototype.open = function () { ++pages; return open.call(this) }"));
         require(counts.has_value(), "the sample did not answer");
@@ -305,7 +306,7 @@ void measureFader()
         clock.start();
         while (clock.elapsed() < 500)
             step();
-        return 500 / sample->evaluate(QStringLiteral("pages")).value_or(0).toDouble();
+        return 500 / probe(sample).evaluate(QStringLiteral("pages")).value_or(0).toDouble();
     };
     measure({"Tools",
              "Fader, between refreshes of a drag, 1,000 characters",

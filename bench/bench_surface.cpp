@@ -9,6 +9,7 @@
 
 #include "Measure.h"
 #include "platform/Files.h"
+#include "tests/WebProbe.h"
 #include "web/DocumentSurface.h"
 #include "web/WebEngine.h"
 
@@ -124,7 +125,7 @@ DocumentSurface& surface(DesignMode mode)
 void settle(DocumentSurface& browser)
 {
     QCoreApplication::processEvents();
-    require(browser.evaluate(Settled).has_value(), "the page did not settle");
+    require(probe(browser).evaluate(Settled).has_value(), "the page did not settle");
 }
 
 void writeAndRead(DocumentSurface& browser, const QString& html)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
+#include "WebProbe.h"
 
 #include "Widgets.h"
 
@@ -77,7 +78,10 @@ void MainWindow::typeOnSurface(const QString& text) const
             [surface] { return surface->inputWidget()->testAttribute(Qt::WA_InputMethodEnabled); }))
         QTest::qFail("the surface takes no keys", __FILE__, __LINE__);
     const auto length = [surface] {
-        return surface->evaluate(QStringLiteral("document.body.textContent.length")).value_or(-1).toInt();
+        return probe(surface)
+            .evaluate(QStringLiteral("document.body.textContent.length"))
+            .value_or(-1)
+            .toInt();
     };
     const int before = length();
     QTest::keyClicks(surface->inputWidget(), text);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Widgets.h"
+#include "WebProbe.h"
 
 #include "forms/ComboBox.h"
 #include "forms/ScrollBar.h"
@@ -77,14 +78,16 @@ void release(ScrollBar* bar)
 
 QString pageText(WebControl* browser)
 {
-    return browser->evaluate(QStringLiteral("document.body ? document.body.textContent.trim() : ''"))
+    return probe(browser)
+        .evaluate(QStringLiteral("document.body ? document.body.textContent.trim() : ''"))
         .value_or(QVariant())
         .toString();
 }
 
 QString pageBody(WebControl* browser)
 {
-    return browser->evaluate(QStringLiteral("document.body ? document.body.innerHTML.trim() : ''"))
+    return probe(browser)
+        .evaluate(QStringLiteral("document.body ? document.body.innerHTML.trim() : ''"))
         .value_or(QVariant())
         .toString();
 }

@@ -209,11 +209,6 @@ WebControl::Answer WebControl::askPage(const QString& script)
     });
 }
 
-std::optional<QVariant> WebControl::evaluate(const QString& script)
-{
-    return askPage(script).value;
-}
-
 WebControl::Answer WebControl::call(const QString& function)
 {
     Answer answer = askPage(callOrAbsence(function));

@@ -41,14 +41,6 @@ class WebControl : public QWidget
 public:
     ~WebControl() override;
 
-    // ---- For tests and measurements
-
-    /// The result of a script in the control's own world; no value when nobody answered.
-    [[nodiscard]] std::optional<QVariant> evaluate(const QString& script);
-    /// How long a question waits, in milliseconds, besides what the length of the text adds.
-    void setPatience(int milliseconds) { m_patience = milliseconds; }
-    /// The system's number of the process that renders the page; 0 when there is none.
-    qint64 rendererPid() const;
     /// The widget that takes keys and mouse; null before the view was made.
     QWidget* inputWidget() const;
 
@@ -99,6 +91,8 @@ protected:
 
     Renderer renderer() const { return m_life.state(); }
     bool isLost() const { return m_life.isLost(); }
+    /// The system's number of the process that renders the page; 0 when there is none.
+    qint64 rendererPid() const;
     /// The owner is about to learn of the loss by what an operation returns or throws.
     void lossIsTold() { m_life.advance(RendererLife::Event::Told); }
     /// Ends a renderer that answers to nothing; an endless script does not even hear a request to stop.
@@ -182,6 +176,8 @@ protected:
     void keyReleaseEvent(QKeyEvent* event) override;
 
 private:
+    friend class WebProbe; // tests look behind the page
+
     [[nodiscard]] Answer askPage(const QString& script);
     void tellLoss();
     void linkHovered(const QString& address);

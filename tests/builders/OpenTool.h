@@ -2,6 +2,7 @@
 #pragma once
 
 #include "MainWindow.h"
+#include "WebProbe.h"
 #include "Widgets.h"
 #include "forms/ListObject.h"
 #include "web/Sample.h"
@@ -34,7 +35,7 @@ public:
     /// What the engine says of the sample.
     QString ask(const char* script) const
     {
-        return tool->WebBrowser1->evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
+        return probe(tool->WebBrowser1).evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
     }
     /// What stands in the sample when all that was to be shown is there.
     QString settledSample() const { return ::settledSample(tool->WebBrowser1); }

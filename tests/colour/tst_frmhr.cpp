@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "colour/ColorSample.h"
@@ -37,9 +38,9 @@ public:
     /// An attribute of the rule in the sample.
     QString shown(const char* attribute) const
     {
-        return rule->WebBrowser1
-            ->evaluate(QStringLiteral("document.querySelector('hr')?.getAttribute('%1')")
-                           .arg(QLatin1String(attribute)))
+        return probe(rule->WebBrowser1)
+            .evaluate(QStringLiteral("document.querySelector('hr')?.getAttribute('%1')")
+                          .arg(QLatin1String(attribute)))
             .value_or(QVariant())
             .toString();
     }

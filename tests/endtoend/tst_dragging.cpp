@@ -2,6 +2,7 @@
 
 #include "Hand.h"
 #include "MainWindow.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 
@@ -165,12 +166,12 @@ public:
     QPoint onSurface(int character) const
     {
         const QVariantList point =
-            web->WebBrowser1
-                ->evaluate(QStringLiteral("(() => { const range = document.createRange();"
-                                          "range.setStart(document.querySelector('p').firstChild, %1);"
-                                          "const box = range.getBoundingClientRect();"
-                                          "return [box.x, box.y + box.height / 2] })()")
-                               .arg(character))
+            probe(web->WebBrowser1)
+                .evaluate(QStringLiteral("(() => { const range = document.createRange();"
+                                         "range.setStart(document.querySelector('p').firstChild, %1);"
+                                         "const box = range.getBoundingClientRect();"
+                                         "return [box.x, box.y + box.height / 2] })()")
+                              .arg(character))
                 .value_or(QVariant())
                 .toList();
         return web->WebBrowser1->inputWidget()->mapToGlobal(
@@ -367,9 +368,9 @@ void TestDragging::designSurfaceMovesItsOwnText()
     DocumentSurface* surface = stage.web->WebBrowser1;
     QTRY_VERIFY(surface->inputWidget() && surface->isVisible());
     stage.typeOnSurface(QStringLiteral("x")); // now it is laid out and takes the mouse
-    surface->evaluate(QStringLiteral("getSelection().selectAllChildren(document.querySelector('b'))"));
-    const QVariant box = surface
-                             ->evaluate(QStringLiteral(
+    probe(surface).evaluate(QStringLiteral("getSelection().selectAllChildren(document.querySelector('b'))"));
+    const QVariant box = probe(surface)
+                             .evaluate(QStringLiteral(
                                  "(() => { const box = document.querySelector('b').getBoundingClientRect(); "
                                  "return [box.x + 10, box.y + 8] "
                                  "})()"))

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "colour/Fader5.h"
@@ -41,9 +42,9 @@ class Killer
 {
 public:
     /// At once every third time, and else within `microseconds`.
-    Killer(const WebControl* browser, int round, int microseconds = 20000)
+    Killer(WebControl* browser, int round, int microseconds = 20000)
     {
-        const auto pid = pid_t(browser->rendererPid());
+        const auto pid = pid_t(probe(browser).rendererPid());
         if (pid <= 0)
             return;
         const auto pause =
@@ -135,7 +136,7 @@ void TestRenderers::typedOnTheDesign()
     DocumentSurface* surface = window.web->WebBrowser1;
     for (int round = 1; round <= kills(); ++round) {
         const QString word = QStringLiteral("word%1.").arg(round);
-        QVERIFY(surface->evaluate(
+        QVERIFY(probe(surface).evaluate(
             QStringLiteral("document.body.appendChild(document.createTextNode('%1')); 1").arg(word)));
         window.journalTimer().start(0);
         QTRY_VERIFY(window.folder.has(QStringLiteral("Brindlemark-unsaved-1.htm")));
@@ -186,21 +187,21 @@ void TestRenderers::sampleOfTheRule()
     auto* rule = form<FrmHR>();
     rule->Show();
     QVERIFY(QTest::qWaitForWindowExposed(rule));
-    QTRY_VERIFY(rule->WebBrowser1->rendererPid() > 0);
+    QTRY_VERIFY(probe(rule->WebBrowser1).rendererPid() > 0);
     for (int round = 1; round <= kills(); ++round) {
         const QString width = QString::number(round);
-        QTRY_VERIFY(rule->WebBrowser1->rendererPid() > 0);
+        QTRY_VERIFY(probe(rule->WebBrowser1).rendererPid() > 0);
         {
             const Killer killer(rule->WebBrowser1, round);
             QVERIFY(killer.killed);
             overtype(rule->Text1, width);
         }
         overtype(rule->Text1, width + QStringLiteral("%"));
-        QTRY_COMPARE(
-            rule->WebBrowser1->evaluate(QStringLiteral("document.querySelector('hr')?.getAttribute('width')"))
-                .value_or(QVariant())
-                .toString(),
-            width + QStringLiteral("%"));
+        QTRY_COMPARE(probe(rule->WebBrowser1)
+                         .evaluate(QStringLiteral("document.querySelector('hr')?.getAttribute('width')"))
+                         .value_or(QVariant())
+                         .toString(),
+                     width + QStringLiteral("%"));
     }
     QCOMPARE(window.source(), QByteArray("<P>text</P>"));
     QCOMPARE(doors.asked, QStringList());
@@ -217,17 +218,18 @@ void TestRenderers::sampleOfTheFader()
     QVERIFY(QTest::qWaitForWindowExposed(fader));
     auto* field = fader->findChild<QWidget*>(QStringLiteral("Text1"));
     QVERIFY(field);
-    QTRY_VERIFY(fader->WebBrowser1->rendererPid() > 0);
+    QTRY_VERIFY(probe(fader->WebBrowser1).rendererPid() > 0);
     for (int round = 1; round <= kills(); ++round) {
         const QString word = QStringLiteral("w%1.").arg(round);
-        QTRY_VERIFY(fader->WebBrowser1->rendererPid() > 0);
+        QTRY_VERIFY(probe(fader->WebBrowser1).rendererPid() > 0);
         {
             const Killer killer(fader->WebBrowser1, round);
             QVERIFY(killer.killed);
             overtype(field, word.chopped(1));
         }
         overtype(field, word);
-        QTRY_COMPARE(fader->WebBrowser1->evaluate(QStringLiteral("document.body.textContent.trim()"))
+        QTRY_COMPARE(probe(fader->WebBrowser1)
+                         .evaluate(QStringLiteral("document.body.textContent.trim()"))
                          .value_or(QVariant())
                          .toString(),
                      word);
@@ -252,9 +254,9 @@ void TestRenderers::wizard()
         page1->Show();
         page1->Command1->click();
         auto* page2 = form<FrmBuild2>();
-        const auto* engine = page2->findChild<DocumentSurface*>();
+        auto* engine = page2->findChild<DocumentSurface*>();
         QVERIFY(engine);
-        QTRY_VERIFY(engine->rendererPid() > 0);
+        QTRY_VERIFY(probe(engine).rendererPid() > 0);
         const auto told = doors.asked.size();
         {
             const Killer killer(engine, round);
@@ -282,7 +284,7 @@ void TestRenderers::terms()
         window.folder.write(QStringLiteral("weblst.ini"), file);
         openTerms(0);
         auto* editor = form<FrmTerms>();
-        QTRY_VERIFY(editor->WebBrowser1->rendererPid() > 0);
+        QTRY_VERIFY(probe(editor->WebBrowser1).rendererPid() > 0);
         {
             const Killer killer(editor->WebBrowser1, round, 60000);
             QVERIFY(killer.killed);

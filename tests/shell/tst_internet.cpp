@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
+#include "WebProbe.h"
 #include "WebServer.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
@@ -36,7 +37,8 @@ public:
     QString status() const { return web->Label1->text(); }
     QString text() const
     {
-        return web->WebBrowser2->evaluate(QStringLiteral("document.body.innerText"))
+        return probe(web->WebBrowser2)
+            .evaluate(QStringLiteral("document.body.innerText"))
             .value_or(QVariant())
             .toString()
             .trimmed();
@@ -58,8 +60,8 @@ public:
 /// Where the tab is, and what stands there.
 QString pageSource(const InternetTab& tab)
 {
-    return tab.web->WebBrowser2
-        ->evaluate(QStringLiteral("document.URL + ' ' + document.documentElement.innerHTML"))
+    return probe(tab.web->WebBrowser2)
+        .evaluate(QStringLiteral("document.URL + ' ' + document.documentElement.innerHTML"))
         .value_or(QVariant())
         .toString();
 }
@@ -530,8 +532,8 @@ void TestInternet::tabKeysOnThePage()
     window.type(QStringLiteral("<P>word</P>"));
     window.showTab(FrmWeb::PreviewTab);
     window.typeOnSurface(QStringLiteral("typed"));
-    window.web->WebBrowser1->setPatience(1000);
-    const qint64 renderer = window.web->WebBrowser1->rendererPid();
+    probe(window.web->WebBrowser1).setPatience(1000);
+    const qint64 renderer = probe(window.web->WebBrowser1).rendererPid();
     window.showTab(FrmWeb::InternetTab);
     QTRY_VERIFY(window.web->WebBrowser2->inputWidget());
     QTest::mouseClick(window.web->WebBrowser2->inputWidget(), Qt::LeftButton);
@@ -540,7 +542,7 @@ void TestInternet::tabKeysOnThePage()
     QTRY_COMPARE(window.web->SSTab1->Tab(), int(FrmWeb::EditorTab));
     QVERIFY2(window.source().contains("typed"), window.source().constData());
     QCOMPARE(window.doors.asked, QStringList());
-    QCOMPARE(window.web->WebBrowser1->rendererPid(), renderer);
+    QCOMPARE(probe(window.web->WebBrowser1).rendererPid(), renderer);
 
     // The other way round, from the preview.
     window.showTab(FrmWeb::PreviewTab);
@@ -657,9 +659,11 @@ void TestInternet::windows()
     const auto count = QApplication::topLevelWidgets().size();
     tab.enter(server.url(QStringLiteral("/opens")));
     QTRY_COMPARE(tab.text(), QStringLiteral("x"));
-    QTRY_COMPARE(
-        tab.web->WebBrowser2->evaluate(QStringLiteral("document.title")).value_or(QVariant()).toString(),
-        QStringLiteral("null"));
+    QTRY_COMPARE(probe(tab.web->WebBrowser2)
+                     .evaluate(QStringLiteral("document.title"))
+                     .value_or(QVariant())
+                     .toString(),
+                 QStringLiteral("null"));
     QCOMPARE(server.requests(QStringLiteral("/other")), 0);
 
     tab.enter(server.url(QStringLiteral("/link"))); // a link that asks for a window is followed in place
@@ -681,9 +685,11 @@ void TestInternet::permissions()
     const InternetTab tab;
     QSignalSpy status(tab.web->WebBrowser2, &InternetBrowser::statusTextChanged);
     tab.enter(server.url(QStringLiteral("/where")));
-    QTRY_COMPARE(
-        tab.web->WebBrowser2->evaluate(QStringLiteral("document.title")).value_or(QVariant()).toString(),
-        QStringLiteral("denied 1"));
+    QTRY_COMPARE(probe(tab.web->WebBrowser2)
+                     .evaluate(QStringLiteral("document.title"))
+                     .value_or(QVariant())
+                     .toString(),
+                 QStringLiteral("denied 1"));
     QVERIFY(std::any_of(status.begin(), status.end(), [](const QVariantList& arguments) {
         return arguments.first().toString() == QLatin1String("Refused: the page asks for a permission");
     }));
@@ -808,7 +814,7 @@ void TestInternet::lostRenderer()
     const InternetTab tab;
     tab.enter(server.url(QStringLiteral("/a")));
     QTRY_COMPARE(tab.text(), QStringLiteral("here"));
-    ::kill(static_cast<pid_t>(tab.web->WebBrowser2->rendererPid()), SIGKILL);
+    ::kill(static_cast<pid_t>(probe(tab.web->WebBrowser2).rendererPid()), SIGKILL);
     QTRY_COMPARE(tab.status(), QStringLiteral("The page has stopped working. Refresh opens it again."));
     tab.click(tab.web->Command20);
     QTRY_COMPARE(tab.text(), QStringLiteral("here"));
@@ -824,7 +830,7 @@ void TestInternet::rendererLostWhileOpening()
     tab.enter(server.url(QStringLiteral("/never")));
     QTRY_VERIFY(tab.web->ProgressBar1->value() > 0);
     QTRY_COMPARE(server.requests(QStringLiteral("/never")), 1);
-    ::kill(static_cast<pid_t>(tab.web->WebBrowser2->rendererPid()), SIGKILL);
+    ::kill(static_cast<pid_t>(probe(tab.web->WebBrowser2).rendererPid()), SIGKILL);
     QTRY_COMPARE(tab.status(), QStringLiteral("The page has stopped working. Refresh opens it again."));
     QCOMPARE(tab.web->ProgressBar1->value(), 0);
 }

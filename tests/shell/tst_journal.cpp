@@ -2,6 +2,7 @@
 
 #include "MainWindow.h"
 #include "OrdinaryUser.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "platform/Events.h"
@@ -639,7 +640,7 @@ void TestJournal::deadSurfaceComesBackWithTheKeptText()
     window.timeRunsOut();
     QTRY_VERIFY(window.kept().contains("Lamp"));
     window.doors.answerMsgBox(MsgAnswer::Ok);
-    ::kill(pid_t(window.web->WebBrowser1->rendererPid()), SIGKILL);
+    ::kill(pid_t(probe(window.web->WebBrowser1).rendererPid()), SIGKILL);
     QTRY_COMPARE(window.doors.asked.size(), 1);
     QTRY_VERIFY(window.web->WebBrowser1->innerHtml().contains(QStringLiteral("Lamp")));
     window.showTab(FrmWeb::EditorTab);

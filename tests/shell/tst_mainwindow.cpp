@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
@@ -965,7 +966,7 @@ void TestMainWindow::helpWindow()
     QCOMPARE(help->windowTitle(), QStringLiteral("Help"));
     help->Show();
     QTRY_COMPARE_WITH_TIMEOUT(
-        help->WebBrowser1->evaluate(QStringLiteral("document.title")).value_or(QVariant()).toString(),
+        probe(help->WebBrowser1).evaluate(QStringLiteral("document.title")).value_or(QVariant()).toString(),
         QStringLiteral("Page of this folder"), 10000);
 }
 

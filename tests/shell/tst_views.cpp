@@ -2,6 +2,7 @@
 
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "forms/Wait.h"
@@ -115,7 +116,7 @@ public:
     void edit(const QString& html) const
     {
         surface->innerHtml(); // the empty document is made when something first asks for it
-        QVERIFY(surface->evaluate(QStringLiteral("document.body.innerHTML = '%1'; 1").arg(html)));
+        QVERIFY(probe(surface).evaluate(QStringLiteral("document.body.innerHTML = '%1'; 1").arg(html)));
     }
     /// A document on the design surface, all of it selected.
     void design(const QByteArray& html) const
@@ -128,11 +129,11 @@ public:
     /// How the design surface shows the first text in it.
     QString lookOfTheWord(const char* property) const
     {
-        return surface
-            ->evaluate(QStringLiteral("getComputedStyle(document.createTreeWalker(document.body, "
-                                      "NodeFilter.SHOW_TEXT, text => text.data.trim() ? 1 : 3).nextNode()"
-                                      ".parentElement).%1")
-                           .arg(QLatin1String(property)))
+        return probe(surface)
+            .evaluate(QStringLiteral("getComputedStyle(document.createTreeWalker(document.body, "
+                                     "NodeFilter.SHOW_TEXT, text => text.data.trim() ? 1 : 3).nextNode()"
+                                     ".parentElement).%1")
+                          .arg(QLatin1String(property)))
             .value_or(QVariant())
             .toString();
     }
@@ -140,7 +141,7 @@ public:
     /// Ends the renderer of a surface as a crash does.
     static void crash(DocumentSurface* browser)
     {
-        const qint64 pid = browser->rendererPid();
+        const qint64 pid = probe(browser).rendererPid();
         QVERIFY(pid > 0);
         QCOMPARE(::kill(static_cast<pid_t>(pid), SIGKILL), 0);
     }
@@ -1353,7 +1354,8 @@ void TestViews::fontSizes_data()
 /// The HTML font size of the selection on a surface.
 static QString sizeOfSelection(DocumentSurface* surface)
 {
-    return surface->evaluate(QStringLiteral("document.queryCommandValue('FontSize')"))
+    return probe(surface)
+        .evaluate(QStringLiteral("document.queryCommandValue('FontSize')"))
         .value_or(QVariant())
         .toString();
 }
@@ -1768,7 +1770,7 @@ void TestViews::previewDies()
 void TestViews::endlessScriptOnThePreview()
 {
     Desk desk;
-    desk.preview->setPatience(500);
+    probe(desk.preview).setPatience(500);
     desk.beginWithDesignOff();
     desk.box->setText("<p>word<script>for(;;);</script>");
     desk.script.answerMsgBox(MsgAnswer::Ok);
@@ -1784,7 +1786,7 @@ void TestViews::endlessScriptOnThePreview()
 void TestViews::designOnAfterAnEndlessScript()
 {
     Desk desk;
-    desk.preview->setPatience(500);
+    probe(desk.preview).setPatience(500);
     desk.beginWithDesignOff();
     desk.box->setText("<p>word<script>for(;;);</script>");
     desk.script.answerMsgBox(MsgAnswer::Ok);
@@ -1805,7 +1807,7 @@ void TestViews::endlessScriptBeginsLater()
     desk.goTo(Preview);
     QCOMPARE(desk.script.asked.size(), 0);
     QTRY_COMPARE(desk.preview->findChild<QWebEnginePage*>()->title(), QStringLiteral("begun"));
-    desk.preview->setPatience(500);
+    probe(desk.preview).setPatience(500);
     desk.script.answerMsgBox(MsgAnswer::Ok);
     desk.designOn();
     QTest::qWait(200);

@@ -2,6 +2,7 @@
 
 #include "Census.h"
 #include "MainWindow.h"
+#include "WebProbe.h"
 #include "Widgets.h"
 #include "Windows.h"
 #include "builders/FrmAddTable.h"
@@ -238,9 +239,9 @@ void closeForms()
 void waitForPages(QWidget* window)
 {
     bool up = QTest::qWaitForWindowExposed(window);
-    for (const auto* browser : window->findChildren<WebControl*>()) {
+    for (auto* browser : window->findChildren<WebControl*>()) {
         if (browser->isVisible())
-            up = up && QTest::qWaitFor([&] { return browser->rendererPid() > 0; });
+            up = up && QTest::qWaitFor([&] { return probe(browser).rendererPid() > 0; });
     }
     if (!up)
         QTest::qFail("the window does not come up", __FILE__, __LINE__);

@@ -3,6 +3,7 @@
 // What comes through a paste or a drop on a design surface, what does not, and by which ways it comes.
 
 #include "ScriptedDoors.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "platform/Events.h"
@@ -75,7 +76,7 @@ public:
     /// Runs a script over the document that puts the caret somewhere; `s` is the selection.
     void select(const char* script)
     {
-        evaluate(
+        probe(this).evaluate(
             QStringLiteral("(() => { const s = getSelection(), $ = name => document.querySelector(name); "
                            "%1 })()")
                 .arg(QLatin1String(script)));
@@ -94,7 +95,7 @@ public:
 QPoint placeOf(Surface& surface, int character, qreal zoom = 1)
 {
     const QVariantList point =
-        surface
+        probe(surface)
             .evaluate(QStringLiteral("(() => { document.adoptedStyleSheets = [];"
                                      "const range = document.createRange();"
                                      "range.setStart(document.querySelector('p').firstChild, %1);"
@@ -109,7 +110,7 @@ QPoint placeOf(Surface& surface, int character, qreal zoom = 1)
 /// Lets all through that is pasted on a surface, read and printed once, as a cleaner does.
 bool leaveUncleaned(Surface& surface)
 {
-    return surface.evaluate(
+    return probe(surface).evaluate(
                surfaceCall(QStringLiteral("cleanWith(html => new DOMParser().parseFromString('<body>' + "
                                           "html, 'text/html').body.innerHTML)"))) == true;
 }
@@ -199,7 +200,7 @@ void TestPastes::partsOfListings()
     for (auto found = Marker.globalMatch(text); found.hasNext(); ++parts) {
         const QString opening = found.next().captured();
         const QString closing = QString(opening).replace(QStringLiteral(" -->"), QStringLiteral("2 -->"));
-        listing.evaluate(
+        probe(listing).evaluate(
             QStringLiteral(
                 "(() => { const all = document.createTreeWalker(document, NodeFilter.SHOW_COMMENT);"
                 "const range = document.createRange();"
@@ -427,7 +428,7 @@ void TestPastes::dropsLandWhereTheyAreDropped()
     surface.setZoomLevel(zoomLevel);
     surface.select("s.collapse($('p + p').firstChild, 1)");
     // The page is laid out anew at another size a little later.
-    QTRY_COMPARE(surface.evaluate(QStringLiteral("innerWidth")).value_or(QVariant()).toInt(),
+    QTRY_COMPARE(probe(surface).evaluate(QStringLiteral("innerWidth")).value_or(QVariant()).toInt(),
                  int(400 / zoom));
     QMimeData dragged;
     dragged.setText(QStringLiteral("text"));
@@ -469,7 +470,9 @@ void TestPastes::cleanerComesLate()
 {
     ScriptedDoors desktop;
     Surface surface(QStringLiteral("<p>abcd</p>"));
-    const auto hasCleaner = [&] { return surface.evaluate(surfaceCall(QStringLiteral("canClean()"))); };
+    const auto hasCleaner = [&] {
+        return probe(surface).evaluate(surfaceCall(QStringLiteral("canClean()")));
+    };
     Clipboard::SetText(QStringLiteral("<text>"));
     QVERIFY(surface.execCommand(QStringLiteral("Paste")));
     QCOMPARE(body(surface), QStringLiteral("<P>&lt;text&gt;abcd</P>"));
@@ -487,7 +490,8 @@ void TestPastes::nothingComesUncleaned()
     ScriptedDoors desktop;
     Surface surface(QStringLiteral("<p>abcd</p>"));
     desktop.setClipboard(data(QStringLiteral("<b>x</b>"), QStringLiteral("x")));
-    QVERIFY(surface.evaluate(surfaceCall(QStringLiteral("cleanWith(() => { throw new Error })"))) == true);
+    QVERIFY(probe(surface).evaluate(surfaceCall(QStringLiteral("cleanWith(() => { throw new Error })"))) ==
+            true);
     QVERIFY(!surface.execCommand(QStringLiteral("Paste")));
     QCOMPARE(body(surface), QStringLiteral("<P>abcd</P>"));
 }

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "web/DocumentSurface.h"
 
@@ -53,7 +54,7 @@ void TestSerialise::initTestCase()
 {
     m_surface = std::make_unique<DocumentSurface>();
     m_surface->setDesignMode(DesignMode::On);
-    m_surface->setPatience(60000);                    // the checks run for seconds
+    probe(*m_surface).setPatience(60000);             // the checks run for seconds
     QVERIFY(m_surface->write(QStringLiteral("<p>"))); // there is a page to run them in
 }
 
@@ -174,7 +175,7 @@ void TestSerialise::scriptedTrees()
     QFETCH(QString, script);
     QFETCH(QString, text);
     QVERIFY(m_surface->write(QString()));
-    QVERIFY(m_surface->evaluate(script));
+    QVERIFY(probe(*m_surface).evaluate(script));
     QCOMPARE(m_surface->innerHtml(), text);
     QVERIFY(m_surface->write(text));
     QCOMPARE(m_surface->innerHtml(), text);
@@ -196,7 +197,7 @@ QString TestSerialise::check(const QString& call)
     const QString script = QStringLiteral("(%1)(%2).%3")
                                .arg(fileText(QStringLiteral(TEST_DATA "/documents.js")),
                                     fileText(QStringLiteral(":/web/serialise.js")), call);
-    const std::optional<QVariant> answer = m_surface->evaluate(script);
+    const std::optional<QVariant> answer = probe(*m_surface).evaluate(script);
     return answer && answer->typeId() == QMetaType::QString ? answer->toString()
                                                             : QStringLiteral("the check itself failed");
 }

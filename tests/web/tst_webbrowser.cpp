@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "ScriptedDoors.h"
+#include "WebProbe.h"
 #include "WebServer.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
@@ -41,10 +42,10 @@ QString page(const QString& body)
            body + QStringLiteral("</BODY>");
 }
 
-void endRenderer(const WebControl& browser)
+void endRenderer(WebControl& browser)
 {
-    QVERIFY(browser.rendererPid() > 0);
-    ::kill(static_cast<pid_t>(browser.rendererPid()), SIGKILL);
+    QVERIFY(probe(browser).rendererPid() > 0);
+    ::kill(static_cast<pid_t>(probe(browser).rendererPid()), SIGKILL);
 }
 
 /// Ends the renderer as soon as events are handled, which is while the next operation waits.
@@ -55,7 +56,7 @@ void endRendererSoon(WebControl& browser)
 
 QString value(WebControl& browser, const char* script)
 {
-    return browser.evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
+    return probe(browser).evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
 }
 
 /// What `innerHtml` would print of a sample.
@@ -322,24 +323,24 @@ void TestWebBrowser::editsAreHeardOfOnce()
     for (const char* script : {"document.querySelector('p').align = 'left'; 1",        // attributes
                                "document.querySelector('p').firstChild.data = 'x'; 1", // letters
                                "document.querySelector('p').remove(); 1"}) {
-        QVERIFY(surface.evaluate(QString::fromLatin1(script)));
+        QVERIFY(probe(surface).evaluate(QString::fromLatin1(script)));
         QCOMPARE(ask().size(), 1);
     }
-    QVERIFY(surface.evaluate(QStringLiteral("document.body.append('y'); 1")));
+    QVERIFY(probe(surface).evaluate(QStringLiteral("document.body.append('y'); 1")));
     surface.forgetEdits();
     QCOMPARE(ask(), QStringList());
-    QVERIFY(surface.evaluate(QStringLiteral("document.body.append('z'); 1")));
+    QVERIFY(probe(surface).evaluate(QStringLiteral("document.body.append('z'); 1")));
     QVERIFY(surface.write(QStringLiteral("<p>other")));
     QCOMPARE(ask(), QStringList());
 
-    QVERIFY(surface.evaluate(QStringLiteral("document.body.append('z'); 1")));
+    QVERIFY(probe(surface).evaluate(QStringLiteral("document.body.append('z'); 1")));
     endRenderer(surface);
     QTRY_VERIFY(!surface.hasDocument());
     surface.readEdits([&](const QString& html) { heard << html; });
     surface.forgetEdits();
     QVERIFY(surface.write(QStringLiteral("<p>new")));
     QCOMPARE(ask(), QStringList());
-    QVERIFY(surface.evaluate(QStringLiteral("document.body.append('z'); 1")));
+    QVERIFY(probe(surface).evaluate(QStringLiteral("document.body.append('z'); 1")));
     QCOMPARE(ask().size(), 1);
 }
 
@@ -348,7 +349,7 @@ void TestWebBrowser::editsOfOtherSurfacesAreNotHeardOf()
     DocumentSurface preview;
     bool heard = false;
     QVERIFY(preview.write(QStringLiteral("<p>one<script>document.body.append('two')</script>")));
-    QVERIFY(preview.evaluate(QStringLiteral("document.body.append('three'); 1")));
+    QVERIFY(probe(preview).evaluate(QStringLiteral("document.body.append('three'); 1")));
     preview.readEdits([&](const QString&) { heard = true; });
     QVERIFY(preview.innerHtml().contains(QStringLiteral("three")));
     QVERIFY(!heard);
@@ -406,7 +407,7 @@ void TestWebBrowser::hostileDocuments()
     QFETCH(QString, html);
     QFETCH(QString, contains);
     Surface surface;
-    surface.setPatience(30000); // a busy machine lays out deep pages for seconds
+    probe(surface).setPatience(30000); // a busy machine lays out deep pages for seconds
     QVERIFY(surface.write(html));
     const QString text = surface.innerHtml();
     QVERIFY2(text.contains(contains), qPrintable(text.left(300)));
@@ -512,7 +513,7 @@ void TestWebBrowser::links()
 {
     Surface surface(QStringLiteral("<p>see <a href='?a=1&amp;b=2'>here</a>"));
     QCOMPARE(surface.currentLink(), QString());
-    QVERIFY(surface.evaluate(
+    QVERIFY(probe(surface).evaluate(
         QStringLiteral("getSelection().collapse(document.querySelector('a').firstChild, 2)")));
     QCOMPARE(surface.currentLink(), QStringLiteral("?a=1&b=2"));
     QVERIFY(surface.setLink(QStringLiteral("http://x.example/")));
@@ -676,19 +677,20 @@ void TestWebBrowser::firstLettersAreHeld()
 void TestWebBrowser::returnedKeysComeFromTheQueue()
 {
     KeyWindow window;
-    window.page->setPatience(1000);
-    const qint64 renderer = window.page->rendererPid();
+    probe(window.page).setPatience(1000);
+    const qint64 renderer = probe(window.page).rendererPid();
     window.type("abc");
     QTRY_COMPARE(window.letters, QStringLiteral("abc"));
     QCOMPARE(window.texts, QStringList(3, QStringLiteral("still")));
-    QCOMPARE(window.page->rendererPid(), renderer);
+    QCOMPARE(probe(window.page).rendererPid(), renderer);
 }
 
 void TestWebBrowser::returnedKeysWaitForTheHandler()
 {
     KeyWindow window;
-    QVERIFY(window.page->evaluate(
-        QStringLiteral("window.keys = 0; document.addEventListener('keyup', () => ++window.keys)")));
+    QVERIFY(probe(window.page)
+                .evaluate(QStringLiteral(
+                    "window.keys = 0; document.addEventListener('keyup', () => ++window.keys)")));
     guarded([&] {
         window.type("abc");
         QTRY_COMPARE(value(*window.page, "window.keys"), QStringLiteral("3"));
@@ -730,7 +732,7 @@ void TestWebBrowser::functionsRunOnce()
 {
     QFETCH(QString, end);
     Surface surface(QStringLiteral("<p>a"));
-    QVERIFY(surface.evaluate(
+    QVERIFY(probe(surface).evaluate(
                 QStringLiteral("globalThis.calls = 0; globalThis[Symbol.for('surface')].execCommand = "
                                "() => { ++calls; %1 }; true")
                     .arg(end)) == true);
@@ -760,7 +762,7 @@ void TestWebBrowser::rendererEndsOnShow()
     surface.show();
     QSignalSpy died(&surface, &DocumentSurface::rendererDied);
     QVERIFY(QTest::qWaitForWindowExposed(&surface));
-    QTRY_VERIFY(surface.rendererPid() > 0);
+    QTRY_VERIFY(probe(surface).rendererPid() > 0);
     endRenderer(surface);
     QVERIFY(surface.write(QStringLiteral("x")));
     QCOMPARE(surface.innerHtml(), page(QStringLiteral("x")));
@@ -784,14 +786,14 @@ void TestWebBrowser::rendererEndsDuringAnothersRead()
 {
     Surface lost(QStringLiteral("x"));
     Surface asked(QStringLiteral("y"));
-    QVERIFY(lost.rendererPid() != asked.rendererPid());
+    QVERIFY(probe(lost).rendererPid() != probe(asked).rendererPid());
     QSignalSpy died(&lost, &DocumentSurface::rendererDied);
     bool meanwhile = false;
     connect(&lost, &DocumentSurface::rendererDied, &lost, [&] { meanwhile = EngineWait::isUnderWay(); });
     endRendererSoon(lost);
     QCOMPARE(value(asked, "for (const from = Date.now(); Date.now() < from + 1000;) {} 'done'"),
              QStringLiteral("done"));
-    QCOMPARE(lost.rendererPid(), 0); // the news came while it was asked
+    QCOMPARE(probe(lost).rendererPid(), 0); // the news came while it was asked
     QTRY_COMPARE(died.count(), 1);
     QVERIFY(!meanwhile);
 }
@@ -811,16 +813,16 @@ void TestWebBrowser::endlessScript()
 {
     DocumentSurface browser;
     QVERIFY(browser.write(QStringLiteral("x")));
-    browser.setPatience(1500);
+    probe(browser).setPatience(1500);
     QSignalSpy died(&browser, &DocumentSurface::rendererDied);
     QElapsedTimer clock;
     clock.start();
     QVERIFY(!browser.write(QStringLiteral("<script>for (;;);</script>")));
     QVERIFY(clock.elapsed() < 20000);
-    QCOMPARE(browser.rendererPid(), 0); // nothing goes on for ever out of sight
+    QCOMPARE(probe(browser).rendererPid(), 0); // nothing goes on for ever out of sight
     QVERIFY_THROWS_EXCEPTION(SurfaceLost, browser.innerHtml());
     QCOMPARE(died.count(), 0);
-    browser.setPatience(5000);
+    probe(browser).setPatience(5000);
     QVERIFY(browser.write(QStringLiteral("<p>ok")));
     QCOMPARE(browser.innerHtml(), page(QStringLiteral("\r\n<P>ok</P>")));
 }
@@ -837,7 +839,7 @@ void TestWebBrowser::endlessTask()
 {
     DocumentSurface browser;
     QVERIFY(browser.write(Hangs));
-    browser.setPatience(1500);
+    probe(browser).setPatience(1500);
     const auto isLost = [&] {
         try {
             browser.innerHtml(); // may come before the page hangs
@@ -856,7 +858,7 @@ void TestWebBrowser::endlessTaskBeforeACommand()
 {
     DocumentSurface browser;
     QVERIFY(browser.write(Hangs));
-    browser.setPatience(1500);
+    probe(browser).setPatience(1500);
     QSignalSpy died(&browser, &DocumentSurface::rendererDied);
     const auto hasDied = [&] {
         browser.execCommand(QStringLiteral("Bold"));
@@ -910,7 +912,7 @@ void TestWebBrowser::messageOfAnotherPage()
     DocumentSurface asking;
     Surface surface(QStringLiteral("<p>a"));
     Sample sample;
-    surface.setPatience(500);
+    probe(surface).setPatience(500);
     QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
     QVERIFY(surface.execCommand(QStringLiteral("Bold")));
     bool replaced = true;
@@ -939,8 +941,8 @@ void TestWebBrowser::messageWhileTheProgramWaits()
     QElapsedTimer clock;
     clock.start();
     do { // the program only waits from here on
-        QVERIFY(
-            surface.evaluate(QStringLiteral("for (const end = Date.now() + 100; Date.now() < end;); true")));
+        QVERIFY(probe(surface).evaluate(
+            QStringLiteral("for (const end = Date.now() + 100; Date.now() < end;); true")));
     } while (value(asking, "document.title") != QLatin1String("on") && clock.elapsed() < Patience);
     QCOMPARE(value(asking, "document.title"), QStringLiteral("on"));
     QCOMPARE(desktop.asked, QStringList());
@@ -1288,7 +1290,7 @@ void TestWebBrowser::zoom()
     QVERIFY(browser.write(QStringLiteral("y"))); // stays
     QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("1.6"));
     endRenderer(browser);
-    QTRY_COMPARE(browser.rendererPid(), 0);
+    QTRY_COMPARE(probe(browser).rendererPid(), 0);
     QVERIFY(browser.write(QStringLiteral("z"))); // in a new one too
     QTRY_COMPARE(value(browser, "devicePixelRatio.toFixed(1)"), QStringLiteral("1.6"));
     browser.setZoomLevel(-1);
@@ -1319,7 +1321,7 @@ void TestWebBrowser::signsOfALateAnswer()
     QFETCH(int, late);
     QFETCH(bool, answered);
     Surface surface(QStringLiteral("<P>page"));
-    surface.setPatience(late > 0 ? 30000 : 1500);
+    probe(surface).setPatience(late > 0 ? 30000 : 1500);
     bool hourglass = false;
     bool window = false;
     QTimer look;
@@ -1336,7 +1338,7 @@ void TestWebBrowser::signsOfALateAnswer()
     const QString script =
         late > 0 ? QStringLiteral("for (const end = Date.now() + %1; Date.now() < end;); 7").arg(late)
                  : QStringLiteral("for (;;);");
-    QCOMPARE(surface.evaluate(script).has_value(), answered);
+    QCOMPARE(probe(surface).evaluate(script).has_value(), answered);
     QVERIFY(hourglass);
     QVERIFY(window);
     QVERIFY(!QGuiApplication::overrideCursor());
@@ -1356,7 +1358,7 @@ void TestWebBrowser::signsGoWithTheControl()
         delete surface;
     });
     look.start(10);
-    QVERIFY_THROWS_EXCEPTION(SurfaceLost, surface->evaluate(QStringLiteral("for (;;);")));
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, probe(surface).evaluate(QStringLiteral("for (;;);")));
     QVERIFY(!QGuiApplication::overrideCursor());
     QVERIFY(!signWindowStands());
 }
@@ -1369,7 +1371,7 @@ void TestWebBrowser::severalAtOnce()
         QStringLiteral("<script>onmessage = () => { for (;;); }; postMessage('', '*')</script>")));
     QVERIFY(second.write(QStringLiteral("free"))); // a renderer each
     QCOMPARE(second.innerHtml(), page(QStringLiteral("free")));
-    QVERIFY(first.rendererPid() != second.rendererPid());
+    QVERIFY(probe(first).rendererPid() != probe(second).rendererPid());
     endRenderer(first);
 }
 
@@ -1381,7 +1383,7 @@ void TestWebBrowser::samplesShowTheLastPage()
     QTRY_COMPARE(printed(sample), page(QStringLiteral("\r\n<P>99</P>")));
 
     // No one asks: the page is there all the same, and many more came than the engine was given.
-    sample.evaluate(
+    probe(sample).evaluate(
         QStringLiteral("globalThis.pages = 0; const open = Document.prototype.open;"
                        "Document.prototype.open = function () { ++pages; return open.call(this) }"));
     for (int i = 0; i < 100; ++i)
@@ -1508,7 +1510,7 @@ void TestWebBrowser::formUnloadedWhileWaiting()
     QTimer::singleShot(20, browser, &QObject::deleteLater);
     QElapsedTimer waited;
     waited.start();
-    QVERIFY_THROWS_EXCEPTION(SurfaceLost, browser->evaluate(QStringLiteral(
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, probe(browser).evaluate(QStringLiteral(
                                               "const end = Date.now() + 300; while (Date.now() < end); 1")));
     QVERIFY(!alive);
     QVERIFY2(waited.elapsed() < 2000, "it waited for an answer that nobody hears");

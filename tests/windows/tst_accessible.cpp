@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "Windows.h"
@@ -195,7 +196,8 @@ bool keepsTab(QWidget* widget)
 QVariant placeInPage(QWidget* control)
 {
     auto* page = qobject_cast<WebControl*>(control);
-    return page ? page->evaluate(QStringLiteral("[...document.all].indexOf(document.activeElement)"))
+    return page ? probe(page)
+                      .evaluate(QStringLiteral("[...document.all].indexOf(document.activeElement)"))
                       .value_or(QVariant())
                 : QVariant();
 }

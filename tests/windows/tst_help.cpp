@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "Windows.h"
@@ -106,7 +107,7 @@ QString words(QString caption)
 /// A value of the page in the help window.
 QVariant inHelp(const QString& script)
 {
-    return form<FrmHelp>()->WebBrowser1->evaluate(script).value_or(QVariant());
+    return probe(form<FrmHelp>()->WebBrowser1).evaluate(script).value_or(QVariant());
 }
 
 bool sectionShows(const QString& id)
@@ -525,7 +526,7 @@ void TestHelp::withoutScripts()
     QVERIFY(surface.write(QStringLiteral("<p>word</p>")));
     surface.Navigate(folder.path(QStringLiteral("Help0.htm")));
     const auto value = [&](const char* script) {
-        return surface.evaluate(QString::fromLatin1(script)).value_or(QVariant());
+        return probe(surface).evaluate(QString::fromLatin1(script)).value_or(QVariant());
     };
     QTRY_COMPARE_WITH_TIMEOUT(value("document.readyState + document.title").toString(),
                               QStringLiteral("completeBrindlemark 1.0 - Help"), PageLimit);

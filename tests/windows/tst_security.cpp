@@ -4,6 +4,7 @@
 
 #include "MainWindow.h"
 #include "Traps.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "app/Openings.h"
@@ -269,7 +270,7 @@ void settle(WebControl* surface, Traps& traps)
     static int number = 0;
     for (int round = 0; round < 2; ++round) {
         const QString mark = QStringLiteral("mark%1").arg(++number);
-        surface->evaluate(
+        probe(surface).evaluate(
             QStringLiteral("new Image().src = '%1'").arg(traps.arm(mark, QStringLiteral("{seen}"))));
         if (!QTest::qWaitFor([&] { return traps.wasSeen(mark); }, 10000))
             QTest::qFail("the page loads no pictures", __FILE__, __LINE__);
@@ -453,7 +454,8 @@ public:
         web->WebBrowser1->write(QStringLiteral("x"));
         const QString cleaner = QStringLiteral(
             "html => new DOMParser().parseFromString('<body>' + html, 'text/html').body.innerHTML");
-        if (web->WebBrowser1->evaluate(surfaceCall(QStringLiteral("cleanWith(%1)").arg(cleaner))) != true)
+        if (probe(web->WebBrowser1).evaluate(surfaceCall(QStringLiteral("cleanWith(%1)").arg(cleaner))) !=
+            true)
             QTest::qFail("the surface can't be opened to all", __FILE__, __LINE__);
     }
 
@@ -472,13 +474,13 @@ public:
         DocumentSurface* surface = web->WebBrowser1;
         surface->write(QLatin1String(place.page));
         const QVariantList point =
-            surface
-                ->evaluate(QStringLiteral(
-                               "(() => { document.adoptedStyleSheets = [];"
-                               "const $ = selector => document.querySelector(selector), s = getSelection();"
-                               "%1; const box = s.getRangeAt(0).getBoundingClientRect();"
-                               "return [box.x || 20, (box.y || 10) + 5] })()")
-                               .arg(QLatin1String(place.select)))
+            probe(surface)
+                .evaluate(QStringLiteral(
+                              "(() => { document.adoptedStyleSheets = [];"
+                              "const $ = selector => document.querySelector(selector), s = getSelection();"
+                              "%1; const box = s.getRangeAt(0).getBoundingClientRect();"
+                              "return [box.x || 20, (box.y || 10) + 5] })()")
+                              .arg(QLatin1String(place.select)))
                 .value_or(QVariant())
                 .toList();
         QWidget* input = surface->inputWidget();
@@ -511,7 +513,7 @@ public:
         web->WebBrowser3->write(frames);
         if (!QTest::qWaitFor(
                 [this] {
-                    return web->WebBrowser3->evaluate(QStringLiteral("document.readyState")) ==
+                    return probe(web->WebBrowser3).evaluate(QStringLiteral("document.readyState")) ==
                            QVariant(QStringLiteral("complete"));
                 },
                 Patience))
@@ -949,8 +951,9 @@ void TestSecurity::addresses()
     QTest::qWait(300);
     QCOMPARE(lines(main.traps.takeSprung()), QString());
     QCOMPARE(pageBody(main.web->WebBrowser2), QString());
-    QCOMPARE(main.web->WebBrowser2->evaluate(QStringLiteral("document.URL")).value_or(QVariant()).toString(),
-             QStringLiteral("surface:blank"));
+    QCOMPARE(
+        probe(main.web->WebBrowser2).evaluate(QStringLiteral("document.URL")).value_or(QVariant()).toString(),
+        QStringLiteral("surface:blank"));
 }
 
 /// A page of the internet may load what it likes from there, but nothing of this computer.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "ProgramFolder.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "forms/ListBox.h"
 #include "services/Profile.h"
@@ -380,7 +381,8 @@ void TestColours::colorsAsBrowsersReadThem()
     DocumentSurface browser;
     browser.write(QStringLiteral("<FONT color=%1>x</FONT>").arg(text));
     const QColor shown(color);
-    QCOMPARE(browser.evaluate(QStringLiteral("getComputedStyle(document.querySelector('font')).color"))
+    QCOMPARE(probe(browser)
+                 .evaluate(QStringLiteral("getComputedStyle(document.querySelector('font')).color"))
                  .value_or(QVariant())
                  .toString(),
              QStringLiteral("rgb(%1, %2, %3)").arg(shown.red()).arg(shown.green()).arg(shown.blue()));

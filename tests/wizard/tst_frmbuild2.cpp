@@ -3,6 +3,7 @@
 #include "LittleMemory.h"
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "forms/Wait.h"
 #include "platform/RuntimeError.h"
@@ -727,9 +728,9 @@ void TestFrmBuild2::lostEngineIsMadeAnew()
     auto* page = openPage2();
     const QList<WebControl*> browsers = page->findChildren<WebControl*>();
     QCOMPARE(browsers.size(), 1);
-    QTRY_VERIFY(browsers.front()->rendererPid() != 0); // warmed up behind the first picture
+    QTRY_VERIFY(probe(browsers.front()).rendererPid() != 0); // warmed up behind the first picture
     QSignalSpy died(browsers.front(), &WebControl::rendererDied);
-    ::kill(pid_t(browsers.front()->rendererPid()), SIGKILL);
+    ::kill(pid_t(probe(browsers.front()).rendererPid()), SIGKILL);
     QTRY_COMPARE(died.size(), 1);
     click(page->Command23);
     QVERIFY(source().contains(QLatin1String("Old lamp")));

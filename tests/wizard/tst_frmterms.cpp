@@ -2,6 +2,7 @@
 
 #include "ProgramFolder.h"
 #include "ScriptedDoors.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "platform/RuntimeError.h"
 #include "shell/SurfaceCommands.h"
@@ -571,7 +572,7 @@ void TestFrmTerms::lostRenderer()
     auto* editor = form<FrmTerms>();
     QCOMPARE(bodyOf(editor), QStringLiteral("pay"));
     doors.answerMsgBox(MsgAnswer::Ok);
-    ::kill(pid_t(editor->WebBrowser1->rendererPid()), SIGKILL);
+    ::kill(pid_t(probe(editor->WebBrowser1).rendererPid()), SIGKILL);
     QTRY_COMPARE(doors.asked.size(), 1);
     QTRY_COMPARE(bodyOf(editor), QStringLiteral("pay"));
     QCOMPARE(m_folder->read(QStringLiteral("weblst.ini")), QByteArray("<BODY>pay</BODY>"));
@@ -584,14 +585,14 @@ void TestFrmTerms::lostRendererComesBackWithTheChanges()
     openTerms(0);
     auto* editor = form<FrmTerms>();
     QCOMPARE(bodyOf(editor), QStringLiteral("pay"));
-    QVERIFY(editor->WebBrowser1->evaluate(QStringLiteral("document.body.append(' soon'); 1")));
+    QVERIFY(probe(editor->WebBrowser1).evaluate(QStringLiteral("document.body.append(' soon'); 1")));
     auto* keeper = editor->findChild<QTimer*>(QStringLiteral("KeepTimer"));
     QVERIFY(keeper->remainingTime() <= 15000);
     keeper->start(0);
     QTRY_VERIFY(keeper->remainingTime() > 0);
     QCOMPARE(bodyOf(editor), QStringLiteral("pay soon"));
     doors.answerMsgBox(MsgAnswer::Ok);
-    ::kill(pid_t(editor->WebBrowser1->rendererPid()), SIGKILL);
+    ::kill(pid_t(probe(editor->WebBrowser1).rendererPid()), SIGKILL);
     QTRY_COMPARE(doors.asked.size(), 1);
     QTRY_COMPARE(bodyOf(editor), QStringLiteral("pay soon"));
     QCOMPARE(m_folder->read(QStringLiteral("weblst.ini")), QByteArray("<BODY>pay</BODY>"));
