@@ -13,6 +13,7 @@
 #include "builders/FrmTable.h"
 #include "colour/Fade.h"
 #include "colour/Fader5.h"
+#include "colour/FixedInterfaces.h"
 #include "services/Codes.h"
 #include "tests/WebProbe.h"
 #include "wizard/Generators.h"

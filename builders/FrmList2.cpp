@@ -74,7 +74,7 @@ QString FrmList2::ReplaceSize(const ComboBox& combo) const
 
 QString FrmList2::GetHexColor(int color) const
 {
-    return ::GetHexColor(color);
+    return colorText(color);
 }
 
 // ---- The symbol ------------------------------------------------------------------------------------------

@@ -347,8 +347,8 @@ void FrmTable::Command14_Click()
     if (cell.isEmpty())
         return; // nothing is selected, or the place beside a row of one word
     const TableReadBack look = readBack(cell);
-    if (QString color = look.cellColor.value_or(QString()); look.cellColor)
-        showRowColor(I, int(HexToColor(color)));
+    if (look.cellColor)
+        showRowColor(I, parseColor(*look.cellColor));
     if (look.TxWid)
         TxWid->setText(*look.TxWid);
     if (look.TxHei)
@@ -363,8 +363,8 @@ void FrmTable::Command14_Click()
         Combo7->setText(*look.Combo7);
     if (look.Combo6)
         Combo6->setText(*look.Combo6);
-    if (QString color = look.fontColor.value_or(QString()); look.fontColor)
-        showRowColor(G, int(HexToColor(color)));
+    if (look.fontColor)
+        showRowColor(G, parseColor(*look.fontColor));
 }
 
 // ---- The look --------------------------------------------------------------------------------------------
@@ -578,8 +578,6 @@ void FrmTable::loadSet(const QString& title)
 /// A set's two colours need no confirming: their window takes them, and goes if `Check1` has brought it up.
 void FrmTable::bringAutoColorInLine()
 {
-    QString first = TxtAuto;
-    QString second = TxtAuto2;
-    autoColor()->setColors(int(HexToColor(first)), int(HexToColor(second)));
+    autoColor()->setColors(parseColor(TxtAuto), parseColor(TxtAuto2));
     autoColor()->Hide();
 }

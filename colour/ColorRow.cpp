@@ -68,7 +68,7 @@ void ColorRow::setColor(int color)
 QString ColorRow::colorText() const
 {
     const Channels channels = splitColor(m_sample->BackColor());
-    return u'#' + HexPad6(channels.red << 16 | channels.green << 8 | channels.blue);
+    return u'#' + hexNumber(channels.red << 16 | channels.green << 8 | channels.blue);
 }
 
 void ColorRow::RowHexRefresh()

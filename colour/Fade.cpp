@@ -3,10 +3,8 @@
 #include "colour/Fade.h"
 
 #include "platform/RuntimeError.h"
-#include "services/Codes.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <limits>
 #include <span>
@@ -191,21 +189,8 @@ QStringList fadeCharacters(const QString& text)
     return characters;
 }
 
-QString FadeFive(int c1, int c2, int c3, int c4, int c5, const QString& text, bool wavy)
+QString fadeFive(const std::array<Channels, 5>& colors, const QString& text, bool wavy)
 {
-    const auto [r1, g1, b1] = splitColor(c1);
-    const auto [r2, g2, b2] = splitColor(c2);
-    const auto [r3, g3, b3] = splitColor(c3);
-    const auto [r4, g4, b4] = splitColor(c4);
-    const auto [r5, g5, b5] = splitColor(c5);
-    return FadeFiveRgb(r1, g1, b1, r2, g2, b2, r3, g3, b3, r4, g4, b4, r5, g5, b5, text, wavy);
-}
-
-QString FadeFiveRgb(int r1, int g1, int b1, int r2, int g2, int b2, int r3, int g3, int b3, int r4, int g4,
-                    int b4, int r5, int g5, int b5, const QString& text, bool wavy)
-{
-    const std::array<Channels, 5> colors = {
-        {{r1, g1, b1}, {r2, g2, b2}, {r3, g3, b3}, {r4, g4, b4}, {r5, g5, b5}}};
     const std::vector<QStringView> characters = splitForFade(text);
     Fade<ClosedPiece> fade(wavy, text, characters.size());
     std::span<const QStringView> rest(characters);
@@ -217,29 +202,10 @@ QString FadeFiveRgb(int r1, int g1, int b1, int r2, int g2, int b2, int r3, int 
     return fade.html();
 }
 
-QString FadeTwoRgb(int r1, int g1, int b1, int r2, int g2, int b2, const QString& text, bool wavy)
+QString fadeTwo(const Channels& from, const Channels& to, const QString& text, bool wavy)
 {
     const std::vector<QStringView> characters = splitForFade(text);
     Fade<OpenPiece> fade(wavy, text, characters.size());
-    fade.run(characters, {r1, g1, b1}, {r2, g2, b2});
+    fade.run(characters, from, to);
     return fade.html();
-}
-
-int HexDigitValue(QChar digit)
-{
-    if (digit >= u'0' && digit <= u'9')
-        return digit.unicode() - u'0';
-    if (digit >= u'A' && digit <= u'F')
-        return digit.unicode() - u'A' + 10;
-    return 0;
-}
-
-float HexToNumber(const QString& text)
-{
-    float number = 0;
-    float place = 1;
-    const QString digits = text.right(8);
-    for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit, place *= 16)
-        number += float(HexDigitValue(digit->toUpper())) * place;
-    return number;
 }

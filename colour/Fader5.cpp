@@ -344,8 +344,10 @@ void Fader5::Text1_Change()
 /// Fades the text, whatever the mode.
 void Fader5::Command1_Click()
 {
-    Text2 = FadeFive(Color1->BackColor(), color2->BackColor(), color3->BackColor(), color4->BackColor(),
-                     Color5->BackColor(), wholeText(*Text1), Check4->Value() == 1);
+    Text2 = fadeFive({splitColor(Color1->BackColor()), splitColor(color2->BackColor()),
+                      splitColor(color3->BackColor()), splitColor(color4->BackColor()),
+                      splitColor(Color5->BackColor())},
+                     wholeText(*Text1), Check4->Value() == 1);
 }
 
 void Fader5::Command8_Click()

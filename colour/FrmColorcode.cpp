@@ -22,9 +22,9 @@ FrmColorcode::FrmColorcode()
 
 void FrmColorcode::Command3_Click()
 {
-    QString code = m_row->colorText();
+    const QString code = m_row->colorText();
     Text3->setText(code);
-    Text1 = u'#' + fromNumber(HexToColor(code));
+    Text1 = u'#' + fromNumber(parseColor(code));
 }
 
 void FrmColorcode::Command4_Click()

@@ -2,6 +2,7 @@
 
 #include "Fuzz.h"
 #include "colour/Fade.h"
+#include "colour/FixedInterfaces.h"
 #include "services/Codes.h"
 
 #include <array>

@@ -2,6 +2,7 @@
 
 #include "services/Codes.h"
 
+#include <QStringBuilder>
 #include <algorithm>
 
 namespace {
@@ -27,37 +28,27 @@ int hexValue(const QString& text)
 
 Channels splitColor(int color)
 {
-    const QString digits = HexPad6(color);
+    const QString digits = hexNumber(color);
     return {.red = hexValue(digits.right(2)),
             .green = hexValue(digits.mid(2, 2)),
             .blue = hexValue(digits.left(2))};
 }
 
-QString GetHexColor(int& color)
+QString colorText(int color)
 {
     const int red = color % 256;
-    color /= 256;
-    const int green = color % 256;
-    color /= 256;
-    const int blue = color % 256;
+    const int green = color / 256 % 256;
+    const int blue = color / 65536 % 256;
     return u'#' + hex(red, 2) + hex(green, 2) + hex(blue, 2);
 }
 
-QString HexPad6(int color)
+int parseColor(QStringView text)
 {
-    return hex(color, 6);
+    const QStringView digits = text.startsWith(u'#') ? text.right(6) : text;
+    return hexValue(QString(digits.right(2) % digits.mid(2, 2) % digits.left(2)));
 }
 
-double HexToColor(QString& code)
+QString hexNumber(int number)
 {
-    if (code.startsWith(u'#'))
-        code = code.right(6);
-    return hexValue(code.right(2) + code.mid(2, 2) + code.left(2));
-}
-
-QString SplitPairFade(int first, int second, const QString& text, bool mode, const TwoColorFade& fade)
-{
-    const Channels a = splitColor(first);
-    const Channels b = splitColor(second);
-    return fade(a.red, a.green, a.blue, b.red, b.green, b.blue, text, mode);
+    return hex(number, 6);
 }

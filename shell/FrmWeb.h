@@ -47,7 +47,8 @@ public:
     /// Writes the source box's text, with a line end behind it, to `path` and names the window after it. The
     /// document keeps its own name and stays as unsaved as it was. A failure is shown in a message box.
     void SaveFileAs(const QString& path);
-    /// The colour text of a colour number, which is consumed (see Codes.h).
+    /// The colour text of a colour number. Consumes its argument: what is left in it is the part above red
+    /// and green.
     QString GetHexColor(int& color) const;
     /// The text as it goes out: each character combined with a key of zero, so that it stays as it is.
     QString etxt(const QString& text) const;

@@ -98,7 +98,9 @@ void FrmWeb::SaveFileAs(const QString& path)
 
 QString FrmWeb::GetHexColor(int& color) const
 {
-    return ::GetHexColor(color);
+    const QString text = colorText(color);
+    color /= 65536;
+    return text;
 }
 
 QString FrmWeb::etxt(const QString& text) const

@@ -44,7 +44,7 @@ std::optional<QString> askForColor()
     CommonDialog dialog;
     if (!dialog.ShowColor())
         return std::nullopt;
-    return GetHexColor(dialog.Color);
+    return colorText(dialog.Color);
 }
 
 void askForLink(DocumentSurface& surface)

@@ -56,8 +56,7 @@ void paintParts(const PageLook& look, DrawingColors& drawing, Wanted wanted)
     for (const Paint& paint : Paints) {
         if (!(paint.styles & style) || !wanted(paint.field))
             continue;
-        QString code = look.*paint.field;
-        drawing[paint.part] = colorOf(int(HexToColor(code)));
+        drawing[paint.part] = colorOf(parseColor(look.*paint.field));
     }
 }
 
@@ -75,7 +74,7 @@ void pickColor(PageLook& look, DrawingColors& drawing, const QString& entry, int
             return row.field == field && entry == QLatin1String(row.entry);
         });
     };
-    const QString code = GetHexColor(color);
+    const QString code = colorText(color);
     for (const ColorField& row : ColorFields) {
         if (isPicked(row.field))
             look.*row.field = code;

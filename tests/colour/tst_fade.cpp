@@ -2,6 +2,7 @@
 
 #include "Random.h"
 #include "colour/Fade.h"
+#include "colour/FixedInterfaces.h"
 #include "platform/RuntimeError.h"
 #include "services/Codes.h"
 
@@ -77,13 +78,13 @@ QString openPiece(const QString& code, const QString& character, const QString& 
     return QStringLiteral("<Font Color=#%1>").arg(code) + wave + character;
 }
 
-QString fadeFive(const std::array<Rgb, 5>& c, const QString& text, bool wavy = false)
+QString overFive(const std::array<Rgb, 5>& c, const QString& text, bool wavy = false)
 {
     return FadeFiveRgb(c[0][0], c[0][1], c[0][2], c[1][0], c[1][1], c[1][2], c[2][0], c[2][1], c[2][2],
                        c[3][0], c[3][1], c[3][2], c[4][0], c[4][1], c[4][2], text, wavy);
 }
 
-QString fadeTwo(const Rgb& a, const Rgb& b, const QString& text, bool wavy = false)
+QString overTwo(const Rgb& a, const Rgb& b, const QString& text, bool wavy = false)
 {
     return FadeTwoRgb(a[0], a[1], a[2], b[0], b[1], b[2], text, wavy);
 }
@@ -215,7 +216,7 @@ void TestFade::lengths()
         std::array<Rgb, 5> colors{};
         for (size_t i = 0; i < colors.size(); ++i)
             colors.at(i).at(size_t(channel)) = int(i) * 60;
-        QCOMPARE(fadeFive(colors, text), expected);
+        QCOMPARE(overFive(colors, text), expected);
         QCOMPARE(FadeFive(numberOf(colors[0]), numberOf(colors[1]), numberOf(colors[2]), numberOf(colors[3]),
                           numberOf(colors[4]), text, false),
                  expected);
@@ -248,10 +249,10 @@ void TestFade::ties()
     QStringList expected;
     for (const QString& red : reds)
         expected << red + QStringLiteral("0000");
-    QCOMPARE(codes(fadeTwo({from, 0, 0}, {to, 0, 0}, QStringLiteral("ab"))), expected);
+    QCOMPARE(codes(overTwo({from, 0, 0}, {to, 0, 0}, QStringLiteral("ab"))), expected);
     // The first of four runs that are two characters long.
     const Rgb second = {to, 0, 0};
-    QCOMPARE(codes(fadeFive({{{from, 0, 0}, second, second, second, second}}, QStringLiteral("abcdefgh")))
+    QCOMPARE(codes(overFive({{{from, 0, 0}, second, second, second, second}}, QStringLiteral("abcdefgh")))
                  .mid(0, 2),
              expected);
 }
@@ -324,7 +325,7 @@ void TestFade::wave()
     }
     for (int call = 0; call < 2; ++call) { // each call begins anew
         QCOMPARE(FadeFive(0, 0, 0, 0, 0, text, true), five);
-        QCOMPARE(fadeTwo({}, {}, text, true), two);
+        QCOMPARE(overTwo({}, {}, text, true), two);
     }
     QVERIFY(!FadeFive(0, 0, 0, 0, 0, text, false).contains(u"su"));
 }
@@ -352,7 +353,7 @@ void TestFade::wholeCharacters()
                              closedPiece(QStringLiteral("B40000"), QStringLiteral("c")) +
                              closedPiece(QStringLiteral("F00000"), character);
     QCOMPARE(FadeFive(0, 60, 120, 180, 240, text, false), expected);
-    QCOMPARE(fadeTwo({}, {5, 0, 0}, character + QStringLiteral("z"), true),
+    QCOMPARE(overTwo({}, {5, 0, 0}, character + QStringLiteral("z"), true),
              openPiece(QStringLiteral("020000"), character, QStringLiteral("<sup>")) +
                  openPiece(QStringLiteral("050000"), QStringLiteral("z"), QStringLiteral("</sup>")));
 }
@@ -372,7 +373,7 @@ void TestFade::nothingIsEscaped()
              closedPiece(QStringLiteral("010000"), character) +
                  closedPiece(QStringLiteral("020000"), QStringLiteral("m")) +
                  closedPiece(QStringLiteral("030000"), character));
-    QCOMPARE(fadeTwo({}, {3, 0, 0}, text), openPiece(QStringLiteral("010000"), character) +
+    QCOMPARE(overTwo({}, {3, 0, 0}, text), openPiece(QStringLiteral("010000"), character) +
                                                openPiece(QStringLiteral("020000"), QStringLiteral("m")) +
                                                openPiece(QStringLiteral("030000"), character));
 }
@@ -423,7 +424,7 @@ void TestFade::picturesBesideAScript()
                                    QStringList{" ", picture, "7", "!", picture, "-"} + letters;
     QCOMPARE(fadeCharacters(characters.join(QString())), characters);
     const std::array<Rgb, 5> colors = {{{0, 9, 255}, {255, 8, 0}, {3, 200, 5}, {99, 0, 1}, {255, 255, 255}}};
-    QCOMPARE(fadeFive(colors, characters.join(QString())), naiveFive(colors, characters, false));
+    QCOMPARE(overFive(colors, characters.join(QString())), naiveFive(colors, characters, false));
 }
 
 void TestFade::randomTexts_data()
@@ -493,15 +494,15 @@ void TestFade::longest()
     const QString most = character.repeated(32767);
     const QStringList characters(32767, character);
     const std::array<Rgb, 5> colors = {{{0, 9, 255}, {255, 8, 0}, {3, 200, 5}, {99, 0, 1}, {255, 255, 255}}};
-    QVERIFY(fadeFive(colors, most, true) == naiveFive(colors, characters, true));
+    QVERIFY(overFive(colors, most, true) == naiveFive(colors, characters, true));
     int w = 0;
-    QVERIFY(fadeTwo(colors[0], colors[1], most, true) ==
+    QVERIFY(overTwo(colors[0], colors[1], most, true) ==
             naiveRun(colors[0], colors[1], characters, true, false, w));
 
     const QString more = most + character;
     for (const auto& fade : std::initializer_list<std::function<void()>>{
-             [&] { FadeFive(0, 1, 2, 3, 4, more, false); }, [&] { fadeFive(colors, more); },
-             [&] { fadeTwo(colors[0], colors[1], more); }}) {
+             [&] { FadeFive(0, 1, 2, 3, 4, more, false); }, [&] { overFive(colors, more); },
+             [&] { overTwo(colors[0], colors[1], more); }}) {
         std::optional<ErrorNumber> number;
         try {
             fade();
@@ -530,13 +531,13 @@ void TestFade::sameAsTheFormulas()
         const bool wavy = random.bounded(2) == 1;
         const QString text = characters.join(QString());
         const QString five = naiveFive(colors, characters, wavy);
-        QCOMPARE(fadeFive(colors, text, wavy), five);
+        QCOMPARE(overFive(colors, text, wavy), five);
         QCOMPARE(FadeFive(numberOf(colors[0]), numberOf(colors[1]), numberOf(colors[2]), numberOf(colors[3]),
                           numberOf(colors[4]), text, wavy),
                  five);
         int w = 0;
         const QString two = naiveRun(colors[0], colors[1], characters, wavy, false, w);
-        QCOMPARE(fadeTwo(colors[0], colors[1], text, wavy), two);
+        QCOMPARE(overTwo(colors[0], colors[1], text, wavy), two);
         QCOMPARE(SplitPairFade(numberOf(colors[0]), numberOf(colors[1]), text, wavy, FadeTwoRgb), two);
     }
 }

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "services/Codes.h"
+#include "colour/FixedInterfaces.h"
 
 #include "Random.h"
+#include "services/Codes.h"
 
 #include <QTest>
 
