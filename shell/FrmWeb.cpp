@@ -150,8 +150,8 @@ FrmWeb::FrmWeb()
     on(m_document.get(), &Document::settled, WebBrowser1, &DocumentSurface::forgetEdits);
     m_journalTimer.setObjectName(QStringLiteral("JournalTimer"));
     m_journalTimer.setSingleShot(true);
-    on(&m_journalTimer, &QTimer::timeout, this, &FrmWeb::JournalTimer_Timer);
-    JournalTimer_Timer();
+    on(&m_journalTimer, &QTimer::timeout, this, &FrmWeb::runJournal);
+    runJournal();
     RichTextBox1->SetFocus();
 }
 
@@ -274,7 +274,7 @@ void FrmWeb::resizeEvent(QResizeEvent* event)
 {
     guardedCall([&] {
         Form::resizeEvent(event);
-        Form_Resize();
+        placeControls();
     });
 }
 
@@ -284,12 +284,13 @@ void FrmWeb::changeEvent(QEvent* event)
         Form::changeEvent(event);
         if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
             arrangeFrames();
-            Form_Resize();
+            placeControls();
         }
     });
 }
 
-void FrmWeb::Form_Resize()
+/// Places all that follows the window's size.
+void FrmWeb::placeControls()
 {
     const int menuHeight = MenuBar1->heightForWidth(width());
     const int toolbarHeight = Toolbar1->sizeHint().height();
@@ -303,43 +304,43 @@ void FrmWeb::Form_Resize()
     const int usualHeight = qMin(tabsHeight, UsualTabs);
     const int surplus = (tabsHeight - usualHeight) * TwipsPerPixel;
     WindowLayout layout = {
-        .Toolbar1 = {0, 0, width() * TwipsPerPixel, toolbarHeight * TwipsPerPixel},
-        .SSTab1 = twips(SSTab1),
-        .Frame1 = twips(Frame1),
-        .Frame2 = twips(Frame2),
-        .Frame3 = twips(Frame3),
-        .RichTextBox1 = twips(RichTextBox1),
-        .Picture1 = twips(Picture1),
-        .WebBrowser1 = twips(WebBrowser1),
-        .WebBrowser2 = twips(WebBrowser2),
-        .WebBrowser3 = twips(WebBrowser3),
-        .Label1 = twips(Label1),
-        .ProgressBar1 = twips(ProgressBar1),
+        .toolbar = {0, 0, width() * TwipsPerPixel, toolbarHeight * TwipsPerPixel},
+        .tabs = twips(SSTab1),
+        .editorFrame = twips(Frame1),
+        .designFrame = twips(Frame2),
+        .internetFrame = twips(Frame3),
+        .source = twips(RichTextBox1),
+        .cover = twips(Picture1),
+        .designSurface = twips(WebBrowser1),
+        .browser = twips(WebBrowser2),
+        .preview = twips(WebBrowser3),
+        .status = twips(Label1),
+        .progress = twips(ProgressBar1),
     };
-    for (TwipsRect* frame : {&layout.Frame1, &layout.Frame2, &layout.Frame3})
+    for (TwipsRect* frame : {&layout.editorFrame, &layout.designFrame, &layout.internetFrame})
         frame->Top += usualHeight * TwipsPerPixel;
 
     // A window's frame and title are no part of `width()` and `height()`: 90 and 680 twips stand for them.
     layout = resized(layout, width() * TwipsPerPixel + 90,
                      (height() - menuHeight) * TwipsPerPixel + 680 - surplus);
-    layout.SSTab1.Height += surplus;
+    layout.tabs.Height += surplus;
     // A large font makes the address bar taller: the page below it ends where the status line begins.
-    layout.WebBrowser2.Height = qMin(layout.WebBrowser2.Height, layout.Label1.Top - layout.WebBrowser2.Top);
+    layout.browser.Height = qMin(layout.browser.Height, layout.status.Top - layout.browser.Top);
 
-    for (TwipsRect* frame : {&layout.Frame1, &layout.Frame2, &layout.Frame3})
+    for (TwipsRect* frame : {&layout.editorFrame, &layout.designFrame, &layout.internetFrame})
         frame->Top -= usualHeight * TwipsPerPixel;
-    layout.SSTab1.Top += menuHeight * TwipsPerPixel;
-    place(SSTab1, layout.SSTab1);
-    place(Frame1, layout.Frame1);
-    place(Frame2, layout.Frame2);
-    place(Frame3, layout.Frame3);
-    place(RichTextBox1, layout.RichTextBox1);
-    place(Picture1, layout.Picture1);
-    place(WebBrowser1, layout.WebBrowser1);
-    place(WebBrowser2, layout.WebBrowser2);
-    place(WebBrowser3, layout.WebBrowser3);
-    place(Label1, layout.Label1);
-    place(ProgressBar1, layout.ProgressBar1);
+    layout.tabs.Top += menuHeight * TwipsPerPixel;
+    place(SSTab1, layout.tabs);
+    place(Frame1, layout.editorFrame);
+    place(Frame2, layout.designFrame);
+    place(Frame3, layout.internetFrame);
+    place(RichTextBox1, layout.source);
+    place(Picture1, layout.cover);
+    place(WebBrowser1, layout.designSurface);
+    place(WebBrowser2, layout.browser);
+    place(WebBrowser3, layout.preview);
+    place(Label1, layout.status);
+    place(ProgressBar1, layout.progress);
     for (QWidget* bar : {RegionBar, DesignBar, AddressBar})
         bar->resize(bar->parentWidget()->width() - 2 * bar->x(), bar->height());
 }
@@ -388,7 +389,7 @@ QString FrmWeb::keepText()
     if (text.isEmpty())
         return QString();
     m_document->finishKeeping();
-    JournalTimer_Timer();
+    runJournal();
     m_document->finishKeeping();
     for (const QString& folder : {AppPath(), QDir::homePath(), QDir::tempPath()}) {
         const QString path = folder + QStringLiteral("/Recovered.htm");

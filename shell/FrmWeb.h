@@ -30,13 +30,14 @@ public:
     /// The document; what it is called and whether it is saved is said here.
     Document& document() const { return *m_document; }
     bool Dirty() const { return m_document->isDirty(); }
-    QString Text2() const { return m_document->name(); }
+    /// The full path of its file, or "Untitled".
+    QString documentName() const { return m_document->name(); }
     /// The user answered Cancel to the last save question; only the next `Checksafe` clears it.
     bool SaveCancelled() const { return m_refusal == Refusal::Cancelled; }
     /// The user answered No to the last save question; only the next `Checksafe` clears it.
     bool SaveDeclined() const { return m_refusal == Refusal::Declined; }
-    /// 1 while the source is highlighted.
-    int Check1 = 0;
+    /// True while the source is highlighted.
+    bool highlighted = false;
 
     /// Asks whether to save, and saves on Yes; the answer stands in `SaveCancelled` and `SaveDeclined`.
     /// False: the document is not to be given up, by the user's Cancel, or as it could not be read to be
@@ -86,7 +87,7 @@ private:
     void connectViews();
     void loadSettings();
     void arrangeFrames();
-    void Form_Resize();
+    void placeControls();
     void Toolbar1_ButtonClick(Tool tool);
     void MnExit_Click();
     void munfind_Click();
@@ -172,6 +173,7 @@ private:
     void munsetfont_Click();
     void munEBC_Click();
     void munhighlight_Click();
+    void highlightSource();
     void munUNHighlight_Click();
     void colorListing();
     void colorSource(std::optional<int> (*color)(const char* key));
@@ -183,7 +185,7 @@ private:
     void setEditorBackground(int color);
 
     // FrmWebJournal.cpp
-    void JournalTimer_Timer();
+    void runJournal();
     void keepUnsavedText();
     void keepUnread();
     void bringBack(const Journal::Leftover& left);

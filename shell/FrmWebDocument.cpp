@@ -263,8 +263,8 @@ void FrmWeb::openFile(const QString& path)
             showSource(WebBrowser3);
     }
     setCaption(m_document->bareName());
-    if (Check1 == 1)
-        munhighlight_Click();
+    if (highlighted)
+        highlightSource();
     UpdateRegionButtons(*this);
 }
 

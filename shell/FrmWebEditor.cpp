@@ -70,7 +70,7 @@ void FrmWeb::setEditorBackground(int color)
 
 void FrmWeb::munsetfont_Click()
 {
-    if (Check1 == 1) {
+    if (highlighted) {
         MsgBox(QStringLiteral("Please select Editor Unhighlight first."), QStringLiteral("Infor"),
                MsgIcon::Information);
         return;
@@ -119,10 +119,16 @@ void FrmWeb::munEBC_Click()
 
 void FrmWeb::munhighlight_Click()
 {
+    highlightSource();
+}
+
+/// Colours the source, unless it is empty or out of sight.
+void FrmWeb::highlightSource()
+{
     if (RichTextBox1->isEmpty() || SSTab1->Tab() != EditorTab)
         return;
     colorSource(highlightColor);
-    Check1 = 1;
+    highlighted = true;
 }
 
 /// Colours a new listing, which needs all its colours. Throws RuntimeError(TypeMismatch) when one is missing.
@@ -164,7 +170,7 @@ void FrmWeb::munUNHighlight_Click()
     loadEditorFont();
     Pause(0.1);
     uncoverSource();
-    Check1 = 0;
+    highlighted = false;
 }
 
 void FrmWeb::ApplyHighlight(std::optional<int> (*color)(const char* key))

@@ -37,7 +37,8 @@ QString question(const Journal::Leftover& left)
 
 } // namespace
 
-void FrmWeb::JournalTimer_Timer()
+/// Keeps unsaved text now, and again each time `m_journalTimer` runs out.
+void FrmWeb::runJournal()
 {
     if (m_document->isKeeping()) {
         m_journalTimer.start(TryAgain);

@@ -71,7 +71,7 @@ void FrmWeb::editListing(const QByteArray& page)
     }
     if (tab() == EditorTab)
         RichTextBox1->setText(page);
-    if (Check1 == 1)
+    if (highlighted)
         colorListing();
     updateStyleButtons(*this);
 }

@@ -75,8 +75,8 @@ void FrmWeb::showEditor()
     }
     Picture1->hide();
     switchTools();
-    if (Check1 == 1)
-        munhighlight_Click();
+    if (highlighted)
+        highlightSource();
     if (isBlankDocument())
         m_document->setDirty(false);
     UpdateRegionButtons(*this);

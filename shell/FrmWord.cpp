@@ -132,6 +132,12 @@ void FrmWord::Command4_Click()
 
 void FrmWord::Command6_Click()
 {
+    copySelected();
+}
+
+/// Copies the selected phrases one by one: the last one stays on the clipboard.
+void FrmWord::copySelected()
+{
     useSelected([this](const QString& phrase) {
         copyFragment(phrase);
         repaint();
@@ -140,5 +146,5 @@ void FrmWord::Command6_Click()
 
 void FrmWord::List1_DblClick()
 {
-    Command6_Click();
+    copySelected();
 }

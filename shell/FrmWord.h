@@ -22,6 +22,7 @@ private:
     void Command6_Click();
     void List1_DblClick();
     void addPhrase();
+    void copySelected();
     void saveList() const;
     template <typename Use>
     void useSelected(Use use);

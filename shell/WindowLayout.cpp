@@ -15,8 +15,8 @@ void setSize(int& size, int value)
 
 WindowLayout resized(WindowLayout layout, int width, int height)
 {
-    TwipsRect& tab = layout.SSTab1;
-    tab.Top = layout.Toolbar1.Height + layout.Toolbar1.Top + 50;
+    TwipsRect& tab = layout.tabs;
+    tab.Top = layout.toolbar.Height + layout.toolbar.Top + 50;
     setSize(tab.Height, height - tab.Top - 680);
     setSize(tab.Width, width - 90);
 
@@ -24,24 +24,24 @@ WindowLayout resized(WindowLayout layout, int width, int height)
         setSize(frame.Height, tab.Height - top - 200);
         setSize(frame.Width, tab.Width - 250);
     };
-    setFrame(layout.Frame1, layout.Frame1.Top);
-    setFrame(layout.Frame2, layout.Frame2.Top);
-    setFrame(layout.Frame3, layout.Frame2.Top); // ends level with the design surface's frame
+    setFrame(layout.editorFrame, layout.editorFrame.Top);
+    setFrame(layout.designFrame, layout.designFrame.Top);
+    setFrame(layout.internetFrame, layout.designFrame.Top); // ends level with the design surface's frame
 
     const auto setView = [&tab](TwipsRect& view, int below) {
         setSize(view.Height, tab.Height - view.Top - below);
         setSize(view.Width, tab.Width - 500);
     };
-    setView(layout.RichTextBox1, 700);
-    setView(layout.Picture1, 700);
-    setView(layout.WebBrowser1, 700);
-    setView(layout.WebBrowser3, 700);
-    setView(layout.WebBrowser2, 950); // leaves a line for the status text
+    setView(layout.source, 700);
+    setView(layout.cover, 700);
+    setView(layout.designSurface, 700);
+    setView(layout.preview, 700);
+    setView(layout.browser, 950); // leaves a line for the status text
 
-    layout.Label1.Top = layout.WebBrowser2.Height + 500;
-    setSize(layout.Label1.Width, layout.WebBrowser2.Width - 1700);
+    layout.status.Top = layout.browser.Height + 500;
+    setSize(layout.status.Width, layout.browser.Width - 1700);
 
-    layout.ProgressBar1.Left = layout.Label1.Width + 150;
-    layout.ProgressBar1.Top = layout.WebBrowser2.Height + 500;
+    layout.progress.Left = layout.status.Width + 150;
+    layout.progress.Top = layout.browser.Height + 500;
     return layout;
 }

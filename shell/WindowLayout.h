@@ -15,18 +15,18 @@ struct TwipsRect
 /// Where the controls of the main window stand that follow the window's size.
 struct WindowLayout
 {
-    TwipsRect Toolbar1;
-    TwipsRect SSTab1;
-    TwipsRect Frame1;
-    TwipsRect Frame2;
-    TwipsRect Frame3;
-    TwipsRect RichTextBox1;
-    TwipsRect Picture1;
-    TwipsRect WebBrowser1;
-    TwipsRect WebBrowser2;
-    TwipsRect WebBrowser3;
-    TwipsRect Label1;
-    TwipsRect ProgressBar1;
+    TwipsRect toolbar;
+    TwipsRect tabs;
+    TwipsRect editorFrame;
+    TwipsRect designFrame;
+    TwipsRect internetFrame;
+    TwipsRect source;
+    TwipsRect cover;
+    TwipsRect designSurface;
+    TwipsRect browser;
+    TwipsRect preview;
+    TwipsRect status;
+    TwipsRect progress;
 };
 
 /// The layout of a main window that has become `width` by `height` twips. Each line uses what the lines

@@ -168,7 +168,7 @@ FrmBuild2* page2()
 
 Press listingToTheEditor(MainWindow& window)
 {
-    window.web->Check1 = 1;
+    window.web->highlighted = true;
     return presses(page2()->Command23);
 }
 

@@ -438,7 +438,7 @@ void TestFaults::saveAs()
             const bool failed = doors.told(QStringLiteral("Error"));
             if (disk.names() != (exists || !failed ? QStringList(name) : QStringList()))
                 return QStringLiteral("files are left");
-            if (window.web->Dirty() != failed || (window.web->Text2() == disk.path(name)) == failed)
+            if (window.web->Dirty() != failed || (window.web->documentName() == disk.path(name)) == failed)
                 return QStringLiteral("the window has it otherwise");
             return wrongEnd(disk.content(name), exists ? Old : QByteArray(), New, failed);
         });

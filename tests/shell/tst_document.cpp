@@ -435,7 +435,7 @@ void TestDocument::newEmptiesTheDocument()
     window.doors.takeAsked();
     window.choose(window.web->Mnfile, window.web->MnNew);
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QVERIFY(!window.web->Dirty());
     QCOMPARE(window.caption(), UntitledCaption);
     QCOMPARE(window.doors.asked, QStringList());
@@ -469,7 +469,7 @@ void TestDocument::newAsksFirst()
     QCOMPARE(window.source(), source);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), file);
     const bool stopped = answer == MsgAnswer::Cancel;
-    QCOMPARE(window.web->Text2(), stopped ? window.folder.path(QStringLiteral("page.htm")) : Untitled);
+    QCOMPARE(window.web->documentName(), stopped ? window.folder.path(QStringLiteral("page.htm")) : Untitled);
     QCOMPARE(window.caption(), stopped ? QStringLiteral("page.htm - Brindlemark 1.0") : UntitledCaption);
     QCOMPARE(window.web->Dirty(), stopped);
 }
@@ -509,7 +509,7 @@ void TestDocument::newStopsAtAStaleCancel()
     window.press(Tool::New);
     QCOMPARE(window.doors.asked, QStringList());
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->documentName(), window.folder.path(QStringLiteral("page.htm")));
 }
 
 void TestDocument::newWritesTheDesignSurfaceOnly()
@@ -534,7 +534,7 @@ void TestDocument::openShowsTheFile()
     window.choose(window.web->Mnfile, window.web->MnOpen);
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray("<P>page</P>\r\n"));
-    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->documentName(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
 }
 
@@ -583,7 +583,7 @@ void TestDocument::noAtOpenThenCancelEmptiesAllTheSame()
     window.press(Tool::Open);
     QCOMPARE(window.doors.takeAsked(), (QStringList{saveQuestion(Untitled), openDialog()}));
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
     QVERIFY(!window.web->Dirty());
     QVERIFY(!window.web->WebBrowser1->innerHtml().contains(QStringLiteral("word")));
@@ -604,7 +604,7 @@ void TestDocument::staleNoEmptiesAtTheNextOpen()
     window.press(Tool::Open);
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("second\r\n"));
 }
@@ -619,7 +619,7 @@ void TestDocument::cancelInOpenKeepsAll()
     window.press(Tool::Open);
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->documentName(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     QVERIFY(!window.web->Dirty());
 }
@@ -631,7 +631,7 @@ void TestDocument::emptyNameInOpenKeepsAll()
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     window.open(QString());
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->documentName(), window.folder.path(QStringLiteral("page.htm")));
 }
 
 void TestDocument::openOnTabOneShowsOnTheSurface()
@@ -678,7 +678,7 @@ void TestDocument::openMissingFileResetsSilently()
     window.open(window.folder.path(name));
     QCOMPARE(window.doors.takeAsked(), QStringList{openDialog()});
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QVERIFY(!window.web->Dirty());
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     QVERIFY(!window.doors.ended);
@@ -690,7 +690,7 @@ void TestDocument::openMakesTheHighlightAnew()
     window.folder.write(QStringLiteral("page.htm"), "<B>page</B>");
     window.type(QStringLiteral("word"));
     window.press(Tool::Highlight);
-    QCOMPARE(window.web->Check1, 1);
+    QVERIFY(window.web->highlighted);
     window.saveAs(window.folder.path(QStringLiteral("other.htm")));
     window.open(window.folder.path(QStringLiteral("page.htm")));
     QVERIFY(window.web->RichTextBox1->colorAt(1) != 0);
@@ -720,7 +720,7 @@ void TestDocument::dropOpensTheFile()
     window.folder.write(QStringLiteral("page.htm"), "<B>a</B>\r\n\xE9\n");
     window.drop(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.source(), QByteArray("<B>a</B>\r\n\xE9\n"));
-    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->documentName(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     QVERIFY(window.web->Dirty()); // as after any open
     QCOMPARE(window.doors.takeAsked(), QStringList());
@@ -785,7 +785,7 @@ void TestDocument::dropOfAFileThatGoesResetsSilently()
     window.drop(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.doors.takeAsked(), QStringList{saveQuestion(QStringLiteral("word.htm"))});
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QVERIFY(!window.web->Dirty());
     QCOMPARE(window.caption(), QStringLiteral("word.htm - Brindlemark 1.0"));
 }
@@ -794,7 +794,7 @@ void TestDocument::dropMakesTheHighlightAnew()
 {
     MainWindow window;
     window.folder.write(QStringLiteral("page.htm"), "<P>page");
-    window.web->Check1 = 1;
+    window.web->highlighted = true;
     window.drop(window.folder.path(QStringLiteral("page.htm")));
     QVERIFY(window.web->RichTextBox1->colorAt(0) != 0);
 }
@@ -857,7 +857,7 @@ void TestDocument::droppedPictureStaysAPicture()
     window.folder.write(QStringLiteral("photo.jpg"), photo);
     window.type(QStringLiteral("<P>"));
     window.drop({window.folder.path(QStringLiteral("photo.jpg"))});
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     window.saveAs(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.folder.read(QStringLiteral("photo.jpg")), photo);
     QVERIFY(window.folder.read(QStringLiteral("page.htm")).contains("photo.jpg\" border=0>"));
@@ -957,7 +957,7 @@ void TestDocument::saveUntitledAsksForAName()
     window.choose(window.web->Mnfile, window.web->mnsave);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("word\r\n"));
-    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->documentName(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     QVERIFY(!window.web->Dirty());
 }
@@ -1022,7 +1022,7 @@ void TestDocument::roundTripAddsOneLineEnd()
     window.folder.write(QStringLiteral("page.htm"), bytes);
     window.open(window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.web->Dirty(), !bytes.isEmpty());
-    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("page.htm")));
+    QCOMPARE(window.web->documentName(), window.folder.path(QStringLiteral("page.htm")));
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     window.press(Tool::Save);
     QVERIFY(window.folder.read(QStringLiteral("page.htm")) == bytes + "\r\n");
@@ -1137,7 +1137,7 @@ void TestDocument::saveFailureKeepsAll()
     QCOMPARE(window.doors.takeAsked(), QStringList{SaveFailed});
     QVERIFY(window.web->Dirty());
     QCOMPARE(window.source(), QByteArray("new"));
-    QCOMPARE(window.web->Text2(), path);
+    QCOMPARE(window.web->documentName(), path);
     QCOMPARE(window.caption(), QStringLiteral("page.htm - Brindlemark 1.0"));
     QVERIFY(!window.doors.ended);
     if (obstacle.startsWith(QLatin1String("read-only"))) {
@@ -1195,7 +1195,7 @@ void TestDocument::saveAsNamesTheDocument()
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QStringLiteral("page.htm"))});
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("old"));
     QCOMPARE(window.folder.read(QStringLiteral("other.txt")), QByteArray("old\r\n"));
-    QCOMPARE(window.web->Text2(), window.folder.path(QStringLiteral("other.txt")));
+    QCOMPARE(window.web->documentName(), window.folder.path(QStringLiteral("other.txt")));
     QCOMPARE(window.caption(), QStringLiteral("other.txt - Brindlemark 1.0"));
     QVERIFY(!window.web->Dirty());
 }
@@ -1208,7 +1208,7 @@ void TestDocument::saveAsCancelKeepsAll()
     window.press(Tool::SaveAs);
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
     QVERIFY(window.web->Dirty());
 }
@@ -1219,7 +1219,7 @@ void TestDocument::saveAsEmptyNameKeepsAll()
     window.type(QStringLiteral("word"));
     window.saveAs(QString());
     QCOMPARE(window.doors.takeAsked(), QStringList{saveDialog(QString())});
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
     QVERIFY(window.web->Dirty());
 }
@@ -1249,7 +1249,7 @@ void TestDocument::saveAsNoLeavesEverything()
     window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("there.htm")), QByteArray("there"));
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
     QVERIFY(window.web->Dirty());
 }
@@ -1280,7 +1280,7 @@ void TestDocument::saveAsFailureKeepsAll()
     QCOMPARE(window.doors.takeAsked(), expected);
     QVERIFY(window.web->Dirty());
     QCOMPARE(window.source(), QByteArray("word"));
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QCOMPARE(window.caption(), UntitledCaption);
     if (obstacle.startsWith(QLatin1String("read-only"))) {
         QCOMPARE(window.folder.read(QStringLiteral("sub/page.htm")), QByteArray("old"));
@@ -1546,7 +1546,7 @@ void TestDocument::saveFileAs()
     window.web->SaveFileAs(path);
     QCOMPARE(window.folder.read(QStringLiteral("copy.htm")), QByteArray("word\r\n"));
     QCOMPARE(window.caption(), path + QStringLiteral(" - Brindlemark 1.0"));
-    QCOMPARE(window.web->Text2(), Untitled);
+    QCOMPARE(window.web->documentName(), Untitled);
     QVERIFY(window.web->Dirty());
     QCOMPARE(window.doors.asked, QStringList());
     QVERIFY(!QGuiApplication::overrideCursor());

@@ -149,7 +149,7 @@ QList<Glimpse> watch(const Desk& desk, QAction* entry)
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
         const Glimpse now{desk.web->Picture1->isVisible(), waitIsVisible(), desk.box->BackColor(),
-                          desk.box->colorAt(0), desk.web->Check1};
+                          desk.box->colorAt(0), desk.web->highlighted};
         if (seen.isEmpty() || seen.constLast() != now)
             seen << now;
     });
@@ -383,7 +383,7 @@ void TestHighlight::highlightStepByStep()
     QVERIFY(!desk.web->Picture1->isVisible());
     QVERIFY(desk.box->isVisible());
     QVERIFY(!waitIsVisible());
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
     QCOMPARE(desk.box->BackColor(), HighlightBackground);
     QCOMPARE(colors(*desk.box), QByteArray("tttx"));
 }
@@ -408,7 +408,7 @@ void TestHighlight::unhighlightStepByStep()
 
     QVERIFY(!desk.web->Picture1->isVisible());
     QVERIFY(!waitIsVisible());
-    QCOMPARE(desk.web->Check1, 0);
+    QVERIFY(!desk.web->highlighted);
     QCOMPARE(colors(*desk.box), QByteArray("...."));
 }
 
@@ -500,16 +500,16 @@ void TestHighlight::emptySourceIsLeftAlone()
 {
     Desk desk;
     QVERIFY(watch(desk, desk.web->munhighlight).isEmpty());
-    QCOMPARE(desk.web->Check1, 0);
+    QVERIFY(!desk.web->highlighted);
     QCOMPARE(desk.box->BackColor(), OwnBackground);
 
     desk.box->setText("<b>x");
     desk.web->munhighlight->trigger();
     desk.box->setText("");
     QVERIFY(watch(desk, desk.web->munhighlight).isEmpty());
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
     QVERIFY(watch(desk, desk.web->munUNHighlight).isEmpty());
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
     QCOMPARE(desk.box->BackColor(), HighlightBackground);
 }
 
@@ -532,13 +532,13 @@ void TestHighlight::otherTabsAreLeftAlone()
     desk.box->setText("<b>x");
     desk.web->SSTab1->setTab(tab);
     QVERIFY(watch(desk, desk.web->munhighlight).isEmpty());
-    QCOMPARE(desk.web->Check1, 0);
+    QVERIFY(!desk.web->highlighted);
     QCOMPARE(desk.box->BackColor(), OwnBackground);
     QCOMPARE(colors(*desk.box), QByteArray("...."));
 
-    desk.web->Check1 = 1;
+    desk.web->highlighted = true;
     QVERIFY(watch(desk, desk.web->munUNHighlight).isEmpty());
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
 }
 
 void TestHighlight::missingSettingsAreSkipped_data()
@@ -576,7 +576,7 @@ void TestHighlight::missingSettingsAreSkipped()
     desk.web->munhighlight->trigger();
     QCOMPARE(colors(*desk.box), expected);
     QCOMPARE(desk.box->BackColor(), background);
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
     QVERIFY(!desk.script.ended);
 }
 
@@ -656,7 +656,7 @@ void TestHighlight::tabChangeWhileItIsUnderWay()
     QCOMPARE(desk.web->SSTab1->Tab(), static_cast<int>(FrmWeb::InternetTab));
     QVERIFY(!waitIsVisible());
     QVERIFY(desk.web->Picture1->isHidden());
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
     QCOMPARE(colors(*desk.box), QByteArray("tttx"));
     QVERIFY(!desk.script.ended);
 }

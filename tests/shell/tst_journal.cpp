@@ -725,7 +725,7 @@ void TestJournal::yesBringsTheTextBack()
     window.web->offerUnsavedText();
     QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(name)});
     QCOMPARE(window.source(), bytes);
-    QCOMPARE(window.web->Text2(), document);
+    QCOMPARE(window.web->documentName(), document);
     QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
     QVERIFY(window.web->Dirty());
 }
@@ -775,7 +775,7 @@ void TestJournal::noDeletesIt()
     window.web->offerUnsavedText();
     QTRY_COMPARE(window.files(), QStringList());
     QCOMPARE(window.source(), QByteArray());
-    QCOMPARE(window.web->Text2(), QStringLiteral("Untitled"));
+    QCOMPARE(window.web->documentName(), QStringLiteral("Untitled"));
     QVERIFY(!window.web->Dirty());
 }
 
@@ -808,7 +808,7 @@ void TestJournal::tornTextComesBackWithoutAName()
              QStringList{question(QStringLiteral("Brindlemark was not closed properly the last time. Only a "
                                                  "part of its unsaved text could be kept."))});
     QCOMPARE(window.source(), QByteArray("<P>Lamp and"));
-    QCOMPARE(window.web->Text2(), QStringLiteral("Untitled"));
+    QCOMPARE(window.web->documentName(), QStringLiteral("Untitled"));
     QCOMPARE(window.caption(), QStringLiteral("Untitled - Brindlemark 1.0"));
     QVERIFY(window.web->Dirty());
     window.doors.cancelSave();
@@ -918,7 +918,7 @@ void TestJournal::refusedSaveIsOffered()
     window.startAgain();
     QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(QStringLiteral("page.htm"))});
     QCOMPARE(window.source(), QByteArray("<P>Lamps"));
-    QCOMPARE(window.web->Text2(), page);
+    QCOMPARE(window.web->documentName(), page);
     QVERIFY(window.web->Dirty());
 
     QFile::setPermissions(home, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

@@ -268,10 +268,10 @@ void TestMainWindow::toolbarHighlight()
     MainWindow window;
     window.type(QStringLiteral("<B>word"));
     window.press(Tool::Highlight);
-    QCOMPARE(window.web->Check1, 1);
+    QVERIFY(window.web->highlighted);
     QVERIFY(window.web->RichTextBox1->colorAt(1) != 0);
     window.press(Tool::Unhighlight);
-    QCOMPARE(window.web->Check1, 0);
+    QVERIFY(!window.web->highlighted);
     QCOMPARE(window.web->RichTextBox1->colorAt(1), 0);
 }
 
@@ -559,8 +559,8 @@ void TestMainWindow::startState()
     QVERIFY(!web->Dirty());
     QVERIFY(!web->SaveCancelled());
     QVERIFY(!web->SaveDeclined());
-    QCOMPARE(web->Text2(), QStringLiteral("Untitled"));
-    QCOMPARE(web->Check1, 0);
+    QCOMPARE(web->documentName(), QStringLiteral("Untitled"));
+    QVERIFY(!web->highlighted);
     QCOMPARE(window.caption(), QStringLiteral("Untitled - Brindlemark 1.0"));
     QCOMPARE(web->SSTab1->Tab(), 0);
     QCOMPARE(window.source(), QByteArray());

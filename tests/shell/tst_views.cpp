@@ -764,11 +764,11 @@ void TestViews::highlightIsMadeAnewOnReturn()
                                                  "two=2\r\nthree=3\r\nfour=4\r\nback=16777215\r\n");
     desk.box->setText("x<i>");
     desk.web->munhighlight->trigger();
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
     desk.goTo(Preview);
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
     desk.goTo(Editor);
-    QCOMPARE(desk.web->Check1, 1);
+    QVERIFY(desk.web->highlighted);
     QCOMPARE(desk.box->Text().left(6), QByteArray("<HEAD>"));
     QCOMPARE(desk.box->colorAt(0), 255);
     QCOMPARE(desk.box->colorAt(6), 4);

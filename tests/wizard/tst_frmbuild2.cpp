@@ -631,7 +631,7 @@ void TestFrmBuild2::colorsTheSource()
 {
     auto* main = form<FrmWeb>();
     main->RichTextBox1->setText("<BODY>x</BODY>");
-    main->Check1 = 1;
+    main->highlighted = true;
     m_folder->write(QStringLiteral("web.ini"),
                     m_folder->read(QStringLiteral("web.ini")).replace("back=16777215", "back=15132390"));
     auto* page = openPage2();
@@ -649,7 +649,7 @@ void TestFrmBuild2::colorsTheSource()
 
 void TestFrmBuild2::missingSourceColorEndsTheProgram()
 {
-    form<FrmWeb>()->Check1 = 1;
+    form<FrmWeb>()->highlighted = true;
     m_folder->write(QStringLiteral("web.ini"),
                     m_folder->read(QStringLiteral("web.ini")).replace("two=1381795", "two="));
     auto* page = openPage2();
@@ -663,7 +663,7 @@ void TestFrmBuild2::missingSourceColorEndsTheProgram()
 void TestFrmBuild2::plainSourceNeedsNoColors()
 {
     auto* main = form<FrmWeb>();
-    main->Check1 = 0;
+    main->highlighted = false;
     m_folder->write(QStringLiteral("web.ini"),
                     m_folder->read(QStringLiteral("web.ini")).replace("two=1381795", "two="));
     const int background = main->RichTextBox1->BackColor();
@@ -714,7 +714,7 @@ void TestFrmBuild2::opensInThePreview()
 void TestFrmBuild2::previewLeavesTheRegionButtons()
 {
     auto* main = form<FrmWeb>();
-    main->Check1 = 1;
+    main->highlighted = true;
     m_folder->write(QStringLiteral("web.ini"),
                     m_folder->read(QStringLiteral("web.ini")).replace("back=16777215", "back=15132390"));
     const int background = main->RichTextBox1->BackColor();
