@@ -3,5 +3,5 @@
 
 class FrmWeb;
 
-/// Connects toolbar positions and menu entries of the main window to the windows that they open.
+/// Connects toolbar buttons and menu entries of the main window to the windows that they open.
 void connectOpenings(FrmWeb* main);

@@ -14,10 +14,10 @@
 
 namespace {
 
-/// Takes the windows down before the toolkit goes: what is left open at the end dies with the main window.
+/// Deletes the windows that are still open at the end, before the toolkit goes.
 void closeForms()
 {
-    // A form takes its menus and pop-ups with it, which the toolkit lists as well.
+    // The list has menus and pop-ups as well, which go with their forms.
     QList<QPointer<Form>> forms;
     for (QWidget* window : QApplication::topLevelWidgets())
         forms << qobject_cast<Form*>(window);

@@ -3,14 +3,14 @@
 
 #include <QCheckBox>
 
-/// A check box that tells a changed value from the hand that changed it.
+/// A check box with two signals: one for a changed value, one for the hand that lets go of it.
 class CheckBox : public QCheckBox
 {
     Q_OBJECT
     Q_PROPERTY(bool graphical READ isGraphical WRITE setGraphical)
 
 public:
-    /// An unchecked box.
+    /// Makes a box that is not checked.
     explicit CheckBox(QWidget* parent = nullptr);
 
     /// 1 while the box is checked, otherwise 0.

@@ -12,14 +12,14 @@ class ComboBox : public QComboBox, public ListObject
     Q_OBJECT
 
 public:
-    /// An empty list without an edit field.
+    /// Makes a box without entries and without an edit field.
     explicit ComboBox(QWidget* parent = nullptr);
 
     /// Gives the box its edit field, or takes it away. (The toolkit's own function would let the field
     /// complete.)
     void setEditable(bool editable);
 
-    /// Lets the box say what its placeholder says as clearly as an entry.
+    /// Shows the placeholder in the colour of an entry, not in grey.
     void showPlaceholderClearly();
 
     int ListCount() const override { return count(); }

@@ -133,7 +133,7 @@ void Form::setDefaultButton(QPushButton* button)
 
 void Form::setEscape(std::function<void()> act)
 {
-    auto* escape = new QAction(this); // an action, as a page that has the focus keeps the keys of none
+    auto* escape = new QAction(this); // a page that has the focus leaves the keys of actions to its window
     escape->setShortcut(Qt::Key_Escape);
     addAction(escape);
     on(escape, &QAction::triggered, this, std::move(act));
@@ -163,7 +163,7 @@ bool Form::queryUnload()
 void Form::closeEvent(QCloseEvent* event)
 {
     guardedCall([&] {
-        event->ignore(); // the close button asks the same way as the program does
+        event->ignore(); // `Unload` decides, as when the program closes the window
         if (m_unloaded)
             return;
         if (m_closesBy) {

@@ -47,7 +47,7 @@ protected:
     /// the screen.
     void giveWay(QWidget* sample, int least);
 
-    /// The last word before the form goes: false refuses. Runs whatever closes the form. The default agrees.
+    /// Asked before the form goes, whatever closes it; false keeps it. The default is true.
     [[nodiscard]] virtual bool queryUnload();
 
     void closeEvent(QCloseEvent* event) override;
@@ -58,7 +58,7 @@ private:
     QAbstractButton* enterButton() const;
 
     QPushButton* m_default = nullptr;
-    QPushButton* m_closesBy = nullptr; // in place of `Unload`
+    QPushButton* m_closesBy = nullptr; // what the close button presses in place of `Unload`
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_asking = false;

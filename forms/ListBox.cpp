@@ -115,8 +115,8 @@ void ListBox::setSelected(int index, bool selected)
     }
 }
 
-/// Every button selects, so every button is heard: a list that gives its selection back at `MouseUp` would
-/// keep it otherwise.
+/// Tells of every button, as every button selects: otherwise a list whose owner takes the selection back at
+/// `MouseUp` would keep it.
 void ListBox::mousePressEvent(QMouseEvent* event)
 {
     guardedCall([&] {

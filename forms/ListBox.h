@@ -12,7 +12,7 @@ class ListBox : public QListWidget, public ListObject
     Q_OBJECT
 
 public:
-    /// An empty list.
+    /// Makes a list without entries, of which one at most can be selected.
     explicit ListBox(QWidget* parent = nullptr);
 
     int ListCount() const override { return count(); }
@@ -44,7 +44,8 @@ public:
 signals:
     /// The selection has changed, by hand or by code; or the hand has clicked on an entry once more.
     void Click();
-    /// The hand has clicked twice on an entry, with the left button. With another these are two clicks.
+    /// The hand has clicked twice on an entry, with the left button. With another button these are two
+    /// clicks.
     void DblClick();
     /// A button of the mouse goes down on the list; the selection is still the old one.
     void MouseDown();

@@ -43,7 +43,7 @@ LongWork::~LongWork()
     wait->hideProgress();
     if (!m_windowOwned)
         return;
-    const bool tookKeyboard = wait->isActiveWindow(); // on desktops that heed no window's wish
+    const bool tookKeyboard = wait->isActiveWindow(); // some desktops activate it against its wish
     wait->Hide();
     if (tookKeyboard && m_front)
         m_front->activateWindow();

@@ -36,7 +36,7 @@ private:
     std::optional<WaitCursor> m_hourglass;
     QElapsedTimer m_served;
     std::optional<double> m_done;
-    bool m_windowShown = false; // with its bar
-    bool m_windowOwned = false; // not shown before, by what the work is part of
-    QPointer<QWidget> m_front;  // had the keyboard when the window came
+    bool m_windowShown = false; // the window has been shown, or given its bar
+    bool m_windowOwned = false; // this work has shown it, and hides it again
+    QPointer<QWidget> m_front;  // what had the keyboard when the window came
 };

@@ -10,7 +10,7 @@ class OptionButton : public QRadioButton
     Q_PROPERTY(bool graphical READ isGraphical WRITE setGraphical)
 
 public:
-    /// An option that isn't set.
+    /// Makes an option that isn't set.
     explicit OptionButton(QWidget* parent = nullptr);
 
     /// True while the option is set.
@@ -28,9 +28,8 @@ signals:
     /// The option has become set, by hand or by code; the others are cleared by then. A click on an option
     /// that is set already changes nothing and raises nothing.
     void Click();
-    /// The hand has let go of the option: the left button over it, the space bar, its access key, or an
-    /// arrow key of its group. Comes behind `Click`,
-    /// and never from code.
+    /// The hand has let go of the option: the left button over it, the space bar, its access key, or an arrow
+    /// key of its group. Comes behind `Click`, and never from code.
     void MouseUp();
 
 protected:

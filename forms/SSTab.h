@@ -9,7 +9,7 @@ class SSTab : public QTabWidget
     Q_OBJECT
 
 public:
-    /// A control without pages.
+    /// Makes a control without pages.
     explicit SSTab(QWidget* parent = nullptr);
 
     /// The page that is up, from 0; -1 while there is none.

@@ -5,13 +5,15 @@
 #include <QScrollBar>
 #include <optional>
 
-/// A scroll bar that tells a drag from a step, so a handler can follow the hand or wait for its decision.
+/// A scroll bar with two signals, `Scroll` for each step of a drag and `Change` for a value that stands: a
+/// handler can follow the hand or wait for it.
 class ScrollBar : public QScrollBar
 {
     Q_OBJECT
 
 public:
-    /// A bar from 0 to 99 at 0, upright until told otherwise; reached with Tab or a click.
+    /// Makes a bar from 0 to 99 that stands at 0, upright until told otherwise; Tab or a click gives it the
+    /// keyboard.
     explicit ScrollBar(QWidget* parent = nullptr);
 
     /// Where the bar stands, `minimum()` to `maximum()`; set with `setValue`.

@@ -16,7 +16,7 @@ class Wait : public Form
 public:
     Wait();
 
-    /// Shows how much of the work is done, 0 to 1; without a value that it goes on.
+    /// Shows how much of the work is done, 0 to 1; without a value a bar that runs to and fro.
     void showProgress(std::optional<double> done);
     void hideProgress();
 

@@ -102,7 +102,8 @@ public:
             return child->object() == combo().view() ? 0 : child->object() == lineEdit() ? 1 : -1;
         });
     }
-    QAccessibleInterface* childAt(int, int) const override { return nullptr; } // one thing under the pointer
+    /// For the pointer the box is one thing.
+    QAccessibleInterface* childAt(int, int) const override { return nullptr; }
     QStringList actionNames() const override
     {
         return guardedCall([&]() -> QStringList {

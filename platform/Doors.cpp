@@ -106,8 +106,8 @@ QString suffixOf(const QString& nameFilter)
     return dot < 0 ? QString() : nameFilter.mid(dot + 2).chopped(1);
 }
 
-/// A dialog for one file. A name means the file of that name; the suffix of the chosen filter is for a name
-/// that there is no file of.
+/// A dialog for one file. A name means the file of just that name; the suffix of the chosen filter is added
+/// where there is none.
 class FileDialog : public QFileDialog
 {
 public:
@@ -168,7 +168,7 @@ private:
         setDefaultSuffix(asItStands ? QString() : suffixOf(selectedNameFilter()));
     }
 
-    /// The toolkit's button knows no file that the filter hides.
+    /// The toolkit leaves its button off for the name of a file that the filter hides.
     void enableTaker()
     {
         const auto* buttons = findChild<QDialogButtonBox*>();
@@ -245,8 +245,8 @@ public:
 
     bool fontDialog(CommonDialog& dialog) override
     {
-        // The dialog has faces that are there, and whole sizes: it opens at the face that stands in for a
-        // missing one, and what the user leaves as it is shown stays what it was.
+        // The dialog knows only installed faces and whole sizes: it opens at the face that stands in for a
+        // missing one, and what the user leaves unchanged in it stays what it was before.
         QFont offered = dialog.Font;
         if (!QFontDatabase::hasFamily(offered.family()))
             offered.setFamily(QFontInfo(offered).family());

@@ -39,7 +39,8 @@ std::invoke_result_t<Body&> guardedCall(Body&& body)
     return std::invoke_result_t<Body&>();
 }
 
-/// A handler runs for as long as it lives; what waits for the last one is done at its end.
+/// A handler runs as long as one of these lives. The end of the last one does what `whenHandlersReturn` was
+/// given.
 class HandlerRun
 {
 public:

@@ -23,8 +23,8 @@ std::filesystem::path nativePath(const QString& path)
     return QFile::encodeName(path).toStdString();
 }
 
-/// What lies at a path. When that can't be told, the file may well be there: taken for missing, all that it
-/// holds would be lost with the next write.
+/// What lies at a path. Throws RuntimeError(PathFileAccess) when that can't be told: a file that is taken for
+/// missing would be lost with the next write.
 std::filesystem::file_type known(const std::filesystem::file_status& status, const std::error_code& failure)
 {
     if (status.type() == std::filesystem::file_type::none)
@@ -32,7 +32,7 @@ std::filesystem::file_type known(const std::filesystem::file_status& status, con
     return status.type();
 }
 
-/// The same at the end of all links.
+/// What lies at a path, at the end of all links.
 std::filesystem::file_type typeOf(const QString& path)
 {
     std::error_code failure;
@@ -73,8 +73,8 @@ bool isProtected(const QFileInfo& file)
     return fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
 }
 
-/// Writes and checks everything that can be checked before the old file is replaced. On a full disk one
-/// large write comes back short and all later steps report success: the count is the only witness.
+/// Writes and checks everything that can be checked before the old file is replaced. On a full disk one large
+/// write comes back short and all later steps report success: only the count shows it.
 [[nodiscard]] bool writeWhole(QSaveFile& file, const QByteArray& bytes)
 {
     return file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size() &&
@@ -119,9 +119,8 @@ void writeFile(const QString& path, const QByteArray& bytes)
     const QFileInfo old(followLinks(path));
     const std::filesystem::file_type type = typeOf(old.filePath());
     const bool replaces = type != std::filesystem::file_type::not_found;
-    if (replaces &&
-        type !=
-            std::filesystem::file_type::regular) // replacing a device by a file would harm the whole system
+    // To put a file in the place of a device would harm the whole system.
+    if (replaces && type != std::filesystem::file_type::regular)
         refuse(QStringLiteral("Not a regular file"));
     if (replaces && isProtected(old))
         refuse(QStringLiteral("The file is write-protected"));

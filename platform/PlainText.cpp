@@ -7,7 +7,7 @@
 
 QString wholeText(const QPlainTextEdit& box)
 {
-    QString text = box.document()->toRawText(); // the plain text has blanks for no-break blanks
+    QString text = box.document()->toRawText(); // `toPlainText` would make blanks of no-break blanks
     for (const QChar lineEnd : {QChar(QChar::ParagraphSeparator), QChar(QChar::LineSeparator)})
         text.replace(lineEnd, QLatin1String("\r\n"));
     return text;

@@ -17,8 +17,9 @@ About::About()
     setWindowFlag(Qt::WindowMinMaxButtonsHint, false);
 
     auto* icon = new QLabel(this);
-    // The toolkit keeps the name of each icon's pictures for ever, so there is one icon. It is never deleted,
-    // as the library that draws it may go first.
+    // One icon for all instances of the window: the toolkit never forgets the names of an icon's pictures, so
+    // new icons would cost ever more memory. It is not deleted, as the library that draws it may be unloaded
+    // first.
     static const auto* picture = new QIcon(QStringLiteral(":/brindlemark.svg"));
     icon->setPixmap(picture->pixmap(64, 64));
     auto* name = new QLabel(ProgramName, this);
@@ -31,7 +32,7 @@ About::About()
                    this);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setDefault(true);
-    buttons->button(QDialogButtonBox::Close)->setIcon(QIcon()); // as all buttons with words
+    buttons->button(QDialogButtonBox::Close)->setIcon(QIcon()); // no button with words has one
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(28, 24, 28, 20);

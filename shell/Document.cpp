@@ -116,8 +116,8 @@ void Document::bringBack(const Journal::Leftover& left)
         m_name = left.document;
 }
 
-/// Nothing of it is to be kept, but for a text that should have been saved and could not be. That waits for
-/// the next start.
+/// Removes what the journal keeps, but for a text that the user wanted saved and that could not be: the next
+/// start offers that one.
 void Document::settle()
 {
     m_keptRevision = m_revision;

@@ -11,7 +11,7 @@ class EditedText;
 /// How an attempt to save ended.
 enum class SaveResult {
     Saved,
-    Cancelled, ///< the user took no name for it
+    Cancelled, ///< the user chose no name for it
     Failed,    ///< the file could not be written; the user has been told
     Unread, ///< the design surface gave no answer, so that there was nothing to save; the user has been told
 };
@@ -45,28 +45,29 @@ public:
     /// How often its text has changed.
     qint64 revision() const { return m_revision; }
 
-    /// The text has changed. Empty, it has nothing to save.
+    /// To be called when the text has changed. An empty text has nothing to save.
     void textChanged();
-    /// The user was in the text, which counts as a change unless it is empty: a question too many loses
-    /// nothing.
+    /// To be called when the user has clicked or moved in the text. That is meant to count as a change too,
+    /// unless the text is empty: one save question too many loses nothing.
     void textTouched();
 
-    /// Makes it an empty one without a name.
+    /// Makes it an empty document without a name.
     void blank();
     /// Makes it what the file at `path` holds. As loading is a change of the text, it counts as unsaved.
     /// Throws RuntimeError as `readFile` does, and for a file of more than `EditedText::MostBytes`; it is
     /// blank then.
     void open(const QString& path);
-    /// Writes `bytes` and a line end to `path`, and is of that name then, without unsaved changes. False for
-    /// `isText`: the bytes are not its text, which stays in the journal. Throws RuntimeError(PathFileAccess);
-    /// all is as it was then.
+    /// Writes `bytes` and a line end to `path`; from then on the document has that name and no unsaved
+    /// changes. `isText` is false when the bytes are not its text, which then stays in the journal. Throws
+    /// RuntimeError(PathFileAccess), and changes nothing then.
     void save(const QString& path, const QByteArray& bytes, bool isText);
     /// Writes `bytes` as one record: a line end closes it. Throws RuntimeError(PathFileAccess).
     static void writeRecord(const QString& path, const QByteArray& bytes);
 
-    /// The user wants it saved. Until it has come to a file, what is kept of it outlives the program.
+    /// Whether the user wants it saved. If so, what the journal keeps of it outlives the program until a file
+    /// has it.
     void setToBeSaved(bool wanted) { m_toBeSaved = wanted; }
-    /// Keeps the text when it should have been saved and is not.
+    /// Keeps the text in the journal when the user wanted it saved and it is not.
     void keepIfToBeSaved();
 
     /// Keeps the text in the journal when it has changed since it was last kept, saved or loaded.
@@ -94,7 +95,8 @@ public:
     static const QString Untitled;
 
 signals:
-    /// A file has the text now, or it is no more: what was kept of it is gone.
+    /// A file has the text now, or another document has taken its place: edits up to here need not be kept
+    /// any more.
     void settled();
 
 private:
@@ -105,7 +107,7 @@ private:
     QString m_name = Untitled;
     bool m_dirty = false;
     qint64 m_revision = 0;
-    qint64 m_keptRevision = 0;  // when it was last kept, saved or loaded
+    qint64 m_keptRevision = 0;  // the one that was last kept, saved or loaded
     bool m_surfaceKept = false; // what is kept is an edit on the design surface, which the text lacks
     bool m_toBeSaved = false;
 };

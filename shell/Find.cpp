@@ -110,8 +110,9 @@ int Find::searchSource() const
     return m_source->Find(m_source->encode(Text1->Text()), NextStart, -1, WordFlag | CaseFlag);
 }
 
-/// Searches for the user, who reads when there is nothing. A hit at the very start of the text, position 0,
-/// is selected and told as not found all the same. Returns the hit's position, or less than 1.
+/// Searches, and tells the user when nothing was found. A hit at the very start of the text, position 0, is
+/// selected and yet told as not found, which is meant: what users know stays. Returns the hit's position, or
+/// less than 1.
 int Find::findText() const
 {
     if (!m_source)
@@ -129,13 +130,13 @@ int Find::findText() const
     return hit;
 }
 
-/// Finds the same place again each time: `NextStart` stays.
+/// Meant to find the same place each time, so that the user comes back to it: `NextStart` stays.
 void Find::Command8_Click()
 {
     findText();
 }
 
-/// Past the last hit each further search fails: `NextStart` isn't set back.
+/// Meant to find nothing past the last hit, so that the user knows the end: `NextStart` isn't set back.
 void Find::Command3_Click()
 {
     const int hit = findText();
@@ -152,7 +153,8 @@ void Find::Command7_Click()
     searchSource(); // says nothing when there is no more
 }
 
-/// Letter for letter: neither box plays a part.
+/// Meant to compare letter for letter, whatever the two boxes say: it replaces nothing that the user has not
+/// typed.
 void Find::Command6_Click()
 {
     const QString find = Text1->Text();

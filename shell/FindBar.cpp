@@ -101,7 +101,7 @@ void FindBar::findPrevious()
     find(true);
 }
 
-/// Escape is the bar's own key, also in a window that has a use for it.
+/// Takes Escape for the bar before the window does, which may close on it.
 bool FindBar::event(QEvent* event)
 {
     return guardedCall([&] {
@@ -125,7 +125,7 @@ void FindBar::keyPressEvent(QKeyEvent* event)
     });
 }
 
-/// Keeps the bar at the surface's upper right corner, and goes with the surface.
+/// Keeps the bar at the surface's upper right corner, and hides it with the surface.
 bool FindBar::eventFilter(QObject* watched, QEvent* event)
 {
     return guardedCall([&] {

@@ -17,6 +17,7 @@ struct Entry
     Region region;
 };
 
+// The captions are spelt as users know them: a misspelt one is meant to stay.
 constexpr std::array<Entry, 10> Entries = {{
     {&FrmPop::mucell, "muDesc", "Description:", Region::DescriptionCell},
     {&FrmPop::mucell, "mupayment", "For payment I do accept:", Region::PaymentCell},

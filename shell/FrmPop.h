@@ -5,8 +5,8 @@
 
 #include <QMenu>
 
-/// Carries the menus that other windows open at the mouse; never shown itself. Each entry selects a part of
-/// the listing in the source box (see `selectRegion`).
+/// Carries menus for other windows; never shown itself. Each entry selects a part of the listing in the
+/// source box (see `selectRegion`). The button `CmdCell` opens `mucell`; nothing opens the other two yet.
 class FrmPop : public Form
 {
     Q_OBJECT

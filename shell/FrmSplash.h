@@ -23,5 +23,5 @@ protected:
 private:
     void Timer2_Timer();
 
-    QTimer Timer2{this}; // runs out when the main window is to be loaded
+    QTimer Timer2{this}; // its end begins the loading of the main window
 };

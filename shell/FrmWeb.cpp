@@ -44,6 +44,7 @@ struct ToolButton
 
 constexpr bool BeginsGroup = true;
 
+// The tool tips are spelt as users know them: a misspelt one is meant to stay.
 constexpr std::array<ToolButton, ToolCount> ToolButtons = {{
     {Tool::New, "New", "document-new", &Ui::FrmWeb::MnNew, Usable::Always},
     {Tool::Open, "Open", "document-open", &Ui::FrmWeb::MnOpen, Usable::Always},
@@ -168,7 +169,8 @@ void FrmWeb::buildToolbar()
             Toolbar1->addSeparator();
         QAction* button =
             Toolbar1->addAction(namedIcon(entry.icon, this), QString::fromLatin1(entry.toolTip));
-        Toolbar1->widgetForAction(button)->setFocusPolicy(Qt::TabFocus); // some tools have no menu entry
+        // Some tools have no menu entry: without this the keyboard could not reach them.
+        Toolbar1->widgetForAction(button)->setFocusPolicy(Qt::TabFocus);
         m_toolButtons.at(size_t(entry.tool)) = button;
         on(button, &QAction::triggered, this, [this, entry] { Toolbar1_ButtonClick(entry.tool); });
     }
@@ -237,7 +239,8 @@ void FrmWeb::connectHandlers()
     on(RichTextBox1, &RichTextBox::FilesDropped, this, &FrmWeb::RichTextBox1_FilesDropped);
 }
 
-/// Puts the bars of the three pages in place and what they leave free below them; sizes follow the window's.
+/// Puts the bars of the three pages in place and their views below them; the views get their sizes in
+/// `placeControls`.
 void FrmWeb::arrangeFrames()
 {
     struct Page
@@ -246,7 +249,7 @@ void FrmWeb::arrangeFrames()
         QWidget* bar;
         std::initializer_list<QWidget*> views;
     };
-    constexpr int Inset = 8; // half of the 250 twips that the rule leaves beside a frame
+    constexpr int Inset = 8; // pixels: half of what `resized` takes off a frame's width
     constexpr int Gap = 4;
     for (const Page& page :
          {Page{Frame1, RegionBar, {RichTextBox1, Picture1}},
@@ -380,9 +383,9 @@ void FrmWeb::munfind_Click()
     }
 }
 
-/// Keeps the source in the journal, from which the next start offers it, and as `Recovered.htm`, an earlier
-/// one as `Recovered.old.htm`, before a fatal error ends the program; where the program's folder refuses it,
-/// in the user's own.
+/// Keeps the source before a fatal error ends the program: in the journal, from which the next start offers
+/// it, and as `Recovered.htm` in the first folder that takes it. An earlier `Recovered.htm` becomes
+/// `Recovered.old.htm`. Returns what the user is told of it.
 QString FrmWeb::keepText()
 {
     const QByteArray text = RichTextBox1->Text();

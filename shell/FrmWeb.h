@@ -27,7 +27,7 @@ public:
     FrmWeb();
     ~FrmWeb() override;
 
-    /// The document; what it is called and whether it is saved is said here.
+    /// The document, which knows its name and whether it is saved.
     Document& document() const { return *m_document; }
     bool Dirty() const { return m_document->isDirty(); }
     /// The full path of its file, or "Untitled".
@@ -40,8 +40,7 @@ public:
     bool highlighted = false;
 
     /// Asks whether to save, and saves on Yes; the answer stands in `SaveCancelled` and `SaveDeclined`.
-    /// False: the document is not to be given up, by the user's Cancel, or as it could not be read to be
-    /// saved.
+    /// False: the document must stay, as the user cancelled, or as it could not be read to be saved.
     [[nodiscard]] bool Checksafe();
     /// Asks for a file to save to, proposing `initial`; empty when the user cancels.
     QString GetFileName(const QString& initial);
@@ -51,7 +50,7 @@ public:
     /// The colour text of a colour number. Consumes its argument: what is left in it is the part above red
     /// and green.
     QString GetHexColor(int& color) const;
-    /// The text as it goes out: each character combined with a key of zero, so that it stays as it is.
+    /// The text as it goes out, which is the text itself: nothing is encoded.
     QString etxt(const QString& text) const;
 
     /// Asks whether unsaved text that an earlier run of the program left shall come back, and makes it the

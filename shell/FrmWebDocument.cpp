@@ -28,7 +28,7 @@ const QString FileFilter = QStringLiteral("HTML Files (*.htm)|*.htm|Text files (
 const QByteArray BlankDocument =
     QByteArray("<HEAD>\r\n") + GeneratorStart + "name=GENERATOR></HEAD>\r\n<BODY></BODY>";
 
-/// What takes about a second to open, in bytes.
+/// A file of so many bytes takes about a second to open.
 constexpr qint64 LongFile = 50'000'000;
 
 void sayCannotSave()
@@ -55,7 +55,7 @@ bool FrmWeb::Checksafe()
             keepUnread();
         const SaveResult result = save();
         if (SSTab1->Tab() != InternetTab)
-            m_document->keepIfToBeSaved(); // it goes all the same, but not for good
+            m_document->keepIfToBeSaved(); // the document goes all the same; the journal has its text
         return result != SaveResult::Unread;
     }
     case MsgAnswer::No:
@@ -67,8 +67,8 @@ bool FrmWeb::Checksafe()
     }
 }
 
-/// Whether the document may go: asks when it has unsaved changes. A Cancel to an earlier question still
-/// holds.
+/// Whether the document may go: asks when it has unsaved changes. A Cancel to an earlier question is meant to
+/// hold until another question: what the user refused to lose must not go unasked.
 bool FrmWeb::mayGiveUp()
 {
     return (!Dirty() || Checksafe()) && !SaveCancelled();
@@ -239,7 +239,7 @@ void FrmWeb::insertPictures(const QStringList& paths, int position)
         tellOfDrop(QStringLiteral("Not inserted: %1").arg(others.join(QStringLiteral(", "))));
 }
 
-/// In the status line, and where the user is looking, as the tab Editor doesn't show that line.
+/// Tells it in the status line and at the mouse, as the tab Editor doesn't show that line.
 void FrmWeb::tellOfDrop(const QString& text)
 {
     Label1->setText(text);
@@ -285,7 +285,7 @@ SaveResult FrmWeb::save()
     return write(m_document->name());
 }
 
-/// The same under a name that the user gives.
+/// Saves under a name that the user gives.
 SaveResult FrmWeb::saveAs()
 {
     CommonDialog dialog;
@@ -306,8 +306,8 @@ SaveResult FrmWeb::saveAs()
     return result;
 }
 
-/// Writes what `FetchSource` gives. On the tab Internet that is an empty record in place of the document,
-/// which the journal goes on keeping.
+/// Writes what `FetchSource` gives. On the tab Internet, which holds no document, that is meant to be an
+/// empty record; the user loses nothing, as the journal goes on keeping the text.
 SaveResult FrmWeb::write(const QString& path)
 {
     QByteArray text;

@@ -46,7 +46,7 @@ void FrmWeb::loadEditorFont()
     const Profile settings(webIni());
     QFont font = RichTextBox1->textFont();
     const QString name = fontSetting(settings, "name");
-    if (!name.isEmpty()) // no face is called by no name: the one that is there stays
+    if (!name.isEmpty()) // no face has an empty name: the present one stays
         font.setFamily(name);
     font.setPointSizeF(qBound(1.0F, toSingle(fontSetting(settings, "size")), 500.0F));
     font.setBold(toBoolean(fontSetting(settings, "bold")));
@@ -84,7 +84,7 @@ void FrmWeb::munsetfont_Click()
     if (!dialog.ShowFont())
         return;
     const QFont before = RichTextBox1->textFont();
-    QFont font = before; // takes these four alone
+    QFont font = before; // the four below are all that is taken from the dialog
     font.setFamily(dialog.Font.family());
     font.setPointSizeF(dialog.Font.pointSizeF());
     font.setBold(dialog.Font.bold());
@@ -94,8 +94,8 @@ void FrmWeb::munsetfont_Click()
     const Profile settings(webIni());
     QList<ProfileValue> values;
     const auto keep = [&](const char* key, bool changed, const QString& value) {
-        if (changed ||
-            fontSetting(settings, key).isEmpty()) // what the user left stays as the settings have it
+        // What the user has not changed stays in the settings as it is written there.
+        if (changed || fontSetting(settings, key).isEmpty())
             values << ProfileValue{FontSection, QString::fromLatin1(key), value};
     };
     keep("name", font.family() != before.family(), font.family());
@@ -150,7 +150,7 @@ void FrmWeb::colorSource(std::optional<int> (*color)(const char* key))
     uncoverSource();
 }
 
-/// The user may have closed the waiting window meanwhile.
+/// Hides the waiting window, unless the user has closed it, and the source's cover.
 void FrmWeb::uncoverSource()
 {
     if (Wait* wait = loaded<Wait>())

@@ -77,7 +77,8 @@ void FrmWeb::connectInternet()
 }
 
 /// Goes to the address in the box, and keeps a new one in the list at once, before anybody knows that it is
-/// right. One that is in the list, but was not the last to be chosen, is asked for twice.
+/// right. One that is in the list, but was not the last to be chosen, is asked for twice, which is meant: the
+/// second request takes the place of the first, and the user sees one page.
 void FrmWeb::Command14_Click()
 {
     const QString address = Combo3->Text();

@@ -21,7 +21,7 @@ namespace {
 constexpr auto KeepEvery = 10s;
 constexpr auto TryAgain = 1s;
 
-/// The generator that a page names which has come from the design surface and not yet been stamped.
+/// The end of the generator tag in a page that has come from the design surface and is not stamped yet.
 constexpr char SurfaceGenerator[] = "\"Brindlemark surface\" name=GENERATOR>";
 
 QString question(const Journal::Leftover& left)
@@ -71,7 +71,7 @@ void FrmWeb::keepUnread()
 {
     keepUnsavedText();
     try {
-        WebBrowser1->innerHtml(); // answers behind the question that was just asked
+        WebBrowser1->innerHtml(); // the page answers in turn: its edits have been heard of when this returns
     } catch (const SurfaceLost&) {
         // Then there is no more than what was kept before.
     }
@@ -82,7 +82,7 @@ void FrmWeb::offerUnsavedText()
     while (const std::optional<Journal::Leftover> left = m_document->takeLeftover()) {
         if (MsgBox(question(*left), ProgramTitle, MsgIcon::Question, MsgButtons::YesNo) == MsgAnswer::Yes) {
             bringBack(*left);
-            return; // others wait for their turn
+            return; // other texts are offered at the next start
         }
         m_document->dropLeftover();
     }

@@ -62,7 +62,8 @@ constexpr std::array<Question, 3> Questions = {{
     {&U::munemailink, "Enter your email address.", "E-Mail", "", "<A href=\"Mailto:", "\">E-Mail Me</A>"},
 }};
 
-/// An entry that asks for a scrolling text; an empty one scrolls too.
+/// An entry that asks for a scrolling text. An empty one and Cancel are meant to insert the tag too: the user
+/// fills it in later.
 struct Marquee
 {
     QAction* U::*entry;

@@ -69,6 +69,7 @@ void FrmWeb::editListing(const QByteArray& page)
         RichTextBox1->setText(QByteArray());
         RichTextBox1->setText(page);
     }
+    // Behind the tab Preview the text is meant to be set once more: each time is a step of undo.
     if (tab() == EditorTab)
         RichTextBox1->setText(page);
     if (highlighted)

@@ -102,7 +102,7 @@ void FrmWeb::Option1_Click()
     WebBrowser1->show();
     WebBrowser3->hide();
     setDesignTools(true);
-    keepUnsavedText(); // what was typed before the preview is about to be written over
+    keepUnsavedText(); // what was typed before "Off" goes now: the preview's copy replaces it
     // A preview that could not be shown has nothing to give; the user knows.
     writeSurface(WebBrowser1, WebBrowser3->hasDocument() ? readSurfaceOrLast(WebBrowser3) : m_lastShown);
 }
@@ -135,7 +135,8 @@ void FrmWeb::Combo1_Click()
     surfaceCommand(QStringLiteral("FontName"), Combo1->Text());
 }
 
-/// Enter takes the text for an address, as Enter does in every box of the program that is no list.
+/// Meant to take the text for an address and open it on the surface; a user who wants the font picks it from
+/// the list.
 void FrmWeb::Combo1_EnterPressed()
 {
     WebBrowser1->Navigate(Combo1->Text());
@@ -178,7 +179,7 @@ void FrmWeb::showSource(DocumentSurface* surface)
     writeSurface(surface, RichTextBox1->decode(RichTextBox1->Text()));
 }
 
-/// Shows a document on a surface. The user reads why when that fails.
+/// Shows a document on a surface, or tells the user why that fails.
 void FrmWeb::writeSurface(DocumentSurface* surface, const QString& html)
 {
     if (surface == WebBrowser1)

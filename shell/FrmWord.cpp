@@ -34,8 +34,8 @@ FrmWord::FrmWord()
     LoadList(listFile(), *List1);
     const QString section = QStringLiteral("Quickword");
     const QString key = QStringLiteral("chk");
-    if (ReadProfile(section, key, webIni())
-            .isEmpty()) // unlike the other boxes, this one has to be in the file
+    // Meant: unlike the other boxes, this one has to be in the file.
+    if (ReadProfile(section, key, webIni()).isEmpty())
         throw RuntimeError(ErrorNumber::TypeMismatch);
     setClosingBox(Check1, section, key);
 
@@ -61,7 +61,7 @@ void FrmWord::saveList() const
     SaveList(listFile(), *List1);
 }
 
-/// A quick note: takes an empty text too, and leaves saving to the next button that saves.
+/// Meant for quick notes: takes an empty text too, and leaves saving to the next button that saves.
 void FrmWord::Text1_EnterPressed()
 {
     addPhrase();
@@ -106,9 +106,9 @@ void FrmWord::Command3_Click()
     saveList();
 }
 
-/// Hands the selected phrases to `use` one by one and unselects them, until the window goes: by its box, or
-/// by the user's hand while events are served. Handlers may change the list meanwhile, so each round asks it
-/// anew.
+/// Hands the selected phrases to `use` one by one and unselects them, until the window is closed: because its
+/// box is ticked, or by the user while events are served. Handlers may change the list meanwhile, so each
+/// round asks it anew.
 template <typename Use>
 void FrmWord::useSelected(Use use)
 {

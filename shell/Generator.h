@@ -3,7 +3,7 @@
 
 class RichTextBox;
 
-/// Names the product in each generator tag that the engine has written in its own name. The caret stays.
-/// Throws RuntimeError(InvalidPropertyValue) for a "<META content=" behind which no generator tag ends: it is
-/// selected then, and the tags in front of it are stamped.
+/// Puts the product's name and number into each generator tag, in place of what stands there. The caret
+/// stays. Throws RuntimeError(InvalidPropertyValue) for a "<META content=" behind which no generator tag
+/// ends: it is selected then, and the tags in front of it are stamped.
 void stampGenerator(RichTextBox& box);

@@ -18,7 +18,7 @@ GeneratorTags findGeneratorTags(QByteArrayView text)
             tags.torn = TextRange{tag, opening.size()};
             break;
         }
-        from = name + 1; // another tag's start in between is replaced with it
+        from = name + 1; // what stands in between is replaced too, the start of another tag as well
         tags.starts.push_back({tag, from - tag});
     }
     return tags;

@@ -35,9 +35,10 @@ void run(QByteArrayView text, const Pass& pass, const Paint& paint)
     const TextSearch closing(pass.closing);
     qsizetype close = 0;
     for (qsizetype open = opening.indexIn(text, 0); open != -1; open = opening.indexIn(text, open + 1)) {
-        if (close != -1 && close < open + 2) // a closing text further on still is the next one
+        if (close != -1 && close < open + 2) // else the one that was found last is still the next
             close = closing.indexIn(text, open + 2);
-        // Without a closing text the length is negative, or a few characters at the very start of the text.
+        // Without a closing text `close` is -1 and the length negative, so that nothing is coloured, but for
+        // a few characters when the opening text stands at the very start.
         const qsizetype start = open + pass.startOffset;
         const qsizetype length = close - open + pass.extraLength;
         paint(TextRange{start, std::clamp<qsizetype>(length, 0, text.size() - start)}, open);

@@ -17,7 +17,7 @@
 
 namespace {
 
-/// Text colour of the icon set's files, in place of which goes the ink.
+/// The colour in which the files of the icon set are drawn; the ink takes its place.
 constexpr char DrawnInk[] = "#232629";
 
 class NamedIconEngine : public QIconEngine

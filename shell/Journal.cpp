@@ -42,7 +42,8 @@ QByteArray sealed(QByteArray text, const QString& document)
     return text += Middle + sum + Closing;
 }
 
-/// What a file gives back. Without its last line it was torn, and all of it is what remains.
+/// What a file of the journal holds. One without a whole last line was cut off: what is there is given back
+/// as damaged.
 Journal::Leftover unsealed(const QByteArray& bytes)
 {
     const qsizetype opening = bytes.lastIndexOf(Opening);
@@ -57,7 +58,8 @@ Journal::Leftover unsealed(const QByteArray& bytes)
 
 } // namespace
 
-/// A file name that is this program's alone as long as the object lives. Its end leaves the text's file.
+/// A file name that is this program's alone as long as the object lives. When the object goes, the file with
+/// the text stays.
 class Journal::Place
 {
 public:
@@ -70,7 +72,7 @@ public:
             return nullptr;
         std::unique_ptr<Place> place(new Place(path, lock, handle));
         if (flock(handle, LOCK_EX | LOCK_NB) != 0 || !place->isCurrent()) {
-            place->m_lock.clear(); // the other's
+            place->m_lock.clear(); // the lock file is the other program's and stays
             return nullptr;
         }
         return place;
@@ -91,7 +93,8 @@ private:
     {
     }
 
-    /// Not when a program that was just leaving has removed the name of the file that is locked now.
+    /// Whether the locked file is still the one of that name: a program that was just ending may have removed
+    /// it.
     bool isCurrent() const
     {
         struct stat named = {};
@@ -147,7 +150,7 @@ void Journal::leave()
     m_writer.start([this] { m_place.reset(); });
 }
 
-/// To the file in use, or else to a new one in the first folder that takes it.
+/// Writes to the file in use, or else to a new one in the first folder that takes it.
 void Journal::write(const QByteArray& bytes)
 {
     if (m_place) {
@@ -155,7 +158,7 @@ void Journal::write(const QByteArray& bytes)
             writeFile(m_place->path(), bytes);
             return;
         } catch (const RuntimeError&) {
-            // Full, perhaps; there may be room elsewhere.
+            // The disk may be full; another folder may have room.
         }
     }
     for (const QString& folder : m_folders) {
@@ -176,10 +179,10 @@ bool Journal::writeElsewhere(const QString& folder, const QByteArray& bytes)
         try {
             writeFile(path, bytes);
         } catch (const RuntimeError&) {
-            return false; // nor would it take another name; the user goes on without a copy where none does
+            return false; // the folder would refuse other names too; where all refuse, there is no copy
         }
         if (m_place)
-            QFile::remove(m_place->path()); // older now
+            QFile::remove(m_place->path()); // it holds the older text
         m_place = std::move(place);
         return true;
     }
@@ -204,7 +207,7 @@ std::optional<Journal::Leftover> Journal::takeLeftover()
             m_place = std::move(place);
             if (!leftover.text.isEmpty())
                 return leftover;
-            clear(); // torn before the first byte
+            clear(); // cut off before the first byte
             finish();
         }
     }

@@ -9,10 +9,10 @@
 #include <memory>
 #include <optional>
 
-/// The unsaved text of one document, kept in a file for the case that the program is ended from outside. The
-/// file, "Brindlemark-unsaved-1.htm" or another number, holds the text and, as a comment in its last line,
-/// whose text it is and a checksum. While a program uses a number it holds a lock on a file beside it, which
-/// the system gives up when the program ends in whatever way: so programs that share a folder never take each
+/// The unsaved text of one document, kept in a file in case the program is ended from outside. The file,
+/// "Brindlemark-unsaved-1.htm" or another number, holds the text and, as a comment in its last line, whose
+/// text it is and a checksum. While a program uses a number it holds a lock on a file beside it, which the
+/// system gives up when the program ends in whatever way: so programs that share a folder never take each
 /// other's text, and a text without a holder is one that was left.
 ///
 /// Texts are written by a thread of the journal's own. Nothing here raises errors: a text that can't be kept
@@ -62,6 +62,6 @@ private:
 
     QStringList m_folders;
     QThreadPool m_writer;
-    std::unique_ptr<Place> m_place; // while the writer works, its own
+    std::unique_ptr<Place> m_place; // only the writer uses it while it works
     bool m_holds = false;
 };

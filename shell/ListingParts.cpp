@@ -34,7 +34,7 @@ std::optional<TextRange> findRegion(QByteArrayView text, Region region)
     qsizetype end = 0;
     for (qsizetype start = opening.indexIn(text, 0); start != -1 && end != -1;
          start = opening.indexIn(text, start + 1)) {
-        if (end <= start) // a closing marker further on still is the next one
+        if (end <= start) // else the one that was found last is still the next
             end = closing.indexIn(text, start);
         const qsizetype begin = start + pair.opening.size();
         inside = TextRange{begin, end - begin};

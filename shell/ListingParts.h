@@ -15,7 +15,7 @@
 [[nodiscard]] std::optional<TextRange> findRegion(QByteArrayView text, Region region);
 
 /// The design style of the listing, the lowest of several. Style markers are looked for from the byte `from`
-/// on, and one at the very start of the text doesn't count.
+/// on, and one at the very start of the text is meant not to count: no listing begins with it.
 [[nodiscard]] std::optional<size_t> listingStyle(QByteArrayView text, qsizetype from);
 
 /// How much of the beginning is selected where a part is missing: `WorkingSelection` bytes, but whole

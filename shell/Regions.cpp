@@ -36,7 +36,7 @@ void selectRegion(RichTextBox& source, Region region)
     source.setSelLength(int(lengthOfBeginning(text, source.textEncoding())));
     if (const std::optional<TextRange> inside = findRegion(text, region)) {
         source.setSelStart(int(inside->start));
-        source.setSelLength(int(inside->length)); // refused where the closing marker is gone
+        source.setSelLength(int(inside->length)); // throws where the closing marker is missing
     }
 }
 

@@ -15,7 +15,8 @@ void selectRegion(RichTextBox& source, Region region);
 
 /// Enables the buttons and the cell entry for the parts that the document's design style has, and disables
 /// the buttons for a document without a style marker. Style markers are looked for from the selection on, and
-/// one at the very start of the text doesn't count. The caret stays. False: no style marker was found.
+/// one at the very start of the text doesn't count (see `listingStyle`). The caret stays. False: no style
+/// marker was found.
 bool updateStyleButtons(FrmWeb& main);
 
 /// The same, with the two buttons that a new page from the wizard leaves as they are: `CmdOffLeg`, and

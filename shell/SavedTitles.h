@@ -10,5 +10,5 @@ class ComboBox;
 
 /// Asks for the title of a set that is to be kept. A new title joins the list, which shows it then, and the
 /// list's file is written anew. For one that is in the list, to the letter, the user is asked whether the set
-/// may be replaced. Empty: nothing is to be kept.
+/// may be replaced. Returns the title; empty when nothing is to be kept.
 QString askForTitle(ComboBox& titles, const QString& listFile, const QString& prompt, const QString& caption);

@@ -6,7 +6,7 @@
 class ComboBox;
 class QLabel;
 
-/// Adds the names of the screen's fonts to a list, from a place in their order on.
+/// Adds the names of the screen's fonts to a list, in order, but for the first `first` of them.
 void addScreenFonts(ComboBox& list, int first);
 
 /// Lets a label say that a sample is an approximation, because the font is not on this computer; hides it

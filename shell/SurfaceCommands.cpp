@@ -17,7 +17,7 @@ struct Size
 constexpr Size Sizes[] = {{"Normal", "3"}, {"8", "1"},  {"10", "2"}, {"12", "3"},
                           {"14", "4"},     {"18", "5"}, {"24", "6"}, {"36", "7"}};
 
-/// The other side of the first size whose one side is `text`.
+/// The `to` of the first size whose `from` is `text`; null when there is none.
 const char* translate(const QString& text, const char* Size::*from, const char* Size::*to)
 {
     for (const Size& size : Sizes) {
@@ -53,7 +53,7 @@ void askForLink(DocumentSurface& surface)
         doors().inputBox(QStringLiteral("Address of the link (empty for none):"), QStringLiteral("Hyperlink"),
                          surface.currentLink());
     if (address)
-        static_cast<void>(surface.setLink(*address)); // as in `runCommand`
+        static_cast<void>(surface.setLink(*address)); // the user sees the page, as in `runCommand`
 }
 
 void runCommand(DocumentSurface& surface, const QString& id, const QString& value)

@@ -11,8 +11,8 @@ class CheckBox;
 /// "1" or "0".
 void keepInSettings(CheckBox* box, const QString& section, const QString& key);
 
-/// Runs what makes a page or a part of one. Where there is not enough memory for it, it ends there, and the
-/// user is told. What it changes, it changes last.
+/// Runs `make`, which makes a page or a part of one. Where memory runs out, it ends there and the user is
+/// told; so `make` must change things only when all is made.
 void tellingWantOfMemory(const std::function<void()>& make);
 
 /// A window that makes a fragment of HTML, and gives it to the document or to the clipboard.

@@ -6,7 +6,8 @@
 #include <QByteArray>
 
 /// The map between a document's bytes and the text that the component holds for them, which is UTF-8 in
-/// either encoding: the positions (called inner here) are the document's own only in a UTF-8 document.
+/// either encoding: the component's positions (called inner here) equal the document's only in a UTF-8
+/// document.
 ///
 /// The text is given with each call, as it lies in the component; `changed` tells of each change of it.
 class ByteMap
@@ -26,7 +27,7 @@ public:
     /// The document's position for an inner one.
     qsizetype fromInner(QByteArrayView text, qsizetype position) const;
 
-    /// The text changes from an inner position on.
+    /// To be called when the text changes from an inner position on.
     void changed(qsizetype position);
 
 private:

@@ -103,8 +103,9 @@ void RichTextBox::setUpKeys()
         send(SCI_CLEARCMDKEY, key);
 }
 
-/// The notifications after an edit cost as much as its position, as the component counts characters for
-/// screen readers: they are on only while one is running. Those before an edit cost nothing.
+/// The notifications after an edit take the longer the further back it is, as the component counts the
+/// characters before it for screen readers: they are on only while one is running. Those before an edit cost
+/// nothing.
 void RichTextBox::listenToEdits()
 {
     int events = SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE | SC_MOD_CONTAINER;

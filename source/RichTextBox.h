@@ -149,7 +149,7 @@ private:
     /// in the box, or one that is given, decides.
     std::unique_ptr<WaitCursor> hourglass(qsizetype length = 0) const;
 
-    /// The component's messages with two numbers.
+    /// Sends the component a message with two numbers.
     long send(unsigned message, qsizetype first = 0, qsizetype second = 0) const;
 
     QByteArrayView innerText() const;

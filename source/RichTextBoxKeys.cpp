@@ -73,7 +73,7 @@ bool RichTextBox::leave(bool next)
     return QAbstractScrollArea::focusNextPrevChild(next); // NOLINT(bugprone-parent-virtual-call)
 }
 
-/// Typing over a selection and on is one step of undo, up to whatever comes next: else the first undo would
+/// Typing over a selection, with what is typed on from there, is one step of undo: else the first undo would
 /// leave the first letter in place of what was selected.
 void RichTextBox::beginOvertyping()
 {

@@ -89,7 +89,7 @@ void RichTextBox::dragMoveEvent(QDragMoveEvent* event)
         const QStringList files = answerDrag(event);
         if (!event->isAccepted() || (!files.isEmpty() && !isPictureFile(files.constFirst())))
             return;
-        QsciScintillaBase::dragMoveEvent(event); // shows where it would go
+        QsciScintillaBase::dragMoveEvent(event); // shows where the drop would go
         if (!files.isEmpty()) {
             event->setDropAction(Qt::CopyAction);
             event->accept();
@@ -98,8 +98,8 @@ void RichTextBox::dragMoveEvent(QDragMoveEvent* event)
 }
 
 /// Tells the pointer whether a drop would be taken, and returns the files that are dragged; none for a text.
-/// A file is copied whatever is proposed: who moves one deletes it where it was. Files are asked for once
-/// only: the other program may let go of them at any moment.
+/// A file is copied whatever is proposed: a program that is told of a move would delete it. Files are asked
+/// for once only: the other program may let go of them at any moment.
 QStringList RichTextBox::answerDrag(QDropEvent* event)
 {
     const QMimeData* dragged = event->mimeData();
@@ -132,7 +132,7 @@ void RichTextBox::dropEvent(QDropEvent* event)
     });
 }
 
-/// The component's position of a drop, whose mark goes.
+/// The component's position of a drop. Takes away the mark that showed it.
 qsizetype RichTextBox::dropPosition(const QDropEvent& event)
 {
     QDragLeaveEvent leave;

@@ -11,7 +11,7 @@
 /// How `TextSearch` and `RichTextBox::Find` work. None of them ignores case, takes parts of words and selects
 /// what is found.
 enum FindOption {
-    WholeWord = 2, ///< not where a letter, digit or underline of the text runs on from one of the match
+    WholeWord = 2, ///< not where a word of letters, digits and underlines goes on past an end of the match
     MatchCase = 4,
     NoSelection = 8, ///< `Find` leaves the selection as it is
 };

@@ -48,7 +48,7 @@ bool DocumentSurface::write(const QString& html)
 void DocumentSurface::makeDocument()
 {
     if (content() == Content::Nothing && !isLost() && engineListens())
-        static_cast<void>(writePage(QString())); // what is asked of it next fails, and tells
+        static_cast<void>(writePage(QString())); // where that fails, the next question to the page tells
 }
 
 void DocumentSurface::showDocument()
@@ -56,7 +56,7 @@ void DocumentSurface::showDocument()
     if (hasDocument()) {
         makeDocument();
     } else {
-        static_cast<void>(writePage(QString())); // as before, what is asked of it next tells
+        static_cast<void>(writePage(QString())); // as in `makeDocument`
     }
 }
 
@@ -168,7 +168,7 @@ bool DocumentSurface::insert(const QString& text, const QString& html, std::opti
         const QPointF point = QPointF(*place) / page()->zoomFactor();
         function += QStringLiteral(",[%1,%2]").arg(point.x()).arg(point.y());
     }
-    setLength(length() + html.size()); // what takes time
+    setLength(length() + html.size()); // longer HTML gets more time
     return succeeds(function + u')');
 }
 
@@ -263,7 +263,8 @@ bool DocumentSurface::actOnKey(const QKeyEvent& key)
                                        {QKeySequence::Paste, Qt::Key_Paste, "Paste"}};
     for (const auto& [sequence, ownKey, command] : commands) {
         if (key.matches(sequence) || key.key() == ownKey) {
-            static_cast<void>(execCommand(QString::fromLatin1(command))); // ours, also with nothing to copy
+            // Never the engine's own command, even with nothing to copy.
+            static_cast<void>(execCommand(QString::fromLatin1(command)));
             return true;
         }
     }
@@ -285,7 +286,8 @@ bool DocumentSurface::actOnMouse(const QMouseEvent& mouse, QPoint place)
     return true;
 }
 
-/// The page shows where a drag would go, and moves what is its own.
+/// Leaves it to the page to show where a drag would go and to move its own text; takes drops from elsewhere
+/// itself.
 bool DocumentSurface::actOnDrop(QDropEvent& event, QPoint place)
 {
     if (!takesDrop(event)) {

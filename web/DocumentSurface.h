@@ -38,7 +38,7 @@ public:
 
     /// Calls `heard` with what `innerHtml` would return if the user has edited the design surface since it
     /// was last written, `forgetEdits` was called or the last edit was heard of. Returns at once; the page
-    /// goes on meanwhile as if nothing were asked. A page that can't answer is not heard of.
+    /// goes on meanwhile as if nothing were asked. When the page can't answer, `heard` is not called.
     void readEdits(const std::function<void(const QString& html)>& heard);
     /// Takes the document as unedited from here on.
     void forgetEdits();

@@ -156,7 +156,7 @@ void InternetBrowser::endIfDeaf()
 
 void InternetBrowser::endPatience()
 {
-    if (!engineListens()) { // nor could the page
+    if (!engineListens()) { // nor could the page have answered: it gets more time
         m_patienceTimer.start(SignOfLife);
     } else if (!isLost()) {
         untilDeleted([this] { endRenderer(); });

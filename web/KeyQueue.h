@@ -23,8 +23,8 @@ private:
     std::vector<std::unique_ptr<QKeyEvent>> m_keys;
 };
 
-/// Keys that a page had no use for. They come back in a call of the engine, and must not go on from there:
-/// what the program does on a key may wait for the engine.
+/// Keys that a page had no use for. They come back inside a call of the engine and are passed on later, from
+/// the queue of events: what the program does on a key may wait for the engine.
 class ReturnedKeys
 {
 public:

@@ -12,8 +12,8 @@ public:
     enum class State {
         None,  ///< nothing was loaded yet
         Alive, ///< there, or about to be
-        Ended, ///< and the control's owner has yet to be told
-        Missed ///< ended, and the owner knows
+        Ended, ///< it ended, and the control's owner has yet to be told
+        Missed ///< it ended, and the owner knows
     };
     enum class Event {
         Loads, ///< a page begins to load, in a new renderer where there is none

@@ -75,7 +75,7 @@ void Sample::writeNext()
     reveal();
 }
 
-/// Into an empty page, for which it waits. More may be given meanwhile.
+/// Writes into a new empty page and waits for it. Another page may be given meanwhile.
 void Sample::writeAndWait(const QString& html)
 {
     Q_ASSERT(m_writing == Writing::Nobody);
@@ -109,14 +109,14 @@ void Sample::pageIsThere(bool taken)
 void Sample::rendererEnded()
 {
     WrittenPage::rendererEnded();
-    if (m_writing == Writing::Control) // it tries again by itself
+    if (m_writing == Writing::Control) // `writeAndWait` tries again
         return;
     m_writing = Writing::Nobody; // nobody will say that the page is there
     showAgain();
 }
 
-/// A page that was lost with its renderer: nobody else knows that it has to be written again. One that ends
-/// every renderer stays away.
+/// Shows a page again that was lost with its renderer, a few times at most: one that ends every renderer
+/// stays away.
 void Sample::showAgain()
 {
     if (!m_next && m_tries-- > 0)
@@ -125,7 +125,7 @@ void Sample::showAgain()
         m_writeTimer.start(0);
 }
 
-/// One that can be edited has no use for the Tab key, nor for what comes from elsewhere.
+/// A sample that can be edited takes neither the Tab key nor pastes.
 bool Sample::actOnKey(const QKeyEvent& key)
 {
     if (designMode() == DesignMode::Off)

@@ -20,7 +20,7 @@ public:
     /// When its renderer ends, the page is shown again.
     void writeSoon(const QString& html);
 
-    /// Whether a page that was given is still on its way to the eye. For tests.
+    /// Whether a page that was given is not shown yet. For tests.
     bool isWriting() const { return m_next || m_writing != Writing::Nobody; }
 
 protected:
@@ -33,8 +33,8 @@ private:
     /// Who has the page that was given last.
     enum class Writing {
         Nobody,  ///< it is shown, or waits for its turn
-        Control, ///< it waits for an empty page to put it into
-        Engine,  ///< which has not yet said that it is there
+        Control, ///< the control, which waits for an empty page to put it into
+        Engine,  ///< the engine, which has not yet said that it is shown
     };
 
     void writeNext();
@@ -43,7 +43,7 @@ private:
     void writeAndWait(const QString& html);
 
     QString m_sample;              // what was given last
-    std::optional<QString> m_next; // ... as long as it has yet to be shown
+    std::optional<QString> m_next; // the same, as long as it waits to be shown
     int m_tries = 0;               // how often it may still be shown again
     Writing m_writing = Writing::Nobody;
     QTimer m_writeTimer;

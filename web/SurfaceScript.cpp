@@ -27,7 +27,7 @@ QString resourceText(const QString& path)
 const QString& surfaceScript()
 {
     static const QString script = [] {
-        // The page's elements have names in the same place, but none is a symbol.
+        // Elements with names are properties of the global object too; a symbol can't be one of them.
         return QStringLiteral("(globalThis[Symbol.for('surface')] ?\?= (%1)(%2))")
             .arg(resourceText(QStringLiteral(":/web/surface.js")),
                  resourceText(QStringLiteral(":/web/serialise.js")));
@@ -57,7 +57,7 @@ QString callOrAbsence(const QString& function)
 
 bool isAbsence(const QVariant& result)
 {
-    return result.typeId() == QMetaType::QVariantMap; // the functions return texts, truths and lists
+    return result.typeId() == QMetaType::QVariantMap; // the functions return texts, booleans and lists
 }
 
 QString literal(const QString& text)

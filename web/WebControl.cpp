@@ -93,7 +93,7 @@ void WebControl::makeView()
 
 void WebControl::endView()
 {
-    delete m_view; // its page answers all that is still asked
+    delete m_view; // the page, which goes with it, answers all open questions
     m_view = nullptr;
     m_page = nullptr;
 }
@@ -178,7 +178,7 @@ int WebControl::limit() const
 WebControl::Answer WebControl::ask(const Question& question)
 {
     Q_ASSERT(!EngineCall::isUnderWay()); // what a key or a signal of a page causes comes from the queue
-    if (!m_page || isLost() || !engineListens()) // nobody there, or the user has yet to answer
+    if (!m_page || isLost() || !engineListens()) // no page, or a message of one still waits for the user
         return {};
 
     struct Reply
@@ -251,7 +251,8 @@ void WebControl::linkHovered(const QString& address)
 
 // ---- Loading ---------------------------------------------------------------------------------------------
 
-/// The engine's setting is wider than its name, but of other files the profile's guard lets none through.
+/// The engine's setting opens local files of all kinds to a page; the guard of the profile lets only pictures
+/// through.
 void WebControl::showLocalPictures(bool on)
 {
     m_page->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls, on);
@@ -298,7 +299,7 @@ void WebControl::loadingChanged(const QWebEngineLoadingInfo& info)
         loadingEnded();
         if (ok) {
             tellStatus(QStringLiteral("Done"));
-        } else if (!isLost()) { // the loss is told by itself
+        } else if (!isLost()) { // a loss is told by `rendererDied`
             tellStatus(QStringLiteral("The page %1 could not be opened").arg(shownAddress(info.url())));
         }
         emit navigationFinished(ok);
@@ -342,7 +343,7 @@ QPoint WebControl::placeInView(const QObject* widget, QPointF place) const
     return static_cast<const QWidget*>(widget)->mapTo(m_view, place).toPoint();
 }
 
-/// What the page has no use for.
+/// Gets the keys that the page had no use for.
 void WebControl::keyPressEvent(QKeyEvent* event)
 {
     guardedCall([&] { m_returnedKeys.passOn(*event); });

@@ -63,7 +63,7 @@ protected:
         Loaded   ///< what was loaded from an address
     };
 
-    /// What was asked of a page has come to this.
+    /// What came of a question to a page.
     struct Answer
     {
         std::optional<QVariant> value; ///< none: nobody answered
@@ -115,7 +115,8 @@ protected:
     /// Lets all events but the user's input be handled until `loop` is told to quit, the renderer ends or the
     /// time is up.
     void wait(QEventLoop& loop, int milliseconds);
-    /// Runs what a timer of a control began. A control that is deleted meanwhile has nobody left to tell.
+    /// Runs what a timer of a control began. When the control is deleted meanwhile, the SurfaceLost of its
+    /// question ends here: nobody is left to tell.
     static void untilDeleted(const std::function<void()>& body);
     /// How long a question waits, in milliseconds.
     int limit() const;
@@ -191,7 +192,7 @@ private:
     Content m_content = Content::Nothing;
     QTimer m_lossTimer;
     ReturnedKeys m_returnedKeys{*this};
-    QString m_status; // ... but for the link under the mouse
+    QString m_status; // without the address under the mouse
     bool m_overLink = false;
     int m_zoomLevel = 2;
     int m_patience = 5000;

@@ -73,7 +73,7 @@ QWebEngineProfile* makeProfile()
     auto* profile = new QWebEngineProfile(QCoreApplication::instance()); // without a name: off the record
     profile->installUrlSchemeHandler(BlankScheme, new BlankPage(profile));
     onInner(profile, &QWebEngineProfile::downloadRequested, profile,
-            [](QWebEngineDownloadRequest* download) { download->cancel(); }); // the page tells
+            [](QWebEngineDownloadRequest* download) { download->cancel(); }); // `WebPage` tells the user
 
     QWebEngineSettings* settings = profile->settings();
     settings->setFontFamily(QWebEngineSettings::StandardFont, QStringLiteral("Liberation Serif"));
@@ -105,7 +105,7 @@ void prepareWebEngine()
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1"); // the sandbox can't be made by the superuser
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
         qputenv("QT_QUICK_BACKEND", "software"); // works where there is no OpenGL, and is lighter
-    // Packets of scripts are no requests, and no guard sees them.
+    // Packets that scripts send by WebRTC are no requests, so that no guard sees them: they are switched off.
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") +
                                               " --force-webrtc-ip-handling-policy=disable_non_proxied_udp");
 

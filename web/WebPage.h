@@ -24,8 +24,8 @@ public:
 
     WebPage(Kind kind, QObject* parent);
 
-    /// The program itself is about to load a page: until `arrived`, the document may be left for it, and a
-    /// page that wants to be asked first isn't.
+    /// The program itself is about to load a page: until `arrived`, the document may be left for it, and the
+    /// page's own question whether to leave isn't shown.
     void leaveFor(const QUrl& address)
     {
         m_target = address;

@@ -85,13 +85,13 @@ QString WrittenPage::writeFunction(const QString& html)
 bool WrittenPage::writePage(const QString& html)
 {
     makeView();
-    if (!engineListens()) // a page can't go while the user has yet to answer
+    if (!engineListens()) // a page can't go while a message of it waits for the user
         return false;
     if (!openAndWrite(html)) {
         lossIsTold();
         return false;
     }
-    m_revealTimer.start(0); // behind what is asked in the same breath
+    m_revealTimer.start(0); // after what the same handler still asks
     wakeCaret();
     return true;
 }
@@ -108,7 +108,7 @@ bool WrittenPage::openAndWrite(const QString& html)
         const Answer written = call(function);
         if (written.isTrue())
             return true;
-        if (written.gaveUp) // would only do so again
+        if (written.gaveUp) // the next try would only take as long
             return false;
     }
     return false;
@@ -183,7 +183,7 @@ bool WrittenPage::takesLetters() const
 }
 
 /// A caret that was set before the focus or the page came leaves the view deaf to typed letters. Sets it anew
-/// until not, and holds all keys meanwhile.
+/// until the view takes letters, and holds all keys meanwhile.
 void WrittenPage::wakeCaret()
 {
     if (m_designMode == DesignMode::Off)
@@ -196,7 +196,7 @@ void WrittenPage::wakeCaret()
 void WrittenPage::renewCaret()
 {
     const QWidget* input = inputWidget();
-    if (isLost() || content() == Content::Nothing || !input) // the page that is to come wakes it
+    if (isLost() || content() == Content::Nothing || !input) // the next page wakes the caret
         return;
     if (m_caretTries == 0 || !input->hasFocus()) {
         sendHeldKeys();

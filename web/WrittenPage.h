@@ -9,8 +9,8 @@
 /// elsewhere they do.
 enum class DesignMode { Off, On };
 
-/// A control into which the program writes its pages: it opens the empty page that takes them, and keeps the
-/// caret awake where they can be edited.
+/// A control into which the program writes its pages: it opens the empty page that takes them, and sees to it
+/// that the caret takes letters where they can be edited.
 class WrittenPage : public WebControl
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ public:
 protected:
     WrittenPage(WebPage::Kind kind, QWidget* parent);
 
-    /// For the pages that are written from here on.
+    /// Sets the mode of the pages that are written from here on.
     void setPageDesign(DesignMode mode) { m_designMode = mode; }
 
     /// Replaces the whole document, and waits for it. False: the renderer ended, or did not answer within the
@@ -30,8 +30,8 @@ protected:
     [[nodiscard]] bool writePage(const QString& html);
     /// The call that writes a document, in a page that takes it.
     QString writeFunction(const QString& html);
-    /// Whether the next document can go where the present one is. The scripts of a page live on in its realm,
-    /// so a page with scripts needs a new one.
+    /// Whether the next document can be written into the page that is there. Scripts of the present document
+    /// would live on in it, so where they run a new page is needed.
     bool takesPage() const;
     /// Whether the page's own scripts run in the present document.
     bool scriptsRun() const { return runsScripts(m_openedFor); }
@@ -39,18 +39,19 @@ protected:
     bool isEditable() const;
     /// Lays out what was written (see surface.js).
     void reveal();
-    /// Lays it out now if that is still to come.
+    /// Lays out what was written, if that is still to come.
     void revealSoonest();
     /// Waits, for a while, until the page has all that was typed: what is asked of it next comes behind that.
     void waitForKeys();
-    /// Waits, for a while, until the caret is no more to be set anew: what a command sets at it, such as
-    /// bold and the place of a search, would go with it.
+    /// Waits, for a while, until the caret has been set anew (see `wakeCaret`): that drops what a command has
+    /// set at it, such as bold for the next letters or the place of a search.
     void waitForCaret();
     /// Whether a key moves the focus in windows.
     static bool isTab(const QKeyEvent& key);
     /// Moves the focus on, or back with Shift.
     void leaveBy(const QKeyEvent& tab);
-    /// Has the control something to show and to type into, also where its renderer ended out of sight.
+    /// Makes something to show and to type into where there is nothing, also after a renderer that ended
+    /// while the control was hidden.
     virtual void showDocument() = 0;
 
     bool takesOver(const QKeyEvent& key) override;

@@ -26,7 +26,7 @@ load(module, module.exports, undefined, {
 }, {});
 const purify = module.exports;
 
-/** What is read in another way by the next parser, so that something can hide in it. */
+/** Elements whose content another parser may read in another way, so that something can hide in it. */
 const FORBIDDEN = words('math noscript style svg template title');
 
 /** What DOMPurify doesn't know of old pages. "<ALIGN=MIDDLE>" stands in front of each picture of a listing. */
@@ -42,7 +42,7 @@ purify.addHook('uponSanitizeElement', (node, data) => {
         data.allowedTags['#comment'] = !REFUSED_COMMENT.test(node.data);
 });
 
-/** Ends an element where the text around it is read without its quotes. */
+/** What would end an element if the quotes around the value were not seen: an attribute with it goes. */
 const TAG_END = /<\/|\/>/;
 
 /** Left to DOMPurify, an attribute would lose its place among the others and the blanks around its value. */

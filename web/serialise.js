@@ -47,7 +47,7 @@ const HOLDS_HTML = words('foreignObject desc title mi mo mn ms mtext annotation-
 /** Attributes that are written without a value when it is empty. */
 const FLAGS = words('checked compact declare defer disabled ismap multiple nohref noresize noshade nowrap readonly selected');
 
-/** More rounds than any text needed that came to rest. */
+/** How often a text is printed anew; all that ever came to rest needed fewer rounds. */
 const MOST_ROUNDS = 10;
 
 /**
