@@ -129,7 +129,7 @@ public:
         suitSuffix();
         onInner(this, &QFileDialog::filterSelected, this, &FileDialog::suitSuffix);
         if (m_name) {
-            // Before the toolkit looks for the file.
+            // `textEdited` comes before `textChanged`, at which the toolkit looks for the file.
             onInner(m_name, &QLineEdit::textEdited, this, &FileDialog::suitSuffix);
             onInner(m_name, &QLineEdit::textChanged, this, &FileDialog::enableTaker);
         }

@@ -14,8 +14,11 @@ class TextColors
 public:
     explicit TextColors(QsciScintillaBase& component);
 
+    /// Gives a stretch a colour number; 0, black, takes its colour away.
     void paint(TextRange range, int color);
+    /// The colours of a stretch, run by run.
     std::vector<ColorRun> in(TextRange range) const;
+    /// The colour number at a position.
     int at(qsizetype position) const;
 
 private:

@@ -160,7 +160,7 @@ function readStartTag(source, start) {
     return tag;
 }
 
-/** Names in capitals, as they were printed before: a page has few of them, many times. */
+/** The capitals of names that came before: a page has few names, many times each. */
 const capitals = new Map();
 
 /** ASCII letters only, as the parser folds them. */
