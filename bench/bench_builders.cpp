@@ -73,12 +73,11 @@ std::vector<Rival> restyle(qsizetype rows)
         table->List1->AddItem(word(i));
         table->List2->AddItem(i % 3 ? QStringLiteral("a value") : QString());
     }
-    table->Command9_Click();
+    table->restyle();
     const QString text = table->RichTextBox2;
     require(text.count(QStringLiteral("<TR>")) == rows, "another number of rows");
-    return {{Role::Ours, "designer", timed([table] { table->Command9_Click(); })},
-            appendOf(text, CrLf),
-            copyOf(text)};
+    return {
+        {Role::Ours, "designer", timed([table] { table->restyle(); })}, appendOf(text, CrLf), copyOf(text)};
 }
 
 /// The last of so many words is added: the list made anew and the sample told.
@@ -86,15 +85,15 @@ std::vector<Rival> addToList(qsizetype words)
 {
     auto* list = form<FrmList>();
     list->List1->Clear();
-    list->List2.clear();
+    list->items.clear();
     for (qsizetype i = 1; i < words; ++i) {
         list->List1->AddItem(word(i));
-        list->List2 += listItem(word(i), {});
+        list->items += listItem(word(i), {});
     }
     const auto prepare = [list, words] {
         while (list->List1->ListCount() >= words) {
             list->List1->RemoveItem(list->List1->ListCount() - 1);
-            list->List2.removeLast();
+            list->items.removeLast();
         }
         list->Text1->setText(QStringLiteral("one more"));
     };
@@ -193,13 +192,13 @@ Listing longListing()
 {
     const QString words = QStringLiteral("A heavy lamp with a <B>new cord</B> &amp; two bulbs.\r\n");
     Listing listing;
-    listing.Text1 = QStringLiteral("Brass lamp");
-    listing.Text2 = words.repeated(1'000'000 / words.size());
-    listing.OptP2 = true;
-    listing.List1 = {"PayPal", "Money order"};
-    listing.List3 = {"http://pictures.example/1.jpg", "http://pictures.example/2.jpg"};
-    listing.TxSH1 = QStringLiteral("12");
-    listing.TxSH2 = QStringLiteral("50");
+    listing.title = QStringLiteral("Brass lamp");
+    listing.description = words.repeated(1'000'000 / words.size());
+    listing.withPictures = true;
+    listing.payments = {"PayPal", "Money order"};
+    listing.pictures = {"http://pictures.example/1.jpg", "http://pictures.example/2.jpg"};
+    listing.shippingDollars = QStringLiteral("12");
+    listing.shippingCents = QStringLiteral("50");
     return listing;
 }
 
@@ -211,10 +210,10 @@ void measurePage(int style)
     PageLook look;
     look.style = style;
     const QString page = listingPage(listing, look, {});
-    const qsizetype description = page.indexOf(listing.Text2);
+    const qsizetype description = page.indexOf(listing.description);
     QStringList pieces = page.first(description).split(CrLf);
-    pieces += listing.Text2;
-    pieces += page.sliced(description + listing.Text2.size()).split(CrLf);
+    pieces += listing.description;
+    pieces += page.sliced(description + listing.description.size()).split(CrLf);
     measure({"HTML text",
              "Listing page of 1 MB, style " + std::to_string(style),
              {.timesPeer = 1.5},

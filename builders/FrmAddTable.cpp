@@ -43,8 +43,8 @@ FrmAddTable::FrmAddTable()
     setupUi(this);
     setDefaultButton(Command1);
     setCancelButton(Command2);
-    for (const auto& [row, text] : {std::pair(new ColorRow(RedA, GreenA, BlueA, BColor1), &Text4),
-                                    std::pair(new ColorRow(RedH, GreenH, BlueH, TbColor1), &Text13)}) {
+    for (const auto& [row, text] : {std::pair(new ColorRow(RedA, GreenA, BlueA, BColor1), &borderColor),
+                                    std::pair(new ColorRow(RedH, GreenH, BlueH, TbColor1), &tableColor)}) {
         row->keepText(text);
         row->RowHexRefresh();
     }
@@ -91,11 +91,11 @@ void FrmAddTable::Command1_Click()
     tellingWantOfMemory([&] {
         const WaitCursor wait;
         addToEditor(skeletonText({.align = align(),
-                                  .Combo2 = Combo2->text(),
-                                  .Combo3 = Combo3->text(),
-                                  .Combo4 = Combo4->text(),
-                                  .Text4 = Text4,
-                                  .Text13 = Text13,
+                                  .border = Combo2->text(),
+                                  .cellPadding = Combo3->text(),
+                                  .cellSpacing = Combo4->text(),
+                                  .borderColor = borderColor,
+                                  .background = tableColor,
                                   .rows = *rows,
                                   .columns = *columns}));
         Unload();

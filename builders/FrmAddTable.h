@@ -12,10 +12,10 @@ class FrmAddTable : public ToolForm, public Ui::FrmAddTable
 public:
     FrmAddTable();
 
-    QString Text4;  ///< border colour, `#RRGGBB`
-    QString Text13; ///< background of the table, `#RRGGBB`
+    QString borderColor; ///< `#RRGGBB`
+    QString tableColor;  ///< background, `#RRGGBB`
 
-    /// Marks nothing in the grid.
+    /// Takes the marks off the grid of sizes.
     void CleanUp();
 
 private:

@@ -10,9 +10,9 @@ FrmChar::FrmChar()
     setupUi(this);
     setDefaultButton(Command1);
     setCancelButton(Command2);
-    addScreenFonts(*Combo1, 1); // the first is left out
+    addScreenFonts(*Combo1, 1); // without the first font; users know the list so
     Combo1->setText(QStringLiteral("Webdings"));
-    Combo1_Click();
+    showFont();
     on(CharC, &CharMap::moved, this, &FrmChar::CharC_MouseMove);
     on(Combo1, &ComboBox::Click, this, &FrmChar::Combo1_Click);
     on(Command1, &QPushButton::clicked, this, &FrmChar::Command1_Click);
@@ -28,6 +28,12 @@ void FrmChar::CharC_MouseMove(int index)
 }
 
 void FrmChar::Combo1_Click()
+{
+    showFont();
+}
+
+/// Shows characters and view in the chosen font.
+void FrmChar::showFont()
 {
     CharC->setFamily(Combo1->Text());
     QFont font = LabV->font();

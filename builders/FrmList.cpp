@@ -23,15 +23,15 @@ FrmList::FrmList()
     setCancelButton(Command7, CloseButton::Cancels);
     setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"));
     m_row = new ColorRow(RedA, GreenA, BlueA, Lcolor1);
-    m_row->keepText(&Text5);
+    m_row->keepText(&listColor);
     m_row->RowHexRefresh();
     m_row->offerPick();
 
-    // An arrow changes the colour alone, which the list takes at its next refresh; a drag is followed.
-    on(m_row, &ColorRow::Scroll, this, &FrmList::Command8_Click);
-    on(m_row, &ColorRow::Picked, this, &FrmList::Command8_Click);
+    // So meant: a bar's arrow only keeps the colour for the next refresh, while a drag refreshes at once.
+    on(m_row, &ColorRow::Scroll, this, &FrmList::refresh);
+    on(m_row, &ColorRow::Picked, this, &FrmList::refresh);
     for (OptionButton* kind : {Option1, Option2, Option6})
-        on(kind, &OptionButton::Click, this, &FrmList::Command8_Click);
+        on(kind, &OptionButton::Click, this, &FrmList::refresh);
     on(List1, &ListBox::MouseUp, this, [this] { List1->setListIndex(-1); });
     Text1->installEventFilter(this);
     on(Text1, &QLineEdit::returnPressed, this, &FrmList::Command1_Click);
@@ -41,12 +41,12 @@ FrmList::FrmList()
     on(Command7, &QPushButton::clicked, this, &FrmList::Command7_Click);
     on(Command21, &QPushButton::clicked, this, &FrmList::Command21_Click);
     on(Command22, &QPushButton::clicked, this, &FrmList::Command22_Click);
-    if (isLoaded<FrmFonts>()) // left open by an earlier list
+    if (isLoaded<FrmFonts>()) // left open by an earlier list: it serves this one now
         fonts();
     Text1->setFocus();
 }
 
-/// A click into the box for the word drops the selection.
+/// A click into the box for the word takes the selection in the list away.
 bool FrmList::eventFilter(QObject* watched, QEvent* event)
 {
     return guardedCall([&] {
@@ -64,11 +64,11 @@ void FrmList::Command1_Click()
         MsgBox(QStringLiteral("No word ?"), QStringLiteral("Error"), MsgIcon::Information);
         return;
     }
-    List2 += listItem(word, {TxtFontName, TxtSize, TxtFontColor, TxtBIU, TxtBIU2});
+    items += listItem(word, wordFont);
     List1->AddItem(word);
     List1->scrollToBottom();
     Text1->clear();
-    Command8_Click();
+    refresh();
 }
 
 QString FrmList::opening() const
@@ -76,13 +76,14 @@ QString FrmList::opening() const
     const ListKind kind = Option1->Value()   ? ListKind::Bullets
                           : Option2->Value() ? ListKind::Numbers
                                              : ListKind::Squares;
-    return listOpening(kind, Text5);
+    return listOpening(kind, listColor);
 }
 
-void FrmList::Command8_Click()
+/// Makes the list anew and shows it.
+void FrmList::refresh()
 {
-    RichTextBox1 = listText(opening(), List2);
-    WebBrowser1->writeSoon(RichTextBox1);
+    html = listText(opening(), items);
+    WebBrowser1->writeSoon(html);
 }
 
 bool FrmList::hasWords()
@@ -93,18 +94,19 @@ bool FrmList::hasWords()
     return false;
 }
 
-/// The colour of this moment counts, also one that the sample doesn't show yet.
+/// Adds the list with the colour as it is now, even when the sample doesn't show that yet (see the
+/// constructor).
 void FrmList::Command6_Click()
 {
     if (hasWords())
-        addToEditor(listText(opening(), List2));
+        addToEditor(listText(opening(), items));
 }
 
-/// The list as the sample shows it.
+/// Unlike "Add", copies the list as the sample shows it.
 void FrmList::Command22_Click()
 {
     if (hasWords())
-        copyFragment(RichTextBox1);
+        copyFragment(html);
 }
 
 void FrmList::Command2_Click()
@@ -114,7 +116,7 @@ void FrmList::Command2_Click()
                MsgIcon::Question, MsgButtons::NoYes) != MsgAnswer::Yes)
         return;
     List1->Clear();
-    List2.clear();
+    items.clear();
     WebBrowser1->writeSoon(QString());
 }
 
@@ -126,7 +128,7 @@ void FrmList::Command7_Click()
         Unload();
 }
 
-/// The font window, whose words reach this list.
+/// The font window, made when first asked for; what the user takes in it comes to this list.
 FrmFonts* FrmList::fonts()
 {
     return heardForm<FrmFonts>(
@@ -143,9 +145,5 @@ void FrmList::FrmFonts_taken(const QString& caption, const FontChoice& font)
 {
     if (caption != FontCaption)
         return;
-    TxtFontColor = font.color;
-    TxtFontName = font.name;
-    TxtSize = font.size;
-    TxtBIU = font.open;
-    TxtBIU2 = font.close;
+    wordFont = {font.name, font.size, font.color, font.open, font.close};
 }

@@ -19,19 +19,15 @@ class FrmList : public ToolForm, public Ui::FrmList
 public:
     FrmList();
 
-    /// The entry of each word of `List1`.
-    QStringList List2;
-    /// The list as the sample shows it.
-    QString RichTextBox1;
-    /// The list's colour text.
-    QString Text5;
+    /// The HTML of each word of `List1`.
+    QStringList items;
+    /// The HTML of the list as the sample shows it.
+    QString html;
+    /// The colour of the list, `#RRGGBB`.
+    QString listColor;
 
-    // The font of the next word.
-    QString TxtFontName = QStringLiteral("Arial");
-    QString TxtSize = QStringLiteral("3");
-    QString TxtFontColor = QStringLiteral("#000000");
-    QString TxtBIU;
-    QString TxtBIU2;
+    /// The font of the next word.
+    ListFont wordFont;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -41,12 +37,12 @@ private:
     void Command2_Click();
     void Command6_Click();
     void Command7_Click();
-    void Command8_Click();
     void Command21_Click();
     void Command22_Click();
     void FrmFonts_taken(const QString& caption, const FontChoice& font);
 
     FrmFonts* fonts();
+    void refresh();
     QString opening() const;
     bool hasWords();
 

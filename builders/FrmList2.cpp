@@ -45,11 +45,11 @@ FrmList2::FrmList2()
 
     for (const auto signal : {&ColorRow::Change, &ColorRow::Scroll, &ColorRow::Picked})
         on(m_row, signal, this, &FrmList2::Lcolor1_Change);
-    on(chkBold, &CheckBox::Click, this, &FrmList2::Command14_Click);
+    on(chkBold, &CheckBox::Click, this, &FrmList2::refresh);
     on(Check1, &CheckBox::Click, this, &FrmList2::Check1_Click);
     on(Combo2, &ComboBox::Click, this, &FrmList2::Combo2_Click);
-    on(TxtTitle, &ComboBox::Change, this, &FrmList2::Command14_Click);
-    on(TxtTitle, &ComboBox::Click, this, &FrmList2::Command14_Click);
+    on(TxtTitle, &ComboBox::Change, this, &FrmList2::refresh);
+    on(TxtTitle, &ComboBox::Click, this, &FrmList2::refresh);
     on(Text1, &QLineEdit::returnPressed, this, &FrmList2::Text1_EnterPressed);
     on(Command1, &QPushButton::clicked, this, &FrmList2::Command1_Click);
     on(Command2, &QPushButton::clicked, this, &FrmList2::Command2_Click);
@@ -59,7 +59,7 @@ FrmList2::FrmList2()
     on(Command15, &QPushButton::clicked, this, &FrmList2::Command15_Click);
     on(Command17, &QPushButton::clicked, this, &FrmList2::Command17_Click);
     on(Command18, &QPushButton::clicked, this, &FrmList2::Command18_Click);
-    // Left open by an earlier list.
+    // Windows that an earlier list left open serve this one now.
     if (isLoaded<FrmFonts>())
         fonts();
     if (isLoaded<FrmChar>())
@@ -79,7 +79,7 @@ QString FrmList2::GetHexColor(int color) const
 
 // ---- The symbol ------------------------------------------------------------------------------------------
 
-/// Gives the view the symbol's font, size and colour.
+/// Shows the symbol in its font, size and colour.
 void FrmList2::showSymbol()
 {
     bool isNumber = false;
@@ -95,16 +95,16 @@ void FrmList2::showSymbol()
 void FrmList2::Lcolor1_Change()
 {
     showSymbol();
-    Command14_Click();
+    refresh();
 }
 
 void FrmList2::Combo2_Click()
 {
     showSymbol();
-    Command14_Click();
+    refresh();
 }
 
-/// The character window, whose words reach this list.
+/// The character window, made when first asked for; what the user takes in it comes to this list.
 FrmChar* FrmList2::characters()
 {
     return heardForm<FrmChar>(m_characters, [this](FrmChar* window) {
@@ -125,12 +125,12 @@ void FrmList2::FrmChar_taken(const QString& caption, const QString& family, cons
     m_family = family;
     LabV->setText(character);
     showSymbol();
-    Command14_Click();
+    refresh();
 }
 
 // ---- Fonts -----------------------------------------------------------------------------------------------
 
-/// The font window, whose words reach this list.
+/// The font window, made when first asked for; what the user takes in it comes to this list.
 FrmFonts* FrmList2::fonts()
 {
     return heardForm<FrmFonts>(
@@ -159,45 +159,51 @@ void FrmList2::FrmFonts_taken(const QString& caption, const FontChoice& font)
         return;
     ListFont& target = caption == WordsCaption ? words : title;
     target = {font.name, font.size, font.color, font.open, font.close};
-    Command14_Click();
+    refresh();
 }
 
 // ---- The list --------------------------------------------------------------------------------------------
 
-void FrmList2::Command14_Click()
+/// Makes the list anew and shows it.
+void FrmList2::refresh()
 {
-    RTB1 = Check1->Value() == 1 ? titleLine(TxtTitle->Text(), title) : QString();
+    html = Check1->Value() == 1 ? titleLine(TxtTitle->Text(), title) : QString();
     const ListSymbol symbol{.character = LabV->text(),
                             .font = m_family,
                             .size = ReplaceSize(*Combo2),
                             .color = GetHexColor(Lcolor1->BackColor()),
                             .bold = chkBold->Value() == 1};
     for (int i = 0; i < List1->ListCount(); ++i)
-        RTB1 += symbolLine(List1->List(i), symbol, words);
-    WebBrowser1->writeSoon(RTB1);
+        html += symbolLine(List1->List(i), symbol, words);
+    WebBrowser1->writeSoon(html);
 }
 
 void FrmList2::Check1_Click()
 {
     for (QWidget* control : std::initializer_list<QWidget*>{TxtTitle, Command17})
         control->setEnabled(Check1->Value() == 1);
-    Command14_Click();
+    refresh();
 }
 
-/// An empty word makes a line too.
 void FrmList2::Command3_Click()
+{
+    addWord();
+}
+
+/// An empty word is added too: it makes a line with the symbol alone.
+void FrmList2::addWord()
 {
     List1->AddItem(Text1->text());
     List1->scrollToBottom();
     Text1->clear();
-    Command14_Click();
+    refresh();
 }
 
-/// Unlike the button's, Enter's word can't be empty.
+/// Unlike the button, Enter adds no empty word. So meant.
 void FrmList2::Text1_EnterPressed()
 {
     if (!Text1->text().isEmpty())
-        Command3_Click();
+        addWord();
 }
 
 void FrmList2::Command2_Click()
@@ -216,12 +222,13 @@ void FrmList2::Command12_Click()
 {
     if (List1->ListCount() == 0)
         return;
-    const QString text = RTB1;
+    const QString text = html;
     rememberTitle();
     addToEditor(text);
 }
 
-/// Ticked or not; an empty title stands in the list on screen alone.
+/// Puts the title among those to choose from and into their file, whether it is shown or not. An empty one is
+/// not kept in the file.
 void FrmList2::rememberTitle()
 {
     const QString text = TxtTitle->Text();
@@ -239,7 +246,7 @@ void FrmList2::rememberTitle()
 void FrmList2::Command18_Click()
 {
     if (List1->ListCount() > 0)
-        copyFragment(RTB1);
+        copyFragment(html);
 }
 
 void FrmList2::Command13_Click()

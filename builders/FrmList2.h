@@ -23,11 +23,11 @@ public:
     FrmList2();
 
     /// The HTML of the list.
-    QString RTB1;
+    QString html;
     ListFont words; ///< the font of the words
     ListFont title; ///< the font of the title
 
-    /// The HTML font size of a text: "Normal" or a point size; empty for any other.
+    /// The HTML font size for the text of a box, "Normal" or one of the point sizes; empty for any other.
     QString ReplaceSize(const ComboBox& combo) const;
     /// The colour text of a colour number (see Codes.h).
     QString GetHexColor(int color) const;
@@ -40,7 +40,6 @@ private:
     void Command3_Click();
     void Command12_Click();
     void Command13_Click();
-    void Command14_Click();
     void Command15_Click();
     void Command17_Click();
     void Command18_Click();
@@ -54,6 +53,8 @@ private:
     void showFonts(const QString& caption);
     void showSymbol();
     void rememberTitle();
+    void refresh();
+    void addWord();
 
     ColorRow* m_row;
     QString m_family = QStringLiteral("Webdings"); // of the symbol

@@ -27,6 +27,7 @@ namespace {
 
 using U = Ui::FrmTable;
 
+/// A colour row: its bars, its sample, where its colour text is kept, and its first colour.
 struct RowControls
 {
     ScrollBar* U::*red;
@@ -39,11 +40,12 @@ struct RowControls
 
 constexpr int White = 0xFFFFFF;
 
+/// In the order of `Row`.
 constexpr std::array<RowControls, 4> Rows = {{
-    {&U::RedA, &U::GreenA, &U::BlueA, &U::BColor1, &FrmTable::Text4, 0},
-    {&U::RedH, &U::GreenH, &U::BlueH, &U::TbColor1, &FrmTable::Text13, 0},
-    {&U::RedI, &U::GreenI, &U::BlueI, &U::TbColor2, &FrmTable::Text17, White},
-    {&U::RedG, &U::GreenG, &U::BlueG, &U::FColor1, &FrmTable::Text8, 0},
+    {&U::RedA, &U::GreenA, &U::BlueA, &U::BColor1, &FrmTable::borderColor, 0},
+    {&U::RedH, &U::GreenH, &U::BlueH, &U::TbColor1, &FrmTable::tableColor, 0},
+    {&U::RedI, &U::GreenI, &U::BlueI, &U::TbColor2, &FrmTable::cellColor, White},
+    {&U::RedG, &U::GreenG, &U::BlueG, &U::FColor1, &FrmTable::fontColor, 0},
 }};
 
 struct AlignOption
@@ -77,9 +79,9 @@ struct StyleBox
 };
 
 constexpr std::array<StyleBox, 3> StyleBoxes = {{
-    {&U::chkBold, "format-text-bold", &CellStyle::chkBold, &TableReadBack::Styles::bold},
-    {&U::chkItalic, "format-text-italic", &CellStyle::chkItalic, &TableReadBack::Styles::italic},
-    {&U::chkUnderline, "format-text-underline", &CellStyle::chkUnderline, &TableReadBack::Styles::underline},
+    {&U::chkBold, "format-text-bold", &CellStyle::bold, &TableReadBack::Styles::bold},
+    {&U::chkItalic, "format-text-italic", &CellStyle::italic, &TableReadBack::Styles::italic},
+    {&U::chkUnderline, "format-text-underline", &CellStyle::underline, &TableReadBack::Styles::underline},
 }};
 
 TableAlign chosen(const U& controls, const AlignOptions& options)
@@ -88,7 +90,7 @@ TableAlign chosen(const U& controls, const AlignOptions& options)
         if ((controls.*options.at(i).option)->Value())
             return TableAlign(i);
     }
-    return TableAlign::Left; // one of them is always set
+    return TableAlign::Left; // never reached: one of them is always set
 }
 
 QStringList entries(const ListBox& list)
@@ -110,7 +112,8 @@ QString titlesFile()
     return appFile(QStringLiteral("\\Table2.ini"));
 }
 
-/// A number of a saved set; 0 where it is missing, none, or out of range: the user gets the rest of the set.
+/// A number of a saved set; 0 where it is missing, no number, or out of range, so that the user still gets
+/// the rest of the set.
 int savedNumber(const QString& text)
 try {
     return toInteger32(text);
@@ -118,7 +121,7 @@ try {
     return 0;
 }
 
-/// A function for each kind of a variant.
+/// Overloads made of lambdas, one for each type of a variant, for `std::visit`.
 template <typename... Functions>
 struct Overloaded : Functions...
 {
@@ -134,7 +137,7 @@ void information(const QString& prompt)
 
 } // namespace
 
-/// A key of a saved set and the control that it is kept for.
+/// A key of a saved set and what it keeps.
 struct FrmTable::SavedKey
 {
     const char* key;
@@ -163,8 +166,8 @@ const std::array<FrmTable::SavedKey, 22> FrmTable::SavedKeys = {{
     {"Italic", &U::chkItalic},
     {"Underline", &U::chkUnderline},
     {"FLCR", &CellOptions},
-    {"TxtAuto", &FrmTable::TxtAuto},
-    {"TxtAuto2", &FrmTable::TxtAuto2},
+    {"TxtAuto", &FrmTable::firstColor},
+    {"TxtAuto2", &FrmTable::secondColor},
     {"Check1", &U::Check1},
     {"Checkborder", &U::ChkNoB},
 }};
@@ -185,11 +188,11 @@ FrmTable::FrmTable()
     setClosingBox(Check3, QStringLiteral("Tablepro"), QStringLiteral("chk3"));
     LoadList(titlesFile(), *Combo1);
     connectRows();
-    addScreenFonts(*Combo7, 1); // the first is left out
+    addScreenFonts(*Combo7, 1); // without the first font; users know the list so
     Combo7->setText(QStringLiteral("Arial"));
     Combo6->setText(QStringLiteral("Normal"));
     connectHandlers();
-    if (isLoaded<FrmAutoColor>()) // left open by an earlier table
+    if (isLoaded<FrmAutoColor>()) // left open by an earlier table: it serves this one now
         autoColor();
     Text1->setFocus();
 }
@@ -205,22 +208,23 @@ void FrmTable::connectRows()
         row->setColor(controls.color);
         row->RowHexRefresh();
         row->moveBars();
-        // An arrow changes the colour alone, which the table takes when it is next made; a drag is followed.
-        on(row, &ColorRow::Scroll, this, &FrmTable::Command9_Click);
+        // So meant: a bar's arrow only keeps the colour for the next refresh, while a drag refreshes at once.
+        on(row, &ColorRow::Scroll, this, &FrmTable::restyle);
     }
 }
 
 void FrmTable::connectHandlers()
 {
-    // A set by code, as when a row's look is read, makes no table: only the hand's release does.
+    // These are also set by code, when the look of a cell is shown, which must make no table: so they are
+    // heard when the hand lets them go.
     for (const AlignOption& entry : CellOptions)
-        on(this->*entry.option, &OptionButton::MouseUp, this, &FrmTable::Command9_Click);
+        on(this->*entry.option, &OptionButton::MouseUp, this, &FrmTable::restyle);
     for (const StyleBox& entry : StyleBoxes)
-        on(this->*entry.box, &CheckBox::MouseUp, this, &FrmTable::Command9_Click);
+        on(this->*entry.box, &CheckBox::MouseUp, this, &FrmTable::restyle);
     for (const AlignOption& entry : TableOptions)
-        on(this->*entry.option, &OptionButton::Click, this, &FrmTable::Command9_Click);
+        on(this->*entry.option, &OptionButton::Click, this, &FrmTable::restyle);
     for (ComboBox* combo : {Combo6, Combo7})
-        on(combo, &ComboBox::Click, this, &FrmTable::Command9_Click);
+        on(combo, &ComboBox::Click, this, &FrmTable::restyle);
     const QString percent = QStringLiteral("%");
     HScroll1->writeInto(Combo2);
     HScroll2->writeInto(Combo4);
@@ -230,7 +234,7 @@ void FrmTable::connectHandlers()
     HScroll6->writeInto(TxWid);
     HScroll7->writeInto(TxHei);
     for (ScrollBar* bar : {HScroll1, HScroll2, HScroll3, HScroll4, HScroll5, HScroll6, HScroll7})
-        on(bar, &ScrollBar::Change, this, &FrmTable::Command9_Click);
+        on(bar, &ScrollBar::Change, this, &FrmTable::restyle);
     on(ChkNoB, &CheckBox::Click, this, &FrmTable::ChkNoB_Click);
     on(Check1, &CheckBox::Click, this, &FrmTable::Check1_Click);
 
@@ -244,7 +248,7 @@ void FrmTable::connectHandlers()
         connect(bar, &QScrollBar::valueChanged, other, &QScrollBar::setValue);
     on(Text1, &QLineEdit::returnPressed, this, &FrmTable::Command4_Click);
     on(Text2, &QLineEdit::returnPressed, this, [this] {
-        Command4_Click();
+        addRow();
         Text1->setFocus();
     });
     for (QLineEdit* box : {Text1, Text2})
@@ -263,6 +267,12 @@ void FrmTable::connectHandlers()
 
 void FrmTable::Command4_Click()
 {
+    addRow();
+}
+
+/// Adds the typed words as a row, or says why it can't be.
+void FrmTable::addRow()
+{
     const QString left = Text1->text();
     const QString right = Text2->text();
     if (left.isEmpty()) {
@@ -270,14 +280,14 @@ void FrmTable::Command4_Click()
                                     : QStringLiteral("Have to use in first box."));
         return;
     }
-    const RowCells row = rowCells(cellStyle(), Text17, left, right);
-    LS1 += row.left;
-    LS2 += row.right;
+    const RowCells row = rowCells(cellStyle(), cellColor, left, right);
+    leftCells += row.left;
+    rightCells += row.right;
     List1->AddItem(left);
     List2->AddItem(right);
     for (ListBox* list : {List1, List2})
         list->scrollToBottom();
-    Command13_Click();
+    refresh();
     Text1->clear();
     Text2->clear();
 }
@@ -289,9 +299,9 @@ void FrmTable::Command5_Click()
         return;
     List1->Clear();
     List2->Clear();
-    LS1.clear();
-    LS2.clear();
-    RichTextBox2.clear();
+    leftCells.clear();
+    rightCells.clear();
+    html.clear();
     WebBrowser1->writeSoon(QString());
 }
 
@@ -305,13 +315,13 @@ TableWords FrmTable::words() const
 void FrmTable::List_Click(const ListBox& list)
 {
     if (list.ListIndex() >= 0)
-        Command14_Click();
+        showSelectedLook();
 }
 
-/// While the look is for all rows, a click on a word only fetches its look.
+/// While the look is for all rows, a click on a word shows its look and leaves nothing selected.
 void FrmTable::List_MouseUp(ListBox* list)
 {
-    if (Opt1)
+    if (allRows)
         deselect(list);
 }
 
@@ -326,7 +336,7 @@ void FrmTable::deselectAll()
     deselect(List2);
 }
 
-/// A click into a box for a word drops the selection.
+/// A click into a box for a word takes the selection in the lists away.
 bool FrmTable::eventFilter(QObject* watched, QEvent* event)
 {
     return guardedCall([&] {
@@ -337,32 +347,33 @@ bool FrmTable::eventFilter(QObject* watched, QEvent* event)
     });
 }
 
-void FrmTable::Command14_Click()
+/// Shows the look of the selected cell in the controls.
+void FrmTable::showSelectedLook()
 {
     QString cell;
     if (const int left = List1->ListIndex(); left >= 0)
-        cell = LS1.value(left);
+        cell = leftCells.value(left);
     if (const int right = List2->ListIndex(); right >= 0)
-        cell = LS2.value(right);
+        cell = rightCells.value(right);
     if (cell.isEmpty())
-        return; // nothing is selected, or the place beside a row of one word
+        return; // nothing is selected, or the missing right word of a row
     const TableReadBack look = readBack(cell);
     if (look.cellColor)
         showRowColor(I, parseColor(*look.cellColor));
-    if (look.TxWid)
-        TxWid->setText(*look.TxWid);
-    if (look.TxHei)
-        TxHei->setText(*look.TxHei);
+    if (look.width)
+        TxWid->setText(*look.width);
+    if (look.height)
+        TxHei->setText(*look.height);
     if (look.align)
         (this->*CellOptions.at(size_t(*look.align)).option)->setValue(true);
     if (look.styles) {
         for (const StyleBox& entry : StyleBoxes)
             (this->*entry.box)->setValue((*look.styles).*entry.readBack ? 1 : 0);
     }
-    if (look.Combo7)
-        Combo7->setText(*look.Combo7);
-    if (look.Combo6)
-        Combo6->setText(*look.Combo6);
+    if (look.fontFace)
+        Combo7->setText(*look.fontFace);
+    if (look.sizeText)
+        Combo6->setText(*look.sizeText);
     if (look.fontColor)
         showRowColor(G, parseColor(*look.fontColor));
 }
@@ -373,11 +384,11 @@ CellStyle FrmTable::cellStyle() const
 {
     CellStyle style{
         .align = chosen(*this, CellOptions),
-        .Combo7 = Combo7->Text(),
+        .fontFace = Combo7->Text(),
         .size = QString::fromLatin1(htmlFontSize(Combo6->Text())),
-        .Text8 = Text8,
-        .TxWid = TxWid->text(),
-        .TxHei = TxHei->text(),
+        .fontColor = fontColor,
+        .width = TxWid->text(),
+        .height = TxHei->text(),
     };
     for (const StyleBox& entry : StyleBoxes)
         style.*entry.setting = (this->*entry.box)->Value() == 1;
@@ -388,58 +399,59 @@ TableStyle FrmTable::tableStyle() const
 {
     return {
         .align = chosen(*this, TableOptions),
-        .ChkNoB = ChkNoB->Value() == 1,
-        .Text4 = Text4,
-        .Text13 = Text13,
-        .Combo2 = Combo2->text(),
-        .Combo4 = Combo4->text(),
-        .Combo3 = Combo3->text(),
-        .Combo9 = Combo9->text(),
-        .Combo8 = Combo8->text(),
+        .borderColored = ChkNoB->Value() == 1,
+        .borderColor = borderColor,
+        .background = tableColor,
+        .border = Combo2->text(),
+        .cellSpacing = Combo4->text(),
+        .cellPadding = Combo3->text(),
+        .width = Combo9->text(),
+        .height = Combo8->text(),
     };
 }
 
-void FrmTable::Command9_Click()
+void FrmTable::restyle()
 {
-    if (Opt1) {
-        restyleAll({Text17});
+    if (allRows) {
+        restyleAll({cellColor});
     } else {
         restyleSelected();
     }
-    Command13_Click();
+    refresh();
 }
 
 void FrmTable::restyleAll(const QStringList& colors)
 {
     TableCells cells = tableCells(words(), cellStyle(), colors);
-    LS1 = std::move(cells.LS1);
-    LS2 = std::move(cells.LS2);
+    leftCells = std::move(cells.left);
+    rightCells = std::move(cells.right);
 }
 
-/// Here the style tags are closed behind the word.
+/// Unlike `restyleAll`, this closes the style tags behind the word. So meant.
 void FrmTable::restyleSelected()
 {
     const CellStyle style = cellStyle();
     const QString close = styleTags(style, "</");
     if (const int left = List1->ListIndex(); left >= 0)
-        LS1[left] = rowCells(style, Text17, List1->List(left), List2->List(left)).left + close;
+        leftCells[left] = rowCells(style, cellColor, List1->List(left), List2->List(left)).left + close;
     if (const int right = List2->ListIndex(); right >= 0 && !List2->List(right).isEmpty())
-        LS2[right] = cellOpen(style, Text17, false) + List2->List(right) + close;
+        rightCells[right] = cellOpen(style, cellColor, false) + List2->List(right) + close;
 }
 
-void FrmTable::Command13_Click()
+/// Makes the table anew, with two cell colours if wanted, and shows it.
+void FrmTable::refresh()
 {
     if (Check1->Value() == 1)
-        restyleAll({TxtAuto, TxtAuto2});
-    RichTextBox2 = tableText({LS1, LS2}, tableStyle());
-    WebBrowser1->writeSoon(RichTextBox2);
+        restyleAll({firstColor, secondColor});
+    html = tableText({leftCells, rightCells}, tableStyle());
+    WebBrowser1->writeSoon(html);
 }
 
 void FrmTable::ChkNoB_Click()
 {
     for (ScrollBar* bar : {RedA, GreenA, BlueA})
         bar->setEnabled(ChkNoB->Value() == 1);
-    Command9_Click();
+    restyle();
 }
 
 void FrmTable::enableCellColor(bool enabled)
@@ -448,7 +460,7 @@ void FrmTable::enableCellColor(bool enabled)
         bar->setEnabled(enabled);
 }
 
-/// The two colours come when the user has taken them in the window that opens here.
+/// Opens the window of the two colours. The table takes them when the user presses OK there.
 void FrmTable::Check1_Click()
 {
     const bool twoColors = Check1->Value() == 1;
@@ -457,10 +469,10 @@ void FrmTable::Check1_Click()
     Frame6->setEnabled(!twoColors);
     enableCellColor(!twoColors);
     if (!twoColors)
-        Command9_Click();
+        restyle();
 }
 
-/// The window of the two colours, whose words reach this table.
+/// The window of the two colours, made when first asked for; what the user takes in it comes to this table.
 FrmAutoColor* FrmTable::autoColor()
 {
     return heardForm<FrmAutoColor>(m_autoColor, [this](FrmAutoColor* colors) {
@@ -471,11 +483,11 @@ FrmAutoColor* FrmTable::autoColor()
 
 void FrmTable::autoColor_taken(const QString& first, const QString& second)
 {
-    TxtAuto = first;
-    TxtAuto2 = second;
+    firstColor = first;
+    secondColor = second;
     Check1->setValue(1);
     enableCellColor(false);
-    Command13_Click();
+    refresh();
 }
 
 void FrmTable::showRowColor(Row row, int color)
@@ -498,13 +510,13 @@ bool FrmTable::hasWords()
 void FrmTable::Command2_Click()
 {
     if (hasWords())
-        addToEditor(RichTextBox2);
+        addToEditor(html);
 }
 
 void FrmTable::Command8_Click()
 {
     if (hasWords())
-        copyFragment(RichTextBox2);
+        copyFragment(html);
 }
 
 void FrmTable::Command3_Click()
@@ -548,7 +560,8 @@ void FrmTable::saveSet(const QString& title)
     WriteProfile(values, setsFile());
 }
 
-/// The bars of the sizes stay where they are: the next one that moves takes its size back.
+/// The bars of the sizes stay where they are. So meant: the next one that moves writes its own value over the
+/// size of the set.
 void FrmTable::loadSet(const QString& title)
 {
     QString value;
@@ -572,12 +585,12 @@ void FrmTable::loadSet(const QString& title)
         value = sets.value(title, QString::fromLatin1(entry.key));
         std::visit(load, entry.holder);
     }
-    Command9_Click();
+    restyle();
 }
 
-/// A set's two colours need no confirming: their window takes them, and goes if `Check1` has brought it up.
+/// Gives the two colours of a set to their window, and hides that: the user need not confirm them.
 void FrmTable::bringAutoColorInLine()
 {
-    autoColor()->setColors(parseColor(TxtAuto), parseColor(TxtAuto2));
+    autoColor()->setColors(parseColor(firstColor), parseColor(secondColor));
     autoColor()->Hide();
 }

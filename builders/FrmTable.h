@@ -22,37 +22,34 @@ public:
     /// Throws RuntimeError(PathFileAccess) when the list of titles can't be read.
     FrmTable();
 
-    // Row i of `List1` and `List2` has its cells in entry i of these.
-    QStringList LS1;
-    QStringList LS2;
+    // The HTML of the cells; entry i belongs to row i of `List1` and `List2`.
+    QStringList leftCells;
+    QStringList rightCells;
 
     /// The HTML of the table.
-    QString RichTextBox2;
+    QString html;
 
-    // Colours as colour texts.
-    QString Text4;  ///< border
-    QString Text8;  ///< font
-    QString Text13; ///< table
-    QString Text17; ///< cells
-    // Two colours of cells, which take turns while `Check1` is ticked.
-    QString TxtAuto = QStringLiteral("#000000");
-    QString TxtAuto2 = QStringLiteral("#000000");
+    // Colours, `#RRGGBB`.
+    QString borderColor;
+    QString fontColor;
+    QString tableColor; ///< background of the table
+    QString cellColor;  ///< background of the cells
+    // While `Check1` is ticked, the rows have these two backgrounds in turn.
+    QString firstColor = QStringLiteral("#000000");
+    QString secondColor = QStringLiteral("#000000");
 
-    /// A change of the look is for all rows; else for the selected cells. No control changes it.
-    bool Opt1 = true;
+    /// Whether a change of the look is for all rows, or for the selected cells alone. Always true in the
+    /// window: no control changes it.
+    bool allRows = true;
 
-    /// Gives the cells the look of the controls and makes the table anew.
-    void Command9_Click();
-    /// Makes the table anew, with two colours if wanted, and shows it.
-    void Command13_Click();
-    /// Brings the look of the selected cell into the controls.
-    void Command14_Click();
+    /// Gives the cells the look of the controls, and makes and shows the table anew.
+    void restyle();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    /// The colour rows: border, table, cells, font.
+    /// The colour rows, by the last letter of their bars' names: border, table, cells, font.
     enum Row { A, H, I, G, RowCount };
     struct SavedKey;
     static const std::array<SavedKey, 22> SavedKeys;
@@ -74,6 +71,9 @@ private:
     void List_MouseUp(ListBox* list);
     void autoColor_taken(const QString& first, const QString& second);
 
+    void addRow();
+    void refresh();
+    void showSelectedLook();
     void enableCellColor(bool enabled);
     void deselect(ListBox* list);
     void deselectAll();

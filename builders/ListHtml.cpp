@@ -13,19 +13,19 @@ QString fontTag(const char* tag, const QString& name, const QString& size, const
            QStringLiteral(" color=") + color + u'>';
 }
 
-/// A text of a special list between its hard blanks, in its font.
+/// A word or title of a list of special characters, in its font, with a hard blank on either side.
 QString spaced(const QString& text, const ListFont& font)
 {
-    return font.BIU + fontTag("<FONT", font.name, font.size, font.color) + QStringLiteral("&nbsp;") + text +
-           QStringLiteral("&nbsp;</FONT>") + font.BIU2 + QStringLiteral("<BR>\r\n");
+    return font.open + fontTag("<FONT", font.name, font.size, font.color) + QStringLiteral("&nbsp;") + text +
+           QStringLiteral("&nbsp;</FONT>") + font.close + QStringLiteral("<BR>\r\n");
 }
 
 } // namespace
 
 QString listItem(const QString& word, const ListFont& font)
 {
-    return QStringLiteral("<li>") + font.BIU + fontTag("<Font", font.name, font.size, font.color) + word +
-           QStringLiteral("</Font>") + font.BIU2;
+    return QStringLiteral("<li>") + font.open + fontTag("<Font", font.name, font.size, font.color) + word +
+           QStringLiteral("</Font>") + font.close;
 }
 
 QString listOpening(ListKind kind, const QString& color)

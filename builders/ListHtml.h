@@ -6,17 +6,18 @@
 
 // The HTML of lists. Nothing is escaped or checked, and no value stands in quotes.
 
-/// A font as the font window hands it over: what stands around a word. Tags of styles are opened and closed
-/// in the same order.
+/// The font of a word or a title. The style tags are closed in the order in which they were opened, not
+/// nested.
 struct ListFont
 {
     QString name = QStringLiteral("Arial");
     QString size = QStringLiteral("3"); ///< HTML font size; may be empty
     QString color = QStringLiteral("#000000");
-    QString BIU;  ///< opening style tags
-    QString BIU2; ///< closing style tags
+    QString open;  ///< opening style tags
+    QString close; ///< closing style tags
 };
 
+/// How the entries of a list are marked.
 enum class ListKind { Bullets, Numbers, Squares };
 
 /// An entry of a list, with its font.
@@ -25,7 +26,8 @@ QString listItem(const QString& word, const ListFont& font);
 /// The line that opens a list of a colour (`#RRGGBB`), without its line end.
 QString listOpening(ListKind kind, const QString& color);
 
-/// A whole list. Every kind is closed as a bulleted one. Lines end with CR LF.
+/// A whole list. Every kind is closed with </ul>, a numbered one too; browsers show it all the same. Lines
+/// end with CR LF.
 QString listText(const QString& opening, const QStringList& items);
 
 /// What stands in front of each word of a list of special characters.

@@ -100,7 +100,7 @@ void Pics::Command2_Click()
     showSample(Check1->Value() == 1);
 }
 
-/// The sample keeps the size's former state until it is made anew.
+/// So meant: the sample keeps the former state of the size until it is made anew.
 void Pics::Check1_Click()
 {
     const bool sized = Check1->Value() == 1;

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// A cell: a field of one of two system colours.
+/// A cell: a field in the desktop's colour for marked or for unmarked things.
 class GridCell : public QToolButton
 {
 public:
@@ -28,7 +28,7 @@ protected:
         guardedCall([&] {
             const std::array arrows = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down};
             if (std::find(arrows.begin(), arrows.end(), event->key()) != arrows.end()) {
-                event->ignore(); // the grid's
+                event->ignore(); // the grid moves the focus
             } else {
                 QToolButton::keyPressEvent(event);
             }
@@ -63,7 +63,8 @@ SizeGrid::SizeGrid(QWidget* parent) : QWidget(parent)
             cell->setObjectName(QStringLiteral("Picture%1").arg(index + 1));
             cell->setAccessibleName(QStringLiteral("Rows: %1, columns: %2").arg(row + 1).arg(column + 1));
             cell->setToolTip(cell->accessibleName());
-            cell->setFocusPolicy(index == 0 ? Qt::StrongFocus : Qt::ClickFocus); // Tab goes past the others
+            // Tab stops at the first cell alone.
+            cell->setFocusPolicy(index == 0 ? Qt::StrongFocus : Qt::ClickFocus);
             grid->addWidget(cell, row, column);
             on(cell, &QToolButton::clicked, this, [this, index] { pick(index + 1); });
             m_cells.at(size_t(index)) = cell;
@@ -95,7 +96,7 @@ void SizeGrid::keyPressEvent(QKeyEvent* event)
         const int row = qBound(0, index / Side + down, Side - 1);
         const int column = qBound(0, index % Side + across, Side - 1);
         if (across == 0 && down == 0) {
-            QWidget::keyPressEvent(event); // Enter is the window's
+            QWidget::keyPressEvent(event); // the window takes Enter for its default button
         } else {
             const int next = row * Side + column;
             m_cells.at(size_t(next))->setFocus();

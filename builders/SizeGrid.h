@@ -15,10 +15,10 @@ class SizeGrid : public QWidget
 public:
     static constexpr int Side = 5;
 
-    /// Nothing is marked. The cells are named "Picture1" to "Picture25", row by row.
+    /// A grid without marks. The cells are named "Picture1" to "Picture25", row by row.
     explicit SizeGrid(QWidget* parent = nullptr);
 
-    /// Marks nothing.
+    /// Takes all marks away.
     void CleanUp();
     /// Whether the cell, from 1, is marked.
     bool isMarked(int cell) const;

@@ -17,9 +17,9 @@ struct StyleTag
 };
 
 constexpr std::array<StyleTag, 3> StyleTags = {{
-    {&CellStyle::chkBold, "b>"},
-    {&CellStyle::chkItalic, "i>"},
-    {&CellStyle::chkUnderline, "u>"},
+    {&CellStyle::bold, "b>"},
+    {&CellStyle::italic, "i>"},
+    {&CellStyle::underline, "u>"},
 }};
 
 QString alignment(TableAlign align)
@@ -47,10 +47,10 @@ QString styleTags(const CellStyle& style, const char* opening)
 QString cellOpen(const CellStyle& style, const QString& color, bool spanning)
 {
     return QStringLiteral("<TD bgcolor=") + color + QLatin1String(spanning ? " colSpan=2" : "") +
-           QStringLiteral(" width=") + style.TxWid + QStringLiteral(" height=") + style.TxHei +
+           QStringLiteral(" width=") + style.width + QStringLiteral(" height=") + style.height +
            alignment(style.align) + u'>' + styleTags(style, "<") + QStringLiteral("<Font face=") +
-           style.Combo7 + QStringLiteral(" size=") + style.size + QStringLiteral(" color=") + style.Text8 +
-           u'>';
+           style.fontFace + QStringLiteral(" size=") + style.size + QStringLiteral(" color=") +
+           style.fontColor + u'>';
 }
 
 RowCells rowCells(const CellStyle& style, const QString& color, const QString& left, const QString& right)
@@ -64,28 +64,28 @@ RowCells rowCells(const CellStyle& style, const QString& color, const QString& l
 TableCells tableCells(const TableWords& words, const CellStyle& style, const QStringList& colors)
 {
     TableCells cells;
-    for (qsizetype i = 0; i < words.List1.size(); ++i) {
+    for (qsizetype i = 0; i < words.left.size(); ++i) {
         const QString& color = colors.at(i % colors.size());
-        const RowCells row = rowCells(style, color, words.List1.at(i), words.List2.at(i));
-        cells.LS1 += row.left;
-        cells.LS2 += row.right;
+        const RowCells row = rowCells(style, color, words.left.at(i), words.right.at(i));
+        cells.left += row.left;
+        cells.right += row.right;
     }
     return cells;
 }
 
 QString tableText(const TableCells& cells, const TableStyle& style)
 {
-    QString text = QStringLiteral("<BODY>\r\n<TABLE width=") + style.Combo9 + QStringLiteral(" height=") +
-                   style.Combo8 + alignment(style.align);
-    if (style.ChkNoB)
-        text += QStringLiteral(" borderColor=") + style.Text4;
-    text += QStringLiteral(" cellspacing=") + style.Combo4 + QStringLiteral(" cellpadding=") + style.Combo3 +
-            QStringLiteral(" border=") + style.Combo2 + QStringLiteral(" bgcolor=") + style.Text13 +
-            QStringLiteral(">\r\n<TBODY>\r\n");
-    for (qsizetype i = 0; i < cells.LS1.size(); ++i) {
-        text += QStringLiteral("<TR>\r\n") + cells.LS1.at(i) + QStringLiteral("</FONT>\r\n");
-        if (!cells.LS2.at(i).isEmpty())
-            text += QStringLiteral("</TD>\r\n") + cells.LS2.at(i) + QStringLiteral("</FONT>\r\n");
+    QString text = QStringLiteral("<BODY>\r\n<TABLE width=") + style.width + QStringLiteral(" height=") +
+                   style.height + alignment(style.align);
+    if (style.borderColored)
+        text += QStringLiteral(" borderColor=") + style.borderColor;
+    text += QStringLiteral(" cellspacing=") + style.cellSpacing + QStringLiteral(" cellpadding=") +
+            style.cellPadding + QStringLiteral(" border=") + style.border + QStringLiteral(" bgcolor=") +
+            style.background + QStringLiteral(">\r\n<TBODY>\r\n");
+    for (qsizetype i = 0; i < cells.left.size(); ++i) {
+        text += QStringLiteral("<TR>\r\n") + cells.left.at(i) + QStringLiteral("</FONT>\r\n");
+        if (!cells.right.at(i).isEmpty())
+            text += QStringLiteral("</TD>\r\n") + cells.right.at(i) + QStringLiteral("</FONT>\r\n");
         text += QStringLiteral("</TD></TR>\r\n");
     }
     return text + QStringLiteral("</TBODY>\r\n</TABLE>\r\n");
@@ -96,8 +96,8 @@ QString skeletonText(const Skeleton& skeleton)
     const QString cell = QStringLiteral("  <TD> </TD>\r\n");
     const QString row =
         QStringLiteral(" <TR>\r\n") + cell.repeated(qMax(1, skeleton.columns)) + QStringLiteral(" </TR>\r\n");
-    return QStringLiteral("<TABLE ") + quoted("Align", skeleton.align) + quoted(" Border", skeleton.Combo2) +
-           quoted(" bordercolor", skeleton.Text4) + quoted(" cellspacing", skeleton.Combo4) +
-           quoted(" cellpadding", skeleton.Combo3) + quoted(" bgcolor", skeleton.Text13) + u'>' + CrLf +
-           row.repeated(skeleton.rows) + QStringLiteral("</TABLE>\r\n");
+    return QStringLiteral("<TABLE ") + quoted("Align", skeleton.align) + quoted(" Border", skeleton.border) +
+           quoted(" bordercolor", skeleton.borderColor) + quoted(" cellspacing", skeleton.cellSpacing) +
+           quoted(" cellpadding", skeleton.cellPadding) + quoted(" bgcolor", skeleton.background) + u'>' +
+           CrLf + row.repeated(skeleton.rows) + QStringLiteral("</TABLE>\r\n");
 }

@@ -10,7 +10,8 @@ namespace {
 
 using Cut = std::optional<QString>;
 
-/// What stands behind a name and so many characters more. No value: the name is missing.
+/// The text behind the first occurrence of a name and `more` characters more, without blanks around it. No
+/// value when the name is missing.
 Cut behind(const Cut& text, const char* name, qsizetype more = 0)
 {
     if (!text)
@@ -21,8 +22,8 @@ Cut behind(const Cut& text, const char* name, qsizetype more = 0)
     return text->mid(place + qsizetype(qstrlen(name)) + more).trimmed();
 }
 
-/// What stands in front of a name and so many characters before it. No value: the name is missing, or there
-/// is less in front of it.
+/// The text up to `less` characters in front of the first occurrence of a name, without blanks around it. No
+/// value when the name is missing or there are fewer characters in front of it.
 Cut before(const Cut& text, const char* name, qsizetype less = 0)
 {
     if (!text)
@@ -33,7 +34,8 @@ Cut before(const Cut& text, const char* name, qsizetype less = 0)
     return text->left(end).trimmed();
 }
 
-/// A spanning cell's colour is cut behind its "#". Only the cell's own tag says that it spans, not its word.
+/// The background colour of a cell; that of a spanning cell comes without its "#". The test looks at the
+/// cell's tag alone, since its word may hold "colSpan=2" too.
 Cut cellColor(const QString& cell)
 {
     if (cell.left(cell.indexOf(u'>')).contains(QStringLiteral("colSpan=2")))
@@ -59,16 +61,16 @@ std::optional<TableAlign> alignOf(const Cut& word)
     return std::nullopt;
 }
 
-/// The styles whose opening tags are `tags`, to the letter.
+/// The styles whose opening tags are exactly `tags`.
 std::optional<TableReadBack::Styles> stylesOf(const Cut& tags)
 {
     for (const bool bold : {false, true}) {
         for (const bool italic : {false, true}) {
             for (const bool underline : {false, true}) {
                 CellStyle style;
-                style.chkBold = bold;
-                style.chkItalic = italic;
-                style.chkUnderline = underline;
+                style.bold = bold;
+                style.italic = italic;
+                style.underline = underline;
                 if (tags == styleTags(style, "<"))
                     return TableReadBack::Styles{bold, italic, underline};
             }
@@ -89,12 +91,12 @@ TableReadBack readBack(const QString& cell)
 {
     return {
         .cellColor = cellColor(cell),
-        .TxWid = before(behind(cell, "width="), "height="),
-        .TxHei = before(behind(cell, "height="), "align=", 1),
+        .width = before(behind(cell, "width="), "height="),
+        .height = before(behind(cell, "height="), "align=", 1),
         .align = alignOf(before(behind(cell, "align="), ">")),
         .styles = stylesOf(behind(before(cell, "<Font"), ">")),
-        .Combo7 = before(behind(cell, "face="), "size=", 1),
-        .Combo6 = sizeText(before(behind(cell, "size="), "color=", 1)),
+        .fontFace = before(behind(cell, "face="), "size=", 1),
+        .sizeText = sizeText(before(behind(cell, "size="), "color=", 1)),
         .fontColor = before(behind(behind(cell, "<Font"), "color=", 1), ">"),
     };
 }

@@ -5,7 +5,7 @@
 
 #include <optional>
 
-/// What a cell says of its look. What can't be cut out of it has no value.
+/// The look of a cell, read out of its HTML. What can't be found there has no value.
 struct TableReadBack
 {
     struct Styles
@@ -17,16 +17,16 @@ struct TableReadBack
         bool operator==(const Styles& other) const = default;
     };
 
-    std::optional<QString> cellColor; ///< colour digits, with "#" in front or without
-    std::optional<QString> TxWid;
-    std::optional<QString> TxHei;
+    std::optional<QString> cellColor; ///< six digits, with "#" in front or without
+    std::optional<QString> width;
+    std::optional<QString> height;
     std::optional<TableAlign> align;
     std::optional<Styles> styles;
-    std::optional<QString> Combo7;    ///< font face
-    std::optional<QString> Combo6;    ///< text of the font size: "Normal" for "3"
-    std::optional<QString> fontColor; ///< colour digits without "#"
+    std::optional<QString> fontFace;
+    std::optional<QString> sizeText;  ///< the font size as the user picks it: "Normal" for "3"
+    std::optional<QString> fontColor; ///< six digits without "#"
 };
 
-/// Reads a cell that `cellOpen` has opened, with or without its word. Attributes are found by name, the first
-/// of each counts: those of the cell stand in front of its word, whatever that says.
+/// Reads the look of a cell that `cellOpen` has made, with or without its word. The first attribute of each
+/// name counts. The cell's own stand in front of its word, so a word that holds one does no harm.
 TableReadBack readBack(const QString& cell);

@@ -103,14 +103,14 @@ void ColorRow::RowPick()
     CommonDialog dialog;
     dialog.Color = m_sample->BackColor();
     if (!dialog.ShowColor())
-        return; // nothing changes
+        return;
     m_sample->setBackColor(dialog.Color);
     RowHexRefresh();
     moveBars();
     emit Picked();
 }
 
-/// Which bar is which, and where it stands.
+/// Tells of each bar its channel and value, in its tool tip and to screen readers.
 void ColorRow::tellChannels() const
 {
     for (size_t i = 0; i < m_bars.size(); ++i) {

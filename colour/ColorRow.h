@@ -8,19 +8,19 @@
 class ColorSample;
 class ScrollBar;
 
-/// Three bars for red, green and blue (0 to 255) that mix the colour of a sample. The sample, not the bars,
-/// is the row's value: a colour that is set from elsewhere stands until a bar moves.
+/// Three bars for red, green and blue (0 to 255) that mix the colour of a sample. The sample holds the row's
+/// colour, not the bars: a colour set by code stays until a bar moves, wherever the bars stand.
 class ColorRow : public QObject
 {
     Q_OBJECT
 
 public:
-    /// Lives as long as the sample, which has the row's accessible name.
+    /// Belongs to the sample and ends with it. The accessible names of the bars begin with the sample's.
     ColorRow(ScrollBar* red, ScrollBar* green, ScrollBar* blue, ColorSample* sample);
 
-    /// Keeps the row's colour text in `text` from the next change on.
+    /// From the next change of the row on, writes its colour text into `text`.
     void keepText(QString* text) { m_text = text; }
-    /// Offers the colour dialog on a click on the sample.
+    /// From now on, a click on the sample opens the colour dialog.
     void offerPick();
 
     /// The colour number of the sample.
@@ -30,7 +30,7 @@ public:
     /// The colour text of the sample, `#RRGGBB`.
     QString colorText() const;
 
-    /// Brings the kept text in line with the sample.
+    /// Writes the sample's colour text into the text of `keepText`.
     void RowHexRefresh();
     /// Moves the bars to the sample's colour, which raises `Change` for each bar that moves.
     void moveBars();

@@ -22,7 +22,7 @@ void showAsOnPage(QLabel* words, const QColor& color)
 
 namespace {
 
-/// A button where it can be pressed, else a picture; in both cases the colour is told.
+/// Tells screen readers that a sample is a button where it can be pressed, else a picture, and its colour.
 class AccessibleSample : public QAccessibleWidget
 {
 public:
@@ -70,7 +70,8 @@ ColorSample::ColorSample(QWidget* parent) : QAbstractButton(parent)
 {
     describeClass(staticMetaObject,
                   [](QWidget* widget) -> QAccessibleInterface* { return new AccessibleSample(widget); });
-    setFocusPolicy(Qt::StrongFocus); // until shown: the Tab order of a window is made of what takes the focus
+    // What takes the focus when a window is laid out is in its Tab order; showEvent takes it back.
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void ColorSample::setBackColor(int color)
@@ -116,8 +117,7 @@ void ColorSample::paintEvent(QPaintEvent*)
         QColor color = shownColor();
         if (!isEnabled())
             color.setAlphaF(0.4F);
-        QColor edge =
-            palette().color(QPalette::WindowText); // tells black from a dark window, white from a light one
+        QColor edge = palette().color(QPalette::WindowText); // so that a black field is seen on a dark window
         edge.setAlphaF(0.5F);
         painter.fillRect(rect(), color);
         painter.setPen(edge);

@@ -5,14 +5,13 @@
 
 class QLabel;
 
-/// The colour number that stands for the colour of button faces, whatever that is on this desktop.
+/// The colour number that means the desktop's colour of button faces.
 inline constexpr int ButtonFace = int(0x8000000F);
 
-/// Shows a label's words in a colour and on white, as a browser shows them on a page.
+/// Gives a label a white background and a text colour, as its words would look on a page.
 void showAsOnPage(QLabel* words, const QColor& color);
 
-/// A field that shows a colour; where it offers more than that, it can be clicked, or pressed with the space
-/// bar.
+/// A field that shows a colour. After `offerClick` it is a button too, for the mouse and the space bar.
 class ColorSample : public QAbstractButton
 {
     Q_OBJECT
@@ -23,7 +22,7 @@ public:
 
     /// The colour number; a negative one is shown as `ButtonFace`.
     int BackColor() const { return m_color; }
-    /// The colour as it is seen.
+    /// The colour that the field is painted in.
     QColor shownColor() const;
     void setBackColor(int color);
 

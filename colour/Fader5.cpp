@@ -32,22 +32,23 @@ struct RowControls
 
 using U = Ui::Fader5;
 
-/// How many characters the fade engine takes.
+/// The most characters that the fade engine takes.
 constexpr qsizetype Longest = 32767;
 
+/// In the order of `Row`.
 constexpr std::array<RowControls, 12> Rows = {{
-    {&U::RedG, &U::GreenG, &U::BlueG, &U::FColor1, &Fader5::Text8},
-    {&U::RedX, &U::GreenX, &U::BlueX, &U::ColorX, &Fader5::TxtC1},
-    {&U::RedZ, &U::GreenZ, &U::BlueZ, &U::ColorZ, &Fader5::TxtC2},
+    {&U::RedG, &U::GreenG, &U::BlueG, &U::FColor1, &Fader5::textColor},
+    {&U::RedX, &U::GreenX, &U::BlueX, &U::ColorX, &Fader5::firstColor},
+    {&U::RedZ, &U::GreenZ, &U::BlueZ, &U::ColorZ, &Fader5::secondColor},
     {&U::RedA, &U::GreenA, &U::BlueA, &U::Color1},
     {&U::RedB, &U::GreenB, &U::BlueB, &U::color2},
     {&U::RedC, &U::GreenC, &U::BlueC, &U::color3},
     {&U::RedD, &U::GreenD, &U::BlueD, &U::color4},
     {&U::RedE, &U::GreenE, &U::BlueE, &U::Color5},
-    {&U::RedF, &U::GreenF, &U::BlueF, &U::Hcolor1, &Fader5::Text5},
-    {&U::RedH, &U::GreenH, &U::BlueH, &U::TbColor1, &Fader5::Text13},
-    {&U::RedI, &U::GreenI, &U::BlueI, &U::TbColor2, &Fader5::Text17},
-    {&U::RedJ, &U::GreenJ, &U::BlueJ, &U::BColor1, &Fader5::Text20},
+    {&U::RedF, &U::GreenF, &U::BlueF, &U::Hcolor1, &Fader5::highlightColor},
+    {&U::RedH, &U::GreenH, &U::BlueH, &U::TbColor1, &Fader5::tableColor},
+    {&U::RedI, &U::GreenI, &U::BlueI, &U::TbColor2, &Fader5::cellColor},
+    {&U::RedJ, &U::GreenJ, &U::BlueJ, &U::BColor1, &Fader5::borderColor},
 }};
 
 /// A bar that writes its value into a box, with what stands behind the number.
@@ -74,10 +75,10 @@ struct StyleBox
 };
 
 constexpr std::array<StyleBox, 4> StyleBoxes = {{
-    {&U::chkBold, "format-text-bold", &FaderSettings::chkBold},
-    {&U::chkItalic, "format-text-italic", &FaderSettings::chkItalic},
-    {&U::chkUnderline, "format-text-underline", &FaderSettings::chkUnderline},
-    {&U::chkStrikeout, "format-text-strikethrough", &FaderSettings::chkStrikeout},
+    {&U::chkBold, "format-text-bold", &FaderSettings::bold},
+    {&U::chkItalic, "format-text-italic", &FaderSettings::italic},
+    {&U::chkUnderline, "format-text-underline", &FaderSettings::underline},
+    {&U::chkStrikeout, "format-text-strikethrough", &FaderSettings::strikeout},
 }};
 
 /// An option that places the table, or the text in its cell.
@@ -129,7 +130,7 @@ Fader5::Fader5()
     keepInSettings(Check2, Section, QStringLiteral("chk"));
     setClosingBox(Check3, Section, QStringLiteral("chk2"));
     connectRows();
-    Command1_Click();
+    fade();
     refreshColorTexts();
     addScreenFonts(*Combo1, 0);
     Combo1->setText(QStringLiteral("Arial"));
@@ -150,9 +151,9 @@ void Fader5::connectRows()
         if (controls.text)
             row->keepText(&(this->*controls.text));
         row->offerPick();
-        on(row, &ColorRow::Change, this, &Fader5::Command8_Click);
-        on(row, &ColorRow::Scroll, this, &Fader5::Command8_Click);
-        on(row, &ColorRow::Picked, this, &Fader5::Command8_Click);
+        on(row, &ColorRow::Change, this, &Fader5::refresh);
+        on(row, &ColorRow::Scroll, this, &Fader5::refresh);
+        on(row, &ColorRow::Picked, this, &Fader5::refresh);
         m_rows.at(i) = row;
     }
 }
@@ -160,17 +161,17 @@ void Fader5::connectRows()
 void Fader5::connectHandlers()
 {
     on(Text1, &QPlainTextEdit::textChanged, this, &Fader5::Text1_Change);
-    on(Check4, &CheckBox::Click, this, &Fader5::Command1_Click); // the sample waits for its next refresh
+    on(Check4, &CheckBox::Click, this, &Fader5::fade); // so meant: the sample shows it at its next refresh
     for (const StyleBox& entry : StyleBoxes)
-        on(this->*entry.box, &CheckBox::Click, this, &Fader5::Command8_Click);
-    on(Combo1, &ComboBox::Click, this, &Fader5::Command8_Click);
-    on(Combo2, &ComboBox::Click, this, &Fader5::Command8_Click);
+        on(this->*entry.box, &CheckBox::Click, this, &Fader5::refresh);
+    on(Combo1, &ComboBox::Click, this, &Fader5::refresh);
+    on(Combo2, &ComboBox::Click, this, &Fader5::refresh);
     for (const NumberBar& entry : NumberBars) {
-        on(this->*entry.box, &QLineEdit::textChanged, this, &Fader5::Command8_Click);
+        on(this->*entry.box, &QLineEdit::textChanged, this, &Fader5::refresh);
         on(this->*entry.bar, &ScrollBar::Change, this, [this, entry] {
             const QString text = QString::number((this->*entry.bar)->Value()) + QLatin1String(entry.unit);
             if ((this->*entry.box)->text() == text) {
-                Command8_Click(); // a box that changes runs it by itself
+                refresh(); // a box whose text changes does so by itself
             } else {
                 (this->*entry.box)->setText(text);
             }
@@ -178,7 +179,7 @@ void Fader5::connectHandlers()
     }
     for (const auto& options : {TableOptions, CellOptions}) {
         for (const AlignOption& entry : options)
-            on(this->*entry.option, &OptionButton::Click, this, &Fader5::Command8_Click);
+            on(this->*entry.option, &OptionButton::Click, this, &Fader5::refresh);
     }
     for (OptionButton* mode : {Opt1, Opt2, Opt3})
         on(mode, &OptionButton::Click, this, &Fader5::Mode_Click);
@@ -194,9 +195,9 @@ void Fader5::connectHandlers()
     on(Command16, &QPushButton::clicked, this, &Fader5::Command16_Click);
 }
 
-/// The markup of what is marked in the source goes through a surface, which knows its plain text. The
-/// clipboard carries it. It is emptied first: where nothing can be seen of what is marked, nothing is copied,
-/// and what the seller copied elsewhere must not get into a page.
+/// Takes over the plain text of what is selected in the source box. The selection is markup, so it is written
+/// to a surface and copied there. The clipboard is emptied first: a selection without visible text copies
+/// nothing, and then what the seller had copied elsewhere must not get into the page.
 void Fader5::takeMarkedText()
 {
     const ListingEditor* editor = loadedEditor();
@@ -210,7 +211,7 @@ void Fader5::takeMarkedText()
     reader.setDesignMode(DesignMode::On); // no script in the text runs
     const bool copied = reader.write(*marked) && reader.execCommand(QStringLiteral("SelectAll")) &&
                         reader.execCommand(QStringLiteral("Copy"));
-    if (copied) // without the engine the text stays empty; a desktop may fill an empty clipboard again
+    if (copied) // if not, the box stays empty: some desktops fill an emptied clipboard with older text
         Text1->setPlainText(Clipboard::GetText());
 }
 
@@ -222,29 +223,29 @@ FaderSettings Fader5::settings() const
         .mode = Opt1->Value()   ? FaderMode::OneColor
                 : Opt2->Value() ? FaderMode::TwoColors
                                 : FaderMode::FiveFade,
-        .Text1 = wholeText(*Text1),
-        .Text2 = Text2,
-        .Text8 = Text8,
-        .TxtC1 = TxtC1,
-        .TxtC2 = TxtC2,
-        .Combo1 = Combo1->Text(),
+        .text = wholeText(*Text1),
+        .fadedText = fadedText,
+        .textColor = textColor,
+        .firstColor = firstColor,
+        .secondColor = secondColor,
+        .fontFace = Combo1->Text(),
         .size = QString::fromLatin1(htmlFontSize(Combo2->Text())),
-        .Check1 = Check1->Value() == 1,
-        .Text5 = Text5,
-        .Check7 = Check7->Value() == 1,
-        .ChkNoB = ChkNoB->Value() == 1,
+        .highlighted = Check1->Value() == 1,
+        .highlightColor = highlightColor,
+        .inTable = Check7->Value() == 1,
+        .borderColored = ChkNoB->Value() == 1,
         .table = chosen(*this, TableOptions),
         .cell = chosen(*this, CellOptions),
-        .Text20 = Text20,
-        .Text13 = Text13,
-        .Text17 = Text17,
-        .Combo6 = Combo6->text(),
-        .Combo3 = Combo3->text(),
-        .Combo5 = Combo5->text(),
-        .Combo9 = Combo9->text(),
-        .Combo8 = Combo8->text(),
-        .Hlink = Hlink,
-        .Hlink2 = Hlink2,
+        .borderColor = borderColor,
+        .tableColor = tableColor,
+        .cellColor = cellColor,
+        .border = Combo6->text(),
+        .cellPadding = Combo3->text(),
+        .cellSpacing = Combo5->text(),
+        .width = Combo9->text(),
+        .height = Combo8->text(),
+        .linkOpen = linkOpen,
+        .linkClose = linkClose,
     };
     for (const StyleBox& entry : StyleBoxes)
         settings.*entry.setting = (this->*entry.box)->Value() == 1;
@@ -253,11 +254,12 @@ FaderSettings Fader5::settings() const
 
 QString Fader5::body(FaderUser user)
 {
-    Command1_Click();
+    fade();
     return faderBody(settings(), user);
 }
 
-/// Brings the colour texts in line with their samples, but for those of the two-colour mode.
+/// Brings the colour texts in line with their samples, except those of the two-colour mode, which a preset
+/// doesn't hold.
 void Fader5::refreshColorTexts()
 {
     for (const Row row : {F, G, H, I, J})
@@ -281,13 +283,13 @@ void Fader5::enableModes()
 
 void Fader5::Mode_Click()
 {
-    Command8_Click();
+    refresh();
     enableModes();
 }
 
 void Fader5::Check1_Click()
 {
-    Command8_Click();
+    refresh();
     const bool on = Check1->Value() == 1;
     Frame2->setEnabled(on);
     enableRows(std::array{F}, on);
@@ -297,12 +299,12 @@ void Fader5::ChkNoB_Click()
 {
     for (ScrollBar* bar : {RedJ, GreenJ, BlueJ})
         bar->setEnabled(ChkNoB->Value() == 1);
-    Command8_Click();
+    refresh();
 }
 
 void Fader5::Check7_Click()
 {
-    Command8_Click();
+    refresh();
     const bool on = Check7->Value() == 1;
     enableTable(on);
     ChkNoB->setEnabled(on);
@@ -312,10 +314,10 @@ void Fader5::Check7_Click()
             (this->*entry.option)->setValue(false);
     }
     if (!on)
-        Command8_Click();
+        refresh();
 }
 
-/// Enables the table's controls but those that place the text in the cell.
+/// Enables the table's controls, except those that align the text in the cell.
 void Fader5::enableTable(bool enabled)
 {
     for (QWidget* control : std::initializer_list<QWidget*>{Frame5, Frame6, Frame7, Label2, Label3, Label5,
@@ -338,19 +340,20 @@ void Fader5::Text1_Change()
         MsgBox(QStringLiteral("The text is too long. Its first %1 characters were taken.").arg(Longest),
                QStringLiteral("Information"), MsgIcon::Information);
     }
-    Command8_Click();
+    refresh();
 }
 
-/// Fades the text, whatever the mode.
-void Fader5::Command1_Click()
+/// Makes the faded text, whatever the mode.
+void Fader5::fade()
 {
-    Text2 = fadeFive({splitColor(Color1->BackColor()), splitColor(color2->BackColor()),
-                      splitColor(color3->BackColor()), splitColor(color4->BackColor()),
-                      splitColor(Color5->BackColor())},
-                     wholeText(*Text1), Check4->Value() == 1);
+    fadedText = fadeFive({splitColor(Color1->BackColor()), splitColor(color2->BackColor()),
+                          splitColor(color3->BackColor()), splitColor(color4->BackColor()),
+                          splitColor(Color5->BackColor())},
+                         wholeText(*Text1), Check4->Value() == 1);
 }
 
-void Fader5::Command8_Click()
+/// Makes the fragment anew and shows it in the sample.
+void Fader5::refresh()
 {
     WebBrowser1->writeSoon(body(FaderUser::Sample));
 }
@@ -393,8 +396,8 @@ void Fader5::Command6_Click()
     const QString address =
         InputBox(QStringLiteral("Enter the URL Address."), QStringLiteral("Edit Hyperlink"), initial);
     const bool none = address.isEmpty() || address == initial;
-    Hlink = none ? QString() : QStringLiteral("<a href=") + address + u'>';
-    Hlink2 = none ? QString() : QStringLiteral("</a>");
+    linkOpen = none ? QString() : QStringLiteral("<a href=") + address + u'>';
+    linkClose = none ? QString() : QStringLiteral("</a>");
 }
 
 void Fader5::Command9_Click()
@@ -402,9 +405,9 @@ void Fader5::Command9_Click()
     const QString address =
         InputBox(QStringLiteral("Enter your email address."), QStringLiteral("Edit E-Mail"));
     if (address.isEmpty())
-        return; // only the other button takes a link away
-    Hlink = QStringLiteral("<a href=mailto:") + address + u'>';
-    Hlink2 = QStringLiteral("</a>");
+        return; // a link stays: only the other button takes one away
+    linkOpen = QStringLiteral("<a href=mailto:") + address + u'>';
+    linkClose = QStringLiteral("</a>");
 }
 
 // ---- Presets ---------------------------------------------------------------------------------------------
@@ -430,12 +433,13 @@ void Fader5::Command4_Click()
     savePreset(preset());
 }
 
-/// The bars stay where they are: the first that moves takes its sample back to the bars' colour.
+/// The bars stay where they are, and the sample shows the colours at its next refresh. So meant: the first
+/// bar that moves gives its row the colour of the bars again.
 void Fader5::Command5_Click()
 {
     if (!loadPreset(preset()))
         return;
-    Command1_Click();
+    fade();
     refreshColorTexts();
 }
 

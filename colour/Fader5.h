@@ -18,29 +18,29 @@ class Fader5 : public ToolForm, public Ui::Fader5
     Q_OBJECT
 
 public:
-    /// Takes the text that is marked in the source box, by way of the clipboard.
+    /// Takes over the text that is selected in the source box, which empties or overwrites the clipboard.
     Fader5();
 
-    // Colours as colour texts, of the rows G, X, Z, F, H, I and J.
-    QString Text8 = QStringLiteral("#000000");
-    QString TxtC1 = QStringLiteral("#000000");
-    QString TxtC2 = QStringLiteral("#000000");
-    QString Text5 = QStringLiteral("#000000");
-    QString Text13 = QStringLiteral("#000000");
-    QString Text17 = QStringLiteral("#000000");
-    QString Text20 = QStringLiteral("#000000");
+    // Colours, `#RRGGBB`, of the rows G, X, Z, F, H, I and J.
+    QString textColor = QStringLiteral("#000000");
+    QString firstColor = QStringLiteral("#000000");
+    QString secondColor = QStringLiteral("#000000");
+    QString highlightColor = QStringLiteral("#000000");
+    QString tableColor = QStringLiteral("#000000");
+    QString cellColor = QStringLiteral("#000000");
+    QString borderColor = QStringLiteral("#000000");
     /// `Text1` in five colours, as the fade engine made it.
-    QString Text2;
-    /// The tags of the link, both empty without one.
-    QString Hlink;
-    QString Hlink2;
+    QString fadedText;
+    /// The tags around the text that make it a link; both are empty without one.
+    QString linkOpen;
+    QString linkClose;
 
-    /// On the tab Preview, puts the fragment in place of each description of the document, shows the document
-    /// on the surfaces and closes; elsewhere nothing. No control runs it.
+    /// While the tab Preview is shown, puts the fragment in place of each description of the document, shows
+    /// the document on the surfaces and closes this window; else nothing. No control runs it.
     void Command15_Click();
 
 private:
-    /// The colour rows, in the order of their table.
+    /// The colour rows, by the last letter of their bars' names.
     enum Row { G, X, Z, A, B, C, D, E, F, H, I, J, RowCount };
 
     void connectHandlers();
@@ -48,18 +48,18 @@ private:
     void takeMarkedText();
 
     void Text1_Change();
-    void Command1_Click();
     void Command2_Click();
     void Command4_Click();
     void Command5_Click();
     void Command6_Click();
-    void Command8_Click();
     void Command9_Click();
     void Command16_Click();
     void Check1_Click();
     void Check7_Click();
     void ChkNoB_Click();
     void Mode_Click();
+    void fade();
+    void refresh();
     void enableModes();
 
     QString body(FaderUser user);

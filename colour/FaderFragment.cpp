@@ -8,11 +8,11 @@
 
 namespace {
 
-/// In what the fragments of the users differ.
+/// What the fragments for the uses differ in.
 struct UserTraits
 {
     bool lowerCaseTags;  ///< "<b>", "<i>" and "<u>" in lower case
-    bool alwaysBordered; ///< the table has a border colour, ticked or not
+    bool alwaysBordered; ///< the border colour is written even where `borderColored` is off
 };
 
 constexpr std::array<UserTraits, 4> Traits = {{
@@ -30,13 +30,14 @@ struct StyleTag
 };
 
 constexpr std::array<StyleTag, 4> StyleTags = {{
-    {&FaderSettings::chkBold, "B", "b"},
-    {&FaderSettings::chkItalic, "I", "i"},
-    {&FaderSettings::chkUnderline, "U", "u"},
-    {&FaderSettings::chkStrikeout, "S", "S"},
+    {&FaderSettings::bold, "B", "b"},
+    {&FaderSettings::italic, "I", "i"},
+    {&FaderSettings::underline, "U", "u"},
+    {&FaderSettings::strikeout, "S", "S"},
 }};
 
-/// The style tags, opened with "<" or closed with "</". Both run in the same order, not nested.
+/// The style tags; `opening` is "<" or "</". The closing tags stand in the same order as the opening ones,
+/// not nested.
 QString styleTags(const FaderSettings& settings, const UserTraits& traits, const char* opening)
 {
     QString tags;
@@ -50,61 +51,61 @@ QString styleTags(const FaderSettings& settings, const UserTraits& traits, const
     return tags;
 }
 
-// The table's words and the cell's differ in case, in the attribute and in the value.
+// Table and cell differ in letter case. That is meant: pages are searched by literal text.
 constexpr std::array<const char*, 4> TableAlign = {"", " Align=left", " Align=center", " Align=right"};
 constexpr std::array<const char*, 4> CellAlign = {"", " align=Left", " align=center", " align=right"};
 
 QString tableHead(const FaderSettings& s, const UserTraits& traits)
 {
-    if (!s.Check7)
+    if (!s.inTable)
         return QString();
     QString head = QStringLiteral("<TABLE");
-    if (s.ChkNoB || traits.alwaysBordered)
-        head += QStringLiteral(" borderColor=") + s.Text20;
-    head += QStringLiteral(" height=") + s.Combo8;
-    head += QStringLiteral(" cellSpacing=") + s.Combo5;
-    head += QStringLiteral(" cellPadding=") + s.Combo3;
-    head += QStringLiteral(" width=") + s.Combo9;
+    if (s.borderColored || traits.alwaysBordered)
+        head += QStringLiteral(" borderColor=") + s.borderColor;
+    head += QStringLiteral(" height=") + s.height;
+    head += QStringLiteral(" cellSpacing=") + s.cellSpacing;
+    head += QStringLiteral(" cellPadding=") + s.cellPadding;
+    head += QStringLiteral(" width=") + s.width;
     head += QLatin1String(TableAlign.at(size_t(s.table)));
-    head += QStringLiteral(" bgcolor=") + s.Text13;
-    head += QStringLiteral(" border=") + s.Combo6;
+    head += QStringLiteral(" bgcolor=") + s.tableColor;
+    head += QStringLiteral(" border=") + s.border;
     head += QStringLiteral("><TBODY><TR><TD");
     head += QLatin1String(CellAlign.at(size_t(s.cell)));
-    return head + QStringLiteral(" bgColor=") + s.Text17 + u'>';
+    return head + QStringLiteral(" bgColor=") + s.cellColor + u'>';
 }
 
 QString tableTail(const FaderSettings& settings)
 {
-    return settings.Check7 ? QStringLiteral("</TD></TR></TBODY></TABLE>") : QString();
+    return settings.inTable ? QStringLiteral("</TD></TR></TBODY></TABLE>") : QString();
 }
 
 QString highlightHead(const FaderSettings& settings)
 {
-    return settings.Check1
-               ? QStringLiteral("<FONT style=\"background-color: ") + settings.Text5 + QStringLiteral("\">")
-               : QString();
+    return settings.highlighted ? QStringLiteral("<FONT style=\"background-color: ") +
+                                      settings.highlightColor + QStringLiteral("\">")
+                                : QString();
 }
 
 QString highlightTail(const FaderSettings& settings)
 {
-    return settings.Check1 ? QStringLiteral("</FONT>") : QString();
+    return settings.highlighted ? QStringLiteral("</FONT>") : QString();
 }
 
 /// The attributes of all font tags but their colour.
 QString fontAttributes(const FaderSettings& settings)
 {
-    return QStringLiteral(" face=") + settings.Combo1 + QStringLiteral(" size=") + settings.size;
+    return QStringLiteral(" face=") + settings.fontFace + QStringLiteral(" size=") + settings.size;
 }
 
-/// Characters in turn in the two colours: each font tag stands in the one before, and none is closed here. A
-/// last character without a partner is followed by the partner's tag all the same.
+/// Characters in turn in the two colours. No font tag is closed here, so each stands in the one before;
+/// `closers` gets what closes them all. An odd last character is still followed by the other colour's tag.
 QString alternatingRun(const FaderSettings& settings, QString& closers)
 {
     const QString first = QStringLiteral("<Font") + fontAttributes(settings) + QStringLiteral(" color=\"") +
-                          settings.TxtC1 + QStringLiteral("\">");
+                          settings.firstColor + QStringLiteral("\">");
     const QString second = QStringLiteral("<Font") + fontAttributes(settings) + QStringLiteral(" color=\"") +
-                           settings.TxtC2 + QStringLiteral("\">");
-    const QStringList characters = fadeCharacters(settings.Text1);
+                           settings.secondColor + QStringLiteral("\">");
+    const QStringList characters = fadeCharacters(settings.text);
     QString run;
     for (qsizetype i = 0; i < characters.size(); i += 2) {
         run += first + characters.at(i) + second + characters.value(i + 1);
@@ -120,14 +121,14 @@ QString styledText(const FaderSettings& settings, const UserTraits& traits)
     const QString font = QStringLiteral("<Font") + fontAttributes(settings);
     switch (settings.mode) {
     case FaderMode::OneColor:
-        return font + QStringLiteral(" color=") + settings.Text8 + u'>' + settings.Text1 +
+        return font + QStringLiteral(" color=") + settings.textColor + u'>' + settings.text +
                highlightTail(settings) + QStringLiteral("</FONT>") + tail;
     case FaderMode::FiveFade:
-        return font + u'>' + settings.Text2 + highlightTail(settings) + QStringLiteral("</FONT>") + tail;
+        return font + u'>' + settings.fadedText + highlightTail(settings) + QStringLiteral("</FONT>") + tail;
     case FaderMode::TwoColors:
         break;
     }
-    // The last </FONT> closes the highlight; without one it is left over.
+    // The last </FONT> closes the highlight. It is written without a highlight too, which browsers pass over.
     QString closers;
     const QString run = alternatingRun(settings, closers);
     return run + tail + closers + QStringLiteral("</FONT>");
@@ -138,8 +139,8 @@ QString styledText(const FaderSettings& settings, const UserTraits& traits)
 QString faderBody(const FaderSettings& settings, FaderUser user)
 {
     const UserTraits& traits = Traits.at(size_t(user));
-    return tableHead(settings, traits) + settings.Hlink + styleTags(settings, traits, "<") +
-           highlightHead(settings) + styledText(settings, traits) + settings.Hlink2 + tableTail(settings);
+    return tableHead(settings, traits) + settings.linkOpen + styleTags(settings, traits, "<") +
+           highlightHead(settings) + styledText(settings, traits) + settings.linkClose + tableTail(settings);
 }
 
 QString faderText(const QString& body, bool paragraph)

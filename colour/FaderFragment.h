@@ -14,52 +14,52 @@ enum class FaderMode {
 
 enum class FaderAlign { None, Left, Center, Right };
 
-/// The settings of the fader, under the names of its controls. Colours are colour texts (`#RRGGBB`).
+/// The settings of the fader. Colours are `#RRGGBB`.
 struct FaderSettings
 {
     FaderMode mode = FaderMode::OneColor;
-    QString Text1;  ///< the text to style
-    QString Text2;  ///< the same as the fade engine made it, for `FiveFade`
-    QString Text8;  ///< the colour for `OneColor`
-    QString TxtC1;  ///< the first colour for `TwoColors`
-    QString TxtC2;  ///< the second
-    QString Combo1; ///< font name
-    QString size;   ///< HTML font size, "1" to "7"; may be empty
+    QString text;        ///< the text to style
+    QString fadedText;   ///< the same as the fade engine made it, for `FiveFade`
+    QString textColor;   ///< for `OneColor`
+    QString firstColor;  ///< for `TwoColors`
+    QString secondColor; ///< likewise
+    QString fontFace;
+    QString size; ///< HTML font size, "1" to "7"; may be empty
 
-    bool chkBold = false;
-    bool chkItalic = false;
-    bool chkUnderline = false;
-    bool chkStrikeout = false;
+    bool bold = false;
+    bool italic = false;
+    bool underline = false;
+    bool strikeout = false;
 
-    bool Check1 = false; ///< highlighted
-    QString Text5;       ///< in this colour
+    bool highlighted = false;
+    QString highlightColor;
 
-    bool Check7 = false;                 ///< in a table of one cell
-    bool ChkNoB = false;                 ///< whose border has a colour
+    bool inTable = false;                ///< in a table of one cell, whose look follows
+    bool borderColored = false;          ///< whether `borderColor` is written
     FaderAlign table = FaderAlign::None; ///< where the table stands
     FaderAlign cell = FaderAlign::None;  ///< where the text stands in it
-    QString Text20;                      ///< border colour
-    QString Text13;                      ///< background of the table
-    QString Text17;                      ///< background of the cell
-    QString Combo6;                      ///< border
-    QString Combo3;                      ///< cell padding
-    QString Combo5;                      ///< cell spacing
-    QString Combo9;                      ///< width, with its unit
-    QString Combo8;                      ///< height, with its unit
+    QString borderColor;
+    QString tableColor; ///< background of the table
+    QString cellColor;  ///< background of the cell
+    QString border;
+    QString cellPadding;
+    QString cellSpacing;
+    QString width;  ///< with its unit
+    QString height; ///< with its unit
 
-    QString Hlink;  ///< opening tag of a link, or empty
-    QString Hlink2; ///< closing tag of a link, or empty
+    QString linkOpen;  ///< opening tag of a link, or empty
+    QString linkClose; ///< closing tag of a link, or empty
 };
 
-/// Who asks for the fragment. Their fragments differ a little; readers of the pages tell by it who made them.
+/// What a fragment is made for. They differ a little. That is meant: a page tells by it how it was made.
 enum class FaderUser {
-    Sample,      ///< `Command8`
-    Copy,        ///< `Command16`
-    Add,         ///< `Command2`
-    Description, ///< `Command15`
+    Sample,      ///< the sample of the tool
+    Copy,        ///< the clipboard
+    Add,         ///< the caret of the source box
+    Description, ///< the descriptions of a listing page
 };
 
-/// The fragment for one of its users.
+/// The fragment for one of its uses.
 QString faderBody(const FaderSettings& settings, FaderUser user);
 
 /// What goes to the clipboard or to the caret: the fragment, in a paragraph if wanted, and a line end.

@@ -6,8 +6,8 @@
 
 class ColorRow;
 
-/// Two colours for the cells of a table, which take turns. The window only hides when they are taken: its
-/// rows keep them.
+/// Lets the user choose two colours that the rows of a table have in turn. OK only hides the window, so that
+/// the colours are there the next time.
 class FrmAutoColor : public Form, public Ui::FrmAutoColor
 {
     Q_OBJECT
@@ -15,13 +15,13 @@ class FrmAutoColor : public Form, public Ui::FrmAutoColor
 public:
     FrmAutoColor();
 
-    /// Brings both rows to colour numbers, bars and samples.
+    /// Shows two colour numbers in the samples and on the bars.
     void setColors(int first, int second);
 
 signals:
-    /// The user has taken two colours, as colour texts.
+    /// The user has taken two colours, `#RRGGBB`.
     void taken(const QString& first, const QString& second);
-    /// The form is being unloaded, by Cancel or otherwise.
+    /// The form is being unloaded, by Cancel or in another way.
     void unloading();
 
 protected:

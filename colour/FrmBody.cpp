@@ -17,14 +17,14 @@ struct FrmBody::Attribute
     ColorSample* FrmBody::*sample;
     QString FrmBody::*text;
     const char* tag;
-    bool link; ///< shown on `Lab`
+    bool link; ///< a colour of links, which `Lab` shows
 };
 
 const std::array<FrmBody::Attribute, 4> FrmBody::Attributes = {{
-    {&FrmBody::Check1, &FrmBody::Picture1, &FrmBody::Text1, "<body bgcolor=", false},
-    {&FrmBody::Check2, &FrmBody::Picture2, &FrmBody::Text2, "<body text=", false},
-    {&FrmBody::Check4, &FrmBody::Picture5, &FrmBody::Text4, "<body link=", true},
-    {&FrmBody::Check5, &FrmBody::Picture6, &FrmBody::Text5, "<body alink=", true},
+    {&FrmBody::Check1, &FrmBody::Picture1, &FrmBody::backgroundTag, "<body bgcolor=", false},
+    {&FrmBody::Check2, &FrmBody::Picture2, &FrmBody::textTag, "<body text=", false},
+    {&FrmBody::Check4, &FrmBody::Picture5, &FrmBody::linkTag, "<body link=", true},
+    {&FrmBody::Check5, &FrmBody::Picture6, &FrmBody::activeLinkTag, "<body alink=", true},
 }};
 
 FrmBody::FrmBody() : Check1(new CheckBox(this)), Picture1(new ColorSample(this))
@@ -37,7 +37,7 @@ FrmBody::FrmBody() : Check1(new CheckBox(this)), Picture1(new ColorSample(this))
     colorLab(Qt::blue);
     Lab->installEventFilter(this);
     auto* row = new ColorRow(RedG, GreenG, BlueG, FColor1);
-    row->keepText(&Text8);
+    row->keepText(&rowColor);
     row->RowHexRefresh();
 
     for (const Attribute& attribute : Attributes) {
@@ -51,14 +51,14 @@ FrmBody::FrmBody() : Check1(new CheckBox(this)), Picture1(new ColorSample(this))
     on(Command5, &QPushButton::clicked, this, &FrmBody::Command5_Click);
 }
 
-/// A ticked box takes the row's colour of this moment; the row may move on.
+/// Ticking a box takes the present colour of the row, and keeps it when the row changes later.
 void FrmBody::Check_Click(const Attribute& attribute)
 {
     const bool ticked = (this->*attribute.box)->Value() == 1;
     (this->*attribute.sample)->setBackColor(ticked ? FColor1->BackColor() : ButtonFace);
-    this->*attribute.text = ticked ? QLatin1String(attribute.tag) + Text8 + u'>' : QString();
+    this->*attribute.text = ticked ? QLatin1String(attribute.tag) + rowColor + u'>' : QString();
     if (attribute.link)
-        Command3_Click();
+        showLinkColor();
 }
 
 void FrmBody::colorLab(const QColor& color)
@@ -67,6 +67,11 @@ void FrmBody::colorLab(const QColor& color)
 }
 
 void FrmBody::Command3_Click()
+{
+    showLinkColor();
+}
+
+void FrmBody::showLinkColor()
 {
     colorLab(Picture5->shownColor());
 }
@@ -77,7 +82,7 @@ bool FrmBody::eventFilter(QObject* watched, QEvent* event)
         if (watched == Lab) {
             if (event->type() == QEvent::MouseButtonPress) {
                 guarded([this] { Lab_MouseDown(); });
-                return true; // taken, so that the release comes here too
+                return true; // Qt sends the release only to who took the press
             }
             if (event->type() == QEvent::MouseButtonRelease)
                 guarded([this] { Lab_MouseUp(); });
@@ -86,7 +91,7 @@ bool FrmBody::eventFilter(QObject* watched, QEvent* event)
     });
 }
 
-/// Acts out a link that is being clicked.
+/// While the button is held, the sample link has the colour of a clicked link.
 void FrmBody::Lab_MouseDown()
 {
     if (Check5->Value() == 1)
@@ -110,7 +115,7 @@ void FrmBody::Command1_Click()
         return;
     }
     if (ListingEditor* editor = loadedEditor())
-        editor->insertAtStart(Text1 + Text2 + Text4 + Text5 + QStringLiteral("\r\n"));
+        editor->insertAtStart(backgroundTag + textTag + linkTag + activeLinkTag + QStringLiteral("\r\n"));
     Unload();
 }
 
@@ -122,10 +127,10 @@ Preset FrmBody::preset()
              {QStringLiteral("color2"), Picture2},
              {QStringLiteral("color3"), Picture5},
              {QStringLiteral("color4"), Picture6},
-             {QStringLiteral("text1"), &Text1},
-             {QStringLiteral("text2"), &Text2},
-             {QStringLiteral("text3"), &Text4},
-             {QStringLiteral("text4"), &Text5}}};
+             {QStringLiteral("text1"), &backgroundTag},
+             {QStringLiteral("text2"), &textTag},
+             {QStringLiteral("text3"), &linkTag},
+             {QStringLiteral("text4"), &activeLinkTag}}};
 }
 
 void FrmBody::Command4_Click()
@@ -133,10 +138,10 @@ void FrmBody::Command4_Click()
     savePreset(preset());
 }
 
-/// All boxes are ticked, whatever the file holds: one without a tag adds nothing.
+/// Ticks all boxes, whatever the file holds. One whose tag is missing there adds nothing to the page.
 void FrmBody::Command5_Click()
 {
-    static_cast<void>(loadPreset(preset(), [this] { // the window shows what came, and nothing follows
+    static_cast<void>(loadPreset(preset(), [this] { // failure: the window shows what could be read
         for (const Attribute& attribute : Attributes)
             (this->*attribute.box)->setValue(1);
     }));

@@ -7,8 +7,8 @@
 
 class ColorRow;
 
-/// The tool that puts page colours in front of the document, each as a body tag of its own. What the document
-/// holds already stays as it is: browsers take all body tags together.
+/// The tool that puts page colours in front of the document, each in a body tag of its own. That is meant:
+/// browsers join all body tags of a page, so the document's own needn't change.
 class FrmBody : public ToolForm, public Ui::FrmBody
 {
     Q_OBJECT
@@ -16,17 +16,18 @@ class FrmBody : public ToolForm, public Ui::FrmBody
 public:
     FrmBody();
 
-    /// The box of the background colour. No hand reaches it: only a preset ticks it.
+    /// The box of the background colour and its sample. They are never shown: only loading a preset ticks the
+    /// box.
     CheckBox* Check1;
     ColorSample* Picture1;
 
-    /// The colour text of the row.
-    QString Text8;
-    // The tags of the boxes; empty for a box that isn't ticked.
-    QString Text1;
-    QString Text2;
-    QString Text4;
-    QString Text5;
+    /// The colour of the row, `#RRGGBB`.
+    QString rowColor;
+    // A body tag for each box, empty while it isn't ticked.
+    QString backgroundTag;
+    QString textTag;
+    QString linkTag;
+    QString activeLinkTag;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -43,6 +44,7 @@ private:
     void Command4_Click();
     void Command5_Click();
 
+    void showLinkColor();
     void colorLab(const QColor& color);
     Preset preset();
 };

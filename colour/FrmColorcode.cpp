@@ -13,18 +13,19 @@ FrmColorcode::FrmColorcode()
     setDefaultButton(Command4);
     setCancelButton(Command1);
     m_row = new ColorRow(RedB, GreenB, BlueB, Hcolor2);
-    on(m_row, &ColorRow::Change, this, &FrmColorcode::Command3_Click);
-    on(m_row, &ColorRow::Scroll, this, &FrmColorcode::Command3_Click);
+    on(m_row, &ColorRow::Change, this, &FrmColorcode::showCode);
+    on(m_row, &ColorRow::Scroll, this, &FrmColorcode::showCode);
     on(Command1, &QPushButton::clicked, this, &FrmColorcode::Unload);
     on(Command4, &QPushButton::clicked, this, &FrmColorcode::Command4_Click);
-    Command3_Click();
+    showCode();
 }
 
-void FrmColorcode::Command3_Click()
+/// Shows the code of the mixed colour.
+void FrmColorcode::showCode()
 {
     const QString code = m_row->colorText();
     Text3->setText(code);
-    Text1 = u'#' + fromNumber(parseColor(code));
+    decimalCode = u'#' + fromNumber(parseColor(code));
 }
 
 void FrmColorcode::Command4_Click()

@@ -6,8 +6,8 @@
 
 class ColorRow;
 
-/// Mixes a colour and puts its HTML code at the caret of the source box. The window only hides then: the next
-/// time its bars stand where they stood.
+/// Mixes a colour and puts its HTML code at the caret of the source box. After that the window only hides, so
+/// that its bars stand in the same place the next time.
 class FrmColorcode : public ToolForm, public Ui::FrmColorcode
 {
     Q_OBJECT
@@ -15,12 +15,13 @@ class FrmColorcode : public ToolForm, public Ui::FrmColorcode
 public:
     FrmColorcode();
 
-    /// "#" and the colour's number in decimal.
-    QString Text1;
+    /// "#" and the colour number in decimal.
+    QString decimalCode;
 
 private:
-    void Command3_Click();
     void Command4_Click();
+
+    void showCode();
 
     ColorRow* m_row;
 };

@@ -33,24 +33,24 @@ FrmFonts::FrmFonts()
     WebBrowser1->setDesignMode(DesignMode::On);
     setDefaultButton(Command1);
     setCancelButton(Command2);
-    addScreenFonts(*Combo1, 1); // the first is left out
+    addScreenFonts(*Combo1, 1); // without the first font; users know the list so
     Combo1->setText(QStringLiteral("Arial"));
     Combo2->setText(QStringLiteral("Normal"));
     m_row = new ColorRow(RedG, GreenG, BlueG, FColor1);
     m_row->offerPick();
 
     for (const auto signal : {&ColorRow::Change, &ColorRow::Scroll, &ColorRow::Picked})
-        on(m_row, signal, this, &FrmFonts::Command4_Click);
+        on(m_row, signal, this, &FrmFonts::refresh);
     for (const StyleBox& entry : StyleBoxes) {
         (this->*entry.box)->setIcon(namedIcon(entry.icon, this));
-        on(this->*entry.box, &CheckBox::Click, this, &FrmFonts::Command4_Click);
+        on(this->*entry.box, &CheckBox::Click, this, &FrmFonts::refresh);
     }
-    on(Combo1, &ComboBox::Click, this, &FrmFonts::Command4_Click);
-    on(Combo1, &ComboBox::Change, this, &FrmFonts::Command4_Click);
-    on(Combo2, &ComboBox::Click, this, &FrmFonts::Command4_Click);
+    on(Combo1, &ComboBox::Click, this, &FrmFonts::refresh);
+    on(Combo1, &ComboBox::Change, this, &FrmFonts::refresh);
+    on(Combo2, &ComboBox::Click, this, &FrmFonts::refresh);
     on(Command1, &QPushButton::clicked, this, &FrmFonts::Command1_Click);
     on(Command2, &QPushButton::clicked, this, &FrmFonts::Unload);
-    Command4_Click();
+    refresh();
 }
 
 FontChoice FrmFonts::choice() const
@@ -67,7 +67,8 @@ FontChoice FrmFonts::choice() const
     return font;
 }
 
-void FrmFonts::Command4_Click()
+/// Shows the chosen font in the sample.
+void FrmFonts::refresh()
 {
     const FontChoice font = choice();
     WebBrowser1->writeSoon(font.open + QStringLiteral("<FONT face=") + font.name + QStringLiteral(" size=") +

@@ -11,13 +11,13 @@ struct FontChoice
 {
     QString color; ///< `#RRGGBB`
     QString name;
-    QString size;    ///< HTML font size; empty for a text that is no size
+    QString size;    ///< HTML font size; empty when what was typed is none of the sizes
     QString open{};  ///< opening style tags
-    QString close{}; ///< closing style tags, in the same order
+    QString close{}; ///< closing style tags, in the same order as the opening ones
 };
 
-/// Lets the user choose a font for one of the list builders. Whoever shows the window gives it a caption
-/// first, and takes what comes with that caption.
+/// Lets the user choose a font for one of the list builders, which share this window. A builder sets its own
+/// caption before it shows the window, and only takes a font that comes with that caption.
 class FrmFonts : public ToolForm, public Ui::FrmFonts
 {
     Q_OBJECT
@@ -26,13 +26,13 @@ public:
     FrmFonts();
 
 signals:
-    /// The user has taken a font, in a window of that caption.
+    /// The user has taken a font. `caption` is the window's and tells for whom.
     void taken(const QString& caption, const FontChoice& font);
 
 private:
     void Command1_Click();
-    void Command4_Click();
 
+    void refresh();
     FontChoice choice() const;
 
     ColorRow* m_row;

@@ -10,7 +10,7 @@
 
 namespace {
 
-/// An option that places the rule. Its text ends the tag.
+/// An option that aligns the rule, and the end of the tag when it is chosen.
 struct AlignOption
 {
     OptionButton* Ui::FrmHR::*option;
@@ -33,17 +33,17 @@ FrmHR::FrmHR()
     setCancelButton(Command7);
     setClosingBox(Check3, QStringLiteral("HRpro"), QStringLiteral("chk3"));
     m_row = new ColorRow(RedG, GreenG, BlueG, FColor1);
-    m_row->keepText(&Text11);
+    m_row->keepText(&ruleColor);
     m_row->RowHexRefresh();
 
-    on(m_row, &ColorRow::Change, this, &FrmHR::Command8_Click);
-    on(m_row, &ColorRow::Scroll, this, &FrmHR::Command8_Click);
+    on(m_row, &ColorRow::Change, this, &FrmHR::refresh);
+    on(m_row, &ColorRow::Scroll, this, &FrmHR::refresh);
     for (const AlignOption& entry : AlignOptions) {
         (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
-        on(this->*entry.option, &OptionButton::Click, this, &FrmHR::Command8_Click);
+        on(this->*entry.option, &OptionButton::Click, this, &FrmHR::refresh);
     }
-    on(Text1, &QLineEdit::textChanged, this, &FrmHR::Command8_Click);
-    on(Text3, &QLineEdit::textChanged, this, &FrmHR::Command8_Click);
+    on(Text1, &QLineEdit::textChanged, this, &FrmHR::refresh);
+    on(Text3, &QLineEdit::textChanged, this, &FrmHR::refresh);
     on(HScroll1, &ScrollBar::Change, this, &FrmHR::HScroll1_Change);
     on(HScroll2, &ScrollBar::Change, this, &FrmHR::HScroll2_Change);
     on(Command1, &QPushButton::clicked, this, &FrmHR::Command1_Click);
@@ -51,25 +51,25 @@ FrmHR::FrmHR()
     on(Command7, &QPushButton::clicked, this, &FrmHR::Unload);
     on(Command9, &QPushButton::clicked, this, &FrmHR::Command9_Click);
     on(Command10, &QPushButton::clicked, this, &FrmHR::Command10_Click);
-    Command8_Click();
+    refresh();
 }
 
 void FrmHR::HScroll1_Change()
 {
     Text1->setText(QString::number(HScroll1->Value()) + u'%');
-    Command8_Click();
+    refresh();
 }
 
 void FrmHR::HScroll2_Change()
 {
     Text3->setText(QString::number(HScroll2->Value()));
-    Command8_Click();
+    refresh();
 }
 
 QString FrmHR::tag() const
 {
     QString tag = QStringLiteral("<HR width=") + Text1->text() + QStringLiteral(" size=") + Text3->text() +
-                  QStringLiteral(" color=") + Text11;
+                  QStringLiteral(" color=") + ruleColor;
     for (const AlignOption& entry : AlignOptions) {
         if ((this->*entry.option)->Value())
             tag += QLatin1String(entry.end);
@@ -77,7 +77,8 @@ QString FrmHR::tag() const
     return tag;
 }
 
-void FrmHR::Command8_Click()
+/// Shows the rule in the sample.
+void FrmHR::refresh()
 {
     WebBrowser1->writeSoon(tag());
 }
@@ -102,7 +103,7 @@ void FrmHR::Command9_Click()
     savePreset(preset());
 }
 
-/// The sample shows the colour at its next refresh, and the bars stay where they are.
+/// The sample shows the colour at its next refresh, and the bars stay where they are. Both are meant.
 void FrmHR::Command10_Click()
 {
     if (loadPreset(preset()))

@@ -8,7 +8,7 @@
 class ColorRow;
 
 /// The tool that makes a horizontal rule. Shows it in a sample, copies it, or puts it at the caret of the
-/// source box. Sizes go out as they are typed.
+/// source box. Sizes are written as they are typed.
 class FrmHR : public ToolForm, public Ui::FrmHR
 {
     Q_OBJECT
@@ -16,18 +16,18 @@ class FrmHR : public ToolForm, public Ui::FrmHR
 public:
     FrmHR();
 
-    /// The colour text of the rule.
-    QString Text11;
+    /// The colour of the rule, `#RRGGBB`.
+    QString ruleColor;
 
 private:
     void HScroll1_Change();
     void HScroll2_Change();
     void Command1_Click();
     void Command6_Click();
-    void Command8_Click();
     void Command9_Click();
     void Command10_Click();
 
+    void refresh();
     QString tag() const;
     Preset preset();
 

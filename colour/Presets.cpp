@@ -60,7 +60,7 @@ bool loadPreset(const Preset& preset, const std::function<void()>& before)
         for (const Preset::Entry& entry : preset.entries)
             take(entry, file.value(preset.section, entry.key));
     } catch (const RuntimeError&) {
-        return false; // a colour that is none: the user sees those before it, and the rest as it was
+        return false; // no colour number: the user sees the colours read before it, and the others unchanged
     }
     return true;
 }

@@ -8,9 +8,9 @@
 
 class ColorSample;
 
-// Colour presets: files of the user's choosing, with the extension ".fpc", in which a tool keeps its colours.
-// They are profile files (see Profile.h). Each tool has a section of its own, so one file can serve several
-// tools.
+// Colour presets: files in which a tool keeps its colours, with the extension ".fpc" and a name that the user
+// chooses. They are profile files (see Profile.h). Each tool has a section of its own, so one file can serve
+// several tools.
 
 /// What a preset keeps of a tool.
 struct Preset
@@ -27,9 +27,11 @@ struct Preset
     std::vector<Entry> entries; ///< in the order of writing and reading
 };
 
-/// Asks for a file and writes the entries to it. A failure to write goes unnoticed.
+/// Asks for a file and writes the entries to it. Does nothing when the dialog is cancelled. A failure to
+/// write isn't told.
 void savePreset(const Preset& preset);
 
 /// Asks for a file, runs `before`, and reads the entries. A colour that is missing or no number ends the
-/// reading; what was read so far stays. True: all was read.
+/// reading; what was read before it stays. Returns whether all was read; false too when the dialog was
+/// cancelled.
 [[nodiscard]] bool loadPreset(const Preset& preset, const std::function<void()>& before = nullptr);

@@ -48,7 +48,7 @@ color::color()
     on(Command2, &QPushButton::clicked, this, &color::Unload);
 }
 
-/// The bars stay at zero: the sample is the row's value.
+/// The bars stay at zero. So meant: the sample holds the row's colour, and the bars only mix a new one.
 void color::loadColors()
 try {
     const Profile settings(webIni());
@@ -57,7 +57,7 @@ try {
         (this->*entry.sample)->setBackColor(toInteger32(value));
     }
 } catch (const RuntimeError&) {
-    return; // a colour that is missing or none: the user sees it and all behind it in black
+    return; // missing or no number: the user sees this colour and those behind it in black
 }
 
 void color::Command1_Click()

@@ -4,13 +4,13 @@
 #include "colour/ui_color.h"
 #include "forms/Form.h"
 
-/// The colours of the source box's highlight. Only stores them: the next highlight takes them.
+/// The window for the colours of the source box's highlight. It only stores them, for the next highlight.
 class color : public Form, public Ui::color
 {
     Q_OBJECT
 
 public:
-    /// Shows the stored colours, up to the first key that is missing or no number; the rest is black.
+    /// Shows the stored colours. From the first that is missing or no number on, all are black.
     color();
 
 private:

@@ -38,41 +38,42 @@ void targets::faderfragment(const QByteArray& bytes)
     s.mode = static_cast<FaderMode>(flags % 3);
     s.table = static_cast<FaderAlign>((flags >> 2) % 4);
     s.cell = static_cast<FaderAlign>((flags >> 4) % 4);
-    s.chkBold = flags & 64;
-    s.chkItalic = flags & 128;
-    s.chkUnderline = flags & 256;
-    s.chkStrikeout = flags & 512;
-    s.Check1 = flags & 1024;
-    s.Check7 = flags & 2048;
-    s.ChkNoB = flags & 4096;
+    s.bold = flags & 64;
+    s.italic = flags & 128;
+    s.underline = flags & 256;
+    s.strikeout = flags & 512;
+    s.highlighted = flags & 1024;
+    s.inTable = flags & 2048;
+    s.borderColored = flags & 4096;
     if (flags & 8192) {
-        s.Hlink = QStringLiteral("<A href=x>");
-        s.Hlink2 = QStringLiteral("</A>");
+        s.linkOpen = QStringLiteral("<A href=x>");
+        s.linkClose = QStringLiteral("</A>");
     }
-    for (QString* value : {&s.Text8, &s.TxtC1, &s.TxtC2, &s.Combo1, &s.size, &s.Text5, &s.Text20, &s.Text13,
-                           &s.Text17, &s.Combo6, &s.Combo3, &s.Combo5, &s.Combo9, &s.Combo8})
+    for (QString* value : {&s.textColor, &s.firstColor, &s.secondColor, &s.fontFace, &s.size,
+                           &s.highlightColor, &s.borderColor, &s.tableColor, &s.cellColor, &s.border,
+                           &s.cellPadding, &s.cellSpacing, &s.width, &s.height})
         *value = plain(fields.nextText());
-    s.Text1 = textOf(fields.rest());
-    s.Text2 = s.Text1;
+    s.text = textOf(fields.rest());
+    s.fadedText = s.text;
 
     const QString copy = faderBody(s, FaderUser::Copy);
     hold(faderBody(s, FaderUser::Add) == copy, "what is added is what is copied");
     hold(faderBody(s, FaderUser::Sample).toLower() == copy.toLower(), "the sample differs in case alone");
     FaderSettings bordered = s;
-    bordered.ChkNoB = true;
+    bordered.borderColored = true;
     hold(faderBody(s, FaderUser::Description) == faderBody(bordered, FaderUser::Copy),
          "a description's table has a border colour");
     hold(faderText(copy, true) == QStringLiteral("<P>") + copy + QStringLiteral("</P>\r\n"),
          "a paragraph stands around it");
     if (s.mode != FaderMode::TwoColors)
-        hold(copy.contains(s.Text1), "the text stands in it as it is");
+        hold(copy.contains(s.text), "the text stands in it as it is");
 
-    s.Text1 = plain(s.Text1);
-    s.Text2 = s.Text1;
+    s.text = plain(s.text);
+    s.fadedText = s.text;
     for (const FaderUser user :
          {FaderUser::Sample, FaderUser::Copy, FaderUser::Add, FaderUser::Description}) {
         const QString body = faderBody(s, user);
-        hold(withoutTags(body) == s.Text1, "the text stands between the tags");
+        hold(withoutTags(body) == s.text, "the text stands between the tags");
         for (const auto& [opening, closing] :
              {std::pair("<table", "</table>"), std::pair("<b>", "</b>"), std::pair("<i>", "</i>"),
               std::pair("<u>", "</u>"), std::pair("<s>", "</s>"), std::pair("<a ", "</a>")})

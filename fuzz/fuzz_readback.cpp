@@ -34,29 +34,29 @@ void targets::readback(const QByteArray& bytes)
     const uint flags = fields.nextNumber();
     CellStyle style;
     style.align = static_cast<TableAlign>(flags % 3);
-    style.chkBold = flags & 4;
-    style.chkItalic = flags & 8;
-    style.chkUnderline = flags & 16;
+    style.bold = flags & 4;
+    style.italic = flags & 8;
+    style.underline = flags & 16;
     const bool spanning = flags & 32;
     const size_t size = (flags >> 6) % SizeTexts.size();
     style.size = QString::number(size + 1);
-    style.Combo7 = plain(fields.nextText());
-    style.TxWid = plain(fields.nextText());
-    style.TxHei = plain(fields.nextText());
-    style.Text8 = colorText(fields.nextNumber());
+    style.fontFace = plain(fields.nextText());
+    style.width = plain(fields.nextText());
+    style.height = plain(fields.nextText());
+    style.fontColor = colorText(fields.nextNumber());
     const QString color = colorText(fields.nextNumber());
     const QString word = textOf(fields.rest());
 
     const TableReadBack look = readBack(cellOpen(style, color, spanning) + word);
     hold(look.cellColor == (spanning ? color.mid(1) : color), "the cell's colour is read");
-    hold(look.TxWid == style.TxWid, "the width is read");
-    hold(look.TxHei == (style.TxHei.isEmpty() ? std::nullopt : std::optional(style.TxHei)),
+    hold(look.width == style.width, "the width is read");
+    hold(look.height == (style.height.isEmpty() ? std::nullopt : std::optional(style.height)),
          "the height is read");
     hold(look.align == style.align, "the alignment is read");
-    hold(look.styles == TableReadBack::Styles{style.chkBold, style.chkItalic, style.chkUnderline},
+    hold(look.styles == TableReadBack::Styles{style.bold, style.italic, style.underline},
          "the styles are read");
-    hold(look.Combo7 == (style.Combo7.isEmpty() ? std::nullopt : std::optional(style.Combo7)),
+    hold(look.fontFace == (style.fontFace.isEmpty() ? std::nullopt : std::optional(style.fontFace)),
          "the face is read");
-    hold(look.Combo6 == QLatin1String(SizeTexts.at(size)), "the size is read");
-    hold(look.fontColor == style.Text8.mid(1), "the font's colour is read");
+    hold(look.sizeText == QLatin1String(SizeTexts.at(size)), "the size is read");
+    hold(look.fontColor == style.fontColor.mid(1), "the font's colour is read");
 }

@@ -22,7 +22,7 @@ void EventYield::serve()
 void Pause(double seconds)
 {
     const qint64 start = doors().clock();
-    QTimer wake; // ends a wait in which nothing happens
+    QTimer wake; // wakes processEvents() when no other event does
     wake.setTimerType(Qt::PreciseTimer);
     wake.start(5);
     while (double(doors().clock() - start) < seconds * 1000.0)

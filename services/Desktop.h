@@ -5,9 +5,9 @@
 
 class QWidget;
 
-/// Keeps the interface alive in a long loop: `serve()` in each round yields to the event queue, but not more
-/// often than every 20 ms, so that short rounds stay fast. Any handler may run meanwhile: the loop must not
-/// rely on what handlers can change.
+/// Keeps the windows answering during a long loop. Each round calls `serve()`, which serves waiting events,
+/// but not more often than every 20 ms, so that short rounds stay fast. Any handler may run then: the loop
+/// must not rely on what handlers can change.
 class EventYield
 {
 public:
@@ -15,11 +15,11 @@ public:
     void serve();
 
 private:
-    qint64 m_served; // on the doors' clock
+    qint64 m_served; // when events were last served, ms on the clock of Doors
 };
 
 /// Waits for a span of time, in seconds, and serves all events meanwhile.
 void Pause(double seconds);
 
-/// Keeps a window above all others; it keeps its place and size and stays shown or hidden.
+/// Puts a window above all others for good. Its place and size stay, and it stays shown or hidden.
 void StayOnTop(QWidget* window);

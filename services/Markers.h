@@ -6,9 +6,9 @@
 #include <QByteArrayView>
 #include <array>
 
-// A listing page carries comments that mark its parts. They survive all later editing of the page, and they
-// are all that is known about it: its style is read from one, and the region commands find the parts by the
-// others.
+// A listing page carries comments that mark its parts. They survive all later editing of the page. Nothing
+// else is kept about a page: its style is read from one of them, and the region commands find the parts by
+// the others.
 
 /// The parts of a listing page that lie between two marker comments.
 enum class Region {

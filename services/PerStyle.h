@@ -7,8 +7,8 @@
 /// How many design styles there are for a listing page; they are numbered from 0.
 inline constexpr std::size_t StyleCount = 4;
 
-/// One value for each design style. For another style this class gets another parameter; a table without the
-/// style's column doesn't compile then.
+/// One value for each design style. Whoever adds a style adds a parameter to the constructor; then each table
+/// that lacks a value for it doesn't compile.
 template <typename T>
 class PerStyle
 {

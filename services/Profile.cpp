@@ -17,7 +17,7 @@ namespace {
 constexpr char lineEnd[] = "\r\n";
 constexpr qsizetype longestValue = 254;
 
-/// One line of a file: its text is [begin, end), the next line begins at `next`.
+/// One line of a file: its text runs from `begin` to before `end`, the next line begins at `next`.
 struct Line
 {
     qsizetype begin;
@@ -35,14 +35,15 @@ Line lineAt(QByteArrayView bytes, qsizetype begin)
     return {begin, end, end + (pair ? 2 : 1)};
 }
 
-/// Where the text begins, behind the byte order mark.
+/// Where the text begins: behind the byte order mark, if there is one.
 qsizetype textStart(QByteArrayView bytes)
 {
     constexpr char mark[] = "\xEF\xBB\xBF";
     return bytes.startsWith(mark) ? 3 : 0;
 }
 
-/// The text of some bytes. A byte order mark is one at the start of a file only: within, it is a character.
+/// The text of bytes from within a file. A byte order mark in them is an ordinary character: only that at the
+/// start of the file isn't.
 QString textOf(QByteArrayView bytes)
 {
     using Flag = QStringDecoder::Flag;
@@ -69,9 +70,9 @@ struct Place
     /// The value's bytes, as they stand between "=" and the line end.
     qsizetype valueBegin = 0;
     qsizetype valueEnd = 0;
-    /// Behind the last line of the section that isn't blank.
+    /// Where a new key goes: behind the last line of the section that isn't blank.
     qsizetype newKey = 0;
-    /// Whether the last line walked over is blank, or there was none.
+    /// Whether the last line that was read is blank, or none was read.
     bool blankBefore = true;
 };
 
@@ -122,7 +123,7 @@ QString cutValue(const QString& value)
     return value.left(value[longestValue - 1].isHighSurrogate() ? longestValue - 1 : longestValue);
 }
 
-/// The line end that a text needs before another line can follow.
+/// The line end that is missing at the end of a text before another line can follow; empty when none is.
 QByteArray openLineEnd(QByteArrayView before)
 {
     const bool open = textStart(before) < before.size() && before.back() != '\r' && before.back() != '\n';
@@ -164,8 +165,8 @@ bool isBlank(char c)
     return c == ' ' || c == '\t';
 }
 
-/// Takes the next field from the front of `rest`, which isn't empty. What ends a field may leave an empty
-/// one behind it; nobody sees those.
+/// Takes the next field from the front of `rest`, which must not be empty. CR LF ends a field and leaves an
+/// empty one; `LoadList` passes over those.
 QByteArrayView takeField(QByteArrayView& rest)
 {
     const auto isFieldEnd = [](char c) { return c == ',' || c == '\r' || c == '\n'; };
@@ -257,7 +258,7 @@ void SaveList(const QString& file, const ListObject& list)
     try {
         writeFile(file, lines);
     } catch (const RuntimeError&) {
-        // As above, with the old list.
+        // The user has the list until the window closes, and finds the old one next time.
     }
 }
 

@@ -8,12 +8,12 @@
 class ListObject;
 
 // All settings are plain files: profile files, with `[section]` headers and `key=value` lines, and list
-// files, with one entry a line. Their text is UTF-8. Nothing is cached beyond one step of work: each call
-// opens, reads or writes, and closes.
+// files, with one entry a line. Their text is UTF-8. Nothing is cached, except in a `Profile`:
+// each call opens the file, reads or writes it, and closes it.
 //
-// In a profile file, section and key names compare without regard to case or to blanks around them, and the
-// first section of a name, the first key of a name in it, count. A section's name runs to the last "]" of its
-// line, so a name that holds one is found again; a key's name runs to the first "=". A ";" in
+// In a profile file, section and key names compare without regard to letter case and to blanks around them.
+// Where a name occurs twice, the first section counts, and in it the first key. A section's name runs to the
+// last "]" of its line, so a name that holds one is found again; a key's name runs to the first "=". A ";" in
 // front of a key is part of its name. CR LF, LF and CR end lines. A byte order mark is passed over.
 
 /// The program's main settings file, \web.ini.
@@ -30,7 +30,7 @@ public:
     /// of equal quotes (" or ') around it are not part of it. A value is cut to 254 characters (UTF-16
     /// units), or to 253 where the last would be half of one.
     QString value(const QString& section, const QString& key) const;
-    /// A check box that the file keeps: 1 where the key's value is "1"; 0 for any other, and where the key is
+    /// The state of a check box: 1 where the key's value is "1"; 0 for any other value and where the key is
     /// missing.
     int checkBox(const QString& section, const QString& key) const;
 
@@ -44,7 +44,7 @@ QString ReadProfile(const QString& section, const QString& key, const QString& f
 /// Sets the value of a key. An existing key keeps its place, its spelling and its line end; a new key goes to
 /// the end of its section, before blank lines; a new section goes to the end of the file; a missing file is
 /// made. All else in the file stays byte for byte. The value is written as it is, up to its first line break:
-/// blanks or quotes around it are lost when it is read. A failure goes unnoticed and leaves the old file.
+/// blanks or quotes around it are lost when it is read. A failure isn't told and leaves the old file.
 void WriteProfile(const QString& section, const QString& key, const QString& value, const QString& file);
 
 /// A key of a section, and what it is set to.
@@ -55,18 +55,17 @@ struct ProfileValue
     QString value;
 };
 
-/// Sets one value after the other as above and writes the file once, so that a failure leaves all the old
-/// ones.
+/// Sets one value after the other as above, but writes the file once, so that a failure leaves all the old
+/// values.
 void WriteProfile(const QList<ProfileValue>& values, const QString& file);
 
-/// Whether a file is there whose length can be told; no folder, pipe or device.
+/// Whether there is an ordinary file of that name; a folder, pipe or device is none.
 bool FileLenExists(const QString& file);
 
-/// Whether a file is listed in its folder; the same files as `FileLenExists` finds.
+/// The same as `FileLenExists`.
 bool FileExists(const QString& file);
 
-/// Writes a list's entries, one a line, empty ones left out. A failure goes unnoticed and leaves the old
-/// file.
+/// Writes a list's entries, one a line, without the empty ones. A failure isn't told and leaves the old file.
 void SaveList(const QString& file, const ListObject& list);
 
 /// Appends a list file's fields to a list; a file that doesn't exist adds nothing. A comma ends a field as a

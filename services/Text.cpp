@@ -8,9 +8,9 @@
 
 namespace {
 
-/// `done` never holds `find`, and an occurrence can only come to be where its last character is appended:
-/// so only the end of `done` is ever looked at, and nothing is moved. Holds the caller's texts, since a
-/// handler that runs meanwhile may change the variables they came from.
+/// Builds the result in `done`, which never holds `find` but at its end: an occurrence is complete only when
+/// its last character is appended. So only the end is looked at, and no text is moved. Copies the caller's
+/// texts, since a handler that runs meanwhile may change the variables they came from.
 template <typename Text, typename View>
 class Replacement
 {
@@ -27,7 +27,7 @@ public:
             return m_text;
         Text done;
         done.reserve(m_text.size());
-        std::vector<View> ahead{View(m_text)}; // the nearest piece last
+        std::vector<View> ahead{View(m_text)}; // pieces still to be read; the next one is the last
         EventYield events;
         while (!ahead.empty()) {
             const View piece = ahead.back();

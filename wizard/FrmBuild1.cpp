@@ -96,11 +96,11 @@ constexpr std::array<Cost, 3> Costs = {{
     {&Ui::FrmBuild1::TxSI1, "TxSI1", &Ui::FrmBuild1::TxSI2, "TxSI2", &Ui::FrmBuild1::HScroll2},
     {&Ui::FrmBuild1::TxAI1, "TxAI1", &Ui::FrmBuild1::TxAI2, "TxAI2", &Ui::FrmBuild1::HScroll1},
 }};
-/// The costs that the site's calculator finds: shipping and insurance, not the additional item.
+/// The costs that the site's calculator replaces: shipping and insurance, not the additional item.
 constexpr std::span<const Cost> CalculatedCosts = std::span(Costs).first<2>();
 constexpr std::span<const Cost> AdditionalItem = std::span(Costs).last<1>();
 
-// Sellers' settings hold these names, so "Manine" stays.
+// "Manine" stays so spelt: settings and pages of sellers hold it.
 constexpr std::array<const char*, 51> States = {
     "Alabama",       "Alaska",     "Arizona",       "Arkansas",       "California",     "Colorado",
     "Connecticut",   "Delaware",   "Dist Columbia", "Florida",        "Georgia",        "Hawaii",
@@ -128,7 +128,7 @@ ProfileValue kept(const char* section, const char* key, const QString& value)
     return {QLatin1String(section), QLatin1String(key), value};
 }
 
-/// The first option that was kept as set wins; none leaves the page's own choice.
+/// Sets the first option whose setting is 1. Where none is, the page's own choice stays.
 void restoreOptions(const Ui::FrmBuild1* page, const Profile& settings, std::span<const KeptOption> options,
                     const char* section)
 {
@@ -148,7 +148,7 @@ void keepOptions(const Ui::FrmBuild1* page, std::span<const KeptOption> options,
     WriteProfile(values, webIni());
 }
 
-/// An "Other" text, which is kept as "0" while it is empty.
+/// Shows the setting of an "Other" text. It is "0" for an empty text.
 void restoreOther(QLineEdit* field, const QString& value)
 {
     if (value != flag(false))
@@ -175,8 +175,8 @@ bool noneChecked(const Ui::FrmBuild1* page, std::span<const LineBox> boxes)
                         [page](const LineBox& entry) { return (page->*entry.box)->Value() == 1; });
 }
 
-/// Removes a line from a list. The walk goes on behind a removed entry: of two equal neighbours the second
-/// stays, so a seller who typed the line as "Other" too keeps it once.
+/// Removes a line from a list wherever it stands, but of two equal neighbours only the first. So meant: a
+/// seller who also typed the line as "Other" keeps that one.
 void removeLine(QStringList& list, const QString& line)
 {
     const qsizetype count = list.size();
@@ -186,7 +186,7 @@ void removeLine(QStringList& list, const QString& line)
     }
 }
 
-/// Connects check boxes to the list that takes their lines.
+/// Lets a click on a check box add its line to the list or remove it.
 void connectLines(FrmBuild1* page, std::span<const LineBox> boxes, QStringList& list)
 {
     for (const LineBox& entry : boxes) {
@@ -226,8 +226,8 @@ FrmBuild1::FrmBuild1()
 
 void FrmBuild1::connectHandlers()
 {
-    connectLines(this, PaymentBoxes, List1);
-    connectLines(this, RegionBoxes, List2);
+    connectLines(this, PaymentBoxes, payments);
+    connectLines(this, RegionBoxes, regions);
     for (OptionButton* option : {OptP1, OptP2})
         on(option, &OptionButton::Click, this, &FrmBuild1::OptP_Click);
     for (OptionButton* option : {OptLS1, OptLS2, OptLS3})
@@ -255,7 +255,7 @@ void FrmBuild1::connectHandlers()
     setCancelButton(Command2);
 }
 
-/// The load step. A control that changes runs its handler, so lists and enabled fields follow.
+/// Shows the settings. Each control that changes runs its handler, so lists and enabled fields follow.
 void FrmBuild1::restore()
 {
     const Profile settings(webIni());
@@ -288,7 +288,7 @@ void FrmBuild1::restore()
     restoreBox(ChkSlist, PaysSection, "ChkSlist");
 }
 
-/// Keeps what no handler has written at the click.
+/// Writes the settings that the handlers don't write at the click.
 void FrmBuild1::save() const
 {
     QList<ProfileValue> values;
@@ -311,7 +311,7 @@ void FrmBuild1::save() const
 bool FrmBuild1::queryUnload()
 {
     save();
-    if (FrmBuild2* page2 = loaded<FrmBuild2>()) // which makes its page of what stands here
+    if (FrmBuild2* page2 = loaded<FrmBuild2>()) // it couldn't make a page without the record
         page2->Unload();
     return true;
 }
@@ -319,28 +319,28 @@ bool FrmBuild1::queryUnload()
 Listing FrmBuild1::listing() const
 {
     return {
-        .Text1 = Text1->text(),
-        .Text2 = wholeText(*Text2),
-        .OptP2 = OptP2->Value(),
-        .List1 = List1,
-        .List2 = List2,
-        .List3 = List3,
-        .OptLS1 = OptLS1->Value(),
-        .OptLS2 = OptLS2->Value(),
-        .OptLS3 = OptLS3->Value(),
-        .OptPS1 = OptPS1->Value(),
-        .OptPS2 = OptPS2->Value(),
-        .ChkZC = ChkZC->Value() == 1,
-        .ChkTR1 = ChkTR1->Value() == 1,
-        .ChkSlist = ChkSlist->Value() == 1,
-        .TxSH1 = TxSH1->text(),
-        .TxSH2 = TxSH2->text(),
-        .TxSI1 = TxSI1->text(),
-        .TxSI2 = TxSI2->text(),
-        .TxAI1 = TxAI1->text(),
-        .TxAI2 = TxAI2->text(),
-        .TxST1 = TxST1->text(),
-        .TxST2 = TxST2->Text(),
+        .title = Text1->text(),
+        .description = wholeText(*Text2),
+        .withPictures = OptP2->Value(),
+        .payments = payments,
+        .regions = regions,
+        .pictures = pictures,
+        .unitedStatesOnly = OptLS1->Value(),
+        .worldwide = OptLS2->Value(),
+        .someRegions = OptLS3->Value(),
+        .sellerPays = OptPS1->Value(),
+        .buyerPays = OptPS2->Value(),
+        .calculator = ChkZC->Value() == 1,
+        .taxed = ChkTR1->Value() == 1,
+        .withoutPaysTerms = ChkSlist->Value() == 1,
+        .shippingDollars = TxSH1->text(),
+        .shippingCents = TxSH2->text(),
+        .insuranceDollars = TxSI1->text(),
+        .insuranceCents = TxSI2->text(),
+        .additionalDollars = TxAI1->text(),
+        .additionalCents = TxAI2->text(),
+        .taxRate = TxST1->text(),
+        .taxState = TxST2->Text(),
     };
 }
 
@@ -419,7 +419,7 @@ void FrmBuild1::ChkSlist_Click()
     keep(PaysSection, "ChkSlist", ChkSlist->Value() == 1);
 }
 
-/// What the seller must still give, as the message says it; empty when all is there.
+/// The message for the first thing that the seller hasn't given yet; empty when all is there.
 QString FrmBuild1::firstMissing() const
 {
     struct Check
@@ -446,11 +446,11 @@ QString FrmBuild1::firstMissing() const
 
 void FrmBuild1::collectAddresses()
 {
-    List3.clear();
+    pictures.clear();
     for (const auto field : AddressFields) {
         const QString address = (this->*field)->text();
         if (!address.isEmpty() && address != BlankAddress)
-            List3 << address;
+            pictures << address;
     }
 }
 
@@ -461,15 +461,15 @@ void FrmBuild1::Command1_Click()
         MsgBox(missing, QStringLiteral("Build Wizard"), MsgIcon::Information);
         return;
     }
-    Check1 = 1;
+    reachedPage2 = true;
     if (OptP2->Value())
         collectAddresses();
-    form<FrmBuild2>()->prepare(int(List3.size()), OptP2->Value());
-    // Each OK adds the "Other" texts, so one behind a Back adds them once more.
+    form<FrmBuild2>()->prepare(int(pictures.size()), OptP2->Value());
+    // So meant: each OK adds the "Other" texts, so an OK after Back adds them once more.
     if (!Txtother->text().isEmpty())
-        List1 << Txtother->text();
+        payments << Txtother->text();
     if (!Txtother2->text().isEmpty())
-        List2 << Txtother2->text();
+        regions << Txtother2->text();
     Hide();
     form<FrmBuild2>()->Show();
 }

@@ -9,7 +9,7 @@
 
 /// Page 1 of the listing wizard: five tabs that hold the record of one listing. Payments, regions and who
 /// pays come back from web.ini; title, description and pictures begin anew. The page is only hidden while
-/// page 2 is up, and saves when it is unloaded.
+/// page 2 is shown, and writes the settings when it is unloaded.
 class FrmBuild1 : public Form, public Ui::FrmBuild1
 {
     Q_OBJECT
@@ -22,10 +22,10 @@ public:
     /// The record as the page holds it now. Line ends of the description are CR LF.
     Listing listing() const;
 
-    QStringList List1; ///< payment lines, in the order of the clicks
-    QStringList List2; ///< region lines, in the order of the clicks
-    QStringList List3; ///< picture addresses, since the last OK with pictures
-    int Check1 = 0;    ///< 1 once OK has led to page 2
+    QStringList payments;      ///< lines of the payment list, in the order of the clicks
+    QStringList regions;       ///< lines of the region list, in the order of the clicks
+    QStringList pictures;      ///< addresses, as they were at the last OK with the option Pictures
+    bool reachedPage2 = false; ///< OK has led to page 2
 
 protected:
     bool queryUnload() override;

@@ -38,7 +38,7 @@ TermsTexts readTerms()
     return texts;
 }
 
-/// Unloads a form that may be gone already: while the source is coloured the user can close windows.
+/// Unloads a form unless it is gone: the user can close windows while the source box is being coloured.
 template <typename F>
 void unload()
 {
@@ -71,7 +71,8 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new DocumentSurface(this))
     on(Command24, &QPushButton::clicked, this, &FrmBuild2::Command24_Click);
     on(Combo3, &ComboBox::Click, this, &FrmBuild2::Combo3_Click);
     on(Combo4, &ComboBox::Click, this, &FrmBuild2::Combo4_Click);
-    for (size_t i = 0; i < Chk.size(); ++i) // `clicked` is the mouse, the keyboard and screen readers
+    // `clicked` comes from the mouse, the keyboard and screen readers alike.
+    for (size_t i = 0; i < Chk.size(); ++i)
         on(Chk[i], &CheckBox::clicked, this, [this, i] { Chk_MouseUp(int(i)); });
     setDefaultButton(Command23);
     setCancelButton(Command4, CloseButton::Cancels);
@@ -117,7 +118,7 @@ void FrmBuild2::stepStyle(int by)
     repaintDrawing();
 }
 
-/// A mouse-up on one box makes it the one that is checked.
+/// Checks the clicked box alone. A box that was checked stays checked.
 void FrmBuild2::Chk_MouseUp(int index)
 {
     for (CheckBox* box : Chk)
@@ -164,8 +165,8 @@ void FrmBuild2::showDrawing()
         drawings[i]->setLook(int(i), m_drawing);
 }
 
-/// Makes the page once, unseen, so that the engine is up when the user leaves this form. Later than the
-/// form's first picture, which needn't wait for it.
+/// Makes the page once for nothing, so that the engine runs when the user leaves this form. A timer runs it,
+/// so that the form needn't wait for the engine before it appears.
 void FrmBuild2::warmEngine()
 {
     if (isUnloaded() || !isLoaded<FrmBuild1>())
@@ -173,23 +174,23 @@ void FrmBuild2::warmEngine()
     try {
         makePage();
     } catch (const SurfaceLost&) {
-        // Nobody has asked for the page yet; who does is told if it fails again.
+        // Nobody has asked for the page yet. When the user does and it fails again, generate() tells them.
     } catch (const std::bad_alloc&) {
-        // Nor need anybody know that there is no memory for it now.
+        // As above.
     }
 }
 
-/// Makes the page of the listing in `RTB1`, as the engine prints it. Throws SurfaceLost when the engine gave
-/// no answer.
+/// Makes the page of the listing as the engine prints it, in `m_page`. Throws SurfaceLost when the engine
+/// gave no answer.
 void FrmBuild2::makePage()
 {
     const WaitCursor hourglass;
     if (!WebBrowser1->write(listingPage(form<FrmBuild1>()->listing(), look(), readTerms())))
         throw SurfaceLost();
-    RTB1 = WebBrowser1->innerHtml().toUtf8();
+    m_page = WebBrowser1->innerHtml().toUtf8();
 }
 
-/// Makes the page, stamped.
+/// Makes the page and stamps its generator tag; tells the user when that fails.
 FrmBuild2::PageResult FrmBuild2::generate()
 {
     m_warmUp.stop();
@@ -197,7 +198,7 @@ FrmBuild2::PageResult FrmBuild2::generate()
     try {
         tellingWantOfMemory([&] {
             makePage();
-            RTB1 = stamped(RTB1);
+            m_page = stamped(m_page);
             result = PageResult::Made;
         });
     } catch (const SurfaceLost&) {
@@ -208,14 +209,15 @@ FrmBuild2::PageResult FrmBuild2::generate()
     return result;
 }
 
-/// "Open with Editor". With the Internet tab up the wizard closes and the editor keeps its text.
+/// "Open with Editor". So meant: while the tab Internet is shown, the wizard closes and the editor keeps its
+/// text.
 void FrmBuild2::Command23_Click()
 {
     if (generate() != PageResult::Made)
         return;
-    setEnabled(false); // pauses follow, in which the user must not open a second time
+    setEnabled(false); // events are served meanwhile, and the user must not press a second time
     if (ListingEditor* editor = loadedEditor())
-        editor->editListing(RTB1);
+        editor->editListing(m_page);
     finish();
 }
 
@@ -225,7 +227,7 @@ void FrmBuild2::Command24_Click()
     if (generate() != PageResult::Made)
         return;
     if (ListingEditor* editor = loadedEditor())
-        editor->previewListing(RTB1);
+        editor->previewListing(m_page);
     finish();
 }
 
@@ -242,7 +244,7 @@ void FrmBuild2::Command4_Click()
         finish();
 }
 
-/// The end of the wizard; page 1 keeps its settings as it goes.
+/// Closes both pages of the wizard. Page 1 writes its settings as it closes.
 void FrmBuild2::finish()
 {
     unload<FrmBuild1>();

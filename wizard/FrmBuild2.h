@@ -11,8 +11,8 @@
 
 class DocumentSurface;
 
-/// Page 2 of the listing wizard: design style, picture style and colours, and from here the finished page
-/// goes to the main window. A drawing stands in for the page until then.
+/// Page 2 of the listing wizard: design style, picture style and colours, which a drawing of the page shows.
+/// From here the finished page goes to the main window.
 class FrmBuild2 : public Form, public Ui::FrmBuild2
 {
     Q_OBJECT
@@ -21,14 +21,14 @@ public:
     /// Throws RuntimeError(PathFileAccess) when the names of the colour sets can't be read.
     FrmBuild2();
 
-    /// Fits the page to the listing before it is shown: the picture styles frame only for a listing with
-    /// pictures, and with more than one picture only the styles that show them all. `pictures` counts the
-    /// addresses; with none of them the frame and all styles are there.
+    /// Fits this page to the listing before it is shown. The frame of the picture styles is shown when
+    /// `withPictures` says so; with more than one of `pictures`, the number of addresses, the styles of one
+    /// picture are disabled.
     void prepare(int pictures, bool withPictures);
 
-    /// The choices as they stand: design style, picture style, colours.
+    /// The present choices: design style, picture style, colours.
     PageLook look() const;
-    /// The colours in which the drawings stand.
+    /// The colours of the drawings.
     const DrawingColors& drawingColors() const { return m_drawing; }
 
     /// The boxes of the picture styles; exactly one is checked.
@@ -60,9 +60,9 @@ private:
     void makePage();
     void finish();
 
-    PageLook m_look; // but for the picture style, which stands in the boxes
+    PageLook m_look; // all but the picture style, which the boxes tell
     DrawingColors m_drawing;
-    DocumentSurface* WebBrowser1; // the engine that the page passes through, out of view
-    QByteArray RTB1;              // the page; always UTF-8, whatever the document or the page before was
+    DocumentSurface* WebBrowser1; // hidden; the page is written to it and read back as the engine prints it
+    QByteArray m_page;            // always UTF-8, whatever the document in the editor is
     QTimer m_warmUp;
 };

@@ -18,10 +18,10 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// What closes a terms file.
+/// What a terms file ends with.
 constexpr QLatin1StringView lineEnd("\r\n");
 
-/// How old the text is that a lost page comes back with.
+/// How often the edited text is kept: what is newer is lost with a page that is lost.
 constexpr auto KeepEvery = 10s;
 
 } // namespace
@@ -121,20 +121,26 @@ void FrmTerms::KeepTimer_Timer()
 
 void FrmTerms::WebBrowser1_RendererDied()
 {
+    bringBack();
+}
+
+/// After the loss of the page, tells the user and shows the text that was kept last.
+void FrmTerms::bringBack()
+{
     MsgBox(QStringLiteral("The process that showed the terms has ended. What was changed in the last seconds "
                           "may be lost; their file is as it was."),
            ProgramTitle, MsgIcon::Exclamation);
     edit(m_lastShown);
 }
 
-/// Saves and closes; the form stays when it can't.
+/// Saves and hides the form. When saving fails, the form stays and the user is told.
 void FrmTerms::Command14_Click()
 {
     try {
         save();
         Hide();
     } catch (const SurfaceLost&) {
-        WebBrowser1_RendererDied();
+        bringBack();
     } catch (const RuntimeError&) {
         MsgBox(QStringLiteral("There has been a (28)error, Cannot save file."), QStringLiteral("Error"),
                MsgIcon::Stop);
@@ -142,7 +148,7 @@ void FrmTerms::Command14_Click()
 }
 
 /// Writes the document without its head, and a line end, to the file that was opened. The head goes to the
-/// clipboard, where sellers pick it up for pages of their own. Throws SurfaceLost, and
+/// clipboard. That is meant: sellers paste it into pages of their own. Throws SurfaceLost, and
 /// RuntimeError(PathFileAccess) when the file can't be written.
 void FrmTerms::save()
 {
@@ -161,7 +167,7 @@ void FrmTerms::open(const TermsFile& terms)
     setWindowTitle(QString::fromLatin1(terms.caption));
     Show();
     QString text = GetTermsList(QString::fromLatin1(terms.file));
-    if (text.endsWith(lineEnd)) // saving writes one each time; on the surface they would add up
+    if (text.endsWith(lineEnd)) // or each saving would add one more
         text.chop(lineEnd.size());
     edit(text);
     WebBrowser1->setFocus();

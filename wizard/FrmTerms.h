@@ -16,9 +16,9 @@ class FrmTerms : public Form, public Ui::FrmTerms
 public:
     FrmTerms();
 
-    /// Shows itself with the text of a file, which lives as long as the program and takes what is saved.
+    /// Shows the window with the text of a file, to which OK will save. `terms` must outlive the form.
     void open(const TermsFile& terms);
-    /// Replaces what is being edited. The user reads why when that fails.
+    /// Replaces what is being edited; tells the user when that fails.
     void edit(const QString& html);
 
 private:
@@ -33,11 +33,12 @@ private:
     void WebBrowser1_RendererDied();
     void pickColorFor(const QString& command);
     void save();
+    void bringBack();
 
     const TermsFile* m_terms = nullptr;
-    QTimer KeepTimer{
-        this}; // runs out when the changed text is to be kept, for the case that its page is lost
-    /// What the surface was given, or was read from it, last: a lost one is made anew from it.
+    /// Runs out when the edited text is to be kept in `m_lastShown`.
+    QTimer KeepTimer{this};
+    /// The text last written to the surface or read from it, to be shown again when the page is lost.
     QString m_lastShown;
 };
 

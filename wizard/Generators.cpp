@@ -31,13 +31,13 @@ using Pieces = PerStyle<QLatin1StringView>;
 constexpr auto CrLf = PageText::lineEnd;
 constexpr auto NoPiece = ""_L1;
 
-/// All that the four design styles differ in. The small differences are as deliberate as the large ones:
-/// saved pages are compared to the letter.
+/// All that the four design styles differ in. The small differences are meant too: saved pages are compared
+/// to the letter.
 // clang-format off
 struct
 {
     PerStyle<PicturePlace> picturePlace;
-    PerStyle<bool> rule;                   ///< behind the title
+    PerStyle<bool> rule;                   ///< a rule behind the title
     PerStyle<SectionsTable> sectionsTable;
     Pieces paymentTitleCellEnd;            ///< behind the cell tag
     Pieces paymentTermsBreak;              ///< at the start of the terms' cell
@@ -93,16 +93,16 @@ public:
     }
 
 private:
-    /// The long texts, and room for all the rest of an ordinary page.
+    /// The length of the long texts, and room for the rest of an ordinary page; in characters.
     qsizetype expectedSize() const
     {
-        qsizetype size = 8192 + m_listing.Text1.size() + m_listing.Text2.size();
+        qsizetype size = 8192 + m_listing.title.size() + m_listing.description.size();
         for (const QString& text : m_terms)
             size += text.size();
         return size;
     }
 
-    /// What the page's style has in a row of the table.
+    /// The value for the page's style, out of a row of `Differences`.
     template <typename T>
     T mine(const PerStyle<T>& row) const
     {
@@ -115,15 +115,16 @@ private:
     {
         m_page.addLine("<BODY>"_L1);
         m_page.addLine(QLatin1StringView(mine(StyleMarkers)));
-        m_page.addLine("<TABLE borderColor="_L1, m_look.Txt1, " height=0% cellSpacing="_L1, m_look.Combo5,
-                       " cellPadding=4 width=100% align=left bgColor="_L1, m_look.Txt4, " border="_L1,
-                       m_look.Combo6, ">"_L1);
+        m_page.addLine("<TABLE borderColor="_L1, m_look.borderColor, " height=0% cellSpacing="_L1,
+                       m_look.cellSpacing, " cellPadding=4 width=100% align=left bgColor="_L1,
+                       m_look.tableColor, " border="_L1, m_look.borderWidth, ">"_L1);
         m_page.addLine("<TBODY>"_L1);
         m_page.addLine("<TR>"_L1);
-        m_page.addLine("<TD align=middle width=0 bgColor="_L1, m_look.Txt2, " colSpan=2 height=0><BR>"_L1);
+        m_page.addLine("<TD align=middle width=0 bgColor="_L1, m_look.cellColor,
+                       " colSpan=2 height=0><BR>"_L1);
         m_page.addLine(opening(Region::Title));
-        m_page.addLine("<FONT face=Arial color="_L1, m_look.Txt8, " size=3>"_L1);
-        m_page.addLine(m_listing.Text1);
+        m_page.addLine("<FONT face=Arial color="_L1, m_look.titleColor, " size=3>"_L1);
+        m_page.addLine(m_listing.title);
         m_page.addLine("</FONT>"_L1);
         m_page.addLine(closing(Region::Title));
     }
@@ -150,12 +151,12 @@ private:
 
     void addPayment()
     {
-        m_page.add("<TD bgColor="_L1, m_look.Txt3, ">"_L1, mine(Differences.paymentTitleCellEnd));
+        m_page.add("<TD bgColor="_L1, m_look.titleCellColor, ">"_L1, mine(Differences.paymentTitleCellEnd));
         addCellTitle(Region::PaymentCell, "For payment I do accept:"_L1, "</FONT></B>"_L1);
         m_page.addLine("</TD></TR><TR>"_L1);
         openList(Region::PaymentList);
-        if (!m_listing.List1.isEmpty()) {
-            addItems(m_listing.List1);
+        if (!m_listing.payments.isEmpty()) {
+            addItems(m_listing.payments);
             m_page.addLine("</FONT></LI></UL>"_L1);
             m_page.addLine(closing(Region::PaymentList));
         }
@@ -170,11 +171,11 @@ private:
                      mine(Differences.locationTitleEnd), CrLf);
         m_page.addLine(mine(Differences.rowBreak));
         openList(Region::LocationList);
-        if (m_listing.OptLS1)
+        if (m_listing.unitedStatesOnly)
             addItem("Will ship to the United States only."_L1);
-        if (m_listing.OptLS2)
+        if (m_listing.worldwide)
             addItem("Will ship internationally (worldwide)"_L1);
-        if (m_listing.OptLS3)
+        if (m_listing.someRegions)
             addRegions();
         m_page.addLine(mine(Differences.locationListEnd));
         m_page.addLine(closing(Region::LocationList));
@@ -182,18 +183,18 @@ private:
         m_page.add(mine(Differences.locationTermsEnd));
     }
 
-    /// The list and its FONT stay open.
+    /// Leaves the list and its FONT open. So meant (see Generators.h).
     void addWhoPays()
     {
         openTitleRow();
         addCellTitle(Region::WhoPaysCell, "Who pays for shipping?"_L1, "</FONT></B>"_L1);
         m_page.addLine(mine(Differences.rowBreak));
         openList(Region::WhoPaysList);
-        if (m_listing.OptPS1)
+        if (m_listing.sellerPays)
             addItem("Seller Pays Shipping"_L1);
-        if (m_listing.OptPS2)
+        if (m_listing.buyerPays)
             addBuyerPays();
-        if (!m_listing.ChkSlist) {
+        if (!m_listing.withoutPaysTerms) {
             m_page.addLine(closing(Region::WhoPaysList));
             addTerms(Region::WhoPaysTerms, m_terms[2], mine(Differences.whoPaysTermsBreak));
             m_page.add(mine(Differences.whoPaysTermsEnd));
@@ -206,7 +207,7 @@ private:
     {
         m_page.addLine();
         m_page.add(opening(Region::Line));
-        m_page.addLine("<HR width=75% color="_L1, m_look.Txt5, ">"_L1);
+        m_page.addLine("<HR width=75% color="_L1, m_look.ruleColor, ">"_L1);
         m_page.add(closing(Region::Line));
     }
 
@@ -214,7 +215,7 @@ private:
     {
         m_page.addLine("</TD></TR>"_L1);
         m_page.addLine("<TR>"_L1);
-        m_page.addLine("<TD align=middle width=0 bgColor="_L1, m_look.Txt2, " colSpan=2 height=0>"_L1);
+        m_page.addLine("<TD align=middle width=0 bgColor="_L1, m_look.cellColor, " colSpan=2 height=0>"_L1);
         addPictureBlock(m_page, m_listing, m_look);
         m_page.addLine("</TD></TR><TR>"_L1);
     }
@@ -222,16 +223,16 @@ private:
     void addDescriptionTitle()
     {
         m_page.addLine("</TD></TR><TR>"_L1);
-        m_page.add("<TD bgColor="_L1, m_look.Txt3, ">"_L1);
+        m_page.add("<TD bgColor="_L1, m_look.titleCellColor, ">"_L1);
         addCellTitle(Region::DescriptionCell, "Description:"_L1, "</FONT></B>"_L1, CrLf);
         m_page.add("</TD></TR>"_L1);
     }
 
     void addPictureTable()
     {
-        m_page.add("<TR>"_L1, "<TD bgColor="_L1, m_look.Txt2, ">"_L1);
+        m_page.add("<TR>"_L1, "<TD bgColor="_L1, m_look.cellColor, ">"_L1);
         m_page.addLine("<TABLE height=0% cellPadding=20 width=100% align=left border=0>"_L1);
-        m_page.add("<TBODY>"_L1, "<TR>"_L1, "<TD bgColor="_L1, m_look.Txt2, ">"_L1);
+        m_page.add("<TBODY>"_L1, "<TR>"_L1, "<TD bgColor="_L1, m_look.cellColor, ">"_L1);
         addPictureBlock(m_page, m_listing, m_look);
         m_page.add("</TD></TR></TBODY></TABLE></TD></TR>"_L1, "<TR>"_L1);
     }
@@ -244,8 +245,9 @@ private:
                            "bgColor=#ffffff border=0>"_L1);
             break;
         case SectionsTable::Colors:
-            m_page.addLine("<TABLE borderColor="_L1, m_look.Txt1, " cellSpacing="_L1, m_look.Combo5,
-                           " cellPadding=2 width=80% align=center bgColor="_L1, m_look.Txt4, " border=1>"_L1);
+            m_page.addLine("<TABLE borderColor="_L1, m_look.borderColor, " cellSpacing="_L1,
+                           m_look.cellSpacing, " cellPadding=2 width=80% align=center bgColor="_L1,
+                           m_look.tableColor, " border=1>"_L1);
             break;
         case SectionsTable::None:
             return;
@@ -259,30 +261,30 @@ private:
     void openTitleRow()
     {
         m_page.addLine("<TR>"_L1);
-        m_page.add("<TD bgColor="_L1, m_look.Txt3, ">"_L1, mine(Differences.titleCellBold));
+        m_page.add("<TD bgColor="_L1, m_look.titleCellColor, ">"_L1, mine(Differences.titleCellBold));
     }
 
     void addCellTitle(Region region, QLatin1StringView title, QLatin1StringView closingTags,
                       QLatin1StringView end = NoPiece)
     {
         m_page.add(opening(region));
-        m_page.addLine("<B><FONT face=Arial color="_L1, m_look.Txt6, " size=3>"_L1);
+        m_page.addLine("<B><FONT face=Arial color="_L1, m_look.titleCellTextColor, " size=3>"_L1);
         m_page.addLine(title);
         m_page.add(closingTags, end, closing(region));
     }
 
     void openList(Region region)
     {
-        m_page.add("<TD bgColor="_L1, m_look.Txt2, "><BR>"_L1);
+        m_page.add("<TD bgColor="_L1, m_look.cellColor, "><BR>"_L1);
         m_page.addLine(opening(region));
         m_page.addLine("<FONT color=#000000>"_L1);
         m_page.addLine("<UL>"_L1);
     }
 
-    /// The tags before an item's text; `colorEnd` stands right behind the colour.
+    /// The tags before the text of a list item; `colorEnd` stands right behind the colour.
     void openItem(QLatin1StringView colorEnd = NoPiece)
     {
-        m_page.addLine("<LI><FONT face=Arial color="_L1, m_look.Txt9, colorEnd, " size=3>"_L1);
+        m_page.addLine("<LI><FONT face=Arial color="_L1, m_look.listColor, colorEnd, " size=3>"_L1);
     }
 
     template <typename... Text>
@@ -304,48 +306,52 @@ private:
         openItem();
         m_page.addLine("Will ship to the United States and the following regions<UL>"_L1);
         m_page.addLine("</FONT><BR>"_L1);
-        addItems(m_listing.List2);
+        addItems(m_listing.regions);
         m_page.addLine("</UL>"_L1);
     }
 
     void addBuyerPays()
     {
         addItem("Buyer Pays All Shipping."_L1);
-        if (m_listing.ChkZC) {
+        if (m_listing.calculator) {
             addItem("Please use calculate shipping use your zip code."_L1);
         } else {
             addCosts();
         }
     }
 
-    /// Shipping and handling is told at any price, the others unless they are exactly "0" and "00".
+    /// Shipping and handling is always written; others are left out when exactly "0" and "00".
     void addCosts()
     {
         const auto isNothing = [](const QString& dollars, const QString& cents) {
             return dollars == "0"_L1 && cents == "00"_L1;
         };
-        addItem("Shipping and Handling costs - $"_L1, m_listing.TxSH1, "."_L1, m_listing.TxSH2);
-        if (!isNothing(m_listing.TxSI1, m_listing.TxSI2))
-            addItem("Shipping Insurance item costs - $"_L1, m_listing.TxSI1, "."_L1, m_listing.TxSI2);
-        if (!isNothing(m_listing.TxAI1, m_listing.TxAI2))
-            addItem("Additional item (per item) - $"_L1, m_listing.TxAI1, "."_L1, m_listing.TxAI2);
-        if (m_listing.ChkTR1) {
+        addItem("Shipping and Handling costs - $"_L1, m_listing.shippingDollars, "."_L1,
+                m_listing.shippingCents);
+        if (!isNothing(m_listing.insuranceDollars, m_listing.insuranceCents))
+            addItem("Shipping Insurance item costs - $"_L1, m_listing.insuranceDollars, "."_L1,
+                    m_listing.insuranceCents);
+        if (!isNothing(m_listing.additionalDollars, m_listing.additionalCents))
+            addItem("Additional item (per item) - $"_L1, m_listing.additionalDollars, "."_L1,
+                    m_listing.additionalCents);
+        if (m_listing.taxed) {
             openItem(mine(Differences.taxColorEnd));
-            m_page.addLine("Tax Rate: "_L1, m_listing.TxST1, "% State: "_L1, m_listing.TxST2);
+            m_page.addLine("Tax Rate: "_L1, m_listing.taxRate, "% State: "_L1, m_listing.taxState);
             m_page.addLine("</FONT>"_L1);
         }
     }
 
-    /// The seller's own text in a box; its garish colours are never seen, as the cell covers them.
+    /// The seller's own text in a table of one cell, which covers the table's blue and green: nobody sees
+    /// them.
     void addTerms(Region region, const QString& text, QLatin1StringView cellBreak,
                   QLatin1StringView markerEnd = NoPiece)
     {
         m_page.add("<TABLE borderColor=#0000ff height=0% cellSpacing=0 cellPadding=20 width=0% align=left "
                    "bgColor=#00ff00 border=0>"_L1);
         m_page.add("<TBODY><TR>"_L1);
-        m_page.add("<TD bgColor="_L1, m_look.Txt2, ">"_L1, cellBreak);
+        m_page.add("<TD bgColor="_L1, m_look.cellColor, ">"_L1, cellBreak);
         m_page.add(opening(region), markerEnd);
-        m_page.addLine("<FONT color="_L1, m_look.Txt9, " size=3 face=Arial>"_L1);
+        m_page.addLine("<FONT color="_L1, m_look.listColor, " size=3 face=Arial>"_L1);
         m_page.add(text, "<BR>"_L1, "</FONT>"_L1);
         m_page.add(closing(region), markerEnd);
         m_page.add("</TD></TR></TBODY></TABLE>"_L1);

@@ -5,54 +5,57 @@
 #include <QStringList>
 #include <array>
 
-/// What page 1 of the wizard collects, under the names of its fields.
+/// What page 1 of the wizard collects.
 struct Listing
 {
-    QString Text1; ///< title
-    QString Text2; ///< description
+    QString title;
+    QString description;
 
-    bool OptP2 = false; ///< with pictures
-    QStringList List1;  ///< payment lines
-    QStringList List2;  ///< region lines
-    QStringList List3;  ///< picture addresses
+    bool withPictures = false;
+    QStringList payments; ///< lines of the payment list
+    QStringList regions;  ///< lines of the region list
+    QStringList pictures; ///< addresses
 
-    bool OptLS1 = true;  ///< ships to the United States only
-    bool OptLS2 = false; ///< ships worldwide
-    bool OptLS3 = false; ///< ships to the United States and the regions of `List2`
+    // Where the seller ships to.
+    bool unitedStatesOnly = true;
+    bool worldwide = false;
+    bool someRegions = false; ///< the United States and those of `regions`
 
-    bool OptPS1 = false;   ///< the seller pays shipping
-    bool OptPS2 = true;    ///< the buyer pays shipping
-    bool ChkZC = false;    ///< the buyer uses the site's calculator
-    bool ChkTR1 = false;   ///< a tax line is wanted
-    bool ChkSlist = false; ///< leaves out the terms of who pays
+    // Who pays for shipping, and how much.
+    bool sellerPays = false;
+    bool buyerPays = true;
+    bool calculator = false;       ///< the buyer finds the costs with the site's calculator
+    bool taxed = false;            ///< a tax line is wanted
+    bool withoutPaysTerms = false; ///< leaves out the terms of who pays
 
-    // Costs, dollars and cents apart, as typed.
-    QString TxSH1, TxSH2; ///< shipping and handling
-    QString TxSI1, TxSI2; ///< insurance
-    QString TxAI1, TxAI2; ///< each additional item
-    QString TxST1;        ///< tax rate, per cent
-    QString TxST2;        ///< state of the tax
+    // Costs as typed, dollars and cents apart: shipping and handling, insurance, each additional item.
+    QString shippingDollars, shippingCents;
+    QString insuranceDollars, insuranceCents;
+    QString additionalDollars, additionalCents;
+
+    QString taxRate;  ///< per cent
+    QString taxState; ///< whose tax it is
 };
 
 /// What page 2 of the wizard adds: how the page looks.
 struct PageLook
 {
-    int style = 0;        ///< design style, which `Label11` shows, 0 to 3
-    int pictureStyle = 3; ///< the checked box of `Chk`, 0 to 3
+    int style = 0;        ///< design style, 0 to 3
+    int pictureStyle = 3; ///< 0 to 3; see PictureBlock.h
 
-    // Colour texts, `#RRGGBB`.
-    QString Txt1 = QStringLiteral("#000000"); ///< border
-    QString Txt2 = QStringLiteral("#FFFFFF"); ///< cells
-    QString Txt3 = QStringLiteral("#FFFF00"); ///< title cells
-    QString Txt4 = QStringLiteral("#FFFFFF"); ///< table
-    QString Txt5 = QStringLiteral("#000000"); ///< rule
-    QString Txt6 = QStringLiteral("#000000"); ///< text of title cells
-    QString Txt7 = QStringLiteral("#000000"); ///< description
-    QString Txt8 = QStringLiteral("#000000"); ///< title
-    QString Txt9 = QStringLiteral("#000000"); ///< lists and terms
+    // Colours, `#RRGGBB`.
+    QString borderColor = QStringLiteral("#000000");
+    QString cellColor = QStringLiteral("#FFFFFF");      ///< background of ordinary cells
+    QString titleCellColor = QStringLiteral("#FFFF00"); ///< background of title cells
+    QString tableColor = QStringLiteral("#FFFFFF");     ///< background of the table
+    QString ruleColor = QStringLiteral("#000000");
+    QString titleCellTextColor = QStringLiteral("#000000");
+    QString descriptionColor = QStringLiteral("#000000");
+    QString titleColor = QStringLiteral("#000000");
+    QString listColor = QStringLiteral("#000000"); ///< text of lists and terms
 
-    QString Combo5 = QStringLiteral("0"); ///< cell spacing
-    QString Combo6 = QStringLiteral("1"); ///< border width
+    QString cellSpacing = QStringLiteral("0"); ///< pixels
+    QString borderWidth = QStringLiteral("1"); ///< pixels
 };
 
 /// The seller's terms for payment, location and who pays, as their files hold them.

@@ -28,27 +28,27 @@ struct Paint
     Styles styles;
 };
 
-/// Later lines paint over earlier ones. In style 3 alone the description has a title cell; in style 2 the
-/// rule's line parts two cells.
+/// Later rows of the table replace the colour of earlier ones. Only in style 3 has the description a title
+/// cell; in style 2 the line of the rule is the border between two cells.
 constexpr std::array<Paint, 15> Paints = {{
-    {DrawingPart::Page, &PageLook::Txt4, AllStyles},
-    {DrawingPart::Title, &PageLook::Txt8, AllStyles},
-    {DrawingPart::TitleGround, &PageLook::Txt2, AllStyles},
-    {DrawingPart::Rule, &PageLook::Txt5, AllStyles},
-    {DrawingPart::Rule, &PageLook::Txt1, Style2},
-    {DrawingPart::Description, &PageLook::Txt7, Styles012},
-    {DrawingPart::Description, &PageLook::Txt6, Style3},
-    {DrawingPart::DescriptionGround, &PageLook::Txt2, Styles012},
-    {DrawingPart::DescriptionGround, &PageLook::Txt3, Style3},
-    {DrawingPart::DescriptionLines, &PageLook::Txt7, AllStyles},
-    {DrawingPart::PictureLines, &PageLook::Txt7, Styles012},
-    {DrawingPart::Cells, &PageLook::Txt6, AllStyles},
-    {DrawingPart::CellGround, &PageLook::Txt3, AllStyles},
-    {DrawingPart::Lists, &PageLook::Txt9, AllStyles},
-    {DrawingPart::Borders, &PageLook::Txt1, AllStyles},
+    {DrawingPart::Page, &PageLook::tableColor, AllStyles},
+    {DrawingPart::Title, &PageLook::titleColor, AllStyles},
+    {DrawingPart::TitleGround, &PageLook::cellColor, AllStyles},
+    {DrawingPart::Rule, &PageLook::ruleColor, AllStyles},
+    {DrawingPart::Rule, &PageLook::borderColor, Style2},
+    {DrawingPart::Description, &PageLook::descriptionColor, Styles012},
+    {DrawingPart::Description, &PageLook::titleCellTextColor, Style3},
+    {DrawingPart::DescriptionGround, &PageLook::cellColor, Styles012},
+    {DrawingPart::DescriptionGround, &PageLook::titleCellColor, Style3},
+    {DrawingPart::DescriptionLines, &PageLook::descriptionColor, AllStyles},
+    {DrawingPart::PictureLines, &PageLook::descriptionColor, Styles012},
+    {DrawingPart::Cells, &PageLook::titleCellTextColor, AllStyles},
+    {DrawingPart::CellGround, &PageLook::titleCellColor, AllStyles},
+    {DrawingPart::Lists, &PageLook::listColor, AllStyles},
+    {DrawingPart::Borders, &PageLook::borderColor, AllStyles},
 }};
 
-/// Colours the parts of some fields by what the fields hold.
+/// Colours the parts whose field is `wanted` by what the field holds.
 template <typename Wanted>
 void paintParts(const PageLook& look, DrawingColors& drawing, Wanted wanted)
 {

@@ -6,50 +6,50 @@
 #include <QColor>
 #include <array>
 
-// The nine colours of a listing page, their named sets, and how the drawing of the page shows them.
+// The nine colours of a listing page, the sets in which they are saved, and the colours of its drawing.
 
 /// A colour of the page.
 struct ColorField
 {
     QString PageLook::*field;
-    const char* entry; ///< what the user picks it by; one entry may stand for more than one field
+    const char* entry; ///< the list entry by which the user picks it; two fields may share one
 };
 
 /// All colours, in the order in which sets keep them.
 inline constexpr std::array<ColorField, 9> ColorFields = {{
-    {&PageLook::Txt1, "Border:"},
-    {&PageLook::Txt2, "Background:"},
-    {&PageLook::Txt3, "Cell:"},
-    {&PageLook::Txt4, "Background:"},
-    {&PageLook::Txt5, "Line:"},
-    {&PageLook::Txt6, "Cell Name:"},
-    {&PageLook::Txt7, "Description:"},
-    {&PageLook::Txt8, "Title:"},
-    {&PageLook::Txt9, "Lists:"},
+    {&PageLook::borderColor, "Border:"},
+    {&PageLook::cellColor, "Background:"},
+    {&PageLook::titleCellColor, "Cell:"},
+    {&PageLook::tableColor, "Background:"},
+    {&PageLook::ruleColor, "Line:"},
+    {&PageLook::titleCellTextColor, "Cell Name:"},
+    {&PageLook::descriptionColor, "Description:"},
+    {&PageLook::titleColor, "Title:"},
+    {&PageLook::listColor, "Lists:"},
 }};
 
-/// What the user picks colours by, in the order of the list.
+/// The entries of the list by which the user picks a colour, in its order.
 inline constexpr std::array<const char*, 8> ColorEntries = {
     "Title:", "Line:", "Description:", "Cell:", "Cell Name:", "Border:", "Background:", "Lists:"};
 
 /// The parts of the drawings that take colours of the page.
 enum class DrawingPart {
     Page,              ///< background of the whole page
-    Title,             ///< `Label6`
-    TitleGround,       ///< ... and what lies under it, as under all ordinary cells
-    Rule,              ///< `Line1`
-    Description,       ///< `Label7`
-    DescriptionGround, ///< ... and what lies under it
-    DescriptionLines,  ///< `Line9`, `Line10`
-    PictureLines,      ///< `LineDe(1)` to `LineDe(11)`, in the drawings of the picture styles
-    Cells,             ///< `Label8`, `Label9`, `Label10`
-    CellGround,        ///< ... and what lies under them
-    Lists,             ///< `Line2` to `Line7`
-    Borders,           ///< `Shape1` to `Shape5`, `Line8`
+    Title,             ///< the word "Title:"
+    TitleGround,       ///< background of the title and of all ordinary cells
+    Rule,              ///< the line under the title
+    Description,       ///< the word "Description:"
+    DescriptionGround, ///< its background
+    DescriptionLines,  ///< the lines for the text of the description
+    PictureLines,      ///< the same lines in the drawings of the picture styles
+    Cells,             ///< the words in the title cells of the three sections
+    CellGround,        ///< their background
+    Lists,             ///< the lines for the entries of the lists
+    Borders,           ///< all borders
 };
 
-/// The colours in which the drawings stand. They are not always those of the fields: a pick colours what its
-/// entry names, a change of style colours all anew.
+/// The colours of the drawings. They can differ from those of the fields until the style changes: a picked
+/// colour goes only to the parts of its entry, a change of style colours all parts by the fields.
 class DrawingColors
 {
 public:
@@ -64,10 +64,10 @@ private:
 /// the entry colours in the page's style.
 void pickColor(PageLook& look, DrawingColors& drawing, const QString& entry, int color);
 
-/// Colours the drawing by the fields, as the page's style has it. An empty field counts as black.
+/// Colours the drawing by the fields, as the page's style uses them. An empty field gives black.
 void paintDrawing(const PageLook& look, DrawingColors& drawing);
 
-/// Writes the colours as the set of a name.
+/// Saves the colours as the set of a name. A failure to write isn't told.
 void saveColorSet(const PageLook& look, const QString& name);
 
 /// Takes the colours from the set of a name; a colour that the set doesn't hold becomes empty.

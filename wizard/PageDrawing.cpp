@@ -11,7 +11,7 @@
 
 namespace {
 
-/// A place on a drawing, in the drawing's units; without a width it is nowhere. Lines have no height.
+/// A place on a drawing, in the drawing's units. With no width nothing is drawn there; lines have no height.
 struct Place
 {
     int left;
@@ -78,7 +78,7 @@ private:
     QPoint m_origin;
 };
 
-/// How many pixels a unit should have, so that a row of a drawing takes a line of text.
+/// How many pixels a unit should have so that a line of text fits into a row of the drawing.
 double unitsScale(const QWidget* widget)
 {
     constexpr int rowHeight = 18; // units
@@ -98,7 +98,7 @@ constexpr Places everywhere(const Place& place)
 constexpr Places Page = everywhere({0, 0, 200, 250});
 constexpr Places Inside = everywhere({3, 3, 194, 244});
 constexpr Places TitleRow = everywhere({10, 9, 180, 18});
-// A title cell in style 3, else the text itself.
+// In style 3 the title cell of the description, else the description itself.
 constexpr Places DescriptionRow = {{55, 42, 90, 18}, {55, 42, 90, 18}, {55, 38, 90, 18}, {3, 33, 194, 18}};
 // In styles 0 and 1 the three sections have a table of their own, narrower than the page.
 constexpr Places PaymentRow = {{22, 84, 156, 18}, {22, 84, 156, 18}, {3, 84, 194, 18}, {3, 84, 194, 18}};
@@ -148,22 +148,22 @@ constexpr Mark PageMarks[] = {
     {Kind::Line, Part::Lists, {{34, 217, 100, 0}, {34, 217, 100, 0}, {16, 222, 130, 0}, {16, 222, 130, 0}}},
     {Kind::Line, Part::Lists, {{34, 228, 100, 0}, {34, 228, 100, 0}, {16, 234, 130, 0}, {16, 234, 130, 0}}},
 
-    {Kind::Outline, Part::Borders, Page},                                                            // Shape1
-    {Kind::Outline, Part::Borders, Sections},                                                        // Shape2
-    {Kind::Outline, Part::Borders, fromStyle1(LocationRow)},                                         // Shape3
-    {Kind::Outline, Part::Borders, fromStyle1(WhoPaysRow)},                                          // Shape4
-    {Kind::Outline, Part::Borders, {Inside.at(0), Inside.at(1), Inside.at(2), DescriptionRow.at(3)}},// Shape5
-    {Kind::Line, Part::Borders, {Nowhere, {22, 102, 156, 0}, {3, 102, 194, 0}, {3, 102, 194, 0}}},   // Line8
+    {Kind::Outline, Part::Borders, Page},
+    {Kind::Outline, Part::Borders, Sections},
+    {Kind::Outline, Part::Borders, fromStyle1(LocationRow)},
+    {Kind::Outline, Part::Borders, fromStyle1(WhoPaysRow)},
+    {Kind::Outline, Part::Borders, {Inside.at(0), Inside.at(1), Inside.at(2), DescriptionRow.at(3)}},
+    {Kind::Line, Part::Borders, {Nowhere, {22, 102, 156, 0}, {3, 102, 194, 0}, {3, 102, 194, 0}}},
 };
 // clang-format on
 
 constexpr QSize ThumbnailUnits(96, 64);
 
-/// The arrangement of a picture style. Two pictures stand for "all of them".
+/// The arrangement of a picture style. Two pictures mean that all of them are shown.
 struct Arrangement
 {
     std::array<Place, 2> pictures;
-    std::array<Place, 3> lines; // `LineDe`
+    std::array<Place, 3> lines; // of the description
 };
 
 constexpr std::array<Arrangement, 4> Arrangements = {{
@@ -175,7 +175,7 @@ constexpr std::array<Arrangement, 4> Arrangements = {{
 
 const QColor ThumbnailPaper(0xDD, 0xDD, 0xDD); // both dark and light lines show on it
 
-/// A landscape, as pictures are drawn everywhere.
+/// A landscape, the common sign for a picture.
 void drawPicture(Canvas& canvas, const Place& place)
 {
     if (place.width == 0)
@@ -274,7 +274,7 @@ void PictureStyleDrawing::paintEvent(QPaintEvent*)
         for (const Place& picture : arrangement.pictures)
             drawPicture(canvas, picture);
         for (size_t i = 0; i < arrangement.lines.size(); ++i) {
-            // The very first line, `LineDe(0)`, keeps its black: beside it a picked colour shows.
+            // The first line of all stays black. So meant: a picked colour shows beside it.
             const bool first = m_pictureStyle == 0 && i == 0;
             canvas.line(arrangement.lines[i], first ? QColor(Qt::black) : m_colors[Part::PictureLines]);
         }

@@ -5,8 +5,7 @@
 
 #include <QWidget>
 
-/// A little picture of the listing page: the rows of its design style, where they stand, in the page's
-/// colours.
+/// A small drawing of the listing page: the rows of its design style in the page's colours.
 class PageDrawing : public QWidget
 {
     Q_OBJECT
@@ -28,7 +27,7 @@ private:
     DrawingColors m_colors;
 };
 
-/// A little picture of one picture style: the picture and three lines of description.
+/// A small drawing of one picture style: a picture or two and three lines of description.
 class PictureStyleDrawing : public QWidget
 {
     Q_OBJECT

@@ -11,7 +11,7 @@
 class PageText
 {
 public:
-    /// An empty text with room for about so many characters; it grows beyond as needed.
+    /// An empty text with room for `expectedSize` characters; it grows beyond when needed.
     explicit PageText(qsizetype expectedSize = 0) { m_text.reserve(expectedSize); }
 
     /// Appends pieces.
@@ -29,7 +29,7 @@ public:
     }
 
     const QString& text() const { return m_text; }
-    /// The text, moved out of here.
+    /// The text; this one is empty afterwards.
     QString take() { return std::exchange(m_text, QString()); }
 
     static constexpr QLatin1StringView lineEnd{"\r\n"};

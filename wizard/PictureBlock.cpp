@@ -24,7 +24,7 @@ public:
         closeTwoCells();
     }
 
-    /// Its two CENTER tags stay open: what follows on the page is centred too.
+    /// Leaves its two CENTER tags open. So meant: what follows on the page is centred too.
     void classicR()
     {
         m_page.add("<BR><BR><CENTER>"_L1);
@@ -43,14 +43,14 @@ public:
         closeTwoCells();
     }
 
-    /// The one arrangement with the description in a paragraph.
+    /// The only arrangement with the description in a paragraph.
     void classic()
     {
         m_page.addLine("<BR>"_L1);
         description("<P align=center>"_L1, "</P>"_L1);
         m_page.addLine("<BR>"_L1);
         allPictures();
-        if (m_listing.OptP2)
+        if (m_listing.withPictures)
             m_page.addLine("<BR><BR><BR>"_L1);
     }
 
@@ -58,7 +58,7 @@ private:
     void openTwoCells()
     {
         m_page.add("<TABLE borderColor=#000000 cellSpacing=0 cellPadding=5 align=center bgColor="_L1,
-                   m_look.Txt2, " border=0>"_L1);
+                   m_look.cellColor, " border=0>"_L1);
         m_page.add("<TBODY><TR><TD>"_L1);
     }
 
@@ -67,27 +67,27 @@ private:
     void description(QLatin1StringView before = {}, QLatin1StringView after = {})
     {
         m_page.addLine(opening(Region::Description));
-        m_page.addLine(before, "<FONT face=Arial color="_L1, m_look.Txt7, " size=3>"_L1);
-        m_page.addLine(m_listing.Text2);
+        m_page.addLine(before, "<FONT face=Arial color="_L1, m_look.descriptionColor, " size=3>"_L1);
+        m_page.addLine(m_listing.description);
         m_page.addLine("</FONT>"_L1, after);
         m_page.addLine(closing(Region::Description));
     }
 
-    /// Always a picture: without an address it is one of an empty address.
+    /// Writes a picture even when there is no address; its address is empty then.
     void onePicture()
     {
         m_page.add(opening(Region::Picture));
-        m_page.add("<ALIGN=MIDDLE><IMG src="_L1, m_listing.List3.value(0), " border=0>"_L1);
+        m_page.add("<ALIGN=MIDDLE><IMG src="_L1, m_listing.pictures.value(0), " border=0>"_L1);
         m_page.add(closing(Region::Picture));
     }
 
-    /// Nothing at all, not even the markers, when there are no pictures.
+    /// Writes nothing, not even the markers, when there are no pictures.
     void allPictures()
     {
-        if (!m_listing.OptP2 || m_listing.List3.isEmpty())
+        if (!m_listing.withPictures || m_listing.pictures.isEmpty())
             return;
         m_page.add(opening(Region::Picture));
-        for (const QString& address : m_listing.List3)
+        for (const QString& address : m_listing.pictures)
             m_page.addLine("<ALIGN=MIDDLE><img src="_L1, address, " border=0>"_L1);
         m_page.add(closing(Region::Picture));
     }

@@ -12,6 +12,6 @@
 /// 2 "Right Neated"  description left, one picture right
 /// 3 "Classic"       description, all pictures under it
 ///
-/// The arrangements of one picture take the first address. Nothing is escaped. With any other number there is
-/// no block.
+/// The arrangements of one picture show the first address. Nothing is escaped. Any other number
+/// appends nothing.
 void addPictureBlock(PageText& page, const Listing& listing, const PageLook& look);

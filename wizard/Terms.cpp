@@ -14,7 +14,7 @@ QString GetTermsList(const QString& name)
         const QByteArray bytes = readFile(appFile(name));
         return decode(bytes, encodingOf(bytes));
     } catch (const RuntimeError&) {
-        return {}; // the user finds the terms empty, as before the first were written
+        return {}; // the user sees empty terms, as before any were written
     }
 }
 

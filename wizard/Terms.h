@@ -5,11 +5,11 @@
 #include <QString>
 #include <array>
 
-/// A file with the seller's own terms, which go into every listing: an HTML fragment, in spite of its name.
+/// A file with the seller's own terms, which go into every listing. Named ".ini", but HTML.
 struct TermsFile
 {
     const char* file;    ///< name in the program's folder, with a backslash before it
-    const char* caption; ///< of the editor while it works on the file
+    const char* caption; ///< of the window that edits the file
 };
 
 /// The terms of payment, of the location of shipping, and of who pays.
@@ -19,10 +19,10 @@ inline constexpr std::array<TermsFile, 3> TermsFiles = {{
     {"\\weblst3.ini", "- Pays Shipping - Terms of Lists"},
 }};
 
-/// The whole text of a terms file, such as "\weblst.ini", nothing changed. Bytes that are no UTF-8 throughout
-/// are read as Western text. Empty when the file can't be read.
+/// The whole text of a terms file, such as "\weblst.ini", unchanged. A file that isn't UTF-8 throughout is
+/// read as Western text. Empty when the file can't be read.
 QString GetTermsList(const QString& name);
 
-/// Cuts each HEAD element out of a text, whatever the case of its tags. Returns the one cut last, tags
-/// included, or nothing. One that isn't closed stays.
+/// Cuts each HEAD element out of a text, whatever the letter case of its tags. Returns the one that was cut
+/// last, with its tags, or nothing. A HEAD that isn't closed stays in the text.
 QByteArray cutHeads(QByteArray& text);

@@ -111,8 +111,8 @@ void TestFrmAddTable::texts()
                      {a.Command1, "Create"},
                      {a.Command2, "Cancel"}});
     QVERIFY(a.Option1->Value());
-    QCOMPARE(a.Text4, QStringLiteral("#000000"));
-    QCOMPARE(a.Text13, QStringLiteral("#000000"));
+    QCOMPARE(a.borderColor, QStringLiteral("#000000"));
+    QCOMPARE(a.tableColor, QStringLiteral("#000000"));
     QCOMPARE(window.marked(), QList<int>());
 }
 
@@ -366,7 +366,7 @@ void TestFrmAddTable::attributes()
     FrmAddTable& a = *window.tool;
     step(a.RedA);
     dragToEnd(a.BlueH);
-    QCOMPARE(a.Text13, QStringLiteral("#0000FF"));
+    QCOMPARE(a.tableColor, QStringLiteral("#0000FF"));
     release(a.BlueH);
     click(a.Option2);
     overtype(a.Combo2, QStringLiteral("a\"b"));

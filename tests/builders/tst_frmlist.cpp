@@ -125,8 +125,8 @@ void TestFrmList::texts()
                      {t.Command7, "Cancel"}});
     QVERIFY(!t.Command21->icon().isNull());
     QVERIFY(t.Option1->Value());
-    QCOMPARE(t.Text5, QStringLiteral("#000000"));
-    QCOMPARE(t.TxtFontName + t.TxtSize + t.TxtFontColor + t.TxtBIU + t.TxtBIU2,
+    QCOMPARE(t.listColor, QStringLiteral("#000000"));
+    QCOMPARE(t.wordFont.name + t.wordFont.size + t.wordFont.color + t.wordFont.open + t.wordFont.close,
              QStringLiteral("Arial3#000000"));
     QCOMPARE(t.WebBrowser1->designMode(), DesignMode::Off);
     QCOMPARE(t.focusWidget(), t.Text1);
@@ -202,7 +202,7 @@ void TestFrmList::colorFollowsADrag()
     const List window;
     window.add("Visa");
     step(window.tool->RedA);
-    QCOMPARE(window.tool->Text5, QStringLiteral("#010000"));
+    QCOMPARE(window.tool->listColor, QStringLiteral("#010000"));
     QVERIFY(window.copied().startsWith(QStringLiteral("<Font color=#000000><ul>")));
     dragToEnd(window.tool->GreenA);
     QVERIFY(window.copied().startsWith(QStringLiteral("<Font color=#01FF00><ul>")));
@@ -219,12 +219,12 @@ void TestFrmList::colorByDialog()
     window.doors.answerColor(0x332211);
     click(window.tool->Lcolor1);
     QCOMPARE(window.doors.takeAsked(), QStringList{QStringLiteral("Color|0")});
-    QCOMPARE(window.tool->Text5, QStringLiteral("#112233"));
+    QCOMPARE(window.tool->listColor, QStringLiteral("#112233"));
     QCOMPARE(window.tool->GreenA->Value(), 0x22);
     QVERIFY(window.copied().startsWith(QStringLiteral("<Font color=#112233><ul>")));
     window.doors.cancelColor();
     click(window.tool->Lcolor1);
-    QCOMPARE(window.tool->Text5, QStringLiteral("#112233"));
+    QCOMPARE(window.tool->listColor, QStringLiteral("#112233"));
 }
 
 void TestFrmList::fontOfTheNextWord()
@@ -272,7 +272,7 @@ void TestFrmList::fontOfAnotherWindow()
     form<FrmFonts>()->Combo1->setText(QStringLiteral("X"));
     click(form<FrmFonts>()->Command1);
     QVERIFY(!isLoaded<FrmFonts>());
-    QCOMPARE(window.tool->TxtFontName, QStringLiteral("Arial"));
+    QCOMPARE(window.tool->wordFont.name, QStringLiteral("Arial"));
 }
 
 void TestFrmList::fontAfterTheListHasGone()
@@ -289,7 +289,7 @@ void TestFrmList::fontsLeftOpen()
     window.show();
     form<FrmFonts>()->Combo1->setText(QStringLiteral("X"));
     click(form<FrmFonts>()->Command1);
-    QCOMPARE(window.tool->TxtFontName, QStringLiteral("X"));
+    QCOMPARE(window.tool->wordFont.name, QStringLiteral("X"));
 }
 
 void TestFrmList::addToEditor()
@@ -325,7 +325,7 @@ void TestFrmList::clears()
 {
     List window;
     window.asksBeforeItClears();
-    QCOMPARE(window.tool->List2, QStringList());
+    QCOMPARE(window.tool->items, QStringList());
     for (QPushButton* button : {window.tool->Command6, window.tool->Command22}) {
         window.doors.answerMsgBox(MsgAnswer::Ok);
         click(button);

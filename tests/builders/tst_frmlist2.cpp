@@ -148,18 +148,18 @@ void TestFrmList2::texts()
     QCOMPARE(t.Check1->Value(), 0);
     QVERIFY(!t.TxtTitle->isEnabled() && !t.Command17->isEnabled());
     QCOMPARE(t.WebBrowser1->designMode(), DesignMode::On);
-    QCOMPARE(t.RTB1, QString());
+    QCOMPARE(t.html, QString());
 }
 
 void TestFrmList2::adds()
 {
     const List window;
     window.add("Visa");
-    QCOMPARE(window.tool->RTB1, line("Visa"));
+    QCOMPARE(window.tool->html, line("Visa"));
     window.tool->Text1->setFocus();
     QTest::keyClicks(window.tool->Text1, QStringLiteral("b<"));
     QTest::keyClick(window.tool->Text1, Qt::Key_Return);
-    QCOMPARE(window.tool->RTB1, line("Visa") + line("b<"));
+    QCOMPARE(window.tool->html, line("Visa") + line("b<"));
     QCOMPARE(window.tool->Text1->text(), QString());
     QTRY_COMPARE(window.ask("document.querySelectorAll('br').length"), QStringLiteral("2"));
 }
@@ -171,7 +171,7 @@ void TestFrmList2::emptyWord()
     QCOMPARE(window.tool->List1->ListCount(), 0);
     click(window.tool->Command3);
     QCOMPARE(window.tool->List1->ListCount(), 1);
-    QCOMPARE(window.tool->RTB1, line(""));
+    QCOMPARE(window.tool->html, line(""));
 }
 
 void TestFrmList2::wordsAsTyped_data()
@@ -190,7 +190,7 @@ void TestFrmList2::wordsAsTyped()
     QTest::keyClick(window.tool->Text1, Qt::Key_Return);
     QCOMPARE(entries(*window.tool->List1), QStringList{word});
     const QString text = QStringLiteral("&nbsp;") + word + QStringLiteral("&nbsp;</FONT><BR>\r\n");
-    QCOMPARE(window.tool->RTB1, Font + text + Symbol + Font + text);
+    QCOMPARE(window.tool->html, Font + text + Symbol + Font + text);
 }
 
 void TestFrmList2::lookIsForAllLines()
@@ -199,11 +199,11 @@ void TestFrmList2::lookIsForAllLines()
     window.add("a");
     window.add("b");
     click(window.tool->chkBold);
-    QCOMPARE(window.tool->RTB1.count(
+    QCOMPARE(window.tool->html.count(
                  QStringLiteral("&nbsp;<B><FONT face=Webdings size=3 color=#000000>4</FONT></B>")),
              2);
     click(window.tool->chkBold);
-    QCOMPARE(window.tool->RTB1, line("a") + line("b"));
+    QCOMPARE(window.tool->html, line("a") + line("b"));
 }
 
 void TestFrmList2::sizes_data()
@@ -228,7 +228,7 @@ void TestFrmList2::sizes()
     const List window;
     window.add("a");
     choose(window.tool->Combo2, entry);
-    QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=%1 color").arg(code)));
+    QVERIFY(window.tool->html.contains(QStringLiteral("face=Webdings size=%1 color").arg(code)));
     QCOMPARE(window.tool->LabV->font().pointSize(), points);
     QCOMPARE(window.tool->ReplaceSize(*window.tool->Combo2), code);
 }
@@ -239,16 +239,16 @@ void TestFrmList2::symbolColor()
     window.add("a");
     window.add("b");
     step(window.tool->RedA);
-    QCOMPARE(window.tool->RTB1.count(QStringLiteral("face=Webdings size=3 color=#010000>")), 2);
+    QCOMPARE(window.tool->html.count(QStringLiteral("face=Webdings size=3 color=#010000>")), 2);
     dragToEnd(window.tool->BlueA);
-    QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=3 color=#0100FF>")));
+    QVERIFY(window.tool->html.contains(QStringLiteral("face=Webdings size=3 color=#0100FF>")));
     QCOMPARE(window.tool->LabV->palette().color(QPalette::WindowText), QColor(1, 0, 255));
     release(window.tool->BlueA);
     window.doors.answerColor(0x112233);
     click(window.tool->Lcolor1);
-    QVERIFY(window.tool->RTB1.contains(QStringLiteral("face=Webdings size=3 color=#332211>")));
+    QVERIFY(window.tool->html.contains(QStringLiteral("face=Webdings size=3 color=#332211>")));
     QCOMPARE(window.tool->GetHexColor(0x112233), QStringLiteral("#332211"));
-    QVERIFY(window.tool->RTB1.contains(Font)); // the words keep theirs
+    QVERIFY(window.tool->html.contains(Font)); // the words keep theirs
 }
 
 void TestFrmList2::titleLine()
@@ -257,11 +257,11 @@ void TestFrmList2::titleLine()
     window.add("a");
     tick(window.tool->Check1);
     QVERIFY(window.tool->TxtTitle->isEnabled() && window.tool->Command17->isEnabled());
-    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;&nbsp;</FONT><BR>\r\n") + line("a"));
+    QCOMPARE(window.tool->html, Font + QStringLiteral("&nbsp;&nbsp;</FONT><BR>\r\n") + line("a"));
     QTest::keyClicks(window.tool->TxtTitle->lineEdit(), QStringLiteral("Pay"));
-    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;Pay&nbsp;</FONT><BR>\r\n") + line("a"));
+    QCOMPARE(window.tool->html, Font + QStringLiteral("&nbsp;Pay&nbsp;</FONT><BR>\r\n") + line("a"));
     tick(window.tool->Check1);
-    QCOMPARE(window.tool->RTB1, line("a"));
+    QCOMPARE(window.tool->html, line("a"));
     QVERIFY(!window.tool->TxtTitle->isEnabled() && !window.tool->Command17->isEnabled());
 }
 
@@ -277,19 +277,19 @@ void TestFrmList2::fonts()
     click(form<FrmFonts>()->Command1);
     const QString words =
         QStringLiteral("<I><FONT face=X size=3 color=#000000>&nbsp;a&nbsp;</FONT></I><BR>\r\n");
-    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;&nbsp;</FONT><BR>\r\n") + Symbol + words);
+    QCOMPARE(window.tool->html, Font + QStringLiteral("&nbsp;&nbsp;</FONT><BR>\r\n") + Symbol + words);
     click(window.tool->Command17);
     QCOMPARE(form<FrmFonts>()->windowTitle(), QStringLiteral("List Special Character Title Font"));
     form<FrmFonts>()->Combo2->setText(QStringLiteral("24"));
     click(form<FrmFonts>()->Command1);
-    QCOMPARE(window.tool->RTB1,
+    QCOMPARE(window.tool->html,
              QStringLiteral("<FONT face=Arial size=6 color=#000000>&nbsp;&nbsp;</FONT><BR>\r\n") + Symbol +
                  words);
     click(window.tool->Command15);
     form<FrmFonts>()->Combo1->setText(QStringLiteral("Y"));
-    window.tool->RTB1 = QStringLiteral("not made anew");
+    window.tool->html = QStringLiteral("not made anew");
     click(form<FrmFonts>()->Command2);
-    QCOMPARE(window.tool->RTB1, QStringLiteral("not made anew"));
+    QCOMPARE(window.tool->html, QStringLiteral("not made anew"));
 }
 
 void TestFrmList2::fontsOfAnotherWindow_data()
@@ -314,9 +314,9 @@ void TestFrmList2::fontsOfAnotherWindow()
     form<FrmFonts>()->Combo1->setText(QStringLiteral("X"));
     click(form<FrmFonts>()->Command1);
     QVERIFY(!isLoaded<FrmFonts>());
-    QCOMPARE(window.tool->RTB1, before);
+    QCOMPARE(window.tool->html, before);
     window.add("b"); // makes the list anew
-    QCOMPARE(window.tool->RTB1, before + line("b"));
+    QCOMPARE(window.tool->html, before + line("b"));
 }
 
 void TestFrmList2::fontsAfterTheListHasGone()
@@ -374,7 +374,7 @@ void TestFrmList2::titleIsPicked()
     window.add("a");
     tick(window.tool->Check1);
     choose(window.tool->TxtTitle, 1);
-    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;We&nbsp;</FONT><BR>\r\n") + line("a"));
+    QCOMPARE(window.tool->html, Font + QStringLiteral("&nbsp;We&nbsp;</FONT><BR>\r\n") + line("a"));
 }
 
 void TestFrmList2::emptyTitle()
@@ -426,7 +426,7 @@ void TestFrmList2::clearLeavesTheTitle()
     QCOMPARE(window.tool->Check1->Value(), 1);
     QCOMPARE(window.tool->TxtTitle->Text(), QStringLiteral("Pay"));
     window.add("b");
-    QCOMPARE(window.tool->RTB1, Font + QStringLiteral("&nbsp;Pay&nbsp;</FONT><BR>\r\n") + line("b"));
+    QCOMPARE(window.tool->html, Font + QStringLiteral("&nbsp;Pay&nbsp;</FONT><BR>\r\n") + line("b"));
 }
 
 void TestFrmList2::cancels()
@@ -531,7 +531,7 @@ void TestFrmList2::picks()
     QVERIFY(isLoaded<FrmChar>() && !c->isVisible());
     QCOMPARE(window.tool->LabV->text(), QStringLiteral("\u00FC"));
     QVERIFY(
-        window.tool->RTB1.contains(QStringLiteral("<FONT face=Webdings size=3 color=#000000>\u00FC</FONT>")));
+        window.tool->html.contains(QStringLiteral("<FONT face=Webdings size=3 color=#000000>\u00FC</FONT>")));
     window.openCharacters();
     QCOMPARE(c->CharC->marked(), 252); // as it was left
 }
@@ -657,7 +657,7 @@ void TestFrmList2::otherFont()
     QVERIFY(!c->Notice->isVisible());
     List::clickCell(c, 88);
     click(c->Command1);
-    QVERIFY(window.tool->RTB1.contains(
+    QVERIFY(window.tool->html.contains(
         QStringLiteral("<FONT face=%1 size=3 color=#000000>X</FONT>").arg(family)));
     QCOMPARE(window.tool->LabV->font().family(), family);
 }
@@ -712,7 +712,7 @@ void TestFrmList2::windowsLeftOpen()
     QCOMPARE(window.tool->LabV->text(), QStringLiteral("X"));
     form<FrmFonts>()->Combo1->setText(QStringLiteral("Y"));
     click(form<FrmFonts>()->Command1);
-    QVERIFY(window.tool->RTB1.contains(QStringLiteral("<FONT face=Y size=3 color=#000000>&nbsp;a")));
+    QVERIFY(window.tool->html.contains(QStringLiteral("<FONT face=Y size=3 color=#000000>&nbsp;a")));
 }
 
 /// Two clicks on neighbours are no double click.

@@ -43,8 +43,8 @@ public:
         QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, placeOf(list, i));
     }
     /// Puts a mark where a restyle would make the cells anew.
-    void mark() const { tool->LS1[0] = QStringLiteral("mark"); }
-    bool isMarked() const { return tool->LS1.value(0) == QStringLiteral("mark"); }
+    void mark() const { tool->leftCells[0] = QStringLiteral("mark"); }
+    bool isMarked() const { return tool->leftCells.value(0) == QStringLiteral("mark"); }
 
     void openWithSets(const QByteArray& sets, const QByteArray& titles)
     {
@@ -207,12 +207,12 @@ void TestFrmTable::state()
     QCOMPARE(t.TbColor1->BackColor(), 0);
     QCOMPARE(t.TbColor2->BackColor(), 0xFFFFFF);
     QCOMPARE(t.FColor1->BackColor(), 0);
-    QCOMPARE(t.Text4, QStringLiteral("#000000"));
-    QCOMPARE(t.Text13, QStringLiteral("#000000"));
-    QCOMPARE(t.Text17, QStringLiteral("#FFFFFF"));
-    QCOMPARE(t.Text8, QStringLiteral("#000000"));
-    QCOMPARE(t.TxtAuto, QStringLiteral("#000000"));
-    QCOMPARE(t.TxtAuto2, QStringLiteral("#000000"));
+    QCOMPARE(t.borderColor, QStringLiteral("#000000"));
+    QCOMPARE(t.tableColor, QStringLiteral("#000000"));
+    QCOMPARE(t.cellColor, QStringLiteral("#FFFFFF"));
+    QCOMPARE(t.fontColor, QStringLiteral("#000000"));
+    QCOMPARE(t.firstColor, QStringLiteral("#000000"));
+    QCOMPARE(t.secondColor, QStringLiteral("#000000"));
     for (const ScrollBar* bar : {t.RedI, t.GreenI, t.BlueI})
         QCOMPARE(bar->Value(), 255);
     QCOMPARE(t.ChkNoB->Value(), 1);
@@ -222,7 +222,7 @@ void TestFrmTable::state()
     for (const CheckBox* box : {t.chkBold, t.chkItalic, t.chkUnderline, t.Check1})
         QCOMPARE(box->Value(), 0);
     QCOMPARE(t.Check3->Value(), 1);
-    QVERIFY(t.Opt1);
+    QVERIFY(t.allRows);
     QCOMPARE(t.focusWidget(), t.Text1);
     QVERIFY(!isLoaded<FrmAutoColor>());
 }
@@ -270,10 +270,10 @@ void TestFrmTable::addsARow()
     const FrmTable& t = *window.tool;
     QCOMPARE(entries(*t.List1), QStringList{QStringLiteral("Shipping")});
     QCOMPARE(entries(*t.List2), QStringList{QString()});
-    QCOMPARE(t.LS1, QStringList{Spanning + QStringLiteral("Shipping")});
-    QCOMPARE(t.LS2, QStringList{QString()});
-    QCOMPARE(t.RichTextBox2, Head + QStringLiteral("<TR>\r\n") + Spanning +
-                                 QStringLiteral("Shipping</FONT>\r\n</TD></TR>\r\n") + End);
+    QCOMPARE(t.leftCells, QStringList{Spanning + QStringLiteral("Shipping")});
+    QCOMPARE(t.rightCells, QStringList{QString()});
+    QCOMPARE(t.html, Head + QStringLiteral("<TR>\r\n") + Spanning +
+                         QStringLiteral("Shipping</FONT>\r\n</TD></TR>\r\n") + End);
     QCOMPARE(t.Text1->text(), QString());
 }
 
@@ -282,11 +282,11 @@ void TestFrmTable::addsARowOfTwoWords()
     const Designer window;
     window.add("Weight", "2 lb");
     const FrmTable& t = *window.tool;
-    QCOMPARE(t.LS1, QStringList{Plain + QStringLiteral("Weight")});
-    QCOMPARE(t.LS2, QStringList{Plain + QStringLiteral("2 lb")});
-    QCOMPARE(t.RichTextBox2, Head + QStringLiteral("<TR>\r\n") + Plain +
-                                 QStringLiteral("Weight</FONT>\r\n</TD>\r\n") + Plain +
-                                 QStringLiteral("2 lb</FONT>\r\n</TD></TR>\r\n") + End);
+    QCOMPARE(t.leftCells, QStringList{Plain + QStringLiteral("Weight")});
+    QCOMPARE(t.rightCells, QStringList{Plain + QStringLiteral("2 lb")});
+    QCOMPARE(t.html, Head + QStringLiteral("<TR>\r\n") + Plain +
+                         QStringLiteral("Weight</FONT>\r\n</TD>\r\n") + Plain +
+                         QStringLiteral("2 lb</FONT>\r\n</TD></TR>\r\n") + End);
     QCOMPARE(t.Text1->text() + t.Text2->text(), QString());
 }
 
@@ -310,7 +310,7 @@ void TestFrmTable::addRefuses()
     click(window.tool->Command4);
     QCOMPARE(window.doors.takeAsked(), QStringList{message});
     QCOMPARE(window.tool->List1->ListCount() + window.tool->List2->ListCount(), 0);
-    QCOMPARE(window.tool->LS1 + window.tool->LS2, QStringList());
+    QCOMPARE(window.tool->leftCells + window.tool->rightCells, QStringList());
     QCOMPARE(window.tool->Text2->text(), right);
 }
 
@@ -353,8 +353,8 @@ void TestFrmTable::enterOnARefusedRow()
         QCOMPARE(window.doors.takeAsked(), QStringList{message});
         QCOMPARE(t.focusWidget(), t.Text1);
         QCOMPARE(t.Text2->text(), right);
-        QCOMPARE(entries(*t.List1) + entries(*t.List2) + t.LS1 + t.LS2, QStringList());
-        QCOMPARE(t.RichTextBox2, QString());
+        QCOMPARE(entries(*t.List1) + entries(*t.List2) + t.leftCells + t.rightCells, QStringList());
+        QCOMPARE(t.html, QString());
     }
 }
 
@@ -377,8 +377,8 @@ void TestFrmTable::wordsGoOutAsTyped()
     t.Text1->setText(word);
     t.Text2->setText(word);
     click(t.Command4);
-    QCOMPARE(t.LS1, QStringList{Plain + word});
-    QCOMPARE(t.LS2, QStringList{Plain + word});
+    QCOMPARE(t.leftCells, QStringList{Plain + word});
+    QCOMPARE(t.rightCells, QStringList{Plain + word});
     Designer::clickRow(t.List1, 0);
     QCOMPARE(t.TbColor2->BackColor(), 0xFFFFFF);
     QCOMPARE(t.TxWid->text(), QStringLiteral("0"));
@@ -392,10 +392,10 @@ void TestFrmTable::rowsKeepTheirLook()
     window.add("a");
     t.TxWid->setText(QStringLiteral("9"));
     window.add("b");
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral(" width=0 ")));
-    QVERIFY(t.LS1.at(1).contains(QStringLiteral(" width=9 ")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral(" width=0 ")));
+    QVERIFY(t.leftCells.at(1).contains(QStringLiteral(" width=9 ")));
     click(t.Option5);
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral(" width=9 ")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral(" width=9 ")));
 }
 
 void TestFrmTable::clearList()
@@ -413,8 +413,8 @@ void TestFrmTable::clearList()
     click(t.Command5);
     window.doors.takeAsked();
     QCOMPARE(t.List1->ListCount() + t.List2->ListCount(), 0);
-    QCOMPARE(t.LS1 + t.LS2, QStringList());
-    QCOMPARE(t.RichTextBox2, QString());
+    QCOMPARE(t.leftCells + t.rightCells, QStringList());
+    QCOMPARE(t.html, QString());
     QCOMPARE(t.Combo2->text(), QStringLiteral("3"));
     QTRY_COMPARE(window.ask("document.querySelectorAll('*').length"),
                  QStringLiteral("3")); // html, head, body
@@ -457,7 +457,7 @@ void TestFrmTable::addToEditor()
     window.web->RichTextBox1->setText("one two");
     window.web->RichTextBox1->setSelStart(4);
     window.add("a");
-    const QByteArray html = window.tool->RichTextBox2.toUtf8();
+    const QByteArray html = window.tool->html.toUtf8();
     tick(window.tool->Check3);
     click(window.tool->Command2);
     QCOMPARE(window.source(), "one " + html + "two");
@@ -472,7 +472,7 @@ void TestFrmTable::copy()
 {
     const Designer window;
     window.add("a");
-    const QString html = window.tool->RichTextBox2;
+    const QString html = window.tool->html;
     click(window.tool->Command8);
     QCOMPARE(Clipboard::GetText(), html);
     QVERIFY(!isLoaded<FrmTable>());
@@ -503,9 +503,9 @@ void TestFrmTable::cellOptions()
         {t.Option2, " align=Center>"}, {t.Option3, " align=Right>"}, {t.Option1, " align=Left>"}};
     for (const auto& [option, align] : options) {
         click(option);
-        QVERIFY(t.LS1.at(0).contains(QLatin1String(align)));
-        QVERIFY(t.LS2.at(0).contains(QLatin1String(align)));
-        QVERIFY(t.RichTextBox2.contains(t.LS1.at(0)));
+        QVERIFY(t.leftCells.at(0).contains(QLatin1String(align)));
+        QVERIFY(t.rightCells.at(0).contains(QLatin1String(align)));
+        QVERIFY(t.html.contains(t.leftCells.at(0)));
     }
     // A set by code does nothing.
     window.mark();
@@ -515,7 +515,7 @@ void TestFrmTable::cellOptions()
     t.Option1->setValue(true);
     t.Option2->setFocus();
     QTest::keyClick(t.Option2, Qt::Key_Space);
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral(" align=Center>")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral(" align=Center>")));
 }
 
 void TestFrmTable::styleBoxes()
@@ -524,18 +524,18 @@ void TestFrmTable::styleBoxes()
     FrmTable& t = *window.tool;
     window.add("a");
     click(t.chkBold);
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral("align=Left><b><Font ")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral("align=Left><b><Font ")));
     click(t.chkItalic);
     click(t.chkUnderline);
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral("align=Left><b><i><u><Font ")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral("align=Left><b><i><u><Font ")));
     click(t.chkBold);
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral("align=Left><i><u><Font ")));
-    QVERIFY(t.RichTextBox2.contains(QStringLiteral("a</FONT>\r\n</TD></TR>"))); // nothing closes them
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral("align=Left><i><u><Font ")));
+    QVERIFY(t.html.contains(QStringLiteral("a</FONT>\r\n</TD></TR>"))); // nothing closes them
     window.mark();
     t.chkBold->setValue(1);
     QVERIFY(window.isMarked());
     window.add("b");
-    QVERIFY(t.LS1.at(1).contains(QStringLiteral("align=Left><b><i><u><Font ")));
+    QVERIFY(t.leftCells.at(1).contains(QStringLiteral("align=Left><b><i><u><Font ")));
 }
 
 void TestFrmTable::tableOptions()
@@ -548,7 +548,7 @@ void TestFrmTable::tableOptions()
                                                                   {t.Option4, " align=Left borderColor"}};
     for (const auto& [option, align] : options) {
         click(option);
-        QVERIFY(t.RichTextBox2.contains(QStringLiteral("<TABLE width=0% height=0%") + QLatin1String(align)));
+        QVERIFY(t.html.contains(QStringLiteral("<TABLE width=0% height=0%") + QLatin1String(align)));
     }
     window.mark();
     t.Option5->setValue(true); // here a set by code counts
@@ -561,12 +561,13 @@ void TestFrmTable::fontAndSize()
     FrmTable& t = *window.tool;
     window.add("a");
     choose(t.Combo6, 6);
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral("<Font face=Arial size=7 color=")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral("<Font face=Arial size=7 color=")));
     choose(t.Combo6, 2); // 12
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral("<Font face=Arial size=3 color=")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral("<Font face=Arial size=3 color=")));
     const int last = t.Combo7->ListCount() - 1;
     choose(t.Combo7, last);
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral("<Font face=%1 size=3 color=").arg(t.Combo7->List(last))));
+    QVERIFY(
+        t.leftCells.at(0).contains(QStringLiteral("<Font face=%1 size=3 color=").arg(t.Combo7->List(last))));
 }
 
 void TestFrmTable::typedFontWaits()
@@ -576,9 +577,9 @@ void TestFrmTable::typedFontWaits()
     window.add("a");
     overtype(t.Combo7->lineEdit(), QStringLiteral("Comic Sans MS"));
     overtype(t.Combo6->lineEdit(), QStringLiteral("13"));
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral("face=Arial")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral("face=Arial")));
     click(t.Option5);
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral("<Font face=Comic Sans MS size= color=")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral("<Font face=Comic Sans MS size= color=")));
 }
 
 void TestFrmTable::sizeBars_data()
@@ -600,7 +601,7 @@ void TestFrmTable::sizeBars()
     QFETCH(QString, text);
     const Designer window;
     window.add("a");
-    const auto holds = [&](int value) { return window.tool->RichTextBox2.contains(text.arg(value)); };
+    const auto holds = [&](int value) { return window.tool->html.contains(text.arg(value)); };
     QVERIFY(holds(0));
     step(window.tool->*bar);
     QVERIFY(holds(1));
@@ -620,11 +621,11 @@ void TestFrmTable::typedSizesWait()
     window.add("a");
     for (QLineEdit* box : {t.Combo2, t.Combo4, t.Combo3, t.Combo9, t.Combo8, t.TxWid, t.TxHei})
         overtype(box, QStringLiteral("x"));
-    QCOMPARE(t.LS1.at(0), Spanning + u'a');
+    QCOMPARE(t.leftCells.at(0), Spanning + u'a');
     click(t.Option5);
-    QVERIFY(t.RichTextBox2.contains(QStringLiteral("<TABLE width=x height=x align=Center borderColor=#000000 "
-                                                   "cellspacing=x cellpadding=x border=x bgcolor=#000000>")));
-    QVERIFY(t.LS1.at(0).contains(QStringLiteral(" width=x height=x align=Left>")));
+    QVERIFY(t.html.contains(QStringLiteral("<TABLE width=x height=x align=Center borderColor=#000000 "
+                                           "cellspacing=x cellpadding=x border=x bgcolor=#000000>")));
+    QVERIFY(t.leftCells.at(0).contains(QStringLiteral(" width=x height=x align=Left>")));
 }
 
 void TestFrmTable::colorBars_data()
@@ -663,20 +664,20 @@ void TestFrmTable::colorBars()
         cellBar->setValue(0);
     window.add("a");
     window.add("b", "c");
-    const QString before = t.RichTextBox2;
+    const QString before = t.html;
     step(t.*bar);
-    QCOMPARE(t.RichTextBox2, before);
-    const QStringList colors = {t.Text4, t.Text13, t.Text17, t.Text8};
+    QCOMPARE(t.html, before);
+    const QStringList colors = {t.borderColor, t.tableColor, t.cellColor, t.fontColor};
     QCOMPARE(colors.count(stepped.right(7)), 1);
     click(t.Option4); // set already
-    QCOMPARE(t.RichTextBox2, before);
+    QCOMPARE(t.html, before);
     click(t.Option5);
-    QVERIFY(t.RichTextBox2.contains(stepped));
+    QVERIFY(t.html.contains(stepped));
     dragToEnd(t.*bar);
-    QVERIFY(t.RichTextBox2.contains(dragged)); // the hand still holds it
+    QVERIFY(t.html.contains(dragged)); // the hand still holds it
     release(t.*bar);
-    QVERIFY(t.RichTextBox2.contains(dragged));
-    QVERIFY(!t.RichTextBox2.contains(stepped));
+    QVERIFY(t.html.contains(dragged));
+    QVERIFY(!t.html.contains(stepped));
 }
 
 void TestFrmTable::colorBarsByKeyboard()
@@ -684,11 +685,11 @@ void TestFrmTable::colorBarsByKeyboard()
     const Designer window;
     FrmTable& t = *window.tool;
     window.add("a");
-    const QString before = t.RichTextBox2;
+    const QString before = t.html;
     t.RedG->setFocus();
     QTest::keyClick(t.RedG, Qt::Key_Right);
-    QCOMPARE(t.Text8, QStringLiteral("#010000"));
-    QCOMPARE(t.RichTextBox2, before);
+    QCOMPARE(t.fontColor, QStringLiteral("#010000"));
+    QCOMPARE(t.html, before);
 }
 
 void TestFrmTable::borderBox()
@@ -697,11 +698,11 @@ void TestFrmTable::borderBox()
     FrmTable& t = *window.tool;
     window.add("a");
     tick(t.ChkNoB);
-    QVERIFY(t.RichTextBox2.contains(QStringLiteral("<TABLE width=0% height=0% align=Left cellspacing=0 ")));
+    QVERIFY(t.html.contains(QStringLiteral("<TABLE width=0% height=0% align=Left cellspacing=0 ")));
     for (const ScrollBar* bar : {t.RedA, t.GreenA, t.BlueA})
         QVERIFY(!bar->isEnabled());
     tick(t.ChkNoB);
-    QCOMPARE(t.RichTextBox2.left(Head.size()), Head);
+    QCOMPARE(t.html.left(Head.size()), Head);
     QVERIFY(t.RedA->isEnabled());
 }
 
@@ -727,8 +728,8 @@ void TestFrmTable::clickReadsTheLook()
     click(t.chkBold);
     click(t.chkItalic);
     click(t.chkUnderline);
-    t.LS1[0] = QStringLiteral("<TD bgcolor=#010203 colSpan=2 width=50% height=20 align=Right><b><u>"
-                              "<Font face=Comic Sans MS size=7 color=#0000C8>a");
+    t.leftCells[0] = QStringLiteral("<TD bgcolor=#010203 colSpan=2 width=50% height=20 align=Right><b><u>"
+                                    "<Font face=Comic Sans MS size=7 color=#0000C8>a");
     t.Combo6->setText(QStringLiteral("8"));
     t.Combo7->setText(QStringLiteral("Arial"));
     t.TxWid->setText(QStringLiteral("0"));
@@ -737,10 +738,10 @@ void TestFrmTable::clickReadsTheLook()
         bar->setValue(9);
     t.Option1->setValue(true);
 
-    const QString html = t.RichTextBox2;
+    const QString html = t.html;
     Designer::clickRow(t.List1, 0);
     QCOMPARE(t.TbColor2->BackColor(), 0x030201);
-    QCOMPARE(t.Text17, QStringLiteral("#010203"));
+    QCOMPARE(t.cellColor, QStringLiteral("#010203"));
     QCOMPARE(t.RedI->Value(), 1);
     QCOMPARE(t.GreenI->Value(), 2);
     QCOMPARE(t.BlueI->Value(), 3);
@@ -755,7 +756,7 @@ void TestFrmTable::clickReadsTheLook()
     QCOMPARE(t.FColor1->BackColor(), 0xC80000);
     QCOMPARE(t.BlueG->Value(), 200);
     QCOMPARE(t.RedG->Value(), 0);
-    QCOMPARE(t.RichTextBox2, html);
+    QCOMPARE(t.html, html);
     QCOMPARE(t.HScroll6->Value(), 0); // the bars of the sizes stay
 }
 
@@ -764,8 +765,9 @@ void TestFrmTable::clickOnTheRight()
     const Designer window;
     FrmTable& t = *window.tool;
     window.add("a", "b");
-    t.LS2[0] = QStringLiteral("<TD bgcolor=#0A0000 width=7 height=0 align=Center><i><Font face=Arial size=3 "
-                              "color=#000000>b");
+    t.rightCells[0] =
+        QStringLiteral("<TD bgcolor=#0A0000 width=7 height=0 align=Center><i><Font face=Arial size=3 "
+                       "color=#000000>b");
     Designer::clickRow(t.List2, 0);
     QCOMPARE(t.TbColor2->BackColor(), 10);
     QCOMPARE(t.TxWid->text(), QStringLiteral("7"));
@@ -812,8 +814,8 @@ void TestFrmTable::pressDropsTheOther()
     const Designer window;
     FrmTable& t = *window.tool;
     window.add("a", "b");
-    t.LS1[0].replace(QStringLiteral("width=0"), QStringLiteral("width=1"));
-    t.LS2[0].replace(QStringLiteral("width=0"), QStringLiteral("width=2"));
+    t.leftCells[0].replace(QStringLiteral("width=0"), QStringLiteral("width=1"));
+    t.rightCells[0].replace(QStringLiteral("width=0"), QStringLiteral("width=2"));
     for (const auto& [list, other, width] :
          {std::tuple(t.List1, t.List2, "1"), std::tuple(t.List2, t.List1, "2")}) {
         other->setListIndex(0);
@@ -830,7 +832,7 @@ void TestFrmTable::arrowKeysRead()
     FrmTable& t = *window.tool;
     window.add("a");
     window.add("b");
-    t.LS1[1].replace(QStringLiteral("width=0"), QStringLiteral("width=5"));
+    t.leftCells[1].replace(QStringLiteral("width=0"), QStringLiteral("width=5"));
     t.List1->setFocus();
     QTest::keyClick(t.List1, Qt::Key_Down);
     QTest::keyClick(t.List1, Qt::Key_Down);
@@ -845,8 +847,8 @@ void TestFrmTable::rightWordBeforeTheLeft()
     FrmTable& t = *window.tool;
     window.add("a");
     window.add("b", "c");
-    t.LS1[0].replace(QStringLiteral("width=0"), QStringLiteral("width=1"));
-    t.LS2[1].replace(QStringLiteral("width=0"), QStringLiteral("width=2"));
+    t.leftCells[0].replace(QStringLiteral("width=0"), QStringLiteral("width=1"));
+    t.rightCells[1].replace(QStringLiteral("width=0"), QStringLiteral("width=2"));
     const auto goTo = [&](ListBox* list, Qt::Key end) {
         overtype(t.TxWid, QStringLiteral("7"));
         list->setFocus();
@@ -903,12 +905,12 @@ void TestFrmTable::readingStartsNoRebuild()
     window.add("a");
     click(t.chkBold); // all rows plain
     window.add("b");
-    t.LS1[0] =
+    t.leftCells[0] =
         QStringLiteral("<TD bgcolor=#010101 colSpan=2 width=1 height=1 align=Right><u><Font face=X size=1 "
                        "color=#020202>a");
-    const QStringList cells = t.LS1;
+    const QStringList cells = t.leftCells;
     Designer::clickRow(t.List1, 0);
-    QCOMPARE(t.LS1, cells);
+    QCOMPARE(t.leftCells, cells);
 }
 
 /// The look of one row alone: no control leads here.
@@ -918,25 +920,26 @@ void TestFrmTable::oneRowOnly()
     FrmTable& t = *window.tool;
     window.add("a");
     window.add("b", "c");
-    t.Opt1 = false;
+    t.allRows = false;
     Designer::clickRow(t.List1, 0);
     QCOMPARE(t.List1->ListIndex(), 0); // stays selected
     click(t.chkBold);
     click(t.chkItalic);
-    QCOMPARE(t.LS1.at(0), QStringLiteral("<TD bgcolor=#FFFFFF colSpan=2 width=0 height=0 align=Left><b><i>") +
-                              Font + QStringLiteral("a</b></i>"));
-    QVERIFY(t.RichTextBox2.contains(QStringLiteral("a</b></i></FONT>\r\n")));
-    QCOMPARE(t.LS1.at(1), Plain + u'b');
+    QCOMPARE(t.leftCells.at(0),
+             QStringLiteral("<TD bgcolor=#FFFFFF colSpan=2 width=0 height=0 align=Left><b><i>") + Font +
+                 QStringLiteral("a</b></i>"));
+    QVERIFY(t.html.contains(QStringLiteral("a</b></i></FONT>\r\n")));
+    QCOMPARE(t.leftCells.at(1), Plain + u'b');
     Designer::clickRow(t.List2, 1);
     QCOMPARE(t.chkBold->Value(), 0);
     click(t.chkUnderline);
-    QCOMPARE(t.LS2.at(1), QStringLiteral("<TD bgcolor=#FFFFFF width=0 height=0 align=Left><u>") + Font +
-                              QStringLiteral("c</u>"));
+    QCOMPARE(t.rightCells.at(1), QStringLiteral("<TD bgcolor=#FFFFFF width=0 height=0 align=Left><u>") +
+                                     Font + QStringLiteral("c</u>"));
     Designer::clickRow(t.List1, 0);
     QCOMPARE(t.chkBold->Value() + t.chkItalic->Value(), 2);
     Designer::clickRow(t.List2, 0); // beside one word
     click(t.chkBold);
-    QCOMPARE(t.LS2.at(0), QString());
+    QCOMPARE(t.rightCells.at(0), QString());
 }
 
 // ---- Two colours
@@ -961,17 +964,17 @@ void TestFrmTable::twoColors()
     click(colors->Command1);
     QVERIFY(!colors->isVisible());
     QCOMPARE(t.Check1->Value(), 1);
-    QCOMPARE(t.TxtAuto, QStringLiteral("#FF0000"));
-    QCOMPARE(t.TxtAuto2, QStringLiteral("#0000FF"));
-    QVERIFY(t.LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#FF0000 colSpan=2 ")));
-    QVERIFY(t.LS1.at(1).startsWith(QStringLiteral("<TD bgcolor=#0000FF width=")));
-    QVERIFY(t.LS2.at(1).startsWith(QStringLiteral("<TD bgcolor=#0000FF width=")));
-    QVERIFY(t.LS1.at(2).startsWith(QStringLiteral("<TD bgcolor=#FF0000 colSpan=2 ")));
-    const QStringList cells = t.LS1;
+    QCOMPARE(t.firstColor, QStringLiteral("#FF0000"));
+    QCOMPARE(t.secondColor, QStringLiteral("#0000FF"));
+    QVERIFY(t.leftCells.at(0).startsWith(QStringLiteral("<TD bgcolor=#FF0000 colSpan=2 ")));
+    QVERIFY(t.leftCells.at(1).startsWith(QStringLiteral("<TD bgcolor=#0000FF width=")));
+    QVERIFY(t.rightCells.at(1).startsWith(QStringLiteral("<TD bgcolor=#0000FF width=")));
+    QVERIFY(t.leftCells.at(2).startsWith(QStringLiteral("<TD bgcolor=#FF0000 colSpan=2 ")));
+    const QStringList cells = t.leftCells;
     click(t.Option5);
-    QCOMPARE(t.LS1, cells); // begins with the first again
+    QCOMPARE(t.leftCells, cells); // begins with the first again
     window.add("e");
-    QVERIFY(t.LS1.at(3).startsWith(QStringLiteral("<TD bgcolor=#0000FF colSpan=2 ")));
+    QVERIFY(t.leftCells.at(3).startsWith(QStringLiteral("<TD bgcolor=#0000FF colSpan=2 ")));
 }
 
 void TestFrmTable::twoColorsTakenBack()
@@ -988,7 +991,7 @@ void TestFrmTable::twoColorsTakenBack()
         }
         QCOMPARE(t.Check1->Value(), 0);
         QVERIFY(t.Frame6->isEnabled() && t.RedI->isEnabled());
-        QCOMPARE(t.LS1, QStringList{Spanning + u'a'});
+        QCOMPARE(t.leftCells, QStringList{Spanning + u'a'});
         QVERIFY(!isLoaded<FrmAutoColor>());
     }
 }
@@ -1001,9 +1004,9 @@ void TestFrmTable::twoColorsUnticked()
     tick(t.Check1);
     form<FrmAutoColor>()->RedA->setValue(9);
     click(form<FrmAutoColor>()->Command1);
-    QVERIFY(t.LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#090000 ")));
+    QVERIFY(t.leftCells.at(0).startsWith(QStringLiteral("<TD bgcolor=#090000 ")));
     tick(t.Check1);
-    QCOMPARE(t.LS1, QStringList{Spanning + u'a'}); // the one colour is back
+    QCOMPARE(t.leftCells, QStringList{Spanning + u'a'}); // the one colour is back
     QVERIFY(t.Frame6->isEnabled() && t.GreenI->isEnabled());
     tick(t.Check1);
     QCOMPARE(form<FrmAutoColor>()->RedA->Value(), 9); // the window kept its colours
@@ -1020,8 +1023,8 @@ void TestFrmTable::twoColorsOfAnEarlierTable()
     tick(window.tool->Check1);
     form<FrmAutoColor>()->RedA->setValue(7);
     click(form<FrmAutoColor>()->Command1);
-    QCOMPARE(window.tool->TxtAuto, QStringLiteral("#070000"));
-    QVERIFY(window.tool->LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
+    QCOMPARE(window.tool->firstColor, QStringLiteral("#070000"));
+    QVERIFY(window.tool->leftCells.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
 }
 
 void TestFrmTable::twoColorsLeftOpen()
@@ -1033,7 +1036,7 @@ void TestFrmTable::twoColorsLeftOpen()
     form<FrmAutoColor>()->RedA->setValue(7);
     click(form<FrmAutoColor>()->Command1);
     QCOMPARE(window.tool->Check1->Value(), 1);
-    QVERIFY(window.tool->LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
+    QVERIFY(window.tool->leftCells.at(0).startsWith(QStringLiteral("<TD bgcolor=#070000 ")));
     QVERIFY(!form<FrmAutoColor>()->isVisible());
 }
 
@@ -1159,7 +1162,7 @@ void TestFrmTable::loads()
     QCOMPARE(t.RedA->Value(), 1);
     QCOMPARE(t.RedI->Value(), 8);
     QCOMPARE(t.BlueI->Value(), 0);
-    QCOMPARE(t.Text8, QStringLiteral("#090000"));
+    QCOMPARE(t.fontColor, QStringLiteral("#090000"));
     const QList<std::pair<const QLineEdit*, const char*>> boxes = {
         {t.Combo2, "3"},  {t.Combo4, "4"}, {t.Combo3, "5"}, {t.Combo8, "6%"},
         {t.Combo9, "7%"}, {t.TxHei, "10"}, {t.TxWid, "11"}};
@@ -1172,8 +1175,8 @@ void TestFrmTable::loads()
     QCOMPARE(t.chkBold->Value(), 1);
     QCOMPARE(t.chkItalic->Value(), 0);
     QCOMPARE(t.chkUnderline->Value(), 1);
-    QCOMPARE(t.TxtAuto, QStringLiteral("#112233"));
-    QCOMPARE(t.TxtAuto2, QStringLiteral("#445566"));
+    QCOMPARE(t.firstColor, QStringLiteral("#112233"));
+    QCOMPARE(t.secondColor, QStringLiteral("#445566"));
     QCOMPARE(t.Check1->Value(), 0);
     QCOMPARE(t.ChkNoB->Value(), 0);
     QVERIFY(!t.RedA->isEnabled());
@@ -1183,12 +1186,11 @@ void TestFrmTable::loads()
     QCOMPARE(form<FrmAutoColor>()->GreenA->Value(), 0x22);
     QCOMPARE(form<FrmAutoColor>()->TbColor1->BackColor(), 0x665544);
     QCOMPARE(form<FrmAutoColor>()->BlueH->Value(), 0x66);
-    QCOMPARE(t.LS1.at(0),
+    QCOMPARE(t.leftCells.at(0),
              QStringLiteral("<TD bgcolor=#080000 colSpan=2 width=11 height=10 align=Center><b><u>"
                             "<Font face=Courier size=4 color=#090000>a"));
-    QVERIFY(t.RichTextBox2.startsWith(
-        QStringLiteral("<BODY>\r\n<TABLE width=7% height=6% align=Right cellspacing=4 "
-                       "cellpadding=5 border=3 bgcolor=#020000>\r\n")));
+    QVERIFY(t.html.startsWith(QStringLiteral("<BODY>\r\n<TABLE width=7% height=6% align=Right cellspacing=4 "
+                                             "cellpadding=5 border=3 bgcolor=#020000>\r\n")));
 }
 
 void TestFrmTable::loadsTwoColors()
@@ -1202,17 +1204,17 @@ void TestFrmTable::loadsTwoColors()
     QCOMPARE(t.Check1->Value(), 1);
     QVERIFY(!form<FrmAutoColor>()->isVisible());
     QVERIFY(!t.RedI->isEnabled());
-    QVERIFY(t.LS1.at(0).startsWith(QStringLiteral("<TD bgcolor=#112233 ")));
-    QVERIFY(t.LS1.at(1).startsWith(QStringLiteral("<TD bgcolor=#445566 ")));
+    QVERIFY(t.leftCells.at(0).startsWith(QStringLiteral("<TD bgcolor=#112233 ")));
+    QVERIFY(t.leftCells.at(1).startsWith(QStringLiteral("<TD bgcolor=#445566 ")));
 }
 
 void TestFrmTable::loadsWithoutRows()
 {
     Designer window;
     window.saveSet("Blue");
-    window.tool->RichTextBox2.clear();
+    window.tool->html.clear();
     choose(window.tool->Combo1, 0);
-    QCOMPARE(window.tool->RichTextBox2, Head + End);
+    QCOMPARE(window.tool->html, Head + End);
 }
 
 /// A title of which the file knows nothing.
@@ -1230,7 +1232,7 @@ void TestFrmTable::loadsWhatIsMissing()
     QVERIFY(t.Option6->Value()); // stays
     QCOMPARE(t.chkBold->Value(), 0);
     QCOMPARE(t.ChkNoB->Value(), 0);
-    QCOMPARE(t.TxtAuto, QString());
+    QCOMPARE(t.firstColor, QString());
     QVERIFY(isLoaded<FrmTable>());
 }
 
@@ -1299,9 +1301,9 @@ void TestFrmTable::manyRows()
         t.List2->AddItem(i % 2 ? QStringLiteral("x") : QString());
     }
     click(t.Option5);
-    QCOMPARE(t.LS1.size(), 10000);
-    QCOMPARE(t.RichTextBox2.count(QStringLiteral("<TR>")), 10000);
-    QCOMPARE(t.RichTextBox2.count(QStringLiteral("colSpan=2")), 5000);
+    QCOMPARE(t.leftCells.size(), 10000);
+    QCOMPARE(t.html.count(QStringLiteral("<TR>")), 10000);
+    QCOMPARE(t.html.count(QStringLiteral("colSpan=2")), 5000);
 }
 
 WEB_TEST_MAIN(TestFrmTable)

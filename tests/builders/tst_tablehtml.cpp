@@ -11,19 +11,19 @@ namespace {
 CellStyle cell()
 {
     CellStyle style;
-    style.Combo7 = QStringLiteral("Arial");
+    style.fontFace = QStringLiteral("Arial");
     style.size = QStringLiteral("3");
-    style.Text8 = QStringLiteral("#000000");
-    style.TxWid = style.TxHei = QStringLiteral("0");
+    style.fontColor = QStringLiteral("#000000");
+    style.width = style.height = QStringLiteral("0");
     return style;
 }
 
 TableStyle frame()
 {
     TableStyle style;
-    style.Text4 = style.Text13 = QStringLiteral("#000000");
-    style.Combo2 = style.Combo4 = style.Combo3 = QStringLiteral("0");
-    style.Combo9 = style.Combo8 = QStringLiteral("0%");
+    style.borderColor = style.background = QStringLiteral("#000000");
+    style.border = style.cellSpacing = style.cellPadding = QStringLiteral("0");
+    style.width = style.height = QStringLiteral("0%");
     return style;
 }
 
@@ -88,11 +88,11 @@ void TestTableHtml::plainCell()
 void TestTableHtml::cellAttributes()
 {
     CellStyle style = cell();
-    style.Combo7 = QStringLiteral("Comic Sans MS");
+    style.fontFace = QStringLiteral("Comic Sans MS");
     style.size = QString();
-    style.Text8 = QStringLiteral("#0A0B0C");
-    style.TxWid = QStringLiteral("50%");
-    style.TxHei = QStringLiteral("tall");
+    style.fontColor = QStringLiteral("#0A0B0C");
+    style.width = QStringLiteral("50%");
+    style.height = QStringLiteral("tall");
     QCOMPARE(cellOpen(style, QStringLiteral("#102030"), false),
              QStringLiteral("<TD bgcolor=#102030 width=50% height=tall align=Left>"
                             "<Font face=Comic Sans MS size= color=#0A0B0C>"));
@@ -154,9 +154,9 @@ void TestTableHtml::styles()
     QFETCH(QString, open);
     QFETCH(QString, close);
     CellStyle style = cell();
-    style.chkBold = bold;
-    style.chkItalic = italic;
-    style.chkUnderline = underline;
+    style.bold = bold;
+    style.italic = italic;
+    style.underline = underline;
     const QString html = QStringLiteral("<TD bgcolor=#FFFFFF width=0 height=0 align=Left>") + open + Font;
     QCOMPARE(cellOpen(style, White, false), html);
     QCOMPARE(styleTags(style, "</"), close);
@@ -189,9 +189,9 @@ void TestTableHtml::twoColorsTakeTurns()
                QLatin1String(spanning ? " colSpan=2" : "") + QStringLiteral(" width=0 height=0 align=Left>") +
                Font;
     };
-    QCOMPARE(cells.LS1, (QStringList{open("#111111", false) + u'a', open("#222222", true) + u'c',
-                                     open("#111111", false) + u'e'}));
-    QCOMPARE(cells.LS2,
+    QCOMPARE(cells.left, (QStringList{open("#111111", false) + u'a', open("#222222", true) + u'c',
+                                      open("#111111", false) + u'e'}));
+    QCOMPARE(cells.right,
              (QStringList{open("#111111", false) + u'b', QString(), open("#111111", false) + u'f'}));
 }
 
@@ -228,8 +228,8 @@ void TestTableHtml::twoRows()
 void TestTableHtml::withoutBorderColor()
 {
     TableStyle style = frame();
-    style.ChkNoB = false;
-    style.Text4 = QStringLiteral("#123456");
+    style.borderColored = false;
+    style.borderColor = QStringLiteral("#123456");
     QVERIFY(tableText({}, style).contains(
         QStringLiteral("<TABLE width=0% height=0% align=Left cellspacing=0 cellpadding=0 border=0 "
                        "bgcolor=#000000>\r\n")));
@@ -239,13 +239,13 @@ void TestTableHtml::tableAttributes()
 {
     TableStyle style;
     style.align = TableAlign::Right;
-    style.Text4 = QStringLiteral("#111111");
-    style.Text13 = QStringLiteral("#222222");
-    style.Combo2 = QStringLiteral("1");
-    style.Combo4 = QStringLiteral("2 px");
-    style.Combo3 = QStringLiteral("-3");
-    style.Combo9 = QStringLiteral("80%");
-    style.Combo8 = QString();
+    style.borderColor = QStringLiteral("#111111");
+    style.background = QStringLiteral("#222222");
+    style.border = QStringLiteral("1");
+    style.cellSpacing = QStringLiteral("2 px");
+    style.cellPadding = QStringLiteral("-3");
+    style.width = QStringLiteral("80%");
+    style.height = QString();
     QVERIFY(tableText({}, style).contains(
         QStringLiteral("<TABLE width=80% height= align=Right borderColor=#111111 cellspacing=2 px "
                        "cellpadding=-3 border=1 bgcolor=#222222>\r\n")));
@@ -274,11 +274,11 @@ void TestTableHtml::skeletons()
     QFETCH(QString, body);
     Skeleton skeleton;
     skeleton.align = QStringLiteral("center");
-    skeleton.Combo2 = QStringLiteral("1");
-    skeleton.Combo3 = QStringLiteral("2");
-    skeleton.Combo4 = QStringLiteral("3");
-    skeleton.Text4 = QStringLiteral("#444444");
-    skeleton.Text13 = QStringLiteral("#555555");
+    skeleton.border = QStringLiteral("1");
+    skeleton.cellPadding = QStringLiteral("2");
+    skeleton.cellSpacing = QStringLiteral("3");
+    skeleton.borderColor = QStringLiteral("#444444");
+    skeleton.background = QStringLiteral("#555555");
     skeleton.rows = rows;
     skeleton.columns = columns;
     QCOMPARE(skeletonText(skeleton),
@@ -302,21 +302,21 @@ void TestTableHtml::readsItsOwnCells()
     for (const TableAlign align : {TableAlign::Left, TableAlign::Center, TableAlign::Right}) {
         CellStyle style = cell();
         style.align = align;
-        style.chkBold = style.chkUnderline = true;
-        style.Combo7 = QStringLiteral("Comic Sans MS");
+        style.bold = style.underline = true;
+        style.fontFace = QStringLiteral("Comic Sans MS");
         style.size = QStringLiteral("7");
-        style.Text8 = QStringLiteral("#0A0B0C");
-        style.TxWid = QStringLiteral("50%");
-        style.TxHei = QStringLiteral("12");
+        style.fontColor = QStringLiteral("#0A0B0C");
+        style.width = QStringLiteral("50%");
+        style.height = QStringLiteral("12");
         const TableReadBack look =
             readBack(cellOpen(style, QStringLiteral("#AABBCC"), spanning) + QStringLiteral("word"));
         QCOMPARE(look.cellColor, cellColor);
-        QCOMPARE(look.TxWid, QStringLiteral("50%"));
-        QCOMPARE(look.TxHei, QStringLiteral("12"));
+        QCOMPARE(look.width, QStringLiteral("50%"));
+        QCOMPARE(look.height, QStringLiteral("12"));
         QCOMPARE(look.align, align);
         QVERIFY(look.styles == std::optional(TableReadBack::Styles{true, false, true}));
-        QCOMPARE(look.Combo7, QStringLiteral("Comic Sans MS"));
-        QCOMPARE(look.Combo6, QStringLiteral("36"));
+        QCOMPARE(look.fontFace, QStringLiteral("Comic Sans MS"));
+        QCOMPARE(look.sizeText, QStringLiteral("36"));
         QCOMPARE(look.fontColor, QStringLiteral("0A0B0C"));
     }
 }
@@ -328,7 +328,7 @@ void TestTableHtml::twelveComesBackAsNormal()
     for (const auto& [html, text] : sizes) {
         CellStyle style = cell();
         style.size = QLatin1String(html);
-        QCOMPARE(readBack(cellOpen(style, White, false)).Combo6, QLatin1String(text));
+        QCOMPARE(readBack(cellOpen(style, White, false)).sizeText, QLatin1String(text));
     }
 }
 
@@ -376,12 +376,12 @@ void TestTableHtml::wordsDoNoHarm()
     for (const bool spanning : {false, true}) {
         const TableReadBack look = readBack(cellOpen(cell(), White, spanning) + word);
         QCOMPARE(look.cellColor, spanning ? QStringLiteral("FFFFFF") : White);
-        QCOMPARE(look.TxWid, QStringLiteral("0"));
-        QCOMPARE(look.TxHei, QStringLiteral("0"));
+        QCOMPARE(look.width, QStringLiteral("0"));
+        QCOMPARE(look.height, QStringLiteral("0"));
         QCOMPARE(look.align, TableAlign::Left);
         QVERIFY(look.styles == std::optional(TableReadBack::Styles{}));
-        QCOMPARE(look.Combo7, QStringLiteral("Arial"));
-        QCOMPARE(look.Combo6, QStringLiteral("Normal"));
+        QCOMPARE(look.fontFace, QStringLiteral("Arial"));
+        QCOMPARE(look.sizeText, QStringLiteral("Normal"));
         QCOMPARE(look.fontColor, QStringLiteral("000000"));
     }
 }
@@ -389,7 +389,7 @@ void TestTableHtml::wordsDoNoHarm()
 void TestTableHtml::closedStyles()
 {
     CellStyle style = cell();
-    style.chkItalic = true;
+    style.italic = true;
     const TableReadBack look = readBack(cellOpen(style, White, false) + QStringLiteral("word</i>"));
     QVERIFY(look.styles == std::optional(TableReadBack::Styles{false, true, false}));
 }
@@ -408,11 +408,11 @@ void TestTableHtml::whatCannotBeCut()
     QFETCH(QString, cell);
     const TableReadBack look = readBack(cell);
     QVERIFY(!look.cellColor);
-    QVERIFY(!look.TxHei);
+    QVERIFY(!look.height);
     QVERIFY(!look.align);
     QVERIFY(!look.styles);
-    QVERIFY(!look.Combo7);
-    QVERIFY(!look.Combo6);
+    QVERIFY(!look.fontFace);
+    QVERIFY(!look.sizeText);
     QVERIFY(!look.fontColor);
 }
 

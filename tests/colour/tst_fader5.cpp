@@ -79,18 +79,18 @@ struct RowCase
 };
 
 const QList<RowCase> RowCases = {
-    {'G', "FColor1", &Fader5::Text8, {}},
-    {'X', "ColorX", &Fader5::TxtC1, {"Opt2"}},
-    {'Z', "ColorZ", &Fader5::TxtC2, {"Opt2"}},
+    {'G', "FColor1", &Fader5::textColor, {}},
+    {'X', "ColorX", &Fader5::firstColor, {"Opt2"}},
+    {'Z', "ColorZ", &Fader5::secondColor, {"Opt2"}},
     {'A', "Color1", nullptr, {"Opt3"}},
     {'B', "color2", nullptr, {"Opt3"}},
     {'C', "color3", nullptr, {"Opt3"}},
     {'D', "color4", nullptr, {"Opt3"}},
     {'E', "Color5", nullptr, {"Opt3"}},
-    {'F', "Hcolor1", &Fader5::Text5, {"Check1"}},
-    {'H', "TbColor1", &Fader5::Text13, {"Check7"}},
-    {'I', "TbColor2", &Fader5::Text17, {"Check7"}},
-    {'J', "BColor1", &Fader5::Text20, {"Check7", "ChkNoB"}},
+    {'F', "Hcolor1", &Fader5::highlightColor, {"Check1"}},
+    {'H', "TbColor1", &Fader5::tableColor, {"Check7"}},
+    {'I', "TbColor2", &Fader5::cellColor, {"Check7"}},
+    {'J', "BColor1", &Fader5::borderColor, {"Check7", "ChkNoB"}},
 };
 
 /// The fragment of the text "abcdefgh" when this row alone is not black. `half` is what a fade shows half the
@@ -299,9 +299,10 @@ void TestFader5::defaults()
         QCOMPARE(box->text(), QStringLiteral("0"));
     for (const QLineEdit* box : {t.Combo9, t.Combo8})
         QCOMPARE(box->text(), QStringLiteral("0%"));
-    for (const QString* text : {&t.Text5, &t.Text8, &t.Text13, &t.Text17, &t.Text20, &t.TxtC1, &t.TxtC2})
+    for (const QString* text : {&t.highlightColor, &t.textColor, &t.tableColor, &t.cellColor, &t.borderColor,
+                                &t.firstColor, &t.secondColor})
         QCOMPARE(*text, Black);
-    for (const QString* text : {&t.Text2, &t.Hlink, &t.Hlink2})
+    for (const QString* text : {&t.fadedText, &t.linkOpen, &t.linkClose})
         QCOMPARE(*text, QString());
     QCOMPARE(t.WebBrowser1->designMode(), DesignMode::Off);
     QCOMPARE(f.settledSample(), QString());
@@ -662,7 +663,7 @@ void TestFader5::wavyWaitsForTheNextRefresh()
     QTRY_COMPARE(f.sample(), level);
     f.click({"Check4"});
     QCOMPARE(f.settledSample(), level);
-    QVERIFY(f.tool->Text2.startsWith(QLatin1String("<Font Color=\"#000000\"><sup>a</Font>")));
+    QVERIFY(f.tool->fadedText.startsWith(QLatin1String("<Font Color=\"#000000\"><sup>a</Font>")));
     f.click({"Check2"}); // no refresh either
     QCOMPARE(f.settledSample(), level);
     const QString wavy =
@@ -785,8 +786,8 @@ void TestFader5::rowFollowsADrag()
         QVERIFY(bar->Value() > before);
         before = bar->Value();
         QCOMPARE(f.tool->FColor1->BackColor(), before);
-        QCOMPARE(f.tool->Text8, QString::asprintf("#%02X0000", unsigned(before)));
-        QTRY_COMPARE(f.sample(), f.rendered(plain(QStringLiteral("ab"), f.tool->Text8)));
+        QCOMPARE(f.tool->textColor, QString::asprintf("#%02X0000", unsigned(before)));
+        QTRY_COMPARE(f.sample(), f.rendered(plain(QStringLiteral("ab"), f.tool->textColor)));
     }
     FaderTool::letGo(bar);
     QCOMPARE(bar->Value(), before);

@@ -15,33 +15,33 @@ constexpr FaderUser Users[] = {FaderUser::Sample, FaderUser::Copy, FaderUser::Ad
 FaderSettings plainSettings()
 {
     FaderSettings s;
-    s.Text1 = QStringLiteral("ab");
-    s.Text2 = QStringLiteral("[faded]");
-    s.Text8 = QStringLiteral("#080808");
-    s.TxtC1 = QStringLiteral("#111111");
-    s.TxtC2 = QStringLiteral("#222222");
-    s.Combo1 = QStringLiteral("Arial");
+    s.text = QStringLiteral("ab");
+    s.fadedText = QStringLiteral("[faded]");
+    s.textColor = QStringLiteral("#080808");
+    s.firstColor = QStringLiteral("#111111");
+    s.secondColor = QStringLiteral("#222222");
+    s.fontFace = QStringLiteral("Arial");
     s.size = QStringLiteral("3");
-    s.Text5 = QStringLiteral("#050505");
+    s.highlightColor = QStringLiteral("#050505");
     s.table = FaderAlign::Left;
-    s.Text20 = QStringLiteral("#202020");
-    s.Text13 = QStringLiteral("#131313");
-    s.Text17 = QStringLiteral("#171717");
-    s.Combo6 = QStringLiteral("6");
-    s.Combo3 = QStringLiteral("3");
-    s.Combo5 = QStringLiteral("5");
-    s.Combo9 = QStringLiteral("9%");
-    s.Combo8 = QStringLiteral("8%");
+    s.borderColor = QStringLiteral("#202020");
+    s.tableColor = QStringLiteral("#131313");
+    s.cellColor = QStringLiteral("#171717");
+    s.border = QStringLiteral("6");
+    s.cellPadding = QStringLiteral("3");
+    s.cellSpacing = QStringLiteral("5");
+    s.width = QStringLiteral("9%");
+    s.height = QStringLiteral("8%");
     return s;
 }
 
 void everythingOn(FaderSettings& s)
 {
-    s.chkBold = s.chkItalic = s.chkUnderline = s.chkStrikeout = true;
-    s.Check1 = s.Check7 = s.ChkNoB = true;
+    s.bold = s.italic = s.underline = s.strikeout = true;
+    s.highlighted = s.inTable = s.borderColored = true;
     s.cell = FaderAlign::Center;
-    s.Hlink = QStringLiteral("<a href=x>");
-    s.Hlink2 = QStringLiteral("</a>");
+    s.linkOpen = QStringLiteral("<a href=x>");
+    s.linkClose = QStringLiteral("</a>");
 }
 
 constexpr char Plain[] = "<Font face=Arial size=3 color=#080808>ab</FONT>";
@@ -77,7 +77,7 @@ void TestFaderFragment::sameForAllUsers_data()
     const auto twoColors = [](const QString& text) {
         return [text](FaderSettings& s) {
             s.mode = FaderMode::TwoColors;
-            s.Text1 = text;
+            s.text = text;
         };
     };
     const QString first = QStringLiteral("<Font face=Arial size=3 color=\"#111111\">");
@@ -87,28 +87,27 @@ void TestFaderFragment::sameForAllUsers_data()
     row(
         "one colour", [](FaderSettings&) {}, Plain);
     row(
-        "no text", [](FaderSettings& s) { s.Text1.clear(); },
-        "<Font face=Arial size=3 color=#080808></FONT>");
+        "no text", [](FaderSettings& s) { s.text.clear(); }, "<Font face=Arial size=3 color=#080808></FONT>");
     row(
-        "text as it stands", [](FaderSettings& s) { s.Text1 = QStringLiteral(" <B>&\r\n\" "); },
+        "text as it stands", [](FaderSettings& s) { s.text = QStringLiteral(" <B>&\r\n\" "); },
         "<Font face=Arial size=3 color=#080808> <B>&\r\n\" </FONT>");
     row(
-        "font name with blanks", [](FaderSettings& s) { s.Combo1 = QStringLiteral("Times New Roman"); },
+        "font name with blanks", [](FaderSettings& s) { s.fontFace = QStringLiteral("Times New Roman"); },
         "<Font face=Times New Roman size=3 color=#080808>ab</FONT>");
     row(
-        "no font name", [](FaderSettings& s) { s.Combo1.clear(); },
+        "no font name", [](FaderSettings& s) { s.fontFace.clear(); },
         "<Font face= size=3 color=#080808>ab</FONT>");
     row(
         "no size", [](FaderSettings& s) { s.size.clear(); },
         "<Font face=Arial size= color=#080808>ab</FONT>");
     row(
-        "highlight", [](FaderSettings& s) { s.Check1 = true; },
+        "highlight", [](FaderSettings& s) { s.highlighted = true; },
         "<FONT style=\"background-color: #050505\"><Font face=Arial size=3 color=#080808>ab</FONT></FONT>");
     row(
         "link",
         [](FaderSettings& s) {
-            s.Hlink = QStringLiteral("<a href=http://x>");
-            s.Hlink2 = QStringLiteral("</a>");
+            s.linkOpen = QStringLiteral("<a href=http://x>");
+            s.linkClose = QStringLiteral("</a>");
         },
         "<a href=http://x><Font face=Arial size=3 color=#080808>ab</FONT></a>");
 
@@ -119,7 +118,7 @@ void TestFaderFragment::sameForAllUsers_data()
         "five colours, highlight",
         [](FaderSettings& s) {
             s.mode = FaderMode::FiveFade;
-            s.Check1 = true;
+            s.highlighted = true;
         },
         "<FONT style=\"background-color: #050505\"><Font face=Arial size=3>[faded]</FONT></FONT>");
 
@@ -142,7 +141,7 @@ void TestFaderFragment::sameForAllUsers_data()
         "two colours, highlight",
         [](FaderSettings& s) {
             s.mode = FaderMode::TwoColors;
-            s.Check1 = true;
+            s.highlighted = true;
         },
         QStringLiteral("<FONT style=\"background-color: #050505\">") + first + u'a' + second + u'b' +
             closers + QStringLiteral("</FONT>"));
@@ -205,10 +204,10 @@ void TestFaderFragment::styles()
     QFETCH(QString, sampleOpening);
     QFETCH(QString, sampleClosing);
     FaderSettings s = plainSettings();
-    s.chkBold = boxes.contains(u'B');
-    s.chkItalic = boxes.contains(u'I');
-    s.chkUnderline = boxes.contains(u'U');
-    s.chkStrikeout = boxes.contains(u'S');
+    s.bold = boxes.contains(u'B');
+    s.italic = boxes.contains(u'I');
+    s.underline = boxes.contains(u'U');
+    s.strikeout = boxes.contains(u'S');
     const QString text = QStringLiteral("<Font face=Arial size=3 color=#080808>ab</FONT>");
     for (const FaderUser user : {FaderUser::Copy, FaderUser::Add, FaderUser::Description})
         QCOMPARE(faderBody(s, user), opening + text + closing);
@@ -241,11 +240,11 @@ void TestFaderFragment::tables_data()
     row(
         "cell right", [](FaderSettings& s) { s.cell = FaderAlign::Right; }, " Align=left", " align=right");
     QTest::newRow("values as they stand") << Change([](FaderSettings& s) {
-        s.Combo8.clear();
-        s.Combo5 = QStringLiteral("-1");
-        s.Combo3 = QStringLiteral("a b");
-        s.Combo9 = QStringLiteral("<");
-        s.Combo6 = QStringLiteral("\"");
+        s.height.clear();
+        s.cellSpacing = QStringLiteral("-1");
+        s.cellPadding = QStringLiteral("a b");
+        s.width = QStringLiteral("<");
+        s.border = QStringLiteral("\"");
     })
                                           << " height= cellSpacing=-1 cellPadding=a b width=< Align=left "
                                              "bgcolor=#131313 border=\"><TBODY><TR><TD "
@@ -259,14 +258,14 @@ void TestFaderFragment::tables()
     FaderSettings s = plainSettings();
     change(s);
     QCOMPARE(faderBody(s, FaderUser::Copy), QString::fromLatin1(Plain)); // not in a table yet
-    s.Check7 = true;
+    s.inTable = true;
     const QString rest = head + QLatin1String(Plain) + QLatin1String(TableEnd);
     const QString bare = QStringLiteral("<TABLE") + rest;
     const QString bordered = QStringLiteral("<TABLE borderColor=#202020") + rest;
     for (const FaderUser user : Users) {
-        s.ChkNoB = false;
+        s.borderColored = false;
         QCOMPARE(faderBody(s, user), user == FaderUser::Description ? bordered : bare);
-        s.ChkNoB = true;
+        s.borderColored = true;
         QCOMPARE(faderBody(s, user), bordered);
     }
 }
@@ -308,7 +307,7 @@ void TestFaderFragment::longRunOfTwoColors()
 {
     FaderSettings s = plainSettings();
     s.mode = FaderMode::TwoColors;
-    s.Text1 = QString(32767, u'x');
+    s.text = QString(32767, u'x');
     const QString body = faderBody(s, FaderUser::Add);
     QCOMPARE(body.count(QLatin1String("color=\"#111111\">x")), 16384);
     QCOMPARE(body.count(QLatin1String("color=\"#222222\">x")), 16383);

@@ -100,10 +100,10 @@ void TestFrmBody::texts()
     QCOMPARE(body.Command5->text().remove(u'&'), QStringLiteral("Color Load"));
     QCOMPARE(body.Command1->text().remove(u'&'), QStringLiteral("Add to Editor"));
     QCOMPARE(body.Command2->text().remove(u'&'), QStringLiteral("Cancel"));
-    QCOMPARE(body.Text8, QStringLiteral("#000000"));
+    QCOMPARE(body.rowColor, QStringLiteral("#000000"));
     for (const CheckBox* box : {body.Check1, body.Check2, body.Check4, body.Check5})
         QCOMPARE(box->Value(), 0);
-    for (const QString& text : {body.Text1, body.Text2, body.Text4, body.Text5})
+    for (const QString& text : {body.backgroundTag, body.textTag, body.linkTag, body.activeLinkTag})
         QCOMPARE(text, QString());
     QVERIFY(!body.Check1->isVisible()); // out of the user's reach
     QVERIFY(!body.Picture1->isVisible());
@@ -120,10 +120,10 @@ void TestFrmBody::boxesTakeTheColor_data()
                             << static_cast<ColorSample * FrmBody::*>(sample) << text
                             << QString::fromLatin1(tag);
     };
-    row("background", &FrmBody::Check1, &FrmBody::Picture1, &FrmBody::Text1, "<body bgcolor=");
-    row("text", &FrmBody::Check2, &FrmBody::Picture2, &FrmBody::Text2, "<body text=");
-    row("link", &FrmBody::Check4, &FrmBody::Picture5, &FrmBody::Text4, "<body link=");
-    row("clicked link", &FrmBody::Check5, &FrmBody::Picture6, &FrmBody::Text5, "<body alink=");
+    row("background", &FrmBody::Check1, &FrmBody::Picture1, &FrmBody::backgroundTag, "<body bgcolor=");
+    row("text", &FrmBody::Check2, &FrmBody::Picture2, &FrmBody::textTag, "<body text=");
+    row("link", &FrmBody::Check4, &FrmBody::Picture5, &FrmBody::linkTag, "<body link=");
+    row("clicked link", &FrmBody::Check5, &FrmBody::Picture6, &FrmBody::activeLinkTag, "<body alink=");
 }
 
 void TestFrmBody::boxesTakeTheColor()
@@ -159,14 +159,14 @@ void TestFrmBody::tickedBoxKeepsItsColor()
     FrmBody& body = *window.body;
     tick(body.Check2);
     step(body.RedG);
-    QCOMPARE(body.Text8, QStringLiteral("#010000"));
-    QCOMPARE(body.Text2, QStringLiteral("<body text=#000000>"));
+    QCOMPARE(body.rowColor, QStringLiteral("#010000"));
+    QCOMPARE(body.textTag, QStringLiteral("<body text=#000000>"));
     QCOMPARE(body.Picture2->BackColor(), 0);
     tick(body.Check2);
     tick(body.Check2);
-    QCOMPARE(body.Text2, QStringLiteral("<body text=#010000>"));
+    QCOMPARE(body.textTag, QStringLiteral("<body text=#010000>"));
     dragToEnd(body.GreenG);
-    QCOMPARE(body.Text8, QStringLiteral("#01FF00"));
+    QCOMPARE(body.rowColor, QStringLiteral("#01FF00"));
     release(body.GreenG);
 }
 
@@ -317,7 +317,7 @@ void TestFrmBody::presetLoads()
     QCOMPARE(body.Picture2->BackColor(), 2);
     QCOMPARE(body.Picture5->BackColor(), 3);
     QCOMPARE(body.Picture6->BackColor(), 4);
-    QCOMPARE(body.Text2, QString()); // ticked all the same
+    QCOMPARE(body.textTag, QString()); // ticked all the same
     QCOMPARE(body.FColor1->BackColor(), 0);
     click(body.Command1);
     QCOMPARE(window.source(),
@@ -344,7 +344,7 @@ void TestFrmBody::presetCutInTheMiddle()
     QCOMPARE(body.Picture1->BackColor(), 1);
     QCOMPARE(body.Picture2->BackColor(), 9);
     QCOMPARE(body.Check5->Value(), 1);
-    QCOMPARE(body.Text1, QStringLiteral("<body bgcolor=#090000>")); // as the box's tick made it
+    QCOMPARE(body.backgroundTag, QStringLiteral("<body bgcolor=#090000>")); // as the box's tick made it
 }
 
 void TestFrmBody::presetCancelled()

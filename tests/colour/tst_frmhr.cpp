@@ -104,7 +104,7 @@ void TestFrmHR::texts()
     QCOMPARE(rule.Command7->text().remove(u'&'), QStringLiteral("Cancel"));
     QCOMPARE(rule.Command9->text().remove(u'&'), QStringLiteral("Save Colors"));
     QCOMPARE(rule.Command10->text().remove(u'&'), QStringLiteral("Load Colors"));
-    QCOMPARE(rule.Text11, QStringLiteral("#000000"));
+    QCOMPARE(rule.ruleColor, QStringLiteral("#000000"));
     QCOMPARE(rule.FColor1->BackColor(), 0);
     for (const ScrollBar* bar : {rule.RedG, rule.GreenG, rule.BlueG}) {
         QCOMPARE(bar->minimum(), 0);
@@ -269,7 +269,7 @@ void TestFrmHR::colorRow()
     FrmHR& rule = *window.rule;
     step(rule.RedG);
     QCOMPARE(rule.FColor1->BackColor(), 1);
-    QCOMPARE(rule.Text11, QStringLiteral("#010000"));
+    QCOMPARE(rule.ruleColor, QStringLiteral("#010000"));
     QTRY_COMPARE(window.shown("color"), QStringLiteral("#010000"));
     dragToEnd(rule.BlueG);
     QCOMPARE(rule.FColor1->BackColor(), 0xFF0001);
@@ -366,7 +366,7 @@ void TestFrmHR::presetLoads()
     click(window.rule->Command10);
     QCOMPARE(window.doors.takeAsked(), QStringList{QStringLiteral("Open|||FPC Files (*.fpc)|*.fpc|")});
     QCOMPARE(window.rule->FColor1->BackColor(), 16711680);
-    QCOMPARE(window.rule->Text11, QStringLiteral("#0000FF"));
+    QCOMPARE(window.rule->ruleColor, QStringLiteral("#0000FF"));
     QCOMPARE(window.rule->BlueG->Value(), 0);
     QCOMPARE(settledSample(window.rule->WebBrowser1), // until something else refreshes it
              QStringLiteral("<hr width=\"100%\" size=\"0\" color=\"#000000\" align=\"Left\">"));
@@ -374,7 +374,7 @@ void TestFrmHR::presetLoads()
     QTRY_COMPARE(window.shown("color"), QStringLiteral("#0000FF"));
 
     step(window.rule->RedG); // back to the bars' colour
-    QCOMPARE(window.rule->Text11, QStringLiteral("#010000"));
+    QCOMPARE(window.rule->ruleColor, QStringLiteral("#010000"));
 }
 
 void TestFrmHR::presetThatIsNone_data()
@@ -396,7 +396,7 @@ void TestFrmHR::presetThatIsNone()
     window.doors.answerOpen(window.folder.path(QStringLiteral("bad.fpc")));
     click(window.rule->Command10);
     QCOMPARE(window.rule->FColor1->BackColor(), 9);
-    QCOMPARE(window.rule->Text11, QStringLiteral("#090000"));
+    QCOMPARE(window.rule->ruleColor, QStringLiteral("#090000"));
     window.doors.cancelOpen();
     click(window.rule->Command10);
     QCOMPARE(window.rule->FColor1->BackColor(), 9);

@@ -141,7 +141,7 @@ void TestPickers::colorCode()
     QCOMPARE(code.Command4->toolTip(), QStringLiteral("ok to add it"));
     QCOMPARE(code.Command1->text(), QStringLiteral("Cancel"));
     QCOMPARE(code.Text3->text(), QStringLiteral("#000000"));
-    QCOMPARE(code.Text1, QStringLiteral("#0"));
+    QCOMPARE(code.decimalCode, QStringLiteral("#0"));
 }
 
 void TestPickers::colorCodeFollowsTheBars()
@@ -152,7 +152,7 @@ void TestPickers::colorCodeFollowsTheBars()
     dragToEnd(code.BlueB);
     QCOMPARE(QToolTip::text(), QStringLiteral("Blue: 255")); // beside the hand
     QCOMPARE(code.Text3->text(), QStringLiteral("#0000FF"));
-    QCOMPARE(code.Text1, QStringLiteral("#16711680"));
+    QCOMPARE(code.decimalCode, QStringLiteral("#16711680"));
     release(code.BlueB);
     step(code.RedB);
     QCOMPARE(code.RedB->toolTip(), QStringLiteral("Red: 1"));

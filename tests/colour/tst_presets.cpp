@@ -84,7 +84,10 @@ public:
         folder.write(QStringLiteral("preset.fpc"), preset);
         load(folder.path(QStringLiteral("preset.fpc")));
     }
-    QStringList texts() const { return {tool->Text5, tool->Text8, tool->Text20, tool->Text13, tool->Text17}; }
+    QStringList texts() const
+    {
+        return {tool->highlightColor, tool->textColor, tool->borderColor, tool->tableColor, tool->cellColor};
+    }
 };
 
 } // namespace
@@ -245,7 +248,7 @@ void TestPresets::load()
     QCOMPARE(f.colors(), QList<int>({0x000001, 0x000203, 0x040506, 0x070809, 0x0A0B0C, 0xFF8040, 0x112233,
                                      0x445566, 0x778899, 0xAABBCC}));
     QCOMPARE(f.texts(), QStringList({"#4080FF", "#332211", "#665544", "#998877", "#CCBBAA"}));
-    QCOMPARE(f.tool->Text2,
+    QCOMPARE(f.tool->fadedText,
              QStringLiteral("<Font Color=\"#030200\">a</Font><Font Color=\"#060504\">b</Font>"
                             "<Font Color=\"#090807\">c</Font><Font Color=\"#0C0B0A\">d</Font>"));
     QCOMPARE(f.tool->ColorX->BackColor(), 0);
@@ -291,7 +294,7 @@ void TestPresets::barsKeepTheirPosition()
     PresetTool f;
     FaderTool::step(f.tool->GreenG, Qt::Key_Right);
     FaderTool::step(f.tool->GreenG, Qt::Key_Right);
-    QCOMPARE(f.tool->Text8, QStringLiteral("#000200"));
+    QCOMPARE(f.tool->textColor, QStringLiteral("#000200"));
     f.load(presetOf(Mixed));
     for (const char* row : {"A", "B", "C", "D", "E", "F", "H", "I", "J"}) {
         for (const char* channel : {"Red", "Green", "Blue"})
@@ -303,7 +306,7 @@ void TestPresets::barsKeepTheirPosition()
     // The first step of a bar takes its sample, and no other, back to the bars.
     FaderTool::step(f.tool->RedG, Qt::Key_Right);
     QCOMPARE(f.tool->FColor1->BackColor(), 0x000201);
-    QCOMPARE(f.tool->Text8, QStringLiteral("#010200"));
+    QCOMPARE(f.tool->textColor, QStringLiteral("#010200"));
     QList<int> colors = Mixed;
     colors[6] = 0x000201;
     QCOMPARE(f.colors(), colors);
@@ -333,7 +336,7 @@ void TestPresets::readableFiles()
     PresetTool f;
     f.load(preset);
     QCOMPARE(f.colors(), Mixed);
-    QCOMPARE(f.tool->Text8, QStringLiteral("#4080FF"));
+    QCOMPARE(f.tool->textColor, QStringLiteral("#4080FF"));
 }
 
 /// Any 32-bit number is a colour. Its text is made of the digits 8000000F: the last two, the third and
@@ -407,7 +410,7 @@ void TestPresets::missingKeyEndsTheLoad()
     PresetTool f;
     f.load(presetOf(Mixed));
     const QStringList texts = f.texts();
-    const QString faded = f.tool->Text2;
+    const QString faded = f.tool->fadedText;
 
     QByteArray preset = presetOf(Others);
     const qsizetype from = preset.indexOf("\r\n" + QByteArray(Keys[index].key) + '=') + 2;
@@ -416,7 +419,7 @@ void TestPresets::missingKeyEndsTheLoad()
     // What was read so far stays; what follows the reading is left out.
     QCOMPARE(f.colors(), Others.mid(0, index) + Mixed.mid(index));
     QCOMPARE(f.texts(), texts);
-    QCOMPARE(f.tool->Text2, faded);
+    QCOMPARE(f.tool->fadedText, faded);
     QVERIFY(isLoaded<Fader5>());
     QVERIFY(!f.doors.ended);
 }

@@ -9,24 +9,24 @@
 inline Listing sampleListing()
 {
     Listing listing;
-    listing.Text1 = QStringLiteral("Brass lamp, 1930s");
-    listing.Text2 = QStringLiteral("A heavy lamp with a new cord. <B>It works</B> & shines.");
-    listing.OptP2 = true;
-    listing.List1 = {"Money order", "Visa/MasterCard", "Cash, at the door"};
-    listing.List2 = {"Canada", "Europe"};
-    listing.List3 = {"http://pictures.example/lamp1.jpg", "http://pictures.example/lamp2.jpg",
-                     "http://pictures.example/lamp3.jpg"};
-    listing.OptLS1 = false;
-    listing.OptLS3 = true;
-    listing.ChkTR1 = true;
-    listing.TxSH1 = QStringLiteral("12");
-    listing.TxSH2 = QStringLiteral("50");
-    listing.TxSI1 = QStringLiteral("3");
-    listing.TxSI2 = QStringLiteral("05");
-    listing.TxAI1 = QStringLiteral("0");
-    listing.TxAI2 = QStringLiteral("75");
-    listing.TxST1 = QStringLiteral("8.25");
-    listing.TxST2 = QStringLiteral("NY");
+    listing.title = QStringLiteral("Brass lamp, 1930s");
+    listing.description = QStringLiteral("A heavy lamp with a new cord. <B>It works</B> & shines.");
+    listing.withPictures = true;
+    listing.payments = {"Money order", "Visa/MasterCard", "Cash, at the door"};
+    listing.regions = {"Canada", "Europe"};
+    listing.pictures = {"http://pictures.example/lamp1.jpg", "http://pictures.example/lamp2.jpg",
+                        "http://pictures.example/lamp3.jpg"};
+    listing.unitedStatesOnly = false;
+    listing.someRegions = true;
+    listing.taxed = true;
+    listing.shippingDollars = QStringLiteral("12");
+    listing.shippingCents = QStringLiteral("50");
+    listing.insuranceDollars = QStringLiteral("3");
+    listing.insuranceCents = QStringLiteral("05");
+    listing.additionalDollars = QStringLiteral("0");
+    listing.additionalCents = QStringLiteral("75");
+    listing.taxRate = QStringLiteral("8.25");
+    listing.taxState = QStringLiteral("NY");
     return listing;
 }
 
@@ -36,17 +36,17 @@ inline PageLook sampleLook(int style, int pictureStyle)
     PageLook look;
     look.style = style;
     look.pictureStyle = pictureStyle;
-    look.Txt1 = QStringLiteral("#110000");
-    look.Txt2 = QStringLiteral("#EEEE22");
-    look.Txt3 = QStringLiteral("#33FF33");
-    look.Txt4 = QStringLiteral("#F4F4F4");
-    look.Txt5 = QStringLiteral("#550055");
-    look.Txt6 = QStringLiteral("#006666");
-    look.Txt7 = QStringLiteral("#000077");
-    look.Txt8 = QStringLiteral("#880000");
-    look.Txt9 = QStringLiteral("#009900");
-    look.Combo5 = QStringLiteral("2");
-    look.Combo6 = QStringLiteral("3");
+    look.borderColor = QStringLiteral("#110000");
+    look.cellColor = QStringLiteral("#EEEE22");
+    look.titleCellColor = QStringLiteral("#33FF33");
+    look.tableColor = QStringLiteral("#F4F4F4");
+    look.ruleColor = QStringLiteral("#550055");
+    look.titleCellTextColor = QStringLiteral("#006666");
+    look.descriptionColor = QStringLiteral("#000077");
+    look.titleColor = QStringLiteral("#880000");
+    look.listColor = QStringLiteral("#009900");
+    look.cellSpacing = QStringLiteral("2");
+    look.borderWidth = QStringLiteral("3");
     return look;
 }
 

@@ -31,11 +31,12 @@ constexpr std::array<DrawingPart, 12> AllParts = {
 const QStringList Defaults = {"#000000", "#FFFFFF", "#FFFF00", "#FFFFFF", "#000000",
                               "#000000", "#000000", "#000000", "#000000"};
 
-/// `Txt1` to `Txt9`.
+/// The nine colours, in the order in which sets keep them.
 QStringList fields(const PageLook& look)
 {
-    return {look.Txt1, look.Txt2, look.Txt3, look.Txt4, look.Txt5,
-            look.Txt6, look.Txt7, look.Txt8, look.Txt9};
+    return {look.borderColor,      look.cellColor,  look.titleCellColor,
+            look.tableColor,       look.ruleColor,  look.titleCellTextColor,
+            look.descriptionColor, look.titleColor, look.listColor};
 }
 
 /// Nine colours that are all different: field i is #0i0000.
@@ -43,15 +44,15 @@ PageLook distinct(int style)
 {
     PageLook look;
     look.style = style;
-    look.Txt1 = QStringLiteral("#010000");
-    look.Txt2 = QStringLiteral("#020000");
-    look.Txt3 = QStringLiteral("#030000");
-    look.Txt4 = QStringLiteral("#040000");
-    look.Txt5 = QStringLiteral("#050000");
-    look.Txt6 = QStringLiteral("#060000");
-    look.Txt7 = QStringLiteral("#070000");
-    look.Txt8 = QStringLiteral("#080000");
-    look.Txt9 = QStringLiteral("#090000");
+    look.borderColor = QStringLiteral("#010000");
+    look.cellColor = QStringLiteral("#020000");
+    look.titleCellColor = QStringLiteral("#030000");
+    look.tableColor = QStringLiteral("#040000");
+    look.ruleColor = QStringLiteral("#050000");
+    look.titleCellTextColor = QStringLiteral("#060000");
+    look.descriptionColor = QStringLiteral("#070000");
+    look.titleColor = QStringLiteral("#080000");
+    look.listColor = QStringLiteral("#090000");
     return look;
 }
 
@@ -238,7 +239,7 @@ void TestColours::styleThreeLeavesThePictureLines()
     DrawingColors drawing;
     paintDrawing(distinct(0), drawing);
     PageLook look = distinct(3);
-    look.Txt7 = QStringLiteral("#FF0000");
+    look.descriptionColor = QStringLiteral("#FF0000");
     paintDrawing(look, drawing);
     QCOMPARE(drawing[DrawingPart::PictureLines], QColor(7, 0, 0));
     look.style = 2;
@@ -249,8 +250,8 @@ void TestColours::styleThreeLeavesThePictureLines()
 void TestColours::emptyFieldsPaintBlack()
 {
     PageLook look;
-    look.Txt2 = look.Txt4 = QString();
-    look.Txt8 = QStringLiteral("red");
+    look.cellColor = look.tableColor = QString();
+    look.titleColor = QStringLiteral("red");
     DrawingColors drawing;
     paintDrawing(look, drawing);
     QCOMPARE(drawing[DrawingPart::TitleGround], QColor(Qt::black));
@@ -334,12 +335,12 @@ void TestColours::shippedSets()
         for (const QString& field : fields(look))
             QVERIFY2(colorText.match(field).hasMatch(), qPrintable(names.List(i)));
         const std::pair<QString, QString> texts[] = {
-            {look.Txt6, look.Txt3}, // title cells
-            {look.Txt7, look.Txt2}, // description
-            {look.Txt8, look.Txt2}, // title
-            {look.Txt9, look.Txt2}, // lists and terms
-            {asBrowsersRead(look.Txt9 + u'0'),
-             look.Txt2}, // the tax line of design 3, with its digit too many
+            {look.titleCellTextColor, look.titleCellColor}, // title cells
+            {look.descriptionColor, look.cellColor},        // description
+            {look.titleColor, look.cellColor},              // title
+            {look.listColor, look.cellColor},               // lists and terms
+            {asBrowsersRead(look.listColor + u'0'),
+             look.cellColor}, // the tax line of design 3, with its digit too many
         };
         for (const auto& [text, ground] : texts) {
             QVERIFY2(contrast(text, ground) >= 4.5,

@@ -348,16 +348,17 @@ void TestFrmBuild1::defaultsOfANewPage()
     QVERIFY(wizard->Text1->hasFocus());
 
     const Listing record = wizard->listing();
-    QCOMPARE(record.Text1, QString());
-    QCOMPARE(record.Text2, QString());
-    QVERIFY(!record.OptP2 && wizard->OptP1->Value());
-    QVERIFY(record.OptLS1 && !record.OptLS2 && !record.OptLS3);
-    QVERIFY(!record.OptPS1 && record.OptPS2);
-    QVERIFY(!record.ChkZC && !record.ChkTR1 && !record.ChkSlist);
-    QCOMPARE((QStringList{record.TxSH1, record.TxSH2, record.TxSI1, record.TxSI2, record.TxAI1, record.TxAI2,
-                          record.TxST1, record.TxST2}),
+    QCOMPARE(record.title, QString());
+    QCOMPARE(record.description, QString());
+    QVERIFY(!record.withPictures && wizard->OptP1->Value());
+    QVERIFY(record.unitedStatesOnly && !record.worldwide && !record.someRegions);
+    QVERIFY(!record.sellerPays && record.buyerPays);
+    QVERIFY(!record.calculator && !record.taxed && !record.withoutPaysTerms);
+    QCOMPARE((QStringList{record.shippingDollars, record.shippingCents, record.insuranceDollars,
+                          record.insuranceCents, record.additionalDollars, record.additionalCents,
+                          record.taxRate, record.taxState}),
              (QStringList{"0", "00", "0", "00", "0", "00", "6.00", "Pick here"}));
-    QVERIFY(record.List1.isEmpty() && record.List2.isEmpty() && record.List3.isEmpty());
+    QVERIFY(record.payments.isEmpty() && record.regions.isEmpty() && record.pictures.isEmpty());
     for (const QString& name : names(Addresses)) {
         const auto* field = wizard.control<QLineEdit>(name);
         QCOMPARE(field->text(), QStringLiteral("http://"));
@@ -532,8 +533,8 @@ void TestFrmBuild1::lineBoxes()
     const QByteArray start = "QelLP/opt=0 QelLP/opt3=1"; // regions are open
     Wizard wizard(webIni(start));
     const bool payment = control.startsWith(QLatin1String("ChKPay"));
-    const QStringList& list = payment ? wizard->List1 : wizard->List2;
-    const QStringList& other = payment ? wizard->List2 : wizard->List1;
+    const QStringList& list = payment ? wizard->payments : wizard->regions;
+    const QStringList& other = payment ? wizard->regions : wizard->payments;
     QCOMPARE(shown(wizard.control<CheckBox>(control)->text()), caption);
 
     wizard.click(qPrintable(control));
@@ -549,7 +550,7 @@ void TestFrmBuild1::lineBoxes()
 
     wizard.open();
     QVERIFY(wizard.control<CheckBox>(control)->isChecked());
-    QCOMPARE(payment ? wizard->List1 : wizard->List2, QStringList(line));
+    QCOMPARE(payment ? wizard->payments : wizard->regions, QStringList(line));
     wizard.click(qPrintable(control));
     wizard.click("Command2");
     QCOMPARE(wizard.settings(), webIni(start));
@@ -559,11 +560,11 @@ void TestFrmBuild1::listsKeepTheOrderOfTheClicks()
 {
     const Wizard wizard;
     wizard.click("ChKPay9 ChKPay2 ChKPay5 OptLS3 ChkLS8 ChkLS1");
-    QCOMPARE(wizard->List1, (QStringList{"Billpoint", "Personal Check", "PayPal"}));
-    QCOMPARE(wizard->List2, (QStringList{"South America", "Canada"}));
+    QCOMPARE(wizard->payments, (QStringList{"Billpoint", "Personal Check", "PayPal"}));
+    QCOMPARE(wizard->regions, (QStringList{"South America", "Canada"}));
     wizard.click("ChKPay2 ChKPay2 ChkLS8");
-    QCOMPARE(wizard->List1, (QStringList{"Billpoint", "PayPal", "Personal Check"}));
-    QCOMPARE(wizard->List2, QStringList{"Canada"});
+    QCOMPARE(wizard->payments, (QStringList{"Billpoint", "PayPal", "Personal Check"}));
+    QCOMPARE(wizard->regions, QStringList{"Canada"});
 }
 
 void TestFrmBuild1::uncheckingRemovesTypedTwins()
@@ -574,18 +575,18 @@ void TestFrmBuild1::uncheckingRemovesTypedTwins()
     wizard.type("Txtother", QStringLiteral("PayPal"));
     wizard.click("Command1");
     QVERIFY(wizard.onPage2());
-    QCOMPARE(wizard->List1, (QStringList{"PayPal", "Billpoint", "PayPal"}));
+    QCOMPARE(wizard->payments, (QStringList{"PayPal", "Billpoint", "PayPal"}));
     wizard.goBack();
     wizard.click("ChKPay5");
-    QCOMPARE(wizard->List1, QStringList{"Billpoint"});
+    QCOMPARE(wizard->payments, QStringList{"Billpoint"});
 
     // Of two neighbours the second isn't looked at.
     wizard.click("ChKPay9 ChKPay5 Command1");
     QVERIFY(wizard.onPage2());
-    QCOMPARE(wizard->List1, (QStringList{"PayPal", "PayPal"}));
+    QCOMPARE(wizard->payments, (QStringList{"PayPal", "PayPal"}));
     wizard.goBack();
     wizard.click("ChKPay5");
-    QCOMPARE(wizard->List1, QStringList{"PayPal"});
+    QCOMPARE(wizard->payments, QStringList{"PayPal"});
 }
 
 void TestFrmBuild1::enablingRules_data()
@@ -679,7 +680,7 @@ void TestFrmBuild1::spaceBarWorksAsAClick()
     wizard.clickTab(2);
     wizard->ChKPay4->setFocus();
     QTest::keyClick(wizard->ChKPay4, Qt::Key_Space);
-    QCOMPARE(wizard->List1, QStringList{"Visa/MasterCard"});
+    QCOMPARE(wizard->payments, QStringList{"Visa/MasterCard"});
     wizard.clickTab(3);
     wizard->OptLS1->setFocus();
     QTest::keyClick(wizard->OptLS1, Qt::Key_Down);
@@ -778,7 +779,7 @@ void TestFrmBuild1::termsButtons()
 void TestFrmBuild1::restoresTheBoxes()
 {
     const Wizard wizard(webIni("QelPay/12=1 QelPay/10=1 QelPay/3=yes QelPay/4=01 QelPay/1=1"));
-    QCOMPARE(wizard->List1, (QStringList{"Money Order/Cashiers Check", "Yahoo Pay Direct", "BidPay"}));
+    QCOMPARE(wizard->payments, (QStringList{"Money Order/Cashiers Check", "Yahoo Pay Direct", "BidPay"}));
     QVERIFY(wizard->ChKPay1->isChecked() && wizard->ChKPay10->isChecked() && wizard->ChKPay11->isChecked());
     QVERIFY(!wizard->ChKPay3->isChecked() && !wizard->ChKPay4->isChecked());
 }
@@ -826,11 +827,11 @@ void TestFrmBuild1::restoresRegionsForTheirOptionOnly()
     const QByteArray regions = "QelLP/chk=1 QelLP/chk8=1 QelLP/txt2=Japan";
     {
         const Wizard wizard(webIni("QelLP/opt=0 QelLP/opt3=1 " + regions));
-        QCOMPARE(wizard->List2, (QStringList{"Canada", "South America"}));
+        QCOMPARE(wizard->regions, (QStringList{"Canada", "South America"}));
         QCOMPARE(wizard.text("Txtother2"), QStringLiteral("Japan"));
     }
     const Wizard wizard(webIni("QelLP/opt=0 QelLP/opt2=1 " + regions));
-    QCOMPARE(wizard->List2, QStringList());
+    QCOMPARE(wizard->regions, QStringList());
     QCOMPARE(wizard.text("Txtother2"), QString());
     QVERIFY(!wizard->ChkLS1->isChecked());
     QCOMPARE(wizard.settings(), webIni("QelLP/opt=0 QelLP/opt2=1 " + regions));
@@ -844,9 +845,10 @@ void TestFrmBuild1::restoresWhoPays()
                                "QelPS/TxSH2=50 QelPS/TxSI1=x QelPS/TxSI2= QelPS/TxAI1=-1 QelPS/TxAI2=5 "
                                "QelPS/ChkSlist=1"));
     const Listing record = wizard->listing();
-    QVERIFY(record.ChkZC && record.ChkTR1 && record.ChkSlist);
-    QCOMPARE((QStringList{record.TxSH1, record.TxSH2, record.TxSI1, record.TxSI2, record.TxAI1, record.TxAI2,
-                          record.TxST1, record.TxST2}),
+    QVERIFY(record.calculator && record.taxed && record.withoutPaysTerms);
+    QCOMPARE((QStringList{record.shippingDollars, record.shippingCents, record.insuranceDollars,
+                          record.insuranceCents, record.additionalDollars, record.additionalCents,
+                          record.taxRate, record.taxState}),
              (QStringList{"12", "50", "x", "", "-1", "5", "8.25", "Ontario"}));
     QStringList expected = names(Addresses) + names(Regions) + names(Calculated) + names("Command5");
     expected.sort();
@@ -881,7 +883,7 @@ void TestFrmBuild1::restoresOtherTexts()
     QFETCH(QString, text);
     const Wizard wizard(webIni().replace("11=0\r\n", line));
     QCOMPARE(wizard.text("Txtother"), text);
-    QCOMPARE(wizard->List1, QStringList()); // it goes to the list with OK
+    QCOMPARE(wizard->payments, QStringList()); // it goes to the list with OK
 }
 
 void TestFrmBuild1::firstRunWithoutKeys()
@@ -907,11 +909,11 @@ void TestFrmBuild1::beginsAnewWithTheItem()
     QVERIFY(!isLoaded<FrmBuild1>());
     wizard.open();
     const Listing record = wizard->listing();
-    QCOMPARE(record.Text1 + record.Text2, QString());
-    QVERIFY(!record.OptP2);
+    QCOMPARE(record.title + record.description, QString());
+    QVERIFY(!record.withPictures);
     QCOMPARE(wizard.text("TxP1"), QStringLiteral("http://"));
-    QCOMPARE(record.List1, QStringList{"PayPal"});
-    QCOMPARE(record.TxSH1, QStringLiteral("4"));
+    QCOMPARE(record.payments, QStringList{"PayPal"});
+    QCOMPARE(record.shippingDollars, QStringLiteral("4"));
 }
 
 void TestFrmBuild1::savesOnUnload_data()
@@ -991,7 +993,7 @@ void TestFrmBuild1::messagesInOrder()
         QCOMPARE(script.takeAsked(), QStringList{message(prompt)});
         QVERIFY(wizard->isVisible() && !isLoaded<FrmBuild2>());
         QCOMPARE(wizard->SSTab1->Tab(), tab);
-        QCOMPARE(wizard->Check1, 0);
+        QVERIFY(!wizard->reachedPage2);
     };
     wizard.click("OptLS3");
     wizard.type("Txtother", QStringLiteral("Barter"));
@@ -1005,15 +1007,15 @@ void TestFrmBuild1::messagesInOrder()
     refused(NoRegion);
     wizard.click("ChkLS5");
     refused(NoCosts);
-    QCOMPARE(wizard->List1, QStringList{"BidPay"});
-    QCOMPARE(wizard->List2, QStringList{"Africa"});
+    QCOMPARE(wizard->payments, QStringList{"BidPay"});
+    QCOMPARE(wizard->regions, QStringList{"Africa"});
 
     wizard.type("TxSH2", QStringLiteral("50"));
     wizard.click("Command1");
     QVERIFY(wizard.onPage2());
-    QCOMPARE(wizard->Check1, 1);
-    QCOMPARE(wizard->List1, (QStringList{"BidPay", "Barter"}));
-    QCOMPARE(wizard->List2, (QStringList{"Africa", "Japan"}));
+    QVERIFY(wizard->reachedPage2);
+    QCOMPARE(wizard->payments, (QStringList{"BidPay", "Barter"}));
+    QCOMPARE(wizard->regions, (QStringList{"Africa", "Japan"}));
 }
 
 void TestFrmBuild1::shippingCosts_data()
@@ -1071,11 +1073,11 @@ void TestFrmBuild1::pictureAddresses()
     wizard.click("OptP2");
     for (int i = 0; i < typed.size(); ++i)
         wizard.type(qPrintable(QStringLiteral("TxP%1").arg(i + 1)), typed[i]);
-    QCOMPARE(wizard->List3, QStringList());
+    QCOMPARE(wizard->pictures, QStringList());
     wizard.click("Command1");
     QVERIFY(wizard.onPage2());
-    QCOMPARE(wizard->List3, list);
-    QVERIFY(wizard->listing().OptP2);
+    QCOMPARE(wizard->pictures, list);
+    QVERIFY(wizard->listing().withPictures);
     // Page 2 offers picture styles, also without an address; two of them are for one picture.
     const FrmBuild2& page2 = *form<FrmBuild2>();
     QVERIFY(page2.Frame7->isVisible());
@@ -1095,12 +1097,12 @@ void TestFrmBuild1::picturesStayWithoutTheirOption()
     wizard.goBack();
     wizard.type("TxP1", QStringLiteral("a"));
     wizard.click("Command1");
-    QCOMPARE(wizard->List3, (QStringList{"a", "c"})); // built anew
+    QCOMPARE(wizard->pictures, (QStringList{"a", "c"})); // built anew
     wizard.goBack();
     wizard.click("OptP1 Command1");
     QVERIFY(wizard.onPage2());
-    QCOMPARE(wizard->List3, (QStringList{"a", "c"}));
-    QVERIFY(!wizard->listing().OptP2);
+    QCOMPARE(wizard->pictures, (QStringList{"a", "c"}));
+    QVERIFY(!wizard->listing().withPictures);
 }
 
 void TestFrmBuild1::okGoesToPage2()
@@ -1111,11 +1113,11 @@ void TestFrmBuild1::okGoesToPage2()
     QVERIFY(wizard.onPage2());
     QVERIFY(!form<FrmBuild2>()->isModal());
     QVERIFY(!form<FrmBuild2>()->Frame7->isVisible()); // there are no pictures
-    QCOMPARE(wizard->Check1, 1);
-    QCOMPARE(wizard->List1, QStringList{"PayPal"});
-    QCOMPARE(wizard->List2, QStringList());
+    QVERIFY(wizard->reachedPage2);
+    QCOMPARE(wizard->payments, QStringList{"PayPal"});
+    QCOMPARE(wizard->regions, QStringList());
     QVERIFY(isLoaded<FrmBuild1>());
-    QCOMPARE(form<FrmBuild1>()->listing().Text1, QStringLiteral("A lamp"));
+    QCOMPARE(form<FrmBuild1>()->listing().title, QStringLiteral("A lamp"));
 }
 
 void TestFrmBuild1::okAfterBackAddsOtherAgain()
@@ -1125,11 +1127,11 @@ void TestFrmBuild1::okAfterBackAddsOtherAgain()
     wizard.click("Command1");
     QVERIFY(wizard.onPage2());
     wizard.goBack();
-    QCOMPARE(wizard->List1, (QStringList{"PayPal", "Barter"}));
+    QCOMPARE(wizard->payments, (QStringList{"PayPal", "Barter"}));
     wizard.click("ChKPay1 Command1");
     QVERIFY(wizard.onPage2());
-    QCOMPARE(wizard->List1, (QStringList{"PayPal", "Barter", "Money Order/Cashiers Check", "Barter"}));
-    QCOMPARE(wizard->List2, (QStringList{"Asia", "Japan", "Japan"}));
+    QCOMPARE(wizard->payments, (QStringList{"PayPal", "Barter", "Money Order/Cashiers Check", "Barter"}));
+    QCOMPARE(wizard->regions, (QStringList{"Asia", "Japan", "Japan"}));
 }
 
 void TestFrmBuild1::enterPressesOk()
@@ -1152,7 +1154,7 @@ void TestFrmBuild1::enterPressesOk()
     wizard.type("Text2", QStringLiteral("a"));
     QTest::keyClick(wizard->Text2, Qt::Key_Return);
     QTest::keyClicks(wizard->Text2, QStringLiteral("b"));
-    QCOMPARE(wizard->listing().Text2, QStringLiteral("a\r\nb"));
+    QCOMPARE(wizard->listing().description, QStringLiteral("a\r\nb"));
     // A button that has the focus is the one that is pressed.
     wizard->Command2->setFocus();
     QTest::keyClick(wizard->Command2, Qt::Key_Return);
@@ -1170,22 +1172,23 @@ void TestFrmBuild1::recordHoldsAllFields()
         wizard.type(name, QString::number(n++));
     wizard.click("ChkZC");
     Listing record = wizard->listing();
-    QCOMPARE(record.Text1, QStringLiteral("Lamp"));
-    QCOMPARE(record.Text2, QStringLiteral("Old."));
-    QVERIFY(record.OptP2);
-    QCOMPARE(record.List1, QStringList{"PayPal"});
-    QVERIFY(!record.OptLS1 && record.OptLS2 && !record.OptLS3);
-    QVERIFY(!record.OptPS1 && record.OptPS2);
-    QVERIFY(record.ChkZC && record.ChkTR1 && record.ChkSlist);
-    QCOMPARE((QStringList{record.TxSH1, record.TxSH2, record.TxSI1, record.TxSI2, record.TxAI1, record.TxAI2,
-                          record.TxST1, record.TxST2}),
+    QCOMPARE(record.title, QStringLiteral("Lamp"));
+    QCOMPARE(record.description, QStringLiteral("Old."));
+    QVERIFY(record.withPictures);
+    QCOMPARE(record.payments, QStringList{"PayPal"});
+    QVERIFY(!record.unitedStatesOnly && record.worldwide && !record.someRegions);
+    QVERIFY(!record.sellerPays && record.buyerPays);
+    QVERIFY(record.calculator && record.taxed && record.withoutPaysTerms);
+    QCOMPARE((QStringList{record.shippingDollars, record.shippingCents, record.insuranceDollars,
+                          record.insuranceCents, record.additionalDollars, record.additionalCents,
+                          record.taxRate, record.taxState}),
              (QStringList{"1", "2", "3", "4", "5", "6", "7", "8"}));
 
     wizard.click("OptLS3 ChkLS2 OptPS1");
     record = wizard->listing();
-    QVERIFY(!record.OptLS1 && !record.OptLS2 && record.OptLS3);
-    QVERIFY(record.OptPS1 && !record.OptPS2);
-    QCOMPARE(record.List2, QStringList{"Europe"});
+    QVERIFY(!record.unitedStatesOnly && !record.worldwide && record.someRegions);
+    QVERIFY(record.sellerPays && !record.buyerPays);
+    QCOMPARE(record.regions, QStringList{"Europe"});
 }
 
 void TestFrmBuild1::anyTextGoesThrough_data()
@@ -1208,11 +1211,11 @@ void TestFrmBuild1::anyTextGoesThrough()
         wizard.type(name, QString());
         QTest::keyClick(wizard.control(QLatin1String(name)), Qt::Key_V, Qt::ControlModifier);
     }
-    QCOMPARE(wizard->listing().Text1, text);
-    QCOMPARE(wizard->listing().Text2, text);
+    QCOMPARE(wizard->listing().title, text);
+    QCOMPARE(wizard->listing().description, text);
     wizard.click("ChKPay5 ChkZC Command1");
     QVERIFY(wizard.onPage2());
-    QCOMPARE(wizard->List1, (QStringList{"PayPal", text}));
+    QCOMPARE(wizard->payments, (QStringList{"PayPal", text}));
     wizard->Unload();
     QVERIFY(wizard.settings().contains("\r\n11=" + text.toUtf8() + "\r\n"));
     wizard.open();
@@ -1231,11 +1234,11 @@ void TestFrmBuild1::longTexts()
         QTest::keyClick(wizard.control(QLatin1String(name)), Qt::Key_V, Qt::ControlModifier);
     };
     paste("Text2", lines);
-    QVERIFY(wizard->listing().Text2 == lines);
+    QVERIFY(wizard->listing().description == lines);
     paste("Text2", QStringLiteral("one\rtwo\nthree\r\n\u2029four\u2028"));
-    QCOMPARE(wizard->listing().Text2, QStringLiteral("one\r\ntwo\r\nthree\r\n\r\nfour\r\n"));
+    QCOMPARE(wizard->listing().description, QStringLiteral("one\r\ntwo\r\nthree\r\n\r\nfour\r\n"));
     paste("Text1", line);
-    QVERIFY(wizard->listing().Text1 == line);
+    QVERIFY(wizard->listing().title == line);
     paste("Txtother", QString(300, u'y'));
     wizard.click("Command2");
     QVERIFY(wizard.settings().contains("\r\n11=" + QByteArray(300, 'y') + "\r\n"));
@@ -1254,7 +1257,7 @@ void TestFrmBuild1::readOnlySettings()
     QVERIFY(QFile::setPermissions(file, QFileDevice::ReadOwner));
     wizard.open();
     QVERIFY(wizard->OptLS2->Value()); // the first "1" wins, kept or not
-    QCOMPARE(wizard->List1, QStringList{"Personal Check"});
+    QCOMPARE(wizard->payments, QStringList{"Personal Check"});
     wizard.click("ChkZC ChkSlist OptLS1 OptPS1 ChKPay1 Command2");
     QVERIFY(!isLoaded<FrmBuild1>());
     QCOMPARE(script.asked, QStringList());

@@ -237,7 +237,7 @@ void TestFrmBuild2::shownAsDesigned()
     QCOMPARE(page->Combo3->ListIndex(), -1);
     QCOMPARE(page->Combo4->ListIndex(), -1);
     QCOMPARE(page->look().pictureStyle, 3);
-    QCOMPARE(page->look().Txt3, QStringLiteral("#FFFF00"));
+    QCOMPARE(page->look().titleCellColor, QStringLiteral("#FFFF00"));
 }
 
 void TestFrmBuild2::arrowsStepTheStyle()
@@ -329,17 +329,17 @@ void TestFrmBuild2::pickedColorsShow()
         QVERIFY(bandsOf(drawingOf(page), pick.shown) > 0);
         QTRY_VERIFY(isOnScreen(page));
     }
-    QCOMPARE(page->look().Txt5, QStringLiteral("#0000FF"));
-    QCOMPARE(page->look().Txt3, QStringLiteral("#00DD00"));
-    QCOMPARE(page->look().Txt9, QStringLiteral("#996600"));
-    QCOMPARE(page->look().Txt2, QStringLiteral("#EEEEDD"));
-    QCOMPARE(page->look().Txt4, QStringLiteral("#EEEEDD"));
+    QCOMPARE(page->look().ruleColor, QStringLiteral("#0000FF"));
+    QCOMPARE(page->look().titleCellColor, QStringLiteral("#00DD00"));
+    QCOMPARE(page->look().listColor, QStringLiteral("#996600"));
+    QCOMPARE(page->look().cellColor, QStringLiteral("#EEEEDD"));
+    QCOMPARE(page->look().tableColor, QStringLiteral("#EEEEDD"));
     QCOMPARE(source(), QString());
 
     // The same entry once more asks once more.
     m_doors->answerColor(0x00FFFF);
     choose(page->Combo3, 6);
-    QCOMPARE(page->look().Txt4, QStringLiteral("#FFFF00"));
+    QCOMPARE(page->look().tableColor, QStringLiteral("#FFFF00"));
 }
 
 void TestFrmBuild2::cancelledColorChangesNothing()
@@ -349,7 +349,7 @@ void TestFrmBuild2::cancelledColorChangesNothing()
     m_doors->cancelColor();
     choose(page->Combo3, 3);
     QCOMPARE(drawingOf(page), before);
-    QCOMPARE(page->look().Txt3, QStringLiteral("#FFFF00"));
+    QCOMPARE(page->look().titleCellColor, QStringLiteral("#FFFF00"));
     QCOMPARE(page->Combo3->Text(), QStringLiteral("Cell:"));
 }
 
@@ -366,7 +366,7 @@ void TestFrmBuild2::stepRepaintsWhatAPickPainted()
     click(page->Command2);
     click(page->Command1);
     QCOMPARE(page->drawingColors()[DrawingPart::Rule], QColor(Qt::black));
-    QCOMPARE(page->look().Txt5, QStringLiteral("#FF0000"));
+    QCOMPARE(page->look().ruleColor, QStringLiteral("#FF0000"));
 }
 
 void TestFrmBuild2::firstPictureLineStaysBlack()
@@ -457,17 +457,17 @@ void TestFrmBuild2::loadsASet()
     auto* page = openPage2();
     QCOMPARE(entries(page->Combo4), QStringList({"all", "half", "gone"}));
     choose(page->Combo4, 0);
-    QCOMPARE(page->look().Txt1, QStringLiteral("#110000"));
-    QCOMPARE(page->look().Txt2, QStringLiteral("#EEEEDD"));
-    QCOMPARE(page->look().Txt4, QStringLiteral("#DDDDEE"));
-    QCOMPARE(page->look().Txt9, QStringLiteral("#996600"));
+    QCOMPARE(page->look().borderColor, QStringLiteral("#110000"));
+    QCOMPARE(page->look().cellColor, QStringLiteral("#EEEEDD"));
+    QCOMPARE(page->look().tableColor, QStringLiteral("#DDDDEE"));
+    QCOMPARE(page->look().listColor, QStringLiteral("#996600"));
     QCOMPARE(page->drawingColors()[DrawingPart::Page], QColor(0xDD, 0xDD, 0xEE));
     choose(page->Combo4, 1);
-    QCOMPARE(page->look().Txt2, QStringLiteral("#FFEEDD"));
-    QCOMPARE(page->look().Txt9, QString());
+    QCOMPARE(page->look().cellColor, QStringLiteral("#FFEEDD"));
+    QCOMPARE(page->look().listColor, QString());
     QCOMPARE(page->drawingColors()[DrawingPart::Lists], QColor(Qt::black));
     choose(page->Combo4, 2);
-    QCOMPARE(page->look().Txt2, QString());
+    QCOMPARE(page->look().cellColor, QString());
     QCOMPARE(page->Combo4->Text(), QStringLiteral("gone"));
 }
 
@@ -808,7 +808,7 @@ void TestFrmBuild2::backForgets()
 
     click(form<FrmBuild1>()->Command1);
     QCOMPARE(form<FrmBuild2>()->Label11->text(), QStringLiteral("0"));
-    QCOMPARE(form<FrmBuild2>()->look().Txt8, QStringLiteral("#000000"));
+    QCOMPARE(form<FrmBuild2>()->look().titleColor, QStringLiteral("#000000"));
     QCOMPARE(form<FrmBuild2>()->look().pictureStyle, 3);
 }
 

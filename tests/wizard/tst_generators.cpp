@@ -39,13 +39,13 @@ QList<Choice> paymentChoices()
     return {
         {"two payments",
          [](Listing& l) {
-             l.List1 = {"PayPal", "a \"cheque\" & <I>more</I>"};
+             l.payments = {"PayPal", "a \"cheque\" & <I>more</I>"};
          },
          "[LI]PayPal\r\n</FONT>\r\n"
          "[LI]a \"cheque\" & <I>more</I>\r\n</FONT>\r\n"
          "</FONT></LI></UL>\r\n"
          "<!-- Body-list2 -->\r\n"},
-        {"no payment", [](Listing& l) { l.List1.clear(); }, ""},
+        {"no payment", [](Listing& l) { l.payments.clear(); }, ""},
     };
 }
 
@@ -53,24 +53,24 @@ QList<Choice> locationChoices()
 {
     const auto option = [](bool Listing::*chosen) {
         return [chosen](Listing& l) {
-            l.OptLS1 = l.OptLS2 = l.OptLS3 = false;
+            l.unitedStatesOnly = l.worldwide = l.someRegions = false;
             l.*chosen = true;
         };
     };
     return {
-        {"United States", option(&Listing::OptLS1),
+        {"United States", option(&Listing::unitedStatesOnly),
          "[LI]Will ship to the United States only.\r\n</FONT>\r\n[/UL]\r\n"},
-        {"worldwide", option(&Listing::OptLS2),
+        {"worldwide", option(&Listing::worldwide),
          "[LI]Will ship internationally (worldwide)\r\n</FONT>\r\n[/UL]\r\n"},
-        {"regions", option(&Listing::OptLS3),
+        {"regions", option(&Listing::someRegions),
          "[LI]Will ship to the United States and the following regions<UL>\r\n</FONT><BR>\r\n"
          "[LI]Canada\r\n</FONT>\r\n"
          "[LI]Europe\r\n</FONT>\r\n"
          "</UL>\r\n[/UL]\r\n"},
         {"regions, none listed",
          [option](Listing& l) {
-             option (&Listing::OptLS3)(l);
-             l.List2.clear();
+             option (&Listing::someRegions)(l);
+             l.regions.clear();
          },
          "[LI]Will ship to the United States and the following "
          "regions<UL>\r\n</FONT><BR>\r\n</UL>\r\n[/UL]\r\n"},
@@ -86,28 +86,28 @@ struct Cost
 /// The buyer pays: shipping, insurance, additional item, and whether there is a tax line.
 void buyerPays(Listing& l, Cost shipping, Cost insurance, Cost additional, bool tax)
 {
-    l.OptPS1 = false;
-    l.OptPS2 = true;
-    l.ChkZC = false;
-    l.TxSH1 = QString::fromLatin1(shipping.dollars);
-    l.TxSH2 = QString::fromLatin1(shipping.cents);
-    l.TxSI1 = QString::fromLatin1(insurance.dollars);
-    l.TxSI2 = QString::fromLatin1(insurance.cents);
-    l.TxAI1 = QString::fromLatin1(additional.dollars);
-    l.TxAI2 = QString::fromLatin1(additional.cents);
-    l.ChkTR1 = tax;
+    l.sellerPays = false;
+    l.buyerPays = true;
+    l.calculator = false;
+    l.shippingDollars = QString::fromLatin1(shipping.dollars);
+    l.shippingCents = QString::fromLatin1(shipping.cents);
+    l.insuranceDollars = QString::fromLatin1(insurance.dollars);
+    l.insuranceCents = QString::fromLatin1(insurance.cents);
+    l.additionalDollars = QString::fromLatin1(additional.dollars);
+    l.additionalCents = QString::fromLatin1(additional.cents);
+    l.taxed = tax;
 }
 
 QList<Choice> whoPaysChoices()
 {
     const auto seller = [](Listing& l) {
-        l.OptPS1 = true;
-        l.OptPS2 = false;
+        l.sellerPays = true;
+        l.buyerPays = false;
     };
     const auto calculator = [](bool tax) {
         return [tax](Listing& l) {
-            l.ChkZC = true;
-            l.ChkTR1 = tax;
+            l.calculator = true;
+            l.taxed = tax;
         };
     };
     const QString calculated =
@@ -174,8 +174,8 @@ QList<Choice> whoPaysChoices()
 QList<Choice> termsChoices()
 {
     return {
-        {"terms", [](Listing& l) { l.ChkSlist = false; }, "<!-- Body3-list2 -->"},
-        {"no terms", [](Listing& l) { l.ChkSlist = true; }, "</TD></TR></TBODY></TABLE></BODY>\r\n"},
+        {"terms", [](Listing& l) { l.withoutPaysTerms = false; }, "<!-- Body3-list2 -->"},
+        {"no terms", [](Listing& l) { l.withoutPaysTerms = true; }, "</TD></TR></TBODY></TABLE></BODY>\r\n"},
     };
 }
 
@@ -218,8 +218,8 @@ QString block(int pictureStyle, const char* pictures, const char* end = "")
 
 void givePictures(Listing& l, bool chosen, const QStringList& addresses)
 {
-    l.OptP2 = chosen;
-    l.List3 = addresses;
+    l.withPictures = chosen;
+    l.pictures = addresses;
 }
 
 /// The first is the sample listing's own.
@@ -340,17 +340,20 @@ QStringList randomTexts(Random& random, int most)
 Listing randomListing(Random& random)
 {
     Listing listing;
-    listing.Text1 = random.text(10);
-    listing.Text2 = random.text(50);
-    listing.OptP2 = random.chance();
-    listing.List1 = randomTexts(random, 3);
-    listing.List2 = randomTexts(random, 3);
-    listing.List3 = randomTexts(random, 6);
-    for (bool Listing::*option : {&Listing::OptLS1, &Listing::OptLS2, &Listing::OptLS3, &Listing::OptPS1,
-                                  &Listing::OptPS2, &Listing::ChkZC, &Listing::ChkTR1, &Listing::ChkSlist})
+    listing.title = random.text(10);
+    listing.description = random.text(50);
+    listing.withPictures = random.chance();
+    listing.payments = randomTexts(random, 3);
+    listing.regions = randomTexts(random, 3);
+    listing.pictures = randomTexts(random, 6);
+    for (bool Listing::*option :
+         {&Listing::unitedStatesOnly, &Listing::worldwide, &Listing::someRegions, &Listing::sellerPays,
+          &Listing::buyerPays, &Listing::calculator, &Listing::taxed, &Listing::withoutPaysTerms})
         listing.*option = random.chance();
-    for (QString Listing::*cost : {&Listing::TxSH1, &Listing::TxSH2, &Listing::TxSI1, &Listing::TxSI2,
-                                   &Listing::TxAI1, &Listing::TxAI2, &Listing::TxST1, &Listing::TxST2})
+    for (QString Listing::*cost :
+         {&Listing::shippingDollars, &Listing::shippingCents, &Listing::insuranceDollars,
+          &Listing::insuranceCents, &Listing::additionalDollars, &Listing::additionalCents, &Listing::taxRate,
+          &Listing::taxState})
         listing.*cost = random.text(2);
     return listing;
 }
@@ -367,7 +370,7 @@ QStringList markersOf(const Listing& listing, int style, int pictureStyle)
         add(qPrintable(QLatin1String(name) + QStringLiteral("2")));
     };
     const bool onePicture = pictureStyle == 0 || pictureStyle == 2;
-    const bool picture = onePicture || (listing.OptP2 && !listing.List3.isEmpty());
+    const bool picture = onePicture || (listing.withPictures && !listing.pictures.isEmpty());
     const bool pictureFirst = pictureStyle == 0 || pictureStyle == 1;
 
     add(qPrintable(QStringLiteral("body-buildwizard%1").arg(style)));
@@ -383,7 +386,7 @@ QStringList markersOf(const Listing& listing, int style, int pictureStyle)
         addPair("Body-picture");
     addPair("Body-Cell");
     add("Body-list");
-    if (!listing.List1.isEmpty())
+    if (!listing.payments.isEmpty())
         add("Body-list2");
     addPair("Body-body");
     addPair("Body2-Cell");
@@ -391,7 +394,7 @@ QStringList markersOf(const Listing& listing, int style, int pictureStyle)
     addPair("Body2-body");
     addPair("Body3-Cell");
     add("Body3-list");
-    if (!listing.ChkSlist) {
+    if (!listing.withoutPaysTerms) {
         add("Body3-list2");
         addPair("Body3-body");
     }
@@ -496,7 +499,7 @@ void TestGenerators::emptyPaymentListIsLeftOpen()
 {
     QFETCH(int, style);
     Listing listing = sampleListing();
-    listing.List1.clear();
+    listing.payments.clear();
     const QString page = generated(listing, style, 3);
     QVERIFY(page.contains(QStringLiteral("<!-- Body-list -->\r\n<FONT color=#000000>\r\n<UL>\r\n<TABLE ")));
     QVERIFY(!page.contains(QStringLiteral("<!-- Body-list2 -->")));
@@ -507,7 +510,7 @@ void TestGenerators::regionsWithoutEntriesCloseTheirList()
 {
     QFETCH(int, style);
     Listing listing = sampleListing();
-    listing.List2.clear();
+    listing.regions.clear();
     QVERIFY(generated(listing, style, 3)
                 .contains(QStringLiteral("the following regions<UL>\r\n</FONT><BR>\r\n</UL>\r\n")));
 }
@@ -516,8 +519,8 @@ void TestGenerators::sellerPaysIsOneLine()
 {
     QFETCH(int, style);
     Listing listing = sampleListing();
-    listing.OptPS1 = true;
-    listing.OptPS2 = false;
+    listing.sellerPays = true;
+    listing.buyerPays = false;
     const QString page = generated(listing, style, 3);
     QVERIFY(page.contains(QStringLiteral("<UL>\r\n<LI><FONT face=Arial color=#009900 size=3>\r\n"
                                          "Seller Pays Shipping\r\n</FONT>\r\n<!-- Body3-list2 -->\r\n")));
@@ -529,7 +532,7 @@ void TestGenerators::nothingFollowsTheLastCost()
 {
     QFETCH(int, style);
     Listing listing = sampleListing();
-    listing.ChkTR1 = false;
+    listing.taxed = false;
     QVERIFY(generated(listing, style, 3)
                 .contains(QStringLiteral(
                     "Additional item (per item) - $0.75\r\n</FONT>\r\n<!-- Body3-list2 -->\r\n")));
@@ -554,16 +557,17 @@ void TestGenerators::textGoesOutUnchanged()
     QFETCH(QString, text);
     const Listing sample = sampleListing();
     Listing listing = sample;
-    listing.Text1 = text;
-    listing.Text2 = text;
-    listing.List1.last() = text;
-    listing.List2.last() = text;
+    listing.title = text;
+    listing.description = text;
+    listing.payments.last() = text;
+    listing.regions.last() = text;
     const TermsTexts terms = {text, text, text};
     for (int style = 0; style < 4; ++style) {
         for (int pictureStyle = 0; pictureStyle < 4; ++pictureStyle) {
             QString expected = samplePage(style, pictureStyle);
             // Cut first and filled then, as the text may hold anything.
-            QStringList replaced = {sample.Text1, sample.Text2, sample.List1.last(), sample.List2.last()};
+            QStringList replaced = {sample.title, sample.description, sample.payments.last(),
+                                    sample.regions.last()};
             for (const QString& termsText : sampleTerms())
                 replaced += termsText;
             for (const QString& old : replaced) {
@@ -580,10 +584,10 @@ void TestGenerators::textGoesOutUnchanged()
 void TestGenerators::costsPrintAsTyped()
 {
     Listing listing = sampleListing();
-    listing.TxSH1 = QStringLiteral("12");
-    listing.TxSH2 = QStringLiteral("5");
-    listing.TxSI1 = QStringLiteral("007");
-    listing.TxSI2 = QStringLiteral("<B>");
+    listing.shippingDollars = QStringLiteral("12");
+    listing.shippingCents = QStringLiteral("5");
+    listing.insuranceDollars = QStringLiteral("007");
+    listing.insuranceCents = QStringLiteral("<B>");
     const QString page = generated(listing, 0, 3);
     QVERIFY(page.contains(QStringLiteral("costs - $12.5\r\n")));
     QVERIFY(page.contains(QStringLiteral("item costs - $007.<B>\r\n")));
@@ -595,8 +599,9 @@ void TestGenerators::emptyColors()
     QFETCH(int, pictureStyle);
     PageLook look = sampleLook(style, pictureStyle);
     QString expected = samplePage(style, pictureStyle);
-    for (QString* color : {&look.Txt1, &look.Txt2, &look.Txt3, &look.Txt4, &look.Txt5, &look.Txt6, &look.Txt7,
-                           &look.Txt8, &look.Txt9}) {
+    for (QString* color :
+         {&look.borderColor, &look.cellColor, &look.titleCellColor, &look.tableColor, &look.ruleColor,
+          &look.titleCellTextColor, &look.descriptionColor, &look.titleColor, &look.listColor}) {
         expected.remove(*color);
         color->clear();
     }
@@ -650,8 +655,8 @@ void TestGenerators::noSuchStyle()
 void TestGenerators::noPictureIsDescriptionOnly()
 {
     Listing listing = sampleListing();
-    listing.OptP2 = false;
-    listing.List3.clear();
+    listing.withPictures = false;
+    listing.pictures.clear();
     QCOMPARE(pictureBlock(listing, PageLook().pictureStyle),
              QStringLiteral("<BR>\r\n"
                             "<!-- Body-description -->\r\n"
@@ -678,7 +683,7 @@ void TestGenerators::picturesWithoutAddresses()
     QFETCH(int, pictureStyle);
     QFETCH(QString, expected);
     Listing listing = sampleListing();
-    listing.List3.clear();
+    listing.pictures.clear();
     QCOMPARE(pictureBlock(listing, pictureStyle), expected);
 }
 
@@ -694,7 +699,8 @@ void TestGenerators::sixPicturesAreSixLines()
     QFETCH(int, pictureStyle);
     Listing listing = sampleListing();
     const QString longAddress = QStringLiteral("http://x/") + QString(3000, u'y');
-    listing.List3 = {"http://x/f.gif", "http://x/b.gif", "c", longAddress, "http://x/b.gif", "\"e\" width=9"};
+    listing.pictures = {"http://x/f.gif", "http://x/b.gif", "c",
+                        longAddress,      "http://x/b.gif", "\"e\" width=9"};
     QVERIFY(pictureBlock(listing, pictureStyle)
                 .contains(QStringLiteral("<!-- Body-picture -->"
                                          "<ALIGN=MIDDLE><img src=http://x/f.gif border=0>\r\n"

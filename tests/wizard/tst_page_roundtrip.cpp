@@ -91,7 +91,7 @@ void TestPageRoundtrip::keepsMarkersAndStaysPut()
 
     const QString first = read(page);
     QCOMPARE(comments(first), markersOf(style, pictureStyle));
-    QVERIFY(first.contains(sampleListing().Text1));
+    QVERIFY(first.contains(sampleListing().title));
     QCOMPARE(read(first), first);
 }
 
