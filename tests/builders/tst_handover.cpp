@@ -32,13 +32,10 @@ public:
         }
     }
 
-    QStringList listFont() const
-    {
-        return {list->TxtFontName, list->TxtSize, list->TxtFontColor, list->TxtBIU, list->TxtBIU2};
-    }
+    QStringList listFont() const { return font(list->wordFont); }
     static QStringList font(const ListFont& font)
     {
-        return {font.name, font.size, font.color, font.BIU, font.BIU2};
+        return {font.name, font.size, font.color, font.open, font.close};
     }
 
 private:
@@ -138,7 +135,7 @@ void TestHandover::fonts()
     choose(fonts->Combo2, 6);
     click(fonts->chkItalic);
     step(fonts->GreenG);
-    window.special->RTB1 = QStringLiteral("not made anew");
+    window.special->html = QStringLiteral("not made anew");
     click(fonts->Command1);
     QVERIFY(!isLoaded<FrmFonts>());
     const QStringList before = {"Arial", "3", "#000000", "", ""};
@@ -147,7 +144,7 @@ void TestHandover::fonts()
     QCOMPARE(Lists::font(window.special->words), taker == Taker::Words ? after : before);
     QCOMPARE(Lists::font(window.special->title), taker == Taker::Title ? after : before);
     const bool anew = taker == Taker::Words || taker == Taker::Title;
-    QCOMPARE(window.special->RTB1, anew ? QString() : QStringLiteral("not made anew"));
+    QCOMPARE(window.special->html, anew ? QString() : QStringLiteral("not made anew"));
 }
 
 void TestHandover::characters_data()
