@@ -74,7 +74,7 @@ std::vector<Rival> restyle(qsizetype rows)
         table->List2->AddItem(i % 3 ? QStringLiteral("a value") : QString());
     }
     table->restyle();
-    const QString text = table->RichTextBox2;
+    const QString text = table->html;
     require(text.count(QStringLiteral("<TR>")) == rows, "another number of rows");
     return {
         {Role::Ours, "designer", timed([table] { table->restyle(); })}, appendOf(text, CrLf), copyOf(text)};
@@ -99,7 +99,7 @@ std::vector<Rival> addToList(qsizetype words)
     };
     prepare();
     list->Command1->click();
-    const QString text = list->RichTextBox1;
+    const QString text = list->html;
     require(text.count(QStringLiteral("<li>")) == words, "another number of words");
     return {{Role::Ours, "button Add", timed([list] { list->Command1->click(); }, prepare)},
             appendOf(text, CrLf),
@@ -120,7 +120,7 @@ std::vector<Rival> addToSymbolList(qsizetype words)
     };
     prepare();
     list->Command3->click();
-    const QString text = list->RTB1;
+    const QString text = list->html;
     require(text.count(QStringLiteral("<BR>")) >= words, "another number of words");
     return {{Role::Ours, "button Add it", timed([list] { list->Command3->click(); }, prepare)},
             appendOf(text, CrLf),

@@ -34,8 +34,8 @@ struct TableStyle
     QString border;            ///< pixels
     QString cellSpacing;       ///< pixels
     QString cellPadding;       ///< pixels
-    QString width;             ///< width, with its unit
-    QString height;            ///< height, with its unit
+    QString width;             ///< with its unit
+    QString height;            ///< with its unit
 };
 
 /// The words of the table, row by row. A row without a right word spans both columns.

@@ -51,7 +51,7 @@ constexpr std::array<RowControls, 12> Rows = {{
     {&U::RedJ, &U::GreenJ, &U::BlueJ, &U::BColor1, &Fader5::borderColor},
 }};
 
-/// A bar that writes its value into a box, with what stands behind the number.
+/// A bar that writes its value into a box, with a unit behind the number.
 struct NumberBar
 {
     ScrollBar* U::*bar;

@@ -51,7 +51,7 @@ struct FaderSettings
     QString linkClose; ///< closing tag of a link, or empty
 };
 
-/// What a fragment is made for. They differ a little. That is meant: a page tells by it how it was made.
+/// What a fragment is made for. Fragments differ a little by it. So meant: a page tells how it was made.
 enum class FaderUser {
     Sample,      ///< the sample of the tool
     Copy,        ///< the clipboard

@@ -141,7 +141,7 @@ void FrmBody::Command4_Click()
 /// Ticks all boxes, whatever the file holds. One whose tag is missing there adds nothing to the page.
 void FrmBody::Command5_Click()
 {
-    static_cast<void>(loadPreset(preset(), [this] { // failure: the window shows what could be read
+    static_cast<void>(loadPreset(preset(), [this] { // on failure it shows what could be read
         for (const Attribute& attribute : Attributes)
             (this->*attribute.box)->setValue(1);
     }));

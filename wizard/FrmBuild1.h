@@ -19,7 +19,7 @@ public:
     /// are.
     FrmBuild1();
 
-    /// The record as the page holds it now. Line ends of the description are CR LF.
+    /// The record as it is filled in so far. Line ends of the description are CR LF.
     Listing listing() const;
 
     QStringList payments;      ///< lines of the payment list, in the order of the clicks
