@@ -7,6 +7,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
+#include "services/Messages.h"
 
 #include <limits>
 #include <optional>
@@ -30,8 +31,7 @@ std::optional<int> wholeNumber(const QLineEdit* box)
 /// Tells the user that there is no whole number in a box, and puts them there.
 void refuse(QLineEdit* box)
 {
-    MsgBox(QStringLiteral("Please enter a whole number."), QStringLiteral("Information"),
-           MsgIcon::Information);
+    showMessage(Messages::NoWholeNumber);
     box->setFocus();
     box->selectAll();
 }
@@ -83,8 +83,7 @@ void FrmAddTable::Command1_Click()
         return;
     }
     if (qint64(*rows) * qMax(1, *columns) > MostCells) {
-        MsgBox(QStringLiteral("The table is too large. It can have up to %1 cells.").arg(MostCells),
-               QStringLiteral("Information"), MsgIcon::Information);
+        showMessage(Messages::TableTooLarge, QString::number(MostCells));
         txtRows->setFocus();
         return;
     }

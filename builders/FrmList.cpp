@@ -6,6 +6,7 @@
 #include "colour/FrmFonts.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "services/Messages.h"
 #include "shell/Icons.h"
 
 #include <QMouseEvent>
@@ -61,7 +62,7 @@ void FrmList::Command1_Click()
 {
     const QString word = Text1->text();
     if (word.isEmpty()) {
-        MsgBox(QStringLiteral("No word ?"), QStringLiteral("Error"), MsgIcon::Information);
+        showMessage(Messages::NoWord);
         return;
     }
     items += listItem(word, wordFont);
@@ -90,7 +91,7 @@ bool FrmList::hasWords()
 {
     if (List1->ListCount() > 0)
         return true;
-    MsgBox(QStringLiteral("There no lists."), QStringLiteral("Error"), MsgIcon::Information);
+    showMessage(Messages::NoLists);
     return false;
 }
 
@@ -111,9 +112,7 @@ void FrmList::Command22_Click()
 
 void FrmList::Command2_Click()
 {
-    if (List1->ListCount() == 0 ||
-        MsgBox(QStringLiteral("Do you wish to clear the list ?"), QStringLiteral("Clear list"),
-               MsgIcon::Question, MsgButtons::NoYes) != MsgAnswer::Yes)
+    if (List1->ListCount() == 0 || !confirmed(Messages::ClearList))
         return;
     List1->Clear();
     items.clear();
@@ -122,9 +121,7 @@ void FrmList::Command2_Click()
 
 void FrmList::Command7_Click()
 {
-    if (List1->ListCount() == 0 ||
-        MsgBox(QStringLiteral("You fill out lists, Are you sure you wish cancel it ?"),
-               QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes)
+    if (List1->ListCount() == 0 || confirmed(Messages::CancelList))
         Unload();
 }
 

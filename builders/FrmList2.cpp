@@ -9,6 +9,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "services/Codes.h"
+#include "services/Messages.h"
 #include "services/Profile.h"
 #include "shell/Icons.h"
 #include "shell/ScreenFonts.h"
@@ -22,7 +23,7 @@ const QString CharacterCaption = QStringLiteral("List Properties Character");
 
 QString titlesFile()
 {
-    return appFile(QStringLiteral("\\list2.ini"));
+    return appFile(DataFile::ListTitles);
 }
 
 } // namespace
@@ -208,9 +209,7 @@ void FrmList2::Text1_EnterPressed()
 
 void FrmList2::Command2_Click()
 {
-    if (List1->ListCount() == 0 ||
-        MsgBox(QStringLiteral("Do you sure you wish clear list ?"), QStringLiteral("Clear list"),
-               MsgIcon::Question, MsgButtons::NoYes) != MsgAnswer::Yes)
+    if (List1->ListCount() == 0 || !confirmed(Messages::ClearCharacterList))
         return;
     List1->Clear();
     WebBrowser1->writeSoon(QString());
@@ -251,8 +250,6 @@ void FrmList2::Command18_Click()
 
 void FrmList2::Command13_Click()
 {
-    if (List1->ListCount() == 0 ||
-        MsgBox(QStringLiteral("Are you sure you wish cancel it ?"), QStringLiteral("Information"),
-               MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes)
+    if (List1->ListCount() == 0 || confirmed(Messages::CancelTool))
         Unload();
 }

@@ -12,6 +12,7 @@
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"
+#include "services/Messages.h"
 #include "services/Profile.h"
 #include "shell/Icons.h"
 #include "shell/SavedTitles.h"
@@ -104,12 +105,12 @@ QStringList entries(const ListBox& list)
 
 QString setsFile()
 {
-    return appFile(QStringLiteral("\\Table.ini"));
+    return appFile(DataFile::TableSets);
 }
 
 QString titlesFile()
 {
-    return appFile(QStringLiteral("\\Table2.ini"));
+    return appFile(DataFile::TableTitles);
 }
 
 /// A number of a saved set; 0 where it is missing, no number, or out of range, so that the user still gets
@@ -129,11 +130,6 @@ struct Overloaded : Functions...
 };
 template <typename... Functions>
 Overloaded(Functions...) -> Overloaded<Functions...>;
-
-void information(const QString& prompt)
-{
-    MsgBox(prompt, QStringLiteral("Information"), MsgIcon::Information);
-}
 
 } // namespace
 
@@ -276,8 +272,7 @@ void FrmTable::addRow()
     const QString left = Text1->text();
     const QString right = Text2->text();
     if (left.isEmpty()) {
-        information(right.isEmpty() ? QStringLiteral("Cannot add without word.")
-                                    : QStringLiteral("Have to use in first box."));
+        showMessage(right.isEmpty() ? Messages::NoTableWord : Messages::FirstBoxFirst);
         return;
     }
     const RowCells row = rowCells(cellStyle(), cellColor, left, right);
@@ -294,8 +289,7 @@ void FrmTable::addRow()
 
 void FrmTable::Command5_Click()
 {
-    if (MsgBox(QStringLiteral("Are you sure you wish list clear ?"), QStringLiteral("List Clear?"),
-               MsgIcon::Information, MsgButtons::NoYes) != MsgAnswer::Yes)
+    if (!confirmed(Messages::ClearTable))
         return;
     List1->Clear();
     List2->Clear();
@@ -502,8 +496,7 @@ bool FrmTable::hasWords()
 {
     if (List1->ListCount() > 0)
         return true;
-    MsgBox(QStringLiteral("Cannot add to editor because no word."), QStringLiteral("Error"),
-           MsgIcon::Information);
+    showMessage(Messages::NoWordToAdd);
     return false;
 }
 
@@ -522,8 +515,7 @@ void FrmTable::Command8_Click()
 void FrmTable::Command3_Click()
 {
     const bool empty = List1->ListCount() == 0 && List2->ListCount() == 0;
-    if (empty || MsgBox(QStringLiteral("Are you sure you wish cancel it ?"), QStringLiteral("Information"),
-                        MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes)
+    if (empty || confirmed(Messages::CancelTool))
         Unload();
 }
 

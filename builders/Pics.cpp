@@ -4,6 +4,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "services/Messages.h"
 #include "shell/Icons.h"
 
 #include <array>
@@ -59,12 +60,12 @@ Pics::Pics()
 
 PictureSettings Pics::settings() const
 {
-    PictureSettings settings{.Text1 = Text1->text(),
-                             .Check1 = Check1->Value() == 1,
-                             .combo1 = combo1->text(),
-                             .combo2 = combo2->text(),
-                             .combo3 = combo3->text(),
-                             .ChkP = ChkP->Value() == 1};
+    PictureSettings settings{.address = Text1->text(),
+                             .sized = Check1->Value() == 1,
+                             .width = combo1->text(),
+                             .height = combo2->text(),
+                             .border = combo3->text(),
+                             .inParagraph = ChkP->Value() == 1};
     for (const AlignOption& entry : AlignOptions) {
         if ((this->*entry.option)->Value())
             settings.align = QLatin1String(entry.word);
@@ -81,8 +82,7 @@ bool Pics::requireAddress()
 {
     if (hasAddress())
         return true;
-    MsgBox(QStringLiteral("Cannot add to editor because no URL address."), QStringLiteral("Error"),
-           MsgIcon::Information);
+    showMessage(Messages::NoPictureAddress);
     return false;
 }
 
@@ -91,7 +91,7 @@ void Pics::showSample(bool sized)
     if (!hasAddress())
         return;
     PictureSettings shown = settings();
-    shown.Check1 = sized;
+    shown.sized = sized;
     WebBrowser1->writeSoon(pictureTag(shown));
 }
 

@@ -10,6 +10,7 @@
 #include "platform/Events.h"
 #include "platform/PlainText.h"
 #include "platform/WaitCursor.h"
+#include "services/Messages.h"
 #include "shell/Icons.h"
 #include "shell/ListingEditor.h"
 #include "shell/ScreenFonts.h"
@@ -337,8 +338,7 @@ void Fader5::Text1_Change()
     if (characters.size() > Longest) {
         const QSignalBlocker quiet(Text1);
         Text1->setPlainText(characters.first(Longest).join(QString()));
-        MsgBox(QStringLiteral("The text is too long. Its first %1 characters were taken.").arg(Longest),
-               QStringLiteral("Information"), MsgIcon::Information);
+        showMessage(Messages::FadeCut, QString::number(Longest));
     }
     refresh();
 }
@@ -368,8 +368,7 @@ void Fader5::Command16_Click()
 void Fader5::Command2_Click()
 {
     if (Text1->document()->isEmpty()) {
-        MsgBox(QStringLiteral("Cannot add to editor because no word."), QStringLiteral("Error"),
-               MsgIcon::Information);
+        showMessage(Messages::NoWordToAdd);
         return;
     }
     const ListingEditor* editor = loadedEditor();
@@ -381,9 +380,7 @@ void Fader5::Command2_Click()
         addToEditor(text);
         break;
     case ListingEditor::PreviewTab:
-        MsgBox(QStringLiteral("Cannot add to editor because preview is open, please click tag ''Editor'' to "
-                              "open first."),
-               QStringLiteral("Error"), MsgIcon::Information);
+        showMessage(Messages::PreviewIsOpen);
         break;
     case ListingEditor::InternetTab:
         break;

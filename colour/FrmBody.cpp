@@ -5,6 +5,7 @@
 #include "colour/ColorRow.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "services/Messages.h"
 #include "shell/ListingEditor.h"
 
 #include <QMouseEvent>
@@ -110,8 +111,7 @@ void FrmBody::Command1_Click()
         return (this->*attribute.box)->Value() != 0;
     });
     if (none) {
-        MsgBox(QStringLiteral("There none check in box, cannot add to editor."), QStringLiteral("Error"),
-               MsgIcon::Information);
+        showMessage(Messages::NoBoxTicked);
         return;
     }
     if (ListingEditor* editor = loadedEditor())

@@ -24,7 +24,7 @@ void setAppPath(const QString& folder)
     chosenFolder() = folder;
 }
 
-QString appFile(const QString& name)
+QString appFile(QStringView name)
 {
-    return AppPath() + QString(name).replace(u'\\', u'/');
+    return AppPath() + name.toString().replace(u'\\', u'/');
 }

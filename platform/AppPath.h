@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringView>
 
 /// The program's own folder, in which all settings and data files lie; without a slash at its end.
 QString AppPath();
@@ -9,6 +10,22 @@ QString AppPath();
 /// Makes another folder the program's: each test lives in one of its own.
 void setAppPath(const QString& folder);
 
-/// The path of a data file: `AppPath` plus a name that begins with a backslash, such as "\web.ini",
-/// in the form that the file system takes.
-QString appFile(const QString& name);
+/// The settings, lists and texts beside the program, all of them.
+namespace DataFile {
+inline constexpr QStringView Settings = u"\\web.ini";
+inline constexpr QStringView Addresses = u"\\Ils.ini"; ///< of the tab Internet
+inline constexpr QStringView QuickWords = u"\\Quick.ini";
+inline constexpr QStringView TableSets = u"\\Table.ini";
+inline constexpr QStringView TableTitles = u"\\Table2.ini"; ///< of those sets
+inline constexpr QStringView ListTitles = u"\\list2.ini";
+inline constexpr QStringView PageColors = u"\\webstyle.ini";
+inline constexpr QStringView PageColorTitles = u"\\webstyle2.ini";
+inline constexpr QStringView PaymentTerms = u"\\weblst.ini"; ///< terms are named ".ini", but HTML
+inline constexpr QStringView LocationTerms = u"\\weblst2.ini";
+inline constexpr QStringView WhoPaysTerms = u"\\weblst3.ini";
+inline constexpr QStringView Help = u"\\Help0.htm";
+} // namespace DataFile
+
+/// The path of a data file: `AppPath` plus a name that begins with a backslash, in the form that the file
+/// system takes.
+QString appFile(QStringView name);

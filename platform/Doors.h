@@ -8,7 +8,8 @@
 #include <optional>
 
 /// The program's title, as message boxes without a title of their own show it.
-inline const QString ProgramTitle = QStringLiteral("Brindlemark");
+inline constexpr QStringView OwnTitle = u"Brindlemark";
+inline const QString ProgramTitle = OwnTitle.toString();
 /// The product's name and number, as captions hold it.
 inline const QString ProgramName = QStringLiteral("Brindlemark " PROGRAM_VERSION);
 

@@ -185,7 +185,7 @@ QByteArrayView takeField(QByteArrayView& rest)
 
 QString webIni()
 {
-    return appFile(QStringLiteral("\\web.ini"));
+    return appFile(DataFile::Settings);
 }
 
 Profile::Profile(const QString& file)

@@ -6,6 +6,7 @@
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
 #include "services/Desktop.h"
+#include "services/Messages.h"
 #include "source/RichTextBox.h"
 
 #include <QByteArrayMatcher>
@@ -124,8 +125,7 @@ int Find::findText() const
         return -1;
     const int hit = searchSource();
     if (hit < 1) {
-        MsgBox(QStringLiteral("'") + wanted + QStringLiteral("' cannot be found."),
-               QStringLiteral("Not found"), MsgIcon::Exclamation);
+        showMessage(Messages::NotFound, wanted);
     }
     return hit;
 }
@@ -162,5 +162,5 @@ void Find::Command6_Click()
     if (!m_source || find.isEmpty() || with.isEmpty())
         return;
     replaceEverywhere(*m_source, find, with);
-    MsgBox(QStringLiteral("''") + with + QStringLiteral("'' - Done replacing."), QStringLiteral("Search"));
+    showMessage(Messages::Replaced, with);
 }

@@ -21,12 +21,12 @@ FrmHelp::FrmHelp() : WebBrowser1(new DocumentSurface(this))
     setEscape([this] { Unload(); });
 
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
-    WebBrowser1->Navigate(appFile(QStringLiteral("\\Help0.htm")));
+    WebBrowser1->Navigate(appFile(DataFile::Help));
 }
 
 void FrmHelp::showSection(const QString& id)
 {
-    QUrl place = QUrl::fromLocalFile(appFile(QStringLiteral("\\Help0.htm")));
+    QUrl place = QUrl::fromLocalFile(appFile(DataFile::Help));
     place.setFragment(id);
     WebBrowser1->Navigate(place.toString(QUrl::FullyEncoded)); // a page that is there already only scrolls
     Show();

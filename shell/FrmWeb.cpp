@@ -197,7 +197,7 @@ void FrmWeb::switchTools()
 /// The load step: settings, blank surfaces, fonts.
 void FrmWeb::loadSettings()
 {
-    LoadList(appFile(QStringLiteral("\\Ils.ini")), *Combo3);
+    LoadList(appFile(DataFile::Addresses), *Combo3);
     Combo3->setText(ReadProfile(QStringLiteral("internet"), QStringLiteral("home"), webIni()));
     RichTextBox1->setTextFont(QFont(QStringLiteral("Comic Sans MS"), 10));
     loadEditorFont();

@@ -8,6 +8,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "services/Codes.h"
+#include "services/Messages.h"
 #include "services/PictureHtml.h"
 #include "shell/FrmWeb.h"
 #include "shell/Generator.h"
@@ -31,12 +32,6 @@ const QByteArray BlankDocument =
 /// A file of so many bytes takes about a second to open.
 constexpr qint64 LongFile = 50'000'000;
 
-void sayCannotSave()
-{
-    MsgBox(QStringLiteral("There has been a (25)error, Cannot save file."), QStringLiteral("Error"),
-           MsgIcon::Stop);
-}
-
 } // namespace
 
 bool FrmWeb::Checksafe()
@@ -47,8 +42,7 @@ bool FrmWeb::Checksafe()
     if (name.isEmpty())
         name = Document::Untitled;
     Beep();
-    switch (MsgBox(name + QStringLiteral(" - File has changed. Do you wish to save changes ?"), ProgramTitle,
-                   MsgIcon::Information, MsgButtons::YesNoCancel)) {
+    switch (showMessage(Messages::SaveChanges, name)) {
     case MsgAnswer::Yes: {
         m_document->setToBeSaved(true);
         if (SSTab1->Tab() == InternetTab)
@@ -90,7 +84,7 @@ void FrmWeb::SaveFileAs(const QString& path)
         const WaitCursor hourglass;
         Document::writeRecord(path, RichTextBox1->Text());
     } catch (const RuntimeError& error) {
-        MsgBox(error.description(), ProgramTitle, MsgIcon::Exclamation);
+        showMessage(Messages::CannotWrite, error.description());
         return;
     }
     setCaption(path);
@@ -167,7 +161,7 @@ bool FrmWeb::newDocument()
         if (!mayGiveUp())
             return false;
     } catch (const RuntimeError&) { // the same torn tag, but the user wants the text saved
-        sayCannotSave();
+        showMessage(Messages::CannotSave);
         return false;
     }
     emptyDocument();
@@ -227,7 +221,7 @@ void FrmWeb::insertPictures(const QStringList& paths, int position)
     QStringList others;
     for (const QString& path : paths) {
         if (isPictureFile(path)) {
-            tags += pictureTag({.Text1 = QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)});
+            tags += pictureTag({.address = QUrl::fromLocalFile(path).toString(QUrl::FullyEncoded)});
         } else {
             others << QFileInfo(path).fileName();
         }
@@ -295,9 +289,7 @@ SaveResult FrmWeb::saveAs()
     if (!dialog.ShowSave() || dialog.FileName.isEmpty())
         return SaveResult::Cancelled;
     if (Document::bareName(dialog.FileName) == dialog.FileTitle &&
-        MsgBox(
-            QStringLiteral("[ %1 ] - already exists.\r\nDo you want to replace it ?").arg(dialog.FileTitle),
-            QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::No)
+        !confirmed(Messages::MayReplace, dialog.FileTitle))
         return SaveResult::Cancelled;
 
     const SaveResult result = write(dialog.FileName);
@@ -321,7 +313,7 @@ SaveResult FrmWeb::write(const QString& path)
         m_document->save(path, text, SSTab1->Tab() != InternetTab);
         return SaveResult::Saved;
     } catch (const RuntimeError&) {
-        sayCannotSave();
+        showMessage(Messages::CannotSave);
         return SaveResult::Failed;
     }
 }

@@ -8,6 +8,7 @@
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
 #include "services/Desktop.h"
+#include "services/Messages.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
@@ -71,8 +72,7 @@ void FrmWeb::setEditorBackground(int color)
 void FrmWeb::munsetfont_Click()
 {
     if (highlighted) {
-        MsgBox(QStringLiteral("Please select Editor Unhighlight first."), QStringLiteral("Infor"),
-               MsgIcon::Information);
+        showMessage(Messages::UnhighlightFirst);
         return;
     }
     if (SSTab1->Tab() != EditorTab)

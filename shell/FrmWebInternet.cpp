@@ -5,6 +5,7 @@
 #include "platform/AppPath.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "services/Messages.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
 
@@ -28,7 +29,7 @@ QString homePage()
 
 QString addressFile()
 {
-    return appFile(QStringLiteral("\\Ils.ini"));
+    return appFile(DataFile::Addresses);
 }
 
 /// A button of the tab, the menu entry that does the same while the tab is up, and what they do. Where there
@@ -115,8 +116,7 @@ void FrmWeb::muoptions_Click()
 
 void FrmWeb::muaddressclear_Click()
 {
-    if (MsgBox(QStringLiteral("Are you sure you wish clear the address list ?"),
-               QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) != MsgAnswer::Yes)
+    if (!confirmed(Messages::ClearAddresses))
         return;
     Combo3->Clear();
     Combo3->setText(QString());

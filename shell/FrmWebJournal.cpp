@@ -4,6 +4,7 @@
 
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
+#include "services/Messages.h"
 #include "shell/FrmWeb.h"
 #include "shell/Generator.h"
 #include "shell/Regions.h"
@@ -24,15 +25,12 @@ constexpr auto TryAgain = 1s;
 /// The end of the generator tag in a page that has come from the design surface and is not stamped yet.
 constexpr char SurfaceGenerator[] = "\"Brindlemark surface\" name=GENERATOR>";
 
-QString question(const Journal::Leftover& left)
+/// What is told of a kept text before it is offered.
+QString told(const Journal::Leftover& left)
 {
-    QString what = QStringLiteral("Brindlemark was not closed properly the last time. Only a part of its "
-                                  "unsaved text could be kept.");
-    if (left.whole) {
-        what = QStringLiteral("Brindlemark ended before %1 was saved. Its text was kept.")
-                   .arg(QFileInfo(left.document).fileName());
-    }
-    return what + QStringLiteral("\n\nDo you want it back? No deletes it.");
+    if (!left.whole)
+        return Messages::KeptInPart.toString();
+    return Messages::KeptWhole.toString().arg(QFileInfo(left.document).fileName());
 }
 
 } // namespace
@@ -80,7 +78,7 @@ void FrmWeb::keepUnread()
 void FrmWeb::offerUnsavedText()
 {
     while (const std::optional<Journal::Leftover> left = m_document->takeLeftover()) {
-        if (MsgBox(question(*left), ProgramTitle, MsgIcon::Question, MsgButtons::YesNo) == MsgAnswer::Yes) {
+        if (confirmed(Messages::TakeBack, told(*left))) {
             bringBack(*left);
             return; // other texts are offered at the next start
         }

@@ -6,6 +6,7 @@
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
+#include "services/Messages.h"
 #include "shell/FrmWeb.h"
 #include "shell/Regions.h"
 #include "shell/SurfaceCommands.h"
@@ -186,10 +187,7 @@ void FrmWeb::writeSurface(DocumentSurface* surface, const QString& html)
         m_document->surfaceWritten();
     m_lastShown = html;
     if (!underHourglass([&] { return surface->write(html); })) {
-        MsgBox(QStringLiteral(
-                   "The page cannot be shown: a script in it does not end, or its process has ended.\n"
-                   "Your text is safe in the editor."),
-               ProgramTitle, MsgIcon::Exclamation);
+        showMessage(Messages::PageEnded);
     }
 }
 
@@ -229,10 +227,7 @@ QString FrmWeb::readSurfaceOrLast(DocumentSurface* surface)
 /// hidden preview waits until it is needed, as its scripts may have been what ended it.
 void FrmWeb::replaceLost(DocumentSurface* surface)
 {
-    MsgBox(QStringLiteral(
-               "The process that showed the page has ended. What was edited on the page in the last seconds "
-               "may be lost; your text in the editor is as it was, and nothing was saved."),
-           ProgramTitle, MsgIcon::Exclamation);
+    showMessage(Messages::SurfaceEnded);
     if (surface == WebBrowser1 || surface->isVisible())
         writeSurface(surface, m_lastShown);
 }

@@ -8,19 +8,14 @@
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 #include "services/Desktop.h"
+#include "services/Messages.h"
 #include "services/Profile.h"
 
 namespace {
 
 QString listFile()
 {
-    return appFile(QStringLiteral("\\Quick.ini"));
-}
-
-bool confirmed(const QString& question)
-{
-    return MsgBox(question, QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) ==
-           MsgAnswer::Yes;
+    return appFile(DataFile::QuickWords);
 }
 
 } // namespace
@@ -79,11 +74,10 @@ void FrmWord::Command1_Click()
 void FrmWord::Command2_Click()
 {
     if (List1->selectedItems().isEmpty()) {
-        MsgBox(QStringLiteral("No items selected."), QStringLiteral("Error: No items selected."),
-               MsgIcon::Stop);
+        showMessage(Messages::NoneSelected);
         return;
     }
-    if (!confirmed(QStringLiteral("Are you sure you wish delete it ?")))
+    if (!confirmed(Messages::DeleteWord))
         return;
     const LongWork signs;
     EventYield events;
@@ -100,7 +94,7 @@ void FrmWord::Command2_Click()
 
 void FrmWord::Command3_Click()
 {
-    if (!confirmed(QStringLiteral("Are you sure you wish delete all ?")))
+    if (!confirmed(Messages::DeleteAllWords))
         return;
     List1->Clear();
     saveList();

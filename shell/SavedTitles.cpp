@@ -4,6 +4,7 @@
 
 #include "forms/ComboBox.h"
 #include "platform/Doors.h"
+#include "services/Messages.h"
 #include "services/Profile.h"
 
 namespace {
@@ -19,8 +20,7 @@ bool hasEntry(const ComboBox& list, const QString& text)
 
 bool mayReplace(const QString& title)
 {
-    return MsgBox(QStringLiteral("[ %1 ] - already exists.\r\nDo you want to replace it ?").arg(title),
-                  QStringLiteral("Information"), MsgIcon::Information, MsgButtons::YesNo) == MsgAnswer::Yes;
+    return confirmed(Messages::MayReplace, title);
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "services/Messages.h"
 #include "services/Profile.h"
 #include "shell/ListingEditor.h"
 
@@ -23,7 +24,7 @@ void tellingWantOfMemory(const std::function<void()>& make)
     try {
         make();
     } catch (const std::bad_alloc&) {
-        MsgBox(QStringLiteral("There is not enough memory for this."), ProgramTitle, MsgIcon::Exclamation);
+        showMessage(Messages::NoMemory);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/PlainText.h"
+#include "services/Messages.h"
 #include "services/Profile.h"
 #include "wizard/FrmBuild2.h"
 #include "wizard/FrmTerms.h"
@@ -419,29 +420,27 @@ void FrmBuild1::ChkSlist_Click()
     keep(PaysSection, "ChkSlist", ChkSlist->Value() == 1);
 }
 
-/// The message for the first thing that the seller hasn't given yet; empty when all is there.
-QString FrmBuild1::firstMissing() const
+/// The message for the first thing that the seller hasn't given yet; null when all is there.
+const Message* FrmBuild1::firstMissing() const
 {
     struct Check
     {
         bool missing;
-        const char* message;
+        const Message& message;
     };
     const bool noCosts = OptPS2->Value() && ChkZC->Value() == 0 && TxSH1->text() == QLatin1String("0") &&
                          TxSH2->text() == QLatin1String("00");
     for (const Check& check : {
-             Check{Text1->text().isEmpty(), "Please enter what item you sell ?"},
-             Check{Text2->document()->isEmpty(), "Please enter Description:"},
-             Check{noneChecked(this, PaymentBoxes), "Please enter What methods of payment do you accept ?"},
-             Check{
-                 OptLS3->Value() && noneChecked(this, RegionBoxes),
-                 "Please check ship to the United States and the following regions: (Check all that apply)"},
-             Check{noCosts, "Please enter Shipping and Handling costs:"},
+             Check{Text1->text().isEmpty(), Messages::NoTitle},
+             Check{Text2->document()->isEmpty(), Messages::NoDescription},
+             Check{noneChecked(this, PaymentBoxes), Messages::NoPayment},
+             Check{OptLS3->Value() && noneChecked(this, RegionBoxes), Messages::NoRegion},
+             Check{noCosts, Messages::NoCosts},
          }) {
         if (check.missing)
-            return QLatin1String(check.message);
+            return &check.message;
     }
-    return {};
+    return nullptr;
 }
 
 void FrmBuild1::collectAddresses()
@@ -456,9 +455,8 @@ void FrmBuild1::collectAddresses()
 
 void FrmBuild1::Command1_Click()
 {
-    const QString missing = firstMissing();
-    if (!missing.isEmpty()) {
-        MsgBox(missing, QStringLiteral("Build Wizard"), MsgIcon::Information);
+    if (const Message* missing = firstMissing()) {
+        showMessage(*missing);
         return;
     }
     reachedPage2 = true;

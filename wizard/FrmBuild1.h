@@ -7,6 +7,8 @@
 
 #include <QStringList>
 
+struct Message;
+
 /// Page 1 of the listing wizard: five tabs that hold the record of one listing. Payments, regions and who
 /// pays come back from web.ini; title, description and pictures begin anew. The page is only hidden while
 /// page 2 is shown, and writes the settings when it is unloaded.
@@ -37,7 +39,7 @@ private:
     void enableAddresses(bool on);
     void enableRegions(bool on);
     void enableTax(bool on);
-    QString firstMissing() const;
+    const Message* firstMissing() const;
     void collectAddresses();
     void OptP_Click();
     void OptLS_Click();

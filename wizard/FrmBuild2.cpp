@@ -6,6 +6,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
+#include "services/Messages.h"
 #include "services/PerStyle.h"
 #include "services/Profile.h"
 #include "shell/GeneratorTag.h"
@@ -27,14 +28,14 @@ constexpr int LastStyle = int(StyleCount) - 1;
 
 QString setNamesFile()
 {
-    return appFile(QStringLiteral("\\webstyle2.ini"));
+    return appFile(DataFile::PageColorTitles);
 }
 
 TermsTexts readTerms()
 {
     TermsTexts texts;
     for (size_t i = 0; i < texts.size(); ++i)
-        texts[i] = GetTermsList(QString::fromLatin1(TermsFiles[i].file));
+        texts[i] = GetTermsList(TermsFiles[i].file);
     return texts;
 }
 
@@ -202,9 +203,7 @@ FrmBuild2::PageResult FrmBuild2::generate()
             result = PageResult::Made;
         });
     } catch (const SurfaceLost&) {
-        MsgBox(QStringLiteral("The page cannot be made: the process that lays it out has ended.\n"
-                              "Nothing is lost; please try again."),
-               ProgramTitle, MsgIcon::Exclamation);
+        showMessage(Messages::ListingEnded);
     }
     return result;
 }
@@ -239,8 +238,7 @@ void FrmBuild2::Command6_Click()
 
 void FrmBuild2::Command4_Click()
 {
-    if (MsgBox(QStringLiteral("Are you sure you wish cancel it ?"), QStringLiteral("Information"),
-               MsgIcon::None, MsgButtons::YesNo) == MsgAnswer::Yes)
+    if (confirmed(Messages::CancelWizard))
         finish();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/Events.h"
 #include "platform/Files.h"
 #include "platform/WaitCursor.h"
+#include "services/Messages.h"
 #include "shell/Icons.h"
 #include "shell/SurfaceCommands.h"
 #include "wizard/Terms.h"
@@ -70,9 +71,7 @@ void FrmTerms::edit(const QString& html)
 {
     m_lastShown = html;
     if (!WebBrowser1->write(html)) {
-        MsgBox(QStringLiteral("The terms cannot be shown: the process that shows them has ended. Their file "
-                              "is as it was."),
-               ProgramTitle, MsgIcon::Exclamation);
+        showMessage(Messages::TermsUnshown);
     }
 }
 
@@ -127,9 +126,7 @@ void FrmTerms::WebBrowser1_RendererDied()
 /// After the loss of the page, tells the user and shows the text that was kept last.
 void FrmTerms::bringBack()
 {
-    MsgBox(QStringLiteral("The process that showed the terms has ended. What was changed in the last seconds "
-                          "may be lost; their file is as it was."),
-           ProgramTitle, MsgIcon::Exclamation);
+    showMessage(Messages::TermsEnded);
     edit(m_lastShown);
 }
 
@@ -142,8 +139,7 @@ void FrmTerms::Command14_Click()
     } catch (const SurfaceLost&) {
         bringBack();
     } catch (const RuntimeError&) {
-        MsgBox(QStringLiteral("There has been a (28)error, Cannot save file."), QStringLiteral("Error"),
-               MsgIcon::Stop);
+        showMessage(Messages::CannotSaveTerms);
     }
 }
 
@@ -158,7 +154,7 @@ void FrmTerms::save()
     if (!head.isEmpty())
         Clipboard::SetText(QString::fromUtf8(head));
     if (m_terms)
-        writeFile(appFile(QString::fromLatin1(m_terms->file)), text + lineEnd.data());
+        writeFile(appFile(m_terms->file), text + lineEnd.data());
 }
 
 void FrmTerms::open(const TermsFile& terms)
@@ -166,7 +162,7 @@ void FrmTerms::open(const TermsFile& terms)
     m_terms = &terms;
     setWindowTitle(QString::fromLatin1(terms.caption));
     Show();
-    QString text = GetTermsList(QString::fromLatin1(terms.file));
+    QString text = GetTermsList(terms.file);
     if (text.endsWith(lineEnd)) // or each saving would add one more
         text.chop(lineEnd.size());
     edit(text);

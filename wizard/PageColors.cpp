@@ -62,7 +62,7 @@ void paintParts(const PageLook& look, DrawingColors& drawing, Wanted wanted)
 
 QString setsFile()
 {
-    return appFile(QStringLiteral("\\webstyle.ini"));
+    return appFile(DataFile::PageColors);
 }
 
 } // namespace

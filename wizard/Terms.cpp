@@ -2,13 +2,12 @@
 
 #include "wizard/Terms.h"
 
-#include "platform/AppPath.h"
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
 #include "source/TextEncoding.h"
 #include "source/TextSearch.h"
 
-QString GetTermsList(const QString& name)
+QString GetTermsList(QStringView name)
 {
     try {
         const QByteArray bytes = readFile(appFile(name));

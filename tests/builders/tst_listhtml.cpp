@@ -109,12 +109,12 @@ void TestListHtml::pictures()
     QFETCH(bool, paragraph);
     QFETCH(QString, align);
     QFETCH(QString, tag);
-    QCOMPARE(pictureTag({.Text1 = QStringLiteral("http://a/b c.jpg"),
-                         .Check1 = sized,
-                         .combo1 = QStringLiteral("wide"),
-                         .combo2 = QStringLiteral("200"),
-                         .combo3 = QStringLiteral("0"),
-                         .ChkP = paragraph,
+    QCOMPARE(pictureTag({.address = QStringLiteral("http://a/b c.jpg"),
+                         .sized = sized,
+                         .width = QStringLiteral("wide"),
+                         .height = QStringLiteral("200"),
+                         .border = QStringLiteral("0"),
+                         .inParagraph = paragraph,
                          .align = align}),
              tag);
 }

@@ -230,7 +230,7 @@ void TestProfile::reads()
 
 void TestProfile::readsFromAnyKindOfFile()
 {
-    QCOMPARE(ReadProfile("Color", "back", appFile("\\web.ini")), QString());
+    QCOMPARE(ReadProfile("Color", "back", appFile(u"\\web.ini")), QString());
     QVERIFY(QDir(m_folder->path()).isEmpty()); // asking for a file doesn't make it
     QCOMPARE(ReadProfile("Color", "back", m_folder->path()), QString());
     QCOMPARE(ReadProfile("Color", "back", path("gone/web.ini")), QString());
@@ -239,7 +239,7 @@ void TestProfile::readsFromAnyKindOfFile()
 
     make("web.ini", "[Color]\r\nback=255\r\n");
     QVERIFY(QFile::setPermissions(ini(), QFile::ReadOwner | QFile::ReadUser));
-    QCOMPARE(ReadProfile("Color", "back", appFile("\\web.ini")), QStringLiteral("255"));
+    QCOMPARE(ReadProfile("Color", "back", appFile(u"\\web.ini")), QStringLiteral("255"));
 }
 
 void TestProfile::longValuesAreCut_data()
