@@ -32,6 +32,8 @@
 #include <algorithm>
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 /// Shows the form's one window when the menu entry is chosen.
@@ -100,8 +102,8 @@ void showHelpOf(const Form& form)
     const auto* section = std::ranges::find_if(HelpSections, [&](const HelpSection& entry) {
         return entry.form == form.metaObject() && entry.tab == tab;
     });
-    ::form<FrmHelp>()->showSection(section == HelpSections.end() ? QString()
-                                                                 : QString::fromLatin1(section->id));
+    brindlemark::form<FrmHelp>()->showSection(
+        section == HelpSections.end() ? QString() : QString::fromLatin1(section->id));
 }
 
 } // namespace
@@ -124,3 +126,5 @@ void connectOpenings(FrmWeb* main)
     opens<About>(main->munabout);
     showHelpBy(showHelpOf);
 }
+
+} // namespace brindlemark

@@ -12,6 +12,8 @@
 #include <QIcon>
 #include <QPointer>
 
+using namespace brindlemark;
+
 namespace {
 
 /// Deletes the windows that are still open at the end, before the toolkit goes.

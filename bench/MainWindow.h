@@ -10,6 +10,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+namespace brindlemark {
+
 /// The `main()` of benchmarks that need the main window: on a copy of the settings that ship, and without a
 /// display.
 template <typename Body>
@@ -29,3 +31,5 @@ int withMainWindow(int argc, char* argv[], Body body)
     delete form<FrmWeb>();
     return 0;
 }
+
+} // namespace brindlemark

@@ -11,6 +11,8 @@
 #include <set>
 #include <unistd.h>
 
+namespace brindlemark {
+
 namespace {
 
 /// How long one batch lasts at least, in milliseconds.
@@ -200,3 +202,5 @@ void measureGrowth(const std::string& group, const Target& target, const std::ve
         }
     }
 }
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+namespace brindlemark {
+
 // What all benchmark programs share: each figure is measured beside its rivals in the same run, taking turns,
 // and printed in lines that `report` makes a page of.
 
@@ -80,3 +82,5 @@ struct Size
 };
 void measureGrowth(const std::string& group, const Target& target, const std::vector<Size>& sizes,
                    const std::function<std::vector<Rival>(qsizetype size)>& rivals);
+
+} // namespace brindlemark

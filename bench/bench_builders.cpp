@@ -25,6 +25,8 @@
 #include <iomanip>
 #include <sstream>
 
+using namespace brindlemark;
+
 namespace {
 
 const std::vector<Size> Counts = {{"1", 1}, {"10", 10}, {"100", 100}, {"1,000", 1000}, {"10,000", 10'000}};

@@ -19,6 +19,8 @@
 #include <cstring>
 #include <memory>
 
+using namespace brindlemark;
+
 namespace {
 
 const QByteArray Old = "price";

@@ -18,6 +18,8 @@
 #include <csignal>
 #include <unistd.h>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr int RestLasts = 2000; // ms without work that count as the end of the start; the splash lasts less

@@ -10,6 +10,8 @@
 
 #include <cstring>
 
+using namespace brindlemark;
+
 namespace {
 
 /// A page with nine tags and two quoted values in each line of 120 bytes, and all that is looked for at its

@@ -17,6 +17,8 @@
 #include <QTemporaryDir>
 #include <string>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString Section = QStringLiteral("Color");

@@ -29,6 +29,8 @@
 #include <limits>
 #include <unistd.h>
 
+using namespace brindlemark;
+
 namespace {
 
 const std::vector<Size> Sizes = {{"10 KB", 10'000}, {"100 KB", 100'000}, {"1 MB", 1'000'000}};

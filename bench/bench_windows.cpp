@@ -17,6 +17,8 @@
 #include <Qsci/qsciscintilla.h>
 #include <iostream>
 
+using namespace brindlemark;
+
 namespace {
 
 /// Counts the paints of a widget.

@@ -15,6 +15,8 @@
 #include <QWindow>
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 constexpr int Rows = (CharMap::Count + CharMap::Columns - 1) / CharMap::Columns;
@@ -332,3 +334,5 @@ void CharMap::focusOutEvent(QFocusEvent* event)
         update();
     });
 }
+
+} // namespace brindlemark

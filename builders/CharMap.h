@@ -3,6 +3,8 @@
 
 #include <QWidget>
 
+namespace brindlemark {
+
 /// 256 cells that show the characters of a font. One can be marked: by a click, or with the space bar on the
 /// cell that the arrow keys stand on. A double click, or the space bar once more, takes the mark away.
 class CharMap : public QWidget
@@ -63,3 +65,5 @@ private:
     bool m_firstMarked = false; // a mark on the first cell counts for nothing and stays
     int m_current = 1;
 };
+
+} // namespace brindlemark

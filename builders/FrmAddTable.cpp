@@ -13,6 +13,8 @@
 #include <optional>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 /// More cells than a page can show, or the source box can hold in good time.
@@ -100,3 +102,5 @@ void FrmAddTable::Command1_Click()
         Unload();
     });
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include "builders/ui_FrmAddTable.h"
 #include "shell/ToolForm.h"
 
+namespace brindlemark {
+
 /// Inserts an empty table of a chosen size at the caret of the source box.
 class FrmAddTable : public ToolForm, public Ui::FrmAddTable
 {
@@ -24,3 +26,5 @@ private:
 
     QString align() const;
 };
+
+} // namespace brindlemark

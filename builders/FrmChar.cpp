@@ -5,6 +5,8 @@
 #include "platform/Events.h"
 #include "shell/ScreenFonts.h"
 
+namespace brindlemark {
+
 FrmChar::FrmChar()
 {
     setupUi(this);
@@ -47,3 +49,5 @@ void FrmChar::Command1_Click()
     emit taken(windowTitle(), Combo1->Text(), LabV->text());
     Hide();
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include "builders/ui_FrmChar.h"
 #include "shell/ToolForm.h"
 
+namespace brindlemark {
+
 /// Lets the user pick a character of a font. The view shows the character under the pointer; once one is
 /// marked, it shows that one. OK only hides the window: the next time mark and font are still there.
 class FrmChar : public ToolForm, public Ui::FrmChar
@@ -23,3 +25,5 @@ private:
     void Command1_Click();
     void showFont();
 };
+
+} // namespace brindlemark

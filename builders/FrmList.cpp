@@ -11,6 +11,8 @@
 
 #include <QMouseEvent>
 
+namespace brindlemark {
+
 namespace {
 
 const QString FontCaption = QStringLiteral("List Properties Font");
@@ -144,3 +146,5 @@ void FrmList::FrmFonts_taken(const QString& caption, const FontChoice& font)
         return;
     wordFont = {font.name, font.size, font.color, font.open, font.close};
 }
+
+} // namespace brindlemark

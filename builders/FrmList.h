@@ -7,6 +7,8 @@
 
 #include <QPointer>
 
+namespace brindlemark {
+
 class ColorRow;
 class FrmFonts;
 struct FontChoice;
@@ -49,3 +51,5 @@ private:
     ColorRow* m_row;
     QPointer<FrmFonts> m_fonts;
 };
+
+} // namespace brindlemark

@@ -15,6 +15,8 @@
 #include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
 
+namespace brindlemark {
+
 namespace {
 
 const QString WordsCaption = QStringLiteral("List Special Character Font");
@@ -253,3 +255,5 @@ void FrmList2::Command13_Click()
     if (List1->ListCount() == 0 || confirmed(Messages::CancelTool))
         Unload();
 }
+
+} // namespace brindlemark

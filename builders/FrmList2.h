@@ -7,6 +7,8 @@
 
 #include <QPointer>
 
+namespace brindlemark {
+
 class ColorRow;
 class FrmChar;
 class FrmFonts;
@@ -61,3 +63,5 @@ private:
     QPointer<FrmChar> m_characters;
     QPointer<FrmFonts> m_fonts;
 };
+
+} // namespace brindlemark

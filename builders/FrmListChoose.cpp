@@ -8,6 +8,8 @@
 
 #include <QShortcut>
 
+namespace brindlemark {
+
 FrmListChoose::FrmListChoose()
 {
     setupUi(this);
@@ -28,3 +30,5 @@ void FrmListChoose::Command2_Click()
     form<FrmList2>()->Show();
     Unload();
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include "builders/ui_FrmListChoose.h"
 #include "forms/Form.h"
 
+namespace brindlemark {
+
 /// Asks which kind of list the user wants to build.
 class FrmListChoose : public Form, public Ui::FrmListChoose
 {
@@ -16,3 +18,5 @@ private:
     void Command1_Click();
     void Command2_Click();
 };
+
+} // namespace brindlemark

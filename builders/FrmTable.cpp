@@ -24,6 +24,8 @@
 #include <utility>
 #include <variant>
 
+namespace brindlemark {
+
 namespace {
 
 using U = Ui::FrmTable;
@@ -586,3 +588,5 @@ void FrmTable::bringAutoColorInLine()
     autoColor()->setColors(parseColor(firstColor), parseColor(secondColor));
     autoColor()->Hide();
 }
+
+} // namespace brindlemark

@@ -8,6 +8,8 @@
 #include <QPointer>
 #include <array>
 
+namespace brindlemark {
+
 class ColorRow;
 class FrmAutoColor;
 
@@ -91,3 +93,5 @@ private:
     std::array<ColorRow*, RowCount> m_rows{};
     QPointer<FrmAutoColor> m_autoColor;
 };
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 /// A font tag, up to its end.
@@ -53,3 +55,5 @@ QString symbolLine(const QString& word, const ListSymbol& symbol, const ListFont
            fontTag("<FONT", symbol.font, symbol.size, symbol.color) + symbol.character +
            QStringLiteral("</FONT>") + QLatin1String(symbol.bold ? "</B>" : "") + spaced(word, font);
 }
+
+} // namespace brindlemark

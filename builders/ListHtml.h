@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace brindlemark {
+
 // The HTML of lists. Nothing is escaped or checked, and no value stands in quotes.
 
 /// The font of a word or a title. The style tags are closed in the order in which they were opened, not
@@ -45,3 +47,5 @@ QString titleLine(const QString& title, const ListFont& font);
 
 /// The line of a word, with its line end.
 QString symbolLine(const QString& word, const ListSymbol& symbol, const ListFont& font);
+
+} // namespace brindlemark

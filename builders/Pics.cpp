@@ -10,6 +10,8 @@
 #include <array>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 using U = Ui::Pics;
@@ -131,3 +133,5 @@ void Pics::Command1_Click()
     if (requireAddress())
         copyFragment(pictureTag(settings()));
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 #include "services/PictureHtml.h"
 #include "shell/ToolForm.h"
 
+namespace brindlemark {
+
 /// The tool that makes the tag of a picture.
 class Pics : public ToolForm, public Ui::Pics
 {
@@ -26,3 +28,5 @@ private:
     void enableAlignments();
     PictureSettings settings() const;
 };
+
+} // namespace brindlemark

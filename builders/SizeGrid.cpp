@@ -10,6 +10,8 @@
 #include <QToolButton>
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 /// A cell: a field in the desktop's colour for marked or for unmarked things.
@@ -120,3 +122,5 @@ void SizeGrid::mark(int rows, int columns)
         cell->update();
     }
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 
 class QAbstractButton;
 
+namespace brindlemark {
+
 /// A grid of five by five cells that picks the size of a table: a click on a cell marks all from the first to
 /// it. Arrow keys move over the cells, the space bar clicks.
 class SizeGrid : public QWidget
@@ -36,3 +38,5 @@ private:
 
     std::array<QAbstractButton*, size_t(Side* Side)> m_cells{};
 };
+
+} // namespace brindlemark

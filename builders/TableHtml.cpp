@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 const QString CrLf = QStringLiteral("\r\n");
@@ -101,3 +103,5 @@ QString skeletonText(const Skeleton& skeleton)
            quoted(" cellpadding", skeleton.cellPadding) + quoted(" bgcolor", skeleton.background) + u'>' +
            CrLf + row.repeated(skeleton.rows) + QStringLiteral("</TABLE>\r\n");
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+namespace brindlemark {
+
 // The HTML of the table designer. Attribute values have no quotes and not all tags are closed. Both are
 // meant: the designer reads its own cells back by the order of their attributes (see TableReadBack.h).
 // Nothing is escaped or checked.
@@ -88,3 +90,5 @@ struct Skeleton
 
 /// An empty table. Its attributes stand in quotes, unlike those of `tableText`. Lines end with CR LF.
 QString skeletonText(const Skeleton& skeleton);
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 using Cut = std::optional<QString>;
@@ -100,3 +102,5 @@ TableReadBack readBack(const QString& cell)
         .fontColor = before(behind(behind(cell, "<Font"), "color=", 1), ">"),
     };
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+namespace brindlemark {
+
 /// The look of a cell, read out of its HTML. What can't be found there has no value.
 struct TableReadBack
 {
@@ -30,3 +32,5 @@ struct TableReadBack
 /// Reads the look of a cell that `cellOpen` has made, with or without its word. The first attribute of each
 /// name counts. The cell's own stand in front of its word, so a word that holds one does no harm.
 TableReadBack readBack(const QString& cell);
+
+} // namespace brindlemark

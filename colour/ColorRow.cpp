@@ -10,6 +10,8 @@
 
 #include <QToolTip>
 
+namespace brindlemark {
+
 namespace {
 
 /// A channel of the row, and the tint of its bar.
@@ -120,3 +122,5 @@ void ColorRow::tellChannels() const
         bar->setAccessibleName(QStringLiteral("%1, %2").arg(m_sample->accessibleName(), channel.toLower()));
     }
 }
+
+} // namespace brindlemark

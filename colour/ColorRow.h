@@ -5,6 +5,8 @@
 #include <QString>
 #include <array>
 
+namespace brindlemark {
+
 class ColorSample;
 class ScrollBar;
 
@@ -54,3 +56,5 @@ private:
     ColorSample* m_sample;
     QString* m_text = nullptr;
 };
+
+} // namespace brindlemark

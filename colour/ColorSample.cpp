@@ -11,6 +11,8 @@
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
+namespace brindlemark {
+
 void showAsOnPage(QLabel* words, const QColor& color)
 {
     QPalette page = words->palette();
@@ -129,3 +131,5 @@ void ColorSample::paintEvent(QPaintEvent*)
         }
     });
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 
 class QLabel;
 
+namespace brindlemark {
+
 /// The colour number that means the desktop's colour of button faces.
 inline constexpr int ButtonFace = int(0x8000000F);
 
@@ -40,3 +42,5 @@ private:
     int m_color = 0;
     bool m_offersClick = false;
 };
+
+} // namespace brindlemark

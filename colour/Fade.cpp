@@ -13,6 +13,8 @@
 #include <unicode/uchar.h>
 #include <vector>
 
+namespace brindlemark {
+
 namespace {
 
 /// What stands around a character and its colour.
@@ -209,3 +211,5 @@ QString fadeTwo(const Channels& from, const Channels& to, const QString& text, b
     fade.run(characters, from, to);
     return fade.html();
 }
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <array>
 
+namespace brindlemark {
+
 // The fade engine: plain text in, HTML out in which every character carries its own colour. Colours run in
 // steps: of a run of n characters from colour A to colour B, character i (from 1) stands i of n steps from A,
 // so A itself is never seen and the last character has exactly B. Each channel is computed in double
@@ -26,3 +28,5 @@ QString fadeFive(const std::array<Channels, 5>& colors, const QString& text, boo
 /// Fades over two colours, in one run. Unlike those of `fadeFive` its tags are never closed and their values
 /// have no quotes, so the colour text stands between "=" and ">". Throws as `fadeFive`.
 QString fadeTwo(const Channels& from, const Channels& to, const QString& text, bool wavy);
+
+} // namespace brindlemark

@@ -17,6 +17,8 @@
 #include "shell/SurfaceCommands.h"
 #include "web/DocumentSurface.h"
 
+namespace brindlemark {
+
 namespace {
 
 const QString Section = QStringLiteral("Fontpro");
@@ -450,3 +452,5 @@ void Fader5::Command15_Click()
     editor->replaceDescriptions(faderText(body(FaderUser::Description), false));
     Unload();
 }
+
+} // namespace brindlemark

@@ -9,6 +9,8 @@
 #include <array>
 #include <span>
 
+namespace brindlemark {
+
 class ColorRow;
 
 /// The tool that styles a piece of text: colours, font, highlight, a table around it, a link. Shows the
@@ -71,3 +73,5 @@ private:
 
     std::array<ColorRow*, RowCount> m_rows{};
 };
+
+} // namespace brindlemark

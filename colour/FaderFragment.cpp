@@ -6,6 +6,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 /// What the fragments for the uses differ in.
@@ -148,3 +150,5 @@ QString faderText(const QString& body, bool paragraph)
     const QString text = paragraph ? QStringLiteral("<P>") + body + QStringLiteral("</P>") : body;
     return text + QStringLiteral("\r\n");
 }
+
+} // namespace brindlemark

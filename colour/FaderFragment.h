@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace brindlemark {
+
 // What the fader makes of its settings. Nothing is escaped or checked: texts and sizes go out as they are.
 
 /// How the fader colours its text.
@@ -64,3 +66,5 @@ QString faderBody(const FaderSettings& settings, FaderUser user);
 
 /// What goes to the clipboard or to the caret: the fragment, in a paragraph if wanted, and a line end.
 QString faderText(const QString& body, bool paragraph);
+
+} // namespace brindlemark

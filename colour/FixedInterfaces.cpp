@@ -5,6 +5,8 @@
 #include "colour/Fade.h"
 #include "services/Codes.h"
 
+namespace brindlemark {
+
 QString GetHexColor(int& color)
 {
     const QString text = colorText(color);
@@ -66,3 +68,5 @@ QString SplitPairFade(int first, int second, const QString& text, bool mode, con
     const Channels b = splitColor(second);
     return fade(a.red, a.green, a.blue, b.red, b.green, b.blue, text, mode);
 }
+
+} // namespace brindlemark

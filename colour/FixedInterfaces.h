@@ -4,6 +4,8 @@
 #include <QString>
 #include <functional>
 
+namespace brindlemark {
+
 // The shared procedures of colours and fades by their fixed names and signatures, some of which consume their
 // argument. The program itself calls what they wrap, in Codes.h and Fade.h.
 
@@ -39,3 +41,5 @@ using TwoColorFade = std::function<QString(int, int, int, int, int, int, const Q
 
 /// Splits two colour numbers into channels and gives them to `fade`, such as `FadeTwoRgb`; returns its text.
 QString SplitPairFade(int first, int second, const QString& text, bool mode, const TwoColorFade& fade);
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+namespace brindlemark {
+
 FrmAutoColor::FrmAutoColor()
 {
     setupUi(this);
@@ -37,3 +39,5 @@ void FrmAutoColor::Command1_Click()
     emit taken(m_first->colorText(), m_second->colorText());
     Hide();
 }
+
+} // namespace brindlemark

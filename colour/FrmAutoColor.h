@@ -4,6 +4,8 @@
 #include "colour/ui_FrmAutoColor.h"
 #include "forms/Form.h"
 
+namespace brindlemark {
+
 class ColorRow;
 
 /// Lets the user choose two colours that the rows of a table have in turn. OK only hides the window, so that
@@ -33,3 +35,5 @@ private:
     ColorRow* m_first;
     ColorRow* m_second;
 };
+
+} // namespace brindlemark

@@ -11,6 +11,8 @@
 #include <QMouseEvent>
 #include <algorithm>
 
+namespace brindlemark {
+
 /// An attribute of the page: its box, the sample of its colour, and its tag.
 struct FrmBody::Attribute
 {
@@ -146,3 +148,5 @@ void FrmBody::Command5_Click()
             (this->*attribute.box)->setValue(1);
     }));
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 #include "colour/ui_FrmBody.h"
 #include "shell/ToolForm.h"
 
+namespace brindlemark {
+
 class ColorRow;
 
 /// The tool that puts page colours in front of the document, each in a body tag of its own. That is meant:
@@ -48,3 +50,5 @@ private:
     void colorLab(const QColor& color);
     Preset preset();
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include "platform/Events.h"
 #include "services/Codes.h"
 
+namespace brindlemark {
+
 FrmColorcode::FrmColorcode()
 {
     setupUi(this);
@@ -33,3 +35,5 @@ void FrmColorcode::Command4_Click()
     addToEditor(Text3->text());
     Hide();
 }
+
+} // namespace brindlemark

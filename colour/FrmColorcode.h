@@ -4,6 +4,8 @@
 #include "colour/ui_FrmColorcode.h"
 #include "shell/ToolForm.h"
 
+namespace brindlemark {
+
 class ColorRow;
 
 /// Mixes a colour and puts its HTML code at the caret of the source box. After that the window only hides, so
@@ -25,3 +27,5 @@ private:
 
     ColorRow* m_row;
 };
+
+} // namespace brindlemark

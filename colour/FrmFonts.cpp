@@ -10,6 +10,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 struct StyleBox
@@ -82,3 +84,5 @@ void FrmFonts::Command1_Click()
     emit taken(windowTitle(), choice());
     Unload();
 }
+
+} // namespace brindlemark

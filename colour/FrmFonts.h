@@ -4,6 +4,8 @@
 #include "colour/ui_FrmFonts.h"
 #include "shell/ToolForm.h"
 
+namespace brindlemark {
+
 class ColorRow;
 
 /// What the font window hands over.
@@ -37,3 +39,5 @@ private:
 
     ColorRow* m_row;
 };
+
+} // namespace brindlemark

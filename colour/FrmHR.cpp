@@ -8,6 +8,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 /// An option that aligns the rule, and the end of the tag when it is chosen.
@@ -109,3 +111,5 @@ void FrmHR::Command10_Click()
     if (loadPreset(preset()))
         m_row->RowHexRefresh();
 }
+
+} // namespace brindlemark

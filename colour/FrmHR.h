@@ -5,6 +5,8 @@
 #include "colour/ui_FrmHR.h"
 #include "shell/ToolForm.h"
 
+namespace brindlemark {
+
 class ColorRow;
 
 /// The tool that makes a horizontal rule. Shows it in a sample, copies it, or puts it at the caret of the
@@ -33,3 +35,5 @@ private:
 
     ColorRow* m_row;
 };
+
+} // namespace brindlemark

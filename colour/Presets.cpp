@@ -8,6 +8,8 @@
 #include "platform/RuntimeError.h"
 #include "services/Profile.h"
 
+namespace brindlemark {
+
 namespace {
 
 CommonDialog presetDialog(const QString& fileName)
@@ -64,3 +66,5 @@ bool loadPreset(const Preset& preset, const std::function<void()>& before)
     }
     return true;
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 #include <variant>
 #include <vector>
 
+namespace brindlemark {
+
 class ColorSample;
 
 // Colour presets: files in which a tool keeps its colours, with the extension ".fpc" and a name that the user
@@ -35,3 +37,5 @@ void savePreset(const Preset& preset);
 /// reading; what was read before it stays. Returns whether all was read; false too when the dialog was
 /// cancelled.
 [[nodiscard]] bool loadPreset(const Preset& preset, const std::function<void()>& before = nullptr);
+
+} // namespace brindlemark

@@ -10,6 +10,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 const QString Section = QStringLiteral("Color");
@@ -70,3 +72,5 @@ void color::Command1_Click()
     WriteProfile(values, webIni());
     Unload();
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include "colour/ui_color.h"
 #include "forms/Form.h"
 
+namespace brindlemark {
+
 /// The window for the colours of the source box's highlight. It only stores them, for the next highlight.
 class color : public Form, public Ui::color
 {
@@ -17,3 +19,5 @@ private:
     void loadColors();
     void Command1_Click();
 };
+
+} // namespace brindlemark

@@ -10,6 +10,8 @@
 #include <QStyle>
 #include <QStyleOptionGroupBox>
 
+namespace brindlemark {
+
 namespace {
 
 QRect captionOf(const QGroupBox& frame)
@@ -75,3 +77,5 @@ void putOnCaption(QAbstractButton* box, QGroupBox* frame)
     box->setAutoFillBackground(true); // covers the caption
     new CaptionKeeper(box, frame);    // lives as long as the box
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
+namespace brindlemark {
+
 CheckBox::CheckBox(QWidget* parent) : QCheckBox(parent)
 {
     connect(this, &QCheckBox::toggled, this, &CheckBox::Click);
@@ -48,3 +50,5 @@ void CheckBox::paintEvent(QPaintEvent* event)
         }
     });
 }
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include <QCheckBox>
 
+namespace brindlemark {
+
 /// A check box with two signals: one for a changed value, one for the hand that lets go of it.
 class CheckBox : public QCheckBox
 {
@@ -38,3 +40,5 @@ protected:
 private:
     bool m_graphical = false;
 };
+
+} // namespace brindlemark

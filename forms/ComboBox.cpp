@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <limits>
 
+namespace brindlemark {
+
 ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
     describeClass(staticMetaObject, accessibleComboBox);
@@ -97,3 +99,5 @@ void ComboBox::keyPressEvent(QKeyEvent* event)
         emit EnterPressed();
     });
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 
 #include <QComboBox>
 
+namespace brindlemark {
+
 /// A drop-down list, with a field for any text when `isEditable()`. What is typed stays as it was typed:
 /// nothing completes or cuts it, selects an entry by it or adds it to the list.
 class ComboBox : public QComboBox, public ListObject
@@ -58,3 +60,5 @@ protected:
 private:
     bool m_clearPlaceholder = false;
 };
+
+} // namespace brindlemark

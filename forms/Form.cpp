@@ -14,6 +14,8 @@
 #include <QShortcut>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 /// The window that the user is in, or any of the program's when that one has just been hidden.
@@ -193,3 +195,5 @@ void Form::keyPressEvent(QKeyEvent* event)
         }
     });
 }
+
+} // namespace brindlemark

@@ -8,6 +8,8 @@
 class QAbstractButton;
 class QPushButton;
 
+namespace brindlemark {
+
 /// A window of the program. Each form has one instance, made when first asked for (`form<FrmHR>()`) and
 /// forgotten when unloaded. The constructor is the load step: what it throws leaves no instance behind.
 class Form : public QWidget
@@ -114,3 +116,5 @@ F* heardForm(QPointer<F>& heard, Listen listen)
     }
     return heard;
 }
+
+} // namespace brindlemark

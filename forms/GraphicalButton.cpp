@@ -6,6 +6,8 @@
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
+namespace brindlemark {
+
 namespace {
 
 QStyleOptionToolButton lookOf(const QAbstractButton& button)
@@ -44,3 +46,5 @@ void paintGraphicalButton(QAbstractButton& button)
 {
     QStylePainter(&button).drawComplexControl(QStyle::CC_ToolButton, lookOf(button));
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 
 class QAbstractButton;
 
+namespace brindlemark {
+
 // Check boxes and options that look like push buttons with a picture, pressed in while they are set.
 
 /// How much room such a button needs.
@@ -12,3 +14,5 @@ QSize graphicalButtonSize(const QAbstractButton& button);
 
 /// Paints such a button.
 void paintGraphicalButton(QAbstractButton& button);
+
+} // namespace brindlemark

@@ -9,6 +9,8 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 
+namespace brindlemark {
+
 namespace {
 
 /// Shows the beginning of an entry: the toolkit would measure and paint all of a megabyte, for seconds each
@@ -165,3 +167,5 @@ void ListBox::requireEntry(int index, int first) const
     if (index < first || index >= count())
         throw RuntimeError(ErrorNumber::InvalidPropertyValue);
 }
+
+} // namespace brindlemark

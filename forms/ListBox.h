@@ -5,6 +5,8 @@
 
 #include <QListWidget>
 
+namespace brindlemark {
+
 /// A list box, with one selected entry at most (the start) or with several, as `selectionMode()` says. Of an
 /// entry that is longer than any screen it shows the beginning.
 class ListBox : public QListWidget, public ListObject
@@ -64,3 +66,5 @@ private:
 
     bool m_clicked = false; // since the last press
 };
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace brindlemark {
+
 /// Anything that holds a list of texts in order: list boxes and combo boxes.
 class ListObject
 {
@@ -15,3 +17,5 @@ public:
     /// Appends an entry.
     virtual void AddItem(const QString& text) = 0;
 };
+
+} // namespace brindlemark

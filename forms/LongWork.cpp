@@ -10,6 +10,8 @@
 #include <QWindow>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 constexpr int HourglassAfter = 100; // ms
@@ -89,3 +91,5 @@ void LongWork::progress(double done)
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_served.start();
 }
+
+} // namespace brindlemark

@@ -9,6 +9,8 @@
 #include <QWidget>
 #include <optional>
 
+namespace brindlemark {
+
 /// The signs of work that may take long, for as long as it lives: after 100 ms the hourglass, after a second
 /// the window `Wait` with a bar. They come while events are served, by the work's own waiting or by
 /// `progress`.
@@ -40,3 +42,5 @@ private:
     bool m_windowOwned = false; // this work has shown it, and hides it again
     QPointer<QWidget> m_front;  // what had the keyboard when the window came
 };
+
+} // namespace brindlemark

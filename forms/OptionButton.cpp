@@ -7,6 +7,8 @@
 
 #include <QButtonGroup>
 
+namespace brindlemark {
+
 OptionButton::OptionButton(QWidget* parent) : QRadioButton(parent)
 {
     onInner(this, &QRadioButton::toggled, this, [this](bool set) {
@@ -69,3 +71,5 @@ void OptionButton::paintEvent(QPaintEvent* event)
         }
     });
 }
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include <QRadioButton>
 
+namespace brindlemark {
+
 /// One of several options, of which at most one is set. A group is what shares a parent, or a QButtonGroup.
 class OptionButton : public QRadioButton
 {
@@ -41,3 +43,5 @@ private:
 
     bool m_graphical = false;
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 
 #include <utility>
 
+namespace brindlemark {
+
 SSTab::SSTab(QWidget* parent) : QTabWidget(parent)
 {
     onInner(this, &QTabWidget::currentChanged, this, &SSTab::noticeTab);
@@ -25,3 +27,5 @@ void SSTab::noticeTab(int tab)
     if (previous >= 0 && tab >= 0) // the first page comes up, and the last one goes, without a click
         emit Click(previous);
 }
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include <QTabWidget>
 
+namespace brindlemark {
+
 /// Tab pages whose captions stand as they were given, leading blanks included.
 class SSTab : public QTabWidget
 {
@@ -26,3 +28,5 @@ private:
 
     int m_tab = -1;
 };
+
+} // namespace brindlemark

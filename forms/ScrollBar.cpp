@@ -11,6 +11,8 @@
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
+namespace brindlemark {
+
 namespace {
 
 QPalette tinted(const QPalette& plain, QRgb tint)
@@ -136,3 +138,5 @@ void ScrollBar::paintEvent(QPaintEvent* event)
         QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, frame);
     });
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 #include <QScrollBar>
 #include <optional>
 
+namespace brindlemark {
+
 /// A scroll bar with two signals, `Scroll` for each step of a drag and `Change` for a value that stands: a
 /// handler can follow the hand or wait for it.
 class ScrollBar : public QScrollBar
@@ -53,3 +55,5 @@ private:
     std::optional<QRgb> m_tint;
     int m_valueAtPress = 0;
 };
+
+} // namespace brindlemark

@@ -8,6 +8,8 @@
 #include <QProgressBar>
 #include <QVBoxLayout>
 
+namespace brindlemark {
+
 namespace {
 
 /// How wide a window has to be for its title, in pixels, with what a window manager puts beside it.
@@ -50,3 +52,5 @@ void Wait::hideProgress()
 {
     m_progress->hide();
 }
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 
 class QProgressBar;
 
+namespace brindlemark {
+
 /// The small window on top of all others that stands while the source is recoloured, and while other work
 /// takes longer than a second. It never takes the keyboard.
 class Wait : public Form
@@ -23,3 +25,5 @@ public:
 private:
     QProgressBar* m_progress;
 };
+
+} // namespace brindlemark

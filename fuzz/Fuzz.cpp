@@ -7,6 +7,8 @@
 #include <QTemporaryDir>
 #include <stdexcept>
 
+namespace brindlemark {
+
 QByteArray Fields::next()
 {
     const qsizetype end = m_rest.indexOf('\x1E');
@@ -58,3 +60,5 @@ void fill(const QString& file, const QByteArray& bytes)
     if (!target.open(QIODevice::WriteOnly) || target.write(bytes) != bytes.size())
         throw std::runtime_error("a scratch file can't be written");
 }
+
+} // namespace brindlemark

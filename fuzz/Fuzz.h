@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+namespace brindlemark {
+
 // A fuzz target is a function that takes any bytes, feeds them to one piece of the program, and checks what
 // must hold whatever they are. libFuzzer calls it with bytes of its making (Fuzzer.cpp), tst_corpus with the
 // files of corpus/<target>.
@@ -53,3 +55,5 @@ QString scratchFile(const char* name);
 /// The bytes of a file; none when it isn't there.
 QByteArray contentOf(const QString& file);
 void fill(const QString& file, const QByteArray& bytes);
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 
 #include <QApplication>
 
+using namespace brindlemark;
+
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -8,6 +8,8 @@
 #include <array>
 #include <cmath>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr std::array<const char*, 4> Waves = {"<sup>", "</sup>", "<sub>", "</sub>"};

@@ -6,6 +6,8 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+using namespace brindlemark;
+
 namespace {
 
 QString withoutTags(QString html)

@@ -4,6 +4,8 @@
 #include "platform/RuntimeError.h"
 #include "shell/GeneratorTag.h"
 
+using namespace brindlemark;
+
 namespace {
 
 /// The text with all its tags stamped up to the first torn one, and where that one is.

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <vector>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr HighlightColors Colors = {.tags = 1, .values = 2, .comments = 3, .scripts = 4, .text = 5};

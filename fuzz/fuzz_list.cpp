@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <algorithm>
 
+using namespace brindlemark;
+
 namespace {
 
 class Texts : public ListObject

@@ -11,6 +11,8 @@
 #include <limits>
 #include <optional>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr int Untouched = 0x123456;

@@ -6,6 +6,8 @@
 #include <QList>
 #include <algorithm>
 
+using namespace brindlemark;
+
 namespace {
 
 /// A key that a reader can reach, with the bytes of its value.

@@ -5,6 +5,8 @@
 
 #include <array>
 
+using namespace brindlemark;
+
 namespace {
 
 /// A value as the designer's boxes hold it, without what has a meaning in a tag.

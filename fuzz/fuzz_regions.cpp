@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+using namespace brindlemark;
+
 namespace {
 
 /// The part between the last opening marker and the next closing one, or from the first that has none: its

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+using namespace brindlemark;
+
 namespace {
 
 /// One replacement after the other, each time from the start. No value: it grows and grows.

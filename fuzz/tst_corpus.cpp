@@ -5,6 +5,8 @@
 #include <QDir>
 #include <QTest>
 
+using namespace brindlemark;
+
 namespace {
 
 struct Target

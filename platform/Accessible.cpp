@@ -11,6 +11,8 @@
 #include <QHash>
 #include <QLineEdit>
 
+namespace brindlemark {
+
 namespace {
 
 QHash<QString, MakeAccessible>& makers()
@@ -156,3 +158,5 @@ QAccessibleInterface* accessibleComboBox(QWidget* widget)
 {
     return new AccessibleComboBox(widget);
 }
+
+} // namespace brindlemark

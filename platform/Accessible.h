@@ -5,6 +5,8 @@ class QAccessibleInterface;
 class QWidget;
 struct QMetaObject;
 
+namespace brindlemark {
+
 // What screen readers and other assistive tools are told of the program's own kinds of control, where the
 // toolkit's answer for the base class is wrong or says too little.
 
@@ -22,3 +24,5 @@ QAccessibleInterface* accessibleGroup(QWidget* widget);
 QAccessibleInterface* accessibleSlider(QWidget* widget);
 /// A drop-down list (a QComboBox) whose name says what it is for; the text that it shows is its value.
 QAccessibleInterface* accessibleComboBox(QWidget* widget);
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 
 #include <QCoreApplication>
 
+namespace brindlemark {
+
 namespace {
 
 QString& chosenFolder()
@@ -28,3 +30,5 @@ QString appFile(QStringView name)
 {
     return AppPath() + name.toString().replace(u'\\', u'/');
 }
+
+} // namespace brindlemark

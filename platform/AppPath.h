@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringView>
 
+namespace brindlemark {
+
 /// The program's own folder, in which all settings and data files lie; without a slash at its end.
 QString AppPath();
 
@@ -29,3 +31,5 @@ inline constexpr QStringView Help = u"\\Help0.htm";
 /// The path of a data file: `AppPath` plus a name that begins with a backslash, in the form that the file
 /// system takes.
 QString appFile(QStringView name);
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include <QColor>
 
+namespace brindlemark {
+
 /// The colour of a colour number: 0x00BBGGRR, red in the low byte.
 inline QColor colorOf(int number)
 {
@@ -14,3 +16,5 @@ inline int colorNumber(const QColor& color)
 {
     return color.red() | color.green() << 8 | color.blue() << 16;
 }
+
+} // namespace brindlemark

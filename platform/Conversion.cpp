@@ -8,6 +8,8 @@
 #include <cmath>
 #include <limits>
 
+namespace brindlemark {
+
 namespace {
 
 /// Rounds to the nearest whole number, halves to the even one, within the range of `Integer`.
@@ -87,3 +89,5 @@ QString fromNumber(double value)
 {
     return QString::number(value, 'g', 15);
 }
+
+} // namespace brindlemark

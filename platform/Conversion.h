@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace brindlemark {
+
 // Texts into numbers and back, the same on every desktop: the decimal sign is a full stop and there are no
 // thousands separators. Surrounding blanks are allowed. Each `to...` raises RuntimeError(TypeMismatch) for
 // a text that is empty or no number, and RuntimeError(Overflow) for a number out of range.
@@ -24,3 +26,5 @@ QString fromBoolean(bool value);
 QString fromNumber(int value);
 QString fromNumber(float value);
 QString fromNumber(double value);
+
+} // namespace brindlemark

@@ -10,6 +10,8 @@
 #include <QPalette>
 #include <QScopedValueRollback>
 
+namespace brindlemark {
+
 namespace {
 
 /// `part` of the way from one colour to another.
@@ -87,3 +89,5 @@ void followDesktopLook()
     mendColors();
     qApp->installEventFilter(new ColorWatch(qApp));
 }
+
+} // namespace brindlemark

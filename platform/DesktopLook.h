@@ -6,6 +6,8 @@
 class QPalette;
 class QString;
 
+namespace brindlemark {
+
 /// A palette whose hints in empty fields have a contrast of at least 4.5 to 1 with what is behind them, as
 /// long as its texts have one of 7 to 1.
 QPalette withReadableHints(QPalette palette);
@@ -20,3 +22,5 @@ QPalette sharedPalette(const QPalette& plain, const QString& name,
 /// reach a contrast of 4.5 to 1, and boxes to tick stand out of a dark window. Called once there is a
 /// QApplication.
 void followDesktopLook();
+
+} // namespace brindlemark

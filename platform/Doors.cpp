@@ -25,6 +25,8 @@
 #include <cstdlib>
 #include <limits>
 
+namespace brindlemark {
+
 namespace {
 
 QWidget* frontWindow()
@@ -118,7 +120,7 @@ public:
         setAcceptMode(mode);
         setFileMode(mode == AcceptOpen ? ExistingFile : AnyFile);
         setOption(DontConfirmOverwrite); // the program asks in its own words
-        setNameFilters(::nameFilters(dialog.Filter));
+        setNameFilters(brindlemark::nameFilters(dialog.Filter));
         m_name = findChild<QLineEdit*>(QStringLiteral("fileNameEdit")); // not in the desktop's own dialogs
         if (!isPattern(dialog.FileName)) {
             selectFile(dialog.FileName);
@@ -375,3 +377,5 @@ QString Clipboard::GetText()
     const QMimeData* data = doors().clipboard();
     return data ? data->text() : QString();
 }
+
+} // namespace brindlemark

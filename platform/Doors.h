@@ -7,6 +7,8 @@
 #include <memory>
 #include <optional>
 
+namespace brindlemark {
+
 /// The program's title, as message boxes without a title of their own show it.
 inline constexpr QStringView OwnTitle = u"Brindlemark";
 inline const QString ProgramTitle = OwnTitle.toString();
@@ -102,3 +104,5 @@ void SetText(const QString& text);
 QString GetText();
 
 } // namespace Clipboard
+
+} // namespace brindlemark

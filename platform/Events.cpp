@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+namespace brindlemark {
+
 namespace {
 
 std::function<QString()>& keeper()
@@ -96,3 +98,5 @@ void fatal(const std::exception& exception)
     MsgBox(text, ProgramTitle, MsgIcon::Stop);
     doors().endNow(1);
 }
+
+} // namespace brindlemark

@@ -10,6 +10,8 @@
 #include <type_traits>
 #include <utility>
 
+namespace brindlemark {
+
 /// Ends the program after an error that nobody trapped: first keeps what must not be lost (see
 /// `keepOnFatal`), then shows one message box with the error and ends with exit code 1.
 void fatal(const std::exception& error);
@@ -115,3 +117,5 @@ void soon(QObject* context, Body body)
     onInner(timer, &QTimer::timeout, timer, std::move(body));
     timer->start(0);
 }
+
+} // namespace brindlemark

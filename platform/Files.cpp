@@ -11,6 +11,8 @@
 #include <filesystem>
 #include <unistd.h>
 
+namespace brindlemark {
+
 namespace {
 
 [[noreturn]] void refuse(const QString& reason)
@@ -138,3 +140,5 @@ void writeFile(const QString& path, const QByteArray& bytes)
     if (!file.commit())
         refuse(file.errorString());
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+namespace brindlemark {
+
 /// The whole content of a file.
 /// Throws RuntimeError: FileNotFound when there is none, PathFileAccess (with the system's reason) when it
 /// is no regular file, can't be read to its end, or nobody can tell whether it is there; `outOfMemory` when
@@ -21,3 +23,5 @@ bool isBinaryFile(const QString& path);
 /// tells the reason. A symbolic link stays and what it points to is written, also when that doesn't exist
 /// yet. An existing file keeps its permissions; one that nobody may write to is refused.
 void writeFile(const QString& path, const QByteArray& bytes);
+
+} // namespace brindlemark

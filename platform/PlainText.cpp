@@ -5,6 +5,8 @@
 #include <QPlainTextEdit>
 #include <QTextDocument>
 
+namespace brindlemark {
+
 QString wholeText(const QPlainTextEdit& box)
 {
     QString text = box.document()->toRawText(); // `toPlainText` would make blanks of no-break blanks
@@ -12,3 +14,5 @@ QString wholeText(const QPlainTextEdit& box)
         text.replace(lineEnd, QLatin1String("\r\n"));
     return text;
 }
+
+} // namespace brindlemark

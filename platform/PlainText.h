@@ -5,5 +5,9 @@
 
 class QPlainTextEdit;
 
+namespace brindlemark {
+
 /// All of a text box of several lines, to the letter, with CR LF line ends.
 QString wholeText(const QPlainTextEdit& box);
+
+} // namespace brindlemark

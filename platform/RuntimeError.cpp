@@ -2,6 +2,8 @@
 
 #include "platform/RuntimeError.h"
 
+namespace brindlemark {
+
 namespace {
 
 QString usualText(ErrorNumber number)
@@ -40,3 +42,5 @@ RuntimeError outOfMemory()
 {
     return {ErrorNumber::Overflow, QStringLiteral("Out of memory")};
 }
+
+} // namespace brindlemark

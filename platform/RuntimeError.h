@@ -5,6 +5,8 @@
 #include <new>
 #include <stdexcept>
 
+namespace brindlemark {
+
 /// The numbers of the failures that handlers tell apart.
 enum class ErrorNumber {
     InvalidProcedureCall = 5,
@@ -49,3 +51,5 @@ auto withinMemory(Body&& body)
         throw outOfMemory();
     }
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include <QCursor>
 #include <QGuiApplication>
 
+namespace brindlemark {
+
 /// Shows the hourglass pointer while it lives.
 class WaitCursor
 {
@@ -13,3 +15,5 @@ public:
     WaitCursor(const WaitCursor&) = delete;
     WaitCursor& operator=(const WaitCursor&) = delete;
 };
+
+} // namespace brindlemark

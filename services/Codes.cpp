@@ -5,6 +5,8 @@
 #include <QStringBuilder>
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 QString hex(int value, int digits)
@@ -52,3 +54,5 @@ QString hexNumber(int number)
 {
     return hex(number, 6);
 }
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace brindlemark {
+
 // Colour numbers are 32-bit, 0x00BBGGRR, red in the low byte. A colour text is `#RRGGBB`.
 
 /// The red, green and blue of a colour, 0 to 255 each.
@@ -26,3 +28,5 @@ int parseColor(QStringView text);
 /// A number in upper-case hexadecimal, with zeros on the left up to six digits. Those of a colour number read
 /// blue, green, red.
 QString hexNumber(int number);
+
+} // namespace brindlemark

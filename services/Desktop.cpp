@@ -8,6 +8,8 @@
 #include <QTimer>
 #include <QWidget>
 
+namespace brindlemark {
+
 EventYield::EventYield() : m_served(doors().clock()) {}
 
 void EventYield::serve()
@@ -38,3 +40,5 @@ void StayOnTop(QWidget* window)
     if (shown)
         window->show();
 }
+
+} // namespace brindlemark

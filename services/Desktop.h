@@ -5,6 +5,8 @@
 
 class QWidget;
 
+namespace brindlemark {
+
 /// Keeps the windows answering during a long loop. Each round calls `serve()`, which serves waiting events,
 /// but not more often than every 20 ms, so that short rounds stay fast. Any handler may run then: the loop
 /// must not rely on what handlers can change.
@@ -23,3 +25,5 @@ void Pause(double seconds);
 
 /// Puts a window above all others for good. Its place and size stay, and it stays shown or hidden.
 void StayOnTop(QWidget* window);
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 #include <QByteArrayView>
 #include <array>
 
+namespace brindlemark {
+
 // A listing page carries comments that mark its parts. They survive all later editing of the page. Nothing
 // else is kept about a page: its style is read from one of them, and the region commands find the parts by
 // the others.
@@ -77,3 +79,5 @@ static_assert(
         return true;
     }(),
     "the table must have the order of the enumeration, for markers() looks it up by position");
+
+} // namespace brindlemark

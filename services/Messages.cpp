@@ -2,6 +2,8 @@
 
 #include "services/Messages.h"
 
+namespace brindlemark {
+
 MsgAnswer showMessage(const Message& message, const QString& value)
 {
     const QString text = message.text.toString();
@@ -13,3 +15,5 @@ bool confirmed(const Message& question, const QString& value)
 {
     return showMessage(question, value) == MsgAnswer::Yes;
 }
+
+} // namespace brindlemark

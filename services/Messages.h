@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringView>
 
+namespace brindlemark {
+
 /// A message box of the program. "%1" in its text stands for what it tells of.
 struct Message
 {
@@ -133,3 +135,5 @@ inline constexpr Message CannotSaveTerms = {u"There has been a (28)error, Cannot
                                             MsgIcon::Stop};
 
 } // namespace Messages
+
+} // namespace brindlemark

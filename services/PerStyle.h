@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+namespace brindlemark {
+
 /// How many design styles there are for a listing page; they are numbered from 0.
 inline constexpr std::size_t StyleCount = 4;
 
@@ -27,3 +29,5 @@ public:
 private:
     std::array<T, StyleCount> m_values;
 };
+
+} // namespace brindlemark

@@ -2,6 +2,8 @@
 
 #include "services/PictureHtml.h"
 
+namespace brindlemark {
+
 QString pictureTag(const PictureSettings& s)
 {
     const QString height = s.sized ? QStringLiteral(" height=") + s.height : QString();
@@ -12,3 +14,5 @@ QString pictureTag(const PictureSettings& s)
         s.inParagraph ? QStringLiteral("<P Align=") + s.align + u'>' + image + QStringLiteral("</P>") : image;
     return text + QStringLiteral("\r\n");
 }
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace brindlemark {
+
 /// A picture of a page. All texts go into the tag as they are, only the address in quotes.
 struct PictureSettings
 {
@@ -17,3 +19,5 @@ struct PictureSettings
 
 /// The picture's tag, with its line end.
 QString pictureTag(const PictureSettings& settings);
+
+} // namespace brindlemark

@@ -12,6 +12,8 @@
 #include <QStringDecoder>
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 constexpr char lineEnd[] = "\r\n";
@@ -274,3 +276,5 @@ void LoadList(const QString& file, ListObject& list)
             list.AddItem(textOf(field));
     }
 }
+
+} // namespace brindlemark

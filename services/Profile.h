@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+namespace brindlemark {
+
 class ListObject;
 
 // All settings are plain files: profile files, with `[section]` headers and `key=value` lines, and list
@@ -74,3 +76,5 @@ void SaveList(const QString& file, const ListObject& list);
 /// end of the file. Empty fields are not added. Throws RuntimeError(PathFileAccess) when the file can't be
 /// read.
 void LoadList(const QString& file, ListObject& list);
+
+} // namespace brindlemark

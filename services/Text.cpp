@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace brindlemark {
+
 namespace {
 
 /// Builds the result in `done`, which never holds `find` but at its end: an occurrence is complete only when
@@ -63,3 +65,5 @@ QString ReplaceAll(const QString& text, const QString& find, const QString& with
 {
     return Replacement<QString, QStringView>(text, find, with).run();
 }
+
+} // namespace brindlemark

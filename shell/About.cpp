@@ -11,6 +11,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+namespace brindlemark {
+
 About::About()
 {
     setWindowTitle(QStringLiteral("About ") + ProgramName);
@@ -46,3 +48,5 @@ About::About()
     on(buttons, &QDialogButtonBox::rejected, this, &About::Unload);
     setEscape([this] { Unload(); });
 }
+
+} // namespace brindlemark

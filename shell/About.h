@@ -3,6 +3,8 @@
 
 #include "forms/Form.h"
 
+namespace brindlemark {
+
 /// The window that gives the product's name and number.
 class About : public Form
 {
@@ -11,3 +13,5 @@ class About : public Form
 public:
     About();
 };
+
+} // namespace brindlemark

@@ -9,6 +9,8 @@
 #include <QFileInfo>
 #include <utility>
 
+namespace brindlemark {
+
 const QString Document::Untitled = QStringLiteral("Untitled");
 
 Document::Document(EditedText& text, QStringList journalFolders)
@@ -129,3 +131,5 @@ void Document::settle()
     }
     emit settled();
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <optional>
 
+namespace brindlemark {
+
 class EditedText;
 
 /// How an attempt to save ended.
@@ -111,3 +113,5 @@ private:
     bool m_surfaceKept = false; // what is kept is an edit on the design surface, which the text lacks
     bool m_toBeSaved = false;
 };
+
+} // namespace brindlemark

@@ -13,6 +13,8 @@
 #include <QScreen>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 /// Replaces each occurrence of `find` (not empty) in one pass: what has been replaced is not looked at again,
@@ -164,3 +166,5 @@ void Find::Command6_Click()
     replaceEverywhere(*m_source, find, with);
     showMessage(Messages::Replaced, with);
 }
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 
 #include <QPointer>
 
+namespace brindlemark {
+
 class ListObject;
 class RichTextBox;
 
@@ -48,3 +50,5 @@ private:
     QPointer<RichTextBox> m_source;
     bool m_aside = false;
 };
+
+} // namespace brindlemark

@@ -14,6 +14,8 @@
 #include <QToolButton>
 #include <limits>
 
+namespace brindlemark {
+
 namespace {
 
 QToolButton* button(const char* icon, const QString& toolTip)
@@ -149,3 +151,5 @@ void FindBar::place()
     adjustSize();
     move(m_surface->geometry().right() - width() - 20, m_surface->geometry().top() + 4);
 }
+
+} // namespace brindlemark

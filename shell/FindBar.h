@@ -5,6 +5,9 @@
 
 class QLabel;
 class QLineEdit;
+
+namespace brindlemark {
+
 class DocumentSurface;
 
 /// A bar over a surface's upper edge that looks for text in the page: what is typed is found at once, Enter
@@ -37,3 +40,5 @@ private:
     QLineEdit* m_text;
     QLabel* m_count;
 };
+
+} // namespace brindlemark

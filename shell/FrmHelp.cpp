@@ -9,6 +9,8 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+namespace brindlemark {
+
 FrmHelp::FrmHelp() : WebBrowser1(new DocumentSurface(this))
 {
     setWindowTitle(QStringLiteral("Help"));
@@ -31,3 +33,5 @@ void FrmHelp::showSection(const QString& id)
     WebBrowser1->Navigate(place.toString(QUrl::FullyEncoded)); // a page that is there already only scrolls
     Show();
 }
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include "forms/Form.h"
 
+namespace brindlemark {
+
 class DocumentSurface;
 
 /// The help page in a window of its own.
@@ -18,3 +20,5 @@ public:
 
     DocumentSurface* WebBrowser1;
 };
+
+} // namespace brindlemark

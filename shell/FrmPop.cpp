@@ -7,6 +7,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 struct Entry
@@ -45,3 +47,5 @@ FrmPop::FrmPop()
     }
     muDesc = mucell.actions().constFirst();
 }
+
+} // namespace brindlemark

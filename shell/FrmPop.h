@@ -5,6 +5,8 @@
 
 #include <QMenu>
 
+namespace brindlemark {
+
 /// Carries menus for other windows; never shown itself. Each entry selects a part of the listing in the
 /// source box (see `selectRegion`). The button `CmdCell` opens `mucell`; nothing opens the other two yet.
 class FrmPop : public Form
@@ -21,3 +23,5 @@ public:
     /// Cell title of the description, which only pages of style 3 have.
     QAction* muDesc = nullptr;
 };
+
+} // namespace brindlemark

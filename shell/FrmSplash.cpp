@@ -12,6 +12,8 @@
 #include <QSvgRenderer>
 #include <chrono>
 
+namespace brindlemark {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -54,3 +56,5 @@ void FrmSplash::Timer2_Timer()
     Unload();
     main->offerUnsavedText(); // waits for the user
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 
 #include <QTimer>
 
+namespace brindlemark {
+
 /// The start object: one picture, for about 1.4 seconds, then the main window.
 class FrmSplash : public Form
 {
@@ -25,3 +27,5 @@ private:
 
     QTimer Timer2{this}; // its end begins the loading of the main window
 };
+
+} // namespace brindlemark

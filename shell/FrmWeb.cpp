@@ -23,6 +23,8 @@
 #include <QScreen>
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 constexpr int TwipsPerPixel = 15;
@@ -410,3 +412,5 @@ QString FrmWeb::keepText()
     }
     return QStringLiteral("Your text could not be kept.");
 }
+
+} // namespace brindlemark

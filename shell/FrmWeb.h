@@ -13,6 +13,8 @@
 #include <memory>
 #include <optional>
 
+namespace brindlemark {
+
 /// The main window: owner of the document, its views and the settings of the source box.
 ///
 /// The document is bytes: the source box's text while tab 0 is up, the design surface's content while tab 1
@@ -201,3 +203,5 @@ private:
     enum class Refusal { None, Cancelled, Declined };
     Refusal m_refusal = Refusal::None;
 };
+
+} // namespace brindlemark

@@ -20,6 +20,8 @@
 #include <QToolTip>
 #include <QUrl>
 
+namespace brindlemark {
+
 namespace {
 
 const QString FileFilter = QStringLiteral("HTML Files (*.htm)|*.htm|Text files (*.txt)|*.txt|"
@@ -415,3 +417,5 @@ void FrmWeb::RichTextBox1_KeyUp()
     if (RichTextBox1->isEmpty())
         m_document->setDirty(false);
 }
+
+} // namespace brindlemark

@@ -13,6 +13,8 @@
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
 
+namespace brindlemark {
+
 namespace {
 
 const QString FontSection = QStringLiteral("Font");
@@ -186,3 +188,5 @@ void FrmWeb::ClearHighlight()
 {
     highlight(*RichTextBox1, {.tags = 0, .values = 0, .comments = 0, .scripts = 0, .text = 0});
 }
+
+} // namespace brindlemark

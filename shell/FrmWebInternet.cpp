@@ -11,6 +11,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 using U = Ui::FrmWeb;
@@ -143,3 +145,5 @@ void FrmWeb::WebBrowser2_RendererDied()
     ProgressBar1->setValue(0);
     Label1->setText(QStringLiteral("The page has stopped working. Refresh opens it again."));
 }
+
+} // namespace brindlemark

@@ -14,6 +14,8 @@
 #include <new>
 #include <utility>
 
+namespace brindlemark {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -101,3 +103,5 @@ void FrmWeb::bringBack(const Journal::Leftover& left)
     UpdateRegionButtons(*this);
     m_document->keep();
 }
+
+} // namespace brindlemark

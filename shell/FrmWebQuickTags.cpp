@@ -9,6 +9,8 @@
 
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 using U = Ui::FrmWeb;
@@ -138,3 +140,5 @@ void FrmWeb::munmsg_Click()
     if (!message.isEmpty())
         RichTextBox1->setSelText(MessageScriptHead + RichTextBox1->encode(message) + MessageScriptTail);
 }
+
+} // namespace brindlemark

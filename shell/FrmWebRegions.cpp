@@ -8,6 +8,8 @@
 
 #include <QCursor>
 
+namespace brindlemark {
+
 namespace {
 
 struct RegionButton
@@ -48,3 +50,5 @@ void FrmWeb::CmdOffLeg_Click()
     RichTextBox1->setSelLength(0);
     RichTextBox1->setSelStart(caret);
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 #include "shell/Regions.h"
 #include "shell/WorkingSelection.h"
 
+namespace brindlemark {
+
 ListingEditor* loadedEditor()
 {
     return loaded<FrmWeb>();
@@ -87,3 +89,5 @@ void FrmWeb::previewListing(const QByteArray& page)
         SSTab1->setTab(PreviewTab);
     }
 }
+
+} // namespace brindlemark

@@ -11,6 +11,8 @@
 #include "shell/Regions.h"
 #include "shell/SurfaceCommands.h"
 
+namespace brindlemark {
+
 namespace {
 
 /// What `work` returns, with the hourglass up meanwhile.
@@ -241,3 +243,5 @@ void FrmWeb::WebBrowser3_RendererDied()
 {
     replaceLost(WebBrowser3);
 }
+
+} // namespace brindlemark

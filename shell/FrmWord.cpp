@@ -11,6 +11,8 @@
 #include "services/Messages.h"
 #include "services/Profile.h"
 
+namespace brindlemark {
+
 namespace {
 
 QString listFile()
@@ -142,3 +144,5 @@ void FrmWord::List1_DblClick()
 {
     copySelected();
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include "shell/ToolForm.h"
 #include "shell/ui_FrmWord.h"
 
+namespace brindlemark {
+
 /// The seller's quick words: phrases kept in the list file \Quick.ini, for the clipboard or the source box.
 class FrmWord : public ToolForm, public Ui::FrmWord
 {
@@ -27,3 +29,5 @@ private:
     template <typename Use>
     void useSelected(Use use);
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include "shell/WorkingSelection.h"
 #include "source/RichTextBox.h"
 
+namespace brindlemark {
+
 void stampGenerator(RichTextBox& box)
 {
     const QByteArray stamp = GeneratorStart;
@@ -30,3 +32,5 @@ void stampGenerator(RichTextBox& box)
     }
     box.setSelStart(caret);
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 #include "platform/RuntimeError.h"
 #include "source/TextSearch.h"
 
+namespace brindlemark {
+
 GeneratorTags findGeneratorTags(QByteArrayView text)
 {
     const QByteArray opening = "<META content=";
@@ -39,3 +41,5 @@ QByteArray stamped(QByteArrayView text)
     result += text.sliced(done);
     return result;
 }
+
+} // namespace brindlemark

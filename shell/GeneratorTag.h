@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+namespace brindlemark {
+
 /// How the generator tag of a page begins, up to its name. It belongs to the form of the pages, which are
 /// compared by literal text, and stays as it is when the program gets a new number.
 inline constexpr char GeneratorStart[] = "<META content=\"Brindlemark 1.0\" ";
@@ -27,3 +29,5 @@ GeneratorTags findGeneratorTags(QByteArrayView text);
 /// The text with the product's name in each generator tag. Throws RuntimeError(InvalidPropertyValue) for a
 /// torn one.
 QByteArray stamped(QByteArrayView text);
+
+} // namespace brindlemark

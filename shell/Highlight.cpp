@@ -6,6 +6,8 @@
 #include "shell/WorkingSelection.h"
 #include "source/RichTextBox.h"
 
+namespace brindlemark {
+
 void highlight(RichTextBox& box, const HighlightColors& colors)
 {
     box.SetFocus();
@@ -19,3 +21,5 @@ void highlight(RichTextBox& box, const HighlightColors& colors)
     });
     box.setSelStart(caret);
 }
+
+} // namespace brindlemark

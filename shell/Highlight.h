@@ -3,8 +3,12 @@
 
 #include "shell/HighlightRuns.h"
 
+namespace brindlemark {
+
 class RichTextBox;
 
 /// Colours the source as `highlightRuns` tells, with the signs of long work. The box gets the focus, the
 /// document counts as changed, and the caret stays.
 void highlight(RichTextBox& box, const HighlightColors& colors);
+
+} // namespace brindlemark

@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 /// What one pass over the text colours: from `opening` to `closing`, the case of letters aside.
@@ -61,3 +63,5 @@ void highlightRuns(QByteArrayView text, const HighlightColors& colors, const Hig
         });
     }
 }
+
+} // namespace brindlemark

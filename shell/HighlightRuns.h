@@ -7,6 +7,8 @@
 #include <functional>
 #include <optional>
 
+namespace brindlemark {
+
 /// The colour number of scripts, an orange: red 255, green 140, blue 10.
 inline constexpr int ScriptColor = 10 << 16 | 140 << 8 | 255;
 
@@ -27,3 +29,5 @@ using HighlightPainter = std::function<void(const ColorRun& run, double done)>;
 /// quoted attribute values, comments and scripts, each painted over the ones before it. The painter is called
 /// for each opening text; a stretch is empty where its closing text is missing.
 void highlightRuns(QByteArrayView text, const HighlightColors& colors, const HighlightPainter& paint);
+
+} // namespace brindlemark

@@ -15,6 +15,8 @@
 #include <QSvgRenderer>
 #include <QWidget>
 
+namespace brindlemark {
+
 namespace {
 
 /// The colour in which the files of the icon set are drawn; the ink takes its place.
@@ -87,3 +89,5 @@ QIcon namedIcon(const char* name, const QWidget* owner)
 {
     return QIcon(new NamedIconEngine(name, owner));
 }
+
+} // namespace brindlemark

@@ -16,6 +16,8 @@
 #include <unistd.h>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 const QString FileName = QStringLiteral("Brindlemark-unsaved-%1.htm");
@@ -213,3 +215,5 @@ std::optional<Journal::Leftover> Journal::takeLeftover()
     }
     return std::nullopt;
 }
+
+} // namespace brindlemark

@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 
+namespace brindlemark {
+
 /// The unsaved text of one document, kept in a file in case the program is ended from outside. The file,
 /// "Brindlemark-unsaved-1.htm" or another number, holds the text and, as a comment in its last line, whose
 /// text it is and a checksum. While a program uses a number it holds a lock on a file beside it, which the
@@ -65,3 +67,5 @@ private:
     std::unique_ptr<Place> m_place; // only the writer uses it while it works
     bool m_holds = false;
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <QString>
 #include <optional>
 
+namespace brindlemark {
+
 /// What tools want of the main window, which has the document: they take what is selected there, and give
 /// what they have made.
 class ListingEditor
@@ -44,3 +46,5 @@ protected:
 
 /// The main window; null before it is there, and once it has gone.
 ListingEditor* loadedEditor();
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 /// The length of a UTF-8 text without the half of a character at its end.
@@ -56,3 +58,5 @@ qsizetype lengthOfBeginning(QByteArrayView text, TextEncoding encoding)
     const QByteArrayView beginning = text.first(std::min<qsizetype>(WorkingSelection, text.size()));
     return encoding == TextEncoding::Utf8 ? lengthInWholeCharacters(beginning) : beginning.size();
 }
+
+} // namespace brindlemark

@@ -8,6 +8,8 @@
 #include <QByteArrayView>
 #include <optional>
 
+namespace brindlemark {
+
 // What the marker comments in a page's text tell of it. Case plays no part in the search.
 
 /// The inside of a part of the listing, without its markers; of several listings in one text, the last one's.
@@ -21,3 +23,5 @@
 /// How much of the beginning is selected where a part is missing: `WorkingSelection` bytes, but whole
 /// characters only, as what is put in their place must not leave half of one.
 qsizetype lengthOfBeginning(QByteArrayView text, TextEncoding encoding);
+
+} // namespace brindlemark

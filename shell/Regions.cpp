@@ -10,6 +10,8 @@
 #include <array>
 #include <optional>
 
+namespace brindlemark {
+
 namespace {
 
 /// What the pages of a design style, 0 to 3, have.
@@ -66,3 +68,5 @@ void UpdateRegionButtons(FrmWeb& main)
                                 -1);
     }
 }
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include "services/Markers.h"
 
+namespace brindlemark {
+
 class FrmWeb;
 class RichTextBox;
 
@@ -22,3 +24,5 @@ bool updateStyleButtons(FrmWeb& main);
 /// The same, with the two buttons that a new page from the wizard leaves as they are: `CmdOffLeg`, and
 /// `CmdPic` for a listing with pictures. The marker of its pictures stays selected.
 void UpdateRegionButtons(FrmWeb& main);
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include "services/Messages.h"
 #include "services/Profile.h"
 
+namespace brindlemark {
+
 namespace {
 
 bool hasEntry(const ComboBox& list, const QString& text)
@@ -37,3 +39,5 @@ QString askForTitle(ComboBox& titles, const QString& listFile, const QString& pr
     SaveList(listFile, titles);
     return title;
 }
+
+} // namespace brindlemark

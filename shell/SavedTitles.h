@@ -3,6 +3,8 @@
 
 #include <QString>
 
+namespace brindlemark {
+
 class ComboBox;
 
 // Sets of settings that the user keeps under titles. A drop-down list offers the titles and stands in a list
@@ -12,3 +14,5 @@ class ComboBox;
 /// list's file is written anew. For one that is in the list, to the letter, the user is asked whether the set
 /// may be replaced. Returns the title; empty when nothing is to be kept.
 QString askForTitle(ComboBox& titles, const QString& listFile, const QString& prompt, const QString& caption);
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <QFontDatabase>
 #include <QLabel>
 
+namespace brindlemark {
+
 void addScreenFonts(ComboBox& list, int first)
 {
     for (const QString& family : QFontDatabase::families().mid(first)) {
@@ -25,3 +27,5 @@ void tellMissingFont(QLabel* notice, const QString& family)
                         : QString());
     notice->setVisible(missing);
 }
+
+} // namespace brindlemark

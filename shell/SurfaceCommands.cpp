@@ -6,6 +6,8 @@
 #include "services/Codes.h"
 #include "web/DocumentSurface.h"
 
+namespace brindlemark {
+
 namespace {
 
 struct Size
@@ -60,3 +62,5 @@ void runCommand(DocumentSurface& surface, const QString& id, const QString& valu
 {
     static_cast<void>(surface.execCommand(id, value)); // the user sees the page
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 #include <QToolButton>
 #include <optional>
 
+namespace brindlemark {
+
 class DocumentSurface;
 
 // What the button bars of all design surfaces have in common.
@@ -55,3 +57,5 @@ void askForLink(DocumentSurface& surface);
 /// Runs an editing command for the user, who sees on the page what came of it. Where the page is lost, its
 /// owner hears of it by `rendererDied`.
 void runCommand(DocumentSurface& surface, const QString& id, const QString& value = QString());
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 
+namespace brindlemark {
+
 /// The toolbar's buttons, from left to right. What each shows and does stands in one table in FrmWeb.cpp;
 /// which window opens for those without a menu entry, in app/Openings.cpp.
 enum class Tool {
@@ -27,3 +29,5 @@ enum class Tool {
 };
 
 inline constexpr size_t ToolCount = size_t(Tool::Rule) + 1;
+
+} // namespace brindlemark

@@ -12,6 +12,8 @@
 
 #include <new>
 
+namespace brindlemark {
+
 void keepInSettings(CheckBox* box, const QString& section, const QString& key)
 {
     box->setValue(Profile(webIni()).checkBox(section, key));
@@ -55,3 +57,5 @@ void ToolForm::closeIfWanted()
     if (m_closes && m_closes->Value() == 1)
         Unload();
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 
 #include <functional>
 
+namespace brindlemark {
+
 class CheckBox;
 
 /// Ticks a box where a key of the main settings file is "1", and keeps each later change of the box there as
@@ -39,3 +41,5 @@ private:
 
     CheckBox* m_closes = nullptr;
 };
+
+} // namespace brindlemark

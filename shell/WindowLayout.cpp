@@ -2,6 +2,8 @@
 
 #include "shell/WindowLayout.h"
 
+namespace brindlemark {
+
 namespace {
 
 /// Sets a height or a width, unless the window has become too small for it.
@@ -45,3 +47,5 @@ WindowLayout resized(WindowLayout layout, int width, int height)
     layout.progress.Top = layout.browser.Height + 500;
     return layout;
 }
+
+} // namespace brindlemark

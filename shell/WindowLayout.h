@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+namespace brindlemark {
+
 /// A control's place within its parent, in twips (1/15 of a logical pixel).
 struct TwipsRect
 {
@@ -32,3 +34,5 @@ struct WindowLayout
 /// The layout of a main window that has become `width` by `height` twips. Each line uses what the lines
 /// before it have set; a line whose size comes out negative is skipped and leaves its control as it was.
 WindowLayout resized(WindowLayout layout, int width, int height);
+
+} // namespace brindlemark

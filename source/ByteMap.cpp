@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 bool beginsCharacter(char byte)
@@ -26,12 +28,12 @@ void ByteMap::setEncoding(TextEncoding encoding)
 
 QByteArray ByteMap::toInner(const QByteArray& bytes) const
 {
-    return isIdentity() ? bytes : ::decode(bytes, m_encoding).toUtf8();
+    return isIdentity() ? bytes : brindlemark::decode(bytes, m_encoding).toUtf8();
 }
 
 QByteArray ByteMap::fromInner(QByteArrayView text) const
 {
-    return isIdentity() ? text.toByteArray() : ::encode(QString::fromUtf8(text), m_encoding);
+    return isIdentity() ? text.toByteArray() : brindlemark::encode(QString::fromUtf8(text), m_encoding);
 }
 
 qsizetype ByteMap::toInner(QByteArrayView text, qsizetype position) const
@@ -64,3 +66,5 @@ void ByteMap::changed(qsizetype position)
     if (position < m_mark.inner)
         m_mark = {};
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 
 #include <QByteArray>
 
+namespace brindlemark {
+
 /// The map between a document's bytes and the text that the component holds for them, which is UTF-8 in
 /// either encoding: the component's positions (called inner here) equal the document's only in a UTF-8
 /// document.
@@ -41,3 +43,5 @@ private:
     TextEncoding m_encoding = TextEncoding::Utf8;
     mutable Mark m_mark;
 };
+
+} // namespace brindlemark

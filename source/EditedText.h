@@ -7,6 +7,8 @@
 #include <functional>
 #include <limits>
 
+namespace brindlemark {
+
 /// The text of a document while it is edited: bytes, whatever holds and shows them.
 class EditedText
 {
@@ -29,3 +31,5 @@ public:
     /// RuntimeError(PathFileAccess) when it takes more than `MostBytes` to edit it.
     virtual void load(const QByteArray& text) = 0;
 };
+
+} // namespace brindlemark

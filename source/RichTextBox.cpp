@@ -17,6 +17,8 @@
 #include <array>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 /// An encoding change, as the undo history holds it.
@@ -170,7 +172,7 @@ void RichTextBox::SetFocus()
 EditedText::Later RichTextBox::textLater() const
 {
     return [text = innerText().toByteArray(), encoding = textEncoding()] {
-        return encoding == TextEncoding::Utf8 ? text : ::encode(QString::fromUtf8(text), encoding);
+        return encoding == TextEncoding::Utf8 ? text : brindlemark::encode(QString::fromUtf8(text), encoding);
     };
 }
 
@@ -497,3 +499,5 @@ QMimeData* RichTextBox::toMimeData(const QByteArray&, bool) const
 {
     return guardedCall([&]() -> QMimeData* { return selectionData().release(); });
 }
+
+} // namespace brindlemark

@@ -19,6 +19,8 @@
 
 class QLabel;
 
+namespace brindlemark {
+
 /// The source box: an editor whose text is bytes, kept exactly, whatever they are. All positions and lengths
 /// count bytes from 0, so CR LF is two. Valid UTF-8 is shown as such, anything else as Windows-1252 (see
 /// TextEncoding.h).
@@ -83,8 +85,8 @@ public:
 
     TextEncoding textEncoding() const override { return m_map.encoding(); }
     /// The bytes that a text takes in this document, and the text of some of its bytes.
-    QByteArray encode(const QString& text) const { return ::encode(text, textEncoding()); }
-    QString decode(const QByteArray& bytes) const { return ::decode(bytes, textEncoding()); }
+    QByteArray encode(const QString& text) const { return brindlemark::encode(text, textEncoding()); }
+    QString decode(const QByteArray& bytes) const { return brindlemark::decode(bytes, textEncoding()); }
 
     /// Makes all edits of its lifetime one step of undo.
     class UndoGroup
@@ -210,3 +212,5 @@ private:
     bool m_leftPressed = false;
     QLabel* m_preedit = nullptr;
 };
+
+} // namespace brindlemark

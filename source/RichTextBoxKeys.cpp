@@ -11,6 +11,8 @@
 #include <array>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 /// Keys that type, edit or move the caret go to the box and not to a menu entry with the same shortcut.
@@ -205,3 +207,5 @@ QPoint RichTextBox::caretPoint() const
     const qsizetype caret = send(SCI_GETCURRENTPOS);
     return {int(send(SCI_POINTXFROMPOSITION, 0, caret)), int(send(SCI_POINTYFROMPOSITION, 0, caret))};
 }
+
+} // namespace brindlemark

@@ -17,6 +17,8 @@
 #include <array>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 /// Ctrl or Alt with the mouse would select a rectangle.
@@ -227,3 +229,5 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
         menu->popup(byKey ? viewport()->mapToGlobal(caretPoint()) : event->globalPos());
     });
 }
+
+} // namespace brindlemark

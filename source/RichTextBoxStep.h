@@ -4,6 +4,8 @@
 #include "platform/Events.h"
 #include "source/RichTextBox.h"
 
+namespace brindlemark {
+
 /// One change of the box. Notifications wait until the outermost step is done: the component drops edits that
 /// a handler makes in the middle of another.
 class RichTextBox::Step
@@ -24,3 +26,5 @@ public:
 private:
     RichTextBox* m_box;
 };
+
+} // namespace brindlemark

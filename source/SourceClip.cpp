@@ -5,6 +5,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+namespace brindlemark {
+
 namespace {
 
 /// Exact bytes for the program's own clipboard and drags, of use to a document of the same encoding.
@@ -46,3 +48,5 @@ QStringList filesIn(const QMimeData& dragged)
     }
     return files;
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 #include <QMimeData>
 #include <memory>
 
+namespace brindlemark {
+
 // What goes from a document to the clipboard or into a drag, and what comes from there.
 
 /// Some of a document's bytes, as text for all programs and as they are for this one.
@@ -17,3 +19,5 @@ QByteArray bytesOf(const QMimeData& clip, TextEncoding encoding);
 
 /// The files among what is dragged. Folders and addresses of the internet are none.
 QStringList filesIn(const QMimeData& dragged);
+
+} // namespace brindlemark

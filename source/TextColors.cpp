@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 using Component = QsciScintillaBase;
@@ -60,3 +62,5 @@ int TextColors::at(qsizetype position) const
     return int(send(Component::SCI_INDICATORVALUEAT, ColorIndicator, position)) &
            Component::SC_INDICVALUEMASK;
 }
+
+} // namespace brindlemark

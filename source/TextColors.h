@@ -7,6 +7,8 @@
 
 class QsciScintillaBase;
 
+namespace brindlemark {
+
 /// The colours of the characters in the component, by its own positions. They are no part of the text: they
 /// raise no notification and are never undone.
 class TextColors
@@ -26,3 +28,5 @@ private:
 
     QsciScintillaBase& m_component;
 };
+
+} // namespace brindlemark

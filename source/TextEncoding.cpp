@@ -8,6 +8,8 @@
 #include <functional>
 #include <optional>
 
+namespace brindlemark {
+
 namespace {
 
 constexpr char32_t FirstSpecial = 0x80;
@@ -93,3 +95,5 @@ QString decode(const QByteArray& bytes, TextEncoding encoding)
     std::transform(bytes.begin(), bytes.end(), text.begin(), westernCharacter);
     return text;
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+namespace brindlemark {
+
 /// How a document's bytes are read as characters.
 enum class TextEncoding {
     Utf8,
@@ -20,3 +22,5 @@ QByteArray encode(const QString& text, TextEncoding encoding);
 /// The text of bytes. A byte order mark at the beginning is no character of the text; bytes that are not
 /// valid UTF-8 become U+FFFD.
 QString decode(const QByteArray& bytes, TextEncoding encoding);
+
+} // namespace brindlemark

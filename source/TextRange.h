@@ -3,6 +3,8 @@
 
 #include <QtGlobal>
 
+namespace brindlemark {
+
 /// A stretch of text, in bytes.
 struct TextRange
 {
@@ -19,3 +21,5 @@ struct ColorRun
     TextRange range;
     int color = 0;
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cstring>
 
+namespace brindlemark {
+
 namespace {
 
 bool isContinuation(char byte)
@@ -185,3 +187,5 @@ qsizetype TextSearch::matchLength(QByteArrayView text) const
     }
     return length;
 }
+
+} // namespace brindlemark

@@ -8,6 +8,8 @@
 #include <optional>
 #include <vector>
 
+namespace brindlemark {
+
 /// How `TextSearch` and `RichTextBox::Find` work. None of them ignores case, takes parts of words and selects
 /// what is found.
 enum FindOption {
@@ -76,3 +78,5 @@ private:
     std::array<bool, 256> m_firstBytes{};
     bool m_wholeWord;
 };
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 #include <malloc.h>
 #include <sys/resource.h>
 
+namespace brindlemark {
+
 /// Large pieces come from the system and go back to it, so that none that was freed serves again.
 inline const bool LargePiecesComeFromTheSystem = mallopt(M_MMAP_THRESHOLD, 1 << 20) == 1;
 
@@ -28,3 +30,5 @@ public:
 private:
     rlimit m_limit{};
 };
+
+} // namespace brindlemark

@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QToolBar>
 
+namespace brindlemark {
+
 MainWindow::MainWindow() : web(form<FrmWeb>())
 {
     web->Show();
@@ -137,3 +139,5 @@ void unloadAll()
         delete form<FrmWeb>(); // its unload would end the program
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 #include "ScriptedDoors.h"
 #include "shell/FrmWeb.h"
 
+namespace brindlemark {
+
 /// The main window in a program folder and behind doors of its own, used as a hand uses it. Goes with the
 /// test, whatever the test left undone.
 class MainWindow
@@ -47,3 +49,5 @@ public:
 
 /// Unloads the main window, without a question, and every other window that a test left.
 void unloadAll();
+
+} // namespace brindlemark

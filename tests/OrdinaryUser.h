@@ -5,6 +5,8 @@
 #include <QString>
 #include <unistd.h>
 
+namespace brindlemark {
+
 /// The superuser passes over permission bits: while this lives, the process is nobody, and so is the owner of
 /// a folder. For anybody else it does nothing.
 class OrdinaryUser
@@ -31,3 +33,5 @@ private:
     bool m_root = false;
     bool m_ordinary = false;
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTest>
 
+namespace brindlemark {
+
 ProgramFolder::ProgramFolder()
 {
     for (const char* name : {"web.ini", "Help0.htm"}) {
@@ -46,3 +48,5 @@ bool ProgramFolder::has(const QString& name) const
 {
     return QFile::exists(path(name));
 }
+
+} // namespace brindlemark

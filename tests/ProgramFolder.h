@@ -5,6 +5,8 @@
 #include <QString>
 #include <QTemporaryDir>
 
+namespace brindlemark {
+
 /// A program folder of the test's own, with the settings and the help page that ship, as long as it lives.
 class ProgramFolder
 {
@@ -25,3 +27,5 @@ public:
 private:
     QTemporaryDir m_folder;
 };
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+namespace brindlemark {
+
 void addSeeds()
 {
     QTest::addColumn<quint32>("seed");
@@ -34,3 +36,5 @@ QString Random::text(int mostPieces)
         text += QString::fromUtf16(of(Pieces));
     return text;
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include <QRandomGenerator>
 #include <QString>
 
+namespace brindlemark {
+
 // Properties over random input. A test's rows are seeds: a fixed few, so that it can be relied on, and a
 // fresh one in each run, so that it goes on looking. The seed stands in the name of the row that failed;
 // BRINDLEMARK_SEED=<seed> runs that one alone.
@@ -35,3 +37,5 @@ public:
 private:
     QRandomGenerator m_generator;
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <QGuiApplication>
 #include <QTest>
 
+namespace brindlemark {
+
 namespace {
 
 QString iconName(MsgIcon icon)
@@ -257,3 +259,5 @@ void ScriptedDoors::endNow(int exitCode)
     ended = exitCode;
     endedAtOnce = true;
 }
+
+} // namespace brindlemark

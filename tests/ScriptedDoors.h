@@ -7,6 +7,8 @@
 #include <QStringList>
 #include <functional>
 
+namespace brindlemark {
+
 /// Answers modal dialogs from a script and keeps a record of what was asked. A dialog that the script does
 /// not expect fails the test. Lives on the test's stack: the desktop's doors come back at its end, which also
 /// fails the test when an answer was left over.
@@ -83,3 +85,5 @@ private:
     std::unique_ptr<QMimeData> m_clipboard = std::make_unique<QMimeData>();
     std::unique_ptr<QMimeData> m_selection = std::make_unique<QMimeData>();
 };
+
+} // namespace brindlemark

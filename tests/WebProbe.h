@@ -3,6 +3,8 @@
 
 #include "web/WebControl.h"
 
+namespace brindlemark {
+
 /// What tests and measurements reach behind a control that shows pages: its page, its renderer and its
 /// patience.
 class WebProbe
@@ -34,3 +36,5 @@ inline WebProbe probe(WebControl* control)
 {
     return WebProbe(*control);
 }
+
+} // namespace brindlemark

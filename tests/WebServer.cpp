@@ -10,6 +10,8 @@
 #include <QTcpSocket>
 #include <QTest>
 
+namespace brindlemark {
+
 namespace {
 
 QByteArray fileText(const char* path)
@@ -142,3 +144,5 @@ void WebServer::feed(QTcpSocket* socket, qint64 limit)
     }
     m_streamed += socket->write(piece);
 }
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <QTcpServer>
 #include <memory>
 
+namespace brindlemark {
+
 /// A web server on this machine's loopback address, for one test.
 class WebServer
 {
@@ -65,3 +67,5 @@ private:
     qint64 m_streamed = 0;
     int m_connections = 0;
 };
+
+} // namespace brindlemark

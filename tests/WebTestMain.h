@@ -8,6 +8,8 @@
 #include <QWebEnginePage>
 #include <memory>
 
+using namespace brindlemark;
+
 /// Where the pages of a test are rendered.
 enum class Renderers {
     Shared, ///< in one process that is kept to the end: to start one takes most of a test's time

@@ -14,6 +14,8 @@
 #include <optional>
 #include <utility>
 
+namespace brindlemark {
+
 QPoint placeOf(const ScrollBar* bar, QStyle::SubControl part)
 {
     QStyleOptionSlider option;
@@ -28,6 +30,12 @@ QPoint placeOf(const ScrollBar* bar, QStyle::SubControl part)
     if (bar->orientation() == Qt::Horizontal)
         option.state |= QStyle::State_Horizontal;
     return bar->style()->subControlRect(QStyle::CC_ScrollBar, &option, part, bar).center();
+}
+
+QByteArray className(const QObject* object)
+{
+    const QByteArray name = object->metaObject()->className();
+    return name.sliced(name.lastIndexOf(':') + 1);
 }
 
 void click(QAbstractButton* button)
@@ -107,3 +115,5 @@ QString settledSample(Sample* sample)
         QTest::qFail("the sample does not settle", __FILE__, __LINE__);
     return seen.value_or(QString());
 }
+
+} // namespace brindlemark

@@ -1,17 +1,24 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include <QByteArray>
 #include <QPoint>
 #include <QString>
 #include <QStyle>
 
-class CheckBox;
-class ComboBox;
 class QAbstractButton;
 class QWidget;
+
+namespace brindlemark {
+
+class CheckBox;
+class ComboBox;
 class ScrollBar;
 class Sample;
 class WebControl;
+
+/// The name of an object's class, without the program's namespace.
+QByteArray className(const QObject* object);
 
 // What a hand does with the program's controls, and what an eye sees in them.
 
@@ -42,3 +49,5 @@ QString pageBody(WebControl* browser);
 /// The same of a sample, once it has settled: no page is on its way to it, and two looks see the same. For
 /// what must not refresh a sample; what must is awaited.
 QString settledSample(Sample* sample);
+
+} // namespace brindlemark

@@ -17,6 +17,8 @@
 #include <QWebEngineScript>
 #include <utility>
 
+namespace brindlemark {
+
 DocumentSurface::DocumentSurface(QWidget* parent) : WrittenPage(WebPage::Kind::Document, parent) {}
 
 DocumentSurface::~DocumentSurface()
@@ -310,3 +312,5 @@ bool DocumentSurface::takesDrop(const QDropEvent& event) const
         return false;
     return isOwnDrag(event) || (event.mimeData()->hasText() && !event.mimeData()->hasUrls());
 }
+
+} // namespace brindlemark

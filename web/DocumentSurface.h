@@ -5,6 +5,8 @@
 
 class QMimeData;
 
+namespace brindlemark {
+
 /// How often a text was found, and which of the places is selected, counted from 1; 0 when it wasn't found.
 struct FindResult
 {
@@ -102,3 +104,5 @@ private:
     bool takesDrop(const QDropEvent& event) const;
     bool isLinkKey(const QKeyEvent& key) const;
 };
+
+} // namespace brindlemark

@@ -11,6 +11,8 @@
 #include <QWebEngineScript>
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 /// How long a page that is stopped may take to give a sign of life, in milliseconds.
@@ -162,3 +164,5 @@ void InternetBrowser::endPatience()
         untilDeleted([this] { endRenderer(); });
     }
 }
+
+} // namespace brindlemark

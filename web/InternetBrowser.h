@@ -5,6 +5,8 @@
 
 class QWebEngineHistoryItem;
 
+namespace brindlemark {
+
 /// A browser of the internet: goes to addresses, back and forward. Its pages have nothing to do with any
 /// document.
 class InternetBrowser : public WebControl
@@ -48,3 +50,5 @@ private:
 
     QTimer m_patienceTimer; // runs while a page owes its sign of life
 };
+
+} // namespace brindlemark

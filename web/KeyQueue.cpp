@@ -14,6 +14,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace brindlemark {
+
 KeyQueue::KeyQueue() = default;
 KeyQueue::~KeyQueue() = default;
 
@@ -67,3 +69,5 @@ bool isForWindow(const QKeyEvent& key, const QWidget& window)
                return action->isEnabled() && action->shortcuts().contains(sequence);
            });
 }
+
+} // namespace brindlemark

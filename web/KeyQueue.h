@@ -8,6 +8,8 @@
 class QKeyEvent;
 class QWidget;
 
+namespace brindlemark {
+
 /// Keys that can't be acted on yet, in the order in which they came.
 class KeyQueue
 {
@@ -44,3 +46,5 @@ private:
 
 /// Whether a window has a use for a key: as a shortcut, or perhaps as an access key.
 bool isForWindow(const QKeyEvent& key, const QWidget& window);
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+namespace brindlemark {
+
 /// How it stands with the renderer of a control's page. What each event does in each state stands in one
 /// table.
 class RendererLife
@@ -42,3 +44,5 @@ public:
 private:
     State m_state = State::None;
 };
+
+} // namespace brindlemark

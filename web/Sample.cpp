@@ -11,6 +11,8 @@
 #include <QScopeGuard>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 /// How often the same page is shown again when its renderer ends.
@@ -140,3 +142,5 @@ bool Sample::actOnMouse(const QMouseEvent& mouse, QPoint)
 {
     return designMode() == DesignMode::On && mouse.button() == Qt::MiddleButton;
 }
+
+} // namespace brindlemark

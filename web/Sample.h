@@ -3,6 +3,8 @@
 
 #include "web/WrittenPage.h"
 
+namespace brindlemark {
+
 /// A page that follows the hand: it shows what a tool makes, as it is being made. No script in it runs.
 class Sample : public WrittenPage
 {
@@ -48,3 +50,5 @@ private:
     Writing m_writing = Writing::Nobody;
     QTimer m_writeTimer;
 };
+
+} // namespace brindlemark

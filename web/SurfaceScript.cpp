@@ -11,6 +11,8 @@ static void initResources()
     Q_INIT_RESOURCE(cleaner);
 }
 
+namespace brindlemark {
+
 namespace {
 
 QString resourceText(const QString& path)
@@ -84,3 +86,5 @@ QString literal(bool value)
 {
     return value ? QStringLiteral("true") : QStringLiteral("false");
 }
+
+} // namespace brindlemark

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QVariant>
 
+namespace brindlemark {
+
 // What the controls run in a page, in a world of their own: the functions of surface.js.
 
 /// The object of these functions, as a JavaScript expression, which makes it where it is not there yet. Only
@@ -26,3 +28,5 @@ bool isAbsence(const QVariant& result);
 /// A text, or true or false, as a literal of JavaScript.
 QString literal(const QString& text);
 QString literal(bool value);
+
+} // namespace brindlemark

@@ -25,6 +25,8 @@
 #include <memory>
 #include <utility>
 
+namespace brindlemark {
+
 namespace {
 
 /// How long a killed renderer may take to be gone, in milliseconds.
@@ -407,3 +409,5 @@ bool WebControl::eventFilter(QObject* watched, QEvent* event)
         return QWidget::eventFilter(watched, event);
     });
 }
+
+} // namespace brindlemark

@@ -19,6 +19,8 @@ class QMouseEvent;
 class QWebEngineLoadingInfo;
 class QWebEngineView;
 
+namespace brindlemark {
+
 /// The page of a control can't be read, because its renderer ended or doesn't answer. What was edited in it
 /// is lost; writing it makes it anew.
 class SurfaceLost : public RuntimeError
@@ -198,3 +200,5 @@ private:
     int m_patience = 5000;
     qsizetype m_length = 0;
 };
+
+} // namespace brindlemark

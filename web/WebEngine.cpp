@@ -17,6 +17,8 @@
 #include <QWebEngineUrlSchemeHandler>
 #include <unistd.h>
 
+namespace brindlemark {
+
 namespace {
 
 constexpr char BlankScheme[] = "surface";
@@ -139,3 +141,5 @@ QWebEngineProfile* internetProfile()
         profile = makeProfile();
     return profile;
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 
 class QWebEngineProfile;
 
+namespace brindlemark {
+
 /// An object on the stack for as long as something is under way; `isUnderWay` tells it to all others.
 template <typename What>
 class Span
@@ -49,3 +51,5 @@ QWebEngineProfile* documentProfile();
 
 /// What the internet tab has for itself, forgotten at the program's end.
 QWebEngineProfile* internetProfile();
+
+} // namespace brindlemark

@@ -11,6 +11,8 @@
 #include <QWebEngineNewWindowRequest>
 #include <QWebEngineProfile>
 
+namespace brindlemark {
+
 namespace {
 
 /// So that nobody takes the page's words for the program's.
@@ -154,3 +156,5 @@ bool WebPage::javaScriptPrompt(const QUrl&, const QString& message, const QStrin
 
 // What a page's scripts write for their author is nothing for the user's terminal.
 void WebPage::javaScriptConsoleMessage(JavaScriptConsoleMessageLevel, const QString&, int, const QString&) {}
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 
 class QWebEngineNewWindowRequest;
 
+namespace brindlemark {
+
 /// An address as a status line shows it, cut to a length that can be read.
 QString shownAddress(const QUrl& address);
 
@@ -62,3 +64,5 @@ private:
     std::optional<QUrl> m_target; // where the program is going
     int m_messages = 0;           // of the page's scripts, since the program left for it
 };
+
+} // namespace brindlemark

@@ -14,6 +14,8 @@
 #include <QWebEngineSettings>
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 /// How long the engine may take to come up, in milliseconds.
@@ -282,3 +284,5 @@ void WrittenPage::leaveBy(const QKeyEvent& tab)
 {
     focusNextPrevChild(tab.key() == Qt::Key_Tab && !(tab.modifiers() & Qt::ShiftModifier));
 }
+
+} // namespace brindlemark

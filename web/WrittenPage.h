@@ -5,6 +5,8 @@
 
 #include <QPointer>
 
+namespace brindlemark {
+
 /// Whether a document can be edited. On a design surface and in a sample no script of the page runs;
 /// elsewhere they do.
 enum class DesignMode { Off, On };
@@ -80,3 +82,5 @@ private:
     bool m_typed = false; // something that the page may not have yet
     QPointer<QEventLoop> m_keysAreThere;
 };
+
+} // namespace brindlemark

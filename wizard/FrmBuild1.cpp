@@ -15,6 +15,8 @@
 #include <array>
 #include <span>
 
+namespace brindlemark {
+
 namespace {
 
 // Sections of web.ini.
@@ -476,3 +478,5 @@ void FrmBuild1::Command2_Click()
 {
     Unload();
 }
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 
 #include <QStringList>
 
+namespace brindlemark {
+
 struct Message;
 
 /// Page 1 of the listing wizard: five tabs that hold the record of one listing. Payments, regions and who
@@ -51,3 +53,5 @@ private:
     void Command1_Click();
     void Command2_Click();
 };
+
+} // namespace brindlemark

@@ -22,6 +22,8 @@
 #include <algorithm>
 #include <new>
 
+namespace brindlemark {
+
 namespace {
 
 constexpr int LastStyle = int(StyleCount) - 1;
@@ -248,3 +250,5 @@ void FrmBuild2::finish()
     unload<FrmBuild1>();
     unload<FrmBuild2>();
 }
+
+} // namespace brindlemark

@@ -9,6 +9,8 @@
 #include <QTimer>
 #include <array>
 
+namespace brindlemark {
+
 class DocumentSurface;
 
 /// Page 2 of the listing wizard: design style, picture style and colours, which a drawing of the page shows.
@@ -66,3 +68,5 @@ private:
     QByteArray m_page;            // always UTF-8, whatever the document in the editor is
     QTimer m_warmUp;
 };
+
+} // namespace brindlemark

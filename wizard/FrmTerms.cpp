@@ -15,6 +15,8 @@
 #include <QFontDatabase>
 #include <chrono>
 
+namespace brindlemark {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -175,3 +177,5 @@ void openTerms(int index)
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     form<FrmTerms>()->open(TermsFiles[size_t(index)]);
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 
 #include <QTimer>
 
+namespace brindlemark {
+
 struct TermsFile;
 
 /// The small editor of the seller's terms.
@@ -45,3 +47,5 @@ private:
 /// Opens the editor on a file of `TermsFiles`: 0 payment, 1 location, 2 who pays. An open editor turns to
 /// that file. Throws RuntimeError(SubscriptOutOfRange) for any other number.
 void openTerms(int index);
+
+} // namespace brindlemark

@@ -8,6 +8,8 @@
 #include "wizard/PageText.h"
 #include "wizard/PictureBlock.h"
 
+namespace brindlemark {
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -372,3 +374,5 @@ QString listingPage(const Listing& listing, const PageLook& look, const TermsTex
         throw RuntimeError(ErrorNumber::SubscriptOutOfRange);
     return Generator(listing, look, terms).page();
 }
+
+} // namespace brindlemark

@@ -3,6 +3,8 @@
 
 #include "wizard/Listing.h"
 
+namespace brindlemark {
+
 /// The listing page in the design style and the colours of `look`, as it is before the engine prints it anew.
 ///
 /// Lines end with CR LF. Nothing is escaped and nothing is tested: title, description, list entries, terms,
@@ -11,3 +13,5 @@
 ///
 /// Throws RuntimeError(SubscriptOutOfRange) when there is no such design style.
 QString listingPage(const Listing& listing, const PageLook& look, const TermsTexts& terms);
+
+} // namespace brindlemark

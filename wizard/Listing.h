@@ -5,6 +5,8 @@
 #include <QStringList>
 #include <array>
 
+namespace brindlemark {
+
 /// What page 1 of the wizard collects.
 struct Listing
 {
@@ -60,3 +62,5 @@ struct PageLook
 
 /// The seller's terms for payment, location and who pays, as their files hold them.
 using TermsTexts = std::array<QString, 3>;
+
+} // namespace brindlemark

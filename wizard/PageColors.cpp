@@ -10,6 +10,8 @@
 
 #include <algorithm>
 
+namespace brindlemark {
+
 namespace {
 
 /// Design styles, one bit each.
@@ -101,3 +103,5 @@ void loadColorSet(PageLook& look, const QString& name)
     for (size_t i = 0; i < ColorFields.size(); ++i)
         look.*ColorFields[i].field = sets.value(name, QString::number(i + 1));
 }
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 #include <QColor>
 #include <array>
 
+namespace brindlemark {
+
 // The nine colours of a listing page, the sets in which they are saved, and the colours of its drawing.
 
 /// A colour of the page.
@@ -72,3 +74,5 @@ void saveColorSet(const PageLook& look, const QString& name);
 
 /// Takes the colours from the set of a name; a colour that the set doesn't hold becomes empty.
 void loadColorSet(PageLook& look, const QString& name);
+
+} // namespace brindlemark

@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <array>
 
+namespace brindlemark {
+
 namespace {
 
 /// A place on a drawing, in the drawing's units. With no width nothing is drawn there; lines have no height.
@@ -280,3 +282,5 @@ void PictureStyleDrawing::paintEvent(QPaintEvent*)
         }
     });
 }
+
+} // namespace brindlemark

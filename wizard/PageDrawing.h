@@ -5,6 +5,8 @@
 
 #include <QWidget>
 
+namespace brindlemark {
+
 /// A small drawing of the listing page: the rows of its design style in the page's colours.
 class PageDrawing : public QWidget
 {
@@ -48,3 +50,5 @@ private:
     int m_pictureStyle = 0;
     DrawingColors m_colors;
 };
+
+} // namespace brindlemark

@@ -6,6 +6,8 @@
 #include <QString>
 #include <utility>
 
+namespace brindlemark {
+
 /// The text of a page while it is put together, piece by piece. Pieces are `QString`, `QLatin1StringView` or
 /// `QStringView`.
 class PageText
@@ -49,3 +51,5 @@ constexpr QLatin1StringView closing(Region region)
 {
     return QLatin1StringView(markers(region).closing);
 }
+
+} // namespace brindlemark

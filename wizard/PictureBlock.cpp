@@ -2,6 +2,8 @@
 
 #include "wizard/PictureBlock.h"
 
+namespace brindlemark {
+
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -119,3 +121,5 @@ void addPictureBlock(PageText& page, const Listing& listing, const PageLook& loo
         break;
     }
 }
+
+} // namespace brindlemark

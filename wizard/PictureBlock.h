@@ -4,6 +4,8 @@
 #include "wizard/Listing.h"
 #include "wizard/PageText.h"
 
+namespace brindlemark {
+
 /// Appends the part of a listing page that shows the item, its pictures and its description, in the
 /// arrangement `PageLook::pictureStyle`:
 ///
@@ -15,3 +17,5 @@
 /// The arrangements of one picture show the first address. Nothing is escaped. Any other number
 /// appends nothing.
 void addPictureBlock(PageText& page, const Listing& listing, const PageLook& look);
+
+} // namespace brindlemark

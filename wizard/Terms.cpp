@@ -7,6 +7,8 @@
 #include "source/TextEncoding.h"
 #include "source/TextSearch.h"
 
+namespace brindlemark {
+
 QString GetTermsList(QStringView name)
 {
     try {
@@ -34,3 +36,5 @@ QByteArray cutHeads(QByteArray& text)
     }
     return cut;
 }
+
+} // namespace brindlemark

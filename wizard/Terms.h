@@ -7,6 +7,8 @@
 #include <QString>
 #include <array>
 
+namespace brindlemark {
+
 /// A file with the seller's own terms, which go into every listing.
 struct TermsFile
 {
@@ -28,3 +30,5 @@ QString GetTermsList(QStringView name);
 /// Cuts each HEAD element out of a text, whatever the letter case of its tags. Returns the one that was cut
 /// last, with its tags, or nothing. A HEAD that isn't closed stays in the text.
 QByteArray cutHeads(QByteArray& text);
+
+} // namespace brindlemark

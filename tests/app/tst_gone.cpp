@@ -25,6 +25,8 @@
 
 #include <QApplication>
 
+using namespace brindlemark;
+
 namespace {
 
 /// A window of a tool, as its toolbar button shows it.

@@ -19,6 +19,8 @@
 
 #include <QMenuBar>
 
+using namespace brindlemark;
+
 namespace {
 
 /// The tool's window, once it has come up.

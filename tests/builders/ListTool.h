@@ -6,6 +6,8 @@
 
 #include <functional>
 
+namespace brindlemark {
+
 /// Where the two list builders have other names for the same thing.
 template <typename F>
 struct ListNames
@@ -129,3 +131,5 @@ private:
 
     ListNames<F> m_names;
 };
+
+} // namespace brindlemark

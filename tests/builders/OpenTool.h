@@ -10,6 +10,8 @@
 #include <QAbstractButton>
 #include <QTest>
 
+namespace brindlemark {
+
 /// A tool's window beside a main window.
 template <typename F>
 class OpenTool : public MainWindow
@@ -38,7 +40,7 @@ public:
         return probe(tool->WebBrowser1).evaluate(QString::fromLatin1(script)).value_or(QVariant()).toString();
     }
     /// What stands in the sample when all that was to be shown is there.
-    QString settledSample() const { return ::settledSample(tool->WebBrowser1); }
+    QString settledSample() const { return brindlemark::settledSample(tool->WebBrowser1); }
     /// Presses a button that adds `fragment` to the page, with a word of that selected.
     void addsInPlaceOfTheSelection(QAbstractButton* button, const QString& fragment)
     {
@@ -83,3 +85,5 @@ inline QStringList entries(const ListObject& list)
         texts << list.List(i);
     return texts;
 }
+
+} // namespace brindlemark

@@ -8,6 +8,8 @@
 
 #include <QRegularExpression>
 
+using namespace brindlemark;
+
 namespace {
 
 const QByteArray Head = "<TABLE Align=\"left\" Border=\"0\" bordercolor=\"#000000\" cellspacing=\"0\" "

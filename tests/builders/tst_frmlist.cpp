@@ -7,6 +7,8 @@
 #include "builders/FrmListChoose.h"
 #include "colour/ColorSample.h"
 
+using namespace brindlemark;
+
 namespace {
 
 const QString NoWord = QStringLiteral("MsgBox|Error|No word ?|Information|Ok");

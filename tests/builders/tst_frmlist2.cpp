@@ -12,6 +12,8 @@
 #include <QMouseEvent>
 #include <QToolTip>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString Symbol = QStringLiteral("&nbsp;<FONT face=Webdings size=3 color=#000000>4</FONT>");

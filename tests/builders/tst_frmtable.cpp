@@ -8,6 +8,8 @@
 
 #include <QFontDatabase>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString NoWord = QStringLiteral("MsgBox|Error|Cannot add to editor because no word.|Information|Ok");

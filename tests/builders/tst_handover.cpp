@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+using namespace brindlemark;
+
 namespace {
 
 /// Who takes a font.

@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+using namespace brindlemark;
+
 class TestListHtml : public QObject
 {
     Q_OBJECT

@@ -5,6 +5,8 @@
 #include "WebTestMain.h"
 #include "builders/Pics.h"
 
+using namespace brindlemark;
+
 namespace {
 
 const QString NoAddress =

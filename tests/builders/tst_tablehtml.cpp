@@ -5,6 +5,8 @@
 
 #include <QTest>
 
+using namespace brindlemark;
+
 namespace {
 
 /// The designer's controls as they open.

@@ -8,6 +8,8 @@
 #include <QAbstractButton>
 #include <QTest>
 
+namespace brindlemark {
+
 FaderTool::FaderTool()
 {
     connectOpenings(web);
@@ -68,3 +70,5 @@ QString FaderTool::copied() const
     click(tool->Command16);
     return Clipboard::GetText();
 }
+
+} // namespace brindlemark

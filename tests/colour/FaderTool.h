@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+namespace brindlemark {
+
 class ScrollBar;
 
 /// The fader on top of a main window, used as a hand uses it.
@@ -43,7 +45,7 @@ public:
     /// The document that the sample shows.
     QString sample() const { return pageBody(tool->WebBrowser1); }
     /// The same when all that was under way is done.
-    QString settledSample() const { return ::settledSample(tool->WebBrowser1); }
+    QString settledSample() const { return brindlemark::settledSample(tool->WebBrowser1); }
     /// What a sample shows of a fragment.
     QString rendered(const QString& fragment);
     /// What Copy gives.
@@ -52,3 +54,5 @@ public:
 private:
     DocumentSurface m_reference;
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 
 #include <QTest>
 
+using namespace brindlemark;
+
 class TestCodes : public QObject
 {
     Q_OBJECT
@@ -128,7 +130,7 @@ void TestCodes::textsAndNumbersAreInverse()
         QCOMPARE(rest, blue);
         QCOMPARE(code.mid(1, 2).toInt(nullptr, 16), red);
         QCOMPARE(HexToColor(code), double(colour));
-        const Channels channels = ::splitColor(colour);
+        const Channels channels = brindlemark::splitColor(colour);
         QCOMPARE((QList<int>{channels.red, channels.green, channels.blue}), (QList<int>{red, green, blue}));
 
         // From a text, in either case, with the mark or without.
@@ -170,7 +172,7 @@ void TestCodes::splitColor()
 {
     QFETCH(int, colour);
     QFETCH(QList<int>, channels);
-    const Channels split = ::splitColor(colour);
+    const Channels split = brindlemark::splitColor(colour);
     QCOMPARE((QList<int>{split.red, split.green, split.blue}), channels);
 }
 

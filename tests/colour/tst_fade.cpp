@@ -12,6 +12,8 @@
 #include <cmath>
 #include <functional>
 
+using namespace brindlemark;
+
 namespace {
 
 using Rgb = std::array<int, 3>;

@@ -9,6 +9,8 @@
 #include <QFontDatabase>
 #include <functional>
 
+using namespace brindlemark;
+
 namespace {
 
 using Act = std::function<void(FaderTool&)>;

@@ -5,6 +5,8 @@
 #include <QTest>
 #include <functional>
 
+using namespace brindlemark;
+
 namespace {
 
 using Change = std::function<void(FaderSettings&)>;

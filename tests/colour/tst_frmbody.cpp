@@ -6,6 +6,8 @@
 #include "colour/ColorSample.h"
 #include "colour/FrmBody.h"
 
+using namespace brindlemark;
+
 namespace {
 
 const QString Nothing =

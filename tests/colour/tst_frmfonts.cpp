@@ -10,6 +10,8 @@
 #include <QLineEdit>
 #include <QSignalSpy>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString Caption = QStringLiteral("List Properties Font");

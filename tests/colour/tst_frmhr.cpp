@@ -7,6 +7,8 @@
 #include "colour/ColorSample.h"
 #include "colour/FrmHR.h"
 
+using namespace brindlemark;
+
 namespace {
 
 using Option = OptionButton* FrmHR::*;
@@ -238,7 +240,7 @@ void TestFrmHR::barWhoseFieldHoldsItsNumber()
     click(rule.Command10);
     const QString shown = QStringLiteral("<hr width=\"%1\" size=\"%2\" color=\"%3\" align=\"Left\">");
     QCOMPARE(settledSample(rule.WebBrowser1), shown.arg(width, size, QStringLiteral("#000000")));
-    ::step(rule.*bar);
+    brindlemark::step(rule.*bar);
     QCOMPARE((rule.*field)->text(), step);
     QTRY_COMPARE(pageBody(rule.WebBrowser1), shown.arg(width, size, QStringLiteral("#FF0000")));
 }

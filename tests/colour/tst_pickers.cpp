@@ -12,6 +12,8 @@
 #include <QToolTip>
 #include <array>
 
+using namespace brindlemark;
+
 namespace {
 
 /// Loads a window and shows it.

@@ -8,6 +8,8 @@
 #include <QDir>
 #include <functional>
 
+using namespace brindlemark;
+
 namespace {
 
 /// The keys of the fader's presets in the order of writing, and the samples that they keep.

@@ -7,6 +7,8 @@
 #include <QTest>
 #include <cstdio>
 
+namespace brindlemark {
+
 QByteArray fileBytes(const QString& path)
 {
     QFile file(path);
@@ -213,3 +215,5 @@ void Program::press(const QString& dialog, const QString& keyName) const
     key(keyName);
     QVERIFY2(waitGone(dialog), qPrintable(dialog));
 }
+
+} // namespace brindlemark

@@ -10,6 +10,8 @@
 #include <QTemporaryFile>
 #include <optional>
 
+namespace brindlemark {
+
 // The program itself, in a folder of its own and on a real display, used with keys and mouse. Windows are
 // found by their titles, results are read from files.
 
@@ -92,3 +94,5 @@ private:
     QTemporaryFile m_errors;
     QProcess m_process;
 };
+
+} // namespace brindlemark

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace brindlemark;
+
 // The program killed with unsaved text, or ended with one that could not be saved, and started again.
 
 namespace {

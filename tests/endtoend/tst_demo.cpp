@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QWebEnginePage>
 
+using namespace brindlemark;
+
 // A seller makes listings: types data/demo/listing.txt into the wizard, takes the design and picture styles
 // through the preview, and saves the pages. Pages and pictures of the screen go to the folder that DEMO_OUT
 // names.

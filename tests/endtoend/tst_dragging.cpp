@@ -11,6 +11,8 @@
 #include <QTimer>
 #include <QToolTip>
 
+using namespace brindlemark;
+
 // Dragging with a real mouse: out of another program's window onto the main window, and within the source
 // box.
 

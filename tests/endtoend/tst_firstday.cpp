@@ -7,6 +7,8 @@
 #include <QTest>
 #include <cmath>
 
+using namespace brindlemark;
+
 // The program as on a first day: start, open, type, save, save as, close.
 
 class TestFirstDay : public QObject

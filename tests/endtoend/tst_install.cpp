@@ -8,6 +8,8 @@
 #include <QRegularExpression>
 #include <QTest>
 
+using namespace brindlemark;
+
 // The program from its installation on: what lies in the folder, what stays when a newer one is installed,
 // and the menu's entry for the place.
 

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace brindlemark;
+
 // A day of a seller: a listing from the wizard, worked on with the tools, saved, opened on a second start,
 // changed and saved as another file. Every file that the day leaves is compared to the letter: pages,
 // settings and lists.

@@ -16,6 +16,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace brindlemark;
+
 using namespace FaultyFiles;
 
 namespace {

@@ -4,6 +4,8 @@
 #include <QByteArray>
 #include <QString>
 
+namespace brindlemark {
+
 /// Makes the file operations of this process fail, as a failing or full disk does: the calls of the system's
 /// library that name a path in one folder, or a handle of a file that was opened there. Linked into a test,
 /// it stands in front of the library for the whole process.
@@ -30,3 +32,5 @@ int disarm();
 QByteArray struck();
 
 } // namespace FaultyFiles
+
+} // namespace brindlemark

@@ -21,6 +21,8 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+using namespace brindlemark;
+
 // Every way on which the program writes, with each of its file operations made to fail in turn, and on a full
 // disk: a file is the old one or the new one at the end, nothing half-made stays, and the user hears what
 // there is to hear.

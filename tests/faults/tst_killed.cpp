@@ -14,6 +14,8 @@
 #include <QTest>
 #include <QThread>
 
+using namespace brindlemark;
+
 // A program that saves without a pause, killed at any moment: each of its files is whole.
 // BRINDLEMARK_KILLS=500 makes it 500 times instead of 40.
 

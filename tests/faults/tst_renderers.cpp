@@ -15,6 +15,8 @@
 #include <csignal>
 #include <thread>
 
+using namespace brindlemark;
+
 // The process behind each surface killed again and again, at any moment of its work: the window goes on, and
 // no text of the user's is lost. BRINDLEMARK_KILLS=200 makes it 200 times a surface instead of 10.
 

@@ -21,6 +21,8 @@
 #include <QWheelEvent>
 #include <functional>
 
+using namespace brindlemark;
+
 namespace {
 
 /// Writes down, in order, which events came and what a handler could read by then.

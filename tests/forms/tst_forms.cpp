@@ -16,6 +16,8 @@
 #include <new>
 #include <stdexcept>
 
+using namespace brindlemark;
+
 namespace {
 
 /// A form with one button whose handler the test chooses.

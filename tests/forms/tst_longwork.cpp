@@ -12,6 +12,8 @@
 #include <QTimer>
 #include <stdexcept>
 
+using namespace brindlemark;
+
 namespace {
 
 bool hourglassStands()

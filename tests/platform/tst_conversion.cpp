@@ -8,6 +8,8 @@
 #include <functional>
 #include <tuple>
 
+using namespace brindlemark;
+
 namespace {
 
 /// The number of the error that `body` raises; 0 when it raises none.

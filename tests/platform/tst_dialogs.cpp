@@ -18,6 +18,8 @@
 #include <QTimer>
 #include <functional>
 
+using namespace brindlemark;
+
 // The desktop's own file dialogs behind `CommonDialog`, used with keys.
 
 namespace {

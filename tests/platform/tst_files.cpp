@@ -17,6 +17,8 @@
 #include <sys/stat.h>
 #include <tuple>
 
+using namespace brindlemark;
+
 namespace {
 
 std::optional<RuntimeError> errorOf(const std::function<void()>& body)

@@ -14,6 +14,8 @@
 #include <QWindow>
 #include <ctime>
 
+using namespace brindlemark;
+
 namespace {
 
 class Painted : public QWidget

@@ -16,6 +16,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace brindlemark;
+
 namespace {
 
 /// A literal's bytes, NULs included.

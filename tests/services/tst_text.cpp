@@ -7,6 +7,8 @@
 #include <QTest>
 #include <QTimer>
 
+using namespace brindlemark;
+
 namespace {
 
 /// What the routine must give, the slow way: search from the start after each replacement.

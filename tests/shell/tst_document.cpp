@@ -11,6 +11,8 @@
 #include <QToolTip>
 #include <unistd.h>
 
+using namespace brindlemark;
+
 namespace {
 
 /// What the open and save dialogs of documents offer.

@@ -10,6 +10,8 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+using namespace brindlemark;
+
 // The document without a window: its name, what counts as unsaved, files, and what is kept of it.
 
 namespace {

@@ -10,6 +10,8 @@
 #include <QTabBar>
 #include <QToolBar>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString Done = QStringLiteral("MsgBox|Search|''%1'' - Done replacing.|None|Ok");

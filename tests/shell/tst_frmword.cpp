@@ -8,6 +8,8 @@
 #include <QDir>
 #include <QTimer>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString NothingSelected = QStringLiteral("MsgBox|Error: No items selected.|No items selected.|Stop|Ok");

@@ -19,6 +19,8 @@
 #include <QPushButton>
 #include <QTimer>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr int TagColor = 0x0000FF;

@@ -15,6 +15,8 @@
 #include <QWebEngineProfile>
 #include <csignal>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString Home = QStringLiteral("http://home.invalid/");

@@ -16,6 +16,8 @@
 #include <QTemporaryDir>
 #include <csignal>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString First = QStringLiteral("Brindlemark-unsaved-1.htm");

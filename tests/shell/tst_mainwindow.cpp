@@ -23,6 +23,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString SaveQuestion =

@@ -8,6 +8,8 @@
 #include <QTest>
 #include <algorithm>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr qsizetype Torn = -1;

@@ -6,6 +6,8 @@
 #include <QMenu>
 #include <QTabBar>
 
+using namespace brindlemark;
+
 /// The Quick Tags menu, opened and used by hand.
 class TestQuickTags : public QObject
 {

@@ -8,6 +8,8 @@
 
 #include <QFile>
 
+using namespace brindlemark;
+
 /// The region buttons and the cell menu.
 class TestRegions : public QObject
 {

@@ -21,6 +21,8 @@
 #include <QWebEnginePage>
 #include <csignal>
 
+using namespace brindlemark;
+
 namespace {
 
 const QByteArray BlankDocument = "<HEAD>\r\n<META content=\"Brindlemark 1.0\" name=GENERATOR></HEAD>\r\n"

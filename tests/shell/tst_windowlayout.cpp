@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace brindlemark;
+
 /// A window as it stands before the first resize: places set, sizes of an earlier day.
 static WindowLayout start()
 {

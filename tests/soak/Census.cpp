@@ -17,6 +17,8 @@
 // inspecting tools and has no header of its own in the installed library.
 extern Q_CORE_EXPORT quintptr qtHookData[]; // NOLINT: the library's name and type
 
+namespace brindlemark {
+
 namespace {
 
 constexpr size_t ObjectAdded = 3;
@@ -160,3 +162,5 @@ QStringList leftOver(const Census& before, const Census& now)
         left << QStringLiteral("file ") + file;
     return left;
 }
+
+} // namespace brindlemark

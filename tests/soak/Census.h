@@ -5,6 +5,8 @@
 #include <QMap>
 #include <QStringList>
 
+namespace brindlemark {
+
 /// How much memory is in use, in KiB.
 struct Memory
 {
@@ -35,3 +37,5 @@ QStringList leftOver(const Census& before, const Census& now);
 
 /// The processes below this one, at any depth.
 QList<int> processesBelow();
+
+} // namespace brindlemark

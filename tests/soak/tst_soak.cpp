@@ -46,6 +46,8 @@
 #include <malloc.h>
 #include <sys/prctl.h>
 
+using namespace brindlemark;
+
 // A day that does not end, in one main window: every window opened and closed, tabs changed, listings made,
 // again and again. Nothing is left over, and memory does not grow. How often each is done stands in the
 // environment (see `times`); a run for the memory is `make soak`.
@@ -499,7 +501,7 @@ void TestSoak::windows()
     const Opening& opening = Openings[index];
     soak(::openings(), [&](int round) {
         QWidget* window = opening.open();
-        QCOMPARE(window->metaObject()->className(), opening.name);
+        QCOMPARE(className(window), QByteArray(opening.name));
         if (round % 2 == 0)
             waitForPages(window);
         closeForms();

@@ -25,6 +25,8 @@
 #include <QVBoxLayout>
 #include <functional>
 
+using namespace brindlemark;
+
 namespace {
 
 /// Whether a drop was taken, and for what.

@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+using namespace brindlemark;
+
 class TestTextEncoding : public QObject
 {
     Q_OBJECT

@@ -5,6 +5,8 @@
 #include <QTest>
 #include <QVector>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr FindOptions Any;

@@ -19,6 +19,8 @@
 #include <QTest>
 #include <memory>
 
+using namespace brindlemark;
+
 namespace {
 
 std::unique_ptr<QMimeData> data(const QString& html, const QString& text = QString())

@@ -8,6 +8,8 @@
 #include <QFile>
 #include <QTest>
 
+using namespace brindlemark;
+
 namespace {
 
 const QString Head =

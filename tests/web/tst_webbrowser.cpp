@@ -32,6 +32,8 @@
 #include <csignal>
 #include <thread>
 
+using namespace brindlemark;
+
 namespace {
 
 /// What the surface reads when its body holds `body`.

@@ -18,6 +18,8 @@
 #include <sys/inotify.h>
 #include <unistd.h>
 
+namespace brindlemark {
+
 namespace {
 
 /// What a desktop opens with a program of its own.
@@ -171,3 +173,5 @@ QStringList Traps::takeSprung()
     m_sprung.removeDuplicates();
     return std::exchange(m_sprung, {});
 }
+
+} // namespace brindlemark

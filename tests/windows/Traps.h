@@ -14,6 +14,8 @@
 class QWebEngineProfile;
 class QWidget;
 
+namespace brindlemark {
+
 /// What a hostile page reaches out for, and the record of what it got: a folder, a web server, bare ports,
 /// other programs, downloads, windows.
 ///
@@ -74,3 +76,5 @@ private:
     qsizetype m_requestsRead = 0;
     QList<QWidget*> m_windows;
 };
+
+} // namespace brindlemark

@@ -38,6 +38,8 @@
 #include <QPalette>
 #include <QTest>
 
+namespace brindlemark {
+
 namespace {
 
 const QString Pictures = QStringLiteral("http://pictures.example/");
@@ -460,3 +462,5 @@ void takeDesktopLook()
         QApplication::setPalette(darkPalette());
     followDesktopLook();
 }
+
+} // namespace brindlemark

@@ -5,6 +5,8 @@
 
 #include <span>
 
+namespace brindlemark {
+
 /// A window as a seller comes to see it: with something in it, and in front. For what must hold of all
 /// windows.
 struct WindowView
@@ -39,3 +41,5 @@ private:
 /// Gives the application the look that the environment asks for: WINDOWS_FONT, the size of the desktop's font
 /// in points, and WINDOWS_PALETTE=dark.
 void takeDesktopLook();
+
+} // namespace brindlemark

@@ -10,6 +10,8 @@
 #include <QScreen>
 #include <QTest>
 
+using namespace brindlemark;
+
 // Takes a picture of each window, on a real display, into the folder that GALLERY names.
 
 class Gallery : public QObject

@@ -34,6 +34,8 @@
 #include <QWindow>
 #include <memory>
 
+using namespace brindlemark;
+
 // All windows without a mouse and without an eye: what a screen reader is told of each control, and how the
 // keyboard reaches it.
 
@@ -67,8 +69,7 @@ namespace {
 /// What a fault is told by.
 QString called(const QWidget* widget)
 {
-    return QStringLiteral("%1 %2").arg(QLatin1String(widget->metaObject()->className()),
-                                       widget->objectName());
+    return QStringLiteral("%1 %2").arg(QLatin1String(className(widget)), widget->objectName());
 }
 
 const WindowView& fetchedView()
@@ -141,7 +142,7 @@ QAccessible::Role expectedRole(QWidget* widget)
         {"InternetBrowser", QAccessible::Grouping},
         {"Sample", QAccessible::Grouping},
     };
-    return roles.value(widget->metaObject()->className(), QAccessible::NoRole);
+    return roles.value(className(widget), QAccessible::NoRole);
 }
 
 // ---- The keyboard ----------------------------------------------------------------------------------------

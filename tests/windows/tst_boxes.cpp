@@ -12,6 +12,8 @@
 #include "shell/FrmWord.h"
 #include "wizard/FrmBuild1.h"
 
+using namespace brindlemark;
+
 namespace {
 
 /// A check box that a window keeps in the settings.

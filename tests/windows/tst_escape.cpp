@@ -15,6 +15,8 @@
 #include <QPointer>
 #include <QWindow>
 
+using namespace brindlemark;
+
 // Escape in all windows: what is open over a window goes first, and then Escape is Cancel. Keys are given to
 // the window that has the keyboard, as the desktop does it.
 

@@ -12,6 +12,8 @@
 #include <QTimer>
 #include <algorithm>
 
+using namespace brindlemark;
+
 // What is typed or pasted into a field stays whole, however long it is: half a text is another text.
 
 class TestFields : public QObject

@@ -20,6 +20,8 @@
 #include <QToolBar>
 #include <QToolButton>
 
+using namespace brindlemark;
+
 // The help page and the way to it: F1 in each window, the links and pictures, the search field, and that the
 // page knows the program's words.
 

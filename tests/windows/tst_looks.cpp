@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "Widgets.h"
 #include "Windows.h"
 #include "web/WebEngine.h"
 
@@ -14,6 +15,8 @@
 #include <QTest>
 #include <cmath>
 
+using namespace brindlemark;
+
 // What must hold of each window in each look of the desktop (see `takeDesktopLook`; QT_SCALE_FACTOR is the
 // scale): it fits a small screen, no text is cut off, nothing lies on something else, and text can be read.
 
@@ -27,8 +30,7 @@ constexpr double SymbolContrast = 3;
 
 QString describe(const QWidget* widget)
 {
-    return QStringLiteral("%1 %2").arg(QString::fromLatin1(widget->metaObject()->className()),
-                                       widget->objectName());
+    return QStringLiteral("%1 %2").arg(QString::fromLatin1(className(widget)), widget->objectName());
 }
 
 /// What of its own a control shows as words; empty for all others.
@@ -56,8 +58,8 @@ QList<QWidget*> seenControls(QWidget* window)
             continue;
         seen << child;
         const bool whole = qobject_cast<QComboBox*>(child) || qobject_cast<QAbstractButton*>(child) ||
-                           child->inherits("WebControl") || child->inherits("QAbstractScrollArea") ||
-                           child->inherits("QTabBar");
+                           child->inherits("brindlemark::WebControl") ||
+                           child->inherits("QAbstractScrollArea") || child->inherits("QTabBar");
         if (!whole)
             seen << seenControls(child);
     }
@@ -92,8 +94,8 @@ int missingWidth(const QWidget* widget)
 /// The search bar lies on the page, and a box that switches a frame on its caption.
 bool meantToOverlap(const QWidget* over, const QWidget* under)
 {
-    if (over->inherits("FindBar"))
-        return under->inherits("WebControl");
+    if (over->inherits("brindlemark::FindBar"))
+        return under->inherits("brindlemark::WebControl");
     const auto* frame = qobject_cast<const QGroupBox*>(under);
     return frame && over->inherits("QCheckBox") && frame->title().startsWith(u' ');
 }

@@ -37,6 +37,8 @@
 #include <memory>
 #include <vector>
 
+using namespace brindlemark;
+
 namespace {
 
 /// A way to get out of a page; its name and its words are those of `Traps`.

@@ -5,6 +5,8 @@
 
 #include <QFile>
 
+namespace brindlemark {
+
 /// The listing of the pages in tests/data/pages; make_pages.py there has the same.
 inline Listing sampleListing()
 {
@@ -64,3 +66,5 @@ inline QString samplePage(int style, int pictureStyle)
     QFile file(QStringLiteral(TEST_DATA "/pages/listing-style%1-picture%2.htm").arg(style).arg(pictureStyle));
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
+
+} // namespace brindlemark

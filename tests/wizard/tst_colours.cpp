@@ -11,6 +11,8 @@
 #include <QRegularExpression>
 #include <cmath>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr std::array<DrawingPart, 12> AllParts = {

@@ -16,6 +16,8 @@
 #include <QTabBar>
 #include <QToolBar>
 
+using namespace brindlemark;
+
 namespace {
 
 /// What the web.ini that ships holds for the page.

@@ -21,6 +21,8 @@
 #include <QSignalSpy>
 #include <csignal>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr char CancelQuestion[] = "MsgBox|Information|Are you sure you wish cancel it ?|None|YesNo";

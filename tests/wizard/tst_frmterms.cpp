@@ -12,6 +12,8 @@
 #include <QDir>
 #include <csignal>
 
+using namespace brindlemark;
+
 namespace {
 
 constexpr char CannotSave[] = "MsgBox|Error|There has been a (28)error, Cannot save file.|Stop|Ok";

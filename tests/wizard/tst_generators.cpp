@@ -10,6 +10,8 @@
 #include <QTest>
 #include <functional>
 
+using namespace brindlemark;
+
 namespace {
 
 /// One way to fill a part of the listing, and what the page must then say there. In the text, `[LI]` stands

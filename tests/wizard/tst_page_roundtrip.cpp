@@ -7,6 +7,8 @@
 
 #include <QRegularExpression>
 
+using namespace brindlemark;
+
 /// Listing pages on a design surface and back.
 class TestPageRoundtrip : public QObject
 {
