@@ -21,6 +21,7 @@
 #include "platform/Events.h"
 #include "shell/About.h"
 #include "shell/Find.h"
+#include "shell/FrmEarlier.h"
 #include "shell/FrmHelp.h"
 #include "shell/FrmSplash.h"
 #include "shell/FrmWeb.h"
@@ -73,6 +74,7 @@ const std::array HelpSections = std::to_array<HelpSection>({
     {&FrmBuild1::staticMetaObject, 4, "create-pays"},
     {&FrmBuild2::staticMetaObject, 0, "create-look"},
     {&FrmTerms::staticMetaObject, 0, "terms"},
+    {&FrmEarlier::staticMetaObject, 0, "earlier"},
     {&Find::staticMetaObject, 0, "find"},
     {&FrmWord::staticMetaObject, 0, "words"},
     {&color::staticMetaObject, 0, "highlight-color"},
@@ -122,6 +124,7 @@ void connectOpenings(FrmWeb* main)
     opens<FrmAddTable>(main->munaddtable);
     opens<FrmColorcode>(main->muncolorcode);
     opens<FrmWord>(main->muQW);
+    opens<FrmEarlier>(main->munearlier);
     opens<FrmHelp>(main->munhelp);
     opens<About>(main->munabout);
     showHelpBy(showHelpOf);

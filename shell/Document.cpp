@@ -81,7 +81,7 @@ void Document::save(const QString& path, const QByteArray& bytes, bool isText)
 
 void Document::writeRecord(const QString& path, const QByteArray& bytes)
 {
-    writeFile(path, bytes + "\r\n");
+    writeFile(path, record(bytes));
 }
 
 void Document::keepIfToBeSaved()

@@ -65,6 +65,8 @@ public:
     void save(const QString& path, const QByteArray& bytes, bool isText);
     /// Writes `bytes` as one record: a line end closes it. Throws RuntimeError(PathFileAccess).
     static void writeRecord(const QString& path, const QByteArray& bytes);
+    /// What such a file holds.
+    static QByteArray record(const QByteArray& bytes) { return bytes + "\r\n"; }
 
     /// Whether the user wants it saved. If so, what the journal keeps of it outlives the program until a file
     /// has it.
@@ -81,6 +83,8 @@ public:
     void keepEdit(const QString& html);
     /// The design surface was given another page: an edit of it that was kept is no more.
     void surfaceWritten() { m_surfaceKept = false; }
+    /// What is kept is an edit on the design surface, which the text lacks.
+    bool isSurfaceKept() const { return m_surfaceKept; }
     /// Whether something is being written to the journal's file.
     bool isKeeping() const { return m_journal.isBusy(); }
     /// Waits until all of it is written.

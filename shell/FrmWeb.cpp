@@ -113,7 +113,10 @@ void place(QWidget* widget, const TwipsRect& rect)
 FrmWeb::FrmWeb()
 {
     setupUi(this);
-    m_document = std::make_unique<Document>(*RichTextBox1, QStringList{AppPath(), QDir::homePath()});
+    const QStringList folders = {AppPath(), QDir::homePath()};
+    m_document = std::make_unique<Document>(*RichTextBox1, folders);
+    m_earlier = std::make_unique<EarlierTexts>(folders);
+    m_notice = new NoticeBar(this);
     setCaption(m_document->name());
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);
@@ -269,7 +272,7 @@ void FrmWeb::arrangeFrames()
 
 bool FrmWeb::queryUnload()
 {
-    if (!mayGiveUp())
+    if (!mayGiveUp([this] { Unload(); }))
         return false;
     doors().end(0);
     return true;
@@ -346,6 +349,7 @@ void FrmWeb::placeControls()
     place(WebBrowser3, layout.preview);
     place(Label1, layout.status);
     place(ProgressBar1, layout.progress);
+    m_notice->lieOver(viewThatIsUp());
     for (QWidget* bar : {RegionBar, DesignBar, AddressBar})
         bar->resize(bar->parentWidget()->width() - 2 * bar->x(), bar->height());
 }
@@ -353,7 +357,7 @@ void FrmWeb::placeControls()
 void FrmWeb::Toolbar1_ButtonClick(Tool tool)
 {
     if (tool == Tool::Create) {
-        if (newDocument())
+        if (newDocument([this] { Toolbar1_ButtonClick(Tool::Create); }))
             emit toolWanted(tool);
         return;
     }

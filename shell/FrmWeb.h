@@ -3,7 +3,9 @@
 
 #include "forms/Form.h"
 #include "shell/Document.h"
+#include "shell/EarlierTexts.h"
 #include "shell/ListingEditor.h"
+#include "shell/NoticeBar.h"
 #include "shell/Tool.h"
 #include "shell/ui_FrmWeb.h"
 
@@ -68,6 +70,10 @@ public:
     void selectPart(Region part) override;
     void editListing(const QByteArray& page) override;
     void previewListing(const QByteArray& page) override;
+    // FrmWebEarlier.cpp
+    QByteArray text() const override;
+    void bringBackText(const QByteArray& text) override;
+    EarlierTexts& earlierTexts() override;
 
     QAction* toolbarButton(Tool tool) const { return m_toolButtons.at(size_t(tool)); }
 
@@ -105,7 +111,7 @@ private:
 
     // FrmWebDocument.cpp
     void MnNew_Click();
-    [[nodiscard]] bool newDocument();
+    [[nodiscard]] bool newDocument(const std::function<void()>& again);
     void MnOpen_Click();
     void mnsave_Click();
     void mnsaveas_Click();
@@ -124,8 +130,8 @@ private:
     void RichTextBox1_FilesDropped(const QStringList& paths, int position);
     void insertPictures(const QStringList& paths, int position);
     void tellOfDrop(const QString& text);
-    [[nodiscard]] bool mayGiveUp();
-    [[nodiscard]] bool giveUpDocument();
+    [[nodiscard]] bool mayGiveUp(const std::function<void()>& again);
+    [[nodiscard]] bool giveUpDocument(const std::function<void()>& again);
     void openFile(const QString& path);
     void emptyDocument();
     void setCaption(const QString& name);
@@ -135,7 +141,7 @@ private:
 
     // FrmWebViews.cpp
     void SSTab1_Click();
-    void showEditor();
+    bool showEditor();
     void showPreview();
     DocumentSurface* shownSurface() const;
     void Option1_Click();
@@ -149,7 +155,7 @@ private:
     void Command16_Click();
     void pickColorFor(const QString& command);
     void surfaceCommand(const QString& identifier, const QString& value = QString());
-    void takeSurface();
+    bool takeSurface();
     void showSource(DocumentSurface* surface);
     void writeSurface(DocumentSurface* surface, const QString& html);
     QString readSurface(DocumentSurface* surface);
@@ -191,12 +197,30 @@ private:
     void keepUnread();
     void bringBack(const Journal::Leftover& left);
 
+    // FrmWebEarlier.cpp
+    QWidget* viewThatIsUp() const;
+    void tell(const QString& sentence, const QList<NoticeBar::Action>& actions = {});
+    void tellSoon(const QString& sentence, const QList<NoticeBar::Action>& actions = {});
+    void tellTooLong();
+    void tellNotSaved();
+    void tellEmptyRecord();
+    void tellPageTaken();
+    void tellRefusal(const std::function<void()>& again);
+    void tellDesignIsOff();
+    std::optional<QByteArray> textWorthKeeping();
+    void keepSource(Dropped why);
+    void keepGivenUp();
+    void keepOverwritten(const QString& path, const QByteArray& record);
+
     /// What was last written to a surface, or read from it to be kept: a lost one is made anew from it.
     QString m_lastShown;
 
     std::array<QAction*, ToolCount> m_toolButtons{};
 
     std::unique_ptr<Document> m_document;
+    std::unique_ptr<EarlierTexts> m_earlier;
+    NoticeBar* m_notice = nullptr;
+    int m_lastTab = EditorTab;
     QTimer m_journalTimer{this}; // runs out when unsaved text is to be kept on the disk
 
     /// How the last save question ended, unless by Yes.

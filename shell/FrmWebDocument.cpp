@@ -50,12 +50,15 @@ bool FrmWeb::Checksafe()
         if (SSTab1->Tab() == InternetTab)
             keepUnread();
         const SaveResult result = save();
+        if (result == SaveResult::Failed)
+            tellNotSaved();
         if (SSTab1->Tab() != InternetTab)
             m_document->keepIfToBeSaved(); // the document goes all the same; the journal has its text
         return result != SaveResult::Unread;
     }
     case MsgAnswer::No:
         m_refusal = Refusal::Declined;
+        keepGivenUp();
         return true;
     default:
         m_refusal = Refusal::Cancelled;
@@ -64,10 +67,15 @@ bool FrmWeb::Checksafe()
 }
 
 /// Whether the document may go: asks when it has unsaved changes. A Cancel to an earlier question is meant to
-/// hold until another question: what the user refused to lose must not go unasked.
-bool FrmWeb::mayGiveUp()
+/// hold until another question: what the user refused to lose must not go unasked. `again` is what the user
+/// wants: a notice offers it where nothing was asked.
+bool FrmWeb::mayGiveUp(const std::function<void()>& again)
 {
-    return (!Dirty() || Checksafe()) && !SaveCancelled();
+    if (Dirty())
+        return Checksafe() && !SaveCancelled();
+    if (SaveCancelled())
+        tellRefusal(again);
+    return !SaveCancelled();
 }
 
 QString FrmWeb::GetFileName(const QString& initial)
@@ -84,7 +92,9 @@ void FrmWeb::SaveFileAs(const QString& path)
 {
     try {
         const WaitCursor hourglass;
-        Document::writeRecord(path, RichTextBox1->Text());
+        const QByteArray text = RichTextBox1->Text();
+        keepOverwritten(path, Document::record(text));
+        Document::writeRecord(path, text);
     } catch (const RuntimeError& error) {
         showMessage(Messages::CannotWrite, error.description());
         return;
@@ -143,11 +153,11 @@ void FrmWeb::emptyDocument()
 
 void FrmWeb::MnNew_Click()
 {
-    static_cast<void>(newDocument()); // the user knows whether the document stayed
+    static_cast<void>(newDocument([this] { MnNew_Click(); })); // the user knows whether the document stayed
 }
 
 /// False: the document stays.
-bool FrmWeb::newDocument()
+bool FrmWeb::newDocument(const std::function<void()>& again)
 {
     if (SSTab1->Tab() == PreviewTab) {
         try {
@@ -160,7 +170,7 @@ bool FrmWeb::newDocument()
             m_document->setDirty(false);
     }
     try {
-        if (!mayGiveUp())
+        if (!mayGiveUp(again))
             return false;
     } catch (const RuntimeError&) { // the same torn tag, but the user wants the text saved
         showMessage(Messages::CannotSave);
@@ -173,9 +183,9 @@ bool FrmWeb::newDocument()
 }
 
 /// Asks whether to save before another file takes the document's place. False: the user stays with it.
-bool FrmWeb::giveUpDocument()
+bool FrmWeb::giveUpDocument(const std::function<void()>& again)
 {
-    if (!mayGiveUp())
+    if (!mayGiveUp(again))
         return false;
     if (SaveDeclined()) { // the old document is given up even if no other comes
         emptyDocument();
@@ -188,7 +198,7 @@ bool FrmWeb::giveUpDocument()
 
 void FrmWeb::MnOpen_Click()
 {
-    if (!giveUpDocument())
+    if (!giveUpDocument([this] { MnOpen_Click(); }))
         return;
     CommonDialog dialog;
     dialog.DialogTitle = QStringLiteral("Open As Files");
@@ -212,7 +222,7 @@ void FrmWeb::RichTextBox1_FilesDropped(const QStringList& paths, int position)
     activateWindow(); // the window that the files come from is in front
     if (isPictureFile(first)) {
         insertPictures(paths, position);
-    } else if (giveUpDocument()) {
+    } else if (giveUpDocument([this, paths, position] { RichTextBox1_FilesDropped(paths, position); })) {
         openFile(first);
     }
 }
@@ -312,7 +322,10 @@ SaveResult FrmWeb::write(const QString& path)
     }
     try {
         const WaitCursor hourglass;
+        keepOverwritten(path, Document::record(text));
         m_document->save(path, text, SSTab1->Tab() != InternetTab);
+        if (SSTab1->Tab() == InternetTab)
+            tellEmptyRecord();
         return SaveResult::Saved;
     } catch (const RuntimeError&) {
         showMessage(Messages::CannotSave);
@@ -397,6 +410,7 @@ void FrmWeb::mnuhtml_Click()
 void FrmWeb::RichTextBox1_Change()
 {
     m_document->textChanged();
+    m_notice->hide();
 }
 
 void FrmWeb::RichTextBox1_SelChange()

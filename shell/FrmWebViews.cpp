@@ -11,6 +11,9 @@
 #include "shell/Regions.h"
 #include "shell/SurfaceCommands.h"
 
+#include <QScopeGuard>
+#include <utility>
+
 namespace brindlemark {
 
 namespace {
@@ -49,9 +52,12 @@ void FrmWeb::connectViews()
 
 void FrmWeb::SSTab1_Click()
 {
+    m_notice->hide();
+    const int from = std::exchange(m_lastTab, SSTab1->Tab());
     switch (SSTab1->Tab()) {
     case EditorTab:
-        showEditor();
+        if (showEditor() && from == InternetTab)
+            tellPageTaken(); // who came from there may have forgotten what Preview holds
         break;
     case PreviewTab:
         showPreview();
@@ -64,12 +70,14 @@ void FrmWeb::SSTab1_Click()
     }
 }
 
-void FrmWeb::showEditor()
+/// Whether the source has got another text, from the design surface.
+bool FrmWeb::showEditor()
 {
+    bool taken = false;
     Picture1->show();
     if (Option1->Value()) {
         try {
-            takeSurface();
+            taken = takeSurface();
         } catch (const SurfaceLost&) {
             // The user has been told, and finds the editor's text as it was.
         }
@@ -83,6 +91,7 @@ void FrmWeb::showEditor()
     if (isBlankDocument())
         m_document->setDirty(false);
     UpdateRegionButtons(*this);
+    return taken;
 }
 
 void FrmWeb::showPreview()
@@ -169,7 +178,11 @@ void FrmWeb::Command11_Click()
 
 void FrmWeb::Command16_Click()
 {
-    WebBrowser1->sendKeys(QStringLiteral("^k"));
+    if (Option1->Value()) {
+        WebBrowser1->sendKeys(QStringLiteral("^k"));
+    } else {
+        tellDesignIsOff();
+    }
 }
 
 void FrmWeb::WebBrowser1_LinkRequested()
@@ -194,13 +207,21 @@ void FrmWeb::writeSurface(DocumentSurface* surface, const QString& html)
 }
 
 /// Replaces the source by the design surface's content, stamped, as one step that a single Undo takes back.
-/// Throws SurfaceLost when the surface gave no answer; the user has been told, and the source keeps its text.
-void FrmWeb::takeSurface()
+/// The former text is kept. Returns whether the source has got another. Throws SurfaceLost when the surface
+/// gave no answer; the user has been told, and the source keeps its text.
+bool FrmWeb::takeSurface()
 {
     const QString html = readSurface(WebBrowser1);
+    const std::optional<QByteArray> former = textWorthKeeping();
+    const auto isAnother = [&] { return former && RichTextBox1->Text() != *former; };
+    const auto keepFormer = qScopeGuard([&] { // also where a torn generator tag ends it
+        if (isAnother())
+            m_earlier->keep(m_document->name(), Dropped::Replaced, [text = *former] { return text; });
+    });
     const RichTextBox::UndoGroup oneStep(RichTextBox1);
     RichTextBox1->setText(RichTextBox1->encode(html), RichTextBox1->textEncoding());
     StampGenerator();
+    return isAnother();
 }
 
 /// A surface's content. Throws SurfaceLost when it gave no answer, which is never taken for an empty

@@ -9,6 +9,8 @@
 
 namespace brindlemark {
 
+class EarlierTexts;
+
 /// What tools want of the main window, which has the document: they take what is selected there, and give
 /// what they have made.
 class ListingEditor
@@ -37,6 +39,13 @@ public:
     virtual void editListing(const QByteArray& page) = 0;
     /// Makes a new listing the document and shows it as a page. With the tab Internet up nothing happens.
     virtual void previewListing(const QByteArray& page) = 0;
+
+    /// The document's text in the source; the surfaces may hold a newer one.
+    virtual QByteArray text() const = 0;
+    /// Makes an earlier text the document's, in one step of undo, in all views. Name and file stay.
+    virtual void bringBackText(const QByteArray& text) = 0;
+    /// What was replaced or dropped.
+    virtual EarlierTexts& earlierTexts() = 0;
 
 protected:
     ListingEditor() = default;

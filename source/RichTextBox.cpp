@@ -192,7 +192,9 @@ void RichTextBox::setText(const QByteArray& text, TextEncoding encoding)
     Step step(this);
     UndoGroup group(this);
     setEncoding(encoding);
+    send(SCI_SETREADONLY, 0);
     replaceInner({0, innerLength()}, inner);
+    send(SCI_SETREADONLY, m_readOnly);
     selectInner({0, 0});
     m_textChanged = true;
     m_selectionSet = true;
@@ -206,6 +208,11 @@ void RichTextBox::load(const QByteArray& text)
     setText(text);
     send(SCI_SETUNDOCOLLECTION, 1);
     send(SCI_EMPTYUNDOBUFFER);
+}
+
+qsizetype RichTextBox::TextLength() const
+{
+    return fromInner(innerLength());
 }
 
 bool RichTextBox::isEmpty() const
@@ -284,6 +291,8 @@ QByteArray RichTextBox::SelText() const
 
 void RichTextBox::setSelText(const QByteArray& text)
 {
+    if (m_readOnly)
+        return;
     const auto signs = hourglass(text.size());
     Step step(this);
     const Range replaced = innerSelection();
@@ -354,6 +363,14 @@ void RichTextBox::setBackColor(int color)
 {
     m_backColor = color;
     applyLook();
+}
+
+void RichTextBox::setReadOnly(bool on)
+{
+    m_readOnly = on;
+    send(SCI_SETREADONLY, on);
+    setAcceptDrops(!on);
+    viewport()->setAcceptDrops(!on);
 }
 
 void RichTextBox::setTextFont(const QFont& font)

@@ -43,6 +43,8 @@ public:
     void setText(const QByteArray& text, TextEncoding encoding);
     void load(const QByteArray& text) override;
     bool isEmpty() const override;
+    /// How many bytes the text has.
+    qsizetype TextLength() const;
     /// Whether the text is `ascii`, which must be of no other characters; much cheaper than asking `Text`.
     bool holdsAscii(QByteArrayView ascii) const;
 
@@ -78,6 +80,11 @@ public:
     /// The background's colour number.
     int BackColor() const { return m_backColor; }
     void setBackColor(int color);
+
+    /// Whether the text is only to be read, selected and copied; `setText` and `load` change it all the same.
+    /// Tab leaves such a box.
+    bool isReadOnly() const { return m_readOnly; }
+    void setReadOnly(bool on);
 
     /// The face, size (in points, fractions count), weight and slant of the text.
     QFont textFont() const { return m_textFont; }
@@ -202,6 +209,7 @@ private:
     int m_backColor = 0xFFFFFF;
     QFont m_textFont;
 
+    bool m_readOnly = false;
     bool m_overtyping = false; // a step of undo is open
     int m_steps = 0;           // how many changes are under way, one inside another
     bool m_textChanged = false;

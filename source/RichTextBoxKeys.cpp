@@ -66,7 +66,7 @@ void RichTextBox::focusInEvent(QFocusEvent* event)
 /// Tab types; Shift+Tab leaves the box, as Ctrl+Tab does (see keyPressEvent).
 bool RichTextBox::focusNextPrevChild(bool next)
 {
-    return guardedCall([&] { return !next && leave(next); });
+    return guardedCall([&] { return (!next || isReadOnly()) && leave(next); });
 }
 
 bool RichTextBox::leave(bool next)

@@ -209,10 +209,10 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
         const std::array entries = {
             Entry{tr("&Undo"), QKeySequence::Undo, &RichTextBox::undo, send(SCI_CANUNDO) != 0},
             Entry{tr("&Redo"), QKeySequence::Redo, &RichTextBox::redo, send(SCI_CANREDO) != 0},
-            Entry{tr("Cu&t"), QKeySequence::Cut, &RichTextBox::cut, selected},
+            Entry{tr("Cu&t"), QKeySequence::Cut, &RichTextBox::cut, selected && !m_readOnly},
             Entry{tr("&Copy"), QKeySequence::Copy, &RichTextBox::copy, selected},
-            Entry{tr("&Paste"), QKeySequence::Paste, &RichTextBox::paste, pasteable},
-            Entry{tr("&Delete"), QKeySequence::Delete, &RichTextBox::del, selected},
+            Entry{tr("&Paste"), QKeySequence::Paste, &RichTextBox::paste, pasteable && !m_readOnly},
+            Entry{tr("&Delete"), QKeySequence::Delete, &RichTextBox::del, selected && !m_readOnly},
             Entry{tr("Select &All"), QKeySequence::SelectAll, &RichTextBox::selectAll, !isEmpty()},
         };
         auto* menu = new QMenu(this);

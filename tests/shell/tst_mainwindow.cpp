@@ -423,6 +423,8 @@ void TestMainWindow::menuTree()
         "  muoptions|Options",
         "  muinternetline ----",
         "  muaddressclear|Address Lists Clear",
+        "muntools|Tools",
+        "  munearlier|Earlier Texts...",
         "munhelp|Help",
         "munabout|About",
     };

@@ -24,6 +24,7 @@
 #include "platform/DesktopLook.h"
 #include "shell/About.h"
 #include "shell/Find.h"
+#include "shell/FrmEarlier.h"
 #include "shell/FrmHelp.h"
 #include "shell/FrmSplash.h"
 #include "shell/FrmWord.h"
@@ -200,6 +201,29 @@ QWidget* find(MainWindow& main)
     return window;
 }
 
+/// Two texts that were replaced, and a line of today's that differs from the newer one.
+QWidget* earlierTexts(MainWindow& main)
+{
+    openListing(main);
+    main.showTab(FrmWeb::PreviewTab);
+    main.showTab(FrmWeb::EditorTab);
+    main.web->RichTextBox1->setSelStart(0);
+    QTest::keyClicks(main.web->RichTextBox1, QStringLiteral("<!-- today -->"));
+    main.showTab(FrmWeb::PreviewTab);
+    main.showTab(FrmWeb::EditorTab);
+    main.web->munearlier->trigger();
+    return shown<FrmEarlier>();
+}
+
+/// What happens when the tab Internet is left for the editor.
+QWidget* notice(MainWindow& main)
+{
+    openListing(main);
+    main.showTab(FrmWeb::InternetTab);
+    main.showTab(FrmWeb::EditorTab);
+    return main.web;
+}
+
 QWidget* findBar(MainWindow& main)
 {
     design(main);
@@ -366,6 +390,8 @@ constexpr auto Views = std::to_array<WindowView>({
     {"design", design},
     {"preview", preview},
     {"find-bar", findBar},
+    {"earlier-texts", earlierTexts},
+    {"notice", notice},
     {"internet", internet},
     {"wizard-item", wizardTab<0>},
     {"wizard-pictures", wizardTab<1>},

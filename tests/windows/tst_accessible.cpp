@@ -190,7 +190,8 @@ QSet<QWidget*> optionsWith(QWidget* widget)
 bool keepsTab(QWidget* widget)
 {
     const auto* page = qobject_cast<WrittenPage*>(widget);
-    return qobject_cast<RichTextBox*>(widget) || (page && page->designMode() == DesignMode::On);
+    const auto* box = qobject_cast<RichTextBox*>(widget);
+    return (box && !box->isReadOnly()) || (page && page->designMode() == DesignMode::On);
 }
 
 /// Where the focus is within a page.

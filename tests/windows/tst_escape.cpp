@@ -31,7 +31,7 @@ void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
 /// Two windows that come and go by themselves and never have the keyboard.
 const QByteArrayList Passing = {"splash", "wait"};
 /// The main window's views, which Escape leaves open.
-const QByteArrayList Main = {"editor", "editor-title", "design", "preview", "find-bar", "internet"};
+const QByteArrayList Main = {"editor", "editor-title", "design", "preview", "find-bar", "notice", "internet"};
 
 } // namespace
 

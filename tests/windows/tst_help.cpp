@@ -44,6 +44,8 @@ constexpr auto Rows = std::to_array<HelpRow>({
     {"design", "preview", "The tab Preview"},
     {"preview", "preview", "The tab Preview"},
     {"find-bar", "preview", "The tab Preview"},
+    {"earlier-texts", "earlier", "Earlier texts"},
+    {"notice", "editor", "The tab Editor"},
     {"internet", "internet", "The tab Internet"},
     {"wizard-item", "create-item", "Page 1, Item"},
     {"wizard-pictures", "create-pictures", "Page 1, Pictures"},

@@ -91,11 +91,13 @@ int missingWidth(const QWidget* widget)
     return 0;
 }
 
-/// The search bar lies on the page, and a box that switches a frame on its caption.
+/// The search bar and notices lie on the page, and a box that switches a frame on its caption.
 bool meantToOverlap(const QWidget* over, const QWidget* under)
 {
     if (over->inherits("brindlemark::FindBar"))
         return under->inherits("brindlemark::WebControl");
+    if (over->inherits("brindlemark::NoticeBar"))
+        return true;
     const auto* frame = qobject_cast<const QGroupBox*>(under);
     return frame && over->inherits("QCheckBox") && frame->title().startsWith(u' ');
 }

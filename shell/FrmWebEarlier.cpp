@@ -1,0 +1,164 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What keeps the texts that the main window replaces or drops, and the notices that tell of it.
+
+#include "platform/Events.h"
+#include "platform/Files.h"
+#include "platform/RuntimeError.h"
+#include "shell/FrmEarlier.h"
+#include "shell/FrmWeb.h"
+#include "shell/NoticeBar.h"
+#include "shell/Regions.h"
+
+#include <QFileInfo>
+
+namespace brindlemark {
+
+namespace {
+
+NoticeBar::Action showEarlierTexts()
+{
+    return {QStringLiteral("&Earlier Texts"), [] { form<FrmEarlier>()->Show(); }};
+}
+
+} // namespace
+
+/// The view that is up, over whose upper edge notices lie.
+QWidget* FrmWeb::viewThatIsUp() const
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        return RichTextBox1;
+    case PreviewTab:
+        return shownSurface();
+    default:
+        return WebBrowser2;
+    }
+}
+
+void FrmWeb::tell(const QString& sentence, const QList<NoticeBar::Action>& actions)
+{
+    m_notice->lieOver(viewThatIsUp());
+    m_notice->tell(sentence, actions);
+}
+
+/// The same when the handler that runs has changed all that it will: a change of the document hides notices.
+void FrmWeb::tellSoon(const QString& sentence, const QList<NoticeBar::Action>& actions)
+{
+    soon(this, [this, sentence, actions] { tell(sentence, actions); });
+}
+
+void FrmWeb::tellTooLong()
+{
+    tellSoon(QStringLiteral("The former text is longer than 20 MB, so it was not kept as an earlier text."));
+}
+
+/// What the source holds before it goes; no value when the user has written nothing yet, or too much.
+std::optional<QByteArray> FrmWeb::textWorthKeeping()
+{
+    if (RichTextBox1->isEmpty() || isBlankDocument())
+        return std::nullopt;
+    if (RichTextBox1->TextLength() > EarlierTexts::LongestText) {
+        tellTooLong();
+        return std::nullopt;
+    }
+    return RichTextBox1->Text();
+}
+
+void FrmWeb::keepSource(Dropped why)
+{
+    if (const std::optional<QByteArray> text = textWorthKeeping())
+        m_earlier->keep(m_document->name(), why, [text] { return *text; });
+}
+
+/// Keeps what the user gives up: the source, and what was edited on the design surface since it was shown.
+void FrmWeb::keepGivenUp()
+{
+    keepSource(Dropped::GivenUp);
+    if (SSTab1->Tab() == EditorTab)
+        return;
+    keepUnread();
+    if (m_document->isSurfaceKept())
+        m_earlier->keep(
+            m_document->name(), Dropped::GivenUp,
+            [html = m_lastShown, encoding = RichTextBox1->textEncoding()] { return encode(html, encoding); });
+}
+
+/// Keeps the file that a save is about to replace, whoever wrote it.
+void FrmWeb::keepOverwritten(const QString& path, const QByteArray& record)
+{
+    const QFileInfo file(path);
+    if (!file.isFile() || file.size() == 0)
+        return;
+    if (file.size() > EarlierTexts::LongestText) {
+        tellTooLong();
+        return;
+    }
+    try {
+        const QByteArray old = readFile(path);
+        if (old != record)
+            m_earlier->keep(path, Dropped::Overwritten, [old] { return old; });
+    } catch (const RuntimeError&) {
+        // What can't be read can't be kept; the save goes on, and tells if it fails too.
+    }
+}
+
+QByteArray FrmWeb::text() const
+{
+    return RichTextBox1->Text();
+}
+
+void FrmWeb::bringBackText(const QByteArray& text)
+{
+    keepGivenUp();
+    RichTextBox1->setText(text);
+    if (SSTab1->Tab() != EditorTab) {
+        showSource(WebBrowser1);
+        if (Option2->Value())
+            showSource(WebBrowser3);
+    }
+    if (highlighted)
+        highlightSource();
+    UpdateRegionButtons(*this);
+}
+
+EarlierTexts& FrmWeb::earlierTexts()
+{
+    return *m_earlier;
+}
+
+void FrmWeb::tellNotSaved()
+{
+    keepSource(Dropped::NotSaved);
+    tellSoon(QStringLiteral("The file could not be written. The text is among the earlier texts."),
+             {showEarlierTexts()});
+}
+
+void FrmWeb::tellEmptyRecord()
+{
+    tell(QStringLiteral(
+             "The tab Internet holds no page, so the file is empty now. Save on the tab Editor or Preview."),
+         {showEarlierTexts()});
+}
+
+void FrmWeb::tellPageTaken()
+{
+    tell(QStringLiteral("The editor took the page from Preview."),
+         {{QStringLiteral("&Undo"), [this] { RichTextBox1->undo(); }}});
+}
+
+void FrmWeb::tellRefusal(const std::function<void()>& again)
+{
+    tell(QStringLiteral("The last save question was answered with Cancel, so the document stays."),
+         {{QStringLiteral("&Ask again"), [this, again] {
+               m_document->setDirty(true); // or nobody would ask
+               again();
+           }}});
+}
+
+void FrmWeb::tellDesignIsOff()
+{
+    tell(QStringLiteral("A link is made on the page itself: turn Design on first."));
+}
+
+} // namespace brindlemark
