@@ -80,6 +80,7 @@ QMessageBox::StandardButtons boxButtons(MsgButtons buttons)
     case MsgButtons::NoYes:
         return QMessageBox::Yes | QMessageBox::No;
     case MsgButtons::YesNoCancel:
+    case MsgButtons::YesNoLater:
         return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case MsgButtons::Ok:
         break;
@@ -201,6 +202,8 @@ public:
         QMessageBox box(boxIcon(icon), title, boxText(prompt), boxButtons(buttons), frontWindow());
         if (buttons == MsgButtons::NoYes)
             box.setDefaultButton(QMessageBox::No);
+        if (buttons == MsgButtons::YesNoLater)
+            box.button(QMessageBox::Cancel)->setText(QStringLiteral("&Later"));
         box.setTextFormat(Qt::PlainText); // file names and user text may hold tags
         switch (runInFront(box)) {
         case QMessageBox::Yes:

@@ -17,7 +17,7 @@ inline const QString ProgramName = QStringLiteral("Brindlemark " PROGRAM_VERSION
 
 enum class MsgIcon { None, Stop, Question, Exclamation, Information };
 /// The first button is the default one; of `NoYes`, which shows Yes in front like the others, it is No.
-enum class MsgButtons { Ok, YesNo, NoYes, YesNoCancel };
+enum class MsgButtons { Ok, YesNo, NoYes, YesNoCancel, YesNoLater };
 enum class MsgAnswer { Ok, Cancel, Yes, No };
 
 /// The common dialogs of the desktop. Fields are read when a dialog opens and written when the user takes it.

@@ -37,8 +37,9 @@ inline constexpr Message CannotWrite = {u"%1", OwnTitle, MsgIcon::Exclamation}; 
 inline constexpr Message MayReplace = {u"[ %1 ] - already exists.\r\nDo you want to replace it ?",
                                        u"Information", MsgIcon::Information,
                                        MsgButtons::YesNo}; ///< also of titles in lists
-inline constexpr Message TakeBack = {u"%1\n\nDo you want it back? No deletes it.", OwnTitle,
-                                     MsgIcon::Question, MsgButtons::YesNo};
+inline constexpr Message TakeBack = {
+    u"%1\n\nDo you want it back? No moves it to the earlier texts, Later asks again at the next start.",
+    OwnTitle, MsgIcon::Question, MsgButtons::YesNoLater};
 inline constexpr QStringView KeptWhole =
     u"Brindlemark ended before %1 was saved. Its text was kept."; ///< what of, in TakeBack
 inline constexpr QStringView KeptInPart =

@@ -26,7 +26,7 @@ Document::~Document()
 
 bool Document::isNamed() const
 {
-    return m_name != Untitled;
+    return m_name != Untitled && m_placeKnown;
 }
 
 QString Document::bareName(const QString& path)
@@ -51,6 +51,8 @@ void Document::blank()
     m_text.load(QByteArray());
     m_name = Untitled;
     m_dirty = false;
+    m_placeKnown = true;
+    m_journal.setFile({});
     settle();
 }
 
@@ -60,7 +62,12 @@ void Document::open(const QString& path)
     try {
         if (QFileInfo(path).size() > EditedText::MostBytes)
             throw RuntimeError(ErrorNumber::PathFileAccess, QStringLiteral("File too large"));
-        withinMemory([&] { m_text.load(readFile(path)); });
+        withinMemory([&] {
+            const QByteArray bytes = readFile(path);
+            m_text.load(bytes);
+            m_journal.setFile(bytes);
+        });
+        m_placeKnown = true;
     } catch (const RuntimeError&) {
         blank();
         throw;
@@ -71,7 +78,9 @@ void Document::open(const QString& path)
 void Document::save(const QString& path, const QByteArray& bytes, bool isText)
 {
     writeRecord(path, bytes);
+    m_journal.setFile(record(bytes));
     m_name = path;
+    m_placeKnown = true;
     m_dirty = false;
     if (!isText)
         return;
@@ -114,8 +123,11 @@ void Document::keepEdit(const QString& html)
 void Document::bringBack(const Journal::Leftover& left)
 {
     m_text.load(left.text);
-    if (left.whole)
-        m_name = left.document;
+    if (!left.whole)
+        return;
+    m_name = left.document;
+    m_placeKnown = Journal::holdsStill(m_name, left.fileSum);
+    m_journal.setFileSum(left.fileSum);
 }
 
 /// Removes what the journal keeps, but for a text that the user wanted saved and that could not be: the next

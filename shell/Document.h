@@ -35,6 +35,8 @@ public:
     /// The full path of its file, or "Untitled".
     QString name() const { return m_name; }
     void setName(const QString& name) { m_name = name; }
+    /// Whether it has a file to be saved to without asking. A text that came back has none while another
+    /// program, or a hand that forged it, may have changed what lies there.
     bool isNamed() const;
     /// The name of its file without the folder; empty when no file lies there.
     QString bareName() const { return bareName(m_name); }
@@ -97,6 +99,8 @@ public:
     void bringBack(const Journal::Leftover& left);
     /// Removes what `takeLeftover` gave.
     void dropLeftover() { m_journal.clear(); }
+    /// Leaves what `takeLeftover` gave to the next start.
+    void postponeLeftover() { m_journal.leave(); }
 
     static const QString Untitled;
 
@@ -116,6 +120,7 @@ private:
     qint64 m_keptRevision = 0;  // the one that was last kept, saved or loaded
     bool m_surfaceKept = false; // what is kept is an edit on the design surface, which the text lacks
     bool m_toBeSaved = false;
+    bool m_placeKnown = true;
 };
 
 } // namespace brindlemark

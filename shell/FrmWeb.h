@@ -196,6 +196,7 @@ private:
     void keepUnsavedText();
     void keepUnread();
     void bringBack(const Journal::Leftover& left);
+    void declineUnsavedText(const Journal::Leftover& left);
 
     // FrmWebEarlier.cpp
     QWidget* viewThatIsUp() const;

@@ -9,6 +9,7 @@
 #include "shell/Generator.h"
 #include "shell/Regions.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <chrono>
 #include <new>
@@ -32,7 +33,7 @@ QString told(const Journal::Leftover& left)
 {
     if (!left.whole)
         return Messages::KeptInPart.toString();
-    return Messages::KeptWhole.toString().arg(QFileInfo(left.document).fileName());
+    return Messages::KeptWhole.toString().arg(QDir::toNativeSeparators(left.document));
 }
 
 } // namespace
@@ -80,12 +81,32 @@ void FrmWeb::keepUnread()
 void FrmWeb::offerUnsavedText()
 {
     while (const std::optional<Journal::Leftover> left = m_document->takeLeftover()) {
-        if (confirmed(Messages::TakeBack, told(*left))) {
+        switch (showMessage(Messages::TakeBack, told(*left))) {
+        case MsgAnswer::Yes:
             bringBack(*left);
             return; // other texts are offered at the next start
+        case MsgAnswer::No:
+            declineUnsavedText(*left);
+            break;
+        default:
+            m_document->postponeLeftover();
         }
-        m_document->dropLeftover();
     }
+}
+
+void FrmWeb::declineUnsavedText(const Journal::Leftover& left)
+{
+    if (left.text.size() > EarlierTexts::LongestText) {
+        tellTooLong();
+    } else {
+        m_earlier->keep(left.whole ? left.document : Document::Untitled, Dropped::Declined,
+                        [text = left.text] { return text; });
+    }
+    m_document->dropLeftover();
+    m_document->finishKeeping();
+    if (QFile::exists(left.path))
+        tellSoon(QStringLiteral("The text could not be removed from %1, so the next start offers it again.")
+                     .arg(QDir::toNativeSeparators(left.path)));
 }
 
 void FrmWeb::bringBack(const Journal::Leftover& left)

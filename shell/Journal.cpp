@@ -24,8 +24,10 @@ const QString FileName = QStringLiteral("Brindlemark-unsaved-%1.htm");
 /// More than anybody runs at once from one folder.
 constexpr int MostPlaces = 99;
 
-// The last line of the file: Opening, the document's path, Middle, the checksum of all before it, Closing.
+// The last line of the file: Opening, the document's path, File with the checksum of what that path held
+// where it is known, Middle, the checksum of all before it, Closing.
 constexpr char Opening[] = "\n<!-- Brindlemark, unsaved text of ";
+constexpr char File[] = ", file ";
 constexpr char Middle[] = ", checksum ";
 constexpr char Closing[] = " -->\n";
 
@@ -37,9 +39,11 @@ QByteArray checksum(QByteArrayView bytes)
 }
 
 /// What the file holds for a text.
-QByteArray sealed(QByteArray text, const QString& document)
+QByteArray sealed(QByteArray text, const QString& document, const QByteArray& fileSum)
 {
     text += Opening + QUrl::toPercentEncoding(document, "/");
+    if (!fileSum.isEmpty())
+        text += File + fileSum;
     const QByteArray sum = checksum(text);
     return text += Middle + sum + Closing;
 }
@@ -55,7 +59,11 @@ Journal::Leftover unsealed(const QByteArray& bytes)
         bytes.sliced(middle) != Middle + checksum(QByteArrayView(bytes).first(middle)) + Closing)
         return {.document = QString(), .text = text, .whole = false};
     const qsizetype name = opening + qsizetype(sizeof Opening) - 1;
-    return {.document = QUrl::fromPercentEncoding(bytes.sliced(name, middle - name)), .text = text};
+    const QByteArray said = bytes.sliced(name, middle - name);
+    const qsizetype file = said.indexOf(File); // a path in percent encoding has no blank
+    return {.document = QUrl::fromPercentEncoding(file < 0 ? said : said.first(file)),
+            .text = text,
+            .fileSum = file < 0 ? QByteArray() : said.sliced(file + qsizetype(sizeof File) - 1)};
 }
 
 } // namespace
@@ -122,12 +130,35 @@ Journal::~Journal()
     finish();
 }
 
+void Journal::setFile(const QByteArray& bytes)
+{
+    constexpr qsizetype Longest =
+        20'000'000; // a longer one costs too much: its text asks for its place when it comes back
+    m_writer.start([this, bytes] {
+        m_fileSum = bytes.isEmpty() || bytes.size() > Longest ? QByteArray() : checksum(bytes);
+    });
+}
+
+void Journal::setFileSum(const QByteArray& sum)
+{
+    m_writer.start([this, sum] { m_fileSum = sum; });
+}
+
+bool Journal::holdsStill(const QString& path, const QByteArray& sum)
+{
+    try {
+        return !sum.isEmpty() && checksum(readFile(path)) == sum;
+    } catch (const RuntimeError&) {
+        return false; // the user is asked, and sees the file or that it has gone
+    }
+}
+
 void Journal::keep(const QString& document, const std::function<QByteArray()>& text)
 {
     m_holds = true;
     m_writer.start([this, document, text] {
         try {
-            write(sealed(text(), document));
+            write(sealed(text(), document, m_fileSum));
         } catch (const std::exception&) {
             // Most likely no memory for it now. The text before stays, and the next one comes soon; nothing
             // may leave a thread.
@@ -197,6 +228,8 @@ std::optional<Journal::Leftover> Journal::takeLeftover()
     for (const QString& folder : m_folders) {
         const QDir dir(folder);
         for (const QString& name : dir.entryList({FileName.arg(QLatin1Char('*'))}, QDir::Files, QDir::Name)) {
+            if (m_given.contains(dir.filePath(name)))
+                continue; // also one that can't be removed
             std::unique_ptr<Place> place = Place::take(dir.filePath(name));
             if (!place)
                 continue;
@@ -206,6 +239,8 @@ std::optional<Journal::Leftover> Journal::takeLeftover()
             } catch (const RuntimeError&) {
                 continue; // gone meanwhile, or not ours to read: it stays for a start that can
             }
+            leftover.path = place->path();
+            m_given << leftover.path;
             m_place = std::move(place);
             if (!leftover.text.isEmpty())
                 return leftover;

@@ -28,6 +28,9 @@ public:
         /// The document's full path, or "Untitled".
         QString document;
         QByteArray text;
+        QString path{}; ///< of the journal's file
+        /// The checksum of what the document's file held when the text was kept; empty when that isn't known.
+        QByteArray fileSum{};
         /// False: the file was damaged, `text` is what remains, and whose it was is not known.
         bool whole = true;
     };
@@ -37,6 +40,13 @@ public:
     /// An end in good order: what this program keeps is removed.
     ~Journal();
     Q_DISABLE_COPY_MOVE(Journal)
+
+    /// Tells what the document's file holds now; nothing when there is none.
+    void setFile(const QByteArray& bytes);
+    /// The same by the checksum of a text that came back.
+    void setFileSum(const QByteArray& sum);
+    /// Whether the file at `path` holds what has that checksum.
+    [[nodiscard]] static bool holdsStill(const QString& path, const QByteArray& sum);
 
     /// Keeps a text in place of the one before, and returns at once. `text` is called in the other thread.
     void keep(const QString& document, const std::function<QByteArray()>& text);
@@ -52,8 +62,8 @@ public:
     /// Waits until all is written.
     void finish() { m_writer.waitForDone(); }
 
-    /// A text that an ended program left; no value when there is none. The file stays until the next `keep`
-    /// replaces it or `clear` removes it.
+    /// A text that an ended program left, each once; no value when there is none. The file stays until the
+    /// next `keep` replaces it or `clear` removes it.
     [[nodiscard]] std::optional<Leftover> takeLeftover();
 
 private:
@@ -65,7 +75,9 @@ private:
     QStringList m_folders;
     QThreadPool m_writer;
     std::unique_ptr<Place> m_place; // only the writer uses it while it works
+    QByteArray m_fileSum;           // likewise
     bool m_holds = false;
+    QStringList m_given;
 };
 
 } // namespace brindlemark

@@ -37,6 +37,8 @@ QString buttonsName(MsgButtons buttons)
         return QStringLiteral("NoYes");
     case MsgButtons::YesNoCancel:
         return QStringLiteral("YesNoCancel");
+    case MsgButtons::YesNoLater:
+        return QStringLiteral("YesNoLater");
     case MsgButtons::Ok:
         break;
     }

@@ -110,6 +110,7 @@ private slots:
     void saveAddsTheSuffix();
     void saveAfterAWalk();
     void saveProposesTheName();
+    void escapeIsLater();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -276,6 +277,33 @@ void TestDialogs::saveProposesTheName()
                                   click(taker(dialog));
                               });
     QCOMPARE(got, path(QStringLiteral("README")));
+}
+
+/// Whoever waves a question away has said neither Yes nor No.
+void TestDialogs::escapeIsLater()
+{
+    for (const auto& [key, answer] : {std::pair(Qt::Key_Escape, MsgAnswer::Cancel),
+                                      {Qt::Key_N, MsgAnswer::No},
+                                      {Qt::Key_L, MsgAnswer::Cancel},
+                                      {Qt::Key_Return, MsgAnswer::Yes}}) {
+        QStringList buttons;
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &look, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box || !box->isActiveWindow())
+                return;
+            look.stop();
+            for (const QAbstractButton* button : box->buttons())
+                buttons << button->text();
+            const bool letter = key == Qt::Key_N || key == Qt::Key_L;
+            QTest::keyClick(box->windowHandle(), key, letter ? Qt::AltModifier : Qt::NoModifier);
+        });
+        look.start(10);
+        QCOMPARE(MsgBox("Do you want it back?", "Brindlemark", MsgIcon::Question, MsgButtons::YesNoLater),
+                 answer);
+        buttons.sort(); // their order is the desktop's
+        QCOMPARE(buttons, (QStringList{"&Later", "&No", "&Yes"}));
+    }
 }
 
 QTEST_MAIN(TestDialogs)

@@ -46,11 +46,12 @@ std::function<QByteArray()> text(const QByteArray& bytes)
     return [bytes] { return bytes; };
 }
 
-/// What a program that was killed has left of a text.
-QByteArray leftOf(const QString& document, const QByteArray& bytes)
+/// What a program that was killed has left of a text, whose file held `file` when it was opened.
+QByteArray leftOf(const QString& document, const QByteArray& bytes, const QByteArray& file = {})
 {
     const QTemporaryDir folder;
     Journal journal({folder.path()});
+    journal.setFile(file);
     journal.keep(document, text(bytes));
     journal.finish();
     return content(folder.filePath(First));
@@ -59,13 +60,15 @@ QByteArray leftOf(const QString& document, const QByteArray& bytes)
 /// The question of the next start, up to its last sentence.
 QString question(const QString& what)
 {
-    return QStringLiteral("MsgBox|Brindlemark|%1\n\nDo you want it back? No deletes it.|Question|YesNo")
+    return QStringLiteral("MsgBox|Brindlemark|%1\n\nDo you want it back? No moves it to the earlier texts, "
+                          "Later asks again at "
+                          "the next start.|Question|YesNoLater")
         .arg(what);
 }
 
-QString wholeTextQuestion(const QString& name)
+QString wholeTextQuestion(const QString& path)
 {
-    return question(QStringLiteral("Brindlemark ended before %1 was saved. Its text was kept.").arg(name));
+    return question(QStringLiteral("Brindlemark ended before %1 was saved. Its text was kept.").arg(path));
 }
 
 /// A main window whose text is kept at once, when a test wants it.
@@ -157,6 +160,12 @@ private slots:
     void yesBringsTheTextBack_data();
     void yesBringsTheTextBack();
     void broughtBackTextIsStillKept();
+    void broughtBackTextAsksForItsPlace_data();
+    void broughtBackTextAsksForItsPlace();
+    void savedFileIsKnown();
+    void laterAsksAgain();
+    void noKeepsItAmongTheEarlierTexts();
+    void noWhereNothingCanBeRemoved();
     void broughtBackSurfaceTextIsStamped();
     void noDeletesIt();
     void noLeadsToTheNext();
@@ -725,7 +734,7 @@ void TestJournal::yesBringsTheTextBack()
     window.folder.write(First, leftOf(document, bytes));
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.web->offerUnsavedText();
-    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(name)});
+    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(document)});
     QCOMPARE(window.source(), bytes);
     QCOMPARE(window.web->documentName(), document);
     QCOMPARE(window.caption(), name + QStringLiteral(" - Brindlemark 1.0"));
@@ -737,13 +746,119 @@ void TestJournal::broughtBackTextIsStillKept()
     Window window;
     const QString page = window.folder.path(QStringLiteral("page.htm"));
     window.folder.write(QStringLiteral("page.htm"), "old");
-    window.folder.write(First, leftOf(page, "<P>Lamp"));
+    window.folder.write(First, leftOf(page, "<P>Lamp", "old"));
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.web->offerUnsavedText();
     QCOMPARE(window.kept(), QByteArray("<P>Lamp"));
     window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("<P>Lamp\r\n"));
     QTRY_COMPARE(window.files(), QStringList());
+}
+
+void TestJournal::broughtBackTextAsksForItsPlace_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::newRow("nothing is known of the file") << QByteArray();
+    QTest::newRow("the file was changed meanwhile") << QByteArray("older");
+}
+
+/// Anybody may put such a file into the folder: it must not name what the next save writes over.
+void TestJournal::broughtBackTextAsksForItsPlace()
+{
+    QFETCH(QByteArray, file);
+    Window window;
+    const QString page = window.folder.path(QStringLiteral("page.htm"));
+    window.folder.write(QStringLiteral("page.htm"), "precious");
+    window.folder.write(First, leftOf(page, "<P>Lamp", file));
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.web->offerUnsavedText();
+    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(page)}); // with its whole path
+    window.doors.cancelSave();
+    window.press(Tool::Save);
+    QVERIFY(window.doors.takeAsked().first().startsWith(QStringLiteral("Save|Save As Files|page.htm|")));
+    QCOMPARE(content(page), QByteArray("precious"));
+
+    const QString other = window.folder.path(QStringLiteral("other.htm"));
+    window.doors.answerSave(other);
+    window.press(Tool::Save);
+    QCOMPARE(content(other), QByteArray("<P>Lamp\r\n"));
+    window.type(QStringLiteral("x"));
+    window.press(Tool::Save); // asked once
+    QVERIFY(content(other).contains('x'));
+}
+
+/// What the program itself has opened and saved is known to the next start.
+void TestJournal::savedFileIsKnown()
+{
+    Window window;
+    const QString page = window.folder.path(QStringLiteral("page.htm"));
+    window.type(QStringLiteral("<P>Lamp"));
+    window.saveAs(page);
+    window.type(QStringLiteral("s"));
+    window.timeRunsOut();
+    QTRY_COMPARE(window.kept(), QByteArray("<P>Lamps"));
+    const QByteArray file = content(window.folder.path(First));
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.press(Tool::New);
+    QTRY_COMPARE(window.files(), QStringList());
+    window.folder.write(First, file);
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.startAgain();
+    window.press(Tool::Save);
+    QCOMPARE(content(page), QByteArray("<P>Lamps\r\n"));
+}
+
+/// Also by Escape and by the window's own close button.
+void TestJournal::laterAsksAgain()
+{
+    Window window;
+    const QByteArray file = leftOf(QStringLiteral("/a.htm"), "A");
+    window.folder.write(First, file);
+    window.folder.write(QStringLiteral("Brindlemark-unsaved-2.htm"), leftOf(QStringLiteral("/b.htm"), "B"));
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    window.doors.answerMsgBox(MsgAnswer::Cancel);
+    window.web->offerUnsavedText();
+    QCOMPARE(window.source(), QByteArray());
+    QCOMPARE(content(window.folder.path(First)), file);
+    QVERIFY(window.web->earlierTexts().list().isEmpty());
+    window.doors.takeAsked();
+
+    window.doors.answerMsgBox(MsgAnswer::Yes);
+    window.startAgain();
+    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(QStringLiteral("/a.htm"))});
+    QCOMPARE(window.source(), QByteArray("A"));
+}
+
+void TestJournal::noKeepsItAmongTheEarlierTexts()
+{
+    Window window;
+    window.folder.write(First, leftOf(QStringLiteral("/a.htm"), "<P>Lamp"));
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.web->offerUnsavedText();
+    const QList<EarlierText> kept = window.web->earlierTexts().list();
+    QCOMPARE(kept.size(), 1);
+    QCOMPARE(EarlierTexts::text(kept.first()), QByteArray("<P>Lamp"));
+    QCOMPARE(kept.first().document, QStringLiteral("/a.htm"));
+    QCOMPARE(kept.first().why, Dropped::Declined);
+}
+
+void TestJournal::noWhereNothingCanBeRemoved()
+{
+    Window window;
+    window.folder.write(First, leftOf(QStringLiteral("/a.htm"), "<P>Lamp"));
+    const QString folder = QFileInfo(window.folder.path(First)).path();
+    const OrdinaryUser user(folder);
+    QVERIFY(user.ordinary());
+    // Its lock is there already: where none can be made the text is another program's, for all that is known.
+    put(window.folder.path(First + QStringLiteral(".lock")), QByteArray());
+    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::ExeOwner));
+    window.doors.answerMsgBox(MsgAnswer::No);
+    window.web->offerUnsavedText(); // asks once
+    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(QStringLiteral("/a.htm"))});
+    const auto* notice = window.web->findChild<NoticeBar*>();
+    QTRY_VERIFY(notice->isVisible());
+    QVERIFY(notice->accessibleName().startsWith(QStringLiteral("The text could not be removed from ")));
+    QVERIFY(QFile::setPermissions(folder, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
 }
 
 void TestJournal::broughtBackSurfaceTextIsStamped()
@@ -918,7 +1033,7 @@ void TestJournal::refusedSaveIsOffered()
 
     window.doors.answerMsgBox(MsgAnswer::Yes);
     window.startAgain();
-    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(QStringLiteral("page.htm"))});
+    QCOMPARE(window.doors.takeAsked(), QStringList{wholeTextQuestion(page)});
     QCOMPARE(window.source(), QByteArray("<P>Lamps"));
     QCOMPARE(window.web->documentName(), page);
     QVERIFY(window.web->Dirty());
