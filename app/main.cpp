@@ -7,6 +7,7 @@
 #include "shell/FrmSplash.h"
 #include "shell/FrmWeb.h"
 #include "web/WebEngine.h"
+#include "wizard/Unfinished.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -42,6 +43,7 @@ int main(int argc, char* argv[])
     guarded([] {
         auto* splash = form<FrmSplash>();
         on(splash, &FrmSplash::mainWindowLoaded, splash, [] { connectOpenings(form<FrmWeb>()); });
+        on(splash, &FrmSplash::documentOffered, splash, [] { offerUnfinished(); });
         splash->Show();
     });
     const int exitCode = QApplication::exec();

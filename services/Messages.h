@@ -40,6 +40,14 @@ inline constexpr Message MayReplace = {u"[ %1 ] - already exists.\r\nDo you want
 inline constexpr Message TakeBack = {
     u"%1\n\nDo you want it back? No moves it to the earlier texts, Later asks again at the next start.",
     OwnTitle, MsgIcon::Question, MsgButtons::YesNoLater};
+inline constexpr Message TakeListingBack = {
+    u"Brindlemark ended while a listing was being made. What was filled in was kept.\n\nDo you want it back? "
+    u"No deletes it, Later asks again at the next start.",
+    OwnTitle, MsgIcon::Question, MsgButtons::YesNoLater};
+inline constexpr Message TakeTermsBack = {
+    u"Brindlemark ended before the terms were saved. Their text was kept.\n\nDo you want it back? No moves "
+    u"it to the earlier texts, Later asks again at the next start.",
+    OwnTitle, MsgIcon::Question, MsgButtons::YesNoLater};
 inline constexpr QStringView KeptWhole =
     u"Brindlemark ended before %1 was saved. Its text was kept."; ///< what of, in TakeBack
 inline constexpr QStringView KeptInPart =

@@ -55,6 +55,7 @@ void FrmSplash::Timer2_Timer()
     main->Show();
     Unload();
     main->offerUnsavedText(); // waits for the user
+    emit documentOffered();
 }
 
 } // namespace brindlemark

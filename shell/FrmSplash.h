@@ -18,6 +18,9 @@ public:
 signals:
     /// The main window has been loaded and is about to show.
     void mainWindowLoaded();
+    /// The user has been asked about the document that an ended program left, if any: other windows' texts
+    /// are next.
+    void documentOffered();
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -20,7 +20,6 @@ namespace brindlemark {
 
 namespace {
 
-const QString FileName = QStringLiteral("Brindlemark-unsaved-%1.htm");
 /// More than anybody runs at once from one folder.
 constexpr int MostPlaces = 99;
 
@@ -118,7 +117,8 @@ private:
     int m_handle;
 };
 
-Journal::Journal(QStringList folders) : m_folders(std::move(folders))
+Journal::Journal(QStringList folders, const QString& name)
+    : m_folders(std::move(folders)), m_fileName(name + QStringLiteral("-%1.htm"))
 {
     m_writer.setMaxThreadCount(1); // one after the other
 }
@@ -203,7 +203,7 @@ void Journal::write(const QByteArray& bytes)
 bool Journal::writeElsewhere(const QString& folder, const QByteArray& bytes)
 {
     for (int number = 1; number <= MostPlaces; ++number) {
-        const QString path = folder + u'/' + FileName.arg(number);
+        const QString path = folder + u'/' + m_fileName.arg(number);
         if (QFile::exists(path))
             continue;
         std::unique_ptr<Place> place = Place::take(path);
@@ -227,7 +227,8 @@ std::optional<Journal::Leftover> Journal::takeLeftover()
     finish();
     for (const QString& folder : m_folders) {
         const QDir dir(folder);
-        for (const QString& name : dir.entryList({FileName.arg(QLatin1Char('*'))}, QDir::Files, QDir::Name)) {
+        for (const QString& name :
+             dir.entryList({m_fileName.arg(QLatin1Char('*'))}, QDir::Files, QDir::Name)) {
             if (m_given.contains(dir.filePath(name)))
                 continue; // also one that can't be removed
             std::unique_ptr<Place> place = Place::take(dir.filePath(name));

@@ -11,11 +11,12 @@
 
 namespace brindlemark {
 
-/// The unsaved text of one document, kept in a file in case the program is ended from outside. The file,
-/// "Brindlemark-unsaved-1.htm" or another number, holds the text and, as a comment in its last line, whose
-/// text it is and a checksum. While a program uses a number it holds a lock on a file beside it, which the
-/// system gives up when the program ends in whatever way: so programs that share a folder never take each
-/// other's text, and a text without a holder is one that was left.
+/// The unsaved text of one document, or of another window in which somebody types, kept in a file in case the
+/// program is ended from outside. The file, "Brindlemark-unsaved-1.htm" or another number, holds the text
+/// and, as a comment in its last line, whose text it is and a checksum. While a program uses a number it
+/// holds a lock on a file beside it, which the system gives up when the program ends in whatever way: so
+/// programs that share a folder never take each other's text, and a text without a holder is one that was
+/// left.
 ///
 /// Texts are written by a thread of the journal's own. Nothing here raises errors: a text that can't be kept
 /// leaves the one before.
@@ -35,8 +36,8 @@ public:
         bool whole = true;
     };
 
-    /// The file lies in the first of `folders` that takes it.
-    explicit Journal(QStringList folders);
+    /// The file lies in the first of `folders` that takes it. Each kind of text has a name of its own.
+    explicit Journal(QStringList folders, const QString& name = QStringLiteral("Brindlemark-unsaved"));
     /// An end in good order: what this program keeps is removed.
     ~Journal();
     Q_DISABLE_COPY_MOVE(Journal)
@@ -73,6 +74,7 @@ private:
     [[nodiscard]] bool writeElsewhere(const QString& folder, const QByteArray& bytes);
 
     QStringList m_folders;
+    QString m_fileName; // with %1 for the number
     QThreadPool m_writer;
     std::unique_ptr<Place> m_place; // only the writer uses it while it works
     QByteArray m_fileSum;           // likewise

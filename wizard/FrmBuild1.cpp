@@ -11,6 +11,9 @@
 #include "wizard/FrmBuild2.h"
 #include "wizard/FrmTerms.h"
 
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <algorithm>
 #include <array>
 #include <span>
@@ -205,6 +208,19 @@ void connectLines(FrmBuild1* page, std::span<const LineBox> boxes, QStringList& 
     }
 }
 
+// What is kept of an unfinished listing.
+constexpr QLatin1StringView FieldsKey("fields");
+constexpr QLatin1StringView Page2Key("page2");
+
+struct ListKey
+{
+    QLatin1StringView key;
+    QStringList FrmBuild1::*lines;
+};
+constexpr std::array<ListKey, 3> ListKeys = {{{QLatin1StringView("payments"), &FrmBuild1::payments},
+                                              {QLatin1StringView("regions"), &FrmBuild1::regions},
+                                              {QLatin1StringView("pictures"), &FrmBuild1::pictures}}};
+
 } // namespace
 
 FrmBuild1::FrmBuild1()
@@ -225,6 +241,7 @@ FrmBuild1::FrmBuild1()
     connectHandlers();
     restore();
     Text1->setFocus();
+    m_unfinished.passOver(state());
 }
 
 void FrmBuild1::connectHandlers()
@@ -472,6 +489,39 @@ void FrmBuild1::Command1_Click()
         regions << Txtother2->text();
     Hide();
     form<FrmBuild2>()->Show();
+}
+
+/// All that the seller has filled in: the fields of both pages, and the lists in the order of the clicks.
+QByteArray FrmBuild1::state() const
+{
+    QJsonObject state;
+    state.insert(FieldsKey, QString::fromUtf8(fieldsOf(*this)));
+    for (const ListKey& list : ListKeys)
+        state.insert(list.key, QJsonArray::fromStringList(this->*list.lines));
+    if (const FrmBuild2* page2 = loaded<FrmBuild2>(); page2 && reachedPage2)
+        state.insert(Page2Key, page2->choices());
+    return QJsonDocument(state).toJson();
+}
+
+void FrmBuild1::keepUnfinished()
+{
+    m_unfinished.keepNow(QString(), state());
+}
+
+void FrmBuild1::takeUnfinished(const QByteArray& kept)
+{
+    const QJsonObject state = QJsonDocument::fromJson(kept).object();
+    fillFields(*this, state.value(FieldsKey).toString().toUtf8());
+    for (const ListKey& list : ListKeys)
+        this->*list.lines = state.value(list.key).toVariant().toStringList();
+    if (state.contains(Page2Key)) {
+        reachedPage2 = true;
+        form<FrmBuild2>()->prepare(int(pictures.size()), OptP2->Value());
+        form<FrmBuild2>()->choose(state.value(Page2Key).toObject());
+        Hide();
+        form<FrmBuild2>()->Show();
+    }
+    m_unfinished.finish(); // it is this program's now
 }
 
 void FrmBuild1::Command2_Click()

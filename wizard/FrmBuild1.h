@@ -3,6 +3,7 @@
 
 #include "forms/Form.h"
 #include "wizard/Listing.h"
+#include "wizard/Unfinished.h"
 #include "wizard/ui_FrmBuild1.h"
 
 #include <QStringList>
@@ -26,6 +27,9 @@ public:
     /// The record as it is filled in so far. Line ends of the description are CR LF.
     Listing listing() const;
 
+    /// Fills in what an ended program has kept of a listing, and shows page 2 if that was up.
+    void takeUnfinished(const QByteArray& kept);
+
     QStringList payments;      ///< lines of the payment list, in the order of the clicks
     QStringList regions;       ///< lines of the region list, in the order of the clicks
     QStringList pictures;      ///< addresses, as they were at the last OK with the option Pictures
@@ -43,6 +47,8 @@ private:
     void enableTax(bool on);
     const Message* firstMissing() const;
     void collectAddresses();
+    QByteArray state() const;
+    void keepUnfinished();
     void OptP_Click();
     void OptLS_Click();
     void OptPS1_Click();
@@ -52,6 +58,8 @@ private:
     void ChkSlist_Click();
     void Command1_Click();
     void Command2_Click();
+
+    Unfinished m_unfinished{Unfinished::Kind::Listing, this, [this] { keepUnfinished(); }};
 };
 
 } // namespace brindlemark

@@ -28,6 +28,11 @@ namespace {
 
 constexpr int LastStyle = int(StyleCount) - 1;
 
+// What is kept of an unfinished listing; the colours are counted in the order of `ColorFields`.
+constexpr QLatin1StringView StyleKey("style");
+constexpr QLatin1StringView PictureStyleKey("pictureStyle");
+const QString ColorKey = QStringLiteral("color%1");
+
 QString setNamesFile()
 {
     return appFile(DataFile::PageColorTitles);
@@ -101,6 +106,24 @@ PageLook FrmBuild2::look() const
         std::find_if(Chk.begin(), Chk.end(), [](CheckBox* box) { return box->Value() == 1; });
     look.pictureStyle = int(checked - Chk.begin());
     return look;
+}
+
+QJsonObject FrmBuild2::choices() const
+{
+    const PageLook now = look();
+    QJsonObject choices{{StyleKey, now.style}, {PictureStyleKey, now.pictureStyle}};
+    for (size_t i = 0; i < ColorFields.size(); ++i)
+        choices.insert(ColorKey.arg(i), now.*ColorFields.at(i).field);
+    return choices;
+}
+
+void FrmBuild2::choose(const QJsonObject& choices)
+{
+    for (size_t i = 0; i < ColorFields.size(); ++i)
+        m_look.*ColorFields.at(i).field =
+            choices.value(ColorKey.arg(i)).toString(m_look.*ColorFields.at(i).field);
+    Chk_MouseUp(qBound(0, choices.value(PictureStyleKey).toInt(look().pictureStyle), int(Chk.size()) - 1));
+    stepStyle(choices.value(StyleKey).toInt() - m_look.style);
 }
 
 void FrmBuild2::Command1_Click()

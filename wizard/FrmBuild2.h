@@ -6,6 +6,7 @@
 #include "wizard/ui_FrmBuild2.h"
 
 #include <QByteArray>
+#include <QJsonObject>
 #include <QTimer>
 #include <array>
 
@@ -30,6 +31,9 @@ public:
 
     /// The present choices: design style, picture style, colours.
     PageLook look() const;
+    /// The same as names and values, and back. What is missing or out of range stays as it is.
+    QJsonObject choices() const;
+    void choose(const QJsonObject& choices);
     /// The colours of the drawings.
     const DrawingColors& drawingColors() const { return m_drawing; }
 

@@ -117,7 +117,10 @@ void FrmTerms::WebBrowser1_LinkRequested()
 void FrmTerms::KeepTimer_Timer()
 {
     KeepTimer.start(KeepEvery);
-    WebBrowser1->readEdits([this](const QString& html) { m_lastShown = html; });
+    WebBrowser1->readEdits([this](const QString& html) {
+        m_lastShown = html;
+        m_unfinished.keepNow(appFile(m_terms ? m_terms->file : QStringView()), html.toUtf8());
+    });
 }
 
 void FrmTerms::WebBrowser1_RendererDied()
@@ -157,6 +160,7 @@ void FrmTerms::save()
         Clipboard::SetText(QString::fromUtf8(head));
     if (m_terms)
         writeFile(appFile(m_terms->file), text + lineEnd.data());
+    m_unfinished.passOver({});
 }
 
 void FrmTerms::open(const TermsFile& terms)
@@ -168,7 +172,15 @@ void FrmTerms::open(const TermsFile& terms)
     if (text.endsWith(lineEnd)) // or each saving would add one more
         text.chop(lineEnd.size());
     edit(text);
+    m_unfinished.passOver({});
     WebBrowser1->setFocus();
+}
+
+void FrmTerms::takeUnfinished(const QString& html)
+{
+    edit(html);
+    m_unfinished.keepNow(appFile(m_terms->file), html.toUtf8());
+    m_unfinished.finish();
 }
 
 void openTerms(int index)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/Form.h"
+#include "wizard/Unfinished.h"
 #include "wizard/ui_FrmTerms.h"
 
 #include <QTimer>
@@ -22,6 +23,8 @@ public:
     void open(const TermsFile& terms);
     /// Replaces what is being edited; tells the user when that fails.
     void edit(const QString& html);
+    /// Shows a text that an ended program has kept, and keeps it from now on.
+    void takeUnfinished(const QString& html);
 
 private:
     void KeepTimer_Timer();
@@ -42,6 +45,7 @@ private:
     QTimer KeepTimer{this};
     /// The text last written to the surface or read from it, to be shown again when the page is lost.
     QString m_lastShown;
+    Unfinished m_unfinished{Unfinished::Kind::Terms, this, [] {}}; // `KeepTimer` brings the edits
 };
 
 /// Opens the editor on a file of `TermsFiles`: 0 payment, 1 location, 2 who pays. An open editor turns to
