@@ -252,6 +252,7 @@ void FrmTable::connectHandlers()
     for (QLineEdit* box : {Text1, Text2})
         box->installEventFilter(this);
 
+    Combo1->setChoiceActs();
     on(Combo1, &ComboBox::Click, this, &FrmTable::Combo1_Click);
     on(Command2, &QPushButton::clicked, this, &FrmTable::Command2_Click);
     on(Command3, &QPushButton::clicked, this, &FrmTable::Command3_Click);

@@ -7,9 +7,11 @@
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QWheelEvent>
 #include <limits>
 
 namespace brindlemark {
@@ -18,6 +20,7 @@ ComboBox::ComboBox(QWidget* parent) : QComboBox(parent)
 {
     describeClass(staticMetaObject, accessibleComboBox);
     setInsertPolicy(NoInsert);
+    setFocusPolicy(Qt::StrongFocus); // the toolkit's boxes take the keyboard when the wheel turns over them
     setPlaceholderText(QStringLiteral(" ")); // with one, the first entry isn't chosen by itself
     connect(this, &QComboBox::activated, this, &ComboBox::Click);
 }
@@ -92,11 +95,47 @@ void ComboBox::keyPressEvent(QKeyEvent* event)
     guardedCall([&] {
         const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (!enter || !isEditable()) {
-            QComboBox::keyPressEvent(event);
+            if (!m_choiceActs || !choosesWhileClosed(*event)) {
+                QComboBox::keyPressEvent(event);
+                return;
+            }
+            event->accept();
+            showPopup();
+            if (!event->text().isEmpty() && view()->isVisible()) // a letter goes to its entry, as in any list
+                QCoreApplication::sendEvent(view(), event);
             return;
         }
         event->accept();
         emit EnterPressed();
+    });
+}
+
+bool ComboBox::choosesWhileClosed(const QKeyEvent& event) const
+{
+    switch (event.key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        return true;
+    case Qt::Key_Home:
+    case Qt::Key_End:
+        return !isEditable();
+    default: {
+        const bool letter = !event.text().isEmpty() && event.text().front().isPrint();
+        return letter && !isEditable() && event.key() != Qt::Key_Space;
+    }
+    }
+}
+
+void ComboBox::wheelEvent(QWheelEvent* event)
+{
+    guardedCall([&] {
+        if (hasFocus() && !m_choiceActs) {
+            QComboBox::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
     });
 }
 

@@ -8,7 +8,8 @@
 namespace brindlemark {
 
 /// A drop-down list, with a field for any text when `isEditable()`. What is typed stays as it was typed:
-/// nothing completes or cuts it, selects an entry by it or adds it to the list.
+/// nothing completes or cuts it, selects an entry by it or adds it to the list. The wheel steps through the
+/// entries of a box that has the keyboard; otherwise it is the window's.
 class ComboBox : public QComboBox, public ListObject
 {
     Q_OBJECT
@@ -20,6 +21,11 @@ public:
     /// Gives the box its edit field, or takes it away. (The toolkit's own function would let the field
     /// complete.)
     void setEditable(bool editable);
+
+    /// For a list whose choice does more than to show what was chosen: opens a dialog, loads a set, goes to a
+    /// page. Keys then choose in the open list alone, which Enter takes and Escape leaves: on the way through
+    /// a closed one they would do it all at each step. The wheel never chooses.
+    void setChoiceActs() { m_choiceActs = true; }
 
     /// Shows the placeholder in the colour of an entry, not in grey.
     void showPlaceholderClearly();
@@ -55,9 +61,13 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     void initStyleOption(QStyleOptionComboBox* look) const override;
 
 private:
+    bool choosesWhileClosed(const QKeyEvent& event) const;
+
+    bool m_choiceActs = false;
     bool m_clearPlaceholder = false;
 };
 

@@ -5,12 +5,38 @@
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
+#include <QTabBar>
+#include <QWheelEvent>
 #include <utility>
 
 namespace brindlemark {
 
+namespace {
+
+/// Captions over which the wheel brings no page up, unless they have the keyboard.
+class TabCaptions : public QTabBar
+{
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        guardedCall([&] {
+            if (hasFocus()) {
+                QTabBar::wheelEvent(event);
+            } else {
+                event->ignore();
+            }
+        });
+    }
+};
+
+} // namespace
+
 SSTab::SSTab(QWidget* parent) : QTabWidget(parent)
 {
+    setTabBar(new TabCaptions(this));
     onInner(this, &QTabWidget::currentChanged, this, &SSTab::noticeTab);
 }
 

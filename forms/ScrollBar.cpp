@@ -10,6 +10,7 @@
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
+#include <QWheelEvent>
 
 namespace brindlemark {
 
@@ -67,6 +68,17 @@ void ScrollBar::keyPressEvent(QKeyEvent* event)
         const bool towardsEnd = (event->key() == Qt::Key_Right) != isRightToLeft();
         triggerAction(towardsEnd ? SliderSingleStepAdd : SliderSingleStepSub);
         event->accept();
+    });
+}
+
+void ScrollBar::wheelEvent(QWheelEvent* event)
+{
+    guardedCall([&] {
+        if (hasFocus()) {
+            QScrollBar::wheelEvent(event);
+        } else {
+            event->ignore();
+        }
     });
 }
 

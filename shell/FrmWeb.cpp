@@ -122,6 +122,7 @@ FrmWeb::FrmWeb()
         new FindBar(surface);
     setPalette(withReadableHints(QPalette(QColor(0xE0, 0xE0, 0xE0))));
     for (ComboBox* combo : {Combo1, Combo2, Combo3}) {
+        combo->setChoiceActs();
         QPalette field = palette();
         field.setColor(QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
         combo->setPalette(field);

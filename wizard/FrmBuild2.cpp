@@ -63,8 +63,10 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new DocumentSurface(this))
     WebBrowser1->hide();
     Command1->setIcon(namedIcon("go-previous", this));
     Command2->setIcon(namedIcon("go-next", this));
-    for (ComboBox* combo : {Combo3, Combo4})
+    for (ComboBox* combo : {Combo3, Combo4}) {
         combo->showPlaceholderClearly();
+        combo->setChoiceActs();
+    }
     for (const char* entry : ColorEntries)
         Combo3->AddItem(QString::fromLatin1(entry));
     LoadList(setNamesFile(), *Combo4);

@@ -52,6 +52,8 @@ FrmTerms::FrmTerms()
         Combo1->AddItem(family);
     Combo1->setText(QStringLiteral("Arial"));
 
+    for (ComboBox* combo : {Combo1, Combo2})
+        combo->setChoiceActs();
     on(Combo1, &ComboBox::Click, this, &FrmTerms::Combo1_Click);
     on(Combo2, &ComboBox::Click, this, &FrmTerms::Combo2_Click);
     on(Command5, &QToolButton::clicked, this, &FrmTerms::Command5_Click);

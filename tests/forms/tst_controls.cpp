@@ -67,7 +67,9 @@ void wheel(QWidget* widget, int delta)
     const QPointF middle = QRectF(widget->rect()).center();
     QWheelEvent event(middle, widget->mapToGlobal(middle), {}, {0, delta}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(widget, &event);
+    QSpontaneKeyEvent::setSpontaneous(
+        &event); // only such a one goes on to the parents, and `sendEvent` sends none
+    QCoreApplication::instance()->notify(widget, &event);
 }
 
 /// A level bar from 0 to 100 with arrows of 1 and pages of 10, at 50.
@@ -274,6 +276,7 @@ private slots:
     void barStepsChangeAlone();
     void barThatCannotMoveIsSilent();
     void heldArrowChangesAtEachStep();
+    void wheelIsTheWindowsWithoutTheKeyboard();
     void barCanBeReachedByTheKeyboard();
     void barsOfATintShareTheirPalette();
 
@@ -325,6 +328,8 @@ private slots:
     void comboPickedByHand_data();
     void comboPickedByHand();
     void comboStepsByHand();
+    void comboWhoseChoiceActsOpens_data();
+    void comboWhoseChoiceActsOpens();
     void comboTypingChangesTheTextOnly();
     void comboEnterIsConsumed();
     void comboWithoutFieldHasNoEnter();
@@ -447,6 +452,62 @@ void TestControls::heldArrowChangesAtEachStep()
     for (int value = 51; value <= bar.bar.Value(); ++value)
         expected << QStringLiteral("Change%1").arg(value);
     QCOMPARE(bar.log.take(), expected.join(u' '));
+}
+
+namespace {
+
+/// A window that counts how often the wheel comes to it.
+class Wheeled : public QWidget
+{
+public:
+    int turns = 0;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override
+    {
+        ++turns;
+        event->accept();
+    }
+};
+
+} // namespace
+
+void TestControls::wheelIsTheWindowsWithoutTheKeyboard()
+{
+    Wheeled window;
+    QVBoxLayout layout(&window);
+    ScrollBar bar(nullptr);
+    bar.setValue(50);
+    ComboBox combo;
+    for (const char* text : {"a", "b", "c"})
+        combo.AddItem(QString::fromLatin1(text));
+    combo.setListIndex(1);
+    SSTab tabs;
+    for (const char* caption : {"one", "two", "three"})
+        tabs.addTab(new QWidget, QString::fromLatin1(caption));
+    tabs.setTab(1);
+    QPushButton other;
+    for (QWidget* control : std::initializer_list<QWidget*>{&bar, &combo, &tabs, &other})
+        layout.addWidget(control);
+    show(window);
+    const auto values = [&] { return QList<int>{bar.Value(), combo.ListIndex(), tabs.Tab()}; };
+    const std::initializer_list<QWidget*> turned = {&bar, &combo, tabs.tabBar()};
+    int turns = 0;
+    for (QWidget* control : turned) {
+        other.setFocus();
+        QTRY_VERIFY(other.hasFocus());
+        const QList<int> before = values();
+        wheel(control, -120);
+        QCOMPARE(window.turns, ++turns);
+        QCOMPARE(values(), before);
+        control->setFocus();
+        QTRY_VERIFY(control->hasFocus());
+        wheel(control, -120);
+        QCOMPARE(window.turns, turns);
+    }
+    QVERIFY(bar.Value() > 50);
+    QCOMPARE(combo.ListIndex(), 2);
+    QCOMPARE(tabs.Tab(), 2);
 }
 
 void TestControls::barCanBeReachedByTheKeyboard()
@@ -1111,6 +1172,40 @@ void TestControls::comboStepsByHand()
     QTest::keyClick(&choice.box, Qt::Key_Up); // there is none above
     wheel(&choice.box, -120);
     QCOMPARE(choice.log.take(), QStringLiteral("Click0/a Click1/b Click0/a Click1/b"));
+}
+
+void TestControls::comboWhoseChoiceActsOpens_data()
+{
+    QTest::addColumn<bool>("editable");
+    QTest::newRow("with field") << true;
+    QTest::newRow("without field") << false;
+}
+
+void TestControls::comboWhoseChoiceActsOpens()
+{
+    QFETCH(bool, editable);
+    Choice choice(editable);
+    choice.box.setChoiceActs();
+    choice.box.setFocus();
+    wheel(&choice.box, -120);
+    QTest::keyClick(&choice.box, Qt::Key_Down);
+    QTRY_VERIFY(choice.box.view()->isVisible());
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Down, Qt::Key_Up})
+        QTest::keyClick(choice.box.view(), key);
+    QCOMPARE(choice.log.take(), QString());
+    const int marked = choice.box.view()->currentIndex().row();
+    QTest::keyClick(choice.box.view(), Qt::Key_Return);
+    QTRY_VERIFY(!choice.box.view()->isVisible());
+    QCOMPARE(choice.log.take(), QStringLiteral("Click%1/%2").arg(marked).arg(choice.box.List(marked)));
+
+    QTest::keyClick(&choice.box, Qt::Key_C); // a field takes the letter, a list goes to the entry
+    QCOMPARE(choice.box.view()->isVisible(), !editable);
+    if (!editable) {
+        QCOMPARE(choice.log.take(), QString());
+        QTest::keyClick(choice.box.view(), Qt::Key_Return);
+        QTRY_VERIFY(!choice.box.view()->isVisible());
+        QCOMPARE(choice.log.take(), QStringLiteral("Click2/c"));
+    }
 }
 
 void TestControls::comboTypingChangesTheTextOnly()
