@@ -4,11 +4,15 @@
 
 #include "platform/RuntimeError.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QSaveFile>
+#include <QThread>
 #include <cerrno>
+#include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace brindlemark {
@@ -139,6 +143,27 @@ void writeFile(const QString& path, const QByteArray& bytes)
     }
     if (!file.commit())
         refuse(file.errorString());
+}
+
+FileTurn::FileTurn(const QString& path)
+{
+    constexpr int Patience = 1000; // milliseconds
+    const QFileInfo file(path);
+    const QFileInfo target(file.exists() ? file.canonicalFilePath() : file.absoluteFilePath());
+    m_folder = open(QFile::encodeName(target.path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    const QDeadlineTimer end(Patience);
+    while (flock(m_folder, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR) &&
+           !end.hasExpired())
+        QThread::usleep(200);
+}
+
+FileTurn::~FileTurn()
+{
+    if (m_folder < 0)
+        return;
+    close(m_folder);
+    QThread::usleep(
+        500); // who waits looks every 200: a program that writes and writes leaves others their turn
 }
 
 } // namespace brindlemark

@@ -24,4 +24,19 @@ bool isBinaryFile(const QString& path);
 /// yet. An existing file keeps its permissions; one that nobody may write to is refused.
 void writeFile(const QString& path, const QByteArray& bytes);
 
+/// The turn to read a file, change it and write it, which programs take one after the other. It is the lock
+/// of the file's folder, because the file itself is replaced by each write; the system drops it with a
+/// program that ends. Waits up to a second; then, and where a folder can't be locked, the change is made
+/// without it.
+class FileTurn
+{
+public:
+    explicit FileTurn(const QString& path);
+    ~FileTurn();
+    Q_DISABLE_COPY_MOVE(FileTurn)
+
+private:
+    int m_folder = -1; // a descriptor
+};
+
 } // namespace brindlemark

@@ -227,6 +227,7 @@ void WriteProfile(const QString& section, const QString& key, const QString& val
 void WriteProfile(const QList<ProfileValue>& values, const QString& file)
 {
     try {
+        const FileTurn turn(file); // what another program sets meanwhile would be lost
         const QByteArray bytes = readProfileFile(file);
         QByteArray changed = bytes;
         for (const ProfileValue& entry : values)

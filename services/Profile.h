@@ -46,7 +46,7 @@ QString ReadProfile(const QString& section, const QString& key, const QString& f
 /// Sets the value of a key. An existing key keeps its place, its spelling and its line end; a new key goes to
 /// the end of its section, before blank lines; a new section goes to the end of the file; a missing file is
 /// made. All else in the file stays byte for byte. The value is written as it is, up to its first line break:
-/// blanks or quotes around it are lost when it is read. A failure isn't told and leaves the old file.
+/// blanks or quotes around it are lost when it is read. What other programs set stays too. A failure isn't told and leaves the old file.
 void WriteProfile(const QString& section, const QString& key, const QString& value, const QString& file);
 
 /// A key of a section, and what it is set to.

@@ -5,6 +5,7 @@
 #include "Random.h"
 #include "forms/ListObject.h"
 #include "platform/AppPath.h"
+#include "platform/Files.h"
 #include "platform/RuntimeError.h"
 
 #include <QDir>
@@ -15,6 +16,11 @@
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+#include <array>
+#include <csignal>
+#include <functional>
+#include <sys/wait.h>
+#include <unistd.h>
 
 using namespace brindlemark;
 
@@ -120,6 +126,8 @@ private slots:
     void whatIsWrittenIsRead();
     void sameValueWritesNothing();
     void writeThatFailsHarmsNothing();
+    void programsKeepEachOthersValues();
+    void heldTurnIsNotWaitedForLong();
     void largeFile();
 
     void existence();
@@ -512,6 +520,86 @@ void TestProfile::writeThatFailsHarmsNothing()
     WriteProfile("Color", "back", "0", path("gone/web.ini"));
     QVERIFY(!QFileInfo::exists(path("gone")));
     WriteProfile("Color", "back", "0", QString());
+}
+
+namespace {
+
+/// Runs `work` in a process of its own; the process.
+pid_t inAnotherProcess(const std::function<void()>& work)
+{
+    const pid_t process = fork();
+    if (process == 0) {
+        work();
+        _exit(0);
+    }
+    return process;
+}
+
+/// Whether a process has come to its end by itself.
+bool endedWell(pid_t process)
+{
+    int status = -1;
+    return waitpid(process, &status, 0) == process && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+} // namespace
+
+void TestProfile::programsKeepEachOthersValues()
+{
+    constexpr int Writes = 1000;
+    // In memory: a disk would take half a minute.
+    const QTemporaryDir memory(QStringLiteral("/dev/shm/profile-XXXXXX"));
+    const QTemporaryDir& folder = memory.isValid() ? memory : *m_folder;
+    const QString file = folder.filePath(QStringLiteral("web.ini"));
+    QList<pid_t> programs;
+    for (const char* section : {"one", "two"}) {
+        programs << inAnotherProcess([&, section] {
+            for (int i = 0; i < Writes; ++i)
+                WriteProfile(QString::fromLatin1(section), QString::number(i), QStringLiteral("x"), file);
+        });
+    }
+    for (const pid_t program : programs)
+        QVERIFY(endedWell(program));
+    int lost = 0;
+    const Profile written(file);
+    for (const char* section : {"one", "two"}) {
+        for (int i = 0; i < Writes; ++i)
+            lost += written.value(QString::fromLatin1(section), QString::number(i)).isEmpty() ? 1 : 0;
+    }
+    QCOMPARE(lost, 0);
+    QCOMPARE(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+             QStringList{"web.ini"});
+}
+
+/// A program that hangs in its turn costs a moment; one that was ended in it costs nothing.
+void TestProfile::heldTurnIsNotWaitedForLong()
+{
+    std::array<int, 2> held{};
+    QCOMPARE(pipe(held.data()), 0);
+    const pid_t holder = inAnotherProcess([&] {
+        const FileTurn turn(ini());
+        if (::write(held[1], "x", 1) == 1)
+            pause();
+    });
+    char token = 0;
+    QCOMPARE(::read(held[0], &token, 1), ssize_t(1));
+    QElapsedTimer clock;
+    clock.start();
+    WriteProfile("a", "b", "1", ini());
+    const qint64 waited = clock.elapsed();
+    kill(holder, SIGKILL);
+    QVERIFY(!endedWell(holder));
+    QVERIFY2(waited >= 500, qPrintable(QString::number(waited))); // it was another's turn
+    QCOMPARE(ReadProfile("a", "b", ini()), QStringLiteral("1"));
+    qint64 quickest = 1000;
+    for (int i = 0; i < 20; ++i) {
+        clock.start();
+        WriteProfile("a", "b", QString::number(i), ini());
+        quickest = qMin(quickest, clock.elapsed());
+    }
+    QVERIFY2(quickest < 500, qPrintable(QString::number(quickest)));
+    close(held[0]);
+    close(held[1]);
 }
 
 void TestProfile::largeFile()
