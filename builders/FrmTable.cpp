@@ -577,8 +577,10 @@ void FrmTable::loadSet(const QString& title)
     for (const SavedKey& entry : SavedKeys) {
         if (&entry == &SavedKeys.back())
             bringAutoColorInLine();
-        value = sets.value(title, QString::fromLatin1(entry.key));
-        std::visit(load, entry.holder);
+        sets.taken(title, QString::fromLatin1(entry.key), [&](const QString& saved) {
+            value = saved;
+            std::visit(load, entry.holder);
+        });
     }
     restyle();
 }

@@ -5,6 +5,7 @@
 #include "platform/Doors.h"
 #include "platform/RuntimeError.h"
 
+#include <QFileInfo>
 #include <QScopedValueRollback>
 #include <new>
 #include <utility>
@@ -18,6 +19,12 @@ std::function<QString()>& keeper()
 {
     static std::function<QString()> keep;
     return keep;
+}
+
+std::function<void(const QString&)>& settingsMender()
+{
+    static std::function<void(const QString&)> mend;
+    return mend;
 }
 
 int runningHandlers = 0;
@@ -82,6 +89,11 @@ void keepOnFatal(std::function<QString()> keep)
     keeper() = std::move(keep);
 }
 
+void mendSettingsOnFatal(std::function<void(const QString& file)> mend)
+{
+    settingsMender() = std::move(mend);
+}
+
 void fatal(const std::exception& exception)
 {
     // A second failure on the way out (a paint, a timer) must neither ask again nor keep a half-made text.
@@ -93,9 +105,20 @@ void fatal(const std::exception& exception)
     const RuntimeError error = untrapped(exception);
     QString text =
         QStringLiteral("Run-time error '%1':\n\n%2").arg(int(error.number())).arg(error.description());
+    if (const auto& setting = error.setting()) {
+        text += QStringLiteral("\n\nThe setting \"%3\" in section [%2] of %1 is missing or damaged.")
+                    .arg(QFileInfo(setting->file).fileName(), setting->section, setting->key);
+    }
     if (const QString sentence = kept(); !sentence.isEmpty())
         text += QStringLiteral("\n\n") + sentence;
     MsgBox(text, ProgramTitle, MsgIcon::Stop);
+    if (error.setting() && settingsMender()) {
+        try {
+            settingsMender()(error.setting()->file);
+        } catch (...) {
+            // The program ends all the same, and the next start tells of the setting again.
+        }
+    }
     doors().endNow(1);
 }
 

@@ -20,6 +20,9 @@ void fatal(const std::exception& error);
 /// that says where the copy lies, or an empty string when there was nothing to keep. It must not throw.
 void keepOnFatal(std::function<QString()> keep);
 
+/// What `fatal` runs, behind the error's box, when the error comes from a setting: it gets the file's path.
+void mendSettingsOnFatal(std::function<void(const QString& file)> mend);
+
 /// Runs `action` once the outermost handler has returned; at once when none is running. What a handler has
 /// put out of use lives until then, also where a handler further out still waits in an event loop of its own.
 void whenHandlersReturn(std::function<void()> action);

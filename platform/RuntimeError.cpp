@@ -2,6 +2,8 @@
 
 #include "platform/RuntimeError.h"
 
+#include <utility>
+
 namespace brindlemark {
 
 namespace {
@@ -36,6 +38,13 @@ RuntimeError::RuntimeError(ErrorNumber number) : RuntimeError(number, usualText(
 RuntimeError::RuntimeError(ErrorNumber number, const QString& description)
     : std::runtime_error(description.toStdString()), m_number(number)
 {
+}
+
+RuntimeError RuntimeError::ofSetting(SettingPlace place) const
+{
+    RuntimeError error = *this;
+    error.m_setting = std::move(place);
+    return error;
 }
 
 RuntimeError outOfMemory()

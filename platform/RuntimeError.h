@@ -3,6 +3,7 @@
 
 #include <QString>
 #include <new>
+#include <optional>
 #include <stdexcept>
 
 namespace brindlemark {
@@ -19,6 +20,14 @@ enum class ErrorNumber {
     InvalidPropertyValue = 380,
 };
 
+/// Where a setting stands.
+struct SettingPlace
+{
+    QString file;
+    QString section;
+    QString key;
+};
+
 /// The one failure of the program's own code. Code that traps errors catches it; one that leaves a handler
 /// ends the program (see Events.h).
 class RuntimeError : public std::runtime_error
@@ -33,8 +42,14 @@ public:
     /// The text for the user, one line without a full stop.
     QString description() const { return QString::fromUtf8(what()); }
 
+    /// The same error, of a setting that is missing or can't be taken.
+    RuntimeError ofSetting(SettingPlace place) const;
+    /// The setting that it comes from; no value where it comes from something else.
+    const std::optional<SettingPlace>& setting() const { return m_setting; }
+
 private:
     ErrorNumber m_number;
+    std::optional<SettingPlace> m_setting;
 };
 
 /// The failure of an operation for which there is not enough memory.

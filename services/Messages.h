@@ -85,6 +85,13 @@ inline constexpr Message CancelTool = {u"Are you sure you wish cancel it ?", u"I
 inline constexpr Message NoWordToAdd = {u"Cannot add to editor because no word.", u"Error",
                                         MsgIcon::Information};
 
+// ---- Settings
+
+inline constexpr Message ShippedSettings = {u"Put the settings that come with the program in the place of "
+                                            u"web.ini? The damaged file is kept beside it, as "
+                                            u"web-damaged-1.ini or with the next free number.",
+                                            OwnTitle, MsgIcon::Question, MsgButtons::YesNo};
+
 // ---- Tables, lists and pictures
 
 inline constexpr Message NoWholeNumber = {u"Please enter a whole number.", u"Information",

@@ -190,7 +190,7 @@ QString webIni()
     return appFile(DataFile::Settings);
 }
 
-Profile::Profile(const QString& file)
+Profile::Profile(const QString& file) : m_file(file)
 {
     if (!FileLenExists(file))
         return;

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "platform/RuntimeError.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -35,8 +37,19 @@ public:
     /// The state of a check box: 1 where the key's value is "1"; 0 for any other value and where the key is
     /// missing.
     int checkBox(const QString& section, const QString& key) const;
+    /// What `take` makes of a key's value. A RuntimeError of it then tells where the value stands.
+    template <typename Take>
+    auto taken(const QString& section, const QString& key, Take&& take) const
+    {
+        try {
+            return take(value(section, key));
+        } catch (const RuntimeError& error) {
+            throw error.ofSetting({m_file, section, key});
+        }
+    }
 
 private:
+    QString m_file;
     QByteArray m_bytes;
 };
 
@@ -46,7 +59,8 @@ QString ReadProfile(const QString& section, const QString& key, const QString& f
 /// Sets the value of a key. An existing key keeps its place, its spelling and its line end; a new key goes to
 /// the end of its section, before blank lines; a new section goes to the end of the file; a missing file is
 /// made. All else in the file stays byte for byte. The value is written as it is, up to its first line break:
-/// blanks or quotes around it are lost when it is read. What other programs set stays too. A failure isn't told and leaves the old file.
+/// blanks or quotes around it are lost when it is read. What other programs set stays too. A failure isn't
+/// told and leaves the old file.
 void WriteProfile(const QString& section, const QString& key, const QString& value, const QString& file);
 
 /// A key of a section, and what it is set to.

@@ -9,6 +9,7 @@
 #include "platform/Files.h"
 #include "platform/RuntimeError.h"
 #include "services/Profile.h"
+#include "services/ShippedSettings.h"
 #include "shell/Find.h"
 #include "shell/FindBar.h"
 #include "shell/Icons.h"
@@ -147,6 +148,7 @@ FrmWeb::FrmWeb()
     const QSize screenSize = screen()->availableSize();
     resize(qMin(1000, screenSize.width()), qMin(700, screenSize.height()));
 
+    mendSettingsOnFatal(offerShippedSettings);
     loadSettings();
     connectHandlers();
     connectViews();

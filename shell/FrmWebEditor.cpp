@@ -28,7 +28,7 @@ QString fontSetting(const Profile& settings, const char* key)
 /// number.
 std::optional<int> requiredColor(const char* key)
 {
-    return toInteger32(ReadProfile(QStringLiteral("Color"), QString::fromLatin1(key), webIni()));
+    return Profile(webIni()).taken(QStringLiteral("Color"), QString::fromLatin1(key), toInteger32);
 }
 
 /// A colour of the highlight; no value when the setting is missing or isn't a number.
@@ -51,16 +51,16 @@ void FrmWeb::loadEditorFont()
     const QString name = fontSetting(settings, "name");
     if (!name.isEmpty()) // no face has an empty name: the present one stays
         font.setFamily(name);
-    font.setPointSizeF(qBound(1.0F, toSingle(fontSetting(settings, "size")), 500.0F));
-    font.setBold(toBoolean(fontSetting(settings, "bold")));
-    font.setItalic(toBoolean(fontSetting(settings, "italic")));
+    font.setPointSizeF(qBound(1.0F, settings.taken(FontSection, QStringLiteral("size"), toSingle), 500.0F));
+    font.setBold(settings.taken(FontSection, QStringLiteral("bold"), toBoolean));
+    font.setItalic(settings.taken(FontSection, QStringLiteral("italic"), toBoolean));
     RichTextBox1->setTextFont(font);
 }
 
 /// Throws RuntimeError(TypeMismatch) when `BG` is missing or isn't a number.
 void FrmWeb::loadEditorBackground()
 {
-    setEditorBackground(toInteger32(fontSetting(Profile(webIni()), "BG")));
+    setEditorBackground(Profile(webIni()).taken(FontSection, QStringLiteral("BG"), toInteger32));
 }
 
 void FrmWeb::setEditorBackground(int color)

@@ -138,6 +138,8 @@ private slots:
     void loadLeavesTheSettingsAlone();
     void splashLeadsToTheMainWindow();
     void splashWithBadSettingsEndsTheProgram();
+    void damagedSettingsGiveWayToThoseThatShip_data();
+    void damagedSettingsGiveWayToThoseThatShip();
 
     // Layout
     void nothingOverlaps_data();
@@ -816,11 +818,67 @@ void TestMainWindow::splashWithBadSettingsEndsTheProgram()
     QVERIFY(QFile::remove(folder.path(QStringLiteral("web.ini"))));
     ScriptedDoors doors;
     doors.answerMsgBox(MsgAnswer::Ok);
+    doors.answerMsgBox(MsgAnswer::No);
     form<FrmSplash>()->Show();
     QTRY_VERIFY_WITH_TIMEOUT(doors.ended.has_value(), 5000);
     QCOMPARE(doors.ended, 1);
-    QCOMPARE(doors.asked, QStringList{"MsgBox|Brindlemark|Run-time error '13':\n\nType mismatch|Stop|Ok"});
+    QCOMPARE(
+        doors.asked.constFirst(),
+        QStringLiteral("MsgBox|Brindlemark|Run-time error '13':\n\nType mismatch\n\nThe setting \"size\" in "
+                       "section [Font] of web.ini is missing or damaged.|Stop|Ok"));
     QVERIFY(!isLoaded<FrmWeb>());
+    QVERIFY(!folder.has(QStringLiteral("web.ini"))); // the answer was No
+}
+
+void TestMainWindow::damagedSettingsGiveWayToThoseThatShip_data()
+{
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QByteArray>("value");
+    QTest::addColumn<QString>("error");
+    QTest::newRow("size") << QByteArray("size") << QByteArray("twelve") << "'13':\n\nType mismatch";
+    QTest::newRow("bold") << QByteArray("bold") << QByteArray("") << "'13':\n\nType mismatch";
+    QTest::newRow("italic") << QByteArray("italic") << QByteArray("oui") << "'13':\n\nType mismatch";
+    QTest::newRow("background") << QByteArray("BG") << QByteArray("99999999999") << "'6':\n\nOverflow";
+}
+
+/// Error and question at one start, and the next one works.
+void TestMainWindow::damagedSettingsGiveWayToThoseThatShip()
+{
+    QFETCH(QByteArray, key);
+    QFETCH(QByteArray, value);
+    QFETCH(QString, error);
+    const ProgramFolder folder;
+    const QString settings = QStringLiteral("web.ini");
+    const QByteArray shipped = folder.read(settings);
+    QByteArray damaged = shipped;
+    const qsizetype begin = damaged.indexOf('\n' + key + '=') + key.size() + 2;
+    damaged.replace(begin, damaged.indexOf('\r', begin) - begin, value);
+    QVERIFY(damaged != shipped);
+    folder.write(settings, damaged);
+    folder.write(QStringLiteral("web-damaged-1.ini"), "of another day");
+    {
+        ScriptedDoors doors;
+        doors.answerMsgBox(MsgAnswer::Ok);
+        doors.answerMsgBox(MsgAnswer::Yes);
+        guarded([] { form<FrmWeb>(); });
+        QCOMPARE(doors.ended, 1);
+        QCOMPARE(doors.asked.size(), 2);
+        QVERIFY2(doors.asked[0].contains(
+                     QStringLiteral("Run-time error %1\n\nThe setting \"%2\" in section [Font] of web.ini")
+                         .arg(error, QString::fromLatin1(key))),
+                 qPrintable(doors.asked[0]));
+        QVERIFY2(doors.asked[1].contains(QStringLiteral("web.ini?")) &&
+                     doors.asked[1].endsWith(QStringLiteral("|Question|YesNo")),
+                 qPrintable(doors.asked[1]));
+    }
+    QCOMPARE(folder.read(settings), shipped);
+    QCOMPARE(folder.read(QStringLiteral("web-damaged-1.ini")), QByteArray("of another day"));
+    QCOMPARE(folder.read(QStringLiteral("web-damaged-2.ini")), damaged);
+    ScriptedDoors doors;
+    guarded([] { form<FrmWeb>()->Show(); });
+    QVERIFY(isLoaded<FrmWeb>());
+    QCOMPARE(doors.asked, QStringList());
+    form<FrmWeb>()->Unload();
 }
 
 // ---- Layout
