@@ -13,11 +13,16 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace brindlemark {
 
 namespace {
+
+/// More than any document, with what the journal writes around it. A system that promises more memory than it
+/// has would let the program read on until it is ended.
+constexpr qint64 MostBytes = 3LL << 30;
 
 [[noreturn]] void refuse(const QString& reason)
 {
@@ -79,6 +84,17 @@ bool isProtected(const QFileInfo& file)
     return fsync(file.handle()) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
 }
 
+/// Gives a new file the owner and group of the old one, as far as the system lets: the superuser's writing
+/// must not take a file from its owner. Who may not give files away owns what he has written, as ever.
+void keepOwner(const QSaveFile& file, const QString& old)
+{
+    struct stat status = {};
+    if (stat(QFile::encodeName(old).constData(), &status) != 0)
+        return;
+    if (fchown(file.handle(), status.st_uid, status.st_gid) != 0)
+        static_cast<void>(fchown(file.handle(), uid_t(-1), status.st_gid) == 0); // of his own groups he may
+}
+
 /// Writes and checks everything that can be checked before the old file is replaced. On a full disk one large
 /// write comes back short and all later steps report success: only the count shows it.
 [[nodiscard]] bool writeWhole(QSaveFile& file, const QByteArray& bytes)
@@ -99,6 +115,8 @@ QByteArray readFile(const QString& path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         refuse(file.errorString());
+    if (file.size() > MostBytes)
+        refuse(QStringLiteral("File too large"));
     QByteArray bytes = withinMemory([&] { return file.readAll(); });
     if (file.error() != QFileDevice::NoError)
         refuse(file.errorString());
@@ -134,6 +152,8 @@ void writeFile(const QString& path, const QByteArray& bytes)
     QSaveFile file(old.filePath());
     if (!file.open(QIODevice::WriteOnly))
         refuse(file.errorString());
+    if (replaces)
+        keepOwner(file, old.filePath()); // in front of the permissions, some of which it takes away
     if ((replaces && !file.setPermissions(old.permissions())) || !writeWhole(file, bytes)) {
         const QString reason = file.error() == QFileDevice::NoError
                                    ? QStringLiteral("Not everything could be written")

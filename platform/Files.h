@@ -8,8 +8,8 @@ namespace brindlemark {
 
 /// The whole content of a file.
 /// Throws RuntimeError: FileNotFound when there is none, PathFileAccess (with the system's reason) when it
-/// is no regular file, can't be read to its end, or nobody can tell whether it is there; `outOfMemory` when
-/// it is larger than what there is.
+/// is no regular file, is larger than 3 GB, can't be read to its end, or nobody can tell whether it is there;
+/// `outOfMemory` when it is larger than what there is.
 QByteArray readFile(const QString& path);
 
 /// Whether a file has the name of a picture that a page can show.
@@ -21,7 +21,8 @@ bool isBinaryFile(const QString& path);
 /// Makes `bytes` the whole content of a file; every file that the program writes is written here. Either
 /// the new content is there at the end, or the old file is there untouched and RuntimeError(PathFileAccess)
 /// tells the reason. A symbolic link stays and what it points to is written, also when that doesn't exist
-/// yet. An existing file keeps its permissions; one that nobody may write to is refused.
+/// yet. An existing file keeps its permissions, and its owner and group where the system lets the program set
+/// them; one that nobody may write to is refused.
 void writeFile(const QString& path, const QByteArray& bytes);
 
 /// The turn to read a file, change it and write it, which programs take one after the other. It is the lock

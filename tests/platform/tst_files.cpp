@@ -77,10 +77,12 @@ private slots:
     void whatIsNoFileCannotBeRead();
     void protectedFileCannotBeRead();
     void fileLargerThanTheMemory();
+    void hugeFileIsRefused();
 
     void newContentReplacesTheOld();
     void permissionsStay_data();
     void permissionsStay();
+    void ownerStays();
     void linkStaysAndItsTargetIsWritten();
     void linkBehindALinkedFolder();
     void danglingLinkMakesItsTarget();
@@ -199,6 +201,34 @@ void TestFiles::fileLargerThanTheMemory()
     const auto error = errorOf([&] { readFile(file.fileName()); });
     QCOMPARE(numberOf(error), 6);
     QCOMPARE(error->description(), QStringLiteral("Out of memory"));
+}
+
+void TestFiles::hugeFileIsRefused()
+{
+    constexpr qint64 Terabyte = 1LL << 40;
+    QFile file(path("huge.htm"));
+    if (!file.open(QIODevice::WriteOnly) || !file.resize(Terabyte)) // takes no place on the disk
+        QSKIP("The file system has no such files");
+    const auto error = errorOf([&] { readFile(file.fileName()); });
+    QCOMPARE(numberOf(error), 75);
+    QCOMPARE(error->description(), QStringLiteral("File too large"));
+}
+
+void TestFiles::ownerStays()
+{
+    if (geteuid() != 0)
+        QSKIP("Only the superuser can give files away");
+    make("a.htm", "old");
+    const QByteArray name = QFile::encodeName(path("a.htm"));
+    QCOMPARE(chown(name.constData(), 1234, 2345), 0);
+    QCOMPARE(chmod(name.constData(), 0640), 0);
+    writeFile(path("a.htm"), "new");
+    struct stat status = {};
+    QCOMPARE(stat(name.constData(), &status), 0);
+    QCOMPARE(status.st_uid, uid_t(1234));
+    QCOMPARE(status.st_gid, gid_t(2345));
+    QCOMPARE(status.st_mode & 07777U, 0640U);
+    QCOMPARE(content("a.htm"), QByteArray("new"));
 }
 
 void TestFiles::newContentReplacesTheOld()

@@ -11,6 +11,7 @@
 #include "source/RichTextBox.h"
 #include "web/DocumentSurface.h"
 
+#include <QAbstractItemView>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QLineEdit>
