@@ -9,6 +9,8 @@
 #include <QHash>
 #include <QPalette>
 #include <QScopedValueRollback>
+#include <algorithm>
+#include <cmath>
 
 namespace brindlemark {
 
@@ -22,11 +24,28 @@ QColor between(const QColor& from, const QColor& to, float part)
                             mix(from.blueF(), to.blueF()));
 }
 
+constexpr double Readable = 4.5;
+
+/// The relative luminance of a colour, 0 to 1, as the Web Content Accessibility Guidelines define it.
+double luminance(const QColor& color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor& a, const QColor& b)
+{
+    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
 void mendColors()
 {
     // A palette keeps in mind what is the desktop's and what was set: all else still follows the desktop.
     const QPalette desktop = QApplication::palette();
-    QApplication::setPalette(withReadableHints(desktop));
+    QApplication::setPalette(withReadableSelections(withReadableHints(desktop)));
 
     QPalette boxes;
     const QColor window = desktop.color(QPalette::Window);
@@ -63,6 +82,27 @@ QPalette withReadableHints(QPalette palette)
     palette.setColor(QPalette::PlaceholderText,
                      between(palette.color(QPalette::Base), palette.color(QPalette::Text), 0.8F));
     return palette;
+}
+
+QPalette withReadableSelections(QPalette palette)
+{
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor back = palette.color(group, QPalette::Highlight);
+        if (contrast(palette.color(group, QPalette::HighlightedText), back) >= Readable)
+            continue;
+        const bool onDark = contrast(Qt::white, back) >= Readable;
+        palette.setColor(group, QPalette::HighlightedText, onDark ? Qt::white : Qt::black);
+    }
+    return palette;
+}
+
+QColor behindBlackWords(const QColor& color)
+{
+    constexpr float Step = 0.02F;
+    QColor back = color;
+    for (float part = Step; contrast(back, Qt::black) < Readable; part += Step)
+        back = between(color, Qt::white, part);
+    return back;
 }
 
 QPalette sharedPalette(const QPalette& plain, const QString& name,

@@ -121,7 +121,7 @@ FrmWeb::FrmWeb()
     setCaption(m_document->name());
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);
-    setPalette(withReadableHints(QPalette(QColor(0xE0, 0xE0, 0xE0))));
+    setPalette(withReadableSelections(withReadableHints(QPalette(QColor(0xE0, 0xE0, 0xE0)))));
     for (ComboBox* combo : {Combo1, Combo2, Combo3}) {
         combo->setChoiceActs();
         QPalette field = palette();

@@ -3,6 +3,7 @@
 #include "source/RichTextBox.h"
 
 #include "platform/ColorNumber.h"
+#include "platform/DesktopLook.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
@@ -396,8 +397,10 @@ void RichTextBox::applyLook()
 
 void RichTextBox::applySelectionColors()
 {
-    SendScintilla(SCI_SETSELBACK, 1UL, palette().color(QPalette::Highlight));
-    SendScintilla(SCI_SETSELFORE, 1UL, palette().color(QPalette::HighlightedText));
+    // While another window owns the desktop's selection, the engine puts a grey of its own behind the words:
+    // only dark ones can be read on that.
+    SendScintilla(SCI_SETSELBACK, 1UL, behindBlackWords(palette().color(QPalette::Highlight)));
+    SendScintilla(SCI_SETSELFORE, 1UL, QColor(Qt::black));
 }
 
 void RichTextBox::changeEvent(QEvent* event)

@@ -23,6 +23,7 @@
 #include <QTest>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <cmath>
 #include <functional>
 
 using namespace brindlemark;
@@ -207,6 +208,8 @@ private slots:
     void coloursAreNoPartOfTheText();
     void look();
     void selectionFollowsTheDesktop();
+    void selectionCanBeRead_data();
+    void selectionCanBeRead();
     void selectionGrowsAtItsEnd();
     void caretShowsOnEveryBackground();
     void accessibleName();
@@ -889,12 +892,58 @@ void TestRichTextBox::selectionFollowsTheDesktop()
     f.start("          x");
     f.select(0, 10);
     const QPoint blank = f.at(5) + QPoint(0, 2);
-    for (const QColor& color : {QColor(10, 200, 30), QColor(200, 10, 30)}) {
+    for (const QColor& color : {QColor(10, 200, 30), QColor(200, 110, 130)}) {
         QPalette palette = f.box.palette();
         palette.setColor(QPalette::Highlight, color);
         f.box.setPalette(palette);
         QTRY_COMPARE(f.box.viewport()->grab().toImage().pixelColor(blank), color);
     }
+}
+
+void TestRichTextBox::selectionCanBeRead_data()
+{
+    QTest::addColumn<QColor>("highlight");
+    QTest::addColumn<bool>("ownsSelection");
+    for (const bool owns : {true, false}) {
+        const char* owner = owns ? "ours" : "another's";
+        QTest::addRow("light, %s", owner) << QColor(0x30, 0x8C, 0xC6) << owns;
+        QTest::addRow("dark, %s", owner) << QColor(0x2A, 0x6F, 0xB5) << owns;
+        QTest::addRow("deep, %s", owner) << QColor(0x00, 0x00, 0x80) << owns;
+    }
+}
+
+/// Also while another window owns the desktop's selection.
+void TestRichTextBox::selectionCanBeRead()
+{
+    QFETCH(QColor, highlight);
+    QFETCH(bool, ownsSelection);
+    Fixture f;
+    QPalette palette = f.box.palette();
+    palette.setColor(QPalette::Highlight, highlight);
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    f.box.setPalette(palette);
+    QFont large = f.box.textFont();
+    large.setPointSizeF(40); // thick strokes have their colour
+    f.box.setTextFont(large);
+    f.start("HHHH");
+    f.select(0, 4);
+    if (!ownsSelection)
+        emit QGuiApplication::clipboard()->selectionChanged(); // as the desktop tells of another's
+    const auto luminance = [](const QColor& color) {
+        const auto linear = [](double channel) {
+            return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+        };
+        return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
+               0.0722 * linear(color.blueF());
+    };
+    const QImage shown = f.box.viewport()->grab().toImage();
+    const double back = luminance(shown.pixelColor(f.at(1) + QPoint(0, 2)));
+    double best = 1; // the caret stands behind the last letter
+    for (int x = f.at(0).x(); x < f.at(3).x(); ++x) {
+        const double ink = luminance(shown.pixelColor(x, f.at(0).y() + f.box.fontMetrics().height()));
+        best = qMax(best, (qMax(ink, back) + 0.05) / (qMin(ink, back) + 0.05));
+    }
+    QVERIFY2(best >= 4.5, qPrintable(QString::number(best)));
 }
 
 /// The caret stands at the end of what was selected: there the selection grows.

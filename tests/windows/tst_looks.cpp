@@ -167,6 +167,22 @@ double contrastOf(const QWidget* widget)
     return 21;
 }
 
+/// The lowest contrast of what is selected in a control, whatever state it and its window are in; 21 where
+/// nothing can be.
+double contrastOfSelection(const QWidget* widget)
+{
+    const bool selects = qobject_cast<const QLineEdit*>(widget) || qobject_cast<const QComboBox*>(widget) ||
+                         widget->inherits("QAbstractItemView") || widget->inherits("QPlainTextEdit");
+    double least = 21;
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        if (selects) {
+            least = qMin(least, contrast(widget->palette().color(group, QPalette::HighlightedText),
+                                         widget->palette().color(group, QPalette::Highlight)));
+        }
+    }
+    return least;
+}
+
 } // namespace
 
 class TestLooks : public QObject
@@ -215,6 +231,11 @@ void TestLooks::windows()
             faults << QStringLiteral("%1 \"%2\" has a contrast of %3")
                           .arg(describe(control), wordsOf(control))
                           .arg(contrastOf(control));
+        }
+        if (contrastOfSelection(control) < TextContrast) {
+            faults << QStringLiteral("what is selected in %1 has a contrast of %2")
+                          .arg(describe(control))
+                          .arg(contrastOfSelection(control));
         }
         for (QWidget* other : controls) {
             if (other <= control || other->parentWidget() != control->parentWidget() ||
