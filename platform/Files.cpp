@@ -167,7 +167,7 @@ void writeFile(const QString& path, const QByteArray& bytes)
 
 FileTurn::FileTurn(const QString& path)
 {
-    constexpr int Patience = 1000; // milliseconds
+    constexpr int Patience = 3000; // milliseconds: as long as a slow disk takes for a few dozen writes
     const QFileInfo file(path);
     const QFileInfo target(file.exists() ? file.canonicalFilePath() : file.absoluteFilePath());
     m_folder = open(QFile::encodeName(target.path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
@@ -183,7 +183,7 @@ FileTurn::~FileTurn()
         return;
     close(m_folder);
     QThread::usleep(
-        500); // who waits looks every 200: a program that writes and writes leaves others their turn
+        500); // longer than a look of who waits: a program that writes and writes leaves others their turn
 }
 
 } // namespace brindlemark

@@ -27,7 +27,7 @@ void writeFile(const QString& path, const QByteArray& bytes);
 
 /// The turn to read a file, change it and write it, which programs take one after the other. It is the lock
 /// of the file's folder, because the file itself is replaced by each write; the system drops it with a
-/// program that ends. Waits up to a second; then, and where a folder can't be locked, the change is made
+/// program that ends. Waits up to three seconds; then, and where a folder can't be locked, the change is made
 /// without it.
 class FileTurn
 {
