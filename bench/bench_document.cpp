@@ -9,6 +9,7 @@
 #include "platform/Doors.h"
 #include "platform/Files.h"
 #include "services/Markers.h"
+#include "shell/EarlierTexts.h"
 #include "shell/Find.h"
 #include "shell/Highlight.h"
 
@@ -240,6 +241,18 @@ std::vector<Rival> save(qsizetype size)
             {Role::Limit, "write and fsync", timed([file, saved] { writeAndSync(file, saved); })}};
 }
 
+/// What the window pays before another text takes the place of the source's; the file is written meanwhile.
+std::vector<Rival> keepEarlier(qsizetype size)
+{
+    source().load(page(size));
+    const auto kept = std::make_shared<EarlierTexts>(QStringList{QFileInfo(scratchFile()).path()});
+    return {{Role::Ours, "text kept", timed([kept] {
+                 const QByteArray text = source().Text();
+                 kept->keep(QStringLiteral("/page.htm"), Dropped::Replaced, [text] { return text; });
+             })},
+            {Role::Limit, "a copy of the text", timed([] { keep(source().Text()); })}};
+}
+
 struct Operation
 {
     const char* name;
@@ -253,6 +266,7 @@ const Operation Operations[] = {
     {"Find the last words", find, {.timesPeer = 1}},
     {"Replace All, one hit a line", replaceAll, {.timesPeer = 1}},
     {"Save", save, {.timesLimit = 1.5}},
+    {"Keep what is replaced", keepEarlier, {.timesLimit = 2}},
 };
 
 // ---- Single figures --------------------------------------------------------------------------------------
