@@ -8,7 +8,8 @@
  * has an end closed, "<", ">", "&" and the no-break blank of texts written as entities. It is read once from
  * front to end and printed anew in the form above, so nothing here touches the living document.
  *
- * The file is one expression; its value is the function `serialise`.
+ * The file is one expression; its value is an object of two functions: `serialise`, and `holdShadows`, through which
+ * a text goes before it is written.
  */
 (function () {
 'use strict';
@@ -41,8 +42,8 @@ const SHIELDS_PARAGRAPH = words('applet button caption marquee math object svg t
 /** Parents in which the parser takes a FORM's start tag but none of its content. */
 const TABLE_PARTS = words('table tbody thead tfoot tr');
 
-/** Elements of drawings and formulas in which HTML begins again. */
-const HOLDS_HTML = words('foreignObject desc title mi mo mn ms mtext annotation-xml');
+/** Elements in which HTML begins again: of drawings, and of formulas. */
+const HOLDS_HTML = { svg: words('foreignObject desc title'), math: words('mi mo mn ms mtext') };
 
 /** Attributes that are written without a value when it is empty. */
 const FLAGS = words('checked compact declare defer disabled ismap multiple nohref noresize noshade nowrap readonly selected');
@@ -83,8 +84,9 @@ const escapeText = text => text.replace(/[&<>\u00a0]/g, character => ENTITIES[ch
 /** The elements of a name below a document or a fragment, those in the content of templates too. */
 function elementsNamed(name, parent) {
     const type = nodeType(parent) === Node.DOCUMENT_NODE ? Document : DocumentFragment;
-    const all = selector => Array.from(type.prototype.querySelectorAll.call(parent, selector));
-    const templates = all('template').filter(element => element instanceof HTMLTemplateElement);
+    const all = selector => Array.from(type.prototype.querySelectorAll.call(parent, selector))
+        .filter(element => element instanceof HTMLElement); // none of a drawing or formula
+    const templates = all('template');
     return all(name).concat(...templates.map(template => elementsNamed(name, content(template))));
 }
 
@@ -189,8 +191,11 @@ function printValue(value) {
     return '"' + keepReturns(text) + '"';
 }
 
-const printAttribute = ([name, value]) =>
-    ' ' + name + (value === '' && FLAGS.has(name) ? '' : '=' + printValue(value));
+/** The "=" that begins a name would give a value to what stands before it without one. */
+const isFlag = ([name, value], next) => value === '' && FLAGS.has(name) && !(next && next[0].startsWith('='));
+
+const printAttribute = (attribute, index, all) =>
+    ' ' + attribute[0] + (isFlag(attribute, all[index + 1]) ? '' : '=' + printValue(attribute[1]));
 
 const isGenerator = tag => tag.name === 'meta' &&
     tag.attributes.some(([name, value]) => name === 'name' && value.toLowerCase() === 'generator');
@@ -211,6 +216,23 @@ function printAttributes(tag) {
     return attributes.map(printAttribute).join('');
 }
 
+/** The markup language in which an element with this name is, HTML, "svg" or "math", below an open one. */
+function languageOf(name, parent) {
+    const above = parent === undefined || parent.holdsHtml ? 'html' : parent.language;
+    if (above === 'html')
+        return name === 'svg' || name === 'math' ? name : 'html';
+    return parent.name === 'annotation-xml' && name === 'svg' && above === 'math' ? 'svg' : above;
+}
+
+const isHtmlEncoding = ([name, value]) =>
+    name === 'encoding' && /^(text\/html|application\/xhtml\+xml)$/i.test(value);
+
+/** Whether the content of a start tag in that language is HTML. */
+function holdsHtml(tag, language) {
+    return language === 'html' || HOLDS_HTML[language].has(tag.name) ||
+        (language === 'math' && tag.name === 'annotation-xml' && tag.attributes.some(isHtmlEncoding));
+}
+
 const showsLineBreaks = tag => PREFORMATTED.has(tag.name) ||
     tag.attributes.some(([name, value]) => name === 'style' && /white-space\s*:\s*(pre|break)/i.test(value));
 
@@ -219,7 +241,8 @@ const showsLineBreaks = tag => PREFORMATTED.has(tag.name) ||
  * @property {string} name as the engine wrote it
  * @property {string} shown the name in the printed tags
  * @property {number} length of the printed pieces behind its start tag, which is the last of them
- * @property {boolean} drawing whether it belongs to a drawing or formula, where HTML's own rules don't hold
+ * @property {string} language "html", or "svg" or "math" for a part of a drawing or formula
+ * @property {boolean} holdsHtml whether HTML's own rules hold in it
  * @property {boolean} pre whether each line break in it shows
  * @property {OpenElement} [table] of a FORM between table parts: the table behind which it ends
  */
@@ -297,8 +320,8 @@ class Printer {
 
         if (this.paragraphs > 0 && ENDS_PARAGRAPH.has(name))
             this.renameParagraphs();
-        const drawing = name === 'svg' || name === 'math' ||
-            (parent !== undefined && parent.drawing && !HOLDS_HTML.has(parent.name));
+        const language = languageOf(name, parent);
+        const drawing = language !== 'html';
         if (!drawing && (inHead || BLOCK.has(name)) && !(parent && parent.pre))
             this.beginLine();
         if (name === 'form' && this.form) { // the parser would pass over a FORM in a FORM
@@ -309,11 +332,12 @@ class Printer {
             this.hasGenerator = true;
 
         const shown = upperCase(name);
-        this.put('<' + shown + printAttributes(tag) + '>');
+        const startTag = '<' + shown + printAttributes(tag) + '>';
+        this.put(name.endsWith('<meta') ? notGenerator(startTag) : startTag);
         if (VOID.has(name) && !drawing)
             return tag.end;
 
-        const element = { name, shown, drawing, length: this.out.length,
+        const element = { name, shown, language, holdsHtml: holdsHtml(tag, language), length: this.out.length,
                           pre: (parent !== undefined && parent.pre) || showsLineBreaks(tag) };
         this.open.push(element);
         if (name === 'p')
@@ -387,6 +411,45 @@ class Printer {
 }
 
 /**
+ * A TEMPLATE with one of these attributes becomes a shadow root when it is written into a page: its text is in no
+ * child and comes back from nowhere. Under another name they leave it a TEMPLATE.
+ */
+const SHADOW_NAME = /^shadowroot(?:mode)?$/i;
+const HELD_NAME = /(shadowroot(?:mode)?\u2063*)\u2063/gi;
+
+/** One attribute as the parser reads it, its name in the group. */
+const ATTRIBUTE = /[ \t\n\f\r\/]*(=?[^ \t\n\f\r\/>=]+|=)(?:[ \t\n\f\r]*=[ \t\n\f\r]*(?:"[^"]*"|'[^']*'|[^"' \t\n\f\r>][^ \t\n\f\r>]*)?)?/y;
+
+/**
+ * The text with an invisible letter behind these names in all its TEMPLATE tags, and in what only looks like one, and
+ * with one more where there is one already; `serialise` takes one away.
+ */
+function holdShadows(text) {
+    if (!/shadowroot/i.test(text))
+        return text;
+    const ends = new Set(Array.from(text.matchAll(HELD_NAME), held => held.index + held[0].length)); // of the names
+    const visited = new Set(); // where a tag inside what looks like a tag has been read on already
+    for (const { index } of text.matchAll(/<template(?=[ \t\n\f\r\/])/gi)) {
+        ATTRIBUTE.lastIndex = index + '<template'.length;
+        for (let from = ATTRIBUTE.lastIndex; !visited.has(from); from = ATTRIBUTE.lastIndex) {
+            visited.add(from);
+            const found = ATTRIBUTE.exec(text);
+            if (!found)
+                break;
+            if (SHADOW_NAME.test(found[1]))
+                ends.add(from + found[0].indexOf(found[1]) + found[1].length);
+        }
+    }
+    let held = '';
+    let done = 0;
+    for (const end of [...ends].sort((a, b) => a - b)) {
+        held += text.slice(done, end) + '\u2063';
+        done = end;
+    }
+    return held + text.slice(done);
+}
+
+/**
  * The inner HTML of the root element of `doc`, with the comments around it.
  *
  * Not every tree can be written so that the text reads back as that tree. So the text is parsed and printed again
@@ -396,7 +459,7 @@ class Printer {
  * @param {boolean} scripting whether scripts run in `doc`
  * @returns {string}
  */
-return function serialise(doc, scripting) {
+function serialise(doc, scripting) {
     let source = sourceOf(doc);
     let text = new Printer(scripting).print(source);
     for (let round = 0; round < MOST_ROUNDS; ++round) {
@@ -410,6 +473,8 @@ return function serialise(doc, scripting) {
             break;
         text = next;
     }
-    return text;
-};
+    return text.replace(HELD_NAME, '$1');
+}
+
+return { serialise, holdShadows };
 })()

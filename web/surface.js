@@ -5,10 +5,12 @@
  * because all is called through the prototypes.
  *
  * The file is one expression, evaluated once in each page; its value is the object of these functions. `serialise`
- * is the function of serialise.js.
+ * and `holdShadows` are the functions of serialise.js.
  */
-(function (serialise) {
+(function (functions) {
 'use strict';
+
+const { serialise, holdShadows } = functions;
 
 const body = () => Object.getOwnPropertyDescriptor(Document.prototype, 'body').get.call(document);
 const command = (name, value) => Document.prototype.execCommand.call(document, name, false, value);
@@ -81,7 +83,7 @@ return {
      */
     write(text, design) {
         Document.prototype.open.call(document);
-        Document.prototype.write.call(document, text);
+        Document.prototype.write.call(document, holdShadows(text));
         if (design)
             document.adoptedStyleSheets = [HIDDEN];
         Document.prototype.close.call(document);

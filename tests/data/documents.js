@@ -1,13 +1,23 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 /**
  * Makes documents as people and their programs write them and checks what the serialiser does with them.
- * One expression; its value takes the function of serialise.js and returns the checks.
+ * One expression; its value takes the functions of serialise.js and returns the checks. It runs in a page that has the
+ * functions of surface.js.
  */
-(function (serialise) {
+(function (functions) {
 'use strict';
+
+const { serialise } = functions;
 
 const parse = text => new DOMParser().parseFromString(text, 'text/html');
 const print = doc => serialise(doc, false);
+const surface = globalThis[Symbol.for('surface')];
+
+/** What comes back of a text that is written into the page. */
+function visit(text) {
+    surface.write(text, true);
+    return surface.innerHtml(false);
+}
 
 /** A repeatable row of numbers: next(n) is 0 to n - 1. */
 function numbers(seed) {
@@ -77,12 +87,16 @@ function ordinary(next) {
 const WILD_TAGS = ('p P div b i u a font center ul ol li table tr td th tbody thead tfoot caption col colgroup form input ' +
     'select option optgroup textarea pre h1 h2 span br hr img script style title meta link body html head blockquote dl ' +
     'dt dd marquee nobr button label map area object param iframe noscript noframes noembed svg math template frameset ' +
-    'frame xmp listing plaintext address dir menu o:p applet ruby rt image isindex foreignObject details fieldset').split(' ');
+    'frame xmp listing plaintext address dir menu o:p applet ruby rt image isindex foreignObject details fieldset ' +
+    'mi mtext desc annotation-xml slot center<meta b"c dialog summary').split(' ');
 const WILD_TEXTS = TEXTS.concat(['<', '< >', '</>', '<!', '-->', ']]>', '&#0;', '\u0000', '<!-- never closed', '<?php echo 1 ?>',
     '<!ROW 1>', '<![CDATA[x]]>', '</ bogus>', '<!-->', '<!-- x --!>', '<!--- y --->', '<!-- <script> ', '<meta content=x>',
-    '<table><form><tr><td>', '<form><div></form><form>', '<script><!-- <script> </script>', '"', '=', '\ud800']);
+    '<table><form><tr><td>', '<form><div></form><form>', '<script><!-- <script> </script>', '"', '=', '\ud800', '<template shadowroot=open>', '<template shadowrootmode=closed x>',
+    '<div><template a=">" SHADOWROOT=open>', '<textarea>\n\n', '<svg><mi>', '<math><mi>', '<center<meta content=x>',
+    '<annotation-xml encoding=TEXT/html>', '<sub disabled="" =eq=1>', '<a title="<template ', '<template shadowroot\u2063=x>']);
 const WILD_ATTRIBUTES = ATTRIBUTES.concat([' =odd', ' "odd"', ' a<b=1', ' type=hidden', ' name=Generator', ' content=x',
-    ' content="<META content="', ' style="white-space: pre"', ' xlink:href=x', ' x="&#13;"', ' /']);
+    ' content="<META content="', ' style="white-space: pre"', ' xlink:href=x', ' x="&#13;"', ' /', ' disabled',
+    ' checked=""', ' a<meta=1', ' shadowroot=open', ' shadowrootmode="closed"', ' encoding=text/html', ' x=\'"\'', ' ="', ' x=a"b']);
 
 /** Tags of all kinds in no order at all. */
 function wild(next) {
@@ -128,6 +142,36 @@ function commentPlaces(doc) {
 const lettersOf = (doc, selector) => Array.from(doc.querySelectorAll(selector), element => element.textContent);
 const same = (a, b) => JSON.stringify(a) === JSON.stringify(b);
 
+/** All elements of a document, those in the content of templates too, in their order. */
+function elementsOf(parent) {
+    return Array.from(parent.querySelectorAll('*')).flatMap(element =>
+        [element, ...(element instanceof HTMLTemplateElement ? elementsOf(element.content) : [])]);
+}
+
+/** The letters of a document without blanks, those of the content of templates too. */
+function letters(parent) {
+    const neverClosed = parent instanceof HTMLScriptElement ? /-->$/ : ''; // what ends it then is written behind it
+    let text = '';
+    for (let child = parent.firstChild; child; child = child.nextSibling) {
+        text += child instanceof Text ? child.data.replace(/\s/g, '').replace(neverClosed, '')
+              : letters(child instanceof HTMLTemplateElement ? child.content : child);
+    }
+    return text;
+}
+
+/** How often each attribute with its value is below the root of a document. Those of the generator are not counted. */
+function attributesOf(doc) {
+    const counts = new Map();
+    for (const element of elementsOf(doc)) {
+        const attributes = Array.from(element.attributes);
+        if (element === doc.documentElement || element.localName === 'meta' && attributes.some(({ name, value }) => name === 'name' && /^generator$/i.test(value)))
+            continue;
+        for (const { name, value } of attributes)
+            counts.set(name + '=' + value, (counts.get(name + '=' + value) || 0) + 1);
+    }
+    return counts;
+}
+
 /** The names of the properties that don't hold for a text. */
 function broken(text, alsoContents) {
     const before = parse(text);
@@ -135,6 +179,17 @@ function broken(text, alsoContents) {
     const after = parse(printed);
     const names = [];
     const check = (name, holds) => holds || names.push(name);
+
+    const shown = visit(text);
+    const plain = parse(shown);
+    const attributes = attributesOf(plain);
+    check('a second visit changes nothing', visit(shown) === shown);
+    check('all letters are there', letters(plain) === letters(before));
+    for (const [attribute, count] of attributesOf(before)) {
+        if (!(attributes.get(attribute) >= count))
+            check('attribute ' + attribute, false);
+    }
+    check('no META is torn', !/<META content=(?![^]* name=GENERATOR>)/i.test(shown));
 
     check('still after the first pass', print(after) === printed);
     check('no META but the generator begins with its content',
@@ -160,7 +215,7 @@ function run(make, count, seed, alsoContents) {
         if (names.length > 0 && (!worst || text.length < worst.text.length))
             worst = { names, text };
     }
-    return worst ? JSON.stringify({ ...worst, printed: print(parse(worst.text)) }) : '';
+    return worst ? JSON.stringify({ ...worst, printed: visit(worst.text) }) : '';
 }
 
 return {

@@ -127,6 +127,23 @@ void TestSerialise::prints_data()
            "\r\n<FORM>\r\n<DIV>\r\n</FORM><FORM id=b>x</FORM></DIV>");
     inBody("FORM between table parts", "<table><form name=f><tr><td><input></td></tr></form></table>",
            "\r\n<TABLE>\r\n<FORM name=f>\r\n<TBODY>\r\n<TR>\r\n<TD><INPUT></TD></TR></TBODY></TABLE></FORM>");
+    inBody("template that would be a shadow",
+           "<div><template a='>' shadowroot=open><b>kept</b></template></div><i shadowroot=x>y</i>",
+           "\r\n<DIV><TEMPLATE a=\">\" shadowroot=open><B>kept</B></TEMPLATE></DIV><I shadowroot=x>y</I>");
+    inBody("the same in newer engines", "<div><template/shadowRootMode=\"closed\">kept</template></div>",
+           "\r\n<DIV><TEMPLATE shadowrootmode=closed>kept</TEMPLATE></DIV>");
+    inBody("letters of a template", "x<!-- <template shadowroot=a> -->y<template title=' shadowroot=open'>",
+           "x<!-- <template shadowroot=a> -->y<TEMPLATE title=\" shadowroot=open\"></TEMPLATE>");
+    inBody("TEXTAREA of a drawing", "<svg><mi><textarea>\n\nx</textarea></mi></svg>",
+           "<SVG><MI><TEXTAREA>\r\n\r\nx</TEXTAREA></MI></SVG>");
+    inBody("TEXTAREA in a formula", "<math><mi><textarea>\n\nx</textarea></mi></math>",
+           "<MATH><MI><TEXTAREA>\r\n\r\nx</TEXTAREA></MI></MATH>");
+    inBody("PLAINTEXT of a drawing", "<svg><plaintext>&lt;</plaintext></svg>",
+           "<SVG><PLAINTEXT>&lt;</PLAINTEXT></SVG>");
+    inBody("name with = behind a flag", "<sub disabled='' =eq=\"a b\">x</sub>",
+           "<SUB disabled=\"\" =eq=\"a b\">x</SUB>");
+    inBody("name that ends like a META", "<center<meta content=\"a b\" id=c>x",
+           "<CENTER<META  content=\"a b\" id=c>x</CENTER<META>");
     inBody("drawing", "<svg viewBox='0 0 1 1'><foreignObject><p>x</foreignObject></svg>",
            "<SVG viewBox=\"0 0 1 1\"><FOREIGNOBJECT>\r\n<P>x</P></FOREIGNOBJECT></SVG>");
 
@@ -233,17 +250,25 @@ void TestSerialise::pages()
 
 void TestSerialise::generated_data()
 {
-    QTest::addColumn<QString>("call");
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("seed");
     for (const int seed : {1, 2, 3})
-        QTest::addRow("ordinary %d", seed) << QStringLiteral("ordinary(300, %1)").arg(seed);
+        QTest::addRow("ordinary %d", seed) << QStringLiteral("ordinary") << seed;
     for (const int seed : {4, 5, 6})
-        QTest::addRow("wild %d", seed) << QStringLiteral("wild(300, %1)").arg(seed);
+        QTest::addRow("wild %d", seed) << QStringLiteral("wild") << seed;
 }
 
+// More of them by hand, as 50,000 with DOCUMENTS=50000.
 void TestSerialise::generated()
 {
-    QFETCH(QString, call);
-    QCOMPARE(check(call), QString());
+    QFETCH(QString, kind);
+    QFETCH(int, seed);
+    constexpr int AtOnce = 150;
+    const int count = qEnvironmentVariableIntValue("DOCUMENTS") / 6; // six rows
+    for (int done = 0; done == 0 || done < count; done += AtOnce) {
+        const QString failure = check(QStringLiteral("%1(%2, %3)").arg(kind).arg(AtOnce).arg(seed + done));
+        QVERIFY2(failure.isEmpty(), qPrintable(failure));
+    }
 }
 
 WEB_TEST_MAIN(TestSerialise)
