@@ -14,15 +14,22 @@
 #include <QPointer>
 #include <QUrl>
 #include <QWebEngineFindTextResult>
+#include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
+#include <QWebEngineSettings>
 #include <utility>
 
 namespace brindlemark {
 
-DocumentSurface::DocumentSurface(QWidget* parent) : WrittenPage(WebPage::Kind::Document, parent) {}
+DocumentSurface::DocumentSurface(QWidget* parent) : WrittenPage(WebPage::Kind::Document, parent)
+{
+    m_comingTimer.setSingleShot(true);
+    onInner(&m_comingTimer, &QTimer::timeout, this, &DocumentSurface::takeComing);
+}
 
 DocumentSurface::~DocumentSurface()
 {
+    delete releaseComing().page;
     endView();
 }
 
@@ -30,6 +37,7 @@ void DocumentSurface::setDesignMode(DesignMode mode)
 {
     if (mode == designMode())
         return;
+    dropComing();
     const bool rewrite = content() == Content::Written;
     const QString html = rewrite ? innerHtml() : QString();
     setPageDesign(mode);
@@ -41,6 +49,7 @@ void DocumentSurface::setDesignMode(DesignMode mode)
 
 bool DocumentSurface::write(const QString& html)
 {
+    dropComing();
     if (!page() && html.isEmpty()) // an empty document needs no view until it is seen
         return true;
     return writePage(html);
@@ -101,11 +110,143 @@ void DocumentSurface::Navigate(const QString& address)
         return;
     }
     const QUrl url = QUrl::fromUserInput(text);
-    if (WebPage::isAddress(url)) {
-        open(url);
-    } else {
+    if (!WebPage::isAddress(url)) {
         tellNoAddress(text);
+    } else if (content() == Content::Loaded && url.hasFragment() &&
+               url.matches(page()->url(), QUrl::RemoveFragment)) {
+        dropComing();
+        open(url); // a place in the page that is there
+    } else {
+        fetch(url);
     }
+}
+
+/// The engine puts a page of its own in the place of one that it can't load; so the load goes on in a page
+/// that nobody sees, until it is known what comes.
+void DocumentSurface::fetch(const QUrl& address)
+{
+    dropComing();
+    makeView();
+    auto* coming = new WebPage(kind(), this);
+    m_coming = {.page = coming, .address = address};
+    coming->settings()->setAttribute(QWebEngineSettings::JavascriptEnabled, runsScripts(designMode()));
+    coming->settings()->setAttribute(QWebEngineSettings::LocalContentCanAccessFileUrls,
+                                     address.isLocalFile());
+    onInner(coming, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo& info) {
+        const EngineCall call;
+        comingChanged(info);
+    });
+    onInner(coming, &QWebEnginePage::urlChanged, this, [this] {
+        const EngineCall call;
+        seeWhatCame();
+    });
+    onInner(coming, &WebPage::refused, this, [this](const QString& sentence) {
+        const EngineCall call;
+        tellStatus(sentence);
+        if (m_coming.isStopped)
+            dropComing();
+    });
+    onInner(coming, &QWebEnginePage::renderProcessTerminated, this, [this] {
+        const EngineCall call;
+        comesNot();
+    });
+    coming->leaveFor(address);
+    coming->load(address);
+}
+
+void DocumentSurface::comingChanged(const QWebEngineLoadingInfo& info)
+{
+    switch (info.status()) {
+    case QWebEngineLoadingInfo::LoadStartedStatus:
+        if (!info.isErrorPage())
+            tellOpening(info.url());
+        break;
+    case QWebEngineLoadingInfo::LoadSucceededStatus:
+        if (info.isErrorPage()) {
+            comesNot();
+        } else {
+            m_coming.isThere = m_coming.isDone = true;
+            m_comingTimer.start(0);
+        }
+        break;
+    case QWebEngineLoadingInfo::LoadStoppedStatus: // it is a download, which the engine tells next, or empty
+        m_coming.isStopped = !m_coming.isThere;
+        if (m_coming.isStopped)
+            tellFailure(m_coming.address);
+        break;
+    case QWebEngineLoadingInfo::LoadFailedStatus:
+        if (m_coming.isThere) {
+            m_coming.isDone = true;
+        } else {
+            comesNot();
+        }
+        break;
+    }
+}
+
+/// Something has begun to come: the page, of which the rest may take its time, or the engine's own.
+void DocumentSurface::seeWhatCame()
+{
+    m_coming.page->arrived(); // from here on it speaks for itself
+    m_coming.page->runJavaScript(
+        QStringLiteral("location.protocol"), QWebEngineScript::ApplicationWorld,
+        [self = QPointer<DocumentSurface>(this), page = m_coming.page](const QVariant& protocol) {
+            const EngineCall call;
+            const QString text = protocol.toString();
+            if (self && self->m_coming.page == page && !text.isEmpty() &&
+                text != QLatin1String("chrome-error:")) {
+                self->m_coming.isThere = true;
+                self->m_comingTimer.start(0);
+            }
+        });
+}
+
+/// Shows the page that has come, when nobody waits for an answer of the present one.
+void DocumentSurface::takeComing()
+{
+    if (!m_coming.isThere)
+        return;
+    if (!canAct()) {
+        m_comingTimer.start(BusyPause);
+        return;
+    }
+    const Coming come = releaseComing();
+    takePage(come.page);
+    applyZoom();
+    arrived();
+    if (come.isDone)
+        loadIsDone(true, come.address);
+}
+
+void DocumentSurface::comesNot()
+{
+    const Coming gone = m_coming;
+    dropComing();
+    if (!gone.isStopped)
+        tellFailure(gone.address);
+}
+
+void DocumentSurface::tellFailure(const QUrl& address)
+{
+    tellNotOpened(address);
+    emit navigationFinished(false);
+}
+
+/// Goes nowhere any more.
+void DocumentSurface::dropComing()
+{
+    if (WebPage* page = releaseComing().page)
+        page->deleteLater();
+}
+
+/// The page that is coming is the caller's from here on.
+DocumentSurface::Coming DocumentSurface::releaseComing()
+{
+    m_comingTimer.stop();
+    const Coming given = std::exchange(m_coming, {});
+    if (given.page)
+        given.page->disconnect(this);
+    return given;
 }
 
 void DocumentSurface::arrived()

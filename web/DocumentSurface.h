@@ -49,9 +49,10 @@ public:
     /// `write`.
     bool hasDocument() const { return renderer() != Renderer::Missed; }
 
-    /// Shows a page that a file or an address holds, in the document's place. What a person types for an
-    /// address will do; an empty text or "about:blank" gives the empty document. What is no address is told
-    /// in the status text.
+    /// Shows a page that a file or an address holds, in the document's place, as soon as it comes: one that
+    /// can't be reached, is a download or is refused leaves the document as it is. What a person types for
+    /// an address will do; an empty text or "about:blank" gives the empty document. What is no address is
+    /// told in the status text. `write` and a change of design mode give the address up.
     void Navigate(const QString& address);
 
     /// Text size in five steps, 0 smallest to 4 largest; 2 at first. Beyond: the nearest.
@@ -94,6 +95,24 @@ protected:
     bool actOnDrop(QDropEvent& event, QPoint place) override;
 
 private:
+    /// A page that is loaded beside the document, which is not given up before the page has come.
+    struct Coming
+    {
+        WebPage* page = nullptr; // null: nowhere is gone to
+        QUrl address;
+        bool isThere = false;   // so that it is shown next
+        bool isDone = false;    // complete
+        bool isStopped = false; // nothing will come but, perhaps, the engine's word why
+    };
+
+    void fetch(const QUrl& address);
+    void comingChanged(const QWebEngineLoadingInfo& info);
+    void seeWhatCame();
+    void takeComing();
+    void comesNot();
+    void tellFailure(const QUrl& address);
+    void dropComing();
+    Coming releaseComing();
     void makeDocument();
     [[nodiscard]] bool succeeds(const QString& function);
     [[nodiscard]] bool copySelection();
@@ -103,6 +122,9 @@ private:
     void insertSoon(const QMimeData& dropped, QPoint place);
     bool takesDrop(const QDropEvent& event) const;
     bool isLinkKey(const QKeyEvent& key) const;
+
+    Coming m_coming;
+    QTimer m_comingTimer;
 };
 
 } // namespace brindlemark

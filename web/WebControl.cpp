@@ -72,7 +72,29 @@ void WebControl::makeView()
     layout()->addWidget(m_view);
     setFocusProxy(m_view);
     m_view->show();
+    listenToPage();
+    viewMade();
+}
 
+void WebControl::takePage(WebPage* page)
+{
+    const bool hadFocus = m_view->hasFocus();
+    WebPage* former = std::exchange(m_page, page);
+    former->disconnect(this);
+    former->setParent(this); // or else the view deletes it at once
+    m_page->setParent(m_view);
+    m_view->setPage(m_page);
+    former->deleteLater();
+    beginsToLoad();
+    m_content = Content::Loaded;
+    m_overLink = false;
+    listenToPage();
+    if (hadFocus)
+        m_view->setFocus();
+}
+
+void WebControl::listenToPage()
+{
     onInner(m_page, &QWebEnginePage::renderProcessTerminated, this, [this] { rendererEnded(); });
     onInner(m_page, &QWebEnginePage::loadingChanged, this, [this](const QWebEngineLoadingInfo& info) {
         const EngineCall call;
@@ -90,7 +112,6 @@ void WebControl::makeView()
         const EngineCall call;
         tellStatus(sentence);
     });
-    viewMade();
 }
 
 void WebControl::endView()
@@ -284,29 +305,43 @@ void WebControl::loadingChanged(const QWebEngineLoadingInfo& info)
 {
     if (m_content != Content::Loaded)
         return;
-    const bool ok = info.status() == QWebEngineLoadingInfo::LoadSucceededStatus;
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
         beginsToLoad(); // a page that has ended gets a new renderer
-        tellStatus(QStringLiteral("Opening page %1").arg(shownAddress(info.url())));
+        tellOpening(info.url());
         break;
     case QWebEngineLoadingInfo::LoadStoppedStatus: // by the user, or by the next load, which goes on
         loadingEnded();
         break;
     case QWebEngineLoadingInfo::LoadSucceededStatus:
     case QWebEngineLoadingInfo::LoadFailedStatus:
-        m_page->arrived();
-        applyZoom();
-        arrived();
-        loadingEnded();
-        if (ok) {
-            tellStatus(QStringLiteral("Done"));
-        } else if (!isLost()) { // a loss is told by `rendererDied`
-            tellStatus(QStringLiteral("The page %1 could not be opened").arg(shownAddress(info.url())));
-        }
-        emit navigationFinished(ok);
+        loadIsDone(info.status() == QWebEngineLoadingInfo::LoadSucceededStatus, info.url());
         break;
     }
+}
+
+void WebControl::loadIsDone(bool ok, const QUrl& address)
+{
+    m_page->arrived();
+    applyZoom();
+    arrived();
+    loadingEnded();
+    if (ok) {
+        tellStatus(QStringLiteral("Done"));
+    } else if (!isLost()) { // a loss is told by `rendererDied`
+        tellNotOpened(address);
+    }
+    emit navigationFinished(ok);
+}
+
+void WebControl::tellOpening(const QUrl& address)
+{
+    tellStatus(QStringLiteral("Opening page %1").arg(shownAddress(address)));
+}
+
+void WebControl::tellNotOpened(const QUrl& address)
+{
+    tellStatus(QStringLiteral("The page %1 could not be opened").arg(shownAddress(address)));
 }
 
 void WebControl::setZoomLevel(int level)

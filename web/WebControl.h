@@ -87,6 +87,8 @@ protected:
     virtual void viewMade() {}
     /// The page in the view; null before the view was made.
     WebPage* page() const { return m_page; }
+    /// Shows a page that was loaded outside the view, in place of the one that is there.
+    void takePage(WebPage* page);
     WebPage::Kind kind() const { return m_kind; }
 
     // ---- The renderer's life
@@ -138,6 +140,11 @@ protected:
     void open(const QUrl& address);
     /// Sets the status text, which the address under the mouse covers.
     void tellStatus(const QString& text);
+    /// The page of an address is complete, or could not be loaded: tells it.
+    void loadIsDone(bool ok, const QUrl& address);
+    /// Tells in the status text how a load goes.
+    void tellOpening(const QUrl& address);
+    void tellNotOpened(const QUrl& address);
     /// Tells in the status text that what a person typed is no address.
     void tellNoAddress(const QString& text);
     /// Whether pages that come from files may show pictures that are files.
@@ -182,6 +189,7 @@ private:
     friend class WebProbe; // tests look behind the page
 
     [[nodiscard]] Answer askPage(const QString& script);
+    void listenToPage();
     void tellLoss();
     void linkHovered(const QString& address);
     QPoint placeInView(const QObject* widget, QPointF place) const;

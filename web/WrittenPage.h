@@ -37,6 +37,8 @@ protected:
     bool takesPage() const;
     /// Whether the page's own scripts run in the present document.
     bool scriptsRun() const { return runsScripts(m_openedFor); }
+    /// Whether a page's own scripts run in one of the control's modes.
+    bool runsScripts(DesignMode mode) const;
     /// Whether there is a document that the user can edit.
     bool isEditable() const;
     /// Lays out what was written (see surface.js).
@@ -62,7 +64,6 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    bool runsScripts(DesignMode mode) const;
     [[nodiscard]] bool openAndWrite(const QString& html);
     [[nodiscard]] bool openBlankPage();
     [[nodiscard]] bool startBlankPage();

@@ -213,6 +213,9 @@ private slots:
     void windowsAndDownloads();
     void navigation();
     void navigationAndWrite();
+    void addressesThatFailLeaveTheDocument_data();
+    void addressesThatFailLeaveTheDocument();
+    void pageOfAnAddressTakesTheDocumentsPlace();
     void addresses();
     void zoom();
     void signsOfALateAnswer_data();
@@ -1264,6 +1267,92 @@ void TestWebBrowser::navigationAndWrite()
     QVERIFY(surface.innerHtml().contains(QStringLiteral("secret")));
     surface.Navigate(QStringLiteral("about:blank"));
     QCOMPARE(surface.innerHtml(), page(QString()));
+}
+
+void TestWebBrowser::addressesThatFailLeaveTheDocument_data()
+{
+    QTest::addColumn<bool>("design");
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("status"); // its beginning
+    const QString failed = QStringLiteral("The page ");
+    const QString file = QStringLiteral("Refused: the page offers a file");
+    for (const bool design : {true, false}) {
+        const auto row = [&](const char* name, const char* path, const QString& status) {
+            QTest::addRow("%s, design %s", name, design ? "on" : "off")
+                << design << QString::fromLatin1(path) << status;
+        };
+        row("no server", "http://127.0.0.1:1/", failed);
+        row("no file", "/no/such/file.htm", failed);
+        row("no page, and nothing said", "/empty", failed);
+        row("connection closed", "/shut", failed);
+        row("download", "/file", file);
+        row("way to nowhere", "/astray", failed);
+    }
+}
+
+void TestWebBrowser::addressesThatFailLeaveTheDocument()
+{
+    QFETCH(bool, design);
+    QFETCH(QString, path);
+    QFETCH(QString, status);
+    WebServer server;
+    server.answer(QStringLiteral("/empty"), "HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+    server.answer(QStringLiteral("/shut"), QByteArray());
+    server.answer(QStringLiteral("/file"), "HTTP/1.1 200 OK\r\nContent-Type: application/octet-stream\r\n"
+                                           "Content-Disposition: attachment; filename=a.bin\r\n\r\nMZ");
+    server.redirect(QStringLiteral("/astray"), QStringLiteral("http://127.0.0.1:1/"));
+    const bool served = !path.startsWith(QLatin1String("http")) && !path.startsWith(QLatin1String("/no"));
+    DocumentSurface surface;
+    surface.show();
+    if (design)
+        surface.setDesignMode(DesignMode::On);
+    QVERIFY(surface.write(QStringLiteral("<p>Lamp")));
+    if (design)
+        QVERIFY(surface.execCommand(QStringLiteral("InsertText"), QStringLiteral("A")));
+    const QSignalSpy finished(&surface, &DocumentSurface::navigationFinished);
+    const QSignalSpy told(&surface, &DocumentSurface::statusTextChanged);
+    surface.Navigate(served ? server.url(path) : path);
+    if (design)
+        QVERIFY(surface.execCommand(QStringLiteral("InsertText"), QStringLiteral("B")));
+    QTRY_COMPARE(finished.count(), 1);
+    QVERIFY(!finished.constFirst().constFirst().toBool());
+    QTRY_VERIFY2(told.constLast().constFirst().toString().startsWith(status),
+                 qPrintable(told.constLast().constFirst().toString()));
+    QCOMPARE(surface.innerHtml(),
+             page(design ? QStringLiteral("\r\n<P>ABLamp</P>") : QStringLiteral("\r\n<P>Lamp</P>")));
+    if (design) { // it was never left
+        QVERIFY(surface.execCommand(QStringLiteral("Undo")));
+        QVERIFY(!surface.innerHtml().contains(QStringLiteral("AB")));
+    }
+    QTRY_COMPARE(surface.findChildren<QWebEnginePage*>().size(), 1);
+}
+
+void TestWebBrowser::pageOfAnAddressTakesTheDocumentsPlace()
+{
+    WebServer server;
+    server.page(QStringLiteral("/page"), "<p id=a>there<img src=/hangs>");
+    server.hang(QStringLiteral("/hangs"));
+    server.page(QStringLiteral("/whole"), "whole");
+    DocumentSurface surface;
+    surface.setDesignMode(DesignMode::On);
+    surface.show();
+    QVERIFY(surface.write(QStringLiteral("mine")));
+    surface.setFocus();
+    surface.Navigate(server.url(QStringLiteral("/page")));
+    QTRY_COMPARE(value(surface, "document.querySelector('p')?.innerText"), QStringLiteral("there"));
+    QCOMPARE(value(surface, "document.designMode"), QStringLiteral("on"));
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
+    QTRY_VERIFY(surface.inputWidget() && surface.inputWidget()->isVisible());
+
+    const QSignalSpy finished(&surface, &DocumentSurface::navigationFinished);
+    surface.Navigate(server.url(QStringLiteral("/whole"))); // the document's picture may still be on its way
+    QTRY_COMPARE(finished.count(), 1);
+    QVERIFY(finished.constFirst().constFirst().toBool());
+    QCOMPARE(value(surface, "document.body.innerText"), QStringLiteral("whole"));
+    QVERIFY(surface.write(QStringLiteral("again")));
+    QCOMPARE(surface.innerHtml(), page(QStringLiteral("again")));
+    endRenderer(surface); // the page that came is watched as the first one was
+    QTRY_VERIFY(!surface.hasDocument());
 }
 
 void TestWebBrowser::addresses()
