@@ -194,6 +194,7 @@ private:
     // FrmWebJournal.cpp
     void runJournal();
     void keepUnsavedText();
+    void keepEdits(const QString& html);
     void keepUnread();
     void bringBack(const Journal::Leftover& left);
     void declineUnsavedText(const Journal::Leftover& left);

@@ -61,10 +61,13 @@ void FrmWeb::keepUnsavedText()
     m_document->keepChanges(editor);
     if (editor)
         return;
-    WebBrowser1->readEdits([this](const QString& html) {
-        m_lastShown = html;
-        m_document->keepEdit(html);
-    });
+    WebBrowser1->readEdits([this](const QString& html) { keepEdits(html); });
+}
+
+void FrmWeb::keepEdits(const QString& html)
+{
+    m_lastShown = html;
+    m_document->keepEdit(html);
 }
 
 /// Keeps the text while the tab Internet is up, also what the surface has not been asked for yet.

@@ -9,6 +9,7 @@
 
 #include <QDropEvent>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QPointer>
@@ -257,6 +258,24 @@ void DocumentSurface::arrived()
 
 // ---- Editing ---------------------------------------------------------------------------------------------
 
+bool DocumentSurface::isPatient() const
+{
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&DocumentSurface::waitsLong);
+    return isEditable() && isSignalConnected(signal);
+}
+
+/// What the user has edited is handed on before something that may take long and be stopped.
+void DocumentSurface::readEditsAhead(qsizetype pasted)
+{
+    static const QMetaMethod signal = QMetaMethod::fromSignal(&DocumentSurface::editsRead);
+    if (!isEditable() || !isSignalConnected(signal))
+        return;
+    waitForKeys();
+    const QVariant html = call(QStringLiteral("editsAhead(%1)").arg(pasted)).value.value_or(QVariant());
+    if (html.typeId() == QMetaType::QString)
+        emit editsRead(html.toString());
+}
+
 bool DocumentSurface::succeeds(const QString& function)
 {
     makeDocument();
@@ -274,6 +293,7 @@ bool DocumentSurface::execCommand(const QString& id, const QString& value)
         return copySelection() && execCommand(QStringLiteral("delete"));
     if (command == QLatin1String("paste"))
         return paste();
+    readEditsAhead();
     return succeeds(QStringLiteral("execCommand(") + literal(id) + u',' + literal(value) + u')');
 }
 
@@ -306,6 +326,7 @@ bool DocumentSurface::insert(const QString& text, const QString& html, std::opti
     if (!html.isEmpty() && !succeeds(QStringLiteral("canClean()")) &&
         !succeeds(QStringLiteral("cleanWith(") + cleanerScript() + u')'))
         return false;
+    readEditsAhead(text.size() + html.size());
     QString function = QStringLiteral("paste(") + literal(text) + u',' + literal(html);
     if (place) {
         const QPointF point = QPointF(*place) / page()->zoomFactor();

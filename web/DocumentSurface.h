@@ -44,6 +44,9 @@ public:
     void readEdits(const std::function<void(const QString& html)>& heard);
     /// Takes the document as unedited from here on.
     void forgetEdits();
+    /// Has the operation of which `waitsLong` tells give up: the renderer is ended, and what was edited since
+    /// the last reading is lost.
+    void stopWaiting() { stopAsking(); }
 
     /// False: the renderer has ended and the caller has been told; there is no document until the next
     /// `write`.
@@ -85,10 +88,20 @@ signals:
     void linkRequested();
     /// Ctrl+F.
     void findRequested();
+    /// An operation on a design surface begins to take long, 5 seconds, or has ended. No script runs there,
+    /// so that it will end: where somebody listens, and can call `stopWaiting`, it goes on without a limit.
+    /// Meanwhile input reaches nothing but what was marked by `InputGate::letThrough`. Who hears it must not
+    /// ask a surface for anything.
+    void waitsLong(bool waits);
+    /// What `readEdits` would hand on, before a command that may take long: over many elements, or a long
+    /// paste.
+    void editsRead(const QString& html);
 
 protected:
     void showDocument() override;
     void arrived() override;
+    bool isPatient() const override;
+    void waitsForLong(bool waits) override { emit waitsLong(waits); }
     bool takesKey(const QKeyEvent& key) const override;
     bool actOnKey(const QKeyEvent& key) override;
     bool actOnMouse(const QMouseEvent& mouse, QPoint place) override;
@@ -115,6 +128,7 @@ private:
     Coming releaseComing();
     void makeDocument();
     [[nodiscard]] bool succeeds(const QString& function);
+    void readEditsAhead(qsizetype pasted = 0);
     [[nodiscard]] bool copySelection();
     [[nodiscard]] bool paste();
     [[nodiscard]] bool insert(const QString& text, const QString& html,

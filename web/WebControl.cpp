@@ -5,6 +5,7 @@
 #include "forms/LongWork.h"
 #include "platform/Accessible.h"
 #include "platform/Events.h"
+#include "web/InputGate.h"
 #include "web/SurfaceScript.h"
 #include "web/WebEngine.h"
 
@@ -14,6 +15,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QVBoxLayout>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
@@ -170,18 +172,46 @@ void WebControl::tellLoss()
 
 void WebControl::wait(QEventLoop& loop, int milliseconds)
 {
+    waitFor(loop, milliseconds);
+}
+
+/// Without an end in time, input is handled too: who waits so lets it through where it may go.
+void WebControl::waitFor(QEventLoop& loop, std::optional<int> milliseconds)
+{
     const QPointer<WebControl> self(this);
     QTimer timer;
     timer.setSingleShot(true);
     connect(&timer, &QTimer::timeout, &loop, &QEventLoop::quit);
     connect(m_page, &QWebEnginePage::renderProcessTerminated, &loop, &QEventLoop::quit);
     connect(this, &QObject::destroyed, &loop, &QEventLoop::quit);
-    timer.start(milliseconds);
+    if (milliseconds)
+        timer.start(*milliseconds);
     const EngineWait waiting;
     const LongWork signs;
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
+    loop.exec(milliseconds ? QEventLoop::ExcludeUserInputEvents : QEventLoop::AllEvents);
     if (!self)
         throw SurfaceLost();
+}
+
+/// Waits for as long as it takes, while the user may stop it.
+void WebControl::waitOn(QEventLoop& loop)
+{
+    const InputGate gate;
+    m_longWait = &loop;
+    const auto done = qScopeGuard([self = QPointer<WebControl>(this)] {
+        if (!self) // deleted meanwhile
+            return;
+        self->m_longWait = nullptr;
+        self->waitsForLong(false);
+    });
+    waitsForLong(true);
+    waitFor(loop, std::nullopt);
+}
+
+void WebControl::stopAsking()
+{
+    if (m_longWait)
+        m_longWait->quit();
 }
 
 void WebControl::untilDeleted(const std::function<void()>& body)
@@ -217,8 +247,12 @@ WebControl::Answer WebControl::ask(const Question& question)
         if (reply->loop)
             reply->loop->quit();
     });
+    const LongWork signs; // over both waits
+    const bool patient = isPatient();
     if (!reply->answer && !isLost())
-        wait(loop, limit());
+        wait(loop, patient ? m_patience : limit());
+    if (!reply->answer && !isLost() && patient)
+        waitOn(loop);
     if (reply->answer || isLost())
         return {reply->answer};
     endRenderer();

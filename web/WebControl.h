@@ -6,6 +6,7 @@
 #include "web/RendererLife.h"
 #include "web/WebPage.h"
 
+#include <QPointer>
 #include <QTimer>
 #include <QVariant>
 #include <QWidget>
@@ -124,6 +125,12 @@ protected:
     static void untilDeleted(const std::function<void()>& body);
     /// How long a question waits, in milliseconds.
     int limit() const;
+    /// Whether a question goes on waiting beyond that, until the answer or `stopAsking`.
+    virtual bool isPatient() const { return false; }
+    /// A patient question begins, or ceases, to go on for long.
+    virtual void waitsForLong(bool) {}
+    /// Has a question that goes on for long give up.
+    void stopAsking();
     /// Tells how long the page's text is, in characters: longer ones get more time.
     void setLength(qsizetype length) { m_length = length; }
     qsizetype length() const { return m_length; }
@@ -189,6 +196,8 @@ private:
     friend class WebProbe; // tests look behind the page
 
     [[nodiscard]] Answer askPage(const QString& script);
+    void waitFor(QEventLoop& loop, std::optional<int> milliseconds);
+    void waitOn(QEventLoop& loop);
     void listenToPage();
     void tellLoss();
     void linkHovered(const QString& address);
@@ -206,6 +215,7 @@ private:
     bool m_overLink = false;
     int m_zoomLevel = 2;
     int m_patience = 5000;
+    QPointer<QEventLoop> m_longWait;
     qsizetype m_length = 0;
 };
 

@@ -8,6 +8,7 @@
 #include "forms/Wait.h"
 #include "platform/Events.h"
 #include "web/DocumentSurface.h"
+#include "web/InputGate.h"
 #include "web/InternetBrowser.h"
 #include "web/Sample.h"
 #include "web/SurfaceScript.h"
@@ -17,6 +18,7 @@
 #include <QDropEvent>
 #include <QElapsedTimer>
 #include <QImage>
+#include <QLineEdit>
 #include <QMainWindow>
 #include <QMimeData>
 #include <QPointer>
@@ -196,6 +198,11 @@ private slots:
     void endlessScript();
     void endlessTask();
     void endlessTaskBeforeACommand();
+    void designSurfaceWaits();
+    void designSurfaceIsStopped();
+    void nobodyToStopIt_data();
+    void nobodyToStopIt();
+    void editsAreReadAhead();
     void scriptMessages();
     void messagesWithoutEnd();
     void messageOfAnotherPage();
@@ -857,6 +864,161 @@ void TestWebBrowser::endlessTask()
     QVERIFY(browser.write(Hangs));
     QVERIFY(browser.write(QStringLiteral("<p>ok")));
     QCOMPARE(browser.innerHtml(), page(QStringLiteral("\r\n<P>ok</P>")));
+}
+
+namespace {
+
+/// A design surface whose page does nothing until `goOn`, in a window with what may be clicked while it
+/// waits.
+struct SlowDesk
+{
+    SlowDesk()
+    {
+        auto* layout = new QVBoxLayout(&window);
+        for (QWidget* widget : std::initializer_list<QWidget*>{surface, stop, other, field})
+            layout->addWidget(widget);
+        window.resize(400, 400);
+        InputGate::letThrough(*stop);
+        surface->setDesignMode(DesignMode::On);
+        probe(surface).setPatience(200);
+        window.show();
+        QVERIFY(surface->write(QStringLiteral("<p>Lamp")));
+        QVERIFY(surface->execCommand(QStringLiteral("SelectAll")));
+        QObject::connect(stop, &QPushButton::clicked, surface, &DocumentSurface::stopWaiting);
+        QObject::connect(stop, &QPushButton::clicked, [this] { ++stops; });
+        QObject::connect(other, &QPushButton::clicked, [this] { ++others; });
+    }
+    ~SlowDesk() { goOn(); }
+    Q_DISABLE_COPY_MOVE(SlowDesk)
+
+    void holdUp()
+    {
+        pid = pid_t(probe(surface).rendererPid());
+        QVERIFY(pid > 0);
+        ::kill(pid, SIGSTOP);
+    }
+    void goOn() const
+    {
+        if (pid > 0)
+            ::kill(pid, SIGCONT);
+    }
+    /// A click as it comes from the window system.
+    void click(const QPushButton* button) const
+    {
+        QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                          button->mapTo(&window, button->rect().center()));
+    }
+
+    QWidget window;
+    DocumentSurface* surface = new DocumentSurface(&window);
+    QPushButton* stop = new QPushButton(QStringLiteral("Stop"), &window);
+    QPushButton* other = new QPushButton(QStringLiteral("Other"), &window);
+    QLineEdit* field = new QLineEdit(&window);
+    pid_t pid = 0;
+    int stops = 0;
+    int others = 0;
+};
+
+} // namespace
+
+void TestWebBrowser::designSurfaceWaits()
+{
+    SlowDesk desk;
+    desk.field->setFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&desk.window));
+    QShortcut shortcut(Qt::Key_F5, &desk.window);
+    const QSignalSpy activated(&shortcut, &QShortcut::activated);
+    QList<bool> told;
+    connect(desk.surface, &DocumentSurface::waitsLong, this, [&](bool waits) {
+        told.push_back(waits);
+        if (!waits)
+            return;
+        QTimer::singleShot(0, desk.surface, [&] {
+            desk.click(desk.other);
+            QTest::keyClick(desk.window.windowHandle(), 'x');
+            QTest::keyClick(desk.window.windowHandle(), 'y');
+            QTest::keyClick(desk.window.windowHandle(), Qt::Key_F5);
+            desk.window.windowHandle()->close();
+            QCoreApplication::processEvents();
+            QCOMPARE(desk.others + activated.count(), 0);
+            QCOMPARE(desk.field->text(), QString());
+            desk.goOn();
+        });
+    });
+    desk.holdUp();
+    QVERIFY(desk.surface->execCommand(QStringLiteral("Bold")));
+    QCOMPARE(told, (QList<bool>{true, false}));
+    QCOMPARE(desk.surface->innerHtml(), page(QStringLiteral("\r\n<P><B>Lamp</B></P>")));
+    QTRY_COMPARE(desk.field->text(), QStringLiteral("xy")); // what was typed comes afterwards
+    QVERIFY(desk.window.isVisible());
+    desk.click(desk.other);
+    QCOMPARE(desk.others, 1);
+}
+
+void TestWebBrowser::designSurfaceIsStopped()
+{
+    SlowDesk desk;
+    QVERIFY(QTest::qWaitForWindowActive(&desk.window));
+    connect(desk.surface, &DocumentSurface::waitsLong, this, [&](bool waits) {
+        if (waits)
+            QTimer::singleShot(0, desk.surface, [&] { desk.click(desk.stop); });
+    });
+    desk.holdUp();
+    QVERIFY(!desk.surface->execCommand(QStringLiteral("Bold")));
+    QCOMPARE(desk.stops, 1);
+    QTRY_VERIFY(!desk.surface->hasDocument());
+    QVERIFY(desk.surface->write(QStringLiteral("<p>again")));
+    QCOMPARE(desk.surface->innerHtml(), page(QStringLiteral("\r\n<P>again</P>")));
+}
+
+void TestWebBrowser::nobodyToStopIt_data()
+{
+    QTest::addColumn<bool>("design");
+    QTest::addColumn<bool>("heard");
+    QTest::newRow("a design surface of which nobody hears") << true << false;
+    QTest::newRow("a preview, whose scripts may be without end") << false << true;
+}
+
+void TestWebBrowser::nobodyToStopIt()
+{
+    QFETCH(bool, design);
+    QFETCH(bool, heard);
+    SlowDesk desk;
+    if (!design)
+        desk.surface->setDesignMode(DesignMode::Off);
+    bool told = false;
+    if (heard)
+        connect(desk.surface, &DocumentSurface::waitsLong, this, [&] { told = true; });
+    desk.holdUp();
+    QVERIFY_THROWS_EXCEPTION(SurfaceLost, desk.surface->innerHtml());
+    QVERIFY(!told);
+}
+
+void TestWebBrowser::editsAreReadAhead()
+{
+    ScriptedDoors desktop;
+    Surface surface;
+    QString read;
+    connect(&surface, &DocumentSurface::editsRead, this, [&](const QString& html) { read = html; });
+    QString lines;
+    for (int i = 0; i < 150; ++i)
+        lines += QStringLiteral("<p>%1</p>").arg(i);
+    QVERIFY(surface.write(lines));
+    QVERIFY(surface.execCommand(QStringLiteral("InsertText"), QStringLiteral("first ")));
+    QVERIFY(surface.execCommand(QStringLiteral("Bold"))); // of nothing
+    QCOMPARE(read, QString());
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
+    QVERIFY(surface.execCommand(QStringLiteral("InsertUnorderedList")));
+    QVERIFY(read.contains(QStringLiteral("<P>first 0</P>")));
+    QVERIFY(!read.contains(QStringLiteral("<LI>")));
+
+    read.clear();
+    auto clip = std::make_unique<QMimeData>();
+    clip->setText(QString(30000, u'x'));
+    desktop.setClipboard(std::move(clip));
+    QVERIFY(surface.execCommand(QStringLiteral("Paste")));
+    QVERIFY(read.contains(QStringLiteral("<LI>first 0")));
+    QVERIFY(!read.contains(QStringLiteral("xxx")));
 }
 
 void TestWebBrowser::endlessTaskBeforeACommand()
