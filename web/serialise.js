@@ -8,8 +8,8 @@
  * has an end closed, "<", ">", "&" and the no-break blank of texts written as entities. It is read once from
  * front to end and printed anew in the form above, so nothing here touches the living document.
  *
- * The file is one expression; its value is an object of two functions: `serialise`, and `holdShadows`, through which
- * a text goes before it is written.
+ * The file is one expression; its value is an object of `serialise`, of `holdShadows`, through which a text goes before
+ * it is written, and of what tells the blocks that a paste may bundle.
  */
 (function () {
 'use strict';
@@ -98,6 +98,25 @@ function plaintextAsPre(element) {
     return '<pre' + startTag + inner.join('') + '</pre>';
 }
 
+/** The attribute of a DIV that the surface itself has put around pasted blocks. */
+const HOLDER = 'brindlemark-paste';
+const HOLDABLE = words('address blockquote center dir div dl h1 h2 h3 h4 h5 h6 hr menu ol p pre table ul');
+
+const localName = reader(Element, 'localName');
+const isBlock = node => node instanceof HTMLElement && HOLDABLE.has(localName(node));
+const standsByItself = node => isBlock(node) || isComment(node) || (isText(node) && !/[^ \t\n\f\r]/.test(node.data));
+
+/** The source without these tags. One of them in which editing has left more than blocks stays, as a mere DIV. */
+function withoutHolders(inner, doc) {
+    for (const element of elementsNamed('div[' + HOLDER + ']', doc)) { // outer ones first
+        const bare = Element.prototype.getAttributeNames.call(element).length === 1 &&
+            childrenOf(element).every(standsByItself);
+        const outer = outerHtml(element);
+        inner = inner.replace(outer, () => bare ? innerHtml(element) : outer.replace(' ' + HOLDER + '=""', ''));
+    }
+    return inner;
+}
+
 /** The engine's serialisation of all that belongs to a document but its doctype and the root's own tags. */
 function sourceOf(doc) {
     const root = documentElement(doc);
@@ -106,6 +125,8 @@ function sourceOf(doc) {
         for (const element of elementsNamed('plaintext', doc))
             inner = inner.replace(outerHtml(element), () => plaintextAsPre(element));
     }
+    if (inner.includes(HOLDER))
+        inner = withoutHolders(inner, doc);
     return childrenOf(doc).map(node =>
         node === root ? inner : isComment(node) ? '<!--' + node.data + '-->' : '').join('');
 }
@@ -476,5 +497,5 @@ function serialise(doc, scripting) {
     return text.replace(HELD_NAME, '$1');
 }
 
-return { serialise, holdShadows };
+return { serialise, holdShadows, HOLDER, isBlock, standsByItself };
 })()

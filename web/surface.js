@@ -5,12 +5,12 @@
  * because all is called through the prototypes.
  *
  * The file is one expression, evaluated once in each page; its value is the object of these functions. `serialise`
- * and `holdShadows` are the functions of serialise.js.
+ * and the rest come from serialise.js.
  */
 (function (functions) {
 'use strict';
 
-const { serialise, holdShadows } = functions;
+const { serialise, holdShadows, HOLDER, isBlock, standsByItself } = functions;
 
 const body = () => Object.getOwnPropertyDescriptor(Document.prototype, 'body').get.call(document);
 const command = (name, value) => Document.prototype.execCommand.call(document, name, false, value);
@@ -40,8 +40,32 @@ function linkAtCaret() {
 
 const escapeHtml = text => text.replace(/&/g, '&amp;').replace(/</g, '&lt;').replace(/"/g, '&quot;');
 
+/**
+ * A long fragment with what lies between its first and its last block in a DIV that is not printed. The engine splits the
+ * paragraph at the caret around each block that it inserts, which takes a time with the square of their number; those
+ * between the first and the last it leaves as they are, whatever stands around them.
+ */
+function bundled(fragment) {
+    const template = Document.prototype.createElement.call(document, 'template');
+    template.innerHTML = fragment;
+    const nodes = Array.from(template.content.childNodes);
+    const blocks = nodes.filter(isBlock);
+    const middle = nodes.slice(nodes.indexOf(blocks[0]) + 1, nodes.indexOf(blocks[blocks.length - 1]));
+    if (middle.length < MANY_ELEMENTS || !middle.every(standsByItself))
+        return fragment;
+    const bundle = Document.prototype.createElement.call(document, 'div');
+    bundle.setAttribute(HOLDER, '');
+    middle[0].before(bundle);
+    bundle.append(...middle);
+    return template.innerHTML;
+}
+
 /** The function of clean.js, once it was needed in this page. */
 let clean = null;
+
+/** From how much on a command may take seconds on a slow machine. */
+const MANY_ELEMENTS = 100;
+const MANY_LETTERS = 20000;
 
 /** Whether this page was found ready once. */
 let started = false;
@@ -103,6 +127,14 @@ return {
         return news ? serialise(document, false) : null;
     },
 
+    /** The same before a command on the selection, or a paste of so many letters, that may take long; else null. */
+    editsAhead(pasted) {
+        const range = selectedRange();
+        const node = range && !range.collapsed ? range.commonAncestorContainer : null;
+        const elements = node instanceof Element ? Element.prototype.getElementsByTagName.call(node, '*').length : 0;
+        return elements > MANY_ELEMENTS || pasted > MANY_LETTERS ? this.edits() : null;
+    },
+
     innerHtml(scripting) {
         return serialise(document, scripting);
     },
@@ -121,6 +153,8 @@ return {
             return ['', ''];
         const holder = Document.prototype.createElement.call(document, 'div');
         holder.append(range.cloneContents());
+        for (const bundle of holder.querySelectorAll('[' + HOLDER + ']'))
+            bundle.replaceWith(...bundle.childNodes);
         return [String(getSelection()).replace(/\u00a0/g, ' '), holder.innerHTML];
     },
 
@@ -141,7 +175,7 @@ return {
         if (range)
             getSelection().collapse(range.startContainer, range.startOffset);
         const fragment = html && clean(html);
-        return fragment ? command('insertHTML', fragment) : command('insertText', text);
+        return fragment ? command('insertHTML', bundled(fragment)) : command('insertText', text);
     },
 
     /** The address of the link at the caret, as the page has it; empty when there is none. */

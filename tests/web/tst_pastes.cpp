@@ -12,6 +12,7 @@
 
 #include <QDir>
 #include <QDropEvent>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QKeyEvent>
 #include <QMimeData>
@@ -147,6 +148,10 @@ private slots:
     void kept();
     void refused_data();
     void refused();
+    void longOnes_data();
+    void longOnes();
+    void tenThousandParagraphs();
+    void longOnesThatAreEdited();
     void pagesThatHideNames();
     void keys_data();
     void keys();
@@ -330,6 +335,103 @@ void TestPastes::refused()
     Surface surface;
     desktop.setClipboard(data(html));
     QCOMPARE(surface.pasted(), expected);
+}
+
+void TestPastes::longOnes_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<int>("at");
+    struct Place
+    {
+        const char* name;
+        const char* html;
+    };
+    for (const auto& [name, html] : {
+             Place{"paragraph", "<p>a<p id=x>bc<p>d"},
+             Place{"list", "<ul><li>a<li id=x>bc<li>d</ul>"},
+             Place{"cell", "<table><tr><td id=x>bc<td>d</table>"},
+             Place{"block", "<div>a</div><div id=x align=right>bc</div>"},
+             Place{"title", "<h1 id=x>bc</h1>"},
+             Place{"font", "<p align=center><font size=3 id=x>bc</font></p><p>d"},
+             Place{"no block", "<b id=x>bc</b>"},
+             Place{"centred", "<center><p>a<p id=x>bc<p>d</center>"},
+             Place{"quotation", "<blockquote><p id=x>bc</blockquote>"},
+         }) {
+        for (const int at : {0, 1, 2})
+            QTest::addRow("%s, %d", name, at) << QString::fromLatin1(html) << at;
+    }
+}
+
+/// A long fragment comes out as the engine's own command inserts it, and goes in one step.
+void TestPastes::longOnes()
+{
+    QFETCH(QString, html);
+    QFETCH(int, at);
+    ScriptedDoors desktop;
+    QString fragment;
+    for (int i = 0; i < 40; ++i) {
+        fragment += QStringLiteral("<p>w%1</p>\n<p align=\"right\"><b>x</b></p><!-- Body-title -->"
+                                   "<ul><li>y</li></ul>\n<table><tbody><tr><td>z</td></tr></tbody></table>")
+                        .arg(i);
+    }
+    fragment += QStringLiteral("<p>end</p>");
+    const QString toCaret = QStringLiteral("s.collapse(document.getElementById('x').firstChild, %1)").arg(at);
+
+    Surface plain(html);
+    plain.select(qPrintable(toCaret));
+    QVERIFY(probe(plain).evaluate(
+        QStringLiteral("document.execCommand('insertHTML', false, `%1`)").arg(fragment)));
+    QVERIFY(plain.execCommand(QStringLiteral("InsertText"), QStringLiteral("!")));
+
+    desktop.setClipboard(data(fragment));
+    Surface surface(html);
+    const QString before = body(surface);
+    surface.select(qPrintable(toCaret));
+    QVERIFY(surface.execCommand(QStringLiteral("Paste")));
+    QCOMPARE(probe(surface).evaluate("document.querySelectorAll('[brindlemark-paste]').length")->toInt(), 1);
+    QVERIFY(surface.execCommand(QStringLiteral("InsertText"), QStringLiteral("!")));
+    QCOMPARE(body(surface), body(plain));
+    QVERIFY(surface.execCommand(QStringLiteral("SelectAll")));
+    QVERIFY(surface.execCommand(QStringLiteral("Copy")));
+    QVERIFY(!desktop.clipboard()->html().contains(QStringLiteral("brindlemark")));
+    QVERIFY(surface.execCommand(QStringLiteral("Undo")));
+    QVERIFY(surface.execCommand(QStringLiteral("Undo")));
+    QCOMPARE(body(surface), before);
+}
+
+/// Ten thousand paragraphs into the middle of one.
+void TestPastes::tenThousandParagraphs()
+{
+    ScriptedDoors desktop;
+    QString fragment;
+    for (int i = 0; i < 10000; ++i)
+        fragment += QStringLiteral("<p>word %1</p>\n").arg(i);
+    desktop.setClipboard(data(fragment));
+    Surface surface(QStringLiteral("<p>ab<p>c"));
+    surface.select("s.collapse(document.querySelector('p').firstChild, 1)");
+    QElapsedTimer timer;
+    timer.start();
+    QVERIFY(surface.execCommand(QStringLiteral("Paste")));
+    qInfo("%lld ms", timer.elapsed());
+    QCOMPARE(body(surface).count(QStringLiteral("<P>")),
+             10001); // the first word joins the "a", the last the "b"
+}
+
+/// What editing leaves in the part that was pasted is printed as it looks.
+void TestPastes::longOnesThatAreEdited()
+{
+    Surface surface(QStringLiteral("<div>a</div><div>b</div>"));
+    const auto inner = [&](const char* html) {
+        QVERIFY(probe(surface).evaluate(
+            QStringLiteral("document.body.innerHTML = 'x<div brindlemark-paste>%1</div>y'; 1")
+                .arg(QLatin1String(html))));
+    };
+    inner("<p>1</p>\\n<div brindlemark-paste=\"\"><p>2</p></div><!--c-->");
+    QCOMPARE(body(surface), QStringLiteral("x<P>1</P><P>2</P><!--c-->y"));
+    inner("<p>1</p>loose");
+    QCOMPARE(body(surface), QStringLiteral("x<DIV><P>1</P>loose</DIV>y"));
+    inner("<p>1</p><span>loose</span>");
+    QCOMPARE(body(surface), QStringLiteral("x<DIV><P>1</P><SPAN>loose</SPAN></DIV>y"));
 }
 
 /// Elements of the page and of what is pasted have the names of functions; what cleans calls the functions.
