@@ -37,6 +37,7 @@ protected:
 SSTab::SSTab(QWidget* parent) : QTabWidget(parent)
 {
     setTabBar(new TabCaptions(this));
+    tabBar()->setObjectName(QStringLiteral("qt_tabwidget_tabbar")); // as the toolkit names its own
     onInner(this, &QTabWidget::currentChanged, this, &SSTab::noticeTab);
 }
 

@@ -72,7 +72,7 @@ FrmEarlier::FrmEarlier()
     }
     Texts->setMinimumHeight(fontMetrics().lineSpacing() * 6);
     on(Texts, &QTreeWidget::currentItemChanged, this, &FrmEarlier::Texts_CurrentItemChanged);
-    on(Views, &QTabWidget::currentChanged, this, &FrmEarlier::Views_CurrentChanged);
+    on(Views, &SSTab::Click, this, &FrmEarlier::Views_Click);
     on(BringBack, &QPushButton::clicked, this, &FrmEarlier::BringBack_Click);
     on(SaveAs, &QPushButton::clicked, this, &FrmEarlier::SaveAs_Click);
     on(CloseWindow, &QPushButton::clicked, this, &FrmEarlier::Unload);
@@ -123,7 +123,7 @@ void FrmEarlier::Texts_CurrentItemChanged()
     compare();
 }
 
-void FrmEarlier::Views_CurrentChanged()
+void FrmEarlier::Views_Click()
 {
     showPages();
 }

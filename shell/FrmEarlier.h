@@ -23,7 +23,7 @@ protected:
 
 private:
     void Texts_CurrentItemChanged();
-    void Views_CurrentChanged();
+    void Views_Click();
     void BringBack_Click();
     void SaveAs_Click();
 

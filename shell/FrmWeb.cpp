@@ -15,6 +15,7 @@
 #include "shell/Icons.h"
 #include "shell/SurfaceCommands.h"
 #include "shell/WindowLayout.h"
+#include "web/InputGate.h"
 
 #include <QActionGroup>
 #include <QDir>
@@ -118,6 +119,7 @@ FrmWeb::FrmWeb()
     m_document = std::make_unique<Document>(*RichTextBox1, folders);
     m_earlier = std::make_unique<EarlierTexts>(folders);
     m_notice = new NoticeBar(this);
+    InputGate::letThrough(*m_notice);
     setCaption(m_document->name());
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);

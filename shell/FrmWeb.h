@@ -209,6 +209,7 @@ private:
     void tellPageTaken();
     void tellRefusal(const std::function<void()>& again);
     void tellDesignIsOff();
+    void WebBrowser1_WaitsLong(bool waits);
     std::optional<QByteArray> textWorthKeeping();
     void keepSource(Dropped why);
     void keepGivenUp();

@@ -161,4 +161,17 @@ void FrmWeb::tellDesignIsOff()
     tell(QStringLiteral("A link is made on the page itself: turn Design on first."));
 }
 
+/// No script runs on the design surface, so what it does will end. Meanwhile input reaches nothing but the
+/// notice.
+void FrmWeb::WebBrowser1_WaitsLong(bool waits)
+{
+    if (!waits) {
+        m_notice->hide();
+        return;
+    }
+    tell(QStringLiteral("The page is still at work. Stop loses what was edited on it in the last seconds."),
+         {{QStringLiteral("&Stop"), [this] { WebBrowser1->stopWaiting(); }}});
+    m_notice->stay();
+}
+
 } // namespace brindlemark

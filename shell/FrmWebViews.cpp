@@ -40,6 +40,7 @@ void FrmWeb::connectViews()
     on(Command11, &QToolButton::clicked, this, &FrmWeb::Command11_Click);
     on(Command16, &QToolButton::clicked, this, &FrmWeb::Command16_Click);
     on(WebBrowser1, &DocumentSurface::linkRequested, this, &FrmWeb::WebBrowser1_LinkRequested);
+    on(WebBrowser1, &DocumentSurface::waitsLong, this, &FrmWeb::WebBrowser1_WaitsLong);
     on(WebBrowser1, &DocumentSurface::editsRead, this, &FrmWeb::keepEdits);
     on(WebBrowser1, &DocumentSurface::rendererDied, this, &FrmWeb::WebBrowser1_RendererDied);
     on(WebBrowser3, &DocumentSurface::rendererDied, this, &FrmWeb::WebBrowser3_RendererDied);

@@ -33,6 +33,8 @@ public:
 
     /// Shows a sentence in place of the one before; screen readers are told.
     void tell(const QString& sentence, const QList<Action>& actions = {});
+    /// Leaves the sentence that is shown until the bar is hidden.
+    void stay() { m_time.stop(); }
     /// Lies over the upper edge of `view`, another child of the parent or within one.
     void lieOver(const QWidget* view);
 

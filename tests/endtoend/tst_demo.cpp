@@ -250,8 +250,9 @@ void TestDemo::fillPage2(int style, int pictureStyle)
     hand.key(QString::fromLatin1(pictureKeys.at(size_t(pictureStyle))));
     hand.key(QStringLiteral("alt+l"));
     hand.key(QStringLiteral("Tab"));
-    for (int i = 0; i <= style; ++i) // each style in another set of colours
+    for (int i = 0; i <= style; ++i) // each style in another set of colours; the first opens the list
         hand.key(QStringLiteral("Down"));
+    hand.key(QStringLiteral("Return"));
     shoot(QStringLiteral("page2-style%1-picture%2").arg(style).arg(pictureStyle));
 }
 

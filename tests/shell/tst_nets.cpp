@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "MainWindow.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "app/Openings.h"
@@ -13,6 +14,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QTest>
+#include <csignal>
 
 using namespace brindlemark;
 
@@ -90,6 +92,8 @@ private slots:
     void staleCancelIsTold_data();
     void staleCancelIsTold();
     void linkWithDesignOff();
+    void longWorkIsWaitedFor();
+    void longWorkIsStopped();
 
     // The notice
     void noticeTakesNoFocus();
@@ -341,6 +345,62 @@ void TestNets::linkWithDesignOff()
     click(desk.web->Command16); // no question for an address: the doors' script is empty
     QCOMPARE(desk.notice(), "A link is made on the page itself: turn Design on first.");
     QVERIFY(!desk.web->WebBrowser1->innerHtml().contains("<A", Qt::CaseInsensitive));
+}
+
+/// The page's process stands still, as it does while it works on a large page.
+static pid_t holdUp(const Desk& desk)
+{
+    desk.write();
+    desk.showTab(FrmWeb::PreviewTab);
+    const auto pid = pid_t(probe(desk.web->WebBrowser1).rendererPid());
+    probe(desk.web->WebBrowser1).setPatience(300);
+    ::kill(pid, SIGSTOP);
+    return pid;
+}
+
+void TestNets::longWorkIsWaitedFor()
+{
+    Desk desk;
+    const pid_t pid = holdUp(desk);
+    QString notice;
+    QStringList offers;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        if (desk.notice().isEmpty())
+            return;
+        look.stop();
+        notice = desk.notice();
+        offers = desk.offers();
+        ::kill(pid, SIGCONT);
+    });
+    look.start(20);
+    desk.showTab(FrmWeb::EditorTab);
+    QCOMPARE(notice, "The page is still at work. Stop loses what was edited on it in the last seconds.");
+    QCOMPARE(offers, QStringList{"&Stop"});
+    QVERIFY(desk.source().contains("Hours of work"));
+    QCOMPARE(desk.notice(), QString());
+    QCOMPARE(desk.doors.asked, QStringList());
+}
+
+void TestNets::longWorkIsStopped()
+{
+    Desk desk;
+    holdUp(desk);
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        if (desk.notice().isEmpty())
+            return;
+        look.stop();
+        auto* stop = desk.bar()->findChild<QPushButton*>();
+        const QPoint place =
+            stop->mapTo(desk.web, stop->rect().center()); // as it comes from the window system
+        QTest::mouseClick(desk.web->windowHandle(), Qt::LeftButton, {}, place);
+    });
+    look.start(20);
+    desk.doors.answerMsgBox(MsgAnswer::Ok); // the page has ended
+    desk.showTab(FrmWeb::EditorTab);
+    QVERIFY(desk.doors.takeAsked().first().contains("The process that showed the page has ended."));
+    QCOMPARE(desk.source(), Written);
 }
 
 // ---- The notice ------------------------------------------------------------------------------------------

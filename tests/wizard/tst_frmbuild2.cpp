@@ -656,6 +656,7 @@ void TestFrmBuild2::missingSourceColorEndsTheProgram()
                     m_folder->read(QStringLiteral("web.ini")).replace("two=1381795", "two="));
     auto* page = openPage2();
     m_doors->answerMsgBox(MsgAnswer::Ok);
+    m_doors->answerMsgBox(MsgAnswer::No); // the settings that ship
     click(page->Command23);
     QCOMPARE(m_doors->ended, 1);
     QVERIFY(m_doors->asked.value(0).contains(QLatin1String("Type mismatch")));
