@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "web/Sample.h"
 #include "web/WebControl.h"
 
 namespace brindlemark {
@@ -22,6 +23,11 @@ public:
     void setPatience(int milliseconds) { m_control.m_patience = milliseconds; }
     /// The system's number of the process that renders the page; 0 when there is none.
     qint64 rendererPid() const { return m_control.rendererPid(); }
+    /// Whether a page that was given to a sample is still on its way to the eye.
+    static bool isWriting(const Sample& sample)
+    {
+        return sample.m_next || sample.m_writing != Sample::Writing::Nobody;
+    }
 
 private:
     WebControl& m_control;

@@ -104,12 +104,12 @@ QString settledSample(Sample* sample)
 {
     std::optional<QString> seen;
     const auto settled = [&] {
-        if (sample->isWriting()) {
+        if (WebProbe::isWriting(*sample)) {
             seen.reset();
             return false;
         }
         const std::optional<QString> before = std::exchange(seen, pageBody(sample));
-        return !sample->isWriting() && before == seen;
+        return !WebProbe::isWriting(*sample) && before == seen;
     };
     if (!QTest::qWaitFor(settled, Patience))
         QTest::qFail("the sample does not settle", __FILE__, __LINE__);

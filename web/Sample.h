@@ -22,9 +22,6 @@ public:
     /// When its renderer ends, the page is shown again.
     void writeSoon(const QString& html);
 
-    /// Whether a page that was given is not shown yet. For tests.
-    bool isWriting() const { return m_next || m_writing != Writing::Nobody; }
-
 protected:
     void showDocument() override;
     void rendererEnded() override;
@@ -32,6 +29,8 @@ protected:
     bool actOnMouse(const QMouseEvent& mouse, QPoint place) override;
 
 private:
+    friend class WebProbe; // tests wait until a page is shown
+
     /// Who has the page that was given last.
     enum class Writing {
         Nobody,  ///< it is shown, or waits for its turn

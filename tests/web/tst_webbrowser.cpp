@@ -1651,7 +1651,7 @@ void TestWebBrowser::samplesGivenMeanwhileAreShown()
 {
     Sample sample;
     sample.writeSoon(QStringLiteral("<P>at first</P>"));
-    QTRY_VERIFY(!sample.isWriting());
+    QTRY_VERIFY(!WebProbe::isWriting(sample));
     sample.writeSoon(QStringLiteral("<P>first</P>"));
     QTimer behind; // the control's own timer
     behind.callOnTimeout(&sample, [&] {
