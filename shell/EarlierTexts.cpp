@@ -115,6 +115,23 @@ void EarlierTexts::keep(const QString& document, Dropped why, const std::functio
     });
 }
 
+bool EarlierTexts::keepFile(const QString& path, const QByteArray& next)
+{
+    const QFileInfo file(path);
+    if (!file.isFile())
+        return true;
+    if (file.size() > LongestText)
+        return false;
+    try {
+        const QByteArray old = readFile(path);
+        if (old != next)
+            keep(path, Dropped::Overwritten, [old] { return old; });
+    } catch (const RuntimeError&) {
+        // What can't be read can't be kept; the save goes on, and tells if it fails too.
+    }
+    return true;
+}
+
 void EarlierTexts::write(const QByteArray& text, const QString& document, Dropped why)
 {
     if (text.isEmpty() || text.size() > LongestText)

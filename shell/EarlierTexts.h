@@ -55,6 +55,10 @@ public:
     /// nor one of over `LongestText` bytes, of which the caller tells the user.
     void keep(const QString& document, Dropped why, const std::function<QByteArray()>& text);
 
+    /// Keeps what the file at `path` holds, whoever wrote it, before `next` is written over it; nothing when
+    /// there is no such file, or it holds the same. False: it holds too much.
+    [[nodiscard]] bool keepFile(const QString& path, const QByteArray& next);
+
     /// All that are kept, the newest first. Waits for those that are being written.
     QList<EarlierText> list();
     /// One of them. Throws RuntimeError as `readFile` does: another program may have removed it.

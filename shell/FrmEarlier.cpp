@@ -181,6 +181,9 @@ void FrmEarlier::SaveAs_Click()
         return;
     try {
         const WaitCursor hourglass;
+        if (ListingEditor* editor =
+                loadedEditor()) // a longer file than can be kept: the user has just been asked about it
+            static_cast<void>(editor->earlierTexts().keepFile(dialog.FileName, m_kept));
         writeFile(dialog.FileName, m_kept);
     } catch (const RuntimeError& error) {
         showMessage(Messages::CannotWrite, error.description());

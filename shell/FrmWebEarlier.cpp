@@ -3,14 +3,10 @@
 // What keeps the texts that the main window replaces or drops, and the notices that tell of it.
 
 #include "platform/Events.h"
-#include "platform/Files.h"
-#include "platform/RuntimeError.h"
 #include "shell/FrmEarlier.h"
 #include "shell/FrmWeb.h"
 #include "shell/NoticeBar.h"
 #include "shell/Regions.h"
-
-#include <QFileInfo>
 
 namespace brindlemark {
 
@@ -84,23 +80,11 @@ void FrmWeb::keepGivenUp()
             [html = m_lastShown, encoding = RichTextBox1->textEncoding()] { return encode(html, encoding); });
 }
 
-/// Keeps the file that a save is about to replace, whoever wrote it.
+/// Keeps the file that a save is about to replace.
 void FrmWeb::keepOverwritten(const QString& path, const QByteArray& record)
 {
-    const QFileInfo file(path);
-    if (!file.isFile() || file.size() == 0)
-        return;
-    if (file.size() > EarlierTexts::LongestText) {
+    if (!m_earlier->keepFile(path, record))
         tellTooLong();
-        return;
-    }
-    try {
-        const QByteArray old = readFile(path);
-        if (old != record)
-            m_earlier->keep(path, Dropped::Overwritten, [old] { return old; });
-    } catch (const RuntimeError&) {
-        // What can't be read can't be kept; the save goes on, and tells if it fails too.
-    }
 }
 
 QByteArray FrmWeb::text() const

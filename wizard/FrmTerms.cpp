@@ -8,7 +8,9 @@
 #include "platform/Files.h"
 #include "platform/WaitCursor.h"
 #include "services/Messages.h"
+#include "shell/EarlierTexts.h"
 #include "shell/Icons.h"
+#include "shell/ListingEditor.h"
 #include "shell/SurfaceCommands.h"
 #include "wizard/Terms.h"
 
@@ -160,8 +162,12 @@ void FrmTerms::save()
     const QByteArray head = cutHeads(text);
     if (!head.isEmpty())
         Clipboard::SetText(QString::fromUtf8(head));
-    if (m_terms)
-        writeFile(appFile(m_terms->file), text + lineEnd.data());
+    if (m_terms) {
+        const QString path = appFile(m_terms->file);
+        if (ListingEditor* editor = loadedEditor()) // terms are never so long that they can't be kept
+            static_cast<void>(editor->earlierTexts().keepFile(path, text + lineEnd.data()));
+        writeFile(path, text + lineEnd.data());
+    }
     m_unfinished.passOver({});
 }
 

@@ -90,6 +90,7 @@ private slots:
     void onlyTheUserReadsThem();
     void anotherFolderWhereOneRefuses();
     void foreignFilesAreLeftAlone();
+    void filesBeforeASave();
     void otherProgramsTextsAreListed();
     void goneMeanwhile();
     void differingLines_data();
@@ -222,6 +223,25 @@ void TestEarlierTexts::foreignFilesAreLeftAlone()
     kept.keep(QStringLiteral("/a"), Dropped::Replaced, later("text"));
     QCOMPARE(textsOf(kept), QList<QByteArray>{"text"});
     QCOMPARE(files(parent.path()).size(), 4);
+}
+
+void TestEarlierTexts::filesBeforeASave()
+{
+    const QTemporaryDir parent;
+    const QString path = parent.filePath(QStringLiteral("page.htm"));
+    EarlierTexts kept({parent.path()});
+    QVERIFY(kept.keepFile(path, "new")); // there is none
+    writeFile(path, "old");
+    QVERIFY(kept.keepFile(path, "new"));
+    writeFile(path, "new"); // at once, as a save does
+    QVERIFY(kept.keepFile(path, "new"));
+    QCOMPARE(textsOf(kept), QList<QByteArray>{"old"});
+    QCOMPARE(kept.list().first().document, path);
+    QCOMPARE(kept.list().first().why, Dropped::Overwritten);
+    QVERIFY(kept.keepFile(parent.path(), "new")); // a folder
+    writeFile(path, QByteArray(20'000'001, 'x'));
+    QVERIFY(!kept.keepFile(path, "new"));
+    QCOMPARE(kept.list().size(), 1);
 }
 
 void TestEarlierTexts::otherProgramsTextsAreListed()

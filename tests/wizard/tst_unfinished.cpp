@@ -297,8 +297,12 @@ void TestUnfinished::savedTermsLeaveNothing()
     QTest::keyClicks(terms->WebBrowser1->inputWidget(), "Typed ");
     QTRY_VERIFY(terms->WebBrowser1->innerHtml().contains("Typed"));
     desk.timeRunsOut(terms, Terms1);
+    const QByteArray before = readFile(desk.folder.path("weblst.ini"));
     click(terms->Command14);
     QTRY_VERIFY(!desk.has(Terms1));
+    const QList<EarlierText> kept = desk.web->earlierTexts().list();
+    QCOMPARE(kept.size(), 1); // what the save wrote over
+    QCOMPARE(EarlierTexts::text(kept.first()), before);
 }
 
 void TestUnfinished::declinedTermsAreAnEarlierText()
