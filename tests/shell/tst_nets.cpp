@@ -258,6 +258,7 @@ void TestNets::saveFailsAndNewGoesOn()
     QCOMPARE(desk.kept(), (Kept{{"hours of work", Dropped::NotSaved}}));
     QTRY_COMPARE(desk.notice(), "The file could not be written. The text is among the earlier texts.");
     desk.take("&Earlier Texts");
+    QCOMPARE(desk.notice(), QString());
     QTRY_VERIFY(isLoaded<FrmEarlier>() && form<FrmEarlier>()->isVisible());
     QCOMPARE(form<FrmEarlier>()->KeptSource->Text(), QByteArray("hours of work"));
 }
