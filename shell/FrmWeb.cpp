@@ -31,6 +31,12 @@ namespace {
 
 constexpr int TwipsPerPixel = 15;
 
+/// The layout's numbers are made for tabs of at most so many pixels, which leave the status line its height
+/// in any common font.
+constexpr int UsualTabs = 22;
+/// From the edges of a frame to its controls, in pixels: half of what `resized` takes off a frame's width.
+constexpr int Inset = 8;
+
 /// Where a tool can be used.
 enum class Usable { Always, OnTheDocument, OnTheSource };
 
@@ -259,7 +265,6 @@ void FrmWeb::arrangeFrames()
         QWidget* bar;
         std::initializer_list<QWidget*> views;
     };
-    constexpr int Inset = 8; // pixels: half of what `resized` takes off a frame's width
     constexpr int Gap = 4;
     for (const Page& page :
          {Page{Frame1, RegionBar, {RichTextBox1, Picture1}},
@@ -273,6 +278,27 @@ void FrmWeb::arrangeFrames()
     Label1->move(Inset, 0);
     ProgressBar1->resize(100, Label1->sizeHint().height());
     Label1->resize(Label1->sizeHint());
+    limitSize();
+}
+
+/// The window gets no smaller than what shows the whole bar of each page and some lines of its view.
+void FrmWeb::limitSize()
+{
+    constexpr int LeastView = 100;                                    // pixels
+    constexpr int Beside = (250 + TwipsPerPixel) / TwipsPerPixel;     // of a frame: what `resized` leaves
+    constexpr int Below = (50 + 950 + TwipsPerPixel) / TwipsPerPixel; // likewise, of the lowest view
+
+    int width = 0;
+    for (const QWidget* bar : {RegionBar, DesignBar, AddressBar}) {
+        int least = bar->minimumSizeHint().width();
+        for (const auto* list : bar->findChildren<ComboBox*>())
+            least -= list->minimumSizeHint().width() / 3; // the widest, which give way first
+        width = qMax(width, least + 2 * Inset + Beside);
+    }
+    const int surplus = qMax(0, SSTab1->tabBar()->sizeHint().height() - UsualTabs);
+    const int height = MenuBar1->heightForWidth(width) + Toolbar1->sizeHint().height() + surplus +
+                       WebBrowser2->y() + LeastView + Below;
+    setMinimumSize(QSize(width, height).boundedTo(screen()->availableSize()));
 }
 
 bool FrmWeb::queryUnload()
@@ -310,9 +336,8 @@ void FrmWeb::placeControls()
     MenuBar1->setGeometry(0, 0, width(), menuHeight);
     Toolbar1->setGeometry(0, menuHeight, width(), toolbarHeight);
 
-    // The layout counts from below the menu bar, and frames from the tab control's own top. Its numbers are
-    // made for tabs of at most `UsualTabs`: what taller ones take is taken from the control's height.
-    constexpr int UsualTabs = 22; // leaves the status line its height in any common font
+    // The layout counts from below the menu bar, and frames from the tab control's own top. What taller tabs
+    // than the usual ones take is taken from the control's height.
     const int tabsHeight = SSTab1->tabBar()->sizeHint().height();
     const int usualHeight = qMin(tabsHeight, UsualTabs);
     const int surplus = (tabsHeight - usualHeight) * TwipsPerPixel;

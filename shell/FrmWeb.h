@@ -94,6 +94,7 @@ private:
     void connectViews();
     void loadSettings();
     void arrangeFrames();
+    void limitSize();
     void placeControls();
     void Toolbar1_ButtonClick(Tool tool);
     void MnExit_Click();

@@ -147,6 +147,7 @@ private slots:
     void tabsFillTheWindow_data();
     void tabsFillTheWindow();
     void largerFontMakesRoom();
+    void controlsAreSeenInTheLeastWindow();
     void tinyWindowIsNoError();
 
     // Other windows
@@ -992,11 +993,35 @@ void TestMainWindow::largerFontMakesRoom()
     }
 }
 
+/// However small the window is made, in any font.
+void TestMainWindow::controlsAreSeenInTheLeastWindow()
+{
+    MainWindow window;
+    const QFont before = QApplication::font();
+    const auto back = qScopeGuard([&before] { QApplication::setFont(before); });
+    for (const double times : {1.0, 1.3, 1.0}) {
+        QFont font = before;
+        font.setPointSizeF(before.pointSizeF() * times);
+        QApplication::setFont(font);
+        for (const int tab : {0, 1, 2}) {
+            window.showTab(static_cast<FrmWeb::Tab>(tab));
+            window.web->resize(1, 1);
+            QCoreApplication::processEvents();
+            verifyNothingOverlaps(window, QStringLiteral("Frame%1").arg(tab + 1));
+            for (const QWidget* view : std::initializer_list<QWidget*>{
+                     window.web->RichTextBox1, window.web->WebBrowser1, window.web->WebBrowser2})
+                QVERIFY2(view->height() >= 99, qPrintable(describe(view)));
+        }
+    }
+    QVERIFY(window.web->width() <= 640 && window.web->height() <= 480);
+}
+
 void TestMainWindow::tinyWindowIsNoError()
 {
     MainWindow window;
     window.web->resize(640, 480);
     const QSize before = window.web->size();
+    window.web->setMinimumSize(1, 1); // what a window manager may do
     window.web->resize(1, 1);
     QCoreApplication::processEvents();
     QVERIFY(!window.doors.ended);
