@@ -2,7 +2,7 @@
 
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run install dist test check demo gallery help-pictures bench soak fuzz mutants format tidy clean
+.PHONY: run install dist test check demo gallery help-pictures bench soak monkey fuzz mutants format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -109,6 +109,17 @@ soak:
 	GLIBC_TUNABLES=glibc.malloc.tcache_count=0:glibc.malloc.mxfast=0 QTEST_FUNCTION_TIMEOUT=7200000 \
 	  QT_QPA_PLATFORM=offscreen SOAK_OPENINGS=$(OPENINGS) SOAK_TABS=$(TABS) SOAK_LISTINGS=$(LISTINGS) \
 	  $(DEV)/tests/tst_soak -silent
+
+# A user who acts by chance, for so many seconds. What it finds it tells as a short list of actions.
+# SEED=<number> begins with that one; REPLAY=<file> does what is listed there.
+SECONDS = 600
+
+monkey:
+	./setup --test
+	cmake --preset dev
+	cmake --build --preset dev --target tst_monkey
+	QT_QPA_PLATFORM=offscreen $(DEV)/tests/tst_monkey --seconds $(SECONDS) $(addprefix --seed ,$(SEED)) \
+	  $(addprefix --replay ,$(REPLAY))
 
 # Each fuzzer for TIME seconds, as many side by side as there are cores. Fails when one finds something.
 TIME ?= 600
