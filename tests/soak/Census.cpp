@@ -81,13 +81,16 @@ QStringList openDescriptors()
     return targets;
 }
 
+/// All but the earlier texts, which are meant to stay: as many as there may be, and no more.
 QStringList temporaryFiles()
 {
     QStringList files;
     QDirIterator all(QDir::tempPath(), QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
                      QDirIterator::Subdirectories);
-    while (all.hasNext())
-        files << all.next();
+    while (all.hasNext()) {
+        if (const QString file = all.next(); !file.contains(QLatin1String("/Brindlemark-earlier")))
+            files << file;
+    }
     files.sort();
     return files;
 }
