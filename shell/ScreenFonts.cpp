@@ -19,11 +19,13 @@ void addScreenFonts(ComboBox& list, int first)
 
 void tellMissingFont(QLabel* notice, const QString& family)
 {
+    constexpr qsizetype LongestName = 40; // a longer one would widen the window beyond the screen
     const bool missing = !family.isEmpty() && !QFontDatabase::hasFamily(family);
+    const QString name = family.size() > LongestName ? family.first(LongestName) + u'\u2026' : family;
     notice->setText(missing
                         ? QStringLiteral("The font \"%1\" is not on this computer: what you see here is an "
                                          "approximation.")
-                              .arg(family)
+                              .arg(name)
                         : QString());
     notice->setVisible(missing);
 }

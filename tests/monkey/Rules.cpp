@@ -49,14 +49,6 @@ void hear(QtMsgType type, const QMessageLogContext& context, const QString& text
     handlerBefore(type, context, text);
 }
 
-/// Known, and not cured yet: the sentence that tells of a missing font is as wide as the longest word in the
-/// font's name, and so is its window.
-bool isWidenedByItsNotice(const QWidget* window, int width)
-{
-    const auto* notice = window->findChild<QLabel*>(QStringLiteral("Notice"));
-    return notice && notice->isVisible() && notice->minimumSizeHint().width() > width / 2;
-}
-
 QMap<QString, QByteArray> filesIn(const QString& folder)
 {
     QMap<QString, QByteArray> files;
@@ -103,8 +95,6 @@ QString Rules::windows()
         if (!window->isVisible() || !qobject_cast<const Form*>(window))
             continue;
         const QSize size = window->size().expandedTo(window->minimumSizeHint());
-        if (isWidenedByItsNotice(window, screen.width()))
-            continue;
         if (size.width() > screen.width() || size.height() > screen.height()) {
             return QStringLiteral("screen: %1 is %2 x %3")
                 .arg(windowName(window))

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QInputDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
@@ -26,6 +27,7 @@ private slots:
     void inputBoxTakesAll();
     void longEntriesWidenNothing_data();
     void longEntriesWidenNothing();
+    void longFontNameWidensNothing();
 };
 
 namespace {
@@ -113,6 +115,23 @@ void TestFields::longEntriesWidenNothing()
     QCoreApplication::sendEvent(box, &measured);
     QCoreApplication::processEvents();
     QCOMPARE(widths(), before);
+}
+
+/// The notice of a missing font names it, but not all of a name without end.
+void TestFields::longFontNameWidensNothing()
+{
+    const auto views = windowViews();
+    const auto found = std::find_if(views.begin(), views.end(),
+                                    [](const WindowView& each) { return qstrcmp(each.name, "fonts") == 0; });
+    QVERIFY(found != views.end());
+    MainWindow main;
+    const QWidget* window = openView(*found, main);
+    window->findChild<ComboBox*>(QStringLiteral("Combo1"))->setText(QString(300, u'W'));
+    const auto* notice = window->findChild<QLabel*>(QStringLiteral("Notice"));
+    QTRY_VERIFY(notice->isVisible());
+    QVERIFY2(notice->text().contains(QString(40, u'W')), qPrintable(notice->text()));
+    QVERIFY2(window->minimumSizeHint().width() < 1366,
+             qPrintable(QString::number(window->minimumSizeHint().width())));
 }
 
 WEB_TEST_MAIN(TestFields)
