@@ -143,6 +143,16 @@ QWindow* keyWindow()
     return window && window->isVisible() ? window : nullptr;
 }
 
+/// Presses a key and lets it go, in whatever window has the keyboard then: the press may have closed the one
+/// it went to.
+void strike(Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers)
+{
+    for (const auto half : {QTest::Press, QTest::Release}) {
+        if (QWindow* window = keyWindow())
+            QTest::sendKeyEvent(half, window, key, text, modifiers);
+    }
+}
+
 void pressKey(const Action& action)
 {
     const QKeySequence keys(action.words.value(0));
@@ -155,17 +165,15 @@ void pressKey(const Action& action)
         text = QStringLiteral(" ");
     else if (key.key() == Qt::Key_Return)
         text = QStringLiteral("\r");
-    QTest::sendKeyEvent(QTest::Click, keyWindow(), key.key(), text, key.keyboardModifiers());
+    strike(key.key(), text, key.keyboardModifiers());
 }
 
 void type(const Action& action)
 {
     for (const uint code : action.words.value(0).toUcs4()) {
-        if (!keyWindow())
-            return;
         const QString letter = QString::fromUcs4(reinterpret_cast<const char32_t*>(&code), 1);
         const int key = code < 128 ? QChar(code).toUpper().unicode() : int(Qt::Key_unknown);
-        QTest::sendKeyEvent(QTest::Click, keyWindow(), Qt::Key(key), letter, {});
+        strike(Qt::Key(key), letter, {});
     }
 }
 
