@@ -217,6 +217,8 @@ void DocumentSurface::takeComing()
     arrived();
     if (come.isDone)
         loadIsDone(true, come.address);
+    if (come.address.hasFragment())
+        open(come.address); // its place was sought in a page without a size
 }
 
 void DocumentSurface::comesNot()
