@@ -3,6 +3,7 @@
 
 #include <QRandomGenerator>
 #include <QString>
+#include <iterator>
 
 namespace brindlemark {
 
@@ -28,7 +29,7 @@ public:
     template <typename List>
     auto of(const List& list)
     {
-        return list[number(static_cast<int>(std::size(list)))];
+        return *std::next(std::begin(list), number(int(std::size(list))));
     }
     /// A text of up to so many pieces of all kinds, those with a meaning in files and pages among them; no
     /// line ends.

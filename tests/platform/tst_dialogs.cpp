@@ -282,10 +282,11 @@ void TestDialogs::saveProposesTheName()
 /// Whoever waves a question away has said neither Yes nor No.
 void TestDialogs::escapeIsLater()
 {
-    for (const auto& [key, answer] : {std::pair(Qt::Key_Escape, MsgAnswer::Cancel),
-                                      {Qt::Key_N, MsgAnswer::No},
-                                      {Qt::Key_L, MsgAnswer::Cancel},
-                                      {Qt::Key_Return, MsgAnswer::Yes}}) {
+    for (const auto& row : {std::pair(Qt::Key_Escape, MsgAnswer::Cancel),
+                            {Qt::Key_N, MsgAnswer::No},
+                            {Qt::Key_L, MsgAnswer::Cancel},
+                            {Qt::Key_Return, MsgAnswer::Yes}}) {
+        const Qt::Key key = row.first;
         QStringList buttons;
         QTimer look;
         QObject::connect(&look, &QTimer::timeout, &look, [&] {
@@ -300,7 +301,7 @@ void TestDialogs::escapeIsLater()
         });
         look.start(10);
         QCOMPARE(MsgBox("Do you want it back?", "Brindlemark", MsgIcon::Question, MsgButtons::YesNoLater),
-                 answer);
+                 row.second);
         buttons.sort(); // their order is the desktop's
         QCOMPARE(buttons, (QStringList{"&Later", "&No", "&Yes"}));
     }
