@@ -8,8 +8,8 @@
 namespace brindlemark {
 
 /// A scroll bar with two signals, `Scroll` for each step of a drag and `Change` for a value that stands: a
-/// handler can follow the hand or wait for it. The wheel moves a bar that has the keyboard; otherwise it is the
-/// window's.
+/// handler can follow the hand or wait for it. The wheel moves a bar that has the keyboard; otherwise it is
+/// the window's.
 class ScrollBar : public QScrollBar
 {
     Q_OBJECT

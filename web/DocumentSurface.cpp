@@ -117,8 +117,10 @@ void DocumentSurface::Navigate(const QString& address)
                url.matches(page()->url(), QUrl::RemoveFragment)) {
         dropComing();
         open(url); // a place in the page that is there
-    } else {
+    } else if (designMode() == DesignMode::On || length() > 0) {
         fetch(url);
+    } else {
+        open(url); // there is nothing to lose
     }
 }
 
