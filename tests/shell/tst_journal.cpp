@@ -1122,6 +1122,7 @@ void TestJournal::savedAfterARefusalLeavesNothing()
     window.doors.cancelOpen();
     window.press(Tool::Open);
     QCOMPARE(window.source(), QByteArray("<P>Lamps")); // it is still there
+    QTRY_COMPARE(window.kept(), QByteArray("<P>Lamps"));
     QFile::setPermissions(page, QFile::ReadOwner | QFile::WriteOwner);
     window.press(Tool::Save);
     QCOMPARE(window.folder.read(QStringLiteral("page.htm")), QByteArray("<P>Lamps\r\n"));
@@ -1137,6 +1138,7 @@ void TestJournal::declinedAfterARefusalLeavesNothing()
     wantSaved(window);
     window.doors.cancelOpen();
     window.press(Tool::Open);
+    QTRY_COMPARE(window.kept(), QByteArray("<P>Lamps"));
     window.doors.answerMsgBox(MsgAnswer::No);
     window.press(Tool::New);
     QTRY_COMPARE(window.files(), QStringList());
