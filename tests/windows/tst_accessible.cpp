@@ -194,12 +194,14 @@ bool keepsTab(QWidget* widget)
     return (box && !box->isReadOnly()) || (page && page->designMode() == DesignMode::On);
 }
 
-/// Where the focus is within a page.
+/// The element of a page that has the focus, as its number; null while none has, as when the page is just
+/// giving the focus on.
 QVariant placeInPage(QWidget* control)
 {
     auto* page = qobject_cast<WebControl*>(control);
     return page ? probe(page)
-                      .evaluate(QStringLiteral("[...document.all].indexOf(document.activeElement)"))
+                      .evaluate(QStringLiteral("document.activeElement === document.body ? null : "
+                                               "[...document.all].indexOf(document.activeElement)"))
                       .value_or(QVariant())
                 : QVariant();
 }
@@ -220,7 +222,10 @@ void pressTab(QWidget* window, bool back)
             QTest::keyClick(window->windowHandle(), Qt::Key_Tab, leaving);
         }
         const auto moved = [&] {
-            return controlInHand() != before || (!edited && placeInPage(before) != place);
+            if (controlInHand() != before)
+                return true;
+            const QVariant now = edited ? QVariant() : placeInPage(before);
+            return now.isValid() && !now.isNull() && now != place;
         };
         if (!QTest::qWaitFor(moved))
             return;
