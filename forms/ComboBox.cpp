@@ -91,9 +91,31 @@ void ComboBox::setText(const QString& text)
     setCurrentIndex(entry);
 }
 
+void ComboBox::showPopup()
+{
+    view()->installEventFilter(this);
+    QComboBox::showPopup();
+}
+
+/// The toolkit closes the list as soon as a key is announced, and the key itself, which follows at once,
+/// comes to whatever has the keyboard then.
+bool ComboBox::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() == QEvent::ShortcutOverride) {
+        m_keyIsTheLists = true;
+        QMetaObject::invokeMethod(
+            this, [this] { m_keyIsTheLists = false; }, Qt::QueuedConnection);
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
 void ComboBox::keyPressEvent(QKeyEvent* event)
 {
     guardedCall([&] {
+        if (m_keyIsTheLists) {
+            event->accept();
+            return;
+        }
         const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (!enter || !isEditable()) {
             if (!m_choiceActs || !choosesWhileClosed(*event)) {

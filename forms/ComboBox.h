@@ -30,6 +30,10 @@ public:
     /// Shows the placeholder in the colour of an entry, not in grey.
     void showPlaceholderClearly();
 
+    /// Opens the list. A key that closes it has then done its work: it goes to nothing behind the list, also
+    /// not while the desktop still gives the keyboard to the window.
+    void showPopup() override;
+
     int ListCount() const override { return count(); }
     QString List(int index) const override { return itemText(index); }
     /// Appends an entry; neither the index nor the text changes.
@@ -60,6 +64,7 @@ signals:
     void EnterPressed();
 
 protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void initStyleOption(QStyleOptionComboBox* look) const override;
@@ -69,6 +74,7 @@ private:
 
     bool m_choiceActs = false;
     bool m_clearPlaceholder = false;
+    bool m_keyIsTheLists = false; // a key has just been announced to the open list
 };
 
 } // namespace brindlemark

@@ -11,6 +11,7 @@
 #include <QAbstractItemView>
 #include <QAccessible>
 #include <QButtonGroup>
+#include <QDialog>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -330,6 +331,8 @@ private slots:
     void comboStepsByHand();
     void comboWhoseChoiceActsOpens_data();
     void comboWhoseChoiceActsOpens();
+    void keyThatClosesTheListIsSpent_data();
+    void keyThatClosesTheListIsSpent();
     void comboTypingChangesTheTextOnly();
     void comboEnterIsConsumed();
     void comboWithoutFieldHasNoEnter();
@@ -1154,6 +1157,7 @@ void TestControls::comboPickedByHand()
     QTest::keyClick(choice.box.view(), Qt::Key_Down);
     QTest::keyClick(choice.box.view(), Qt::Key_Return);
     QTRY_VERIFY(!choice.box.view()->isVisible());
+    QCoreApplication::processEvents(); // the next key is another one
     QCOMPARE(choice.log.take(), QStringLiteral("Click1/b"));
 
     QTest::keyClick(&choice.box, Qt::Key_Down, Qt::AltModifier);
@@ -1196,6 +1200,7 @@ void TestControls::comboWhoseChoiceActsOpens()
     const int marked = choice.box.view()->currentIndex().row();
     QTest::keyClick(choice.box.view(), Qt::Key_Return);
     QTRY_VERIFY(!choice.box.view()->isVisible());
+    QCoreApplication::processEvents(); // the next key is another one
     QCOMPARE(choice.log.take(), QStringLiteral("Click%1/%2").arg(marked).arg(choice.box.List(marked)));
 
     QTest::keyClick(&choice.box, Qt::Key_C); // a field takes the letter, a list goes to the entry
@@ -1205,6 +1210,51 @@ void TestControls::comboWhoseChoiceActsOpens()
         QTest::keyClick(choice.box.view(), Qt::Key_Return);
         QTRY_VERIFY(!choice.box.view()->isVisible());
         QCOMPARE(choice.log.take(), QStringLiteral("Click2/c"));
+    }
+}
+
+void TestControls::keyThatClosesTheListIsSpent_data()
+{
+    QTest::addColumn<bool>("editable");
+    QTest::addColumn<Qt::Key>("key");
+    QTest::newRow("with field, Enter") << true << Qt::Key_Return;
+    QTest::newRow("without field, Enter") << false << Qt::Key_Return;
+    QTest::newRow("without field, F4") << false << Qt::Key_F4;
+}
+
+/// A hand that is quicker than the desktop: the window still has the keyboard when the list is open.
+void TestControls::keyThatClosesTheListIsSpent()
+{
+    QFETCH(bool, editable);
+    QFETCH(Qt::Key, key);
+    QDialog window;
+    QVBoxLayout layout(&window);
+    ComboBox box;
+    box.setEditable(editable);
+    box.AddItem(QStringLiteral("a"));
+    QPushButton other;
+    other.setDefault(true);
+    layout.addWidget(&box);
+    layout.addWidget(&other);
+    show(window);
+    box.setFocus();
+    const QSignalSpy clicks(&other, &QPushButton::clicked);
+    const QSignalSpy enters(&box, &ComboBox::EnterPressed);
+    const QSignalSpy choices(&box, &ComboBox::Click);
+
+    QTest::keyClick(window.windowHandle(), Qt::Key_Down, Qt::AltModifier);
+    QTRY_VERIFY(box.view()->isVisible());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Down);
+    QTest::keyClick(window.windowHandle(), key);
+    QTRY_VERIFY(!box.view()->isVisible());
+    const int chosen = key == Qt::Key_Return ? 1 : 0;
+    QCOMPARE(choices.size(), chosen);
+    QCOMPARE(box.Text(), QStringLiteral("a").first(chosen));
+    QCOMPARE(clicks.size() + enters.size(), 0);
+
+    if (key == Qt::Key_Return) { // the next one is the window's, or the field's
+        QTest::keyClick(window.windowHandle(), key);
+        QCOMPARE(editable ? enters.size() : clicks.size(), 1);
     }
 }
 
