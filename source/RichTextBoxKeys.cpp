@@ -103,7 +103,7 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
             leave(!(event->modifiers() & Qt::ShiftModifier));
         } else if (tab && event->modifiers() == Qt::NoModifier) {
             setSelText("\t"); // the component would indent selected lines
-        } else if (!isHeld(event->text())) {
+        } else if (typing && !isHeld(event->text())) {
             setSelText(encode(event->text()));
         } else if (!runStandardKey(event)) {
             runComponentKey(event);
@@ -111,11 +111,12 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
     });
 }
 
-/// Ctrl with a letter types nothing, even where the platform gives the letter as the key's text.
+/// Ctrl, Alt or Meta with a letter types nothing, even where the platform gives the letter as the key's text.
 void RichTextBox::runComponentKey(QKeyEvent* event)
 {
-    const Qt::KeyboardModifiers keys = event->modifiers() & (Qt::ControlModifier | Qt::AltModifier);
-    if (keys != Qt::ControlModifier) { // Ctrl and Alt together are AltGr on some platforms
+    const Qt::KeyboardModifiers command =
+        event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    if (!command || command == (Qt::ControlModifier | Qt::AltModifier)) { // AltGr on some platforms
         QsciScintillaBase::keyPressEvent(event);
         return;
     }

@@ -217,6 +217,7 @@ private slots:
     void typing();
     void editingKeys();
     void typingIntoWesternText();
+    void commandsTypeNothing();
     void composing();
     void tabTypesAndCtrlTabLeaves();
     void controlKeysTypeNothing();
@@ -1055,6 +1056,23 @@ void TestRichTextBox::typingIntoWesternText()
     f.box.redo();
     f.box.redo();
     QCOMPARE(f.box.Text(), QByteArray("\xE9\x80&#337;"));
+}
+
+/// A letter that is meant for a button of another window, which has just gone, is none of the text.
+void TestRichTextBox::commandsTypeNothing()
+{
+    Fixture f;
+    f.start("ab\xE9"); // Western
+    for (const QString& letter : {QStringLiteral("e"), QStringLiteral("ő")}) {
+        for (const Qt::KeyboardModifiers command :
+             {Qt::KeyboardModifiers(Qt::AltModifier), Qt::KeyboardModifiers(Qt::MetaModifier),
+              Qt::KeyboardModifiers(Qt::ControlModifier), Qt::AltModifier | Qt::ShiftModifier})
+            QTest::sendKeyEvent(QTest::Click, &f.box, Qt::Key_E, letter, command);
+    }
+    QCOMPARE(f.box.Text(), QByteArray("ab\xE9"));
+    QTest::sendKeyEvent(QTest::Click, &f.box, Qt::Key_E, QStringLiteral("€"),
+                        Qt::ControlModifier | Qt::AltModifier); // AltGr, as some platforms tell it
+    QCOMPARE(f.box.Text(), QByteArray("\x80\x61\x62\xE9"));
 }
 
 void TestRichTextBox::composing()
