@@ -577,10 +577,8 @@ void FrmTable::loadSet(const QString& title)
     for (const SavedKey& entry : SavedKeys) {
         if (&entry == &SavedKeys.back())
             bringAutoColorInLine();
-        sets.taken(title, QString::fromLatin1(entry.key), [&](const QString& saved) {
-            value = saved;
-            std::visit(load, entry.holder);
-        });
+        value = sets.value(title, QString::fromLatin1(entry.key));
+        std::visit(load, entry.holder);
     }
     restyle();
 }

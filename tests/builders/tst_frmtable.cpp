@@ -144,6 +144,8 @@ private slots:
     void loadsTwoColors();
     void loadsWithoutRows();
     void loadsWhatIsMissing();
+    void loadsWhatIsDamaged_data();
+    void loadsWhatIsDamaged();
     void loadsNumbersThatAreNone();
     void loadOfTheSameTitle();
     void barsStayAfterALoad();
@@ -1217,6 +1219,37 @@ void TestFrmTable::loadsWithoutRows()
     window.tool->html.clear();
     choose(window.tool->Combo1, 0);
     QCOMPARE(window.tool->html, Head + End);
+}
+
+void TestFrmTable::loadsWhatIsDamaged_data()
+{
+    QTest::addColumn<QByteArray>("value");
+    for (const char* value : {"", "x", "-1", "2", "16777216", "2147483647", "2147483648", "1e400", "#"})
+        QTest::addRow("[%s]", value) << QByteArray(value);
+}
+
+/// A set is only a look: whatever stands in it, the designer goes on.
+void TestFrmTable::loadsWhatIsDamaged()
+{
+    QFETCH(QByteArray, value);
+    Designer window;
+    const QList<QByteArray> lines = QByteArray(Set).trimmed().split('\n');
+    QByteArray sets;
+    QByteArray titles;
+    for (int i = 0; i < lines.size(); ++i) {
+        const QByteArray line = lines.at(i).trimmed();
+        const QByteArray title = "set" + QByteArray::number(i);
+        sets +=
+            "[" + title + "]\r\n" + QByteArray(Set).replace(line, line.first(line.indexOf('=') + 1) + value);
+        titles += title + "\r\n";
+    }
+    window.openWithSets(sets, titles);
+    for (int i = 0; i < lines.size(); ++i) {
+        choose(window.tool->Combo1, i);
+        QVERIFY2(!window.doors.ended, lines.at(i).constData());
+        QVERIFY(window.tool->isVisible());
+    }
+    QCOMPARE(window.doors.takeAsked(), QStringList());
 }
 
 /// A title of which the file knows nothing.

@@ -143,7 +143,7 @@ QString Rules::after(bool twice)
 
 bool Rules::isKnown(const QString& fatal)
 {
-    // A torn generator tag (380), and settings that hold no number (13) or no font's size (380).
+    // A torn generator tag or region (380), and settings that hold no number (13).
     return fatal.startsWith(QStringLiteral("Run-time error '380'")) ||
            fatal.startsWith(QStringLiteral("Run-time error '13'"));
 }
