@@ -77,8 +77,9 @@ void Document::open(const QString& path)
 
 void Document::save(const QString& path, const QByteArray& bytes, bool isText)
 {
-    writeRecord(path, bytes);
-    m_journal.setFile(record(bytes));
+    const QByteArray whole = record(bytes);
+    writeFile(path, whole);
+    m_journal.setFile(whole);
     m_name = path;
     m_placeKnown = true;
     m_dirty = false;

@@ -28,6 +28,8 @@ struct EarlierText
     QDateTime moment;
     qint64 size = 0; ///< bytes
     Dropped why = Dropped::Replaced;
+
+    bool operator==(const EarlierText&) const = default;
 };
 
 /// The texts that the program has replaced or dropped, each in a file of its own in a folder that is the

@@ -21,10 +21,6 @@ namespace brindlemark {
 
 namespace {
 
-/// A colour that text of either lightness can be read on, for a line that the other text lacks.
-constexpr int DifferentMarker = 0;
-constexpr int DifferentTint = 70; // of 255: how much of the palette's mark covers the ground
-
 struct DroppedWords
 {
     Dropped why;
@@ -43,17 +39,6 @@ QString wordsFor(Dropped why)
     return QString::fromLatin1(std::ranges::find(AllWords, why, &DroppedWords::why)->words);
 }
 
-/// Shows a text with some of its lines marked.
-void showText(RichTextBox& box, const QByteArray& text, const std::vector<qsizetype>& different)
-{
-    box.load(text);
-    for (const qsizetype line : different)
-        box.SendScintilla(QsciScintillaBase::SCI_MARKERADD, static_cast<unsigned long>(line),
-                          long(DifferentMarker));
-    if (!different.empty())
-        box.SendScintilla(QsciScintillaBase::SCI_GOTOLINE, static_cast<unsigned long>(different.front()));
-}
-
 } // namespace
 
 FrmEarlier::FrmEarlier()
@@ -63,12 +48,6 @@ FrmEarlier::FrmEarlier()
         box->setReadOnly(true);
         box->setTextFont(font());
         box->setMinimumHeight(fontMetrics().lineSpacing() * 12);
-        box->SendScintilla(QsciScintillaBase::SCI_MARKERDEFINE, static_cast<unsigned long>(DifferentMarker),
-                           long(QsciScintillaBase::SC_MARK_BACKGROUND));
-        box->SendScintilla(QsciScintillaBase::SCI_MARKERSETBACK, static_cast<unsigned long>(DifferentMarker),
-                           palette().color(QPalette::Highlight));
-        box->SendScintilla(QsciScintillaBase::SCI_MARKERSETALPHA, static_cast<unsigned long>(DifferentMarker),
-                           long(DifferentTint));
     }
     Texts->setMinimumHeight(fontMetrics().lineSpacing() * 6);
     on(Texts, &QTreeWidget::currentItemChanged, this, &FrmEarlier::Texts_CurrentItemChanged);
@@ -97,6 +76,8 @@ void FrmEarlier::list()
     if (!editor)
         return;
     const QList<EarlierText> texts = editor->earlierTexts().list();
+    if (texts == m_texts && editor->text() == m_now)
+        return; // what is in view stays where it was scrolled to
     const int row = Texts->indexOfTopLevelItem(Texts->currentItem());
     const QString marked = row < 0 ? QString() : m_texts.at(row).path;
     const QSignalBlocker quiet(Texts);
@@ -146,8 +127,11 @@ void FrmEarlier::compare()
     for (QWidget* button : {BringBack, SaveAs})
         button->setEnabled(there);
     const LineDifference difference = there ? compareLines(m_kept, m_now) : LineDifference();
-    showText(*KeptSource, m_kept, difference.first);
-    showText(*NowSource, m_now, difference.second);
+    const QColor tint = palette().color(QPalette::Highlight);
+    KeptSource->load(m_kept);
+    KeptSource->markLines(difference.first, tint);
+    NowSource->load(m_now);
+    NowSource->markLines(difference.second, tint);
     m_pagesShown = false;
     showPages();
 }

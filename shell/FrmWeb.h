@@ -212,9 +212,10 @@ private:
     void tellDesignIsOff();
     void WebBrowser1_WaitsLong(bool waits);
     std::optional<QByteArray> textWorthKeeping();
+    bool keepIfReplaced(const std::optional<QByteArray>& former);
     void keepSource(Dropped why);
     void keepGivenUp();
-    void keepOverwritten(const QString& path, const QByteArray& record);
+    void keepOverwritten(const QString& path, const QByteArray& text);
 
     /// What was last written to a surface, or read from it to be kept: a lost one is made anew from it.
     QString m_lastShown;

@@ -93,7 +93,7 @@ void FrmWeb::SaveFileAs(const QString& path)
     try {
         const WaitCursor hourglass;
         const QByteArray text = RichTextBox1->Text();
-        keepOverwritten(path, Document::record(text));
+        keepOverwritten(path, text);
         Document::writeRecord(path, text);
     } catch (const RuntimeError& error) {
         showMessage(Messages::CannotWrite, error.description());
@@ -322,7 +322,7 @@ SaveResult FrmWeb::write(const QString& path)
     }
     try {
         const WaitCursor hourglass;
-        keepOverwritten(path, Document::record(text));
+        keepOverwritten(path, text);
         m_document->save(path, text, SSTab1->Tab() != InternetTab);
         if (SSTab1->Tab() == InternetTab)
             tellEmptyRecord();

@@ -61,6 +61,15 @@ std::optional<QByteArray> FrmWeb::textWorthKeeping()
     return RichTextBox1->Text();
 }
 
+/// Keeps what the source held before, when it holds something else now; whether it does.
+bool FrmWeb::keepIfReplaced(const std::optional<QByteArray>& former)
+{
+    if (!former || RichTextBox1->Text() == *former)
+        return false;
+    m_earlier->keep(m_document->name(), Dropped::Replaced, [former] { return *former; });
+    return true;
+}
+
 void FrmWeb::keepSource(Dropped why)
 {
     if (const std::optional<QByteArray> text = textWorthKeeping())
@@ -80,10 +89,12 @@ void FrmWeb::keepGivenUp()
             [html = m_lastShown, encoding = RichTextBox1->textEncoding()] { return encode(html, encoding); });
 }
 
-/// Keeps the file that a save is about to replace.
-void FrmWeb::keepOverwritten(const QString& path, const QByteArray& record)
+/// Keeps the file that a save of `text` is about to replace. A text that is longer than what is kept can't be
+/// what the file holds, and is not copied to be compared.
+void FrmWeb::keepOverwritten(const QString& path, const QByteArray& text)
 {
-    if (!m_earlier->keepFile(path, record))
+    const bool comparable = text.size() <= EarlierTexts::LongestText;
+    if (!m_earlier->keepFile(path, comparable ? Document::record(text) : QByteArray()))
         tellTooLong();
 }
 

@@ -215,15 +215,15 @@ bool FrmWeb::takeSurface()
 {
     const QString html = readSurface(WebBrowser1);
     const std::optional<QByteArray> former = textWorthKeeping();
-    const auto isAnother = [&] { return former && RichTextBox1->Text() != *former; };
-    const auto keepFormer = qScopeGuard([&] { // also where a torn generator tag ends it
-        if (isAnother())
-            m_earlier->keep(m_document->name(), Dropped::Replaced, [text = *former] { return text; });
-    });
-    const RichTextBox::UndoGroup oneStep(RichTextBox1);
-    RichTextBox1->setText(RichTextBox1->encode(html), RichTextBox1->textEncoding());
-    StampGenerator();
-    return isAnother();
+    bool replaced = false;
+    {
+        const auto keepFormer =
+            qScopeGuard([&] { replaced = keepIfReplaced(former); }); // also behind a torn tag
+        const RichTextBox::UndoGroup oneStep(RichTextBox1);
+        RichTextBox1->setText(RichTextBox1->encode(html), RichTextBox1->textEncoding());
+        StampGenerator();
+    }
+    return replaced;
 }
 
 /// A surface's content. Throws SurfaceLost when it gave no answer, which is never taken for an empty

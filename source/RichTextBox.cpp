@@ -358,6 +358,20 @@ int RichTextBox::Find(const QByteArray& text, int start, int end, FindOptions op
     return int(position);
 }
 
+void RichTextBox::markLines(const std::vector<qsizetype>& lines, const QColor& tint)
+{
+    constexpr int Marker = 0;
+    constexpr int Opacity = 70; // of 255: text of either lightness stays readable
+    send(SCI_MARKERDEFINE, Marker, SC_MARK_BACKGROUND);
+    SendScintilla(SCI_MARKERSETBACK, static_cast<unsigned long>(Marker), tint);
+    send(SCI_MARKERSETALPHA, Marker, Opacity);
+    send(SCI_MARKERDELETEALL, Marker);
+    for (const qsizetype line : lines)
+        send(SCI_MARKERADD, line, Marker);
+    if (!lines.empty())
+        send(SCI_GOTOLINE, lines.front());
+}
+
 // The look ------------------------------------------------------------------------------------------------
 
 void RichTextBox::setBackColor(int color)

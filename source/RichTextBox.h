@@ -16,6 +16,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <vector>
 
 class QLabel;
 
@@ -76,6 +77,9 @@ public:
     /// the end of the text, and selects the first match. Returns its position, or -1 (the selection then
     /// stays); an empty text is never found.
     [[nodiscard]] int Find(const QByteArray& text, int start = -1, int end = -1, FindOptions options = {});
+
+    /// Tints the ground of some lines, counted from 0, until the text changes, and brings the first into view.
+    void markLines(const std::vector<qsizetype>& lines, const QColor& tint);
 
     /// The background's colour number.
     int BackColor() const { return m_backColor; }

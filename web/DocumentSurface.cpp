@@ -113,14 +113,16 @@ void DocumentSurface::Navigate(const QString& address)
     const QUrl url = QUrl::fromUserInput(text);
     if (!WebPage::isAddress(url)) {
         tellNoAddress(text);
-    } else if (content() == Content::Loaded && url.hasFragment() &&
-               url.matches(page()->url(), QUrl::RemoveFragment)) {
-        dropComing();
-        open(url); // a place in the page that is there
-    } else if (designMode() == DesignMode::On || length() > 0) {
+        return;
+    }
+    const bool isPlaceInPage = content() == Content::Loaded && url.hasFragment() &&
+                               url.matches(page()->url(), QUrl::RemoveFragment);
+    const bool hasText = designMode() == DesignMode::On || length() > 0;
+    if (hasText && !isPlaceInPage) {
         fetch(url);
     } else {
-        open(url); // there is nothing to lose
+        dropComing();
+        open(url); // nothing can be lost
     }
 }
 
