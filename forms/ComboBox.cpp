@@ -93,20 +93,23 @@ void ComboBox::setText(const QString& text)
 
 void ComboBox::showPopup()
 {
-    view()->installEventFilter(this);
-    QComboBox::showPopup();
+    guardedCall([&] {
+        view()->installEventFilter(this);
+        QComboBox::showPopup();
+    });
 }
 
 /// The toolkit closes the list as soon as a key is announced, and the key itself, which follows at once,
 /// comes to whatever has the keyboard then.
 bool ComboBox::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() == QEvent::ShortcutOverride) {
-        m_keyIsTheLists = true;
-        QMetaObject::invokeMethod(
-            this, [this] { m_keyIsTheLists = false; }, Qt::QueuedConnection);
-    }
-    return QComboBox::eventFilter(watched, event);
+    return guardedCall([&] {
+        if (event->type() == QEvent::ShortcutOverride) {
+            m_keyIsTheLists = true;
+            soon(this, [this] { m_keyIsTheLists = false; });
+        }
+        return QComboBox::eventFilter(watched, event);
+    });
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event)
