@@ -143,13 +143,36 @@ QWindow* keyWindow()
     return window && window->isVisible() ? window : nullptr;
 }
 
-/// Presses a key and lets it go, in whatever window has the keyboard then: the press may have closed the one
-/// it went to.
+/// Presses a key and lets it go with its modifiers, each in whatever window has the keyboard then: the one
+/// before may have closed the window that it went to.
 void strike(Qt::Key key, const QString& text, Qt::KeyboardModifiers modifiers)
 {
-    for (const auto half : {QTest::Press, QTest::Release}) {
+    struct Shift
+    {
+        Qt::Key key;
+        Qt::KeyboardModifier modifier;
+    };
+    constexpr std::array shifts = {
+        Shift{Qt::Key_Shift, Qt::ShiftModifier}, Shift{Qt::Key_Control, Qt::ControlModifier},
+        Shift{Qt::Key_Alt, Qt::AltModifier}, Shift{Qt::Key_Meta, Qt::MetaModifier}};
+    const auto half = [](bool press, Qt::Key of, const QString& letter, Qt::KeyboardModifiers with) {
         if (QWindow* window = keyWindow())
-            QTest::sendKeyEvent(half, window, key, text, modifiers);
+            QTest::simulateEvent(window, press, of, with, letter, false);
+    };
+    Qt::KeyboardModifiers held;
+    for (const Shift& shift : shifts) {
+        if (!modifiers.testFlag(shift.modifier))
+            continue;
+        half(true, shift.key, QString(), held);
+        held |= shift.modifier;
+    }
+    half(true, key, text, held);
+    half(false, key, text, held);
+    for (const Shift& shift : shifts) {
+        if (!modifiers.testFlag(shift.modifier))
+            continue;
+        half(false, shift.key, QString(), held);
+        held &= ~Qt::KeyboardModifiers(shift.modifier);
     }
 }
 
