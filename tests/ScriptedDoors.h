@@ -31,6 +31,9 @@ public:
     void answerFont(const QFont& font);
     void cancelFont();
 
+    /// Drops the answers that are left over, where chance decides what is asked.
+    void forgetAnswers() { m_script.clear(); }
+
     /// Runs `during` while the next dialog is open, before it is answered.
     void during(std::function<void()> during);
 

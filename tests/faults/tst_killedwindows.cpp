@@ -25,7 +25,7 @@ using namespace brindlemark;
 // A program in which somebody types into the source or the page, into the wizard and into terms, killed at
 // any moment: of all three comes back what was there a moment before. Texts are kept without a pause here;
 // how often it is otherwise, the windows' own tests tell. BRINDLEMARK_KILLS=500 makes it 500 times instead
-// of 4.
+// of 2.
 
 namespace {
 

@@ -18,6 +18,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QProgressBar>
+#include <QRandomGenerator>
 #include <QScopeGuard>
 #include <QSignalSpy>
 #include <QToolBar>
@@ -140,6 +141,7 @@ private slots:
     void splashWithBadSettingsEndsTheProgram();
     void damagedSettingsGiveWayToThoseThatShip_data();
     void damagedSettingsGiveWayToThoseThatShip();
+    void anyDamageIsGotOver();
 
     // Layout
     void nothingOverlaps_data();
@@ -880,6 +882,70 @@ void TestMainWindow::damagedSettingsGiveWayToThoseThatShip()
     QVERIFY(isLoaded<FrmWeb>());
     QCOMPARE(doors.asked, QStringList());
     form<FrmWeb>()->Unload();
+}
+
+/// Damages by chance: whatever a start makes of them, the next one works. BRINDLEMARK_DAMAGES=1150 makes it
+/// as many instead of 40.
+void TestMainWindow::anyDamageIsGotOver()
+{
+    const int damages = qMax(1, qEnvironmentVariable("BRINDLEMARK_DAMAGES", QStringLiteral("40")).toInt());
+    QRandomGenerator chance(20261122);
+    int mended = 0;
+    for (int i = 0; i < damages; ++i) {
+        const ProgramFolder folder;
+        const QString path = QFileInfo(folder.path(QStringLiteral("web.ini"))).path();
+        const QStringList files = QDir(path).entryList({QStringLiteral("*.ini")}, QDir::Files, QDir::Name);
+        const QString file = i % 2 ? QStringLiteral("web.ini") : files.at(chance.bounded(int(files.size())));
+        QByteArray bytes = folder.read(file);
+        if (bytes.isEmpty())
+            continue;
+        const int place = chance.bounded(int(bytes.size()));
+        const int length = chance.bounded(1, 20);
+        switch (chance.bounded(5)) {
+        case 0:
+            bytes.truncate(place);
+            break;
+        case 1:
+            bytes[place] = char(bytes.at(place) ^ (1 << chance.bounded(8)));
+            break;
+        case 2:
+            bytes.remove(place, length);
+            break;
+        case 3:
+            bytes.insert(place, QByteArray(length, char(chance.bounded(256))));
+            break;
+        default: { // a value
+            const qsizetype equals = bytes.indexOf('=', place);
+            if (equals >= 0)
+                bytes.replace(equals + 1, qMax(0, bytes.indexOf('\r', equals) - equals - 1),
+                              QByteArray::number(chance.generate64()));
+        }
+        }
+        folder.write(file, bytes);
+        const QByteArray what = file.toLatin1() + ": " + bytes.toPercentEncoding();
+        {
+            ScriptedDoors doors;
+            doors.answerMsgBox(MsgAnswer::Ok);
+            doors.answerMsgBox(MsgAnswer::Yes);
+            guarded([] { form<FrmWeb>()->Show(); });
+            if (doors.ended) {
+                ++mended;
+                QCOMPARE(doors.asked.size(), 2);
+                QVERIFY2(doors.asked.constFirst().contains(u'[') && doors.asked.constFirst().contains(file),
+                         qPrintable(doors.asked.constFirst()));
+            } else {
+                QVERIFY2(doors.asked.isEmpty(), what.constData());
+                doors.forgetAnswers();
+            }
+            unloadAll();
+        }
+        ScriptedDoors doors;
+        guarded([] { form<FrmWeb>()->Show(); });
+        QVERIFY2(!doors.ended && isLoaded<FrmWeb>() && doors.asked.isEmpty(), what.constData());
+        unloadAll();
+    }
+    qInfo("%d of %d starts told of the damage, and offered the shipped settings", mended, damages);
+    QVERIFY(mended > 0 && mended < damages);
 }
 
 // ---- Layout
