@@ -94,7 +94,8 @@ QString Rules::windows()
     for (const QWidget* window : QApplication::topLevelWidgets()) {
         if (!window->isVisible() || !qobject_cast<const Form*>(window))
             continue;
-        const QSize size = window->size().expandedTo(window->minimumSizeHint());
+        const QSize size =
+            window->size().expandedTo(window->minimumSizeHint()).expandedTo(window->minimumSize());
         if (size.width() > screen.width() || size.height() > screen.height()) {
             return QStringLiteral("screen: %1 is %2 x %3")
                 .arg(windowName(window))
