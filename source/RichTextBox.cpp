@@ -61,8 +61,8 @@ RichTextBox::RichTextBox(QWidget* parent)
     applyLook();
     applySelectionColors();
     onInner(this, &QsciScintillaBase::SCN_MODIFIED, this,
-            [this](int position, int type, const char*, int, int, int, int, int, int token) {
-                onModified(position, type, token);
+            [this](int position, int type, const char*, int length, int, int, int, int, int token) {
+                onModified({position, length}, type, token);
             });
     onInner(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::onUpdate);
     m_scrollTimer.setSingleShot(true);
@@ -77,7 +77,7 @@ void RichTextBox::setUpComponent()
     send(SCI_SETEOLMODE, SC_EOL_CRLF);   // what Enter inserts
     send(SCI_SETLEXER, SCLEX_CONTAINER); // the component must not style the text
     send(SCI_SETTABINDENTS, 0);
-    send(SCI_SETWRAPMODE, SC_WRAP_WORD);
+    send(SCI_SETWRAPMODE, SC_WRAP_WHITESPACE); // not where a colour ends
     send(SCI_SETLAYOUTCACHE, SC_CACHE_PAGE);
     send(SCI_SETMULTIPLESELECTION, 0);
     send(SCI_SETMOUSESELECTIONRECTANGULARSWITCH, 0);
@@ -338,6 +338,24 @@ void RichTextBox::setColor(int start, int length, int color)
     m_colors.paint({from, toInner(qsizetype{start} + length) - from}, color);
 }
 
+void RichTextBox::setColors(int start, QByteArrayView marks, const std::vector<int>& colors)
+{
+    if (m_map.isIdentity()) {
+        m_colors.paint(start, marks, colors);
+        return;
+    }
+    // A byte of the document is a character here.
+    const qsizetype from = toInner(qsizetype{start});
+    QByteArray inner;
+    qsizetype characters = 0;
+    for (const char byte : innerText().sliced(from)) {
+        if (!isContinuation(byte) && ++characters > marks.size())
+            break;
+        inner += marks[characters - 1];
+    }
+    m_colors.paint(from, inner, colors);
+}
+
 int RichTextBox::colorAt(int position) const
 {
     return m_colors.at(toInner(qsizetype{position}));
@@ -406,6 +424,7 @@ void RichTextBox::applyLook()
     send(SCI_STYLESETFORE, STYLE_DEFAULT, 0);
     SendScintilla(SCI_STYLESETBACK, static_cast<unsigned long>(STYLE_DEFAULT), back);
     send(SCI_STYLECLEARALL); // gives all styles the default one's look
+    m_colors.applyLook();
     SendScintilla(SCI_SETCARETFORE, QColor(qGray(back.rgb()) < 128 ? Qt::white : Qt::black));
 }
 
@@ -429,13 +448,18 @@ void RichTextBox::changeEvent(QEvent* event)
 // Notifications -------------------------------------------------------------------------------------------
 
 /// Runs inside the component's edit, where nothing may be changed.
-void RichTextBox::onModified(int position, int type, int token)
+void RichTextBox::onModified(Range changed, int type, int token)
 {
     if (type & SC_MOD_CONTAINER)
         m_map.setEncoding(type & SC_PERFORMED_UNDO ? encodingBefore(token) : encodingAfter(token));
     if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) {
         m_textChanged = true;
-        m_map.changed(position);
+        m_map.changed(changed.start);
+        if (type & SC_MOD_BEFOREINSERT) {
+            m_colors.beforeInsertion(changed);
+        } else {
+            m_colors.beforeDeletion();
+        }
         notifySoon();
     }
 }
@@ -443,6 +467,7 @@ void RichTextBox::onModified(int position, int type, int token)
 /// Raises what has become due since the last time.
 void RichTextBox::notify()
 {
+    m_colors.settle();
     if (std::exchange(m_textChanged, false))
         emit Change();
     const Range now = selection();

@@ -70,6 +70,10 @@ public:
     void setSelColor(int color);
     /// Does the same with `length` bytes from `start` on, whatever is selected.
     void setColor(int start, int length, int color);
+    /// Colours many bytes at once. A byte of `marks` stands for the text's byte at its place from `start` on:
+    /// 0 leaves that as it is, n gives it the nth of `colors`, of which there are at most 255. All of them
+    /// must be in the text.
+    void setColors(int start, QByteArrayView marks, const std::vector<int>& colors);
     /// The colour number of a byte; 0, black, where none was set.
     int colorAt(int position) const;
 
@@ -78,7 +82,8 @@ public:
     /// stays); an empty text is never found.
     [[nodiscard]] int Find(const QByteArray& text, int start = -1, int end = -1, FindOptions options = {});
 
-    /// Tints the ground of some lines, counted from 0, until the text changes, and brings the first into view.
+    /// Tints the ground of some lines, counted from 0, until the text changes, and brings the first into
+    /// view.
     void markLines(const std::vector<qsizetype>& lines, const QColor& tint);
 
     /// The background's colour number.
@@ -179,7 +184,7 @@ private:
     void scrollToCaretSoon();
     void scrollToCaret();
 
-    void onModified(int position, int type, int token);
+    void onModified(Range changed, int type, int token);
     void notify();
     void notifySoon();
     void onUpdate();

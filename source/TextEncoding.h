@@ -23,4 +23,10 @@ QByteArray encode(const QString& text, TextEncoding encoding);
 /// valid UTF-8 become U+FFFD.
 QString decode(const QByteArray& bytes, TextEncoding encoding);
 
+/// Whether a byte of UTF-8 goes on with a character that began before it.
+inline bool isContinuation(char byte)
+{
+    return (byte & 0xC0) == 0x80;
+}
+
 } // namespace brindlemark

@@ -2,6 +2,8 @@
 
 #include "source/TextSearch.h"
 
+#include "source/TextEncoding.h"
+
 #include <QChar>
 #include <QString>
 #include <algorithm>
@@ -10,11 +12,6 @@
 namespace brindlemark {
 
 namespace {
-
-bool isContinuation(char byte)
-{
-    return (byte & 0xC0) == 0x80;
-}
 
 /// The size of the UTF-8 character with which `text` begins; 1 for a byte that begins none.
 qsizetype characterSize(QByteArrayView text)

@@ -205,6 +205,11 @@ private slots:
 
     void colours();
     void coloursOfAnyRange();
+    void coloursOfManyBytes();
+    void insertedTextHasTheColourAroundIt();
+    void undoneDeletionHasTheColourAroundIt();
+    void moreColoursThanStyles();
+    void coloursWrapNothing();
     void coloursAreNoPartOfTheText();
     void look();
     void selectionFollowsTheDesktop();
@@ -833,6 +838,115 @@ void TestRichTextBox::coloursOfAnyRange()
     QCOMPARE(f.box.SelStart(), 1);
     QCOMPARE(f.box.SelLength(), 2);
     QCOMPARE(f.told(), QString());
+}
+
+void TestRichTextBox::coloursOfManyBytes()
+{
+    for (const char* text : {"abcdef", "a\xC9\xE9"
+                                       "def"}) { // as UTF-8, and Western
+        Fixture f;
+        f.start(text);
+        f.select(2, 1);
+        f.box.setColor(0, 2, 0x0000FF);
+        f.box.setColors(1, QByteArray::fromHex("0102010003"), {0x030201, 0x060504, 0});
+        const QList<int> expected = {0x0000FF, 0x030201, 0x060504, 0x030201, 0, 0};
+        for (int i = 0; i < 6; ++i)
+            QCOMPARE(f.box.colorAt(i), expected[i]);
+        QCOMPARE(f.box.Text(), QByteArray(text));
+        QCOMPARE(f.box.SelStart(), 2);
+        QCOMPARE(f.told(), QString());
+    }
+}
+
+void TestRichTextBox::insertedTextHasTheColourAroundIt()
+{
+    struct Place
+    {
+        int caret;
+        int color;
+    };
+    constexpr int Red = 0x0000FF;
+    constexpr int Green = 0x00FF00;
+    // "abc" is plain, "def" red, "ghi" green, "jkl" plain, "mno" red.
+    for (const auto& [caret, color] :
+         {Place{0, 0}, Place{2, 0}, Place{3, 0}, Place{4, Red}, Place{6, Red}, Place{7, Green}, Place{9, 0},
+          Place{10, 0}, Place{12, 0}, Place{14, Red}, Place{15, 0}}) {
+        Fixture f;
+        f.start("abcdefghijklmno");
+        f.box.setColors(0, QByteArray::fromHex("000000010101020202000000010101"), {Red, Green});
+        f.box.setSelStart(caret);
+        f.type(QStringLiteral("x"));
+        f.type(QStringLiteral("é"));
+        QCOMPARE(f.box.colorAt(caret), color);
+        QCOMPARE(f.box.colorAt(caret + 2), f.box.colorAt(caret));
+        QCOMPARE(f.box.colorAt(caret + 3),
+                 QList({0, 0, 0, Red, Red, Red, Green, Green, Green, 0, 0, 0, Red, Red, Red, 0}).at(caret));
+    }
+}
+
+void TestRichTextBox::undoneDeletionHasTheColourAroundIt()
+{
+    Fixture f;
+    f.start("abcdef");
+    f.box.setColor(1, 4, 0x0000FF);
+    f.box.setSelStart(2);
+    f.box.setSelLength(2);
+    f.box.del();
+    f.box.undo();
+    QCOMPARE(f.box.Text(), QByteArray("abcdef"));
+    for (int i = 0; i < 6; ++i)
+        QCOMPARE(f.box.colorAt(i), i >= 1 && i < 5 ? 0x0000FF : 0);
+    f.box.setText("abcdef");
+    for (int i = 0; i < 6; ++i)
+        QCOMPARE(f.box.colorAt(i), 0);
+}
+
+/// The component has 248 styles to spare; one is black's.
+void TestRichTextBox::moreColoursThanStyles()
+{
+    Fixture f;
+    f.start(QByteArray(300, 'x'));
+    for (int color = 1; color <= 1000; ++color) { // those that no text has any longer make room
+        f.box.setColor(color % 100, 1, color << 8);
+        QCOMPARE(f.box.colorAt(color % 100), color << 8);
+    }
+    for (int i = 0; i < 247; ++i)
+        f.box.setColor(i, 1, i + 1);
+    f.box.setColor(247, 53, 0);
+    for (int i = 0; i < 247; ++i)
+        QCOMPARE(f.box.colorAt(i), i + 1);
+    f.box.setColor(299, 1, 0xFF0000 | 50); // there is none like it; the nearest is told
+    QVERIFY(f.box.colorAt(299) != 0);
+    for (int i = 0; i < 247; ++i)
+        QCOMPARE(f.box.colorAt(i), i + 1);
+}
+
+void TestRichTextBox::coloursWrapNothing()
+{
+    QRandomGenerator chance(1);
+    Fixture f;
+    QByteArray text;
+    for (int i = 0; i < 4000; ++i)
+        text += "ab c<d=\"e\">\t,.f"[chance.bounded(16)];
+    f.start(text);
+    const auto lines = [&] { return f.box.SendScintilla(QsciScintillaBase::SCI_WRAPCOUNT, 0UL); };
+    const auto starts = [&] {
+        QList<long> places;
+        for (long line = 0; line < lines(); ++line) {
+            const long y = line * f.box.SendScintilla(QsciScintillaBase::SCI_TEXTHEIGHT, 0UL);
+            places << f.box.SendScintilla(QsciScintillaBase::SCI_POSITIONFROMPOINT, 0UL, y);
+        }
+        return places;
+    };
+    f.box.grab();
+    const QList<long> plain = starts();
+    QVERIFY(plain.size() > 10);
+    QByteArray marks(text.size(), 0);
+    for (char& mark : marks)
+        mark = char(chance.bounded(4));
+    f.box.setColors(0, marks, {0x0000FF, 0x00FF00, 0xFF0000});
+    f.box.grab();
+    QCOMPARE(starts(), plain);
 }
 
 void TestRichTextBox::coloursAreNoPartOfTheText()
