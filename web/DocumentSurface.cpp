@@ -115,8 +115,8 @@ void DocumentSurface::Navigate(const QString& address)
         tellNoAddress(text);
         return;
     }
-    const bool isPlaceInPage = content() == Content::Loaded && url.hasFragment() &&
-                               url.matches(page()->url(), QUrl::RemoveFragment);
+    const bool isPlaceInPage =
+        content() == Content::Loaded && url.hasFragment() && url.matches(page()->url(), QUrl::RemoveFragment);
     const bool hasText = designMode() == DesignMode::On || length() > 0;
     if (hasText && !isPlaceInPage) {
         fetch(url);
@@ -377,10 +377,15 @@ FindResult DocumentSurface::find(const QString& text, bool backwards, bool match
     QWebEnginePage::FindFlags flags;
     flags.setFlag(QWebEnginePage::FindBackward, backwards);
     flags.setFlag(QWebEnginePage::FindCaseSensitively, matchCase);
+    QObject search; // a page that is only coming forgets what it was asked
     const Answer answer = ask([&](const auto& found) {
-        page()->findText(text, flags, [found](const QWebEngineFindTextResult& result) {
-            found(QVariantList{result.numberOfMatches(), result.activeMatch()});
-        });
+        const auto begin = [this, text, flags, found] {
+            page()->findText(text, flags, [found](const QWebEngineFindTextResult& result) {
+                found(QVariantList{result.numberOfMatches(), result.activeMatch()});
+            });
+        };
+        onInner(page(), &QWebEnginePage::loadFinished, &search, begin);
+        begin();
     });
     const QVariantList counts = answer.value.value_or(QVariantList{0, 0}).toList();
     return {counts.at(0).toInt(), counts.at(1).toInt()};

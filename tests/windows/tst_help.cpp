@@ -16,9 +16,11 @@
 #include <QMenuBar>
 #include <QRegularExpression>
 #include <QSet>
+#include <QSignalSpy>
 #include <QTextDocumentFragment>
 #include <QToolBar>
 #include <QToolButton>
+#include <QWebEnginePage>
 
 using namespace brindlemark;
 
@@ -243,6 +245,7 @@ private slots:
     void searchFilters();
     void emptySearchShowsAll();
     void linkOutOfTheSearch();
+    void searchOfAPageThatIsComing();
     void withoutScripts();
 
 private:
@@ -518,6 +521,25 @@ void TestHelp::linkOutOfTheSearch()
     clickInPage(QStringLiteral("#characters a[href=\"#symbols\"]"));
     QTRY_VERIFY(sectionShows(QStringLiteral("symbols")));
     QVERIFY(visibleSections().size() > 40);
+}
+
+/// A hand that is quicker than the page.
+void TestHelp::searchOfAPageThatIsComing()
+{
+    const MainWindow main;
+    for (int i = 0; i < 12; ++i) {
+        form<FrmHelp>()->showSection(QString());
+        DocumentSurface* page = form<FrmHelp>()->WebBrowser1;
+        QTest::qWait(i % 4); // somewhere in the coming
+        auto* inner = page->findChild<QWebEnginePage*>();
+        QVERIFY(inner);
+        const QSignalSpy ends(inner,
+                              &QWebEnginePage::renderProcessTerminated); // one that gives no answer is ended
+        static_cast<void>(page->find(QStringLiteral("lamp")));
+        QCOMPARE(ends.size(), 0);
+        form<FrmHelp>()->Unload();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
 }
 
 void TestHelp::withoutScripts()
