@@ -171,8 +171,9 @@ QByteArray TextColors::stylesIn(TextRange range) const
     QByteArray cells(2 * range.length + 2, 0); // each byte of the text with its style, and an end
     m_component.SendScintilla(Component::SCI_GETSTYLEDTEXT, long(range.start), long(range.end()),
                               cells.data());
+    char* style = cells.data();
     for (qsizetype i = 0; i < range.length; ++i)
-        cells[i] = cells.at(2 * i + 1);
+        style[i] = style[2 * i + 1];
     cells.truncate(range.length);
     return cells;
 }
