@@ -6,6 +6,8 @@
 
 #include <QList>
 
+class QWidget;
+
 namespace brindlemark {
 
 /// A text as users type or paste it by chance.
