@@ -80,9 +80,10 @@ void makeRoom(const QString& folder)
 {
     qint64 bytes = 0;
     qsizetype texts = 0;
-    const QStringList names = namesIn(folder);
-    for (auto name = names.crbegin(); name != names.crend(); ++name) {
-        const QString path = folder + u'/' + *name;
+    QStringList names = namesIn(folder);
+    std::ranges::reverse(names);
+    for (const QString& name : std::as_const(names)) {
+        const QString path = folder + u'/' + name;
         bytes += QFileInfo(path).size();
         if (++texts > EarlierTexts::MostTexts || bytes > EarlierTexts::MostBytes)
             QFile::remove(path);
@@ -123,9 +124,9 @@ bool EarlierTexts::keepFile(const QString& path, const QByteArray& next)
     if (file.size() > LongestText)
         return false;
     try {
-        const QByteArray old = readFile(path);
+        QByteArray old = readFile(path);
         if (old != next)
-            keep(path, Dropped::Overwritten, [old] { return old; });
+            keep(path, Dropped::Overwritten, [old = std::move(old)] { return old; });
     } catch (const RuntimeError&) {
         // What can't be read can't be kept; the save goes on, and tells if it fails too.
     }

@@ -83,10 +83,11 @@ void FrmWeb::keepGivenUp()
     if (SSTab1->Tab() == EditorTab)
         return;
     keepUnread();
-    if (m_document->isSurfaceKept())
+    if (m_document->isSurfaceKept()) {
         m_earlier->keep(
             m_document->name(), Dropped::GivenUp,
             [html = m_lastShown, encoding = RichTextBox1->textEncoding()] { return encode(html, encoding); });
+    }
 }
 
 /// Keeps the file that a save of `text` is about to replace. A text that is longer than what is kept can't be

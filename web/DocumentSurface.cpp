@@ -250,7 +250,7 @@ void DocumentSurface::dropComing()
 DocumentSurface::Coming DocumentSurface::releaseComing()
 {
     m_comingTimer.stop();
-    const Coming given = std::exchange(m_coming, {});
+    Coming given = std::exchange(m_coming, {});
     if (given.page)
         given.page->disconnect(this);
     return given;

@@ -98,9 +98,10 @@ void offer(Unfinished::Kind kind, const Message& question,
             journal.leave();
             return; // others are offered at the next start
         case MsgAnswer::No:
-            if (kind == Unfinished::Kind::Terms && loadedEditor())
+            if (kind == Unfinished::Kind::Terms && loadedEditor()) {
                 loadedEditor()->earlierTexts().keep(left->document, Dropped::Declined,
                                                     [text = left->text] { return text; });
+            }
             journal.clear();
             break;
         default:
