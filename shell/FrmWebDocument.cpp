@@ -104,7 +104,7 @@ void FrmWeb::SaveFileAs(const QString& path)
 
 QString FrmWeb::GetHexColor(int& color) const
 {
-    const QString text = colorText(color);
+    QString text = colorText(color);
     color /= 65536;
     return text;
 }

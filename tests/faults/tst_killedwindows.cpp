@@ -84,8 +84,8 @@ void typeForEver(const QString& folder, bool onPage)
                                             {form<FrmBuild1>(), "UnfinishedTimer"},
                                             {form<FrmTerms>(), "KeepTimer"}})
             window->findChild<QTimer*>(QLatin1String(timer))->start(0);
-        std::printf("%d\n", number);
-        std::fflush(stdout);
+        static_cast<void>(std::printf("%d\n", number));
+        static_cast<void>(std::fflush(stdout));
     });
     hand.start(20);
     QApplication::exec();

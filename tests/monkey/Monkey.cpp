@@ -184,10 +184,11 @@ void pressKey(const Action& action)
     const QKeyCombination key = keys[0];
     // The toolkit's function gives a text to letters alone.
     QString text;
-    if (key.key() == Qt::Key_Space)
+    if (key.key() == Qt::Key_Space) {
         text = QStringLiteral(" ");
-    else if (key.key() == Qt::Key_Return)
+    } else if (key.key() == Qt::Key_Return) {
         text = QStringLiteral("\r");
+    }
     strike(key.key(), text, key.keyboardModifiers());
 }
 
@@ -476,10 +477,11 @@ Action Monkey::choose(Random& random)
     } else if (dice < 184) {
         is("tool", {QString::number(random.number(int(ToolCount)))});
     } else if (dice < 190) {
-        if (form != web || random.number(10) == 0)
+        if (form != web || random.number(10) == 0) {
             is("close", {windowName(form)});
-        else
+        } else {
             is("tab", {windowName(form), QString::number(random.number(3))});
+        }
     } else if (dice < 193) {
         is("copy", {random.chance() ? QStringLiteral("html") : QStringLiteral("text"), randomTyping(random)});
     } else if (dice < 194) {

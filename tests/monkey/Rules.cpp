@@ -134,9 +134,9 @@ QString Rules::files(bool twice)
 
 QString Rules::after(bool twice)
 {
-    if (const QString wrong = windows(); !wrong.isEmpty())
+    if (QString wrong = windows(); !wrong.isEmpty())
         return wrong;
-    if (const QString wrong = files(twice); !wrong.isEmpty())
+    if (QString wrong = files(twice); !wrong.isEmpty())
         return wrong;
     const QString warning = takeWarning();
     return warning.isEmpty() ? QString() : QStringLiteral("warning: ") + warning;

@@ -916,9 +916,10 @@ void TestMainWindow::anyDamageIsGotOver()
             break;
         default: { // a value
             const qsizetype equals = bytes.indexOf('=', place);
-            if (equals >= 0)
+            if (equals >= 0) {
                 bytes.replace(equals + 1, qMax(0, bytes.indexOf('\r', equals) - equals - 1),
                               QByteArray::number(chance.generate64()));
+            }
         }
         }
         folder.write(file, bytes);
