@@ -424,7 +424,9 @@ void TestHighlight::waitWindow()
     bool onTop = false;
     bool leavesTheKeyboard = false;
     int width = 0;
-    QTimer::singleShot(0, desk.web.get(), [&] {
+    QTimer soonest;
+    soonest.setSingleShot(true);
+    connect(&soonest, &QTimer::timeout, this, [&] {
         Wait* wait = form<Wait>();
         width = wait->width();
         caption = wait->windowTitle();
@@ -435,6 +437,7 @@ void TestHighlight::waitWindow()
             family = label->font().family();
         }
     });
+    soonest.start(0);
     desk.web->munhighlight->trigger();
     QCOMPARE(caption, QStringLiteral("loading..."));
     QCOMPARE(texts, QStringList{"Please wait. . ."});
@@ -452,7 +455,10 @@ void TestHighlight::eventsAreServedDuringTheWork()
     RichTextBox box;
     box.setText(QByteArray("<b>\r\n").repeated(1'000'000)); // takes far longer than what needs no sign
     bool served = false;
-    QTimer::singleShot(0, &box, [&] { served = true; });
+    QTimer soonest;
+    soonest.setSingleShot(true);
+    connect(&soonest, &QTimer::timeout, this, [&] { served = true; });
+    soonest.start(0);
     highlight(box, {.tags = 1, .values = 1, .comments = 1, .scripts = 1, .text = 1});
     QVERIFY(served);
     QVERIFY(!QGuiApplication::overrideCursor());
@@ -654,7 +660,10 @@ void TestHighlight::tabChangeWhileItIsUnderWay()
     // The pauses serve events, so the user may be elsewhere when the rest is done.
     Desk desk;
     desk.box->setText("<b>x");
-    QTimer::singleShot(20, desk.web.get(), [&] { desk.web->SSTab1->setTab(FrmWeb::InternetTab); });
+    QTimer hand;
+    hand.setSingleShot(true);
+    connect(&hand, &QTimer::timeout, this, [&] { desk.web->SSTab1->setTab(FrmWeb::InternetTab); });
+    hand.start(20);
     desk.web->munhighlight->trigger();
     QCOMPARE(desk.web->SSTab1->Tab(), static_cast<int>(FrmWeb::InternetTab));
     QVERIFY(!waitIsVisible());
