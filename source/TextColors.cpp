@@ -14,9 +14,10 @@ namespace {
 
 using Component = QsciScintillaBase;
 
-/// How many styles there are for colours, black too: the component has others of its own in their middle.
+/// The component has styles of its own in the middle of the others.
 constexpr int FirstOwn = Component::STYLE_DEFAULT;
 constexpr int OwnStyles = Component::STYLE_LASTPREDEFINED - FirstOwn + 1;
+/// How many are left for colours, black too.
 constexpr int MostStyles = 256 - OwnStyles;
 
 /// The component's number of the nth style, and the other way round.
