@@ -12,8 +12,10 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPointer>
 #include <QWheelEvent>
 #include <limits>
+#include <utility>
 
 namespace brindlemark {
 
@@ -99,26 +101,34 @@ void ComboBox::showPopup()
     });
 }
 
-/// The toolkit closes the list as soon as a key is announced, and the key itself, which follows at once,
-/// comes to whatever has the keyboard then.
+/// The toolkit chooses and closes as soon as a key is announced, and the key itself, which follows at once,
+/// comes to whatever has the keyboard then, be it after the dialog that the choice has opened. So the list
+/// hears of a key with the key itself.
 bool ComboBox::eventFilter(QObject* watched, QEvent* event)
 {
     return guardedCall([&] {
-        if (event->type() == QEvent::ShortcutOverride) {
-            m_keyIsTheLists = true;
-            soon(this, [this] { m_keyIsTheLists = false; });
+        const bool isTold = std::exchange(m_tellsList, false);
+        if (event->type() == QEvent::ShortcutOverride && !isTold) {
+            event->accept();
+            return true;
         }
-        return QComboBox::eventFilter(watched, event);
+        return event->type() == QEvent::KeyPress ? closesList(static_cast<const QKeyEvent&>(*event))
+                                                 : QComboBox::eventFilter(watched, event);
     });
+}
+
+bool ComboBox::closesList(const QKeyEvent& key)
+{
+    const QPointer<ComboBox> here(this); // the choice may close the window
+    QKeyEvent told(QEvent::ShortcutOverride, key.key(), key.modifiers(), key.text(), key.isAutoRepeat());
+    m_tellsList = true;
+    QCoreApplication::sendEvent(view(), &told);
+    return here.isNull() || !view()->isVisible();
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event)
 {
     guardedCall([&] {
-        if (m_keyIsTheLists) {
-            event->accept();
-            return;
-        }
         const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
         if (!enter || !isEditable()) {
             if (!m_choiceActs || !choosesWhileClosed(*event)) {

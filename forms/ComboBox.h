@@ -71,10 +71,11 @@ protected:
 
 private:
     bool choosesWhileClosed(const QKeyEvent& event) const;
+    bool closesList(const QKeyEvent& key);
 
     bool m_choiceActs = false;
     bool m_clearPlaceholder = false;
-    bool m_keyIsTheLists = false; // a key has just been announced to the open list
+    bool m_tellsList = false; // what is announced now is for the open list
 };
 
 } // namespace brindlemark

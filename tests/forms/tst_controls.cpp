@@ -333,6 +333,8 @@ private slots:
     void comboWhoseChoiceActsOpens();
     void keyThatClosesTheListIsSpent_data();
     void keyThatClosesTheListIsSpent();
+    void keyWhoseChoiceOpensADialogIsSpent();
+    void choiceThatEndsTheBox();
     void comboTypingChangesTheTextOnly();
     void comboEnterIsConsumed();
     void comboWithoutFieldHasNoEnter();
@@ -1256,6 +1258,55 @@ void TestControls::keyThatClosesTheListIsSpent()
         QTest::keyClick(window.windowHandle(), key);
         QCOMPARE(editable ? enters.size() : clicks.size(), 1);
     }
+}
+
+/// The dialog is over before the key that chose has reached anything else.
+void TestControls::keyWhoseChoiceOpensADialogIsSpent()
+{
+    QDialog window;
+    QVBoxLayout layout(&window);
+    ComboBox box;
+    box.AddItem(QStringLiteral("a"));
+    QPushButton other;
+    other.setDefault(true);
+    layout.addWidget(&box);
+    layout.addWidget(&other);
+    int dialogs = 0;
+    connect(&box, &ComboBox::Click, &window, [&] {
+        QDialog dialog(&window);
+        QTimer answer;
+        connect(&answer, &QTimer::timeout, &dialog, &QDialog::accept);
+        answer.start(0);
+        dialog.exec();
+        ++dialogs;
+    });
+    show(window);
+    box.setFocus();
+    const QSignalSpy clicks(&other, &QPushButton::clicked);
+
+    QTest::keyClick(window.windowHandle(), Qt::Key_Down, Qt::AltModifier);
+    QTRY_VERIFY(box.view()->isVisible());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Down);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+    QTRY_COMPARE(dialogs, 1);
+    QVERIFY(!box.view()->isVisible());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space); // a key later
+    QCOMPARE(clicks.size(), 0);
+}
+
+void TestControls::choiceThatEndsTheBox()
+{
+    QDialog window;
+    auto* box = new ComboBox(&window);
+    const QPointer<ComboBox> watched(box);
+    box->AddItem(QStringLiteral("a"));
+    connect(box, &ComboBox::Click, &window, [box] { delete box; });
+    show(window);
+    box->showPopup();
+    QTRY_VERIFY(box->view()->isVisible());
+    QTest::keyClick(box->view(), Qt::Key_Down);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+    QTRY_VERIFY(watched.isNull());
 }
 
 void TestControls::comboTypingChangesTheTextOnly()
