@@ -2,6 +2,7 @@
 
 #include "Hand.h"
 
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
@@ -113,21 +114,33 @@ int Program::exitCode()
     return m_process.exitStatus() == QProcess::NormalExit ? m_process.exitCode() : -1;
 }
 
+/// The numbers of the program's visible windows of which this is true, too. A search falls over a window that
+/// goes meanwhile, a list or a tip maybe, and is then made again: it has not found that there is none.
+QStringList Program::search(const QStringList& condition) const
+{
+    const QStringList arguments =
+        QStringList{QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
+                    QStringLiteral("--pid"), QString::number(m_process.processId())} +
+        condition;
+    QProcess tool;
+    for (QDeadlineTimer limit(Patience); !limit.hasExpired();) {
+        tool.start(QStringLiteral("xdotool"), arguments);
+        if (tool.waitForFinished(Patience) && tool.readAllStandardError().isEmpty())
+            return QString::fromUtf8(tool.readAllStandardOutput()).split(u'\n', Qt::SkipEmptyParts);
+    }
+    QTest::qFail("the display's windows can't be searched", __FILE__, __LINE__);
+    return {};
+}
+
 QString Program::window(const QString& title) const
 {
     const QString pattern = u'^' + QRegularExpression::escape(title) + u'$';
-    const QString found = xdotool(
-        {QStringLiteral("search"), QStringLiteral("--all"), QStringLiteral("--onlyvisible"),
-         QStringLiteral("--pid"), QString::number(m_process.processId()), QStringLiteral("--name"), pattern});
-    return found.section(u'\n', 0, 0);
+    return search({QStringLiteral("--name"), pattern}).value(0);
 }
 
 qsizetype Program::visibleWindows() const
 {
-    return xdotool({QStringLiteral("search"), QStringLiteral("--onlyvisible"), QStringLiteral("--pid"),
-                    QString::number(m_process.processId())})
-        .split(u'\n', Qt::SkipEmptyParts)
-        .size();
+    return search({}).size();
 }
 
 bool Program::waitFor(const QString& title) const

@@ -89,6 +89,8 @@ public:
     void press(const QString& dialog, const QString& keyName) const;
 
 private:
+    QStringList search(const QStringList& condition) const;
+
     std::optional<QTemporaryDir> m_ownFolder;
     QString m_folder;
     QTemporaryFile m_errors;
