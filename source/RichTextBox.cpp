@@ -2,15 +2,16 @@
 
 #include "source/RichTextBox.h"
 
+#include "platform/Accessible.h"
 #include "platform/ColorNumber.h"
 #include "platform/DesktopLook.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
+#include "source/AccessibleSource.h"
 #include "source/RichTextBoxStep.h"
 #include "source/SourceClip.h"
 
-#include <QAccessible>
 #include <QApplication>
 #include <QFontInfo>
 #include <QKeyEvent>
@@ -57,7 +58,6 @@ RichTextBox::RichTextBox(QWidget* parent)
 {
     setUpComponent();
     setUpKeys();
-    listenToEdits();
     applyLook();
     applySelectionColors();
     onInner(this, &QsciScintillaBase::SCN_MODIFIED, this,
@@ -73,6 +73,9 @@ RichTextBox::RichTextBox(QWidget* parent)
 
 void RichTextBox::setUpComponent()
 {
+    describeClass(staticMetaObject, accessibleSource);
+    // With each notification after an edit the component counts the characters from the text's beginning.
+    send(SCI_SETMODEVENTMASK, SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE | SC_MOD_CONTAINER);
     send(SCI_SETCODEPAGE, SC_CP_UTF8);
     send(SCI_SETEOLMODE, SC_EOL_CRLF);   // what Enter inserts
     send(SCI_SETLEXER, SCLEX_CONTAINER); // the component must not style the text
@@ -104,17 +107,6 @@ void RichTextBox::setUpKeys()
     };
     for (const int key : unwanted)
         send(SCI_CLEARCMDKEY, key);
-}
-
-/// The notifications after an edit take the longer the further back it is, as the component counts the
-/// characters before it for screen readers: they are on only while one is running. Those before an edit cost
-/// nothing.
-void RichTextBox::listenToEdits()
-{
-    int events = SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE | SC_MOD_CONTAINER;
-    if (QAccessible::isActive())
-        events |= SC_MOD_INSERTTEXT | SC_MOD_DELETETEXT;
-    send(SCI_SETMODEVENTMASK, events);
 }
 
 long RichTextBox::send(unsigned message, qsizetype first, qsizetype second) const
@@ -454,27 +446,43 @@ void RichTextBox::onModified(Range changed, int type, int token)
         m_map.setEncoding(type & SC_PERFORMED_UNDO ? encodingBefore(token) : encodingAfter(token));
     if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) {
         m_textChanged = true;
+        tellInserted();
         m_map.changed(changed.start);
         if (type & SC_MOD_BEFOREINSERT) {
             m_colors.beforeInsertion(changed);
+            m_units.beforeInsertion(changed);
+            m_inserted = changed;
         } else {
             m_colors.beforeDeletion();
+            tellDeletion(*this, changed);
+            m_units.beforeDeletion(changed);
         }
         notifySoon();
     }
 }
 
+/// The component doesn't say what is about to come in, so it is told of when it is there.
+void RichTextBox::tellInserted()
+{
+    if (const std::optional<Range> inserted = std::exchange(m_inserted, {}))
+        tellInsertion(*this, *inserted);
+}
+
 /// Raises what has become due since the last time.
 void RichTextBox::notify()
 {
+    tellInserted();
     m_colors.settle();
-    if (std::exchange(m_textChanged, false))
+    const bool textChanged = std::exchange(m_textChanged, false);
+    if (textChanged)
         emit Change();
     const Range now = selection();
-    if (std::exchange(m_selectionSet, false) || now != m_toldSelection) {
-        m_toldSelection = now;
+    const bool selectionChanged = std::exchange(m_selectionSet, false) || now != m_toldSelection;
+    m_toldSelection = now;
+    if (textChanged || selectionChanged)
+        tellCaret(*this);
+    if (selectionChanged)
         emit SelChange();
-    }
 }
 
 /// For changes that come from no call and no event of the box: a screen reader's edits, a selection that goes

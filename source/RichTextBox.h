@@ -7,6 +7,7 @@
 #include "source/TextColors.h"
 #include "source/TextEncoding.h"
 #include "source/TextSearch.h"
+#include "source/TextUnits.h"
 
 #include <Qsci/qsciscintillabase.h>
 
@@ -16,6 +17,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QLabel;
@@ -104,6 +106,9 @@ public:
     QByteArray encode(const QString& text) const { return brindlemark::encode(text, textEncoding()); }
     QString decode(const QByteArray& bytes) const { return brindlemark::decode(bytes, textEncoding()); }
 
+    /// How those who count in UTF-16 units find their way in the component's text.
+    TextUnits& units() { return m_units; }
+
     /// Makes all edits of its lifetime one step of undo.
     class UndoGroup
     {
@@ -142,7 +147,6 @@ signals:
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
@@ -185,13 +189,13 @@ private:
     void scrollToCaret();
 
     void onModified(Range changed, int type, int token);
+    void tellInserted();
     void notify();
     void notifySoon();
     void onUpdate();
 
     void setUpComponent();
     void setUpKeys();
-    void listenToEdits();
     void applyLook();
     void applySelectionColors();
 
@@ -215,6 +219,7 @@ private:
 
     ByteMap m_map;
     TextColors m_colors;
+    TextUnits m_units{*this};
     int m_backColor = 0xFFFFFF;
     QFont m_textFont;
 
@@ -222,7 +227,8 @@ private:
     bool m_overtyping = false; // a step of undo is open
     int m_steps = 0;           // how many changes are under way, one inside another
     bool m_textChanged = false;
-    bool m_selectionSet = false; // to be told even if it is the same
+    std::optional<Range> m_inserted; // readers don't know of it yet
+    bool m_selectionSet = false;     // to be told even if it is the same
     Range m_toldSelection;
     QTimer m_notifyTimer;
     QTimer m_scrollTimer;

@@ -55,14 +55,6 @@ bool RichTextBox::event(QEvent* event)
     });
 }
 
-void RichTextBox::focusInEvent(QFocusEvent* event)
-{
-    guardedCall([&] {
-        listenToEdits();
-        QsciScintillaBase::focusInEvent(event);
-    });
-}
-
 /// Tab types; Shift+Tab leaves the box, as Ctrl+Tab does (see keyPressEvent).
 bool RichTextBox::focusNextPrevChild(bool next)
 {
