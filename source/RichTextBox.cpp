@@ -64,6 +64,7 @@ RichTextBox::RichTextBox(QWidget* parent)
             [this](int position, int type, const char*, int length, int, int, int, int, int token) {
                 onModified({position, length}, type, token);
             });
+    onInner(this, &QsciScintillaBase::SCN_STYLENEEDED, this, [this](int end) { m_colors.cutLongLines(end); });
     onInner(this, &QsciScintillaBase::SCN_UPDATEUI, this, &RichTextBox::onUpdate);
     m_scrollTimer.setSingleShot(true);
     onInner(&m_scrollTimer, &QTimer::timeout, this, &RichTextBox::scrollToCaret);

@@ -31,6 +31,14 @@ constexpr size_t styleOf(int number)
     return size_t(number < FirstOwn ? number : number - OwnStyles);
 }
 
+/// The styles of black. With three, a stretch can always differ from its neighbours.
+constexpr int PlainStyles = 3;
+
+constexpr bool isPlain(int style)
+{
+    return style < PlainStyles;
+}
+
 /// How unlike two colours look.
 int difference(int one, int other)
 {
@@ -44,7 +52,7 @@ int difference(int one, int other)
 
 } // namespace
 
-TextColors::TextColors(QsciScintillaBase& component) : m_component(component), m_colors{0} {}
+TextColors::TextColors(QsciScintillaBase& component) : m_component(component), m_colors(PlainStyles, 0) {}
 
 long TextColors::send(unsigned message, qsizetype first, qsizetype second) const
 {
@@ -91,9 +99,12 @@ std::vector<ColorRun> TextColors::in(TextRange range) const
     std::vector<ColorRun> runs;
     const QByteArray styles = stylesIn(range);
     for (auto at = styles.begin(); at != styles.end();) {
-        const auto end = std::find_if(at, styles.end(), [at](char style) { return style != *at; });
-        runs.push_back({{range.start + (at - styles.begin()), end - at},
-                        m_colors[styleOf(static_cast<uchar>(*at))].value_or(0)});
+        const auto colorOf = [this](char style) {
+            return m_colors[styleOf(static_cast<uchar>(style))].value_or(0);
+        };
+        const int color = colorOf(*at);
+        const auto end = std::find_if(at, styles.end(), [&](char style) { return colorOf(style) != color; });
+        runs.push_back({{range.start + (at - styles.begin()), end - at}, color});
         at = end;
     }
     return runs;
@@ -109,8 +120,9 @@ void TextColors::beforeInsertion(TextRange inserted)
 {
     settle();
     // Between two colours it is the first one that goes on, and none does before plain text.
-    const bool within = inserted.start > 0 && styleAt(inserted.start) != 0;
-    if (const int style = within ? styleAt(inserted.start - 1) : 0)
+    const bool within = inserted.start > 0 && !isPlain(styleAt(inserted.start));
+    const int style = within ? styleAt(inserted.start - 1) : 0;
+    if (!isPlain(style))
         m_inserted = {inserted, style};
 }
 
@@ -121,6 +133,55 @@ void TextColors::settle() const
         return;
     send(Component::SCI_STARTSTYLING, inserted->range.start);
     send(Component::SCI_SETSTYLING, inserted->range.length, inserted->style);
+}
+
+void TextColors::cutLongLines(qsizetype end) const
+{
+    constexpr int LongLine = 2000; // bytes
+    const long first = send(Component::SCI_DOCLINEFROMVISIBLE, send(Component::SCI_GETFIRSTVISIBLELINE));
+    const long known = send(Component::SCI_LINEFROMPOSITION, send(Component::SCI_GETENDSTYLED));
+    const long last = send(Component::SCI_LINEFROMPOSITION, end);
+    for (long line = std::max(first, known); line <= last; ++line) {
+        const long length = send(Component::SCI_LINELENGTH, line);
+        if (length > LongLine)
+            cut({send(Component::SCI_POSITIONFROMLINE, line), length});
+    }
+    send(Component::SCI_STARTSTYLING, end); // up to there all is as it should be
+}
+
+/// A stretch begins at a blank and at a tag. Where it looks like the one before, it takes a style that
+/// neither neighbour has, so that after an edit only what is new is cut.
+void TextColors::cut(TextRange line) const
+{
+    const QByteArray cells = cellsIn(line);
+    std::vector<uchar> styles(size_t(line.length));
+    for (size_t i = 0; i < styles.size(); ++i)
+        styles[i] = uchar(cells[2 * qsizetype(i) + 1]);
+    const auto begins = [&](size_t i) {
+        const char byte = cells[2 * qsizetype(i)];
+        return byte == ' ' || byte == '<' || styles[i] != styles[i - 1];
+    };
+    bool changed = false;
+    int before = -1; // no style
+    for (size_t start = 0, end = 0; start < styles.size(); start = end) {
+        end = start + 1;
+        while (end < styles.size() && !begins(end))
+            ++end;
+        if (styles[start] == before && isPlain(before)) {
+            const int behind = end < styles.size() ? styles[end] : -1;
+            uchar other = 0;
+            while (other == before || other == behind)
+                ++other;
+            std::fill(styles.begin() + qsizetype(start), styles.begin() + qsizetype(end), other);
+            changed = true;
+        }
+        before = styles[start];
+    }
+    if (!changed)
+        return;
+    send(Component::SCI_STARTSTYLING, line.start);
+    m_component.SendScintilla(Component::SCI_SETSTYLINGEX, static_cast<uintptr_t>(styles.size()),
+                              reinterpret_cast<const char*>(styles.data()));
 }
 
 int TextColors::styleAt(qsizetype position) const
@@ -156,7 +217,7 @@ int TextColors::styleFor(int color)
 /// Takes their colours from the styles that the text has no longer.
 void TextColors::freeStyles()
 {
-    std::array<bool, MostStyles> used = {true};
+    std::array<bool, MostStyles> used = {true, true, true}; // black's
     const QByteArray styles = stylesIn({0, send(Component::SCI_GETLENGTH)});
     for (const char style : styles)
         used.at(styleOf(static_cast<uchar>(style))) = true;
@@ -166,12 +227,20 @@ void TextColors::freeStyles()
     }
 }
 
+/// Each byte of a stretch, and its style behind it.
+QByteArray TextColors::cellsIn(TextRange range) const
+{
+    QByteArray cells(2 * range.length + 2, 0); // the component adds an end
+    m_component.SendScintilla(Component::SCI_GETSTYLEDTEXT, long(range.start), long(range.end()),
+                              cells.data());
+    cells.chop(2);
+    return cells;
+}
+
 /// The styles' numbers in a stretch.
 QByteArray TextColors::stylesIn(TextRange range) const
 {
-    QByteArray cells(2 * range.length + 2, 0); // each byte of the text with its style, and an end
-    m_component.SendScintilla(Component::SCI_GETSTYLEDTEXT, long(range.start), long(range.end()),
-                              cells.data());
+    QByteArray cells = cellsIn(range);
     char* style = cells.data();
     for (qsizetype i = 0; i < range.length; ++i)
         style[i] = style[2 * i + 1];

@@ -15,7 +15,8 @@ namespace brindlemark {
 /// The colours of the characters in the component, by its own positions. They are no part of the text: they
 /// raise no notification and are never undone. What is inserted within a colour has it too.
 ///
-/// The component keeps a style for each byte; a style stands for a colour here.
+/// The component keeps a style for each byte; a style stands for a colour here. Black has a few, which look
+/// the same: the component measures what it draws stretch by stretch, and remembers short ones.
 class TextColors
 {
 public:
@@ -40,6 +41,10 @@ public:
     /// Colours what was inserted last.
     void settle() const;
 
+    /// To be called before the component draws text up to `end`, as it asks for. Cuts long lines into short
+    /// stretches, so that each letter in them doesn't have the whole line measured.
+    void cutLongLines(qsizetype end) const;
+
 private:
     struct Inserted
     {
@@ -51,10 +56,12 @@ private:
     int styleAt(qsizetype position) const;
     int styleFor(int color);
     void freeStyles();
+    QByteArray cellsIn(TextRange range) const;
     QByteArray stylesIn(TextRange range) const;
+    void cut(TextRange line) const;
 
     QsciScintillaBase& m_component;
-    std::vector<std::optional<int>> m_colors; // of the styles, by their order; the first is black
+    std::vector<std::optional<int>> m_colors; // of the styles, by their order; the first are black
     mutable std::optional<Inserted> m_inserted;
 };
 

@@ -209,6 +209,7 @@ private slots:
     void insertedTextHasTheColourAroundIt();
     void undoneDeletionHasTheColourAroundIt();
     void moreColoursThanStyles();
+    void longLinesAreCut();
     void coloursWrapNothing();
     void coloursAreNoPartOfTheText();
     void look();
@@ -901,7 +902,7 @@ void TestRichTextBox::undoneDeletionHasTheColourAroundIt()
         QCOMPARE(f.box.colorAt(i), 0);
 }
 
-/// The component has 248 styles to spare; one is black's.
+/// The component has 248 styles to spare; three are black's.
 void TestRichTextBox::moreColoursThanStyles()
 {
     Fixture f;
@@ -910,15 +911,60 @@ void TestRichTextBox::moreColoursThanStyles()
         f.box.setColor(color % 100, 1, color << 8);
         QCOMPARE(f.box.colorAt(color % 100), color << 8);
     }
-    for (int i = 0; i < 247; ++i)
+    for (int i = 0; i < 245; ++i)
         f.box.setColor(i, 1, i + 1);
-    f.box.setColor(247, 53, 0);
-    for (int i = 0; i < 247; ++i)
+    f.box.setColor(245, 55, 0);
+    for (int i = 0; i < 245; ++i)
         QCOMPARE(f.box.colorAt(i), i + 1);
     f.box.setColor(299, 1, 0xFF0000 | 50); // there is none like it; the nearest is told
     QVERIFY(f.box.colorAt(299) != 0);
-    for (int i = 0; i < 247; ++i)
+    for (int i = 0; i < 245; ++i)
         QCOMPARE(f.box.colorAt(i), i + 1);
+}
+
+/// Stretches of one style in a line are short once it has been drawn, and stay so while one types.
+void TestRichTextBox::longLinesAreCut()
+{
+    Fixture f;
+    QByteArray line;
+    for (int i = 0; i < 500; ++i)
+        line += "<TD>word " + QByteArray::number(i);
+    f.start("plain text of a short line\n" + line + "\nend");
+    const int start = 27;
+    const auto styleAt = [&](int at) {
+        return f.box.SendScintilla(QsciScintillaBase::SCI_GETSTYLEAT, static_cast<unsigned long>(at));
+    };
+    const auto longestStretch = [&](int from, int to) {
+        int longest = 0;
+        for (int at = from, first = from; at < to; ++at) {
+            if (styleAt(at) != styleAt(first))
+                first = at;
+            longest = std::max(longest, at - first + 1);
+        }
+        return longest;
+    };
+    f.box.setColor(start + 400, 20, 0x0000FF);
+    f.box.grab();
+    QCOMPARE(longestStretch(0, start), start);       // a short line is drawn quickly as it is
+    QCOMPARE(longestStretch(start, start + 400), 8); // "<TD>word"
+    QCOMPARE(longestStretch(start, int(f.box.TextLength()) - 4), 20);
+
+    f.box.setSelStart(start + 200);
+    for (const QChar letter : QStringLiteral("one two three four"))
+        f.type(letter);
+    f.box.grab();
+    QVERIFY(longestStretch(start, start + 400) < 20);
+    f.box.undo();
+    f.box.grab();
+    QVERIFY(longestStretch(start, start + 400) < 20);
+
+    const QByteArray text = f.box.Text();
+    f.box.setColor(0, int(text.size()), 0);
+    f.box.setColor(start + 100, 50, 0x00FF00);
+    f.box.grab();
+    for (int at = 0; at < text.size(); ++at)
+        QCOMPARE(f.box.colorAt(at), at >= start + 100 && at < start + 150 ? 0x00FF00 : 0);
+    QCOMPARE(f.box.Text(), text);
 }
 
 void TestRichTextBox::coloursWrapNothing()
