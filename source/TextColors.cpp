@@ -73,6 +73,7 @@ void TextColors::paint(TextRange range, int color)
     const int style = styleFor(color);
     send(Component::SCI_STARTSTYLING, range.start);
     send(Component::SCI_SETSTYLING, range.length, style);
+    send(Component::SCI_STARTSTYLING, range.start); // to be cut before it is drawn
 }
 
 void TextColors::paint(qsizetype start, QByteArrayView marks, const std::vector<int>& colors)
@@ -91,6 +92,7 @@ void TextColors::paint(qsizetype start, QByteArrayView marks, const std::vector<
     send(Component::SCI_STARTSTYLING, start);
     m_component.SendScintilla(Component::SCI_SETSTYLINGEX, static_cast<uintptr_t>(painted.size()),
                               painted.constData());
+    send(Component::SCI_STARTSTYLING, start); // to be cut before it is drawn
 }
 
 std::vector<ColorRun> TextColors::in(TextRange range) const
