@@ -68,8 +68,7 @@ public:
     QAccessibleInterface* child(int) const override { return nullptr; }
     QAccessibleInterface* childAt(int, int) const override { return nullptr; }
 
-    // The text
-    // -----------------------------------------------------------------------------------------------
+    // ---- The text
 
     int characterCount() const override
     {
@@ -88,30 +87,30 @@ public:
                              int* end) const override
     {
         return guardedCall([&] {
-            const auto ask = [&](int place) {
+            const auto answer = [&](int place) {
                 return QAccessibleTextInterface::textBeforeOffset(place, boundary, start, end);
             };
-            return nearOffset(offset, boundary, start, end, ask);
+            return nearOffset(offset, boundary, start, end, answer);
         });
     }
     QString textAtOffset(int offset, QAccessible::TextBoundaryType boundary, int* start,
                          int* end) const override
     {
         return guardedCall([&] {
-            const auto ask = [&](int place) {
+            const auto answer = [&](int place) {
                 return QAccessibleTextInterface::textAtOffset(place, boundary, start, end);
             };
-            return nearOffset(offset, boundary, start, end, ask);
+            return nearOffset(offset, boundary, start, end, answer);
         });
     }
     QString textAfterOffset(int offset, QAccessible::TextBoundaryType boundary, int* start,
                             int* end) const override
     {
         return guardedCall([&] {
-            const auto ask = [&](int place) {
+            const auto answer = [&](int place) {
                 return QAccessibleTextInterface::textAfterOffset(place, boundary, start, end);
             };
-            return nearOffset(offset, boundary, start, end, ask);
+            return nearOffset(offset, boundary, start, end, answer);
         });
     }
     /// The whole text has one face; colours are to the eye what the tags are to the ear.
@@ -126,8 +125,7 @@ public:
         });
     }
 
-    // The caret and the selection
-    // ----------------------------------------------------------------------------
+    // ---- The caret and the selection
 
     int cursorPosition() const override
     {
@@ -151,7 +149,10 @@ public:
             *end = box().units().offset(ask(box(), Scintilla::SCI_GETSELECTIONEND));
         });
     }
-    void addSelection(int start, int end) override { setSelection(0, start, end); }
+    void addSelection(int start, int end) override
+    {
+        guardedCall([&] { select({start, end}); });
+    }
     void removeSelection(int index) override
     {
         guardedCall([&] {
@@ -167,8 +168,7 @@ public:
         });
     }
 
-    // What stands where
-    // ---------------------------------------------------------------------------------------
+    // ---- What stands where
 
     void scrollToSubstring(int start, int end) override
     {
@@ -199,17 +199,19 @@ public:
         });
     }
 
-    // Editing
-    // ----------------------------------------------------------------------------------------------------
+    // ---- Editing
 
-    void deleteText(int start, int end) override { replaceText(start, end, QString()); }
-    void insertText(int offset, const QString& text) override { replaceText(offset, offset, text); }
+    void deleteText(int start, int end) override
+    {
+        guardedCall([&] { replace({start, end}, QString()); });
+    }
+    void insertText(int offset, const QString& text) override
+    {
+        guardedCall([&] { replace({offset, offset}, text); });
+    }
     void replaceText(int start, int end, const QString& text) override
     {
-        guardedCall([&] {
-            select({start, end});
-            box().setSelText(box().encode(text));
-        });
+        guardedCall([&] { replace({start, end}, text); });
     }
 
 private:
@@ -226,6 +228,12 @@ private:
             box().units().position(units.end));
     }
 
+    void replace(Units units, const QString& text)
+    {
+        select(units);
+        box().setSelText(box().encode(text));
+    }
+
     /// The line at an offset with its neighbours.
     Units linesAround(int offset) const
     {
@@ -240,16 +248,16 @@ private:
     }
 
     /// The toolkit finds words and lines in a copy of the whole text: for its time, the lines around are all.
-    template <typename Ask>
+    template <typename Answer>
     QString nearOffset(int offset, QAccessible::TextBoundaryType boundary, int* start, int* end,
-                       const Ask& ask) const
+                       const Answer& answer) const
     {
         const int count = characterCount();
         if (boundary == QAccessible::NoBoundary || offset < 0 || offset > count)
-            return ask(offset);
+            return answer(offset);
         m_passage = linesAround(offset);
         const int first = m_passage->start;
-        const QString found = ask(offset - first);
+        const QString found = answer(offset - first);
         m_passage.reset();
         for (int* place : {start, end})
             *place += *place < 0 ? 0 : first;
