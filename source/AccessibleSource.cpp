@@ -257,7 +257,7 @@ private:
             return answer(offset);
         m_passage = linesAround(offset);
         const int first = m_passage->start;
-        const QString found = answer(offset - first);
+        QString found = answer(offset - first);
         m_passage.reset();
         for (int* place : {start, end})
             *place += *place < 0 ? 0 : first;

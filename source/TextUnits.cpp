@@ -76,9 +76,10 @@ void TextUnits::beforeChange(qsizetype position)
 void TextUnits::countInserted()
 {
     const TextRange inserted = std::exchange(m_inserted, {});
-    if (m_end && inserted.length > 0)
+    if (m_end && inserted.length > 0) {
         m_end = Place{m_end->position + inserted.length,
                       m_end->offset + unitsBetween(inserted.start, inserted.end())};
+    }
 }
 
 int TextUnits::unitsBetween(qsizetype start, qsizetype end) const

@@ -13,11 +13,13 @@
 #include <QButtonGroup>
 #include <QDialog>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QStyleOptionSlider>
 #include <QTabBar>
 #include <QTest>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 #include <functional>
