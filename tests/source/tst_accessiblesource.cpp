@@ -4,6 +4,7 @@
 // is told of changes.
 
 #include "Random.h"
+#include "Widgets.h"
 #include "source/RichTextBox.h"
 
 #include <QAccessible>
@@ -134,7 +135,7 @@ private slots:
 
 void TestAccessibleSource::initTestCase()
 {
-    QTRY_VERIFY(QAccessible::isActive());
+    QTRY_VERIFY_WITH_TIMEOUT(QAccessible::isActive(), Patience);
 }
 
 void TestAccessibleSource::isATextOfManyLines()
