@@ -106,7 +106,7 @@ private:
 
 // "a" 0, the clef 1 and 2, "€" 3, CR LF 4 and 5, "word" 6 to 9, a blank, "two." 11 to 14, CR LF, "end" 17 to
 // 19
-const QByteArray Sample = "a\xF0\x9D\x84\x9E\xE2\x82\xAC\r\nword two.\r\nend";
+const QByteArray ThreeLines = "a\xF0\x9D\x84\x9E\xE2\x82\xAC\r\nword two.\r\nend";
 
 } // namespace
 
@@ -157,9 +157,9 @@ void TestAccessibleSource::textIsCountedInUnits()
     Fixture f;
     QCOMPARE(f.text().characterCount(), 0);
     QCOMPARE(f.text().text(0, 5), QString());
-    f.box.setText(Sample);
+    f.box.setText(ThreeLines);
     QCOMPARE(f.text().characterCount(), 20);
-    QCOMPARE(f.text().text(0, 20), QString::fromUtf8(Sample));
+    QCOMPARE(f.text().text(0, 20), QString::fromUtf8(ThreeLines));
     QCOMPARE(f.text().text(1, 3), QString::fromUtf8("\xF0\x9D\x84\x9E"));
     QCOMPARE(f.text().text(3, 4), QStringLiteral("€"));
     QCOMPARE(f.text().text(6, 10), QStringLiteral("word"));
@@ -182,7 +182,7 @@ void TestAccessibleSource::westernText()
 void TestAccessibleSource::caretAndSelection()
 {
     Fixture f;
-    f.box.setText(Sample);
+    f.box.setText(ThreeLines);
     QCOMPARE(f.text().cursorPosition(), 0);
     QCOMPARE(f.text().selectionCount(), 0);
     f.box.setSelStart(10); // in front of "word"
@@ -203,7 +203,7 @@ void TestAccessibleSource::caretAndSelection()
 void TestAccessibleSource::readerSelects()
 {
     Fixture f;
-    f.box.setText(Sample);
+    f.box.setText(ThreeLines);
     QVERIFY(f.ready);
     const QSignalSpy told(&f.box, &RichTextBox::SelChange);
     f.text().setCursorPosition(3);
@@ -217,7 +217,7 @@ void TestAccessibleSource::readerSelects()
     QCOMPARE(f.text().cursorPosition(), 14);
     QTRY_VERIFY(!told.isEmpty());
     f.text().setCursorPosition(999);
-    QCOMPARE(f.box.SelStart(), int(Sample.size()));
+    QCOMPARE(f.box.SelStart(), int(ThreeLines.size()));
     f.text().setCursorPosition(-1);
     QCOMPARE(f.box.SelStart(), 0);
 }
@@ -255,7 +255,7 @@ void TestAccessibleSource::wordsAndLines()
     QFETCH(int, offset);
     QFETCH(QAccessible::TextBoundaryType, kind);
     Fixture f;
-    f.box.setText(Sample);
+    f.box.setText(ThreeLines);
     QTEST(f.piece(which.constData(), offset, kind), "expected");
     QCOMPARE(f.text().characterCount(), 20); // the answer has left nothing behind
 }
@@ -263,8 +263,9 @@ void TestAccessibleSource::wordsAndLines()
 void TestAccessibleSource::wholeText()
 {
     Fixture f;
-    f.box.setText(Sample);
-    QCOMPARE(f.piece("at", 5, QAccessible::NoBoundary), QStringLiteral("0-20 ") + QString::fromUtf8(Sample));
+    f.box.setText(ThreeLines);
+    QCOMPARE(f.piece("at", 5, QAccessible::NoBoundary),
+             QStringLiteral("0-20 ") + QString::fromUtf8(ThreeLines));
 }
 
 void TestAccessibleSource::linesOfALongText()
@@ -288,7 +289,7 @@ void TestAccessibleSource::linesOfALongText()
 void TestAccessibleSource::placesOnTheScreen()
 {
     Fixture f;
-    f.box.setText(Sample);
+    f.box.setText(ThreeLines);
     QVERIFY(f.ready);
     for (const int offset : {0, 1, 3, 6, 9, 11, 17, 19}) {
         const QRect place = f.text().characterRect(offset);
@@ -304,23 +305,23 @@ void TestAccessibleSource::placesOnTheScreen()
 void TestAccessibleSource::readerEdits()
 {
     Fixture f;
-    f.box.setText(Sample);
+    f.box.setText(ThreeLines);
     f.editor().insertText(3, QStringLiteral("é"));
     f.editor().deleteText(1, 3);
     f.editor().replaceText(5, 9, QStringLiteral("verb"));
     QCOMPARE(f.box.Text(), QByteArray("a\xC3\xA9\xE2\x82\xAC\r\nverb two.\r\nend"));
     for (int i = 0; i < 3; ++i)
         f.box.undo();
-    QCOMPARE(f.box.Text(), Sample);
+    QCOMPARE(f.box.Text(), ThreeLines);
 }
 
 void TestAccessibleSource::readerDoesNotEditWhatIsOnlyRead()
 {
     Fixture f;
-    f.box.setText(Sample);
+    f.box.setText(ThreeLines);
     f.box.setReadOnly(true);
     f.editor().replaceText(0, 9, QStringLiteral("x"));
-    QCOMPARE(f.box.Text(), Sample);
+    QCOMPARE(f.box.Text(), ThreeLines);
 }
 
 void TestAccessibleSource::editsAreTold()
