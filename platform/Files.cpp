@@ -97,10 +97,18 @@ void keepOwner(const QSaveFile& file, const QString& old)
 
 /// Writes and checks everything that can be checked before the old file is replaced. On a full disk one large
 /// write comes back short and all later steps report success: only the count shows it.
-[[nodiscard]] bool writeWhole(QSaveFile& file, const QByteArray& bytes)
+[[nodiscard]] bool writeWhole(QSaveFile& file, QByteArrayView bytes, QByteArrayView end)
 {
-    return file.write(bytes) == bytes.size() && file.flush() && file.size() == bytes.size() &&
-           reachesDisk(file);
+    return file.write(bytes.data(), bytes.size()) == bytes.size() &&
+           file.write(end.data(), end.size()) == end.size() && file.flush() &&
+           file.size() == bytes.size() + end.size() && reachesDisk(file);
+}
+
+/// Runs while a turn of this thread has just ended.
+QDeadlineTimer& lastTurn()
+{
+    thread_local QDeadlineTimer timer;
+    return timer;
 }
 
 } // namespace
@@ -138,7 +146,7 @@ bool isBinaryFile(const QString& path)
     return QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly) && file.read(Beginning).contains('\0');
 }
 
-void writeFile(const QString& path, const QByteArray& bytes)
+void writeFile(const QString& path, QByteArrayView bytes, QByteArrayView end)
 {
     const QFileInfo old(followLinks(path));
     const std::filesystem::file_type type = typeOf(old.filePath());
@@ -154,7 +162,7 @@ void writeFile(const QString& path, const QByteArray& bytes)
         refuse(file.errorString());
     if (replaces)
         keepOwner(file, old.filePath()); // in front of the permissions, some of which it takes away
-    if ((replaces && !file.setPermissions(old.permissions())) || !writeWhole(file, bytes)) {
+    if ((replaces && !file.setPermissions(old.permissions())) || !writeWhole(file, bytes, end)) {
         const QString reason = file.error() == QFileDevice::NoError
                                    ? QStringLiteral("Not everything could be written")
                                    : file.errorString();
@@ -168,13 +176,16 @@ void writeFile(const QString& path, const QByteArray& bytes)
 FileTurn::FileTurn(const QString& path)
 {
     constexpr int Patience = 3000; // milliseconds: as long as a slow disk takes for a few dozen writes
+    constexpr int Look = 200;      // microseconds between two looks whether it is our turn
     const QFileInfo file(path);
     const QFileInfo target(file.exists() ? file.canonicalFilePath() : file.absoluteFilePath());
     m_folder = open(QFile::encodeName(target.path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (!lastTurn().hasExpired()) // a program that writes and writes lets those who wait look first
+        QThread::usleep(2 * Look);
     const QDeadlineTimer end(Patience);
     while (flock(m_folder, LOCK_EX | LOCK_NB) != 0 && (errno == EWOULDBLOCK || errno == EINTR) &&
            !end.hasExpired())
-        QThread::usleep(200);
+        QThread::usleep(Look);
 }
 
 FileTurn::~FileTurn()
@@ -182,8 +193,7 @@ FileTurn::~FileTurn()
     if (m_folder < 0)
         return;
     close(m_folder);
-    QThread::usleep(
-        500); // longer than a look of who waits: a program that writes and writes leaves others their turn
+    lastTurn().setRemainingTime(1);
 }
 
 } // namespace brindlemark

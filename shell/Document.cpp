@@ -77,9 +77,8 @@ void Document::open(const QString& path)
 
 void Document::save(const QString& path, const QByteArray& bytes, bool isText)
 {
-    const QByteArray whole = record(bytes);
-    writeFile(path, whole);
-    m_journal.setFile(whole);
+    writeFile(path, bytes, RecordEnd); // in two parts: a copy of 100 MB takes as long as the disk does
+    m_journal.setFile(bytes.size() <= Journal::LongestFile ? record(bytes) : QByteArray());
     m_name = path;
     m_placeKnown = true;
     m_dirty = false;
@@ -91,7 +90,7 @@ void Document::save(const QString& path, const QByteArray& bytes, bool isText)
 
 void Document::writeRecord(const QString& path, const QByteArray& bytes)
 {
-    writeFile(path, record(bytes));
+    writeFile(path, bytes, RecordEnd);
 }
 
 void Document::keepIfToBeSaved()

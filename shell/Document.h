@@ -68,7 +68,7 @@ public:
     /// Writes `bytes` as one record: a line end closes it. Throws RuntimeError(PathFileAccess).
     static void writeRecord(const QString& path, const QByteArray& bytes);
     /// What such a file holds.
-    static QByteArray record(const QByteArray& bytes) { return bytes + "\r\n"; }
+    static QByteArray record(const QByteArray& bytes) { return bytes + RecordEnd; }
 
     /// Whether the user wants it saved. If so, what the journal keeps of it outlives the program until a file
     /// has it.
@@ -110,6 +110,8 @@ signals:
     void settled();
 
 private:
+    static constexpr const char* RecordEnd = "\r\n";
+
     void settle();
 
     EditedText& m_text;

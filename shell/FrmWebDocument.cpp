@@ -126,18 +126,14 @@ bool FrmWeb::isBlankDocument() const
 }
 
 /// The document's text from the view that is up; the Internet tab holds none. Throws SurfaceLost when the
-/// design surface gave no answer; the user has been told.
+/// design surface gave no answer; the user has been told. Valid until the next edit.
 QByteArray FrmWeb::FetchSource()
 {
-    switch (SSTab1->Tab()) {
-    case EditorTab:
-        return RichTextBox1->Text();
-    case PreviewTab:
-        takeSurface();
-        return RichTextBox1->Text();
-    default:
+    if (SSTab1->Tab() == InternetTab)
         return QByteArray();
-    }
+    if (SSTab1->Tab() == PreviewTab)
+        takeSurface();
+    return RichTextBox1->textForNow();
 }
 
 void FrmWeb::setCaption(const QString& name)

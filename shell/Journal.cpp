@@ -132,10 +132,8 @@ Journal::~Journal()
 
 void Journal::setFile(const QByteArray& bytes)
 {
-    constexpr qsizetype Longest =
-        20'000'000; // a longer one costs too much: its text asks for its place when it comes back
     m_writer.start([this, bytes] {
-        m_fileSum = bytes.isEmpty() || bytes.size() > Longest ? QByteArray() : checksum(bytes);
+        m_fileSum = bytes.isEmpty() || bytes.size() > LongestFile ? QByteArray() : checksum(bytes);
     });
 }
 

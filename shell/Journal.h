@@ -42,6 +42,10 @@ public:
     ~Journal();
     Q_DISABLE_COPY_MOVE(Journal)
 
+    /// The longest file that is remembered, in bytes: with a longer one a text that comes back asks for its
+    /// place.
+    static constexpr qsizetype LongestFile = 20'000'000;
+
     /// Tells what the document's file holds now; nothing when there is none.
     void setFile(const QByteArray& bytes);
     /// The same by the checksum of a text that came back.
