@@ -176,8 +176,10 @@ void FrmList2::refresh()
                             .size = ReplaceSize(*Combo2),
                             .color = GetHexColor(Lcolor1->BackColor()),
                             .bold = chkBold->Value() == 1};
+    QStringList entries;
     for (int i = 0; i < List1->ListCount(); ++i)
-        html += symbolLine(List1->List(i), symbol, words);
+        entries << List1->List(i);
+    html += symbolLines(entries, symbol, words);
     WebBrowser1->writeSoon(html);
 }
 

@@ -15,11 +15,18 @@ QString fontTag(const char* tag, const QString& name, const QString& size, const
            QStringLiteral(" color=") + color + u'>';
 }
 
-/// A word or title of a list of special characters, in its font, with a hard blank on either side.
-QString spaced(const QString& text, const ListFont& font)
+/// What stands around a text.
+struct Around
 {
-    return font.open + fontTag("<FONT", font.name, font.size, font.color) + QStringLiteral("&nbsp;") + text +
-           QStringLiteral("&nbsp;</FONT>") + font.close + QStringLiteral("<BR>\r\n");
+    QString before;
+    QString after;
+};
+
+/// Around a word or title of a list of special characters: its font, and a hard blank on either side.
+Around spaced(const ListFont& font)
+{
+    return {font.open + fontTag("<FONT", font.name, font.size, font.color) + QStringLiteral("&nbsp;"),
+            QStringLiteral("&nbsp;</FONT>") + font.close + QStringLiteral("<BR>\r\n")};
 }
 
 } // namespace
@@ -46,14 +53,21 @@ QString listText(const QString& opening, const QStringList& items)
 
 QString titleLine(const QString& title, const ListFont& font)
 {
-    return spaced(title, font);
+    const Around around = spaced(font);
+    return around.before + title + around.after;
 }
 
-QString symbolLine(const QString& word, const ListSymbol& symbol, const ListFont& font)
+QString symbolLines(const QStringList& words, const ListSymbol& symbol, const ListFont& font)
 {
-    return QStringLiteral("&nbsp;") + QLatin1String(symbol.bold ? "<B>" : "") +
-           fontTag("<FONT", symbol.font, symbol.size, symbol.color) + symbol.character +
-           QStringLiteral("</FONT>") + QLatin1String(symbol.bold ? "</B>" : "") + spaced(word, font);
+    const Around around = spaced(font);
+    const QString before = QStringLiteral("&nbsp;") + QLatin1String(symbol.bold ? "<B>" : "") +
+                           fontTag("<FONT", symbol.font, symbol.size, symbol.color) + symbol.character +
+                           QStringLiteral("</FONT>") + QLatin1String(symbol.bold ? "</B>" : "") +
+                           around.before;
+    QString lines;
+    for (const QString& word : words)
+        lines += before + word + around.after;
+    return lines;
 }
 
 } // namespace brindlemark

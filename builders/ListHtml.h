@@ -45,7 +45,7 @@ struct ListSymbol
 /// The title line above such a list, with its line end.
 QString titleLine(const QString& title, const ListFont& font);
 
-/// The line of a word, with its line end.
-QString symbolLine(const QString& word, const ListSymbol& symbol, const ListFont& font);
+/// The lines of words, each with its line end.
+QString symbolLines(const QStringList& words, const ListSymbol& symbol, const ListFont& font);
 
 } // namespace brindlemark

@@ -3,6 +3,8 @@
 #include "builders/TableHtml.h"
 
 #include <array>
+#include <utility>
+#include <vector>
 
 namespace brindlemark {
 
@@ -34,6 +36,25 @@ QString quoted(const char* attribute, const QString& value)
     return QLatin1String(attribute) + QStringLiteral("=\"") + value + u'"';
 }
 
+/// The opening tags of the cells of one background colour.
+struct CellTags
+{
+    CellTags(const CellStyle& style, const QString& color)
+        : alone(cellOpen(style, color, true)), beside(cellOpen(style, color, false))
+    {
+    }
+
+    RowCells row(const QString& left, const QString& right) const
+    {
+        if (right.isEmpty())
+            return {alone + left, QString()};
+        return {beside + left, beside + right};
+    }
+
+    QString alone; ///< of a cell over both columns
+    QString beside;
+};
+
 } // namespace
 
 QString styleTags(const CellStyle& style, const char* opening)
@@ -57,20 +78,19 @@ QString cellOpen(const CellStyle& style, const QString& color, bool spanning)
 
 RowCells rowCells(const CellStyle& style, const QString& color, const QString& left, const QString& right)
 {
-    if (right.isEmpty())
-        return {cellOpen(style, color, true) + left, QString()};
-    const QString open = cellOpen(style, color, false);
-    return {open + left, open + right};
+    return CellTags(style, color).row(left, right);
 }
 
 TableCells tableCells(const TableWords& words, const CellStyle& style, const QStringList& colors)
 {
+    std::vector<CellTags> tags;
+    for (const QString& color : colors)
+        tags.emplace_back(style, color);
     TableCells cells;
     for (qsizetype i = 0; i < words.left.size(); ++i) {
-        const QString& color = colors.at(i % colors.size());
-        const RowCells row = rowCells(style, color, words.left.at(i), words.right.at(i));
-        cells.left += row.left;
-        cells.right += row.right;
+        RowCells row = tags.at(size_t(i) % tags.size()).row(words.left.at(i), words.right.at(i));
+        cells.left += std::move(row.left);
+        cells.right += std::move(row.right);
     }
     return cells;
 }

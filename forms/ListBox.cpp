@@ -5,8 +5,10 @@
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
 
+#include <QHash>
 #include <QMouseEvent>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QStyledItemDelegate>
 
 namespace brindlemark {
@@ -14,11 +16,29 @@ namespace brindlemark {
 namespace {
 
 /// Shows the beginning of an entry: the toolkit would measure and paint all of a megabyte, for seconds each
-/// time.
+/// time. And as it measures all entries anew for each one that is added, it gets sizes that are known
+/// already.
 class EntryDelegate : public QStyledItemDelegate
 {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
+
+    QSize sizeHint(const QStyleOptionViewItem& look, const QModelIndex& index) const override
+    {
+        return guardedCall([&] {
+            constexpr qsizetype Spare = 1000; // sizes of entries that have gone
+            const QStyle* style = look.widget ? look.widget->style() : nullptr;
+            if (m_font != look.font || m_style != style || m_sizes.size() > index.model()->rowCount() + Spare)
+                m_sizes.clear();
+            m_font = look.font;
+            m_style = style;
+            const QString text = index.data().toString();
+            const auto known = m_sizes.constFind(text);
+            return known != m_sizes.cend()
+                       ? *known
+                       : *m_sizes.insert(text, QStyledItemDelegate::sizeHint(look, index));
+        });
+    }
 
 protected:
     void initStyleOption(QStyleOptionViewItem* look, const QModelIndex& index) const override
@@ -30,6 +50,12 @@ protected:
                 look->text = look->text.left(Shown) + u'\u2026';
         });
     }
+
+private:
+    // What the sizes are known for.
+    mutable QFont m_font;
+    mutable const QStyle* m_style = nullptr;
+    mutable QHash<QString, QSize> m_sizes;
 };
 
 } // namespace

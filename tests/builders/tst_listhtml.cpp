@@ -63,14 +63,17 @@ void TestListHtml::symbolLines()
                       .font = QStringLiteral("Webdings"),
                       .size = QStringLiteral("3"),
                       .color = QStringLiteral("#000000")};
-    QCOMPARE(symbolLine(QStringLiteral("Visa"), symbol, {}),
+    QCOMPARE(brindlemark::symbolLines({QStringLiteral("Visa"), QStringLiteral("Cash")}, symbol, {}),
              QStringLiteral("&nbsp;<FONT face=Webdings size=3 color=#000000>4</FONT>"
-                            "<FONT face=Arial size=3 color=#000000>&nbsp;Visa&nbsp;</FONT><BR>\r\n"));
+                            "<FONT face=Arial size=3 color=#000000>&nbsp;Visa&nbsp;</FONT><BR>\r\n"
+                            "&nbsp;<FONT face=Webdings size=3 color=#000000>4</FONT>"
+                            "<FONT face=Arial size=3 color=#000000>&nbsp;Cash&nbsp;</FONT><BR>\r\n"));
+    QCOMPARE(brindlemark::symbolLines({}, symbol, {}), QString());
     symbol.bold = true;
     QCOMPARE(
-        symbolLine(QString(), symbol,
-                   {QStringLiteral("Comic Sans MS"), QStringLiteral("7"), QStringLiteral("#FF0000"),
-                    QStringLiteral("<I>"), QStringLiteral("</I>")}),
+        brindlemark::symbolLines({QString()}, symbol,
+                                 {QStringLiteral("Comic Sans MS"), QStringLiteral("7"),
+                                  QStringLiteral("#FF0000"), QStringLiteral("<I>"), QStringLiteral("</I>")}),
         QStringLiteral("&nbsp;<B><FONT face=Webdings size=3 color=#000000>4</FONT></B>"
                        "<I><FONT face=Comic Sans MS size=7 color=#FF0000>&nbsp;&nbsp;</FONT></I><BR>\r\n"));
 }

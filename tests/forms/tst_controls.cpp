@@ -310,6 +310,7 @@ private slots:
     void listDoubleClickOfAnotherButton();
     void listClickOnNoEntry_data() { mouseButtons(); }
     void listClickOnNoEntry();
+    void listFollowsItsFont();
     void listReleasedElsewhere_data() { mouseButtons(); }
     void listReleasedElsewhere();
     void listDragged();
@@ -925,6 +926,24 @@ void TestControls::listClickOnNoEntry()
     list.box.Clear();
     QTest::mouseClick(list.box.viewport(), button, {}, QPoint(10, 10));
     QCOMPARE(list.log.take(), QStringLiteral("MouseDown-1 MouseUp-1"));
+}
+
+/// What is known of the entries' sizes is of no use with another font, or for another text.
+void TestControls::listFollowsItsFont()
+{
+    Entries list;
+    const auto sizeOf = [&list](int index) {
+        return list.box.sizeHintForIndex(list.box.model()->index(index, 0));
+    };
+    const QSize before = sizeOf(0);
+    QFont larger = list.box.font();
+    larger.setPointSizeF(larger.pointSizeF() * 2);
+    list.box.setFont(larger);
+    QVERIFY(sizeOf(0).height() > before.height());
+    const QSize after = sizeOf(0);
+    list.box.item(0)->setText(QStringLiteral("a longer entry"));
+    QVERIFY(sizeOf(0).width() > after.width());
+    QCOMPARE(sizeOf(0).height(), after.height());
 }
 
 void TestControls::listReleasedElsewhere()
