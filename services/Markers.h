@@ -64,6 +64,9 @@ inline constexpr PerStyle<QByteArrayView> StyleMarkers = {
     "<!-- body-buildwizard3 -->",
 };
 
+/// What all of these begin with.
+inline constexpr QByteArrayView StyleMarkersBegin = "<!-- body-buildwizard";
+
 /// The markers of a region.
 constexpr const MarkerPair& markers(Region region)
 {

@@ -6,6 +6,8 @@
 #include "source/TextSearch.h"
 
 #include <algorithm>
+#include <array>
+#include <vector>
 
 namespace brindlemark {
 
@@ -23,6 +25,12 @@ qsizetype lengthInWholeCharacters(QByteArrayView text)
     const auto lead = static_cast<unsigned char>(text[last]);
     const int wanted = lead < 0xC0 ? 1 : lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
     return last + wanted <= text.size() ? text.size() : last;
+}
+
+/// Whether a marker stands at a place of a text.
+bool standsAt(const TextSearch& marker, qsizetype length, QByteArrayView text, qsizetype position)
+{
+    return position + length <= text.size() && marker.indexIn(text.sliced(position, length), 0) == 0;
 }
 
 } // namespace
@@ -46,11 +54,25 @@ std::optional<TextRange> findRegion(QByteArrayView text, Region region)
 
 std::optional<size_t> listingStyle(QByteArrayView text, qsizetype from)
 {
-    for (size_t style = 0; style < StyleCount; ++style) {
-        if (TextSearch(StyleMarkers.at(style).toByteArray()).indexIn(text, from) >= 1)
-            return style;
+    const TextSearch beginning(StyleMarkersBegin.toByteArray());
+    std::vector<TextSearch> markers;
+    for (const QByteArrayView marker : StyleMarkers)
+        markers.emplace_back(marker.toByteArray());
+    std::array<bool, StyleCount> met = {};
+    std::optional<size_t> first;
+    // One walk for all four: a page is walked through whenever it is opened. A style whose marker is met at
+    // the text's very start is passed over.
+    for (qsizetype at = beginning.indexIn(text, from); at != -1 && first != 0U;
+         at = beginning.indexIn(text, at + 1)) {
+        for (size_t style = 0; style < first.value_or(StyleCount); ++style) {
+            if (met.at(style) || !standsAt(markers[style], StyleMarkers.at(style).size(), text, at))
+                continue;
+            met.at(style) = true;
+            if (at >= 1)
+                first = style;
+        }
     }
-    return std::nullopt;
+    return first;
 }
 
 qsizetype lengthOfBeginning(QByteArrayView text, TextEncoding encoding)

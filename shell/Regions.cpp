@@ -46,7 +46,7 @@ bool updateStyleButtons(FrmWeb& main)
 {
     RichTextBox& source = *main.RichTextBox1;
     const int caret = source.SelStart();
-    const std::optional<size_t> style = listingStyle(source.Text(), caret);
+    const std::optional<size_t> style = listingStyle(source.utf8(), source.utf8Position(caret));
     if (style) // selecting it makes the document count as changed
         static_cast<void>(source.Find(StyleMarkers.at(*style).toByteArray())); // it is there
     for (QPushButton* button : {main.CmdTitle, main.CmdDes, main.CmdCell})

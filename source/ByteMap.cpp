@@ -28,7 +28,7 @@ void ByteMap::setEncoding(TextEncoding encoding)
 
 QByteArray ByteMap::toInner(const QByteArray& bytes) const
 {
-    return isIdentity() ? bytes : brindlemark::decode(bytes, m_encoding).toUtf8();
+    return toUtf8(bytes, m_encoding);
 }
 
 QByteArray ByteMap::fromInner(QByteArrayView text) const

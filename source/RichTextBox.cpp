@@ -151,10 +151,23 @@ qsizetype RichTextBox::fromInner(qsizetype position) const
     return m_map.isIdentity() ? position : m_map.fromInner(innerText(), position);
 }
 
+QByteArrayView RichTextBox::utf8() const
+{
+    return innerText();
+}
+
 QByteArray RichTextBox::Text() const
 {
     const auto signs = hourglass();
     return m_map.fromInner(innerText());
+}
+
+QByteArray RichTextBox::textForNow() const
+{
+    if (!m_map.isIdentity())
+        return Text();
+    const QByteArrayView text = innerText();
+    return QByteArray::fromRawData(text.data(), text.size());
 }
 
 void RichTextBox::SetFocus()
@@ -454,7 +467,7 @@ void RichTextBox::onModified(Range changed, int type, int token)
             m_units.beforeInsertion(changed);
             m_inserted = changed;
         } else {
-            m_colors.beforeDeletion();
+            m_colors.beforeDeletion(changed);
             tellDeletion(*this, changed);
             m_units.beforeDeletion(changed);
         }

@@ -38,6 +38,8 @@ public:
     explicit RichTextBox(QWidget* parent = nullptr);
 
     QByteArray Text() const override;
+    /// The same until the next edit, without a copy where the component holds the very bytes.
+    QByteArray textForNow() const;
     Later textLater() const override;
     /// Replaces the whole text, in one step of undo, puts the caret to 0 and drops all colours. Decides the
     /// encoding anew. Raises `Change` and `SelChange` always, for an equal text as well.
@@ -50,6 +52,12 @@ public:
     qsizetype TextLength() const;
     /// Whether the text is `ascii`, which must be of no other characters; much cheaper than asking `Text`.
     bool holdsAscii(QByteArrayView ascii) const;
+
+    /// The text in UTF-8, whatever its bytes are, valid until the next edit: for those who look for what is
+    /// ASCII and need no copy.
+    QByteArrayView utf8() const;
+    /// Where a byte of the text stands in `utf8`.
+    qsizetype utf8Position(int position) const { return toInner(qsizetype{position}); }
 
     /// Gives the box the keyboard, unless it is hidden: keys must not go where nobody looks.
     void SetFocus();

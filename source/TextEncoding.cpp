@@ -96,4 +96,25 @@ QString decode(const QByteArray& bytes, TextEncoding encoding)
     return text;
 }
 
+QByteArray toUtf8(const QByteArray& bytes, TextEncoding encoding)
+{
+    if (encoding == TextEncoding::Utf8)
+        return bytes;
+    constexpr qsizetype LongestCharacter = 3; // of those in SpecialCharacters
+    const auto isPlain = [](char byte) { return static_cast<uchar>(byte) < FirstSpecial; };
+    const qsizetype others = bytes.size() - std::count_if(bytes.begin(), bytes.end(), isPlain);
+    QByteArray text(bytes.size() + others * (LongestCharacter - 1), Qt::Uninitialized);
+    char* end = text.data();
+    for (const char* at = bytes.begin(); at != bytes.end();) {
+        const char* stop = std::find_if_not(at, bytes.end(), isPlain);
+        end = std::copy(at, stop, end);
+        for (at = stop; at != bytes.end() && !isPlain(*at); ++at) {
+            const QByteArray character = QString(westernCharacter(*at)).toUtf8();
+            end = std::copy(character.begin(), character.end(), end);
+        }
+    }
+    text.truncate(end - text.data());
+    return text;
+}
+
 } // namespace brindlemark

@@ -23,6 +23,10 @@ QByteArray encode(const QString& text, TextEncoding encoding);
 /// valid UTF-8 become U+FFFD.
 QString decode(const QByteArray& bytes, TextEncoding encoding);
 
+/// The same text in UTF-8; bytes of UTF-8 are given back as they are, with a byte order mark and with what is
+/// not valid.
+QByteArray toUtf8(const QByteArray& bytes, TextEncoding encoding);
+
 /// Whether a byte of UTF-8 goes on with a character that began before it.
 inline bool isContinuation(char byte)
 {

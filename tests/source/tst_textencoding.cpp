@@ -68,6 +68,7 @@ void TestTextEncoding::westernCharacters()
     QFETCH(QString, text);
     QCOMPARE(decode(bytes, TextEncoding::Western), text);
     QCOMPARE(encode(text, TextEncoding::Western), bytes);
+    QCOMPARE(toUtf8("a" + bytes + "b" + bytes, TextEncoding::Western), (u'a' + text + u'b' + text).toUtf8());
 }
 
 void TestTextEncoding::everyByteComesBackFromWestern()
