@@ -14,6 +14,7 @@ namespace brindlemark {
 namespace {
 
 constexpr double Finding = 0.7;          // the part of the time that it takes to find what is coloured
+constexpr qsizetype RunsToTell = 256;    // after how many runs a look at the clock is due
 constexpr qsizetype Portion = 1'000'000; // bytes that are coloured at a time
 
 } // namespace
@@ -28,8 +29,10 @@ void highlight(RichTextBox& box, const HighlightColors& colors)
     const QByteArray text = box.Text();
     QByteArray marks(text.size(), 0);
     std::vector<int> painted; // the mark of each is its place here, from 1
+    qsizetype runs = 0;
     highlightRuns(text, colors, [&](const ColorRun& run, double done) {
-        work.progress(done * Finding);
+        if (++runs % RunsToTell == 0)
+            work.progress(done * Finding);
         if (painted.empty() || painted.back() != run.color)
             painted.push_back(run.color);
         std::fill_n(marks.begin() + run.range.start, run.range.length, char(painted.size()));

@@ -71,6 +71,7 @@ void TextColors::paint(TextRange range, int color)
     if (range.length == 0)
         return;
     const int style = styleFor(color);
+    m_plainFrom = std::max(m_plainFrom, range.end());
     send(Component::SCI_STARTSTYLING, range.start);
     send(Component::SCI_SETSTYLING, range.length, style);
     send(Component::SCI_STARTSTYLING, range.start); // to be cut before it is drawn
@@ -82,7 +83,8 @@ void TextColors::paint(qsizetype start, QByteArrayView marks, const std::vector<
     std::array<char, 256> styles = {};
     for (size_t i = 0; i < colors.size(); ++i)
         styles.at(i + 1) = char(styleFor(colors[i]));
-    QByteArray painted = stylesIn({start, marks.size()});
+    QByteArray painted = knownStylesIn({start, marks.size()});
+    m_plainFrom = std::max(m_plainFrom, start + marks.size());
     const char* mark = marks.data();
     for (char& style : painted) {
         if (*mark != 0)
@@ -126,6 +128,15 @@ void TextColors::beforeInsertion(TextRange inserted)
     const int style = within ? styleAt(inserted.start - 1) : 0;
     if (!isPlain(style))
         m_inserted = {inserted, style};
+    if (m_plainFrom > 0) // wherever it comes in: too far back is never wrong
+        m_plainFrom += inserted.length;
+}
+
+void TextColors::beforeDeletion(TextRange deleted)
+{
+    settle();
+    if (deleted.length == send(Component::SCI_GETLENGTH))
+        m_plainFrom = 0;
 }
 
 void TextColors::settle() const
@@ -248,6 +259,12 @@ QByteArray TextColors::stylesIn(TextRange range) const
         style[i] = style[2 * i + 1];
     cells.truncate(range.length);
     return cells;
+}
+
+/// The same, without a question where there is no colour: the component takes long to answer.
+QByteArray TextColors::knownStylesIn(TextRange range) const
+{
+    return range.start < m_plainFrom ? stylesIn(range) : QByteArray(range.length, 0);
 }
 
 } // namespace brindlemark

@@ -37,7 +37,7 @@ public:
 
     /// To be called before the component inserts a stretch, and before it deletes one.
     void beforeInsertion(TextRange inserted);
-    void beforeDeletion() const { settle(); }
+    void beforeDeletion(TextRange deleted);
     /// Colours what was inserted last.
     void settle() const;
 
@@ -58,11 +58,13 @@ private:
     void freeStyles();
     QByteArray cellsIn(TextRange range) const;
     QByteArray stylesIn(TextRange range) const;
+    QByteArray knownStylesIn(TextRange range) const;
     void cut(TextRange line) const;
 
     QsciScintillaBase& m_component;
     std::vector<std::optional<int>> m_colors; // of the styles, by their order; the first are black
     mutable std::optional<Inserted> m_inserted;
+    qsizetype m_plainFrom = 0; // from here on the text surely has no colour
 };
 
 } // namespace brindlemark

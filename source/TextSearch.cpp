@@ -104,8 +104,10 @@ void TextSearch::Letter::markFirstBytes(std::array<bool, 256>& marks) const
 qsizetype TextSearch::Letter::sizeAtStart(QByteArrayView text) const
 {
     for (size_t i = 0; i < m_count; ++i) {
-        if (text.startsWith(QByteArrayView(m_spellings[i].bytes.data(), m_spellings[i].size)))
-            return m_spellings[i].size;
+        const Spelling& spelling = m_spellings[i];
+        if (!text.isEmpty() && text.front() == spelling.bytes[0] &&
+            (spelling.size == 1 || text.startsWith(QByteArrayView(spelling.bytes.data(), spelling.size))))
+            return spelling.size;
     }
     return 0;
 }
@@ -120,8 +122,10 @@ TextSearch::TextSearch(const QByteArray& wanted, FindOptions options)
         const QByteArrayView character = characterAt(text, position);
         m_letters.emplace_back(character, options.testFlag(MatchCase));
         oneSpelling = oneSpelling && m_letters.back().hasOneSpelling();
-        if (oneSpelling)
+        if (oneSpelling) {
             m_start += character;
+            ++m_startLetters;
+        }
         position += character.size();
     }
     if (!m_letters.empty())
@@ -172,12 +176,12 @@ qsizetype TextSearch::candidate(QByteArrayView text, qsizetype from) const
            text.begin();
 }
 
-/// The length of the match with which `text` begins, 0 if with none.
+/// The length of the match that begins with a text's candidate, 0 if none does.
 qsizetype TextSearch::matchLength(QByteArrayView text) const
 {
-    qsizetype length = 0;
-    for (const Letter& letter : m_letters) {
-        const qsizetype size = letter.sizeAtStart(text.sliced(length));
+    qsizetype length = m_start.size(); // these are there, or it were no candidate
+    for (size_t i = m_startLetters; i < m_letters.size(); ++i) {
+        const qsizetype size = m_letters[i].sizeAtStart(text.sliced(length));
         if (size == 0)
             return 0;
         length += size;

@@ -74,6 +74,7 @@ private:
     qsizetype matchLength(QByteArrayView text) const;
 
     QByteArray m_start; // of the wanted text, as far as there is one spelling only
+    size_t m_startLetters = 0;
     std::vector<Letter> m_letters;
     std::array<bool, 256> m_firstBytes{};
     bool m_wholeWord;

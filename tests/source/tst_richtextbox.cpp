@@ -209,6 +209,7 @@ private slots:
     void insertedTextHasTheColourAroundIt();
     void undoneDeletionHasTheColourAroundIt();
     void moreColoursThanStyles();
+    void coloursStayBehindAnEdit();
     void longLinesAreCut();
     void coloursWrapNothing();
     void coloursAreNoPartOfTheText();
@@ -923,6 +924,37 @@ void TestRichTextBox::moreColoursThanStyles()
 }
 
 /// Stretches of one style in a line are short once it has been drawn, and stay so while one types.
+/// A byte whose mark is 0 keeps the colour that it has, wherever an edit has moved it to.
+void TestRichTextBox::coloursStayBehindAnEdit()
+{
+    constexpr int Red = 0x0000FF;
+    constexpr int Green = 0x00FF00;
+    Fixture f;
+    f.box.setText("0123456789");
+    f.box.setColor(8, 2, Red);
+    f.box.setSelText("more");
+    f.box.setColors(12, QByteArray::fromHex("0001"), {Green});
+    QCOMPARE(f.box.colorAt(12), Red);
+    QCOMPARE(f.box.colorAt(13), Green);
+
+    f.box.setSelStart(0);
+    f.box.setSelLength(4);
+    f.box.del();
+    f.box.setColors(8, QByteArray::fromHex("0000"), {Green});
+    QCOMPARE(f.box.colorAt(8), Red);
+    QCOMPARE(f.box.colorAt(9), Green);
+
+    f.box.setColors(0, QByteArray::fromHex("01000000"), {Green}); // in front of what has colours
+    QCOMPARE(f.box.colorAt(0), Green);
+    QCOMPARE(f.box.colorAt(8), Red);
+
+    f.box.setText("abc");
+    f.box.setColors(0, QByteArray::fromHex("000100"), {Green});
+    QCOMPARE(f.box.colorAt(0), 0);
+    QCOMPARE(f.box.colorAt(1), Green);
+    QCOMPARE(f.box.colorAt(2), 0);
+}
+
 void TestRichTextBox::longLinesAreCut()
 {
     Fixture f;
