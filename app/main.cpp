@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "app/Openings.h"
+#include "app/WarmUp.h"
 #include "platform/DesktopLook.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
@@ -42,7 +43,10 @@ int main(int argc, char* argv[])
 
     guarded([] {
         auto* splash = form<FrmSplash>();
-        on(splash, &FrmSplash::mainWindowLoaded, splash, [] { connectOpenings(form<FrmWeb>()); });
+        on(splash, &FrmSplash::mainWindowLoaded, splash, [] {
+            connectOpenings(form<FrmWeb>());
+            warmUpBeforePreview(form<FrmWeb>());
+        });
         on(splash, &FrmSplash::documentOffered, splash, [] { offerUnfinished(); });
         splash->Show();
     });

@@ -48,10 +48,17 @@ void DocumentSurface::setDesignMode(DesignMode mode)
 
 // ---- The document ----------------------------------------------------------------------------------------
 
+void DocumentSurface::warmUp()
+{
+    makeView();
+}
+
 bool DocumentSurface::write(const QString& html)
 {
     dropComing();
-    if (!page() && html.isEmpty()) // an empty document needs no view until it is seen
+    // An empty document needs no page until it is seen.
+    const bool isSeen = isVisible() || isLost();
+    if (html.isEmpty() && content() == Content::Nothing && !(page() && isSeen))
         return true;
     return writePage(html);
 }

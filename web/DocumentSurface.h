@@ -27,6 +27,9 @@ public:
     /// Off at first. A change keeps the document. Throws SurfaceLost.
     void setDesignMode(DesignMode mode);
 
+    /// Starts the engine, unless it runs, so that the first page comes sooner. Takes some 50 ms.
+    void warmUp();
+
     // ---- The document
 
     /// Replaces the whole document. False: the renderer ended, or a script of the page did not within the
