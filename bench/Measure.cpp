@@ -128,6 +128,13 @@ void print(const Figure& figure, const std::vector<Result>& results, const char*
     std::fflush(stdout);
 }
 
+/// Whether a figure of this name is wanted: `BENCH_ONLY` may ask for those whose name has a text in it.
+bool isWanted(const std::string& name)
+{
+    static const std::string only = qgetenv("BENCH_ONLY").toStdString();
+    return name.find(only) != std::string::npos;
+}
+
 } // namespace
 
 double milliseconds(const std::function<void()>& run)
@@ -182,15 +189,20 @@ Repetition batched(const std::function<void()>& run)
 
 void measure(const Figure& figure)
 {
-    print(figure, repeat(figure), "figure");
+    if (isWanted(figure.name))
+        print(figure, repeat(figure), "figure");
 }
 
 void measureGrowth(const std::string& group, const Target& target, const std::vector<Size>& sizes,
-                   const std::function<std::vector<Rival>(qsizetype size)>& rivals)
+                   const std::function<std::vector<Rival>(qsizetype size)>& rivals,
+                   const std::map<std::string, Target>& targets)
 {
+    if (!isWanted(group))
+        return;
     std::set<std::string> slow;
     for (const Size& size : sizes) {
-        Figure figure = {group, size.name, target, rivals(size.value)};
+        const auto own = targets.find(size.name);
+        Figure figure = {group, size.name, own == targets.end() ? target : own->second, rivals(size.value)};
         std::erase_if(figure.rivals, [&](const Rival& rival) { return slow.contains(rival.name); });
         if (figure.rivals.empty() || figure.rivals.front().role != Role::Ours)
             return;

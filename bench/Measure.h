@@ -4,6 +4,7 @@
 #include <QByteArray>
 #include <QString>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -74,13 +75,14 @@ struct Figure
 void measure(const Figure& figure);
 
 /// A growth curve: one figure for each size, smallest first. A rival that was slow with one size is left out
-/// with the next.
+/// with the next. `targets` are those of single sizes, by their names.
 struct Size
 {
     std::string name;
     qsizetype value;
 };
 void measureGrowth(const std::string& group, const Target& target, const std::vector<Size>& sizes,
-                   const std::function<std::vector<Rival>(qsizetype size)>& rivals);
+                   const std::function<std::vector<Rival>(qsizetype size)>& rivals,
+                   const std::map<std::string, Target>& targets = {});
 
 } // namespace brindlemark

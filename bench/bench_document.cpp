@@ -13,6 +13,7 @@
 #include "shell/Find.h"
 #include "shell/Highlight.h"
 
+#include <QAccessible>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QTimer>
@@ -107,6 +108,13 @@ std::vector<Rival> open(qsizetype size)
     return openText(page(size), [](const QByteArray& bytes) { return QString::fromUtf8(bytes); });
 }
 
+/// A page with one byte a character, which the component holds as UTF-8.
+std::vector<Rival> openWestern(qsizetype size)
+{
+    return openText(page(size).replace("price", "pre\xE7o"),
+                    [](const QByteArray& bytes) { return QString::fromLatin1(bytes); });
+}
+
 constexpr HighlightColors Colors = {
     .tags = 0xC00000, .values = 0x1515A3, .comments = 0x1A6B00, .scripts = 0x0A8CFF, .text = 0};
 
@@ -170,6 +178,29 @@ std::vector<Rival> find(qsizetype size)
          })}};
 }
 
+/// Says OK where a message would come up, for what is measured up to there. Of all else there is nothing.
+class QuietDoors : public Doors
+{
+public:
+    QuietDoors() { setDoors(this); }
+    ~QuietDoors() override { setDoors(nullptr); }
+    Q_DISABLE_COPY_MOVE(QuietDoors)
+
+    MsgAnswer msgBox(const QString&, const QString&, MsgIcon, MsgButtons) override { return MsgAnswer::Ok; }
+    std::optional<QString> inputBox(const QString&, const QString&, const QString&) override { return {}; }
+    bool openDialog(CommonDialog&) override { return false; }
+    bool saveDialog(CommonDialog&) override { return false; }
+    bool colorDialog(CommonDialog&) override { return false; }
+    bool fontDialog(CommonDialog&) override { return false; }
+    void setClipboard(std::unique_ptr<QMimeData>) override {}
+    const QMimeData* clipboard() override { return nullptr; }
+    const QMimeData* selection() override { return nullptr; }
+    void beep() override {}
+    qint64 clock() override { return 0; }
+    void end(int) override {}
+    void endNow(int) override {}
+};
+
 /// Presses the message box's button as soon as it is up.
 void answerMessage()
 {
@@ -190,35 +221,55 @@ void replaceBare(QsciScintilla& box)
         box.replace(with);
 }
 
-/// One hit in each line. Ours is the button with its message box, up to the new text on the screen.
-std::vector<Rival> replaceAll(qsizetype size)
+/// The button of the window Find, where there is one hit in each line. `ready` comes before each time.
+Rival pressReplaceAll(const char* name, const QByteArray& text, const std::function<void()>& ready,
+                      const std::function<void()>& press)
 {
-    const QByteArray text = page(size);
-    const QByteArray replaced = QByteArray(text).replace(Old, New);
     auto* window = form<Find>();
     window->searchIn(&source());
     window->Text1->setText(QString::fromLatin1(Old));
     window->Text2->setText(QString::fromLatin1(New));
-    const auto prepareOurs = [text] {
-        source().load(text);
-        answerMessage();
-    };
-    const auto ours = [window] {
-        window->Command6->click();
-        paint(source().viewport());
-    };
+    return {Role::Ours, name,
+            timed(
+                press,
+                [text, ready] {
+                    source().load(text);
+                    ready();
+                },
+                [replaced = QByteArray(text).replace(Old, New)] { return source().Text() == replaced; })};
+}
+
+/// Up to the message that tells of it.
+std::vector<Rival> replaceAll(qsizetype size)
+{
+    const QByteArray text = page(size);
     auto box = std::make_shared<std::shared_ptr<QsciScintilla>>();
     const auto prepareBare = [box, text] {
         *box = bareComponent(text);
         (*box)->SendScintilla(QsciScintilla::SCI_SETMODEVENTMASK, 0UL);
     };
-    return {{Role::Ours, "button Replace All",
-             timed(ours, prepareOurs, [replaced] { return source().Text() == replaced; })},
+    const auto press = [] {
+        const QuietDoors doors;
+        form<Find>()->Command6->click();
+    };
+    return {pressReplaceAll(
+                "button Replace All", text, [] {}, press),
             {Role::Peer, Bare,
              timed([box] { replaceBare(**box); }, prepareBare,
-                   [box, replaced] { return (*box)->length() == replaced.size(); })},
+                   [box, length = QByteArray(text).replace(Old, New).size()] {
+                       return (*box)->length() == length;
+                   })},
             {Role::Limit, "QByteArray::replace on the bytes",
              batched([text] { keep(QByteArray(text).replace(Old, New)); })}};
+}
+
+/// With the message, and its button pressed at once, up to the new text on the screen.
+std::vector<Rival> replaceAllToTheEnd(qsizetype size)
+{
+    return {pressReplaceAll("button Replace All", page(size), answerMessage, [] {
+        form<Find>()->Command6->click();
+        paint(source().viewport());
+    })};
 }
 
 /// Menu Save, up to the bytes on the disk. The bare component's file may still be in memory.
@@ -258,14 +309,22 @@ struct Operation
     const char* name;
     std::vector<Rival> (*rivals)(qsizetype size);
     Target target;
+    std::map<std::string, Target> targets{};
 };
 
 const Operation Operations[] = {
     {"Open", open, {.timesPeer = 1}},
-    {"Highlight", highlightAll, {.timesPeer = 1}},
-    {"Find the last words", find, {.timesPeer = 1}},
-    {"Replace All, one hit a line", replaceAll, {.timesPeer = 1}},
-    {"Save", save, {.timesLimit = 1.5}},
+    {"Open, Western text", openWestern, {.timesPeer = 1}},
+    {"Highlight",
+     highlightAll,
+     {.timesPeer = 0.1},
+     {{"100 KB", {.most = 1, .timesPeer = 0.1}},
+      {"10 MB", {.most = 150, .timesPeer = 0.1}},
+      {"100 MB", {.most = 1600, .timesPeer = 0.1}}}},
+    {"Find the last words", find, {.timesPeer = 0.05, .timesLimit = 1.5}},
+    {"Replace All, one hit a line", replaceAll, {.timesPeer = 0.05}},
+    {"Replace All, one hit a line, with its message", replaceAllToTheEnd, {}},
+    {"Save", save, {.timesLimit = 1.5}, {{"100 MB", {.timesLimit = 1.2}}}},
     {"Keep what is replaced", keepEarlier, {.timesLimit = 2}},
 };
 
@@ -276,16 +335,6 @@ QByteArray listing()
     const MarkerPair& title = markers(Region::Title);
     return StyleMarkers.at(0).toByteArray() + "\r\n" + title.opening.toByteArray() + "<B>Old wall clock</B>" +
            title.closing.toByteArray() + "\r\n";
-}
-
-/// A page with one byte a character, which the component holds as UTF-8.
-void measureWestern()
-{
-    measure({"Document",
-             "Open 10 MB of Western text",
-             {.timesPeer = 1},
-             openText(page(10'000'000).replace("price", "pre\xE7o"),
-                      [](const QByteArray& bytes) { return QString::fromLatin1(bytes); })});
 }
 
 /// A region button on a document of 10 MB, from the click to the selection.
@@ -322,36 +371,101 @@ void typeLetter(QWidget* box, QWidget* viewport)
     paint(viewport);
 }
 
+/// Asks what a screen reader asks when it is told of something: where the caret is, and what its line says.
+void readAloud(QAccessibleEvent* event)
+{
+    QAccessibleInterface* object = event->accessibleInterface();
+    QAccessibleTextInterface* text = object ? object->textInterface() : nullptr;
+    if (!text)
+        return;
+    int start = 0;
+    int end = 0;
+    keep(text->textAtOffset(text->cursorPosition(), QAccessible::WordBoundary, &start, &end));
+}
+
+/// What is typed in its lifetime is read aloud.
+class Reader
+{
+public:
+    Reader() : m_before(QAccessible::installUpdateHandler(readAloud)) { QAccessible::setActive(true); }
+    ~Reader()
+    {
+        QAccessible::setActive(false);
+        QAccessible::installUpdateHandler(m_before);
+    }
+    Q_DISABLE_COPY_MOVE(Reader)
+
+private:
+    QAccessible::UpdateHandler m_before;
+};
+
+QByteArray inOneLine(qsizetype size)
+{
+    return page(size).replace("\r\n", "  ");
+}
+
 /// A letter typed into the middle of a text and painted.
 void measureTyping()
 {
-    const QByteArray lines = page(10'000'000);
-    const std::pair<const char*, QByteArray> documents[] = {
-        {"A letter, in 10 MB", lines},
-        {"A letter, in one line of 10 KB", page(10'000).replace("\r\n", "  ")},
-        {"A letter, in one line of 100 KB", page(100'000).replace("\r\n", "  ")},
+    struct Place
+    {
+        const char* name;
+        QByteArray (*text)(qsizetype size);
+        qsizetype size;
+        double most;
     };
-    for (const auto& [name, document] : documents) {
+    const Place places[] = {
+        {"A letter, in 10 MB", page, 10'000'000, 3},
+        {"A letter, in 100 MB", page, 100'000'000, 5},
+        {"A letter, in one line of 10 KB", inOneLine, 10'000, 5},
+        {"A letter, in one line of 100 KB", inOneLine, 100'000, 5},
+        {"A letter, in one line of 1 MB", inOneLine, 1'000'000, 50},
+    };
+    for (const Place& place : places) {
+        const QByteArray document = place.text(place.size);
         source().load(document);
         source().setSelStart(static_cast<int>(document.size() / 2));
         const auto box = bareComponent(document);
         box->SendScintilla(QsciScintilla::SCI_GOTOPOS, static_cast<unsigned long>(document.size() / 2));
         QApplication::processEvents();
+        const Repetition ours = timed([] { typeLetter(&source(), source().viewport()); });
+        const Repetition bare = timed([box] { typeLetter(box.get(), box->viewport()); });
         measure({"Document",
-                 name,
-                 {.most = 16},
-                 {{Role::Ours, "source box", timed([] { typeLetter(&source(), source().viewport()); })},
-                  {Role::Peer, Bare, timed([box] { typeLetter(box.get(), box->viewport()); })}}});
+                 place.name,
+                 {.most = place.most},
+                 {{Role::Ours, "source box", ours}, {Role::Peer, Bare, bare}}});
+        const Reader reader;
+        measure({"Document",
+                 place.name + std::string(", read aloud"),
+                 {.most = place.most},
+                 {{Role::Ours, "source box", ours}, {Role::Peer, Bare, bare}}});
     }
+}
+
+/// A letter, and the highlight, in a text of tags that have no end.
+void measureOpenTags()
+{
+    const QByteArray text = QByteArray("<font color=\"red\" ").repeated(100'000);
+    source().load(text);
+    source().setSelStart(int(text.size() / 2));
+    QApplication::processEvents();
+    measure({"Hostile pages",
+             "A letter, in 100,000 tags without an end",
+             {.most = 100},
+             {{Role::Ours, "source box", timed([] { typeLetter(&source(), source().viewport()); })}}});
+    measure({"Hostile pages",
+             "Highlight, 100,000 tags without an end",
+             {.most = 100},
+             {{Role::Ours, "highlight", timed([] { highlight(source(), Colors); })}}});
 }
 
 void run()
 {
     for (const Operation& operation : Operations)
-        measureGrowth(operation.name, operation.target, Sizes, operation.rivals);
-    measureWestern();
+        measureGrowth(operation.name, operation.target, Sizes, operation.rivals, operation.targets);
     measureRegions();
     measureTyping();
+    measureOpenTags();
     source().load(QByteArray());
     QFile::remove(scratchFile());
 }

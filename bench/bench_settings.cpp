@@ -75,7 +75,7 @@ void measureWrite(const QString& path, const QString& other)
     };
     measure({"Settings",
              "Write one value of a file of 200 KB",
-             {.most = 100, .timesLimit = 2},
+             {.timesLimit = 2},
              {{Role::Ours, "WriteProfile",
                timed([=]() mutable { WriteProfile(Section, Key, QString::number(++number), path); }, {},
                      [=] { return !ReadProfile(Section, Key, path).isEmpty(); })},
