@@ -175,6 +175,10 @@ std::vector<Rival> find(qsizetype size)
                [box, needle] { return box->selectedText() == needle; })},
         {Role::Limit, "memmem over the bytes", batched([text] {
              keep(memmem(text.constData(), size_t(text.size()), Needle.constData(), size_t(Needle.size())));
+         })},
+        {Role::Limit, "the press of a button that does nothing", timed([window] {
+             const QSignalBlocker blocker(window->Command8);
+             window->Command8->click();
          })}};
 }
 

@@ -62,10 +62,7 @@ public:
     {
         m_view.resize(800, 600);
         m_view.show();
-        QEventLoop loop;
-        QObject::connect(&m_view, &QWebEngineView::loadFinished, &loop, &QEventLoop::quit);
-        m_view.setHtml(QStringLiteral("<p>"));
-        loop.exec();
+        open();
     }
 
     /// `literal`: the page as a JavaScript string.
@@ -76,9 +73,24 @@ public:
         return run(QStringLiteral("document.documentElement.innerHTML")).toString();
     }
 
+    /// The same in a page that no script of the one before has seen.
+    QString writeAndReadAnew(const QString& literal)
+    {
+        open();
+        return writeAndRead(literal);
+    }
+
     void settle() { run(Settled); }
 
 private:
+    void open()
+    {
+        QEventLoop loop;
+        QObject::connect(&m_view, &QWebEngineView::loadFinished, &loop, &QEventLoop::quit);
+        m_view.setHtml(QStringLiteral("<p>"));
+        loop.exec();
+    }
+
     QVariant run(const QString& script)
     {
         QEventLoop loop;
@@ -144,11 +156,13 @@ Repetition onSurface(DesignMode mode, const QString& html)
     };
 }
 
-Rival engine(const QString& html)
+Rival engine(const QString& html, const char* name = "engine alone, innerHTML",
+             QString (BareEngine::*writeAndRead)(const QString& literal) = &BareEngine::writeAndRead)
 {
-    return {Role::Limit, "engine alone, innerHTML", [literal = literalOf(html)] {
+    return {Role::Limit, name, [literal = literalOf(html), writeAndRead] {
                 qsizetype length = 0;
-                const double time = milliseconds([&] { length = bareEngine().writeAndRead(literal).size(); });
+                const double time =
+                    milliseconds([&] { length = (bareEngine().*writeAndRead)(literal).size(); });
                 require(length > literal.size() / 2, "the engine did not take the page");
                 bareEngine().settle();
                 return time;
@@ -199,7 +213,9 @@ std::vector<Rival> designAgain(qsizetype size)
 std::vector<Rival> preview(qsizetype size)
 {
     const QString html = listing(size);
-    return {{Role::Ours, "preview", onSurface(DesignMode::Off, html)}, engine(html)};
+    return {{Role::Ours, "preview", onSurface(DesignMode::Off, html)},
+            engine(html),
+            engine(html, "engine alone, a new page each time", &BareEngine::writeAndReadAnew)};
 }
 
 /// The beginnings of tables, one in a cell of the other.

@@ -945,6 +945,7 @@ void TestRichTextBox::coloursStayBehindAnEdit()
     QCOMPARE(f.box.colorAt(9), Green);
 
     f.box.setColors(0, QByteArray::fromHex("01000000"), {Green}); // in front of what has colours
+    f.box.setColors(8, QByteArray::fromHex("0000"), {Green});
     QCOMPARE(f.box.colorAt(0), Green);
     QCOMPARE(f.box.colorAt(8), Red);
 
