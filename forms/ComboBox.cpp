@@ -8,8 +8,8 @@
 #include "platform/RuntimeError.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QCompleter>
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
@@ -112,9 +112,18 @@ bool ComboBox::eventFilter(QObject* watched, QEvent* event)
             event->accept();
             return true;
         }
-        return event->type() == QEvent::KeyPress ? closesList(static_cast<const QKeyEvent&>(*event))
-                                                 : QComboBox::eventFilter(watched, event);
+        if (event->type() != QEvent::KeyPress)
+            return QComboBox::eventFilter(watched, event);
+        return view()->isVisible() ? closesList(static_cast<const QKeyEvent&>(*event)) : passOn(*event);
     });
+}
+
+/// A quick hand's next key may still come to the list's window, which has just closed.
+bool ComboBox::passOn(QEvent& key)
+{
+    if (QWidget* focus = QApplication::focusWidget())
+        QCoreApplication::sendEvent(focus, &key);
+    return true;
 }
 
 bool ComboBox::closesList(const QKeyEvent& key)

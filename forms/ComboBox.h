@@ -72,6 +72,7 @@ protected:
 private:
     bool choosesWhileClosed(const QKeyEvent& event) const;
     bool closesList(const QKeyEvent& key);
+    static bool passOn(QEvent& key);
 
     bool m_choiceActs = false;
     bool m_clearPlaceholder = false;

@@ -337,6 +337,7 @@ private slots:
     void keyThatClosesTheListIsSpent_data();
     void keyThatClosesTheListIsSpent();
     void keyWhoseChoiceOpensADialogIsSpent();
+    void keyBehindAClosedList();
     void choiceThatEndsTheBox();
     void comboTypingChangesTheTextOnly();
     void comboEnterIsConsumed();
@@ -1282,6 +1283,34 @@ void TestControls::keyThatClosesTheListIsSpent()
 }
 
 /// The dialog is over before the key that chose has reached anything else.
+/// A display gives the keyboard back some time after a list has closed; a quick hand has gone on by then.
+void TestControls::keyBehindAClosedList()
+{
+    QWidget window;
+    QVBoxLayout layout(&window);
+    ComboBox box;
+    ComboBox next;
+    for (ComboBox* list : {&box, &next}) {
+        list->AddItem(QStringLiteral("a"));
+        list->AddItem(QStringLiteral("b"));
+        layout.addWidget(list);
+    }
+    show(window);
+    box.setFocus();
+    QTest::keyClick(window.windowHandle(), Qt::Key_Down, Qt::AltModifier);
+    QTRY_VERIFY(box.view()->isVisible());
+    QWindow* closed = box.view()->window()->windowHandle();
+    QTest::keyClick(closed, Qt::Key_Escape);
+    QTRY_VERIFY(!box.view()->isVisible());
+    const int chosen = box.ListIndex();
+
+    next.setFocus();
+    QTest::keyClick(closed, Qt::Key_Down, Qt::AltModifier);
+    QTRY_VERIFY(next.view()->isVisible());
+    QVERIFY(!box.view()->isVisible());
+    QCOMPARE(box.ListIndex(), chosen);
+}
+
 void TestControls::keyWhoseChoiceOpensADialogIsSpent()
 {
     QDialog window;
