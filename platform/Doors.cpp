@@ -31,8 +31,16 @@ namespace {
 
 QWidget* frontWindow()
 {
-    QWidget* modal = QApplication::activeModalWidget();
-    return modal ? modal : QApplication::activeWindow();
+    if (QWidget* modal = QApplication::activeModalWidget())
+        return modal;
+    if (QWidget* active = QApplication::activeWindow())
+        return active;
+    // Some desktops tell late which window is active; a dialog of none can be lost behind it.
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const auto visible = std::find_if(windows.begin(), windows.end(), [](const QWidget* window) {
+        return window->isVisible() && window->windowType() == Qt::Window;
+    });
+    return visible == windows.end() ? nullptr : *visible;
 }
 
 /// Runs a dialog. Where a window stays on top of all others, the dialog does so too: it must not come up
