@@ -4,6 +4,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "web/WebEngine.h"
 
 #include <QDialogButtonBox>
 #include <QIcon>
@@ -32,6 +33,9 @@ About::About()
         new QLabel(QStringLiteral("Composes the HTML page of an online auction listing.\n"
                                   "Free software under the GNU General Public License, version 3 or later."),
                    this);
+    auto* versions = new QLabel(engineVersions(), this); // what a report wants to know
+    versions->setAlignment(Qt::AlignCenter);
+    versions->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     buttons->button(QDialogButtonBox::Close)->setDefault(true);
     buttons->button(QDialogButtonBox::Close)->setIcon(QIcon()); // no button with words has one
@@ -39,8 +43,7 @@ About::About()
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(28, 24, 28, 20);
     layout->setSpacing(12);
-    for (QWidget* line :
-         {static_cast<QWidget*>(icon), static_cast<QWidget*>(name), static_cast<QWidget*>(purpose)})
+    for (QWidget* line : std::initializer_list<QWidget*>{icon, name, purpose, versions})
         layout->addWidget(line, 0, Qt::AlignHCenter);
     layout->addWidget(buttons);
     layout->setSizeConstraint(QLayout::SetFixedSize);

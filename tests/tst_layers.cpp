@@ -17,6 +17,7 @@ private slots:
     void noArrowRunsUp();
     void toolsKnowNoControls();
     void placesAreThere();
+    void versionsAreOneRoomsMatter();
     void sourcesNameTheirLicence();
     void connectionsAreGuarded();
     void overridesAreGuarded();
@@ -228,6 +229,23 @@ static bool isSource(const QFileInfo& file, const QByteArray& content)
     static const QStringList suffixes = {"cpp", "h", "js", "py", "cmake"};
     static const QStringList names = {"CMakeLists.txt", "Makefile"};
     return suffixes.contains(file.suffix()) || names.contains(file.fileName()) || content.startsWith("#!");
+}
+
+/// What differs between versions of the toolkit stands in `web/`, as that is the engine's.
+void TestLayers::versionsAreOneRoomsMatter()
+{
+    QMap<QString, int> seen;
+    for (const QString& folder : Below.keys()) {
+        QDirIterator files(QStringLiteral(SOURCE_DIR "/") + folder, {"*.h", "*.cpp"}, QDir::Files);
+        while (files.hasNext()) {
+            QFile file(files.next());
+            QVERIFY(file.open(QIODevice::ReadOnly));
+            const QByteArray text = file.readAll();
+            if (const auto count = text.count("QT_VERSION >=") + text.count("qVersion"))
+                seen[folder] += int(count);
+        }
+    }
+    QCOMPARE(seen.keys(), QStringList{QStringLiteral("web")});
 }
 
 void TestLayers::sourcesNameTheirLicence()

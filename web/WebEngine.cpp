@@ -15,6 +15,7 @@
 #include <QWebEngineUrlRequestJob>
 #include <QWebEngineUrlScheme>
 #include <QWebEngineUrlSchemeHandler>
+#include <QtWebEngineCore/qtwebenginecoreglobal.h>
 #include <unistd.h>
 
 namespace brindlemark {
@@ -77,6 +78,9 @@ QWebEngineProfile* makeProfile()
     onInner(profile, &QWebEngineProfile::downloadRequested, profile,
             [](QWebEngineDownloadRequest* download) { download->cancel(); }); // `WebPage` tells the user
 
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    profile->setPersistentPermissionsPolicy(QWebEngineProfile::PersistentPermissionsPolicy::AskEveryTime);
+#endif
     QWebEngineSettings* settings = profile->settings();
     settings->setFontFamily(QWebEngineSettings::StandardFont, QStringLiteral("Liberation Serif"));
     for (const auto attribute :
@@ -123,6 +127,13 @@ void prepareWebEngine()
 QUrl blankAddress()
 {
     return QUrl(QStringLiteral("surface:blank"));
+}
+
+QString engineVersions()
+{
+    return QStringLiteral("Qt %1\nChromium %2, with the security fixes up to %3")
+        .arg(QString::fromLatin1(qVersion()), QString::fromLatin1(qWebEngineChromiumVersion()),
+             QString::fromLatin1(qWebEngineChromiumSecurityPatchVersion()));
 }
 
 QWebEngineProfile* documentProfile()

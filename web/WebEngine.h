@@ -45,6 +45,10 @@ void prepareWebEngine();
 /// load, local ones too, and nothing else does.
 QUrl blankAddress();
 
+/// What shows the pages, one line each for the toolkit and for its engine: their versions, and up to which
+/// one of Chromium the holes are mended.
+QString engineVersions();
+
 /// What the document surfaces share: no cookies, nothing on the disk; of what a page names only
 /// pictures and styles are loaded.
 QWebEngineProfile* documentProfile();

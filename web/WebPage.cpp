@@ -9,6 +9,9 @@
 #include <QWebEngineCertificateError>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineNewWindowRequest>
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+#include <QWebEnginePermission>
+#endif
 #include <QWebEngineProfile>
 
 namespace brindlemark {
@@ -44,13 +47,27 @@ WebPage::WebPage(Kind kind, QObject* parent)
     onInner(this, &QWebEnginePage::newWindowRequested, this, &WebPage::openInPlace);
 }
 
+void WebPage::refusePermissions()
+{
+    const QString sentence = QStringLiteral("Refused: the page asks for a permission");
+#if QT_VERSION >= QT_VERSION_CHECK(6, 8, 0)
+    onInner(this, &QWebEnginePage::permissionRequested, this,
+            [this, sentence](const QWebEnginePermission& permission) {
+                permission.deny();
+                emit refused(sentence);
+            });
+#else
+    onInner(this, &QWebEnginePage::featurePermissionRequested, this,
+            [this, sentence](const QUrl& origin, Feature feature) {
+                setFeaturePermission(origin, feature, PermissionDeniedByUser);
+                emit refused(sentence);
+            });
+#endif
+}
+
 void WebPage::refuseFeatures()
 {
-    onInner(this, &QWebEnginePage::featurePermissionRequested, this,
-            [this](const QUrl& origin, Feature feature) {
-                setFeaturePermission(origin, feature, PermissionDeniedByUser);
-                emit refused(QStringLiteral("Refused: the page asks for a permission"));
-            });
+    refusePermissions();
     onInner(profile(), &QWebEngineProfile::downloadRequested, this, [this](QWebEngineDownloadRequest* offer) {
         if (offer->page() == this) {
             emit refused(

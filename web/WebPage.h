@@ -57,6 +57,7 @@ protected:
 
 private:
     bool mayAsk();
+    void refusePermissions();
     void refuseFeatures();
     void openInPlace(QWebEngineNewWindowRequest& request);
 

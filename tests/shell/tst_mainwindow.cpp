@@ -1106,6 +1106,14 @@ void TestMainWindow::aboutWindow()
     about->Show();
     QVERIFY(about->isVisible());
     QCOMPARE(about->windowTitle(), QStringLiteral("About Brindlemark 1.0"));
+    // What a report wants to know is there to be copied.
+    const QList<QLabel*> lines = about->findChildren<QLabel*>();
+    QVERIFY(std::any_of(lines.begin(), lines.end(), [](const QLabel* line) {
+        static const QRegularExpression wanted(QStringLiteral(
+            R"(^Qt 6\.\d+\.\d+\nChromium \d+(\.\d+){3}, with the security fixes up to \d+(\.\d+){3}$)"));
+        return wanted.match(line->text()).hasMatch() &&
+               line->textInteractionFlags() & Qt::TextSelectableByMouse;
+    }));
     QStringList texts;
     for (const QLabel* label : about->findChildren<QLabel*>())
         texts << label->text();
