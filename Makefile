@@ -52,7 +52,7 @@ BASE ?= HEAD~1
 
 check:
 	./setup --test --develop --fuzz
-	for build in clang release release-clang; do \
+	for build in clang release-strict release-clang; do \
 	  cmake --preset $$build && cmake --build --preset $$build || exit 1; \
 	done
 	cmake --preset asan

@@ -987,6 +987,7 @@ void TestDocument::saveKeepsTheCaption()
     window.web->SaveFileAs(window.folder.path(QStringLiteral("copy.htm")));
     const QString caption = window.caption();
     QVERIFY(caption.startsWith(window.folder.path(QStringLiteral("copy.htm"))));
+    QCOMPARE(window.folder.read(QStringLiteral("copy.htm")), QByteArray("word\r\n"));
     window.press(Tool::Save);
     QCOMPARE(window.caption(), caption);
 }
