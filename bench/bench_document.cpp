@@ -434,15 +434,15 @@ void measureTyping()
         QApplication::processEvents();
         const Repetition ours = timed([] { typeLetter(&source(), source().viewport()); });
         const Repetition bare = timed([box] { typeLetter(box.get(), box->viewport()); });
-        measure({"Document",
-                 place.name,
-                 {.most = place.most},
-                 {{Role::Ours, "source box", ours}, {Role::Peer, Bare, bare}}});
+        const Repetition screen = timed([] { paint(source().viewport()); });
+        const auto rivals = [&]() -> std::vector<Rival> {
+            return {{Role::Ours, "source box", ours},
+                    {Role::Peer, Bare, bare},
+                    {Role::Limit, "its screen painted, nothing typed", screen}};
+        };
+        measure({"Document", place.name, {.most = place.most}, rivals()});
         const Reader reader;
-        measure({"Document",
-                 place.name + std::string(", read aloud"),
-                 {.most = place.most},
-                 {{Role::Ours, "source box", ours}, {Role::Peer, Bare, bare}}});
+        measure({"Document", place.name + std::string(", read aloud"), {.most = place.most}, rivals()});
     }
 }
 
