@@ -2,6 +2,7 @@
 
 #include "app/Openings.h"
 #include "app/WarmUp.h"
+#include "platform/AppPath.h"
 #include "platform/DesktopLook.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
@@ -11,12 +12,26 @@
 #include "wizard/Unfinished.h"
 
 #include <QApplication>
+#include <QFileInfo>
 #include <QIcon>
 #include <QPointer>
 
 using namespace brindlemark;
 
 namespace {
+
+/// The file that the desktop hands over with the start; empty without one.
+QString fileHandedOver()
+{
+    const QStringList arguments = QApplication::arguments();
+    return arguments.size() == 2 ? QFileInfo(arguments.constLast()).absoluteFilePath() : QString();
+}
+
+void openHandedOver()
+{
+    if (const QString file = fileHandedOver(); !file.isEmpty())
+        form<FrmWeb>()->openHandedOver(file);
+}
 
 /// Deletes the windows that are still open at the end, before the toolkit goes.
 void closeForms()
@@ -42,12 +57,16 @@ int main(int argc, char* argv[])
     QFont::insertSubstitution(QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue"));
 
     guarded([] {
+        fillSettingsFolder(QApplication::applicationDirPath(), AppPath());
         auto* splash = form<FrmSplash>();
         on(splash, &FrmSplash::mainWindowLoaded, splash, [] {
             connectOpenings(form<FrmWeb>());
             warmUpBeforePreview(form<FrmWeb>());
         });
-        on(splash, &FrmSplash::documentOffered, splash, [] { offerUnfinished(); });
+        on(splash, &FrmSplash::documentOffered, splash, [] {
+            openHandedOver();
+            offerUnfinished();
+        });
         splash->Show();
     });
     const int exitCode = QApplication::exec();

@@ -57,6 +57,9 @@ public:
     /// The text as it goes out, which is the text itself: nothing is encoded.
     QString etxt(const QString& text) const;
 
+    /// Makes the file at a path the document, as Open in the menu does with one that was chosen there.
+    void openHandedOver(const QString& path);
+
     /// Asks whether unsaved text that an earlier run of the program left shall come back, and makes it the
     /// document on Yes. For the start only.
     void offerUnsavedText();

@@ -248,6 +248,12 @@ void FrmWeb::tellOfDrop(const QString& text)
     QToolTip::showText(QCursor::pos(), QStringLiteral("<nobr>") + text.toHtmlEscaped(), RichTextBox1);
 }
 
+void FrmWeb::openHandedOver(const QString& path)
+{
+    if (giveUpDocument([this, path] { openHandedOver(path); }))
+        openFile(path);
+}
+
 void FrmWeb::openFile(const QString& path)
 {
     try {

@@ -94,10 +94,10 @@ QByteArray Program::read(const QString& name) const
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-void Program::launch()
+void Program::launch(const QStringList& arguments)
 {
     m_process.setStandardErrorFile(m_errors.fileName(), QIODevice::Append);
-    m_process.start(path(QStringLiteral("brindlemark")), QStringList());
+    m_process.start(path(QStringLiteral("brindlemark")), arguments);
     QVERIFY(m_process.waitForStarted());
 }
 

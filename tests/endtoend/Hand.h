@@ -51,7 +51,8 @@ public:
 
     /// Another value of a variable of the environment for the next start.
     void setEnvironment(const char* name, const QString& value);
-    void launch();
+    /// With a file that the desktop hands over, if one is named.
+    void launch(const QStringList& arguments = {});
     /// Starts the program and waits for its main window.
     void start();
     bool isRunning() { return !m_process.waitForFinished(0) && m_process.state() == QProcess::Running; }

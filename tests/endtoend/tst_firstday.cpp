@@ -28,6 +28,8 @@ private slots:
     void closingSavesUnnamedButTheDialogIsCancelled();
     void closingEndsWithAllToolsOpen();
     void startWithoutSettings();
+    void fileHandedOver();
+    void fileHandedOverBehindAText();
 };
 
 void TestFirstDay::initTestCase()
@@ -314,6 +316,41 @@ void TestFirstDay::startWithoutSettings()
     QCOMPARE(program.exitCode(), 1);
     program.launch();
     QVERIFY(program.activate(MainWindow));
+}
+
+/// A file that was clicked on in the desktop is the document from the start, and is saved where it lies.
+void TestFirstDay::fileHandedOver()
+{
+    const QString title = QStringLiteral("my page.htm - Brindlemark 1.0");
+    Program program;
+    program.write(QStringLiteral("my page.htm"), "<p>one");
+    program.launch({program.path(QStringLiteral("my page.htm"))});
+    QVERIFY(program.activate(title));
+    program.append(title, QStringLiteral(" two"));
+    program.file(title, QStringLiteral("s"));
+    QTRY_COMPARE_WITH_TIMEOUT(program.read(QStringLiteral("my page.htm")), QByteArray("<p>one two\r\n"),
+                              Patience);
+    program.file(title, QStringLiteral("e"));
+    QCOMPARE(program.exitCode(), 0);
+}
+
+/// Two starts are two windows with a text each.
+void TestFirstDay::fileHandedOverBehindAText()
+{
+    const QString title = QStringLiteral("page.htm - Brindlemark 1.0");
+    Program first;
+    first.start();
+    Program::type(QStringLiteral("mine"));
+    Program second;
+    second.write(QStringLiteral("page.htm"), "other");
+    second.launch({second.path(QStringLiteral("page.htm"))});
+    QVERIFY(second.activate(title));
+    QVERIFY(!first.window(MainWindow).isEmpty());
+    second.file(title, QStringLiteral("e"));
+    QVERIFY(second.waitFor(Box));
+    second.key(QStringLiteral("n"));
+    QCOMPARE(second.exitCode(), 0);
+    QVERIFY(first.isRunning());
 }
 
 QTEST_GUILESS_MAIN(TestFirstDay)

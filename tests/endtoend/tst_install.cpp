@@ -189,7 +189,8 @@ void TestInstall::entryNamesThePlace()
     const QList<QByteArray> lines = fileBytes(moved + QStringLiteral("/brindlemark.desktop")).split('\n');
     const QByteArray place = m_temporary->path().toUtf8() + '/';
     QCOMPARE(lines.value(0), QByteArray("[Desktop Entry]"));
-    QVERIFY(lines.contains("Exec=\"" + place + inExec + "/brindlemark\""));
+    QVERIFY(lines.contains("Exec=\"" + place + inExec + "/brindlemark\" %f"));
+    QVERIFY(lines.contains("MimeType=text/html;"));
     QVERIFY(lines.contains("Icon=" + place + inIcon + "/brindlemark.svg"));
 }
 
@@ -198,7 +199,7 @@ void TestInstall::menuFollowsTheFolder()
     const QString dataHome = m_temporary->filePath(QStringLiteral("data home"));
     const QString entry = dataHome + QStringLiteral("/applications/brindlemark.desktop");
     const auto exec = [](const QString& folder) {
-        return "\nExec=\"" + folder.toUtf8() + "/brindlemark\"\n";
+        return "\nExec=\"" + folder.toUtf8() + "/brindlemark\" %f\n";
     };
     QVERIFY(fileBytes(inFolder(QStringLiteral("brindlemark.desktop"))).contains(exec(m_folder)));
     QVERIFY(!QFile::exists(entry)); // nobody has asked for it
