@@ -6,11 +6,21 @@
 
 namespace brindlemark {
 
-/// The program's own folder, in which all settings and data files lie; without a slash at its end.
+/// The folder in which all settings and data files lie; without a slash at its end. It is the program's own
+/// where its user may write there, else one of the user's.
 QString AppPath();
 
 /// Makes another folder the program's: each test lives in one of its own.
 void setAppPath(const QString& folder);
+
+/// What `AppPath` is for a program that lies in a folder: that folder, or "brindlemark" where the desktop has
+/// its users' data.
+QString settingsFolder(const QString& programFolder);
+
+/// Fills a settings folder that isn't the program's own from there: settings that it lacks, and what only the
+/// program's makers write, such as the help, if it is another one. What can't be copied is missing there, as
+/// a file that was deleted.
+void fillSettingsFolder(const QString& programFolder, const QString& folder);
 
 /// The settings, lists and texts beside the program, all of them.
 namespace DataFile {

@@ -18,11 +18,11 @@ bool isPictureFile(const QString& path);
 /// Whether a file holds something else than text: a NUL among its first 4 KB. False where it can't be read.
 bool isBinaryFile(const QString& path);
 
-/// Makes `bytes`, and `end` behind them, the whole content of a file; every file that the program writes is written here. Either
-/// the new content is there at the end, or the old file is there untouched and RuntimeError(PathFileAccess)
-/// tells the reason. A symbolic link stays and what it points to is written, also when that doesn't exist
-/// yet. An existing file keeps its permissions, and its owner and group where the system lets the program set
-/// them; one that nobody may write to is refused.
+/// Makes `bytes`, and `end` behind them, the whole content of a file; every file that the program writes is
+/// written here. Either the new content is there at the end, or the old file is there untouched and
+/// RuntimeError(PathFileAccess) tells the reason. A symbolic link stays and what it points to is written,
+/// also when that doesn't exist yet. An existing file keeps its permissions, and its owner and group where
+/// the system lets the program set them; one that nobody may write to is refused.
 void writeFile(const QString& path, QByteArrayView bytes, QByteArrayView end = {});
 
 /// The turn to read a file, change it and write it, which programs take one after the other. It is the lock
