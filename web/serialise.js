@@ -8,7 +8,7 @@
  * has an end closed, "<", ">", "&" and the no-break blank of texts written as entities. It is read once from
  * front to end and printed anew in the form above, so nothing here touches the living document.
  *
- * The file is one expression; its value is an object of `serialise`, of `holdShadows`, through which a text goes before
+ * The file is one expression; its value is an object of `serialise`, of `holdBack`, through which a text goes before
  * it is written, and of what tells the blocks that a paste may bundle.
  */
 (function () {
@@ -432,33 +432,39 @@ class Printer {
 }
 
 /**
- * A TEMPLATE with one of these attributes becomes a shadow root when it is written into a page: its text is in no
- * child and comes back from nowhere. Under another name they leave it a TEMPLATE.
+ * Attributes that are written into a page under another name, each with the tags that it is held in. A TEMPLATE with one
+ * of the first becomes a shadow root: its text is in no child and comes back from nowhere. A LINK whose relation names
+ * `preconnect`, maybe by entities, has newer engines open a connection that no guard of requests sees.
  */
-const SHADOW_NAME = /^shadowroot(?:mode)?$/i;
-const HELD_NAME = /(shadowroot(?:mode)?\u2063*)\u2063/gi;
+const HELD = [
+    { tags: /<template(?=[ \t\n\f\r\/])/gi, name: /^shadowroot(?:mode)?$/i, attribute: /^/ },
+    { tags: /<link(?=[ \t\n\f\r\/])/gi, name: /^rel$/i, attribute: /preconnect|&/i },
+];
+const HELD_NAME = /((?:shadowroot(?:mode)?|rel)\u2063*)\u2063/gi;
 
 /** One attribute as the parser reads it, its name in the group. */
 const ATTRIBUTE = /[ \t\n\f\r\/]*(=?[^ \t\n\f\r\/>=]+|=)(?:[ \t\n\f\r]*=[ \t\n\f\r]*(?:"[^"]*"|'[^']*'|[^"' \t\n\f\r>][^ \t\n\f\r>]*)?)?/y;
 
 /**
- * The text with an invisible letter behind these names in all its TEMPLATE tags, and in what only looks like one, and
- * with one more where there is one already; `serialise` takes one away.
+ * The text with an invisible letter behind these names in all those tags, and in what only looks like one, and with one
+ * more where there is one already; `serialise` takes one away.
  */
-function holdShadows(text) {
-    if (!/shadowroot/i.test(text))
+function holdBack(text) {
+    if (!/shadowroot|<link|rel\u2063/i.test(text))
         return text;
     const ends = new Set(Array.from(text.matchAll(HELD_NAME), held => held.index + held[0].length)); // of the names
-    const visited = new Set(); // where a tag inside what looks like a tag has been read on already
-    for (const { index } of text.matchAll(/<template(?=[ \t\n\f\r\/])/gi)) {
-        ATTRIBUTE.lastIndex = index + '<template'.length;
-        for (let from = ATTRIBUTE.lastIndex; !visited.has(from); from = ATTRIBUTE.lastIndex) {
-            visited.add(from);
-            const found = ATTRIBUTE.exec(text);
-            if (!found)
-                break;
-            if (SHADOW_NAME.test(found[1]))
-                ends.add(from + found[0].indexOf(found[1]) + found[1].length);
+    for (const { tags, name, attribute } of HELD) {
+        const visited = new Set(); // where a tag inside what looks like a tag has been read on already
+        for (const { index, 0: tag } of text.matchAll(tags)) {
+            ATTRIBUTE.lastIndex = index + tag.length;
+            for (let from = ATTRIBUTE.lastIndex; !visited.has(from); from = ATTRIBUTE.lastIndex) {
+                visited.add(from);
+                const found = ATTRIBUTE.exec(text);
+                if (!found)
+                    break;
+                if (name.test(found[1]) && attribute.test(found[0]))
+                    ends.add(from + found[0].indexOf(found[1]) + found[1].length);
+            }
         }
     }
     let held = '';
@@ -497,5 +503,5 @@ function serialise(doc, scripting) {
     return text.replace(HELD_NAME, '$1');
 }
 
-return { serialise, holdShadows, HOLDER, isBlock, standsByItself };
+return { serialise, holdBack, HOLDER, isBlock, standsByItself };
 })()

@@ -10,7 +10,7 @@
 (function (functions) {
 'use strict';
 
-const { serialise, holdShadows, HOLDER, isBlock, standsByItself } = functions;
+const { serialise, holdBack, HOLDER, isBlock, standsByItself } = functions;
 
 const body = () => Object.getOwnPropertyDescriptor(Document.prototype, 'body').get.call(document);
 const command = (name, value) => Document.prototype.execCommand.call(document, name, false, value);
@@ -107,7 +107,7 @@ return {
      */
     write(text, design) {
         Document.prototype.open.call(document);
-        Document.prototype.write.call(document, holdShadows(text));
+        Document.prototype.write.call(document, holdBack(text));
         if (design)
             document.adoptedStyleSheets = [HIDDEN];
         Document.prototype.close.call(document);

@@ -40,6 +40,7 @@ private slots:
     void prints();
     void scriptedTrees_data();
     void scriptedTrees();
+    void linksThatWouldConnect();
     void scriptsOnKeepNoscript();
     void pages_data();
     void pages();
@@ -198,6 +199,28 @@ void TestSerialise::scriptedTrees()
     QCOMPARE(m_surface->innerHtml(), text);
     QVERIFY(m_surface->write(text));
     QCOMPARE(m_surface->innerHtml(), text);
+}
+
+/// The engine is not told of a relation that opens a connection; of all else it is, and the text keeps every
+/// one.
+void TestSerialise::linksThatWouldConnect()
+{
+    QVERIFY(m_surface->write(
+        QStringLiteral("<link rel=preconnect href=a><link title='>' rel='dns-prefetch Preconnect' href=b>"
+                       "<link rel=stylesheet href=c><body>x rel\u2063 preconnect <link rel\u2063=icon href=d>"
+                       "<link rel='pre&#99;onnect' href=e><LINK/REL=preconnect href=f>")));
+    const auto told = probe(*m_surface)
+                          .evaluate(QStringLiteral(
+                              "Array.from(document.querySelectorAll('link'), link => link.rel).join()"));
+    QCOMPARE(told.value_or(QVariant()).toString(), QStringLiteral(",,stylesheet,,,"));
+    const QString text = m_surface->innerHtml();
+    for (const QString& part :
+         {QStringLiteral("<LINK rel=preconnect href=a>"),
+          QStringLiteral("<LINK title=\">\" rel=\"dns-prefetch Preconnect\" href=b>"),
+          QStringLiteral("<LINK rel=stylesheet href=c>"),
+          QStringLiteral("x rel\u2063 preconnect <LINK rel\u2063=icon href=d><LINK rel=preconnect href=e>"
+                         "<LINK rel=preconnect href=f>")})
+        QVERIFY2(text.contains(part), qPrintable(text));
 }
 
 void TestSerialise::scriptsOnKeepNoscript()

@@ -76,7 +76,10 @@ constexpr Vector Vectors[] = {
     {"links", "preloadfetch", "<link rel=preload as=fetch href='{web}' crossorigin>"},
     {"links", "modulepreload", "<link rel=modulepreload href='{web}'>"},
     {"links", "prefetch", "<link rel=prefetch href='{web}'>"},
-    {"links", "preconnect", "<link rel=preconnect href='http://{socket}'>", "connection"},
+    {"links", "preconnect",
+     "<link rel=preconnect href='http://{socket}'><link rel='pre&#99;onnect' href='http://{socket}'>"
+     "<link title='>' rel=preconnect href='http://{socket}'>",
+     "connection"},
     {"media", "video", "<video src='{file}.mp4' autoplay></video><video src='{web}' autoplay></video>"},
     {"media", "audio", "<audio src='{file}.ogg' autoplay></audio><audio src='{web}' autoplay></audio>"},
     {"media", "source", "<video autoplay><source src='{file}.mp4'><source src='{web}'></video>"},
