@@ -171,7 +171,7 @@ void TestInstall::entryNamesThePlace_data()
     QTest::newRow("quotes") << R"(a"b'c`d)" << QByteArray(R"(a\\"b'c\\`d)") << QByteArray(R"(a"b'c`d)");
     QTest::newRow("dollar") << "$HOME" << QByteArray(R"(\\$HOME)") << QByteArray("$HOME");
     QTest::newRow("backslash") << R"(a\b)" << QByteArray(R"(a\\\\b)") << QByteArray(R"(a\\b)");
-    QTest::newRow("letters") << u"Gr\u00FC\u00DFe"_qs
+    QTest::newRow("letters") << QStringLiteral("Gr\u00FC\u00DFe")
                              << QByteArray("Gr\xC3\xBC\xC3\x9F"
                                            "e")
                              << QByteArray("Gr\xC3\xBC\xC3\x9F"
