@@ -111,9 +111,12 @@ void prepareWebEngine()
         qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1"); // the sandbox can't be made by the superuser
     if (!qEnvironmentVariableIsSet("QT_QUICK_BACKEND"))
         qputenv("QT_QUICK_BACKEND", "software"); // works where there is no OpenGL, and is lighter
-    // Or else the engine's library has OpenGL loaded at each start, 35 MB that nothing here uses.
+#if QT_VERSION < QT_VERSION_CHECK(6, 8, 0)
+    // Or else the engine's library has OpenGL loaded at each start, 35 MB that nothing here uses. Newer ones
+    // look for it again with each page.
     if (qgetenv("QT_QUICK_BACKEND") == "software" && !qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
         qputenv("QT_XCB_GL_INTEGRATION", "none");
+#endif
     // Packets that scripts send by WebRTC are no requests, so that no guard sees them: they are switched off.
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") +
                                               " --force-webrtc-ip-handling-policy=disable_non_proxied_udp");

@@ -29,6 +29,9 @@ constexpr std::array KnownWarnings = {
     "js: ",                                     // what a page's own scripts say
     "No suitable graphics backend found",       // the engine, without a display
     "Unknown or unsupported skia image format", // the engine, of a picture that is dragged
+    "QRhiGles2: Failed to create",              // newer engines, where there is no OpenGL
+    "QVulkanInstance: Failed to initialize",    // likewise
+    "Unable to detect GPU vendor",              // likewise
 };
 
 QString firstWarning;

@@ -1713,10 +1713,11 @@ void TestRichTextBox::dropOfAFile()
 /// Another program may end while its file is over the box: that is no drop, or one of what was seen of it.
 void TestRichTextBox::fileThatIsLetGo()
 {
+    constexpr int Most = 20; // more than any toolkit asks for
     for (const char* name : {"README.md", "data/help/wait.png"}) {
         const QString path = QStringLiteral(SOURCE_DIR "/") + QLatin1String(name);
         int taken = 0;
-        for (int answers = 0; answers < 6; ++answers) {
+        for (int answers = 0; answers < Most; ++answers) {
             Fixture f;
             f.start("0123456789");
             QStringList told;
@@ -1729,7 +1730,7 @@ void TestRichTextBox::fileThatIsLetGo()
             QCOMPARE(f.box.Text(), QByteArray("0123456789"));
             taken += dropped;
         }
-        QVERIFY(taken > 0 && taken < 6);
+        QVERIFY2(taken > 0 && taken < Most, qPrintable(QString::number(taken)));
     }
 }
 
