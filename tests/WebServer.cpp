@@ -9,6 +9,7 @@
 #include <QSslServer>
 #include <QTcpSocket>
 #include <QTest>
+#include <QTimer>
 
 namespace brindlemark {
 
@@ -104,6 +105,11 @@ QString WebServer::url(const QString& path) const
 
 void WebServer::connected(QTcpSocket* socket)
 {
+    constexpr int Patience = 10'000; // milliseconds; an engine opens spare connections that it never uses
+    auto* idle = new QTimer(socket);
+    QObject::connect(idle, &QTimer::timeout, socket, &QTcpSocket::disconnectFromHost);
+    QObject::connect(socket, &QTcpSocket::readyRead, idle, &QTimer::stop);
+    idle->start(Patience);
     ++m_connections;
     QObject::connect(socket, &QTcpSocket::disconnected, m_server.get(), [this, socket] {
         --m_connections;
