@@ -128,6 +128,10 @@ bool ComboBox::passOn(QEvent& key)
 
 bool ComboBox::closesList(const QKeyEvent& key)
 {
+    if (key.key() == Qt::Key_F4) { // closes and chooses nothing; a newer toolkit would choose
+        hidePopup();
+        return true;
+    }
     const QPointer<ComboBox> here(this); // the choice may close the window
     QKeyEvent told(QEvent::ShortcutOverride, key.key(), key.modifiers(), key.text(), key.isAutoRepeat());
     m_tellsList = true;
