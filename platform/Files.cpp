@@ -175,8 +175,8 @@ void writeFile(const QString& path, QByteArrayView bytes, QByteArrayView end)
 
 FileTurn::FileTurn(const QString& path)
 {
-    constexpr int Patience = 3000; // milliseconds: as long as a slow disk takes for a few dozen writes
-    constexpr int Look = 200;      // microseconds between two looks whether it is our turn
+    constexpr int Patience = 3000;      // milliseconds: as long as a slow disk takes for a few dozen writes
+    constexpr unsigned long Look = 200; // microseconds between two looks whether it is our turn
     const QFileInfo file(path);
     const QFileInfo target(file.exists() ? file.canonicalFilePath() : file.absoluteFilePath());
     m_folder = open(QFile::encodeName(target.path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);

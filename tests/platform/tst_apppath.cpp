@@ -42,7 +42,8 @@ void TestAppPath::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     QVERIFY(QFile::setPermissions(m_folder->path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner |
-                                                        QFile::ReadGroup | QFile::ExeGroup | QFile::ReadOther | QFile::ExeOther));
+                                                        QFile::ReadGroup | QFile::ExeGroup |
+                                                        QFile::ReadOther | QFile::ExeOther));
     QVERIFY(QDir(m_folder->path()).mkpath(QStringLiteral("program/help")));
     for (const char* name : {"web.ini", "weblst.ini", "Help0.htm", "help/wizard.png", "brindlemark"})
         writeFile(program(QString::fromLatin1(name)), QByteArray("shipped ") + name);

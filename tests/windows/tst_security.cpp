@@ -1027,7 +1027,9 @@ void TestSecurity::prompts()
     Traps traps;
     const QString question = traps.arm("prompt", "<img src='{file}.png'><h1>Your password</h1>");
     bool seen = false;
-    QTimer::singleShot(200, qApp, [&] {
+    QTimer look;
+    look.setSingleShot(true);
+    connect(&look, &QTimer::timeout, qApp, [&] {
         QWidget* dialog = QApplication::activeModalWidget();
         QVERIFY(dialog);
         for (const QLabel* label : dialog->findChildren<QLabel*>())
@@ -1035,6 +1037,7 @@ void TestSecurity::prompts()
         traps.takeSprung(); // the dialog itself
         QTest::keyClick(dialog, Qt::Key_Escape);
     });
+    look.start(200);
     const QString title = QStringLiteral("Message of the page");
     if (box) {
         doors().msgBox(question, title, MsgIcon::None, MsgButtons::Ok);
