@@ -271,7 +271,12 @@ WebControl::Answer WebControl::call(const QString& function)
     Answer answer = askPage(callOrAbsence(function));
     if (!answer.value || !isAbsence(*answer.value))
         return answer;
-    return askPage(surfaceScript() + u'.' + function); // the first call in this page
+    return callFirst(function);
+}
+
+WebControl::Answer WebControl::callFirst(const QString& function)
+{
+    return askPage(surfaceScript() + u'.' + function);
 }
 
 void WebControl::evaluateSoon(const QString& script, const std::function<void(const QVariant&)>& answered)

@@ -113,6 +113,8 @@ protected:
     [[nodiscard]] Answer ask(const Question& question);
     /// Calls a function of surface.js, such as "reveal()", in the page and waits for what it returns.
     [[nodiscard]] Answer call(const QString& function);
+    /// The same for what is most likely the first call in a page: it brings surface.js along.
+    [[nodiscard]] Answer callFirst(const QString& function);
     /// Runs a script without waiting for it.
     void evaluateSoon(const QString& script, const std::function<void(const QVariant&)>& answered = {});
     /// Calls a function without waiting, in a page in which they were made.

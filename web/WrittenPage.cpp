@@ -163,7 +163,7 @@ bool WrittenPage::startBlankPage()
         });
         wait(loop, int(deadline.remainingTime()));
         if (!deadline.hasExpired() &&
-            call(QStringLiteral("start(") + literal(m_openedFor == DesignMode::On) + u')').isTrue())
+            callFirst(QStringLiteral("start(") + literal(m_openedFor == DesignMode::On) + u')').isTrue())
             return true;
     }
     return false;

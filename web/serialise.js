@@ -488,6 +488,7 @@ function holdBack(text) {
  */
 function serialise(doc, scripting) {
     let source = sourceOf(doc);
+    scripting = scripting && source.includes('<noscript'); // nothing else is read in another way
     let text = new Printer(scripting).print(source);
     for (let round = 0; round < MOST_ROUNDS; ++round) {
         const again = sourceOf(new DOMParser().parseFromString(text, 'text/html'));
