@@ -2,7 +2,7 @@
 
 # What people do with the program. How it is built stands in CMakeLists.txt and CMakePresets.json.
 
-.PHONY: run install dist test check demo gallery help-pictures bench soak monkey fuzz mutants format tidy clean
+.PHONY: run install dist deb test test-on check demo gallery help-pictures bench soak monkey fuzz mutants format tidy clean
 
 # The programs of the release and development builds. Both folders keep the settings of whoever ran them.
 RELEASE := build/release
@@ -40,11 +40,20 @@ dist:
 	$(build_release)
 	package/dist $(RELEASE)
 
+# A package for the Debian on which it is built, in dist/.
+deb:
+	./setup --package
+	package/make-deb
+
 test:
 	./setup --test
 	cmake --preset dev
 	cmake --build --preset dev
 	ctest --preset dev
+
+# The same, an installation and a listing in a bare system, which is made for it: make test-on SYSTEM=debian13
+test-on:
+	tests/systems/test-on "$(SYSTEM)"
 
 # What a change must pass beside the tests: both compilers, a release, the sanitizers over all tests that need no display,
 # the code's form, and the analyser on what has changed since BASE.

@@ -29,7 +29,7 @@ struct Effort
 const Effort& effort()
 {
     static const Effort chosen =
-        qEnvironmentVariableIsEmpty("BENCH_QUICK") ? Effort{10, 8000, 5000} : Effort{2, 1000, 300};
+        qEnvironmentVariableIsEmpty("BENCH_QUICK") ? Effort{10, 5000, 5000} : Effort{2, 1000, 300};
     return chosen;
 }
 

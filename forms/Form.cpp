@@ -12,6 +12,7 @@
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QShortcut>
+#include <QWindow>
 #include <utility>
 
 namespace brindlemark {
@@ -29,6 +30,26 @@ const QWidget* frontWindow(const QWidget* except)
             return window;
     }
     return nullptr;
+}
+
+/// Under Wayland no program raises a window or knows where it is: a window that must not get lost behind
+/// another is that one's child.
+bool desktopStacksWindows()
+{
+    static const bool stacks = QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+    return stacks;
+}
+
+QPointer<Form>& lowestForm()
+{
+    static QPointer<Form> form;
+    return form;
+}
+
+QPointer<Form>& lastActivated()
+{
+    static QPointer<Form> form;
+    return form;
 }
 
 std::function<void(const Form&)>& helpShower()
@@ -64,6 +85,11 @@ public:
 
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
 {
+    m_activation.setSingleShot(true);
+    onInner(&m_activation, &QTimer::timeout, this, [this] {
+        if (lastActivated() == this && isVisible() && !isActiveWindow() && !QApplication::activeModalWidget())
+            activateWindow();
+    });
     auto* help = new QShortcut(QKeySequence::HelpContents, this);
     help->setAutoRepeat(false);
     on(help, &QShortcut::activated, this, [this] {
@@ -81,14 +107,42 @@ void Form::Show()
 {
     if (!std::exchange(m_placed, true))
         placeOverFrontWindow();
+    standOverMain();
     if (isMinimized()) {
         showNormal();
     } else {
         show();
     }
     raise();
-    if (!testAttribute(Qt::WA_ShowWithoutActivating))
-        activateWindow();
+    if (testAttribute(Qt::WA_ShowWithoutActivating))
+        return;
+    activateWindow();
+    activateAgain();
+}
+
+void Form::standBelow()
+{
+    lowestForm() = this;
+}
+
+void Form::standOverMain()
+{
+    if (!desktopStacksWindows() || !lowestForm() || lowestForm() == this || !lowestForm()->windowHandle())
+        return;
+    if (!windowHandle())
+        create();
+    windowHandle()->setTransientParent(lowestForm()->windowHandle());
+}
+
+/// The window that has just gone may still have its turn: then another one gets the keyboard a moment after
+/// this one has asked for it.
+void Form::activateAgain()
+{
+    if (!desktopStacksWindows())
+        return;
+    constexpr int Moment = 200; // milliseconds
+    lastActivated() = this;
+    m_activation.start(Moment);
 }
 
 void Form::placeOverFrontWindow()

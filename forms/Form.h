@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 
@@ -22,6 +23,8 @@ public:
     /// Shows the window in front of the others and gives it the keyboard, unless it is shown without being
     /// activated; the first time over the middle of the window that is in front.
     void Show();
+    /// From here on all other forms stay over this one, on desktops where no window can raise itself.
+    void standBelow();
     /// Hides the window; its state stays.
     void Hide();
     /// Closes the form unless `queryUnload` refuses. The window goes away at once and the instance is
@@ -57,10 +60,13 @@ protected:
 
 private:
     void placeOverFrontWindow();
+    void standOverMain();
+    void activateAgain();
     QAbstractButton* enterButton() const;
 
     QPushButton* m_default = nullptr;
     QPushButton* m_closesBy = nullptr; // what the close button presses in place of `Unload`
+    QTimer m_activation;
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_asking = false;

@@ -121,6 +121,7 @@ void place(QWidget* widget, const TwipsRect& rect)
 FrmWeb::FrmWeb()
 {
     setupUi(this);
+    standBelow();
     const QStringList folders = {AppPath(), QDir::homePath()};
     m_document = std::make_unique<Document>(*RichTextBox1, folders);
     m_earlier = std::make_unique<EarlierTexts>(folders);

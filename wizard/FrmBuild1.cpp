@@ -487,8 +487,8 @@ void FrmBuild1::Command1_Click()
         payments << Txtother->text();
     if (!Txtother2->text().isEmpty())
         regions << Txtother2->text();
+    form<FrmBuild2>()->Show(); // before this one goes, or else another window has the keyboard meanwhile
     Hide();
-    form<FrmBuild2>()->Show();
 }
 
 /// All that the seller has filled in: the fields of both pages, and the lists in the order of the clicks.
@@ -518,8 +518,8 @@ void FrmBuild1::takeUnfinished(const QByteArray& kept)
         reachedPage2 = true;
         form<FrmBuild2>()->prepare(int(pictures.size()), OptP2->Value());
         form<FrmBuild2>()->choose(state.value(Page2Key).toObject());
-        Hide();
         form<FrmBuild2>()->Show();
+        Hide();
     }
     m_unfinished.finish(); // it is this program's now
 }

@@ -259,8 +259,8 @@ void FrmBuild2::Command24_Click()
 
 void FrmBuild2::Command6_Click()
 {
+    form<FrmBuild1>()->Show(); // before this one goes, or else another window has the keyboard meanwhile
     Unload();
-    form<FrmBuild1>()->Show();
 }
 
 void FrmBuild2::Command4_Click()
