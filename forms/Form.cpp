@@ -32,6 +32,9 @@ const QWidget* frontWindow(const QWidget* except)
     return nullptr;
 }
 
+/// After what time a window that has no keyboard asks for it again, in milliseconds.
+constexpr int Moment = 200;
+
 /// Under Wayland no program raises a window or knows where it is: a window that must not get lost behind
 /// another is that one's child.
 bool desktopStacksWindows()
@@ -86,10 +89,8 @@ public:
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
 {
     m_activation.setSingleShot(true);
-    onInner(&m_activation, &QTimer::timeout, this, [this] {
-        if (lastActivated() == this && isVisible() && !isActiveWindow() && !QApplication::activeModalWidget())
-            activateWindow();
-    });
+    m_activation.setInterval(Moment);
+    onInner(&m_activation, &QTimer::timeout, this, &Form::activateAgain);
     auto* help = new QShortcut(QKeySequence::HelpContents, this);
     help->setAutoRepeat(false);
     on(help, &QShortcut::activated, this, [this] {
@@ -117,7 +118,11 @@ void Form::Show()
     if (testAttribute(Qt::WA_ShowWithoutActivating))
         return;
     activateWindow();
-    activateAgain();
+    if (desktopStacksWindows()) {
+        lastActivated() = this;
+        m_askedAgain = false;
+        m_activation.start();
+    }
 }
 
 void Form::standBelow()
@@ -134,15 +139,22 @@ void Form::standOverMain()
     windowHandle()->setTransientParent(lowestForm()->windowHandle());
 }
 
-/// The window that has just gone may still have its turn: then another one gets the keyboard a moment after
-/// this one has asked for it.
+/// The window that has just gone may still have its turn, so that another one gets the keyboard a moment
+/// after this one has asked for it. Some desktops heed no asking at all, but put up a new window in front.
 void Form::activateAgain()
 {
-    if (!desktopStacksWindows())
+    const QWidget* active = QApplication::activeWindow();
+    const bool another = active && active != this; // of this program: the user has not gone elsewhere
+    if (lastActivated() != this || !isVisible() || !another || QApplication::activeModalWidget() ||
+        QApplication::activePopupWidget())
         return;
-    constexpr int Moment = 200; // milliseconds
-    lastActivated() = this;
-    m_activation.start(Moment);
+    if (!std::exchange(m_askedAgain, true)) {
+        activateWindow();
+        m_activation.start();
+    } else {
+        hide();
+        show();
+    }
 }
 
 void Form::placeOverFrontWindow()

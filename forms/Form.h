@@ -67,6 +67,7 @@ private:
     QPushButton* m_default = nullptr;
     QPushButton* m_closesBy = nullptr; // what the close button presses in place of `Unload`
     QTimer m_activation;
+    bool m_askedAgain = false;
     bool m_placed = false;
     bool m_unloaded = false;
     bool m_asking = false;
