@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "Hand.h"
+
+#include <QDir>
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPoint>
+#include <QRect>
+#include <QRegularExpression>
+#include <QTest>
+#include <algorithm>
+
+using namespace brindlemark;
+
+// The program on a Wayland desktop, where no window raises itself or knows where it is. The desktop tells
+// which windows it has and which one has the keyboard; mouse and keys are those of its screen.
+
+namespace {
+
+const QString Page1 = QStringLiteral("Brindlemark Create 1 of 2");
+const QString Page2 = QStringLiteral("Brindlemark Create 2 of 2 ");
+const QString FindWindow = QStringLiteral("Find and Sreach");
+
+// Places in the main window, in pixels from its corner.
+constexpr QPoint FirstMenu(15, 10);
+constexpr QPoint FindTool(243, 38);
+constexpr QPoint WizardTool(380, 38);
+constexpr QPoint FaderTool(450, 38);
+constexpr QPoint RuleTool(574, 38);
+constexpr QPoint SourceBox(60, 400); // where no tool lies over it
+
+/// A window as the desktop has it.
+struct DesktopWindow
+{
+    QString title;
+    QRect place; // without its frame
+    bool hasKeyboard = false;
+};
+
+void collect(const QJsonObject& node, QList<DesktopWindow>& windows)
+{
+    const auto rect = [&](const char* name) {
+        const QJsonObject sides = node.value(QLatin1String(name)).toObject();
+        return QRect(sides.value(QLatin1String("x")).toInt(), sides.value(QLatin1String("y")).toInt(),
+                     sides.value(QLatin1String("width")).toInt(),
+                     sides.value(QLatin1String("height")).toInt());
+    };
+    if (node.contains(QLatin1String("pid"))) {
+        const QRect inside = rect("window_rect");
+        windows.append({node.value(QLatin1String("name")).toString(),
+                        inside.translated(rect("rect").topLeft()),
+                        node.value(QLatin1String("focused")).toBool()});
+    }
+    for (const char* children : {"nodes", "floating_nodes"}) {
+        const QJsonArray nodes = node.value(QLatin1String(children)).toArray();
+        for (const QJsonValue& child : nodes)
+            collect(child.toObject(), windows);
+    }
+}
+
+/// The desktop's windows, the lowest first.
+QList<DesktopWindow> desktopWindows()
+{
+    QProcess asked;
+    asked.start(QStringLiteral("swaymsg"),
+                {QStringLiteral("--raw"), QStringLiteral("--type"), QStringLiteral("get_tree")});
+    QList<DesktopWindow> windows;
+    if (asked.waitForFinished(Patience))
+        collect(QJsonDocument::fromJson(asked.readAllStandardOutput()).object(), windows);
+    return windows;
+}
+
+/// Waits until the window with this title is in front and has the keyboard.
+bool comesToTheFront(const QString& title)
+{
+    return QTest::qWaitFor(
+        [&] {
+            const QList<DesktopWindow> windows = desktopWindows();
+            return !windows.isEmpty() && windows.constLast().title == title &&
+                   windows.constLast().hasKeyboard;
+        },
+        Patience);
+}
+
+/// Clicks in a window at a place from its corner.
+void click(const QString& title, QPoint place)
+{
+    const QList<DesktopWindow> windows = desktopWindows();
+    const auto window = std::find_if(windows.begin(), windows.end(),
+                                     [&](const DesktopWindow& each) { return each.title == title; });
+    QVERIFY2(window != windows.end(), qPrintable(title));
+    const QPoint spot = window->place.topLeft() + place;
+    xdotool({QStringLiteral("mousemove"), QString::number(spot.x()), QString::number(spot.y()),
+             QStringLiteral("click"), QStringLiteral("1")});
+}
+
+/// How often a window has told the desktop that it belongs over another one.
+qsizetype tiesIn(const QByteArray& protocol)
+{
+    static const QRegularExpression tie(
+        QStringLiteral("-> xdg_toplevel[@#]\\d+\\.set_parent\\(xdg_toplevel[@#]\\d+\\)"));
+    return QString::fromLatin1(protocol).count(tie);
+}
+
+} // namespace
+
+class TestWayland : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { m_program.reset(); }
+
+    void listingBehindTheSaveQuestion();
+    void toolComesBack_data();
+    void toolComesBack();
+    void toolsBelongToTheMainWindow();
+    void offerOfUnsavedText();
+
+private:
+    QByteArray keptText() const;
+
+    std::unique_ptr<Program> m_program;
+};
+
+void TestWayland::init()
+{
+    m_program = std::make_unique<Program>();
+    m_program->setEnvironment("WAYLAND_DEBUG", QStringLiteral("client"));
+    m_program->launch();
+    QVERIFY2(comesToTheFront(MainWindow), "no main window");
+}
+
+/// From window to window, each of which gets what is typed as soon as it has the keyboard.
+void TestWayland::listingBehindTheSaveQuestion()
+{
+    const Program& hand = *m_program;
+    click(MainWindow, SourceBox);
+    hand.type(QStringLiteral("hello"));
+    click(MainWindow, WizardTool);
+    QVERIFY(comesToTheFront(Box));
+    hand.key(QStringLiteral("alt+n"));
+    QVERIFY(comesToTheFront(Page1));
+    hand.type(QStringLiteral("Brass lamp"));
+    hand.key(QStringLiteral("alt+d"));
+    hand.type(QStringLiteral("Old and rare"));
+    hand.keys(QStringLiteral("alt+m alt+a alt+l alt+w alt+y alt+s alt+o")); // PayPal, the seller pays
+    QVERIFY(comesToTheFront(Page2));
+    hand.key(QStringLiteral("alt+b"));
+    QVERIFY(comesToTheFront(Page1));
+    hand.key(QStringLiteral("alt+o"));
+    QVERIFY(comesToTheFront(Page2));
+    hand.key(QStringLiteral("alt+e"));
+    QVERIFY(comesToTheFront(MainWindow));
+
+    click(MainWindow, FirstMenu);
+    hand.key(QStringLiteral("a"));
+    QVERIFY(comesToTheFront(QStringLiteral("Save As Files")));
+    hand.key(QStringLiteral("ctrl+a"));
+    hand.type(hand.path(QStringLiteral("lamp.htm")));
+    hand.key(QStringLiteral("Return"));
+    const QString title = QStringLiteral("lamp.htm - Brindlemark 1.0");
+    QVERIFY(comesToTheFront(title));
+    const QByteArray page = hand.read(QStringLiteral("lamp.htm"));
+    QVERIFY2(page.contains("\r\nBrass lamp\r\n") && page.contains("\r\nOld and rare\r\n"), page.constData());
+    QVERIFY2(!page.contains("hello"), page.constData());
+    click(title, FirstMenu);
+    hand.key(QStringLiteral("e"));
+    QCOMPARE(m_program->exitCode(), 0);
+}
+
+void TestWayland::toolComesBack_data()
+{
+    QTest::addColumn<QPoint>("button");
+    QTest::addColumn<QString>("tool");
+    QTest::newRow("find") << FindTool << FindWindow;
+    QTest::newRow("fader") << FaderTool << QStringLiteral(" Font Properties");
+    QTest::newRow("rule") << RuleTool << QStringLiteral("Horizontal Rule Properties");
+}
+
+/// A tool that lies behind the main window comes to the front with its button.
+void TestWayland::toolComesBack()
+{
+    QFETCH(QPoint, button);
+    QFETCH(QString, tool);
+    click(MainWindow, button);
+    QVERIFY(comesToTheFront(tool));
+    click(MainWindow, SourceBox);
+    QVERIFY(comesToTheFront(MainWindow));
+    click(MainWindow, button);
+    QVERIFY(comesToTheFront(tool));
+}
+
+/// Where the desktop heeds it, no tool gets behind the main window at all.
+void TestWayland::toolsBelongToTheMainWindow()
+{
+    for (const auto& [button, tool] : {std::pair(FindTool, FindWindow), std::pair(WizardTool, Page1)}) {
+        const qsizetype ties = tiesIn(m_program->errors());
+        click(MainWindow, button);
+        QVERIFY(comesToTheFront(tool));
+        QVERIFY2(tiesIn(m_program->errors()) > ties, qPrintable(tool));
+        Program::key(QStringLiteral("Escape"));
+        QVERIFY(comesToTheFront(MainWindow));
+    }
+}
+
+QByteArray TestWayland::keptText() const
+{
+    return m_program->read(QStringLiteral("Brindlemark-unsaved-1.htm"));
+}
+
+void TestWayland::offerOfUnsavedText()
+{
+    click(MainWindow, SourceBox);
+    Program::type(QStringLiteral("kept words"));
+    QTRY_VERIFY_WITH_TIMEOUT(keptText().contains("kept words"), Patience);
+    m_program->kill();
+    const qsizetype ties = tiesIn(m_program->errors());
+    m_program->launch();
+    QVERIFY(comesToTheFront(Box));
+    QVERIFY(tiesIn(m_program->errors()) > ties); // over the main window
+    Program::key(QStringLiteral("alt+y"));
+    QVERIFY(comesToTheFront(MainWindow));
+    click(MainWindow, SourceBox);
+    Program::key(QStringLiteral("ctrl+End"));
+    Program::type(QStringLiteral(" and more"));
+    QTRY_VERIFY_WITH_TIMEOUT(keptText().contains("kept words and more"), Patience);
+}
+
+QTEST_GUILESS_MAIN(TestWayland)
+#include "tst_wayland.moc"
