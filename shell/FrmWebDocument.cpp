@@ -218,8 +218,8 @@ void FrmWeb::RichTextBox1_FilesDropped(const QStringList& paths, int position)
     activateWindow(); // the window that the files come from is in front
     if (isPictureFile(first)) {
         insertPictures(paths, position);
-    } else if (giveUpDocument([this, paths, position] { RichTextBox1_FilesDropped(paths, position); })) {
-        openFile(first);
+    } else {
+        openHandedOver(first);
     }
 }
 

@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "Hand.h"
+#include "OrdinaryUser.h"
 
 #include <QDir>
 #include <QFile>
 #include <QProcessEnvironment>
 #include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTest>
 
 using namespace brindlemark;
@@ -59,6 +61,7 @@ private slots:
     void helpNamesTheVersion();
     void aNewerProgramKeepsTheSettings();
     void runsAndKeepsItsSettingsThere();
+    void settingsOfAnotherUser();
     void runsWhereItWasMovedTo();
     void entryNamesThePlace_data();
     void entryNamesThePlace();
@@ -69,6 +72,7 @@ private slots:
     void setupAsksForNoCompiler();
 
 private:
+    static void useOnce(Program& program, const QString& settings);
     QString inFolder(const QString& name) const { return m_folder + u'/' + name; }
 
     std::unique_ptr<QTemporaryDir> m_temporary;
@@ -136,16 +140,38 @@ void TestInstall::runsAndKeepsItsSettingsThere()
 {
     QVERIFY(fileBytes(inFolder(QStringLiteral("web.ini"))).contains("[Quickword]\r\nchk=0\r\n"));
     Program program(m_folder);
+    useOnce(program, inFolder(QStringLiteral("web.ini")));
+}
+
+/// Ticks the box of the quick words, which is kept in the settings.
+void TestInstall::useOnce(Program& program, const QString& settings)
+{
     program.start();
     for (const char* key : {"alt", "Right", "Right", "Return"}) // the third title of the menu bar
         Program::key(QString::fromLatin1(key));
     QVERIFY(program.activate(Quick));
     Program::key(QStringLiteral("alt+o"));
-    QTRY_VERIFY_WITH_TIMEOUT(
-        fileBytes(inFolder(QStringLiteral("web.ini"))).contains("[Quickword]\r\nchk=1\r\n"), Patience);
+    QTRY_VERIFY_WITH_TIMEOUT(fileBytes(settings).contains("[Quickword]\r\nchk=1\r\n"), Patience);
     program.press(Quick, QStringLiteral("alt+n"));
     program.file(MainWindow, QStringLiteral("e"));
     QCOMPARE(program.exitCode(), 0);
+}
+
+/// A user who may not write where the program lies has a folder of their own.
+void TestInstall::settingsOfAnotherUser()
+{
+    const QFile::Permissions all = QFile::permissions(m_folder);
+    QVERIFY(QFile::setPermissions(m_folder, all & ~(QFile::WriteOwner | QFile::WriteUser)));
+    const auto writable = qScopeGuard([&] { QFile::setPermissions(m_folder, all); });
+    const OrdinaryUser user(m_temporary->path());
+    if (!user.ordinary())
+        QSKIP("needs an ordinary user");
+    const QString data = m_temporary->filePath(QStringLiteral("data"));
+    Program program(m_folder);
+    program.setEnvironment("XDG_DATA_HOME", data);
+    useOnce(program, data + QStringLiteral("/brindlemark/web.ini"));
+    QVERIFY(fileBytes(inFolder(QStringLiteral("web.ini"))).contains("[Quickword]\r\nchk=0\r\n"));
+    QVERIFY(QFile::exists(data + QStringLiteral("/brindlemark/Help0.htm")));
 }
 
 void TestInstall::runsWhereItWasMovedTo()

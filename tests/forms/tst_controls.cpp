@@ -1282,7 +1282,6 @@ void TestControls::keyThatClosesTheListIsSpent()
     }
 }
 
-/// The dialog is over before the key that chose has reached anything else.
 /// A display gives the keyboard back some time after a list has closed; a quick hand has gone on by then.
 void TestControls::keyBehindAClosedList()
 {
@@ -1311,6 +1310,7 @@ void TestControls::keyBehindAClosedList()
     QCOMPARE(box.ListIndex(), chosen);
 }
 
+/// The dialog is over before the key that chose has reached anything else.
 void TestControls::keyWhoseChoiceOpensADialogIsSpent()
 {
     QDialog window;
