@@ -45,9 +45,14 @@ public:
     QStringList formats() const override { return {QStringLiteral("text/uri-list")}; }
 
 protected:
-    QVariant retrieveData(const QString&, QMetaType) const override
+    QVariant retrieveData(const QString&, QMetaType type) const override
     {
-        return m_answers-- > 0 ? QVariant(m_url.toEncoded() + "\r\n") : QVariant();
+        if (m_answers-- <= 0)
+            return {};
+        // As the toolkit's own clip of another program answers; newer ones make no list of bytes by
+        // themselves.
+        return type.id() == QMetaType::QVariantList ? QVariant(QVariantList{m_url})
+                                                    : QVariant(m_url.toEncoded() + "\r\n");
     }
 
 private:
