@@ -155,6 +155,7 @@ void DocumentSurface::fetch(const QUrl& address)
     onInner(coming, &WebPage::refused, this, [this](const QString& sentence) {
         const EngineCall call;
         tellStatus(sentence);
+        m_coming.isRefused = true;
         if (m_coming.isStopped)
             dropComing();
     });
@@ -181,10 +182,15 @@ void DocumentSurface::comingChanged(const QWebEngineLoadingInfo& info)
             m_comingTimer.start(0);
         }
         break;
-    case QWebEngineLoadingInfo::LoadStoppedStatus: // it is a download, which the engine tells next, or empty
+    case QWebEngineLoadingInfo::LoadStoppedStatus: // it is a download, of which the engine tells apart, or
+                                                   // empty
         m_coming.isStopped = !m_coming.isThere;
-        if (m_coming.isStopped)
+        if (m_coming.isStopped && m_coming.isRefused) {
+            dropComing();
+            emit navigationFinished(false);
+        } else if (m_coming.isStopped) {
             tellFailure(m_coming.address);
+        }
         break;
     case QWebEngineLoadingInfo::LoadFailedStatus:
         if (m_coming.isThere) {

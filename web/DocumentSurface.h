@@ -118,6 +118,7 @@ private:
         QUrl address;
         bool isThere = false;   // so that it is shown next
         bool isDone = false;    // complete
+        bool isRefused = false; // and the user was told why
         bool isStopped = false; // nothing will come but, perhaps, the engine's word why
     };
 
