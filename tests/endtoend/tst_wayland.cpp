@@ -2,8 +2,7 @@
 
 #include "Hand.h"
 
-#include <QDir>
-#include <QFile>
+#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -38,6 +37,8 @@ struct DesktopWindow
     QString title;
     QRect place; // without its frame
     bool hasKeyboard = false;
+
+    bool operator==(const DesktopWindow&) const = default;
 };
 
 void collect(const QJsonObject& node, QList<DesktopWindow>& windows)
@@ -73,14 +74,22 @@ QList<DesktopWindow> desktopWindows()
     return windows;
 }
 
-/// Waits until the window with this title is in front and has the keyboard.
+/// Waits until the window with this title is in front, has the keyboard and lies still.
 bool comesToTheFront(const QString& title)
 {
+    // The desktop tells a new place at once and goes there when the program has drawn, after 200 ms at the
+    // latest.
+    constexpr int Settled = 400; // milliseconds
+    DesktopWindow last;
+    QElapsedTimer still;
     return QTest::qWaitFor(
         [&] {
             const QList<DesktopWindow> windows = desktopWindows();
-            return !windows.isEmpty() && windows.constLast().title == title &&
-                   windows.constLast().hasKeyboard;
+            const DesktopWindow front = windows.isEmpty() ? DesktopWindow() : windows.constLast();
+            if (!still.isValid() || front != last)
+                still.start();
+            last = front;
+            return front.title == title && front.hasKeyboard && still.hasExpired(Settled);
         },
         Patience);
 }
@@ -130,7 +139,7 @@ private:
 void TestWayland::init()
 {
     m_program = std::make_unique<Program>();
-    m_program->setEnvironment("WAYLAND_DEBUG", QStringLiteral("client"));
+    m_program->setEnvironment("WAYLAND_DEBUG", QStringLiteral("client")); // tells what the desktop is told
     m_program->launch();
     QVERIFY2(comesToTheFront(MainWindow), "no main window");
 }
