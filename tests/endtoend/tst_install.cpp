@@ -167,6 +167,9 @@ void TestInstall::settingsOfAnotherUser()
     if (!user.ordinary())
         QSKIP("needs an ordinary user");
     const QString data = m_temporary->filePath(QStringLiteral("data"));
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", QFile::encodeName(m_temporary->path())); // which this user may write
+    const auto back = qScopeGuard([&] { qputenv("TMPDIR", temporary); });
     Program program(m_folder);
     program.setEnvironment("XDG_DATA_HOME", data);
     useOnce(program, data + QStringLiteral("/brindlemark/web.ini"));
