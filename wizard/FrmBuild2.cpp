@@ -121,9 +121,10 @@ QJsonObject FrmBuild2::choices() const
 
 void FrmBuild2::choose(const QJsonObject& choices)
 {
-    for (size_t i = 0; i < ColorFields.size(); ++i)
+    for (size_t i = 0; i < ColorFields.size(); ++i) {
         m_look.*ColorFields.at(i).field =
             choices.value(ColorKey.arg(i)).toString(m_look.*ColorFields.at(i).field);
+    }
     Chk_MouseUp(qBound(0, choices.value(PictureStyleKey).toInt(look().pictureStyle), int(Chk.size()) - 1));
     stepStyle(choices.value(StyleKey).toInt() - m_look.style);
 }

@@ -57,7 +57,7 @@ void collect(const QJsonObject& node, QList<DesktopWindow>& windows)
     }
     for (const char* children : {"nodes", "floating_nodes"}) {
         const QJsonArray nodes = node.value(QLatin1String(children)).toArray();
-        for (const QJsonValue& child : nodes)
+        for (const auto& child : nodes)
             collect(child.toObject(), windows);
     }
 }

@@ -244,9 +244,10 @@ void TestSerialise::anglesInValues_data()
     QTest::addColumn<QString>("text");
     QTest::addColumn<bool>("asEntities");
     const auto rows = [](const char* name, const char* html, const QString& text) {
-        for (const bool asEntities : {false, true})
+        for (const bool asEntities : {false, true}) {
             QTest::addRow("%s, %s", name, asEntities ? "entities" : "letters")
                 << QString::fromLatin1(html) << text << asEntities;
+        }
     };
     rows("links", "<a title='a<b>c' href='?x=1&gt;2'>x</a><p title='&amp;lt; &lt;'>1 &lt; 2",
          body(QStringLiteral("<A title=\"a<b>c\" href=\"?x=1>2\">x</A>\r\n"
