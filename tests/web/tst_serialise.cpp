@@ -234,7 +234,8 @@ void TestSerialise::scriptsOnKeepNoscript()
     QCOMPARE(preview.innerHtml(), text);
     QVERIFY(preview.write(text));
     QCOMPARE(preview.innerHtml(), text);
-    QVERIFY(preview.write(QStringLiteral("x<noscript>5 < 6 <b>off</noscript>"))); // no markup where scripts run
+    QVERIFY(
+        preview.write(QStringLiteral("x<noscript>5 < 6 <b>off</noscript>"))); // no markup where scripts run
     QCOMPARE(preview.innerHtml(), body(QStringLiteral("x<NOSCRIPT>5 &lt; 6 <B>off</B></NOSCRIPT>")));
 }
 
