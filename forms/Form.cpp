@@ -55,6 +55,13 @@ QPointer<Form>& lastActivated()
     return form;
 }
 
+/// The window that goes as soon as the one shown last has the keyboard.
+QPointer<Form>& leavingForm()
+{
+    static QPointer<Form> form;
+    return form;
+}
+
 std::function<void(const Form&)>& helpShower()
 {
     static std::function<void(const Form&)> show;
@@ -106,6 +113,8 @@ void showHelpBy(std::function<void(const Form&)> show)
 
 void Form::Show()
 {
+    if (leavingForm() == this)
+        leavingForm() = nullptr;
     if (!std::exchange(m_placed, true))
         placeOverFrontWindow();
     standOverMain();
@@ -143,6 +152,7 @@ void Form::standOverMain()
 /// after this one has asked for it. Some desktops heed no asking at all, but put up a new window in front.
 void Form::activateAgain()
 {
+    letLeavingFormGo();
     const QWidget* active = QApplication::activeWindow();
     const bool another = active && active != this; // of this program: the user has not gone elsewhere
     if (lastActivated() != this || !isVisible() || !another || QApplication::activeModalWidget() ||
@@ -172,7 +182,45 @@ void Form::placeOverFrontWindow()
 
 void Form::Hide()
 {
+    leave();
+}
+
+void Form::leave()
+{
+    letLeavingFormGo();
+    const Form* next = lastActivated();
+    if (isVisible() && next && next != this && next->m_activation.isActive() && !next->isActiveWindow()) {
+        leavingForm() = this; // the desktop would give any window the keyboard before it puts up the next one
+        setDisabled(m_unloaded);
+    } else {
+        go();
+    }
+}
+
+void Form::letLeavingFormGo()
+{
+    if (Form* form = std::exchange(leavingForm(), nullptr))
+        form->go();
+}
+
+void Form::go()
+{
     hide();
+    if (!m_unloaded)
+        return;
+    whenHandlersReturn([form = QPointer<Form>(this)] {
+        if (form)
+            form->deleteLater();
+    });
+}
+
+void Form::changeEvent(QEvent* event)
+{
+    guardedCall([&] {
+        QWidget::changeEvent(event);
+        if (event->type() == QEvent::ActivationChange && isActiveWindow() && lastActivated() == this)
+            letLeavingFormGo();
+    });
 }
 
 void Form::Unload()
@@ -186,11 +234,7 @@ void Form::Unload()
             return;
     }
     m_unloaded = true;
-    hide();
-    whenHandlersReturn([form = QPointer<Form>(this)] {
-        if (form)
-            form->deleteLater();
-    });
+    leave();
 }
 
 void Form::setDefaultButton(QPushButton* button)

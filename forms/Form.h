@@ -25,10 +25,11 @@ public:
     void Show();
     /// From here on all other forms stay over this one, on desktops where no window can raise itself.
     void standBelow();
-    /// Hides the window; its state stays.
+    /// Hides the window; its state stays. Under Wayland the window that was shown in its place has the
+    /// keyboard first, or 200 ms have passed.
     void Hide();
-    /// Closes the form unless `queryUnload` refuses. The window goes away at once and the instance is
-    /// forgotten; the object itself lives until all running handlers have returned.
+    /// Closes the form unless `queryUnload` refuses. The window goes as by `Hide` and the instance is
+    /// forgotten at once; the object itself lives until all running handlers have returned.
     void Unload();
 
     /// True from `Unload` on: a handler that unloaded its own form asks before it goes on.
@@ -55,10 +56,14 @@ protected:
     /// Asked before the form goes, whatever closes it; false keeps it. The default is true.
     [[nodiscard]] virtual bool queryUnload();
 
+    void changeEvent(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
+    void leave();
+    void go();
+    static void letLeavingFormGo();
     void placeOverFrontWindow();
     void standOverMain();
     void activateAgain();
