@@ -22,6 +22,7 @@ void profile(const QByteArray& bytes);
 void readback(const QByteArray& bytes);
 void regions(const QByteArray& bytes);
 void replaceall(const QByteArray& bytes);
+void tokens(const QByteArray& bytes);
 
 } // namespace targets
 

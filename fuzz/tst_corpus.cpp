@@ -21,6 +21,7 @@ constexpr Target Targets[] = {
     {"list", targets::list},           {"preset", targets::preset},
     {"profile", targets::profile},     {"readback", targets::readback},
     {"regions", targets::regions},     {"replaceall", targets::replaceall},
+    {"tokens", targets::tokens},
 };
 
 } // namespace

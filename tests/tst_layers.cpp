@@ -28,7 +28,7 @@ static const QMap<QString, QStringList> Below = {
     {"forms", {"platform"}},
     {"source", {"platform", "forms"}},
     {"web", {"platform", "forms"}},
-    {"services", {"platform", "forms"}},
+    {"services", {"platform", "forms", "source"}},
     {"shell", {"platform", "forms", "source", "web", "services"}},
     {"colour", {"platform", "forms", "source", "web", "services", "shell"}},
     {"builders", {"platform", "forms", "source", "web", "services", "shell", "colour"}},
