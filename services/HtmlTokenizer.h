@@ -50,9 +50,10 @@ struct HtmlToken
     HtmlTokenKind kind = HtmlTokenKind::Text;
     HtmlContent content = HtmlContent::Data; ///< of what kind the text was in which the token stands
     TextRange whole;
-    TextRange inside; ///< a tag's name, the text of a comment, what follows "<!DOCTYPE"; else as `whole`
-    bool selfClosing = false; ///< a tag that ends with "/>"
-    bool torn = false;        ///< the text has ended before a comment, a doctype or a CDATA section had
+    /// A tag's name, the text of a comment or of a CDATA section, what follows "<!DOCTYPE"; else as `whole`.
+    TextRange inside;
+    bool selfClosing = false;              ///< a tag that ends with "/>"
+    bool torn = false;                     ///< the text has ended before the token had
     std::vector<HtmlAttribute> attributes; ///< all, also those of end tags and those that are there twice
 
     bool operator==(const HtmlToken&) const = default;
