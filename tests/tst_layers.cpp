@@ -32,8 +32,9 @@ static const QMap<QString, QStringList> Below = {
     {"shell", {"platform", "forms", "source", "web", "services"}},
     {"colour", {"platform", "forms", "source", "web", "services", "shell"}},
     {"builders", {"platform", "forms", "source", "web", "services", "shell", "colour"}},
+    {"check", {"platform", "forms", "source", "web", "services", "shell"}},
     {"wizard", {"platform", "forms", "source", "web", "services", "shell"}},
-    {"app", {"platform", "forms", "source", "web", "services", "shell", "colour", "builders", "wizard"}},
+    {"app", {"platform", "forms", "source", "web", "services", "shell", "colour", "builders", "wizard", "check"}},
 };
 
 void TestLayers::noArrowRunsUp()

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include <QByteArrayView>
+#include <string_view>
+
+namespace brindlemark {
+
+/// Whether an element needs an end tag.
+enum class EndTagNeed {
+    Required,
+    Optional, ///< browsers know where it ends
+    Never,
+};
+
+/// What a check must know of an element of HTML, those that are no longer in use included.
+struct ElementKind
+{
+    std::string_view name; ///< in lower case
+    EndTagNeed end;
+    bool isInline; ///< stands within a line of text
+};
+
+/// The element of that name, which is in lower case; null for one that is unknown.
+const ElementKind* elementKind(QByteArrayView name);
+
+/// Whether a site that takes a few tags takes this one: b, i, u, em, strong, sub, sup, p, br, ul, ol, li.
+bool isFewTag(QByteArrayView name);
+
+/// The parts of a table.
+bool isTableSection(QByteArrayView name);
+bool isTableCell(QByteArrayView name);
+
+} // namespace brindlemark
