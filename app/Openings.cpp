@@ -9,6 +9,8 @@
 #include "builders/FrmListChoose.h"
 #include "builders/FrmTable.h"
 #include "builders/Pics.h"
+#include "check/CopyPage.h"
+#include "check/FrmCheck.h"
 #include "colour/Fader5.h"
 #include "colour/FrmAutoColor.h"
 #include "colour/FrmBody.h"
@@ -75,6 +77,7 @@ const std::array HelpSections = std::to_array<HelpSection>({
     {&FrmBuild2::staticMetaObject, 0, "create-look"},
     {&FrmTerms::staticMetaObject, 0, "terms"},
     {&FrmEarlier::staticMetaObject, 0, "earlier"},
+    {&FrmCheck::staticMetaObject, 0, "check"},
     {&Find::staticMetaObject, 0, "find"},
     {&FrmWord::staticMetaObject, 0, "words"},
     {&color::staticMetaObject, 0, "highlight-color"},
@@ -125,6 +128,8 @@ void connectOpenings(FrmWeb* main)
     opens<FrmColorcode>(main->muncolorcode);
     opens<FrmWord>(main->muQW);
     opens<FrmEarlier>(main->munearlier);
+    opens<FrmCheck>(main->munchecklisting);
+    on(main->muncopypage, &QAction::triggered, main, copyPage);
     opens<FrmHelp>(main->munhelp);
     opens<About>(main->munabout);
     showHelpBy(showHelpOf);

@@ -73,10 +73,21 @@ public:
     void selectPart(Region part) override;
     void editListing(const QByteArray& page) override;
     void previewListing(const QByteArray& page) override;
+    void follow(const Follower& follower) override;
+    void turnToSource() override;
+    TextRange selection() const override;
+    void select(const TextRange& range) override;
+    void giveKeyboardToSource() override;
+    void edit(const std::vector<TextEdit>& edits) override;
+    qsizetype topOfView() const override;
+    void bringToTop(qsizetype place) override;
+    void readPage(const std::function<void(const QString& html)>& heard) override;
+    std::optional<QString> pageThatIsUp() override;
     // FrmWebEarlier.cpp
     QByteArray text() const override;
     void bringBackText(const QByteArray& text) override;
     EarlierTexts& earlierTexts() override;
+    void tell(const QString& sentence, const QList<NoticeBar::Action>& actions = {}) override;
 
     QAction* toolbarButton(Tool tool) const { return m_toolButtons.at(size_t(tool)); }
 
@@ -205,7 +216,6 @@ private:
 
     // FrmWebEarlier.cpp
     QWidget* viewThatIsUp() const;
-    void tell(const QString& sentence, const QList<NoticeBar::Action>& actions = {});
     void tellSoon(const QString& sentence, const QList<NoticeBar::Action>& actions = {});
     void tellTooLong();
     void tellNotSaved();

@@ -2,9 +2,12 @@
 
 // The main window as tools know it.
 
+#include "platform/Events.h"
 #include "shell/FrmWeb.h"
 #include "shell/Regions.h"
 #include "shell/WorkingSelection.h"
+
+#include <QScrollBar>
 
 namespace brindlemark {
 
@@ -77,6 +80,85 @@ void FrmWeb::editListing(const QByteArray& page)
     if (highlighted)
         colorListing();
     updateStyleButtons(*this);
+}
+
+void FrmWeb::follow(const Follower& follower)
+{
+    const auto tell = [&](auto* sender, auto signal, const std::function<void()>& act) {
+        if (act)
+            on(sender, signal, follower.window, act);
+    };
+    tell(RichTextBox1, &RichTextBox::Change, follower.textChanged);
+    tell(RichTextBox1, &RichTextBox::SelChange, follower.caretMoved);
+    tell(RichTextBox1->verticalScrollBar(), &QScrollBar::valueChanged, follower.scrolled);
+    tell(SSTab1, &SSTab::Click, follower.tabChanged);
+}
+
+void FrmWeb::turnToSource()
+{
+    if (tab() != EditorTab)
+        SSTab1->setTab(EditorTab);
+}
+
+TextRange FrmWeb::selection() const
+{
+    return {RichTextBox1->SelStart(), RichTextBox1->SelLength()};
+}
+
+void FrmWeb::select(const TextRange& range)
+{
+    RichTextBox1->setSelStart(int(range.start));
+    RichTextBox1->setSelLength(int(range.length));
+}
+
+void FrmWeb::giveKeyboardToSource()
+{
+    activateWindow();
+    RichTextBox1->SetFocus();
+}
+
+void FrmWeb::edit(const std::vector<TextEdit>& edits)
+{
+    const RichTextBox::UndoGroup oneStep(RichTextBox1);
+    for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) { // so that the places before it stay
+        select(edit->range);
+        RichTextBox1->setSelText(edit->text);
+    }
+}
+
+qsizetype FrmWeb::topOfView() const
+{
+    return RichTextBox1->topOfView();
+}
+
+void FrmWeb::bringToTop(qsizetype place)
+{
+    RichTextBox1->bringToTop(place);
+}
+
+/// What was edited there is kept as well, as the page tells it only once.
+void FrmWeb::readPage(const std::function<void(const QString& html)>& heard)
+{
+    if (tab() != PreviewTab)
+        return;
+    heard(m_lastShown);
+    if (shownSurface() == WebBrowser1) {
+        WebBrowser1->readEdits([this, heard](const QString& html) {
+            keepEdits(html);
+            heard(html);
+        });
+    }
+}
+
+std::optional<QString> FrmWeb::pageThatIsUp()
+{
+    if (tab() != PreviewTab)
+        return RichTextBox1->decode(RichTextBox1->Text());
+    try {
+        return readSurface(shownSurface());
+    } catch (const SurfaceLost&) {
+        return std::nullopt;
+    }
 }
 
 /// The change of the tab shows the page; colours and region buttons follow when the user turns to the editor.

@@ -290,6 +290,18 @@ void RichTextBox::scrollToCaret()
     send(SCI_CHOOSECARETX);
 }
 
+qsizetype RichTextBox::topOfView() const
+{
+    const long line = send(SCI_DOCLINEFROMVISIBLE, send(SCI_GETFIRSTVISIBLELINE));
+    return fromInner(send(SCI_POSITIONFROMLINE, line));
+}
+
+void RichTextBox::bringToTop(qsizetype place)
+{
+    const long line = send(SCI_LINEFROMPOSITION, toInner(place));
+    send(SCI_SETFIRSTVISIBLELINE, send(SCI_VISIBLEFROMDOCLINE, line));
+}
+
 QByteArray RichTextBox::SelText() const
 {
     const Range range = innerSelection();

@@ -92,6 +92,11 @@ public:
     /// stays); an empty text is never found.
     [[nodiscard]] int Find(const QByteArray& text, int start = -1, int end = -1, FindOptions options = {});
 
+    /// Where the uppermost line begins that is in view.
+    qsizetype topOfView() const;
+    /// Scrolls until the line of a place is the uppermost one, as far as there is text below.
+    void bringToTop(qsizetype place);
+
     /// Tints the ground of some lines, counted from 0, until the text changes, and brings the first into
     /// view.
     void markLines(const std::vector<qsizetype>& lines, const QColor& tint);

@@ -430,6 +430,8 @@ void TestMainWindow::menuTree()
         "  muaddressclear|Address Lists Clear",
         "muntools|Tools",
         "  munearlier|Earlier Texts...",
+        "  munchecklisting|Check Listing...",
+        "  muncopypage|Copy Page",
         "munhelp|Help",
         "munabout|About",
     };

@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "check/ListingCheck.h"
+#include "check/ui_FrmCheck.h"
+#include "forms/Form.h"
+#include "source/TextEncoding.h"
+
+#include <QThreadPool>
+#include <QTimer>
+
+namespace brindlemark {
+
+class ListingEditor;
+
+/// The window Check Listing: what a site or a buyer may mind in the source of the document. It looks again
+/// when the user rests. A click on a finding selects its place; nothing changes the document but the buttons
+/// that say so, each in one step of undo.
+class FrmCheck : public Form, public Ui::FrmCheck
+{
+    Q_OBJECT
+
+public:
+    FrmCheck();
+    ~FrmCheck() override;
+
+private:
+    void Profile_Click();
+    void Findings_CurrentItemChanged();
+    void Findings_ItemActivated();
+    void Mend_Click();
+    void MendAll_Click();
+    void FitPhones_Click();
+    void CopyReduced_Click();
+
+    void checkSoon();
+    void check();
+    void checkNow();
+    void take(const QByteArray& text, CheckReport report);
+    void list();
+    void showMending();
+    void showSummary();
+    const Finding* current() const;
+    const Finding* currentInSource();
+    void edit(const std::vector<TextEdit>& edits);
+    CheckProfile profile() const;
+
+    QTimer m_rest;          // until the text is checked
+    QThreadPool m_checker;  // a thread of its own: a long text must not hold up the hand
+    quint64 m_asked = 0;    // which check's result counts
+    bool m_isFresh = false; // the findings are those of the text as it is now
+    QByteArray m_text;
+    TextEncoding m_encoding = TextEncoding::Utf8;
+    CheckReport m_report;
+    CheckLimits m_limits;
+};
+
+} // namespace brindlemark
