@@ -11,6 +11,7 @@
 #include "builders/Pics.h"
 #include "check/CopyPage.h"
 #include "check/FrmCheck.h"
+#include "check/FrmLive.h"
 #include "colour/Fader5.h"
 #include "colour/FrmAutoColor.h"
 #include "colour/FrmBody.h"
@@ -77,6 +78,7 @@ const std::array HelpSections = std::to_array<HelpSection>({
     {&FrmBuild2::staticMetaObject, 0, "create-look"},
     {&FrmTerms::staticMetaObject, 0, "terms"},
     {&FrmEarlier::staticMetaObject, 0, "earlier"},
+    {&FrmLive::staticMetaObject, 0, "live"},
     {&FrmCheck::staticMetaObject, 0, "check"},
     {&Find::staticMetaObject, 0, "find"},
     {&FrmWord::staticMetaObject, 0, "words"},
@@ -128,6 +130,7 @@ void connectOpenings(FrmWeb* main)
     opens<FrmColorcode>(main->muncolorcode);
     opens<FrmWord>(main->muQW);
     opens<FrmEarlier>(main->munearlier);
+    opens<FrmLive>(main->munliveview);
     opens<FrmCheck>(main->munchecklisting);
     on(main->muncopypage, &QAction::triggered, main, copyPage);
     opens<FrmHelp>(main->munhelp);

@@ -2,10 +2,12 @@
 
 #include "check/FrmCheck.h"
 
+#include "check/PlacedSource.h"
 #include "check/ReducedListing.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
+#include "services/HtmlTokenizer.h"
 #include "shell/ListingEditor.h"
 
 #include <QLocale>
@@ -20,6 +22,13 @@ namespace {
 
 /// How long the user must rest before the text is looked through, in milliseconds.
 constexpr int Rest = 300;
+/// Before a page is measured, in milliseconds: it loads its pictures anew. How long, and how often, they are
+/// waited for.
+constexpr int MeasureRest = 1000;
+constexpr int PicturePause = 250;
+constexpr int PictureTries = 40;
+/// A longer page would keep the engine busy, in bytes.
+constexpr qsizetype LongestMeasured = 1'000'000;
 /// More findings than a person can look at are only counted.
 constexpr qsizetype MostShown = 1000;
 
@@ -80,9 +89,21 @@ QString measured(qsizetype number, int limit, const char* unit)
 FrmCheck::FrmCheck()
 {
     setupUi(this);
+    stayOverMain();
     Profile->setListIndex(0);
     m_limits = checkLimits();
     m_checker.setMaxThreadCount(1);
+    m_phone = new LivePage(this);
+    m_phone->setWindowFlags(Qt::Tool);
+    m_phone->setAttribute(Qt::WA_DontShowOnScreen);
+    m_phone->setScrollBars(false);
+    m_phone->resize(m_limits.phoneWidth, m_limits.phoneWidth * 2);
+    m_measureTimer.setSingleShot(true);
+    on(&m_measureTimer, &QTimer::timeout, this, &FrmCheck::measure);
+    onInner(m_phone, &LivePage::shown, this, [this] {
+        m_isOnPhone = true;
+        m_measureTimer.start(0);
+    });
     Findings->setMinimumHeight(fontMetrics().lineSpacing() * 12);
     m_rest.setSingleShot(true);
     m_rest.setInterval(Rest);
@@ -163,6 +184,46 @@ void FrmCheck::take(const QByteArray& text, CheckReport report)
     m_text = text;
     m_encoding = encodingOf(text);
     m_report = std::move(report);
+    list();
+    showSummary();
+    m_isOnPhone = false;
+    m_tries = PictureTries;
+    m_measureTimer.start(MeasureRest);
+}
+
+/// Lays the page out as wide as a phone, and asks what sticks out when its pictures are there.
+void FrmCheck::measure()
+{
+    if (!m_isFresh || profile() != CheckProfile::Page || !m_limits.counts(CheckRule::SticksOut) ||
+        m_text.size() > LongestMeasured)
+        return;
+    if (!m_isOnPhone) {
+        m_phone->show();
+        m_phone->writeSoon(decode(withPlaces(m_text), m_encoding));
+        return;
+    }
+    m_phone->askWidths([this](const LivePage::Widths& widths) {
+        if (widths.complete || m_tries-- <= 0) {
+            takeWidth(widths);
+        } else {
+            m_measureTimer.start(PicturePause);
+        }
+    });
+}
+
+void FrmCheck::takeWidth(const LivePage::Widths& widths)
+{
+    if (!m_isFresh || !m_isOnPhone || widths.width <= m_limits.phoneWidth)
+        return;
+    TextRange place;
+    HtmlToken token;
+    if (widths.widest >= 0 && widths.widest < m_text.size() &&
+        HtmlTokenizer(QByteArrayView(m_text).sliced(widths.widest)).next(token))
+        place = {widths.widest, token.whole.length};
+    auto& findings = m_report.findings;
+    const auto behind =
+        std::ranges::upper_bound(findings, place.start, {}, [](const Finding& f) { return f.place.start; });
+    findings.insert(behind, {CheckRule::SticksOut, place, QByteArray::number(widths.width), {}});
     list();
     showSummary();
 }

@@ -5,6 +5,7 @@
 #include "check/ui_FrmCheck.h"
 #include "forms/Form.h"
 #include "source/TextEncoding.h"
+#include "web/LivePage.h"
 
 #include <QThreadPool>
 #include <QTimer>
@@ -44,6 +45,8 @@ private:
     const Finding* currentInSource();
     void edit(const std::vector<TextEdit>& edits);
     CheckProfile profile() const;
+    void measure();
+    void takeWidth(const LivePage::Widths& widths);
 
     QTimer m_rest;          // until the text is checked
     QThreadPool m_checker;  // a thread of its own: a long text must not hold up the hand
@@ -53,6 +56,10 @@ private:
     TextEncoding m_encoding = TextEncoding::Utf8;
     CheckReport m_report;
     CheckLimits m_limits;
+    LivePage* m_phone;        // as wide as one, and never seen
+    QTimer m_measureTimer;    // until the page on it is measured, or asked for its pictures again
+    int m_tries = 0;          // how often they are still waited for
+    bool m_isOnPhone = false; // the page there is that of the text
 };
 
 } // namespace brindlemark

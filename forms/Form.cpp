@@ -141,7 +141,8 @@ void Form::standBelow()
 
 void Form::standOverMain()
 {
-    if (!desktopStacksWindows() || !lowestForm() || lowestForm() == this || !lowestForm()->windowHandle())
+    if (!(desktopStacksWindows() || m_staysOverMain) || !lowestForm() || lowestForm() == this ||
+        !lowestForm()->windowHandle())
         return;
     if (!windowHandle())
         create();
@@ -178,6 +179,18 @@ void Form::placeOverFrontWindow()
     const QPoint corner = front->geometry().center() - rect().center();
     move(qBound(area.left(), corner.x(), qMax(area.left(), area.right() - width())),
          qBound(area.top(), corner.y(), qMax(area.top(), area.bottom() - height())));
+}
+
+void Form::stayOverMain()
+{
+    setWindowFlags(Qt::Dialog | Qt::WindowMinMaxButtonsHint | Qt::WindowCloseButtonHint);
+    m_staysOverMain = true;
+}
+
+void Form::placeAt(QPoint corner)
+{
+    move(corner);
+    m_placed = true;
 }
 
 void Form::Hide()

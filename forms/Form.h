@@ -49,6 +49,11 @@ protected:
     /// The button that Escape presses, and the window's own close button if wanted.
     void setCancelButton(QPushButton* button, CloseButton closeButton = CloseButton::Unloads);
 
+    /// Places the window itself, in pixels of the screen, instead of over the middle of the one in front.
+    void placeAt(QPoint corner);
+    /// Keeps the window over the main one on every desktop, for a window that is watched while the user works
+    /// there.
+    void stayOverMain();
     /// Takes height from `sample`, down to `least` pixels, where a large font makes the window higher than
     /// the screen.
     void giveWay(QWidget* sample, int least);
@@ -74,6 +79,7 @@ private:
     QTimer m_activation;
     bool m_askedAgain = false;
     bool m_placed = false;
+    bool m_staysOverMain = false;
     bool m_unloaded = false;
     bool m_asking = false;
 };

@@ -85,6 +85,7 @@ public:
     std::optional<QString> pageThatIsUp() override;
     // FrmWebEarlier.cpp
     QByteArray text() const override;
+    qsizetype textLength() const override { return RichTextBox1->TextLength(); }
     void bringBackText(const QByteArray& text) override;
     EarlierTexts& earlierTexts() override;
     void tell(const QString& sentence, const QList<NoticeBar::Action>& actions = {}) override;

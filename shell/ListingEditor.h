@@ -59,6 +59,8 @@ public:
 
     /// The document's text in the source; the surfaces may hold a newer one.
     virtual QByteArray text() const = 0;
+    /// How many bytes it has; much cheaper than asking `text`.
+    virtual qsizetype textLength() const = 0;
     /// Makes an earlier text the document's, in one step of undo, in all views. Name and file stay.
     virtual void bringBackText(const QByteArray& text) = 0;
     /// What was replaced or dropped.

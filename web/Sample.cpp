@@ -91,8 +91,11 @@ void Sample::writeAndWait(const QString& html)
     }();
     if (!written)
         showAgain();
-    if (m_next)
+    if (m_next) {
         m_writeTimer.start(0);
+    } else if (written) {
+        pageShown();
+    }
 }
 
 /// The engine has answered; not taken: the renderer ended first, and the news of it may be still to come.
@@ -104,8 +107,11 @@ void Sample::pageIsThere(bool taken)
     }
     if (m_writing == Writing::Engine)
         m_writing = Writing::Nobody;
-    if (m_next)
+    if (m_next) {
         m_writeTimer.start(0);
+    } else if (taken) {
+        pageShown();
+    }
 }
 
 void Sample::rendererEnded()

@@ -25,6 +25,8 @@ public:
 protected:
     void showDocument() override;
     void rendererEnded() override;
+    /// The page that was given last is in the view.
+    virtual void pageShown() {}
     bool actOnKey(const QKeyEvent& key) override;
     bool actOnMouse(const QMouseEvent& mouse, QPoint place) override;
 

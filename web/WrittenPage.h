@@ -31,7 +31,7 @@ protected:
     /// it stays.
     [[nodiscard]] bool writePage(const QString& html);
     /// The call that writes a document, in a page that takes it.
-    QString writeFunction(const QString& html);
+    virtual QString writeFunction(const QString& html);
     /// Whether the next document can be written into the page that is there. Scripts of the present document
     /// would live on in it, so where they run a new page is needed.
     bool takesPage() const;

@@ -79,6 +79,53 @@ function forgetEdits() {
     edited = false;
 }
 
+// ---- The live view, in which each element of the source says where its tag begins
+
+/** The attribute that says so. */
+const PLACE = 'data-place';
+
+const placeOf = element => Number(Element.prototype.getAttribute.call(element, PLACE));
+const boxOf = element => Element.prototype.getBoundingClientRect.call(element);
+
+/** The elements that have a place, in the order of the source; made when first asked for. */
+let placed = null;
+
+function placedElements() {
+    if (placed === null) {
+        placed = Array.from(Document.prototype.querySelectorAll.call(document, '[' + PLACE + ']'));
+        placed.sort((one, other) => placeOf(one) - placeOf(other)); // what a table has moved stands elsewhere
+    }
+    return placed;
+}
+
+/** The last element that is seen and begins at a place or before it. */
+function elementAt(place) {
+    const elements = placedElements();
+    let low = 0;
+    let high = elements.length;
+    while (low < high) {
+        const middle = (low + high) >> 1;
+        if (placeOf(elements[middle]) <= place)
+            low = middle + 1;
+        else
+            high = middle;
+    }
+    while (low > 0 && Element.prototype.getClientRects.call(elements[low - 1]).length === 0)
+        --low;
+    return low > 0 ? elements[low - 1] : null;
+}
+
+/** Whether an element is wider than the view because it says so, or is a picture; others are widened by what they hold. */
+function isWideItself(element) {
+    if (boxOf(element).width <= innerWidth)
+        return false;
+    const width = Element.prototype.getAttribute.call(element, 'width') || element.style.width || '';
+    return element instanceof HTMLImageElement || (parseFloat(width) > innerWidth && !width.includes('%'));
+}
+
+/** Scrolls to an element, so that the view's edge of that name or its middle has it. */
+const scrollToElement = (element, block) => Element.prototype.scrollIntoView.call(element, { block, inline: 'nearest' });
+
 return {
     /**
      * Makes the empty page ready; on a design surface to be edited, with FONT and B instead of styles and P for a
@@ -115,6 +162,64 @@ return {
             placeCaret();
         forgetEdits();
         return true;
+    },
+
+    /** Replaces the document of a live view by a text. It stays scrolled to where it was. */
+    writeLive(text) {
+        const wanted = [scrollX, scrollY];
+        this.write(text, false);
+        placed = null;
+        scrollTo(...wanted);
+        const reached = scrollY;
+        // Pictures that come later make the page as long as it was.
+        addEventListener('load', () => { if (scrollY === reached) scrollTo(...wanted); }, { once: true });
+        return true;
+    },
+
+    /** Brings what stands at a place of the source into view, unless it is, and marks it for a moment. */
+    showPlace(place) {
+        const element = elementAt(place);
+        if (!element)
+            return;
+        const box = boxOf(element);
+        if (box.bottom < 0 || box.top > innerHeight)
+            scrollToElement(element, 'center');
+        Element.prototype.animate.call(element, [{ outline: '3px solid rgba(255, 140, 0, 1)' },
+            { outline: '3px solid rgba(255, 140, 0, 0)' }], 1000);
+    },
+
+    /** Brings what stands at a place of the source to the view's upper edge. */
+    bringToTop(place) {
+        const element = elementAt(place);
+        if (element)
+            scrollToElement(element, 'start');
+    },
+
+    /** The place of the element at a point of the view; -1 where there is none. */
+    placeAtPoint(x, y) {
+        const element = Document.prototype.elementFromPoint.call(document, x, y);
+        const placed = element && Element.prototype.closest.call(element, '[' + PLACE + ']');
+        return placed ? placeOf(placed) : -1;
+    },
+
+    /** The place of the uppermost element that begins in view; -1 where there is none. */
+    topPlace() {
+        let top = null;
+        for (const element of placedElements()) {
+            const box = boxOf(element);
+            if (box.top >= 0 && box.width > 0 && (top === null || box.top < boxOf(top).top))
+                top = element;
+        }
+        return top ? placeOf(top) : -1;
+    },
+
+    /** Whether all pictures are there, the width of the page, and the place of what sticks out most; -1: nothing. */
+    widths() {
+        const outside = placedElements().filter(element => boxOf(element).right > innerWidth);
+        const causes = outside.filter(isWideItself);
+        const widest = (causes.length > 0 ? causes : outside).reduce((widest, element) =>
+            widest && boxOf(widest).width > boxOf(element).width ? widest : element, null);
+        return [document.readyState === 'complete', document.scrollingElement.scrollWidth, widest ? placeOf(widest) : -1];
     },
 
     reveal,

@@ -430,6 +430,7 @@ void TestMainWindow::menuTree()
         "  muaddressclear|Address Lists Clear",
         "muntools|Tools",
         "  munearlier|Earlier Texts...",
+        "  munliveview|Live View...",
         "  munchecklisting|Check Listing...",
         "  muncopypage|Copy Page",
         "munhelp|Help",

@@ -1,0 +1,235 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "check/FrmLive.h"
+
+#include "check/PlacedSource.h"
+#include "platform/Events.h"
+#include "services/Profile.h"
+#include "source/TextEncoding.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <algorithm>
+#include <array>
+
+namespace brindlemark {
+
+namespace {
+
+// In milliseconds.
+constexpr int LeastRest = 10;      // between two letters that are typed
+constexpr int MostRest = 2000;     // for a text that takes so long itself
+constexpr int BytesPerRest = 5000; // for so many a millisecond more
+constexpr int PreviewRest = 1000;
+constexpr int ScrollRest = 50;
+
+constexpr int PhoneFrame = 6; // pixels
+
+struct PageWidth
+{
+    const char* key; // in the settings
+    int width;       // pixels of the page; 0: that of the window
+};
+/// In the order of the list.
+constexpr std::array<PageWidth, 4> PageWidths = {
+    {{"phone", 375}, {"tablet", 768}, {"desktop", 1200}, {"free", 0}}};
+
+QString kept(const char* key)
+{
+    return ReadProfile(QStringLiteral("Live"), QString::fromLatin1(key), webIni());
+}
+
+} // namespace
+
+FrmLive::FrmLive()
+{
+    setupUi(this);
+    stayOverMain();
+    for (QTimer* timer : {&m_textTimer, &m_caretTimer, &m_previewTimer, &m_scrollTimer})
+        timer->setSingleShot(true);
+    m_caretTimer.setInterval(LeastRest);
+    m_previewTimer.setInterval(PreviewRest);
+    m_scrollTimer.setInterval(ScrollRest);
+    on(&m_textTimer, &QTimer::timeout, this, &FrmLive::showSource);
+    on(&m_caretTimer, &QTimer::timeout, this, &FrmLive::showCaret);
+    on(&m_previewTimer, &QTimer::timeout, this, &FrmLive::showPreview);
+    on(&m_scrollTimer, &QTimer::timeout, this, &FrmLive::Page1_Scrolled);
+    on(Widths, &ComboBox::Click, this, &FrmLive::Widths_Click);
+    on(Page1, &LivePage::placeClicked, this, &FrmLive::Page1_PlaceClicked);
+    on(Page1, &LivePage::shown, this, &FrmLive::Page1_Shown);
+    onInner(Page1, &LivePage::scrolled, this, [this] { m_scrollTimer.start(); });
+    setEscape([this] { Unload(); });
+    const QString width = kept("width");
+    const auto chosen = std::ranges::find_if(
+        PageWidths, [&](const PageWidth& w) { return width == QString::fromLatin1(w.key); });
+    Widths->setListIndex(chosen == PageWidths.end() ? 0 : int(chosen - PageWidths.begin()));
+    setPageWidth();
+    placeBesideMain();
+    if (ListingEditor* editor = loadedEditor()) {
+        editor->follow({.window = this,
+                        .textChanged = [this] { followSource(); },
+                        .caretMoved =
+                            [this] {
+                                m_caretMoved = true;
+                                m_caretTimer.start();
+                            },
+                        .scrolled = [this] { sourceScrolled(); },
+                        .tabChanged = [this] { showSource(); }});
+    }
+    showSource();
+}
+
+/// Where the window was the last time, or at the right edge of the screen.
+void FrmLive::placeBesideMain()
+{
+    std::array<int, 4> place{};
+    const QStringList numbers = kept("place").split(u' ');
+    bool isWhole = numbers.size() == qsizetype(place.size());
+    for (size_t i = 0; isWhole && i < place.size(); ++i)
+        place.at(i) = numbers.at(qsizetype(i)).toInt(&isWhole);
+    const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+    QRect wanted(place[0], place[1], place[2], place[3]);
+    if (!isWhole || !wanted.isValid() || !QGuiApplication::screenAt(wanted.center())) {
+        wanted.setSize(size().boundedTo(area.size() - QSize(20, 40)));
+        wanted.moveTopRight(area.topRight() + QPoint(-10, 30));
+    }
+    resize(wanted.size());
+    placeAt(wanted.topLeft());
+}
+
+bool FrmLive::queryUnload()
+{
+    const QRect place = geometry();
+    WriteProfile(
+        {{QStringLiteral("Live"), QStringLiteral("place"),
+          QStringLiteral("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height())},
+         {QStringLiteral("Live"), QStringLiteral("width"),
+          QString::fromLatin1(PageWidths.at(size_t(Widths->ListIndex())).key)}},
+        webIni());
+    return true;
+}
+
+void FrmLive::Widths_Click()
+{
+    setPageWidth();
+}
+
+/// The page is as wide as was chosen; a wider one than the window scrolls. A phone has a frame.
+void FrmLive::setPageWidth()
+{
+    const int width = PageWidths.at(size_t(std::max(Widths->ListIndex(), 0))).width;
+    const bool isPhone = width == PageWidths.front().width;
+    Phone->setFrameShape(isPhone ? QFrame::Box : QFrame::NoFrame);
+    Phone->setLineWidth(isPhone ? PhoneFrame : 0);
+    Phone->setMaximumWidth(width == 0 ? QWIDGETSIZE_MAX : width + (isPhone ? 2 * PhoneFrame : 0));
+    Page1->setMinimumWidth(width);
+    Page1->setScrollBars(!isPhone);
+}
+
+// ---- From the source to the page
+
+void FrmLive::followSource()
+{
+    const ListingEditor* editor = loadedEditor();
+    if (!editor || m_textTimer.isActive())
+        return;
+    m_textTimer.start(int(std::min<qsizetype>(LeastRest + editor->textLength() / BytesPerRest, MostRest)));
+}
+
+void FrmLive::showSource()
+{
+    ListingEditor* editor = loadedEditor();
+    if (!editor || !isVisible())
+        return;
+    m_textTimer.stop();
+    if (editor->tab() == ListingEditor::PreviewTab) {
+        showPreview();
+        return;
+    }
+    m_previewTimer.stop();
+    m_shownPreview.clear();
+    m_ofSource = true;
+    const QByteArray text = editor->text();
+    Page1->writeSoon(decode(withPlaces(text), encodingOf(text)));
+}
+
+void FrmLive::showPreview()
+{
+    ListingEditor* editor = loadedEditor();
+    if (!editor || editor->tab() != ListingEditor::PreviewTab)
+        return;
+    m_previewTimer.start();
+    m_ofSource = false;
+    editor->readPage([self = QPointer<FrmLive>(this)](const QString& html) {
+        if (self && html != self->m_shownPreview) {
+            self->m_shownPreview = html;
+            self->Page1->writeSoon(html);
+        }
+    });
+}
+
+/// What is typed is followed by the place where it stands.
+void FrmLive::Page1_Shown()
+{
+    if (m_caretMoved)
+        showCaret();
+}
+
+void FrmLive::showCaret()
+{
+    const ListingEditor* editor = loadedEditor();
+    if (!editor || !m_ofSource || handIsHere() || m_textTimer.isActive())
+        return;
+    m_caretMoved = false;
+    Page1->showPlace(editor->selection().start);
+}
+
+void FrmLive::sourceScrolled()
+{
+    const ListingEditor* editor = loadedEditor();
+    if (editor && m_ofSource && !handIsHere() && !m_caretTimer.isActive() && !m_textTimer.isActive())
+        Page1->bringToTop(editor->topOfView());
+}
+
+// ---- From the page to the source
+
+/// Whether it is here that the user acts, and the source that follows.
+bool FrmLive::handIsHere() const
+{
+    return isActiveWindow() && Page1->rect().contains(Page1->mapFromGlobal(QCursor::pos()));
+}
+
+/// The engine has told of the click, and must not be asked anything meanwhile.
+void FrmLive::Page1_PlaceClicked(qsizetype place)
+{
+    soon(this, [this, place] {
+        ListingEditor* editor = loadedEditor();
+        if (!editor || !m_ofSource)
+            return;
+        editor->turnToSource();
+        editor->select({place, 0});
+        m_caretMoved = false;
+        m_caretTimer.stop();
+        editor->giveKeyboardToSource();
+    });
+}
+
+void FrmLive::Page1_Scrolled()
+{
+    if (!m_ofSource || !handIsHere())
+        return;
+    Page1->askTop([](qsizetype place) {
+        if (ListingEditor* editor = loadedEditor())
+            editor->bringToTop(place);
+    });
+}
+
+void FrmLive::showEvent(QShowEvent* event)
+{
+    guardedCall([&] {
+        Form::showEvent(event);
+        showSource();
+    });
+}
+
+} // namespace brindlemark

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#pragma once
+
+#include "check/ui_FrmLive.h"
+#include "forms/Form.h"
+#include "shell/ListingEditor.h"
+
+#include <QTimer>
+
+namespace brindlemark {
+
+/// The window Live View: the page of the source while it is being written, as wide as a phone, a tablet or a
+/// desktop shows it. What is at the caret is in sight, a click leads to its source, and both scroll together.
+/// Beside the tab Preview it shows what is there, when the user rests. It holds no document: nothing here is
+/// ever read back.
+class FrmLive : public Form, public Ui::FrmLive
+{
+    Q_OBJECT
+
+public:
+    FrmLive();
+
+protected:
+    bool queryUnload() override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void Widths_Click();
+    void Page1_PlaceClicked(qsizetype place);
+    void Page1_Scrolled();
+    void Page1_Shown();
+
+    void followSource();
+    void sourceScrolled();
+    void showSource();
+    void showPreview();
+    void showCaret();
+    void setPageWidth();
+    void placeBesideMain();
+    bool handIsHere() const;
+
+    QTimer m_textTimer;      // until what was written is shown
+    QTimer m_caretTimer;     // until the place at the caret is
+    QTimer m_previewTimer;   // until Preview is looked at again
+    QTimer m_scrollTimer;    // until the source follows the page
+    bool m_ofSource = false; // or else of Preview, whose places nobody knows
+    bool m_caretMoved = false;
+    QString m_shownPreview;
+};
+
+} // namespace brindlemark
