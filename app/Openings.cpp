@@ -26,6 +26,7 @@
 #include "shell/Find.h"
 #include "shell/FrmEarlier.h"
 #include "shell/FrmHelp.h"
+#include "shell/FrmPicture.h"
 #include "shell/FrmSplash.h"
 #include "shell/FrmWeb.h"
 #include "shell/FrmWord.h"
@@ -76,6 +77,7 @@ const std::array HelpSections = std::to_array<HelpSection>({
     {&FrmBuild1::staticMetaObject, 3, "create-location"},
     {&FrmBuild1::staticMetaObject, 4, "create-pays"},
     {&FrmBuild2::staticMetaObject, 0, "create-look"},
+    {&FrmPicture::staticMetaObject, 0, "pictures"},
     {&FrmTerms::staticMetaObject, 0, "terms"},
     {&FrmEarlier::staticMetaObject, 0, "earlier"},
     {&FrmLive::staticMetaObject, 0, "live"},

@@ -5,6 +5,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "services/Messages.h"
+#include "shell/FrmPicture.h"
 #include "shell/Icons.h"
 
 #include <array>
@@ -51,6 +52,8 @@ Pics::Pics()
         (this->*entry.option)->setIcon(namedIcon(entry.icon, this));
         on(this->*entry.option, &OptionButton::MouseUp, this, &Pics::Command2_Click);
     }
+    on(CmdBrowse, &QPushButton::clicked, this, &Pics::CmdBrowse_Click);
+    takePastedAddress(Text1);
     on(Check1, &CheckBox::Click, this, &Pics::Check1_Click);
     on(ChkP, &CheckBox::Click, this, &Pics::ChkP_Click);
     on(Command1, &QPushButton::clicked, this, &Pics::Command1_Click);
@@ -114,6 +117,14 @@ void Pics::Check1_Click()
 void Pics::ChkP_Click()
 {
     enableAlignments();
+}
+
+void Pics::CmdBrowse_Click()
+{
+    heardForm<FrmPicture>(m_pictures, [this](FrmPicture* window) {
+        on(window, &FrmPicture::taken, this, [this] { Command2_Click(); });
+    });
+    FrmPicture::chooseFor(Text1);
 }
 
 void Pics::enableAlignments()

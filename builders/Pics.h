@@ -5,7 +5,11 @@
 #include "services/PictureHtml.h"
 #include "shell/ToolForm.h"
 
+#include <QPointer>
+
 namespace brindlemark {
+
+class FrmPicture;
 
 /// The tool that makes the tag of a picture.
 class Pics : public ToolForm, public Ui::Pics
@@ -18,6 +22,7 @@ public:
 private:
     void Check1_Click();
     void ChkP_Click();
+    void CmdBrowse_Click();
     void Command1_Click();
     void Command2_Click();
     void Command4_Click();
@@ -27,6 +32,8 @@ private:
     void showSample(bool sized);
     void enableAlignments();
     PictureSettings settings() const;
+
+    QPointer<FrmPicture> m_pictures;
 };
 
 } // namespace brindlemark

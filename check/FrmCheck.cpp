@@ -108,6 +108,7 @@ FrmCheck::FrmCheck()
     m_rest.setSingleShot(true);
     m_rest.setInterval(Rest);
     on(&m_rest, &QTimer::timeout, this, &FrmCheck::check);
+    on(this, &FrmCheck::checked, this, &FrmCheck::takeIfWanted);
     on(Profile, &ComboBox::Click, this, &FrmCheck::Profile_Click);
     on(Findings, &QTreeWidget::currentItemChanged, this, &FrmCheck::Findings_CurrentItemChanged);
     on(Findings, &QTreeWidget::itemClicked, this, &FrmCheck::Findings_CurrentItemChanged);
@@ -151,14 +152,7 @@ void FrmCheck::check()
     const quint64 number = ++m_asked;
     m_checker.start([this, number, text = editor->text(), limits = m_limits, wanted = profile()] {
         try {
-            CheckReport report = checkListing(text, limits, wanted);
-            const auto deliver = [this, number, text, report = std::move(report)] {
-                guarded([&] {
-                    if (number == m_asked)
-                        take(text, report);
-                });
-            };
-            QMetaObject::invokeMethod(this, deliver, Qt::QueuedConnection);
+            emit checked(number, text, checkListing(text, limits, wanted));
         } catch (const std::bad_alloc&) {
             // The findings stay those of the text before.
         }
@@ -175,6 +169,13 @@ void FrmCheck::checkNow()
     ++m_asked; // what the other thread finds is too late
     const QByteArray text = editor->text();
     take(text, checkListing(text, m_limits, profile()));
+}
+
+/// The other thread has a result; another text may be asked for meanwhile.
+void FrmCheck::takeIfWanted(quint64 number, const QByteArray& text, const CheckReport& report)
+{
+    if (number == m_asked)
+        take(text, report);
 }
 
 void FrmCheck::take(const QByteArray& text, CheckReport report)
@@ -256,7 +257,10 @@ void FrmCheck::list()
     Findings->addTopLevelItems(items);
     for (int column = 0; column < Findings->columnCount(); ++column)
         Findings->resizeColumnToContents(column);
-    if (row >= 0 && !items.isEmpty()) {
+    if (row < 0 && !items.isEmpty()) {
+        Findings->setCurrentItem(
+            items.front()); // or else the keyboard would choose it, and that would select its place
+    } else if (!items.isEmpty()) {
         const auto same =
             std::ranges::find_if(items, [&](const QTreeWidgetItem* item) { return item->text(3) == kind; });
         const qsizetype nearest = std::min<qsizetype>(row, items.size() - 1);

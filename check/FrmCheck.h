@@ -25,6 +25,10 @@ public:
     FrmCheck();
     ~FrmCheck() override;
 
+signals:
+    /// The other thread has looked through a text: which one was asked for.
+    void checked(quint64 number, const QByteArray& text, const brindlemark::CheckReport& report);
+
 private:
     void Profile_Click();
     void Findings_CurrentItemChanged();
@@ -37,6 +41,7 @@ private:
     void checkSoon();
     void check();
     void checkNow();
+    void takeIfWanted(quint64 number, const QByteArray& text, const CheckReport& report);
     void take(const QByteArray& text, CheckReport report);
     void list();
     void showMending();

@@ -3,10 +3,10 @@
 #include "check/ListingCheck.h"
 
 #include "check/CheckedPage.h"
-#include "check/Elements.h"
 #include "check/StructureWatch.h"
 #include "check/TagRules.h"
 #include "check/TextWatch.h"
+#include "services/Elements.h"
 #include "services/Markers.h"
 #include "shell/GeneratorTag.h"
 #include "shell/ListingParts.h"

@@ -2,7 +2,7 @@
 
 #include "check/ReducedListing.h"
 
-#include "check/Elements.h"
+#include "services/Elements.h"
 #include "services/HtmlTokenizer.h"
 
 namespace brindlemark {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "check/CheckedPage.h"
-#include "check/Elements.h"
+#include "services/Elements.h"
 
 #include <QHash>
 

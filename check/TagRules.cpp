@@ -2,7 +2,7 @@
 
 #include "check/TagRules.h"
 
-#include "check/Elements.h"
+#include "services/Elements.h"
 
 #include <QSet>
 #include <algorithm>

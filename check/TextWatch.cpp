@@ -3,7 +3,7 @@
 #include "check/TextWatch.h"
 
 #include "check/ColorOfPages.h"
-#include "check/Elements.h"
+#include "services/Elements.h"
 #include "source/TextEncoding.h"
 
 #include <algorithm>

@@ -55,6 +55,7 @@ inline constexpr QStringView KeptInPart =
 
 // ---- Views
 
+inline constexpr Message NoPicture = {u"%1 is no picture that can be read.", OwnTitle, MsgIcon::Exclamation};
 inline constexpr Message PageEnded = {u"The page cannot be shown: a script in it does not end, or its "
                                       u"process has ended.\nYour text is safe in the editor.",
                                       OwnTitle, MsgIcon::Exclamation};

@@ -34,7 +34,8 @@ static const QMap<QString, QStringList> Below = {
     {"builders", {"platform", "forms", "source", "web", "services", "shell", "colour"}},
     {"check", {"platform", "forms", "source", "web", "services", "shell"}},
     {"wizard", {"platform", "forms", "source", "web", "services", "shell"}},
-    {"app", {"platform", "forms", "source", "web", "services", "shell", "colour", "builders", "wizard", "check"}},
+    {"app",
+     {"platform", "forms", "source", "web", "services", "shell", "colour", "builders", "wizard", "check"}},
 };
 
 void TestLayers::noArrowRunsUp()
@@ -308,7 +309,7 @@ void TestLayers::overridesAreGuarded()
 {
     static const QRegularExpression overriding(
         QStringLiteral(
-            R"(^class (\w+)[^;{]*\{|(~?\w+)\([^;{}()]*\)(?: const)?\s+override(?: final)?\s*(\{|;))"),
+            R"(^class (\w+)[^;{]*\{|(~?\w+)\((?:[^;{}()]|\([^;{}()]*\)|\{\})*\)(?: const)?\s+override(?: final)?\s*(\{|;))"),
         QRegularExpression::MultilineOption);
     static const QRegularExpression answer(QStringLiteral(R"(^ (return [^;\n]*;) $)"));
     const QMap<QString, QString> texts = sources();

@@ -6,8 +6,10 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/PlainText.h"
+#include "services/DescriptionHtml.h"
 #include "services/Messages.h"
 #include "services/Profile.h"
+#include "shell/FrmPicture.h"
 #include "wizard/FrmBuild2.h"
 #include "wizard/FrmTerms.h"
 
@@ -80,10 +82,20 @@ constexpr std::array<KeptOption, 2> PaysOptions = {{
     {&Ui::FrmBuild1::OptPS2, "opt2"},
 }};
 
-constexpr std::array<QLineEdit * Ui::FrmBuild1::*, 6> AddressFields = {
-    &Ui::FrmBuild1::TxP1, &Ui::FrmBuild1::TxP2, &Ui::FrmBuild1::TxP3,
-    &Ui::FrmBuild1::TxP4, &Ui::FrmBuild1::TxP5, &Ui::FrmBuild1::TxP6,
+struct AddressField
+{
+    QLineEdit* Ui::FrmBuild1::*field;
+    QPushButton* Ui::FrmBuild1::*browse;
 };
+
+constexpr std::array<AddressField, 6> AddressFields = {{
+    {&Ui::FrmBuild1::TxP1, &Ui::FrmBuild1::CmdBrowse1},
+    {&Ui::FrmBuild1::TxP2, &Ui::FrmBuild1::CmdBrowse2},
+    {&Ui::FrmBuild1::TxP3, &Ui::FrmBuild1::CmdBrowse3},
+    {&Ui::FrmBuild1::TxP4, &Ui::FrmBuild1::CmdBrowse4},
+    {&Ui::FrmBuild1::TxP5, &Ui::FrmBuild1::CmdBrowse5},
+    {&Ui::FrmBuild1::TxP6, &Ui::FrmBuild1::CmdBrowse6},
+}};
 /// What an address field holds before anything is typed.
 const QString BlankAddress = QStringLiteral("http://");
 
@@ -230,8 +242,8 @@ FrmBuild1::FrmBuild1()
     grey.setColor(QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})
         grey.setColor(group, QPalette::Text, Qt::black); // readable on any desktop's colours
-    for (const auto field : AddressFields)
-        (this->*field)->setPalette(grey);
+    for (const AddressField& address : AddressFields)
+        (this->*address.field)->setPalette(grey);
     for (const char* state : States)
         TxST2->AddItem(QLatin1String(state));
     enableAddresses(false);
@@ -248,6 +260,12 @@ void FrmBuild1::connectHandlers()
 {
     connectLines(this, PaymentBoxes, payments);
     connectLines(this, RegionBoxes, regions);
+    on(CmdLines, &QPushButton::clicked, this, &FrmBuild1::CmdLines_Click);
+    for (const AddressField& address : AddressFields) {
+        QLineEdit* field = this->*address.field;
+        takePastedAddress(field);
+        on(this->*address.browse, &QPushButton::clicked, this, [field] { FrmPicture::chooseFor(field); });
+    }
     for (OptionButton* option : {OptP1, OptP2})
         on(option, &OptionButton::Click, this, &FrmBuild1::OptP_Click);
     for (OptionButton* option : {OptLS1, OptLS2, OptLS3})
@@ -366,8 +384,10 @@ Listing FrmBuild1::listing() const
 
 void FrmBuild1::enableAddresses(bool on)
 {
-    for (const auto field : AddressFields)
-        (this->*field)->setEnabled(on);
+    for (const AddressField& address : AddressFields) {
+        (this->*address.field)->setEnabled(on);
+        (this->*address.browse)->setEnabled(on);
+    }
 }
 
 void FrmBuild1::enableRegions(bool on)
@@ -386,6 +406,19 @@ void FrmBuild1::enableTax(bool on)
     TxST1->setEnabled(on);
     TxST2->setEnabled(on);
     Label40->setEnabled(on);
+}
+
+/// One step of undo in the field.
+void FrmBuild1::CmdLines_Click()
+{
+    const QString typed = Text2->toPlainText();
+    const QString shown = descriptionAsTyped(typed);
+    if (shown != typed) {
+        QTextCursor all(Text2->document());
+        all.select(QTextCursor::Document);
+        all.insertText(shown);
+    }
+    Text2->setFocus();
 }
 
 void FrmBuild1::OptP_Click()
@@ -465,8 +498,8 @@ const Message* FrmBuild1::firstMissing() const
 void FrmBuild1::collectAddresses()
 {
     pictures.clear();
-    for (const auto field : AddressFields) {
-        const QString address = (this->*field)->text();
+    for (const AddressField& entry : AddressFields) {
+        const QString address = (this->*entry.field)->text();
         if (!address.isEmpty() && address != BlankAddress)
             pictures << address;
     }

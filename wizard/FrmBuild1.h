@@ -49,6 +49,7 @@ private:
     void collectAddresses();
     QByteArray state() const;
     void keepUnfinished();
+    void CmdLines_Click();
     void OptP_Click();
     void OptLS_Click();
     void OptPS1_Click();

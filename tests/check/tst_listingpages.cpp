@@ -8,6 +8,23 @@
 
 using namespace brindlemark;
 
+class TestListingPages : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void cleanPages_data();
+    void cleanPages();
+    void thirtyFaults_data();
+    void thirtyFaults();
+    void samplePages_data();
+    void samplePages();
+    void samplePagesMended_data();
+    void samplePagesMended();
+    void samplePagesOnPhones_data();
+    void samplePagesOnPhones();
+};
+
 namespace {
 
 using R = CheckRule;
@@ -40,7 +57,10 @@ Brass lamp, 1930s
 <TD><!-- Body-description -->
 <FONT face=Arial color=#000077 size=3>
 A heavy lamp of brass with a new cord and a new plug. <B>It works</B> &amp; shines. The shade is of green
-glass and has no cracks; the foot has a small dent at the back that can't be seen from the front.
+glass and has no cracks; the foot has a small dent at the back that can't be seen from the front. The switch
+is the first one and clicks as it should. It takes an ordinary bulb of up to 60 watts, which I do not send along
+with it because the last one came to its buyer in pieces. With its shade the lamp is 18 inches high and weighs
+about 6 pounds. The cord is 7 feet long, cloth-covered, and runs through a felt-lined hole. It stood on my grandfather's desk for as long as I can remember, and he read by it every evening.
 </FONT>
 <!-- Body-description2 -->
 </TD></TR></TBODY></TABLE><BR><BR>
@@ -74,6 +94,7 @@ Where I send it:
 <UL>
 <LI>Canada
 <LI>Europe
+<LI>Other places: ask me first
 </UL>
 <!-- Body2-list2 -->
 <!-- Body2-body -->I ship on Mondays.<!-- Body2-body2 --></TD></TR><TR>
@@ -135,9 +156,18 @@ TARGET="_blank">other auctions</A>: I'm cleaning out the attic, and I do combine
 <DT>Questions
 <DD>Use the form of the site, I answer <U>every day</U> but Sundays.
 </DL>
+<H3>What you should know</H3>
+<P>The handles are of black wood, riveted three times, and all of the same make. The longest blade measures
+8 inches without its handle, the shortest 3. One of the paring knives has a tiny scratch beside the maker's
+mark; you have to hold it to the light to see it. They were sharpened in October by the man at the market,
+who said that he hardly had anything to do.
+<P>I would put them into the dishwasher, but the maker says <EM>don't</EM>: it is not good for the wood.
+Knives are sharp, so please don't let children open the box. Buyers must be 18 or older.
 <H3>About the seller</H3>
 <BLOCKQUOTE>
-<FONT COLOR="#003366">Selling since 1998, from a smoke-free home with two cats. I pack everything twice
+<FONT COLOR="#003366">Selling since 1998, from a smoke-free home with two cats, who are not allowed near
+anything that is for sale and have never yet scratched any of it. What you see is what you get; if it isn't,
+tell me before you tell the world, and I will make it good. I pack everything twice
 and mail it on the next working day.</FONT>
 </BLOCKQUOTE>
 <P ALIGN=CENTER><A HREF="#top">Back to the top</A>
@@ -160,7 +190,7 @@ table.outer { border-collapse: collapse; }
 td.head { background-color: #003344; color: #FFFFFF; padding: 12px }
 td.side { background: #E8E8E8; }
 .price { color: #880000; font-weight: bold; }
-/* img { @import: none; } */
+td.head h2 { margin: 0; font-size: 150%; }
 -->
 </style>
 </head>
@@ -194,6 +224,9 @@ td.side { background: #E8E8E8; }
       <div style="padding: 10px; max-width: 640px">
         <p>A table radio with five tubes, all of them tested. The case is of walnut, the cloth is
         the first one; one knob has been replaced. It plays, with a slight hum until it is warm.</p>
+        <p>The dial lights up, the magic eye is weak but can be seen in a dark room. A new belt drives the
+        pointer. I have measured the voltages against the plan, and they are all within a tenth of it.
+        Two capacitors were changed in 2019.</p>
         <p>Starting at <span class="price">€&nbsp;45.00</span>, and <em>no</em> reserve.</p>
         <a name="pictures"></a>
         <table width="100%"><tr>
@@ -239,7 +272,8 @@ im Ärmel (siehe Bild). Sie kommt aus einem <i>tierfreien Nichtraucherhaushalt</
 <hr width="80%">
 <p lang="fr">Poupée des années cinquante, très bon état. Hauteur&nbsp;: 42&nbsp;cm. Tête et corps en
 tissu, cheveux peints. La robe n'est pas d'origine. Une petite réparation à la manche, «&nbsp;à peine
-visible&nbsp;». Envoi soigné dans toute l'Europe&nbsp;: vous payez le port réel.
+visible&nbsp;». Elle vient d'une maison sans fumée et sans animaux, et elle a toujours été tenue à l'abri
+du soleil. Envoi soigné dans toute l'Europe&nbsp;: vous payez le port réel.
 <table width="90%" align="center" cellpadding="4">
 <tr><td bgcolor="#333366"><font color="#FFFFFF"><b>Versand / Envoi</b></font></td>
 <td bgcolor="#333366"><font color="#FFFFFF"><b>Preis / Prix</b></font></td></tr>
@@ -251,6 +285,14 @@ visible&nbsp;». Envoi soigné dans toute l'Europe&nbsp;: vous payez le port ré
 <p><img src="https://bilder.example/puppe-2.jpg" alt="" style="max-width:100%">
 <p>Fragen? Schreiben Sie mir über die Seite, ich antworte täglich. Weitere Puppen und Bären finden Sie
 <a href="https://auktionen.example/verkaeufer/m%C3%BCller" target="_blank">bei meinen anderen Angeboten</a>.
+<h3>Noch ein paar Worte zur Puppe</h3>
+<p>Sie gehörte meiner Großtante in Düsseldorf, die sie zum achten Geburtstag bekam und immer in Ehren hielt.
+Später saß sie dreißig Jahre lang auf dem Schränkchen im Flur. Die Nähte sind fest, die Füllung ist aus
+Kapok, nur der Hals ist ein wenig müde, was man beim Sitzen nicht bemerkt. Auf der Fußsohle steht eine Nummer, die man kaum noch lesen kann:
+vielleicht 1&nbsp;047. Ob sie wirklich von der Hand der berühmten Künstlerin stammt, weiß ich nicht;
+darum «im Stil von».
+<p lang="fr">Elle a appartenu à ma grand-tante, qui l'a reçue pour ses huit ans. Les coutures sont solides,
+le rembourrage est en kapok&nbsp;; seul le cou est un peu fatigué.
 <ul>
 <li>Überweisung oder Barzahlung bei Abholung
 <li>Abholung in Köln möglich
@@ -289,7 +331,8 @@ const QByteArray ModernPage = R"html(<!doctype html>
       <h2>About the collection</h2>
       <p>For sale is my late uncle’s collection of stamps that show birds: <strong>1,240 stamps</strong>
       from 61 countries, 1902 to 2022, in four albums. About half of them are mint; the others are
-      lightly cancelled. I am no expert &mdash; please look closely &amp; ask.</p>
+      lightly cancelled. The albums are of the kind with clear pockets, so none has been glued or hinged.
+      I am no expert &mdash; please look closely &amp; ask.</p>
       <p>Highlights:</p>
       <ul>
         <li>the complete <q>Garden birds</q> of 1954</li>
@@ -389,21 +432,6 @@ void addSamplePages()
 
 } // namespace
 
-class TestListingPages : public QObject
-{
-    Q_OBJECT
-
-private slots:
-    void cleanPages_data();
-    void cleanPages();
-    void thirtyFaults_data();
-    void thirtyFaults();
-    void samplePages_data() { addSamplePages(); }
-    void samplePages();
-    void samplePagesOnPhones_data() { addSamplePages(); }
-    void samplePagesOnPhones();
-};
-
 void TestListingPages::cleanPages_data()
 {
     QTest::addColumn<QByteArray>("html");
@@ -417,10 +445,11 @@ void TestListingPages::cleanPages_data()
 void TestListingPages::cleanPages()
 {
     QFETCH(QByteArray, html);
-    QVERIFY2(html.size() > 2500, qPrintable(QString::number(html.size())));
+    QVERIFY2(html.size() >= 3000, qPrintable(QString::number(html.size())));
     for (const QByteArray& each : {html, QByteArray(html).replace("\n", "\r\n")}) {
         const auto findings = checkListing(each, CheckLimits()).findings;
         QVERIFY2(findings.empty(), described(findings, each).constData());
+        QVERIFY(phoneEdits(each, CheckLimits()).empty());
     }
 }
 
@@ -450,8 +479,7 @@ void TestListingPages::thirtyFaults_data()
     row(WizardPage, "<META content=\"Maker 2.0\" name=GENERATOR>", "<META content=", R::TornGeneratorTag,
         "<META content=", "?", {R::TornTag, R::TornQuote});
     row(WizardPage, "\nBrass lamp, 1930s\n</FONT>", "\n\n</FONT>", R::NoTitle, "", "?");
-    row(WizardPage, "colSpan=2", "colSpan=2 width=760", R::WideTable,
-        "<TD align=middle bgColor=#EEEE22 colSpan=2 width=760>", "760");
+    row(WizardPage, "colSpan=2", "colSpan=2 width=760", R::WideTable, "width=760", "760");
 
     row(HandPage, "<B>six</B>", "<B><I>six</B></I>", R::CrossedTags, "", "?");
     row(HandPage, "and good luck!</FONT>", "and good luck!</FONT></FONT>", R::UnopenedTag, "", "FONT");
@@ -474,9 +502,9 @@ void TestListingPages::thirtyFaults_data()
     row(NestedPage, "<span class=\"price\">", "<span class=\"price\" onMouseOver=\"flash(this)\">",
         R::Handler, "onMouseOver=\"flash(this)\"", "onMouseOver");
     row(NestedPage, "body { margin: 0;", "@import url(https://x.example/a.css);\nbody { margin: 0;",
-        R::OutsideStyle, "@import", "?");
+        R::OutsideStyle, "", "?");
     row(NestedPage, "<a name=\"pictures\"></a>", "<!-- pictures <a name=\"pictures\"></a><!-- here -->",
-        R::CommentInComment, "<!--", "?");
+        R::CommentInComment, "<!-- pictures <a name=\"pictures\"></a><!-- here -->", "?");
     row(NestedPage, "href=\"http://radios.example/minuet", "href=\"http://https://radios.example/minuet",
         R::DoubledScheme, "", "?");
 
@@ -488,8 +516,7 @@ void TestListingPages::thirtyFaults_data()
         "src=\"https://bilder.example/puppe 2.jpg\"", "https://bilder.example/puppe 2.jpg");
     row(WesternPage, "<hr width=\"80%\">", "<td>", R::OutsideTable, "<td>", "td");
 
-    row(ModernPage, "<header>", "<header><script>track('a')</script>", R::Script,
-        "<script>track('a')</script>", "?");
+    row(ModernPage, "<header>", "<header><script>track('a')</script>", R::Script, "<script>", "?");
     row(ModernPage, "//cdn.example/stamps/ducks.webp", "ducks.webp", R::RelativeAddress, "", "ducks.webp");
     row(ModernPage, "alt=\"Twelve stamps with owls\"", "alt=\"owls.webp\"", R::FileNameAlt,
         "alt=\"owls.webp\"", "owls.webp");
@@ -531,8 +558,22 @@ void TestListingPages::thirtyFaults()
             const TextRange expected{start + after.lastIndexOf(place), place.size()};
             QVERIFY2(finding.place == expected, all.constData());
         }
-        QVERIFY2(what == "?" || finding.what == what, all.constData());
+        QVERIFY2(what == "?" || finding.what.compare(what, Qt::CaseInsensitive) == 0, all.constData());
     }
+
+    // What mends the fault leaves a page without any, but for what the fault brought along.
+    for (const Finding& finding : findings) {
+        if (finding.rule != CheckRule(rule) || finding.mend.empty())
+            continue;
+        const QByteArray mended = edited(faulty, finding.mend);
+        const auto left = checkListing(mended, CheckLimits()).findings;
+        QVERIFY2(left.empty(), (mended + described(left, mended)).constData());
+    }
+}
+
+void TestListingPages::samplePages_data()
+{
+    addSamplePages();
 }
 
 void TestListingPages::samplePages()
@@ -557,13 +598,13 @@ void TestListingPages::samplePages()
                  << "UnclosedTag B"; // <B> in front of two cells' titles
     }
     if (style == 3)
-        expected << "Contrast 3.3"; // #0099000 is #009000, 3.38
+        expected << "Contrast 3.4"; // #0099000 is #009000, 3.38
     const bool hasThree = pictureStyle == 1 || pictureStyle == 3;
+    // <ALIGN=MIDDLE> is no tag that any browser knows: nobody misses its end.
     for (int i = 1; i <= (hasThree ? 3 : 1); ++i) {
         expected << "HttpAddress http://pictures.example/lamp" + QByteArray::number(i) + ".jpg";
         expected << "NoAlt "
-                 << "NoPhoneWidth "
-                 << "UnclosedTag ALIGN=MIDDLE"; // a tag of that name
+                 << "NoPhoneWidth ";
     }
     if (pictureStyle == 1)
         expected << "UnclosedTag CENTER"
@@ -574,6 +615,38 @@ void TestListingPages::samplePages()
     QVERIFY2(
         actual == expected,
         ("expected:\n    " + expected.join("\n    ") + "\nfound:" + described(findings, html)).constData());
+}
+
+void TestListingPages::samplePagesMended_data()
+{
+    addSamplePages();
+}
+
+/// One rule after the other, until nothing is left that could be mended.
+void TestListingPages::samplePagesMended()
+{
+    QFETCH(int, style);
+    QFETCH(int, pictureStyle);
+    QByteArray html = samplePage(style, pictureStyle);
+    auto findings = checkListing(html, CheckLimits()).findings;
+    for (size_t i = 0; i < CheckRuleCount; ++i) {
+        html = edited(html, mendAll(findings, CheckRule(i)));
+        const auto left = checkListing(html, CheckLimits()).findings;
+        for (size_t other = 0; other < CheckRuleCount; ++other)
+            QVERIFY2(count(left, CheckRule(other)) <= count(findings, CheckRule(other)),
+                     (idOf(CheckRule(i)) + " brings " + idOf(CheckRule(other)) + described(left, html))
+                         .constData());
+        findings = left;
+    }
+    for (const Finding& finding : findings)
+        QVERIFY2(finding.mend.empty(), idOf(finding.rule).constData());
+    for (const CheckRule rule : {R::NoViewport, R::NoAlt, R::NoPhoneWidth, R::HttpAddress})
+        QCOMPARE(count(findings, rule), 0);
+}
+
+void TestListingPages::samplePagesOnPhones_data()
+{
+    addSamplePages();
 }
 
 void TestListingPages::samplePagesOnPhones()

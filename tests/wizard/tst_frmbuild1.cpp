@@ -419,6 +419,7 @@ void TestFrmBuild1::labelsNameTheirFields()
     QCOMPARE(labels, expected);
     others.sort();
     QCOMPARE(others, (QStringList{"$", "$", "$", ".", ".", ".",
+                                  "A page shows line ends as blanks, and what looks like a tag not at all.",
                                   "Enter the URL address:", "What methods of payment do you accept ?"}));
 }
 
@@ -455,7 +456,9 @@ void TestFrmBuild1::accessKeysOfATabDiffer()
         for (int i = 0; i < wizard->SSTab1->count(); ++i)
             take(wizard->SSTab1->tabText(i));
         for (const QAbstractButton* button : wizard->findChildren<QAbstractButton*>()) {
-            if (button->isVisible() && !button->text().isEmpty())
+            // The key of an address leads to its field, and Tab from there to its button.
+            if (button->isVisible() && !button->text().isEmpty() &&
+                !button->objectName().startsWith(QLatin1String("CmdBrowse")))
                 take(button->text());
         }
         for (const QLabel* label : wizard->findChildren<QLabel*>()) {
@@ -485,7 +488,7 @@ void TestFrmBuild1::tabKeyFollowsTheReading()
     wizard.clickTab(0);
     wizard->Text2->setFocus();
     QTest::keyClick(wizard->Text2, Qt::Key_Tab);
-    QVERIFY(wizard->Command1->hasFocus());
+    QVERIFY(wizard->CmdLines->hasFocus());
 }
 
 void TestFrmBuild1::fitsASmallScreen()

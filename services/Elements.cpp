@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "check/Elements.h"
+#include "services/Elements.h"
 
 #include <algorithm>
 #include <array>

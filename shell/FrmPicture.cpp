@@ -1,0 +1,128 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "shell/FrmPicture.h"
+
+#include "platform/Doors.h"
+#include "platform/Events.h"
+#include "platform/RuntimeError.h"
+#include "platform/WaitCursor.h"
+#include "services/Messages.h"
+
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QLocale>
+#include <memory>
+
+namespace brindlemark {
+
+namespace {
+
+constexpr QSize MostThumbnail(320, 240); // pixels
+
+const QString BlankAddress = QStringLiteral("http://");
+
+} // namespace
+
+FrmPicture::FrmPicture()
+{
+    setupUi(this);
+    Thumbnail->setMinimumSize(MostThumbnail);
+    on(Another, &QPushButton::clicked, this, &FrmPicture::Another_Click);
+    on(Smaller, &QPushButton::clicked, this, &FrmPicture::Smaller_Click);
+    on(Use, &QPushButton::clicked, this, &FrmPicture::Use_Click);
+    on(CloseWindow, &QPushButton::clicked, this, &FrmPicture::Unload);
+    setDefaultButton(Use);
+    setCancelButton(CloseWindow);
+    Use->setFocus();
+}
+
+void FrmPicture::chooseFor(QLineEdit* field)
+{
+    auto* window = form<FrmPicture>();
+    window->m_field = field;
+    if (window->choose()) {
+        window->Show();
+    } else if (!window->isVisible()) {
+        window->Unload();
+    }
+}
+
+/// Asks for a picture, and shows it; false when there is none to show.
+bool FrmPicture::choose()
+{
+    CommonDialog dialog;
+    dialog.DialogTitle = QStringLiteral("Picture From This Computer");
+    dialog.Filter = QStringLiteral(
+        "Pictures (*.jpg;*.jpeg;*.png;*.gif;*.webp;*.bmp)|*.jpg;*.jpeg;*.png;*.gif;*.webp;*.bmp|"
+        "All files (*.*)|*.*");
+    if (!dialog.ShowOpen() || dialog.FileName.isEmpty())
+        return false;
+    const std::optional<PictureFile> picture = pictureFile(dialog.FileName);
+    if (!picture) {
+        showMessage(Messages::NoPicture, dialog.FileTitle);
+        return false;
+    }
+    show(*picture, QString());
+    return true;
+}
+
+/// Shows a picture; the sentence about it begins with `first`.
+void FrmPicture::show(const PictureFile& picture, const QString& first)
+{
+    const WaitCursor hourglass;
+    m_picture = picture;
+    Thumbnail->setPixmap(QPixmap::fromImage(thumbnail(picture.path, MostThumbnail)));
+    const QLocale locale;
+    const QString name = QFileInfo(picture.path).fileName();
+    Thumbnail->setAccessibleName(name);
+    Facts->setText(first + QStringLiteral("%1: %2 x %3 pixels, %4")
+                               .arg(name, locale.toString(picture.size.width()),
+                                    locale.toString(picture.size.height()),
+                                    locale.formattedDataSize(picture.bytes)));
+    Use->setEnabled(!m_field.isNull());
+}
+
+void FrmPicture::Another_Click()
+{
+    choose();
+}
+
+void FrmPicture::Smaller_Click()
+{
+    try {
+        const WaitCursor hourglass;
+        if (const std::optional<PictureFile> copy = pictureFile(copyForTheWeb(m_picture.path)))
+            show(*copy, QStringLiteral("The copy "));
+    } catch (const RuntimeError& error) {
+        showMessage(Messages::CannotWrite, error.description());
+    }
+}
+
+void FrmPicture::Use_Click()
+{
+    if (QLineEdit* field = m_field) {
+        field->setText(fileAddress(m_picture.path));
+        emit taken(field);
+    }
+    Unload();
+}
+
+void takePastedAddress(QLineEdit* field)
+{
+    // Typing brings a letter at a time, so that only a paste brings a whole beginning.
+    const auto former = std::make_shared<QString>(field->text());
+    onInner(field, &QLineEdit::textEdited, field, [field, former](const QString& text) {
+        if (*former == BlankAddress) {
+            const bool behind = text.startsWith(BlankAddress + QStringLiteral("http"));
+            const bool before = text.startsWith(QStringLiteral("http")) && text.endsWith(BlankAddress);
+            const qsizetype length = BlankAddress.size();
+            if (behind || (before && text.size() > length))
+                field->setSelection(behind ? 0 : int(text.size() - length), int(length));
+            if (field->hasSelectedText())
+                field->del();
+        }
+    });
+    onInner(field, &QLineEdit::textChanged, field, [former](const QString& text) { *former = text; });
+}
+
+} // namespace brindlemark
