@@ -1,9 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // What is found in the bytes of a page, without a window: the stretches of its highlight, a part of a
-// listing, the style, the generator tag. Beside the same bytes read once.
+// listing, the style, the generator tag, the tokens, what a check finds. Beside the same bytes read once.
 
 #include "Measure.h"
+#include "check/ListingCheck.h"
+#include "check/PlacedSource.h"
+#include "services/HtmlTokenizer.h"
 #include "shell/GeneratorTag.h"
 #include "shell/HighlightRuns.h"
 #include "shell/ListingParts.h"
@@ -16,13 +19,13 @@ namespace {
 
 /// A page with nine tags and two quoted values in each line of 120 bytes, and all that is looked for at its
 /// end.
-QByteArray page()
+QByteArray page(qsizetype size)
 {
     const QByteArray line =
         QByteArray("<TR><TD bgcolor=\"#FFFFFF\" align=center><FONT face=\"Arial\" size=2><B>a "
                    "price of 12.50</B></FONT></TD></TR>\r\n");
     const MarkerPair& title = markers(Region::Title);
-    return line.repeated(10'000'000 / line.size()) + StyleMarkers.at(StyleCount - 1).toByteArray() +
+    return line.repeated(size / line.size()) + StyleMarkers.at(StyleCount - 1).toByteArray() +
            title.opening.toByteArray() + "<B>Old wall clock</B>" + title.closing.toByteArray() +
            "<META content=\"An engine\" name=GENERATOR>";
 }
@@ -54,11 +57,32 @@ void stampTag(const QByteArray& text)
     require(stamped(text).endsWith("\"Brindlemark 1.0\" name=GENERATOR>"), "the tag isn't stamped");
 }
 
+void readTokens(const QByteArray& text)
+{
+    HtmlTokenizer tokenizer(text);
+    qsizetype tags = 0;
+    for (HtmlToken token; tokenizer.next(token);)
+        tags += token.kind == HtmlTokenKind::StartTag ? 1 : 0;
+    require(tags > text.size() / 60, "tags are missing");
+}
+
+void checkPage(const QByteArray& text)
+{
+    const CheckReport report = checkListing(text, CheckLimits());
+    require(report.words > text.size() / 60, "words are missing");
+}
+
+void placeTags(const QByteArray& text)
+{
+    require(withPlaces(text).size() > text.size(), "no tag has a place");
+}
+
 struct Operation
 {
     const char* name;
     void (*run)(const QByteArray& text);
     double most; // ms
+    qsizetype size = 10'000'000;
 };
 
 constexpr Operation Operations[] = {
@@ -66,14 +90,17 @@ constexpr Operation Operations[] = {
     {"Part of a listing, 10 MB", findPart, 100},
     {"Style of a listing, 10 MB", findStyle, 100},
     {"Generator stamp, 10 MB", stampTag, 100},
+    {"Tokens, 1 MB", readTokens, 15, 1'000'000},
+    {"Places of tags for the live view, 100 KB", placeTags, 5, 100'000},
+    {"Check of a listing, 1 MB", checkPage, 100, 1'000'000},
 };
 
 } // namespace
 
 int main()
 {
-    const QByteArray text = page();
     for (const Operation& operation : Operations) {
+        const QByteArray text = page(operation.size);
         measure({"Text of a page",
                  operation.name,
                  {.most = operation.most},

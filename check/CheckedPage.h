@@ -23,6 +23,8 @@ struct CheckedPage
     CheckProfile profile;
     QByteArray title; ///< see `listingTitle`
     std::vector<Finding> findings{};
+    bool linksOpenBeside = false; ///< by a BASE tag
+    bool picturesFit = false;     ///< by a style sheet
 
     QByteArrayView source(TextRange range) const { return html.sliced(range.start, range.length); }
 

@@ -99,7 +99,7 @@ void FrmLive::placeBesideMain()
 
 bool FrmLive::queryUnload()
 {
-    const QRect place = geometry();
+    const QRect place(pos(), size());
     WriteProfile(
         {{QStringLiteral("Live"), QStringLiteral("place"),
           QStringLiteral("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height())},

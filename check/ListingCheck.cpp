@@ -12,6 +12,7 @@
 #include "shell/ListingParts.h"
 #include "source/TextEncoding.h"
 
+#include <QRegularExpression>
 #include <QSet>
 #include <algorithm>
 #include <array>
@@ -23,12 +24,17 @@ namespace {
 
 constexpr QByteArrayView ViewportLine =
     "<META name=viewport content=\"width=device-width, initial-scale=1\">\r\n";
+/// How the tag of a page's maker begins, in small letters.
+constexpr QByteArrayView GeneratorBeginning = "<meta content=";
+/// The attributes that say what a META tag is about.
+constexpr std::array<QByteArrayView, 3> MetaNames = {"name", "http-equiv", "property"};
 /// More bytes that are no characters are not told one by one.
 constexpr int MostInvalidBytes = 100;
 
-bool isBlankText(QByteArrayView text)
+/// Whether nothing is seen of a text: blanks that do not break aren't either.
+bool isBlankText(QByteArray text)
 {
-    return std::ranges::all_of(text, isHtmlBlank);
+    return std::ranges::all_of(text.replace("\xC2\xA0", " "), isHtmlBlank);
 }
 
 /// How many bytes the character of UTF-8 at the beginning of a text has; 0 where there is none.
@@ -119,6 +125,8 @@ private:
         if (!tag.starts()) {
             if (tag.name == "script")
                 endScript(tag.token.whole.end());
+            if (tag.name == "h1")
+                m_inHeading = false;
             m_inside.clear();
             return;
         }
@@ -126,7 +134,10 @@ private:
         if (tag.name == "script")
             m_script = tag.token.whole;
         m_tags = true;
-        m_headings = m_headings || tag.name == "h1";
+        m_inHeading = m_inHeading || tag.name == "h1";
+        if (tag.name == "base")
+            m_page.linksOpenBeside =
+                attributeValue(m_page.html, tag.token, "target").value_or(QByteArray()).toLower() == "_blank";
         m_pictures = m_pictures || tag.name == "img";
         if (tag.name == "head" || tag.name == "html")
             m_headPlace = std::max(m_headPlace, tag.token.whole.end());
@@ -146,8 +157,23 @@ private:
             return attributeValue(m_page.html, tag.token, name).value_or(QByteArray()).toLower();
         };
         m_viewport = m_viewport || value("name").trimmed() == "viewport";
+        seeMaker(tag);
         m_saysUtf8 =
             m_saysUtf8 || value("charset").trimmed() == "utf-8" || value("content").contains("charset=utf-8");
+    }
+
+    /// The tag of a page's maker is found by how it begins; one that is whole and says something else is
+    /// none.
+    void seeMaker(const Tag& meta)
+    {
+        const QByteArrayView source = m_page.source(meta.token.whole);
+        if (m_tornMeta ||
+            !isHtmlName(source.first(std::min(source.size(), GeneratorBeginning.size())), GeneratorBeginning))
+            return;
+        const bool isNamed = std::ranges::any_of(
+            MetaNames, [&](QByteArrayView name) { return findAttribute(m_page.html, meta.token, name); });
+        if (!isNamed || source.sliced(1).contains('<'))
+            m_tornMeta = TextRange{meta.token.whole.start, GeneratorBeginning.size()};
     }
 
     /// In a profile that takes few tags or none, those that it doesn't take; each name once.
@@ -173,21 +199,33 @@ private:
     void seeText(const HtmlToken& text)
     {
         if (m_inside == "title") {
-            m_titleText = m_titleText || !isBlankText(m_page.source(text.inside));
-        } else if (m_inside == "style" &&
-                   m_page.source(text.inside).toByteArray().toLower().contains("@import")) {
-            m_page.find(CheckRule::OutsideStyle, text.inside);
+            m_titleText = m_titleText || !isBlankText(htmlText(m_page.html, text));
+        } else if (m_inside == "style") {
+            seeStyle(text);
         }
         if (text.content != HtmlContent::Data)
             return;
         m_structure.seeText(text);
         m_text.seeText(text);
+        if (isBlankText(htmlText(m_page.html, text)))
+            return;
+        m_headings = m_headings || m_inHeading;
         const QByteArrayView source = m_page.source(text.inside);
-        if (const auto* first = std::ranges::find_if_not(source, isHtmlBlank); first != source.end()) {
-            const TextRange seen = {text.inside.start + (first - source.begin()), 1};
-            m_title.seeText(seen);
-            m_description.seeText(seen);
-        }
+        const auto* first = std::ranges::find_if_not(source, isHtmlBlank);
+        const TextRange seen = {text.inside.start + (first - source.begin()), 1};
+        m_title.seeText(seen);
+        m_description.seeText(seen);
+    }
+
+    void seeStyle(const HtmlToken& style)
+    {
+        static const QRegularExpression comment(QStringLiteral(R"(/\*.*?\*/)"),
+                                                QRegularExpression::DotMatchesEverythingOption);
+        const QString text = QString::fromLatin1(m_page.source(style.inside)).toLower().remove(comment);
+        if (text.contains(QLatin1String("@import")))
+            m_page.find(CheckRule::OutsideStyle, style.inside);
+        static const QRegularExpression pictures(QStringLiteral(R"(\bimg\b[^{}]*\{[^}]*max-width)"));
+        m_page.picturesFit = m_page.picturesFit || text.contains(pictures);
     }
 
     void seeComment(const HtmlToken& comment)
@@ -227,8 +265,8 @@ private:
             m_page.find(CheckRule::Script, *m_script);
         for (size_t i = 0; i < m_markers.size(); ++i)
             tellUnpaired(i);
-        if (const auto torn = findGeneratorTags(m_page.html).torn)
-            m_page.find(CheckRule::TornGeneratorTag, *torn);
+        if (m_tornMeta && findGeneratorTags(m_page.html).torn)
+            m_page.find(CheckRule::TornGeneratorTag, *m_tornMeta);
         seeBytes();
         seeParts();
         if (m_tags && !m_viewport)
@@ -291,11 +329,13 @@ private:
     const QByteArray& m_html;
     QByteArray m_inside; // the element whose start tag was seen last, until any end tag
     std::optional<TextRange> m_script;
+    std::optional<TextRange> m_tornMeta;
     std::array<std::optional<TextRange>, Markers.size()> m_markers{}; // that wait for their other half
     QSet<QByteArray> m_notTaken;
     qsizetype m_headPlace = 0; // where a line of the head may stand
     qsizetype m_characters = 0;
     bool m_tags = false;
+    bool m_inHeading = false;
     bool m_headings = false;
     bool m_pictures = false;
     bool m_titleText = false;
@@ -342,24 +382,35 @@ std::vector<TextEdit> phoneEdits(const QByteArray& html, const CheckLimits& limi
     return edits;
 }
 
+namespace {
+
+/// The text of a kind in a stretch of a page, as it stands there.
+QByteArray textIn(QByteArrayView html, HtmlContent content)
+{
+    QByteArray text;
+    HtmlTokenizer tokenizer(html);
+    for (HtmlToken token; tokenizer.next(token);) {
+        if (token.kind != HtmlTokenKind::Text || token.content != content)
+            continue;
+        text += html.sliced(token.inside.start, token.inside.length);
+        text += ' ';
+        if (content == HtmlContent::Rcdata)
+            break; // TITLE stands in front of any TEXTAREA
+    }
+    return text.simplified();
+}
+
+} // namespace
+
 QByteArray listingTitle(const QByteArray& html)
 {
-    const QByteArrayView view(html);
-    const auto region = findRegion(view, Region::Title);
-    const bool hasRegion = region && region->length > 0;
+    const auto region = findRegion(html, Region::Title);
     QByteArray title;
-    HtmlTokenizer tokenizer(hasRegion ? view.sliced(region->start, region->length) : view);
-    const QByteArrayView text = hasRegion ? view.sliced(region->start, region->length) : view;
-    for (HtmlToken token; tokenizer.next(token);) {
-        const HtmlContent wanted = hasRegion ? HtmlContent::Data : HtmlContent::Rcdata;
-        if (token.kind == HtmlTokenKind::Text && token.content == wanted) {
-            title += text.sliced(token.inside.start, token.inside.length);
-            title += ' ';
-            if (!hasRegion)
-                break; // TITLE stands in front of any TEXTAREA
-        }
-    }
-    return title.simplified().replace('"', "&quot;");
+    if (region && region->length > 0)
+        title = textIn(QByteArrayView(html).sliced(region->start, region->length), HtmlContent::Data);
+    if (title.isEmpty())
+        title = textIn(html, HtmlContent::Rcdata);
+    return title.replace('"', "&quot;");
 }
 
 } // namespace brindlemark

@@ -48,8 +48,11 @@ void StructureWatch::seeTag(const Tag& tag)
 void StructureWatch::seeText(const HtmlToken& text)
 {
     const QByteArrayView source = m_page.source(text.inside);
-    if (!std::ranges::all_of(source, isHtmlBlank))
-        seeContent(text.inside);
+    const auto* first = std::ranges::find_if_not(source, isHtmlBlank);
+    if (first == source.end())
+        return;
+    const qsizetype blanks = first - source.begin();
+    seeContent({text.inside.start + blanks, text.inside.length - blanks});
 }
 
 void StructureWatch::seeContent(TextRange place)
@@ -65,8 +68,8 @@ void StructureWatch::seeStart(const Tag& tag)
     const ElementKind* kind = elementKind(tag.name);
     if (!mayStandInTable(tag.name))
         seeContent(tag.token.whole);
-    if (isTablePart(tag.name))
-        openTablePart(tag);
+    if (isTablePart(tag.name) && !openTablePart(tag))
+        return; // browsers pass it over
     if (!kind || kind->end != EndTagNeed::Never)
         push({tag.name, kind, tag.token.whole});
 }
@@ -86,13 +89,13 @@ StructureWatch::Open StructureWatch::take(size_t depth)
     return open;
 }
 
-/// A cell ends the cell before it, a row the row, a section the section.
-void StructureWatch::openTablePart(const Tag& tag)
+/// A cell ends the cell before it, a row the row, a section the section. False: there is no table.
+bool StructureWatch::openTablePart(const Tag& tag)
 {
     const std::optional<size_t> table = openDepth("table");
     if (!table) {
-        m_page.find(CheckRule::OutsideTable, tag.token.whole, tag.name);
-        return;
+        m_page.find(CheckRule::OutsideTable, tag.token.whole, m_page.source(tag.token.inside).toByteArray());
+        return false;
     }
     const bool isCell = isTableCell(tag.name);
     const bool isRow = tag.name == "tr";
@@ -103,6 +106,7 @@ void StructureWatch::openTablePart(const Tag& tag)
             depth = i;
     }
     close(depth + 1, tag.token.whole.start, tag.name);
+    return true;
 }
 
 void StructureWatch::seeEnd(const Tag& tag)
@@ -110,7 +114,7 @@ void StructureWatch::seeEnd(const Tag& tag)
     const TextRange place = tag.token.whole;
     const std::optional<size_t> depth = matching(tag);
     if (!depth) {
-        if (wasLeft(tag))
+        if (wasLeft(tag) || wasImplied(tag.name))
             return;
         const bool makesElement =
             tag.name == "p" || tag.name == "br"; // to take it away would change the page
@@ -152,6 +156,12 @@ std::optional<size_t> StructureWatch::openDepth(QByteArrayView name) const
             return i - 1;
     }
     return std::nullopt;
+}
+
+/// Whether an end tag is that of an element that begins without a tag.
+bool StructureWatch::wasImplied(const QByteArray& name) const
+{
+    return name == "body" || name == "html" || name == "head" || (name == "tbody" && openDepth("table"));
 }
 
 /// Whether an end tag belongs to an element that has lost its place to one around it.

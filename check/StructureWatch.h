@@ -42,7 +42,7 @@ private:
 
     void seeStart(const Tag& tag);
     void seeEnd(const Tag& tag);
-    void openTablePart(const Tag& tag);
+    bool openTablePart(const Tag& tag);
     void seeContent(TextRange place);
     void push(Open open);
     Open take(size_t depth);
@@ -51,6 +51,7 @@ private:
     std::optional<size_t> openDepth(QByteArrayView name) const;
     std::optional<size_t> matching(const Tag& tag) const;
     bool wasLeft(const Tag& tag);
+    bool wasImplied(const QByteArray& name) const;
 
     CheckedPage& m_page;
     std::vector<Open> m_open;

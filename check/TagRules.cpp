@@ -36,6 +36,17 @@ constexpr std::array<AddressAttribute, 8> AddressAttributes = {{{"src", true},
                                                                 {"action", false},
                                                                 {"formaction", false}}};
 
+/// Whether the quote that ended a value was meant to begin the next one: "<a href="x>text</a><img src=",
+/// "<img src="x alt="y".
+bool isQuoteTorn(const CheckedPage& page, const HtmlAttribute& attribute)
+{
+    const QByteArrayView value = page.source(attribute.value);
+    if (attribute.quote == 0 || !value.endsWith('=') || attribute.whole.end() == page.html.size())
+        return false;
+    const char next = page.html[attribute.whole.end()];
+    return value.contains('<') || (!isHtmlBlank(next) && next != '/' && next != '>');
+}
+
 bool startsWithAny(QByteArrayView text, std::span<const QByteArrayView> beginnings)
 {
     return std::ranges::any_of(beginnings,
@@ -63,6 +74,8 @@ QByteArray hostOf(const QByteArray& address)
     if (start < 0)
         return {};
     const QByteArray rest = address.mid(start + 2);
+    if (rest.startsWith('[')) // a number of the newer kind, with colons in it
+        return rest.first(rest.indexOf(']') + 1);
     const auto end =
         std::ranges::find_if(rest, [](char c) { return c == '/' || c == '?' || c == '#' || c == ':'; });
     return rest.first(end - rest.begin());
@@ -82,7 +95,7 @@ bool isLocal(const QByteArray& address)
     const bool isNumber =
         std::ranges::all_of(host, [](char c) { return std::isdigit(uchar(c)) || c == '.'; });
     const int second = host.split('.').value(1).toInt();
-    return isDrive || host == "localhost" || host.endsWith(".local") ||
+    return isDrive || host == "localhost" || host == "[::1]" || host.endsWith(".local") ||
            (isNumber && startsWithAny(host, Networks)) ||
            (isNumber && host.startsWith("172.") && second >= 16 && second <= 31);
 }
@@ -126,7 +139,7 @@ QByteArray withoutBlanksInside(QByteArrayView address)
 /// An address of an attribute, with what is wrong in how it is written.
 void seeAddress(CheckedPage& page, const HtmlAttribute& attribute, bool loads)
 {
-    const QByteArray name = htmlName(page.source(attribute.name));
+    const QByteArray name = page.source(attribute.name).toByteArray();
     const QByteArray value = htmlValue(page.html, attribute);
     const QByteArray address = value.trimmed();
     const QByteArray lower = address.toLower();
@@ -152,7 +165,8 @@ void seeAddress(CheckedPage& page, const HtmlAttribute& attribute, bool loads)
         return;
     }
     if (std::ranges::any_of(value, isHtmlBlank))
-        page.find(CheckRule::BlankInAddress, place, value, {{attribute.value, withoutBlanksInside(source)}});
+        page.find(CheckRule::BlankInAddress, place, source.toByteArray(),
+                  {{attribute.value, withoutBlanksInside(source)}});
     if (isLocal(address)) {
         page.find(CheckRule::LocalAddress, place, address);
     } else if (!hasScheme(address) && !address.startsWith("//") && !address.startsWith('#')) {
@@ -163,7 +177,7 @@ void seeAddress(CheckedPage& page, const HtmlAttribute& attribute, bool loads)
             mend = {{{attribute.value.start + 4, 0}, "s"}};
         page.find(CheckRule::HttpAddress, place, address, std::move(mend));
     } else if (lower.startsWith("mailto:")) {
-        page.find(CheckRule::MailAddress, place, address.mid(7));
+        page.find(CheckRule::MailAddress, place, address.mid(7).split('?').first());
     }
 }
 
@@ -172,7 +186,8 @@ void seeLinkTarget(CheckedPage& page, const Tag& tag)
     const QByteArray address =
         attributeValue(page.html, tag.token, "href").value_or(QByteArray()).trimmed().toLower();
     const HtmlAttribute* target = findAttribute(page.html, tag.token, "target");
-    if (!address.startsWith("http") || (target && htmlValue(page.html, *target).toLower() == "_blank"))
+    if (page.linksOpenBeside || !address.startsWith("http") ||
+        (target && htmlValue(page.html, *target).toLower() == "_blank"))
         return;
     const QByteArray wanted = "target=\"_blank\"";
     page.find(CheckRule::LinkTarget, tag.token.whole, {},
@@ -225,13 +240,11 @@ void seeAttributes(CheckedPage& page, const Tag& tag)
     for (const HtmlAttribute& attribute : tag.token.attributes) {
         const QByteArray name = htmlName(page.source(attribute.name));
         if (names.contains(name))
-            page.find(CheckRule::DuplicateAttribute, attribute.whole, name,
-                      {withoutAttribute(page.html, attribute)});
+            page.find(CheckRule::DuplicateAttribute, attribute.whole,
+                      page.source(attribute.name).toByteArray(), {withoutAttribute(page.html, attribute)});
         names.insert(name);
-        const QByteArrayView value = page.source(attribute.value);
-        // The quote that ended it was meant to begin the next one: "<a href="x>text</a><img src=".
-        if (attribute.quote != 0 && value.contains('<') && value.trimmed().endsWith('='))
-            page.find(CheckRule::TornQuote, attribute.whole, name);
+        if (isQuoteTorn(page, attribute))
+            page.find(CheckRule::TornQuote, attribute.whole, page.source(attribute.name).toByteArray());
     }
 }
 
@@ -244,17 +257,18 @@ void seeActiveContent(CheckedPage& page, const Tag& tag)
     for (const HtmlAttribute& attribute : tag.token.attributes) {
         const QByteArray name = htmlName(page.source(attribute.name));
         if (name.size() > 2 && name.startsWith("on"))
-            page.find(CheckRule::Handler, attribute.whole, name, {withoutAttribute(page.html, attribute)});
+            page.find(CheckRule::Handler, attribute.whole, page.source(attribute.name).toByteArray(),
+                      {withoutAttribute(page.html, attribute)});
     }
     const auto value = [&](QByteArrayView name) {
         return attributeValue(page.html, tag.token, name).value_or(QByteArray()).toLower();
     };
     if (isOneOf(tag.name, FormParts)) {
-        page.find(CheckRule::FormPart, place, tag.name);
+        page.find(CheckRule::FormPart, place, page.source(tag.token.inside).toByteArray());
     } else if (isOneOf(tag.name, Frames)) {
-        page.find(CheckRule::Frame, place, tag.name);
+        page.find(CheckRule::Frame, place, page.source(tag.token.inside).toByteArray());
     } else if (isOneOf(tag.name, Objects)) {
-        page.find(CheckRule::Object, place, tag.name);
+        page.find(CheckRule::Object, place, page.source(tag.token.inside).toByteArray());
     } else if (tag.name == "meta" && value("http-equiv").trimmed() == "refresh") {
         page.find(CheckRule::MetaRefresh, place, {}, {{place, {}}});
     } else if (tag.name == "link" && value("rel").contains("stylesheet")) {
@@ -268,7 +282,7 @@ void seeAddresses(CheckedPage& page, const Tag& tag)
         const QByteArrayView name = page.source(attribute.name);
         const auto known = std::ranges::find_if(
             AddressAttributes, [&](const AddressAttribute& a) { return isHtmlName(name, a.name); });
-        if (known != AddressAttributes.end())
+        if (known != AddressAttributes.end() && !isQuoteTorn(page, attribute))
             seeAddress(page, attribute, known->loads);
     }
     if (tag.name == "a" || tag.name == "area")
@@ -281,7 +295,7 @@ void seePicture(CheckedPage& page, const Tag& tag)
         return;
     seeAlt(page, tag);
     const QByteArray style = attributeValue(page.html, tag.token, "style").value_or(QByteArray());
-    if (styleProperty(style, "max-width"))
+    if (page.picturesFit || styleProperty(style, "max-width"))
         return;
     const std::optional<int> width = widthInPixels(page.html, tag.token);
     const QByteArray given =

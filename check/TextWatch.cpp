@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 
 namespace brindlemark {
 
@@ -25,6 +26,13 @@ bool partsWords(const QByteArray& name)
 bool isOfMailAddress(char c)
 {
     return std::isalnum(uchar(c)) || c == '.' || c == '_' || c == '-' || c == '+';
+}
+
+/// A contrast with one digit, and never the limit that it misses.
+QByteArray told(double contrast, double limit)
+{
+    const double rounded = std::round(contrast * 10) / 10;
+    return QByteArray::number(rounded < limit ? rounded : std::floor(contrast * 10) / 10, 'f', 1);
 }
 
 /// The size that a FONT tag gives: "2", "-1", "+2".
@@ -51,7 +59,7 @@ void TextWatch::seeTag(const Tag& tag)
     }
     const ElementKind* kind = elementKind(tag.name);
     if (!kind || kind->end != EndTagNeed::Never)
-        m_looks.push_back(lookOf(tag));
+        push(lookOf(tag));
 }
 
 /// What a tag makes of the look around it.
@@ -86,13 +94,24 @@ TextWatch::Look TextWatch::lookOf(const Tag& tag) const
     return look;
 }
 
+void TextWatch::push(Look look)
+{
+    ++m_openNames[look.name];
+    m_looks.push_back(std::move(look));
+}
+
 void TextWatch::close(const QByteArray& name)
 {
+    if (m_openNames.value(name) == 0)
+        return;
     const bool isCell = isTableCell(name);
     for (size_t i = m_looks.size(); i > 1; --i) {
         const Look& look = m_looks[i - 1];
         if (look.name == name) {
-            m_looks.erase(m_looks.begin() + std::ptrdiff_t(i) - 1, m_looks.end());
+            while (m_looks.size() >= i) {
+                --m_openNames[m_looks.back().name];
+                m_looks.pop_back();
+            }
             return;
         }
         const ElementKind* kind = elementKind(name);
@@ -137,7 +156,7 @@ void TextWatch::seeColors()
         return;
     m_toldColors.insert(colors);
     const TextRange inner = look.text.tag.start > look.ground.tag.start ? look.text.tag : look.ground.tag;
-    m_page.find(CheckRule::Contrast, inner, QByteArray::number(contrast, 'f', 1));
+    m_page.find(CheckRule::Contrast, inner, told(contrast, m_page.limits.contrast));
 }
 
 void TextWatch::seeSize(qsizetype length)

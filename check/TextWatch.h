@@ -41,6 +41,7 @@ private:
     };
 
     Look lookOf(const Tag& tag) const;
+    void push(Look look);
     void close(const QByteArray& name);
     void seeColors();
     void seeSize(qsizetype length);
@@ -50,6 +51,7 @@ private:
 
     CheckedPage& m_page;
     std::vector<Look> m_looks{Look()};
+    QHash<QByteArray, int> m_openNames; // how many of a name are among them, so that nobody walks in vain
     QSet<std::pair<QRgb, QRgb>> m_toldColors; // text and ground
     QHash<qsizetype, qsizetype> m_smallText;  // by the place of the tag, in characters
     qsizetype m_words = 0;

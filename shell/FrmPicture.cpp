@@ -118,8 +118,10 @@ void takePastedAddress(QLineEdit* field)
             const qsizetype length = BlankAddress.size();
             if (behind || (before && text.size() > length))
                 field->setSelection(behind ? 0 : int(text.size() - length), int(length));
-            if (field->hasSelectedText())
+            if (field->hasSelectedText()) {
                 field->del();
+                field->end(false);
+            }
         }
     });
     onInner(field, &QLineEdit::textChanged, field, [former](const QString& text) { *former = text; });

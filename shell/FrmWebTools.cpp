@@ -7,8 +7,6 @@
 #include "shell/Regions.h"
 #include "shell/WorkingSelection.h"
 
-#include <QScrollBar>
-
 namespace brindlemark {
 
 ListingEditor* loadedEditor()
@@ -90,7 +88,7 @@ void FrmWeb::follow(const Follower& follower)
     };
     tell(RichTextBox1, &RichTextBox::Change, follower.textChanged);
     tell(RichTextBox1, &RichTextBox::SelChange, follower.caretMoved);
-    tell(RichTextBox1->verticalScrollBar(), &QScrollBar::valueChanged, follower.scrolled);
+    tell(RichTextBox1, &RichTextBox::Scrolled, follower.scrolled);
     tell(SSTab1, &SSTab::Click, follower.tabChanged);
 }
 

@@ -519,8 +519,10 @@ void RichTextBox::notifySoon()
         m_notifyTimer.start();
 }
 
-void RichTextBox::onUpdate()
+void RichTextBox::onUpdate(int updated)
 {
+    if (updated & SC_UPDATE_V_SCROLL)
+        emit Scrolled();
     if (selection() != m_toldSelection)
         notifySoon();
 }

@@ -150,6 +150,8 @@ signals:
     void Change();
     /// `SelStart` or `SelLength` has changed; after `Change` when both have.
     void SelChange();
+    /// Other lines have come into view. Comes with the next painting.
+    void Scrolled();
     /// The left mouse button was pressed and released in the box.
     void Click();
     /// A key (a Qt::Key) was released.
@@ -205,7 +207,7 @@ private:
     void tellInserted();
     void notify();
     void notifySoon();
-    void onUpdate();
+    void onUpdate(int updated);
 
     void setUpComponent();
     void setUpKeys();

@@ -170,9 +170,14 @@ return {
         this.write(text, false);
         placed = null;
         scrollTo(...wanted);
-        const reached = scrollY;
+        let reached = scrollY;
         // Pictures that come later make the page as long as it was.
-        addEventListener('load', () => { if (scrollY === reached) scrollTo(...wanted); }, { once: true });
+        addEventListener('load', () => {
+            if (scrollY === reached) {
+                scrollTo(...wanted);
+                reached = scrollY;
+            }
+        }, true);
         return true;
     },
 
@@ -219,7 +224,7 @@ return {
         const causes = outside.filter(isWideItself);
         const widest = (causes.length > 0 ? causes : outside).reduce((widest, element) =>
             widest && boxOf(widest).width > boxOf(element).width ? widest : element, null);
-        return [document.readyState === 'complete', document.scrollingElement.scrollWidth, widest ? placeOf(widest) : -1];
+        return [Array.from(document.images).every(image => image.complete), document.scrollingElement.scrollWidth, widest ? placeOf(widest) : -1];
     },
 
     reveal,

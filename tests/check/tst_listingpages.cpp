@@ -526,8 +526,9 @@ void TestListingPages::thirtyFaults_data()
         "style=\"color:#FFCC66; background-color:#FFF4E0", R::Contrast, "", "?");
     row(ModernPage, "<a href=\"https://post.example/prices?from=DE&amp;kg=4\"", "<a href=\"\"",
         R::EmptyAddress, "href=\"\"", "href");
-    row(ModernPage, "alt=\"Nine stamps with ducks\"", "alt=\"Nine stamps with ducks", R::TornQuote,
-        "alt=\"Nine stamps with ducks width=\"", "alt", {R::NoPhoneWidth, R::DuplicateAttribute});
+    row(ModernPage, "alt=\"Nine stamps with ducks\" width=\"360\"",
+        "alt=\"Nine stamps with ducks width=\"360\"", R::TornQuote, "alt=\"Nine stamps with ducks width=\"",
+        "alt", {R::NoPhoneWidth, R::DuplicateAttribute});
     row(ModernPage, "</html>\n", "</html>\n<img src=", R::TornTag, "<img src=", "?");
     row(ModernPage, "<mark>missing", "<!-- <mark>missing", R::TornComment, "", "?",
         {R::UnclosedTag, R::UnopenedTag});

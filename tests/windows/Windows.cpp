@@ -13,6 +13,8 @@
 #include "builders/FrmListChoose.h"
 #include "builders/FrmTable.h"
 #include "builders/Pics.h"
+#include "check/FrmCheck.h"
+#include "check/FrmLive.h"
 #include "colour/Fader5.h"
 #include "colour/FrmAutoColor.h"
 #include "colour/FrmBody.h"
@@ -26,6 +28,7 @@
 #include "shell/Find.h"
 #include "shell/FrmEarlier.h"
 #include "shell/FrmHelp.h"
+#include "shell/FrmPicture.h"
 #include "shell/FrmSplash.h"
 #include "shell/FrmWord.h"
 #include "wizard/FrmBuild1.h"
@@ -215,6 +218,27 @@ QWidget* earlierTexts(MainWindow& main)
     return shown<FrmEarlier>();
 }
 
+QWidget* liveView(MainWindow& main)
+{
+    openListing(main);
+    main.web->munliveview->trigger();
+    auto* window = shown<FrmLive>();
+    if (!QTest::qWaitFor([&] { return pageText(window->Page1).contains(QStringLiteral("Art Deco")); },
+                         Patience))
+        QTest::qFail("the page does not come up", __FILE__, __LINE__);
+    return window;
+}
+
+QWidget* checkListing(MainWindow& main)
+{
+    openListing(main);
+    main.web->munchecklisting->trigger();
+    auto* window = shown<FrmCheck>();
+    if (!QTest::qWaitFor([&] { return window->Findings->topLevelItemCount() > 2; }, Patience))
+        QTest::qFail("nothing is found", __FILE__, __LINE__);
+    return window;
+}
+
 /// What happens when the tab Internet is left for the editor.
 QWidget* notice(MainWindow& main)
 {
@@ -306,6 +330,14 @@ QWidget* pictures(MainWindow& main)
     return window;
 }
 
+QWidget* pictureFile(MainWindow& main)
+{
+    auto* window = tool<Pics>(main, Tool::Picture);
+    main.doors.answerOpen(QStringLiteral(SOURCE_DIR "/data/demo/lamp.svg"));
+    click(window->CmdBrowse);
+    return shown<FrmPicture>();
+}
+
 FrmTable* filledTable(MainWindow& main)
 {
     auto* window = tool<FrmTable>(main, Tool::Table);
@@ -391,6 +423,8 @@ constexpr auto Views = std::to_array<WindowView>({
     {"preview", preview},
     {"find-bar", findBar},
     {"earlier-texts", earlierTexts},
+    {"live-view", liveView},
+    {"check-listing", checkListing},
     {"notice", notice},
     {"internet", internet},
     {"wizard-item", wizardTab<0>},
@@ -408,6 +442,7 @@ constexpr auto Views = std::to_array<WindowView>({
     {"fader", fader},
     {"fader-table", faderWithTable},
     {"pictures", pictures},
+    {"picture-file", pictureFile},
     {"rule", rule},
     {"table", table},
     {"two-cell-colors", twoCellColors},
