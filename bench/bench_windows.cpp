@@ -7,6 +7,7 @@
 #include "MainWindow.h"
 #include "Measure.h"
 #include "app/WarmUp.h"
+#include "check/FrmLive.h"
 #include "platform/Doors.h"
 #include "wizard/FrmBuild1.h"
 #include "wizard/FrmBuild2.h"
@@ -17,6 +18,7 @@
 #include <QWebEngineView>
 #include <Qsci/qsciscintilla.h>
 #include <iostream>
+#include <tuple>
 
 using namespace brindlemark;
 
@@ -215,6 +217,41 @@ Repetition thenLook(double (*change)())
     };
 }
 
+/// The live view beside the source: how soon a letter is shown, and what it costs the hand.
+void measureLiveView()
+{
+    RichTextBox* source = form<FrmWeb>()->RichTextBox1;
+    auto* view = form<FrmLive>();
+    view->Show();
+    const auto open = [source](qsizetype size) {
+        source->load(listing(size));
+        source->setSelStart(int(size / 2));
+        look();
+    };
+    const auto shown = [source, view] {
+        QEventLoop loop;
+        QObject::connect(view->Page1, &LivePage::shown, &loop, &QEventLoop::quit);
+        typeLetter(source);
+        loop.exec();
+    };
+    for (const auto& [name, size, most] : {std::tuple("Live view, a letter shown, 10 KB", 10'000, 50.0),
+                                           std::tuple("Live view, a letter shown, 100 KB", 100'000, 150.0)})
+        measure({"Program", name, {.most = most}, {{Role::Ours, "live view", timed(shown, [=] {
+                                                        open(size);
+                                                    })}}});
+    const auto letter = [source] {
+        typeLetter(source);
+        source->viewport()->repaint();
+    };
+    measure({"Program",
+             "A letter in 100 KB, the live view open",
+             {.most = 5},
+             {{Role::Ours, "source box", timed(letter, [=] { open(100'000); })},
+              {Role::Limit, "its screen painted, nothing typed",
+               timed([source] { source->viewport()->repaint(); }, [=] { open(100'000); })}}});
+    view->Unload();
+}
+
 void run()
 {
     measure({"Program",
@@ -254,6 +291,7 @@ void run()
                        form<FrmWeb>()->RichTextBox1->load(QByteArray());
                    },
                    inEditor)}}});
+    measureLiveView();
 }
 
 } // namespace

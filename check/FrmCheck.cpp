@@ -22,6 +22,8 @@ namespace {
 
 /// How long the user must rest before the text is looked through, in milliseconds.
 constexpr int Rest = 300;
+/// A longer text would take seconds, in bytes.
+constexpr qsizetype LongestChecked = 20'000'000;
 /// Before a page is measured, in milliseconds: it loads its pictures anew. How long, and how often, they are
 /// waited for.
 constexpr int MeasureRest = 1000;
@@ -143,12 +145,26 @@ void FrmCheck::checkSoon()
     m_rest.start();
 }
 
-/// Has the text looked through by the other thread.
-void FrmCheck::check()
+/// Whether there is a text to look through; the user is told of one that is too long.
+bool FrmCheck::isThereText()
 {
     const ListingEditor* editor = loadedEditor();
     if (!editor)
+        return false;
+    if (editor->textLength() <= LongestChecked)
+        return true;
+    ++m_asked;
+    take(QByteArray(), CheckReport());
+    Summary->setText(QStringLiteral("A text of more than 20 MB is not checked."));
+    return false;
+}
+
+/// Has the text looked through by the other thread.
+void FrmCheck::check()
+{
+    if (!isThereText())
         return;
+    const ListingEditor* editor = loadedEditor();
     const quint64 number = ++m_asked;
     m_checker.start([this, number, text = editor->text(), limits = m_limits, wanted = profile()] {
         try {
@@ -162,9 +178,9 @@ void FrmCheck::check()
 /// The same at once, for what is about to be done with the result.
 void FrmCheck::checkNow()
 {
-    const ListingEditor* editor = loadedEditor();
-    if (!editor)
+    if (!isThereText())
         return;
+    const ListingEditor* editor = loadedEditor();
     const WaitCursor hourglass;
     ++m_asked; // what the other thread finds is too late
     const QByteArray text = editor->text();

@@ -38,6 +38,7 @@ private:
     void FitPhones_Click();
     void CopyReduced_Click();
 
+    bool isThereText();
     void checkSoon();
     void check();
     void checkNow();

@@ -23,6 +23,8 @@ constexpr int BytesPerRest = 5000; // for so many a millisecond more
 constexpr int PreviewRest = 1000;
 constexpr int ScrollRest = 50;
 
+/// A longer text would hold up the hand, in bytes.
+constexpr qsizetype LongestShown = 10'000'000;
 constexpr int PhoneFrame = 6; // pixels
 
 struct PageWidth
@@ -149,6 +151,10 @@ void FrmLive::showSource()
     m_previewTimer.stop();
     m_shownPreview.clear();
     m_ofSource = true;
+    if (editor->textLength() > LongestShown) {
+        Page1->writeSoon(QStringLiteral("<P>A text of more than 10 MB is shown on the tab Preview alone."));
+        return;
+    }
     const QByteArray text = editor->text();
     Page1->writeSoon(decode(withPlaces(text), encodingOf(text)));
 }

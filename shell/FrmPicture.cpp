@@ -38,32 +38,26 @@ FrmPicture::FrmPicture()
 
 void FrmPicture::chooseFor(QLineEdit* field)
 {
-    auto* window = form<FrmPicture>();
-    window->m_field = field;
-    if (window->choose()) {
-        window->Show();
-    } else if (!window->isVisible()) {
-        window->Unload();
-    }
-}
-
-/// Asks for a picture, and shows it; false when there is none to show.
-bool FrmPicture::choose()
-{
     CommonDialog dialog;
     dialog.DialogTitle = QStringLiteral("Picture From This Computer");
     dialog.Filter = QStringLiteral(
         "Pictures (*.jpg;*.jpeg;*.png;*.gif;*.webp;*.bmp)|*.jpg;*.jpeg;*.png;*.gif;*.webp;*.bmp|"
         "All files (*.*)|*.*");
     if (!dialog.ShowOpen() || dialog.FileName.isEmpty())
-        return false;
-    const std::optional<PictureFile> picture = pictureFile(dialog.FileName);
-    if (!picture) {
+        return;
+    if (const std::optional<PictureFile> picture = pictureFile(dialog.FileName)) {
+        offer(*picture, field);
+    } else {
         showMessage(Messages::NoPicture, dialog.FileTitle);
-        return false;
     }
-    show(*picture, QString());
-    return true;
+}
+
+void FrmPicture::offer(const PictureFile& picture, QLineEdit* field)
+{
+    auto* window = form<FrmPicture>();
+    window->m_field = field;
+    window->show(picture, QString());
+    window->Show();
 }
 
 /// Shows a picture; the sentence about it begins with `first`.
@@ -84,7 +78,7 @@ void FrmPicture::show(const PictureFile& picture, const QString& first)
 
 void FrmPicture::Another_Click()
 {
-    choose();
+    chooseFor(m_field);
 }
 
 void FrmPicture::Smaller_Click()

@@ -23,6 +23,8 @@ public:
     /// Asks for a picture whose address is to go into a field, and shows it. Nothing is shown when the user
     /// cancels.
     static void chooseFor(QLineEdit* field);
+    /// Shows a picture whose address may go into a field.
+    static void offer(const PictureFile& picture, QLineEdit* field);
 
 signals:
     /// The picture's address has been put into the field.
@@ -33,7 +35,6 @@ private:
     void Smaller_Click();
     void Use_Click();
 
-    bool choose();
     void show(const PictureFile& picture, const QString& first);
 
     QPointer<QLineEdit> m_field;

@@ -93,6 +93,7 @@ private slots:
     void reducedTexts();
     void limitsOfTheSettings();
     void manyFindings();
+    void longText();
     void whatSticksOut();
     void fitsPhonesInOneStep();
     void samplePagesFitPhones();
@@ -272,6 +273,16 @@ void TestFrmCheck::manyFindings()
     clickRow(window, 999);
     click(window->MendAll); // also those that aren't listed
     QCOMPARE(window->Findings->topLevelItemCount(), 0);
+}
+
+void TestFrmCheck::longText()
+{
+    Desk desk;
+    const FrmCheck* window = desk.check(QByteArray("<B>").repeated(7'000'000));
+    QCOMPARE(window->Summary->text(), "A text of more than 20 MB is not checked.");
+    QCOMPARE(window->Findings->topLevelItemCount(), 0);
+    desk.web->RichTextBox1->setText(pageWith(TwoPictures));
+    QTRY_COMPARE(listed(window), NoAlts);
 }
 
 void TestFrmCheck::whatSticksOut()

@@ -79,6 +79,7 @@ private slots:
     void followsTheHand();
     void brokenSource();
     void noScriptRuns();
+    void longText();
     void keepsItsPlace();
     void caretIsInSight();
     void clickLeadsToTheSource();
@@ -142,6 +143,15 @@ void TestFrmLive::noScriptRuns()
     QCOMPARE(ask(window, "document.title").toString(), QString());
 }
 
+void TestFrmLive::longText()
+{
+    Desk desk;
+    const FrmLive* window = desk.live(QByteArray("<P>x").repeated(2'600'000));
+    QTRY_COMPARE(pageText(window->Page1), "A text of more than 10 MB is shown on the tab Preview alone.");
+    desk.web->RichTextBox1->setText("<P>short</P>");
+    QTRY_COMPARE(pageText(window->Page1), "short");
+}
+
 /// While the source is broken for a moment, and when it is whole again, the page stays scrolled to where it
 /// was.
 void TestFrmLive::keepsItsPlace()
@@ -149,6 +159,7 @@ void TestFrmLive::keepsItsPlace()
     Desk desk;
     const FrmLive* window = desk.live(longPage());
     QTRY_VERIFY(pageText(window->Page1).contains("paragraph 199"));
+    desk.toMain();
     QVERIFY(ask(window, "scrollTo(0, 2000); scrollY === 2000").toBool());
     const int start = int(desk.source().indexOf("paragraph 60"));
     desk.web->RichTextBox1->setSelStart(start);
@@ -165,6 +176,7 @@ void TestFrmLive::caretIsInSight()
     Desk desk;
     const FrmLive* window = desk.live(longPage());
     QTRY_VERIFY(pageText(window->Page1).contains("paragraph 199"));
+    desk.toMain();
     QVERIFY(!isSeen(window, "p150"));
     desk.web->RichTextBox1->setSelStart(int(desk.source().indexOf("paragraph 150") + 3));
     QTRY_VERIFY(isSeen(window, "p150"));
@@ -240,6 +252,7 @@ void TestFrmLive::followsPreview()
     desk.showTab(FrmWeb::PreviewTab);
     desk.typeOnSurface("written ");
     QTRY_COMPARE(pageText(window->Page1), "written one");
+    QVERIFY(desk.web->document().isSurfaceKept());                   // the page tells its edits only once
     QVERIFY(desk.web->WebBrowser1->innerHtml().contains("written")); // it is there as before
     desk.showTab(FrmWeb::EditorTab);
     QVERIFY(desk.source().contains("written one"));

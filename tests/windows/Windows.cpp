@@ -330,11 +330,11 @@ QWidget* pictures(MainWindow& main)
     return window;
 }
 
-QWidget* pictureFile(MainWindow& main)
+QWidget* pictureOfThisComputer(MainWindow& main)
 {
     auto* window = tool<Pics>(main, Tool::Picture);
-    main.doors.answerOpen(QStringLiteral(SOURCE_DIR "/data/demo/lamp.svg"));
-    click(window->CmdBrowse);
+    if (const auto picture = pictureFile(QStringLiteral(SOURCE_DIR "/data/demo/lamp.svg")))
+        FrmPicture::offer(*picture, window->Text1);
     return shown<FrmPicture>();
 }
 
@@ -442,7 +442,7 @@ constexpr auto Views = std::to_array<WindowView>({
     {"fader", fader},
     {"fader-table", faderWithTable},
     {"pictures", pictures},
-    {"picture-file", pictureFile},
+    {"picture-file", pictureOfThisComputer},
     {"rule", rule},
     {"table", table},
     {"two-cell-colors", twoCellColors},

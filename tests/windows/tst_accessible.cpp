@@ -117,7 +117,8 @@ bool hasFrameName(QAccessibleInterface* face)
 /// Entries of lists may be equal: they are the seller's words.
 bool isEntry(QAccessibleInterface* face)
 {
-    return face->role() == QAccessible::ListItem;
+    return face->role() == QAccessible::ListItem || face->role() == QAccessible::TreeItem ||
+           face->role() == QAccessible::Cell;
 }
 
 QAccessible::Role expectedRole(QWidget* widget)

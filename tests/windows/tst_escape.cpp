@@ -87,6 +87,8 @@ void TestEscape::listsCloseFirst()
         {"preview", font},
         {"find-bar", font},
         {"internet", {"Combo3"}},
+        {"live-view", {"Widths"}},
+        {"check-listing", {"Profile"}},
         {"wizard-pays", {"TxST2"}},
         {"wizard-page-2", {"Combo3", "Combo4"}},
         {"terms", font},
