@@ -22,6 +22,7 @@ constexpr int MostRest = 2000;     // for a text that takes so long itself
 constexpr int BytesPerRest = 5000; // for so many a millisecond more
 constexpr int PreviewRest = 1000;
 constexpr int ScrollRest = 50;
+constexpr int CaretScrolls = 300; // the source is painted by then where a caret has brought it
 
 /// A longer text would hold up the hand, in bytes.
 constexpr qsizetype LongestShown = 10'000'000;
@@ -47,9 +48,10 @@ FrmLive::FrmLive()
 {
     setupUi(this);
     stayOverMain();
-    for (QTimer* timer : {&m_textTimer, &m_caretTimer, &m_previewTimer, &m_scrollTimer})
+    for (QTimer* timer : {&m_textTimer, &m_caretTimer, &m_caretScrolls, &m_previewTimer, &m_scrollTimer})
         timer->setSingleShot(true);
     m_caretTimer.setInterval(LeastRest);
+    m_caretScrolls.setInterval(CaretScrolls);
     m_previewTimer.setInterval(PreviewRest);
     m_scrollTimer.setInterval(ScrollRest);
     on(&m_textTimer, &QTimer::timeout, this, &FrmLive::showSource);
@@ -74,6 +76,7 @@ FrmLive::FrmLive()
                             [this] {
                                 m_caretMoved = true;
                                 m_caretTimer.start();
+                                m_caretScrolls.start();
                             },
                         .scrolled = [this] { sourceScrolled(); },
                         .tabChanged = [this] { showSource(); }});
@@ -193,7 +196,7 @@ void FrmLive::showCaret()
 void FrmLive::sourceScrolled()
 {
     const ListingEditor* editor = loadedEditor();
-    if (editor && m_ofSource && !handIsHere() && !m_caretTimer.isActive() && !m_textTimer.isActive())
+    if (editor && m_ofSource && !handIsHere() && !m_caretScrolls.isActive() && !m_textTimer.isActive())
         Page1->bringToTop(editor->topOfView());
 }
 

@@ -41,6 +41,7 @@ private:
 
     QTimer m_textTimer;      // until what was written is shown
     QTimer m_caretTimer;     // until the place at the caret is
+    QTimer m_caretScrolls;   // until the source is scrolled by nothing but the hand
     QTimer m_previewTimer;   // until Preview is looked at again
     QTimer m_scrollTimer;    // until the source follows the page
     bool m_ofSource = false; // or else of Preview, whose places nobody knows
