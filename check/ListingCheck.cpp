@@ -359,13 +359,7 @@ std::vector<TextEdit> mendAll(const std::vector<Finding>& findings, CheckRule ru
             edits.insert(edits.end(), finding->mend.begin(), finding->mend.end());
     }
     std::ranges::stable_sort(edits, {}, [](const TextEdit& edit) { return edit.range.start; });
-    // What lies within another one goes with it.
-    std::vector<TextEdit> apart;
-    for (TextEdit& edit : edits) {
-        if (apart.empty() || edit.range.start >= apart.back().range.end())
-            apart.push_back(std::move(edit));
-    }
-    return apart;
+    return edits;
 }
 
 std::vector<TextEdit> phoneEdits(const QByteArray& html, const CheckLimits& limits)

@@ -754,6 +754,10 @@ private slots:
     void profiles();
     void mends_data() { rowsOfFindings(); }
     void mends();
+    void onceIsEnough_data();
+    void onceIsEnough();
+    void mendedLetterByLetter_data();
+    void mendedLetterByLetter();
     void mendedTexts_data();
     void mendedTexts();
     void lengths_data();
@@ -820,8 +824,14 @@ void TestListingCheck::rowsOfFindings()
 void TestListingCheck::rules()
 {
     QFETCH(int, row);
-    const auto& [rule, what, text, extra] = allRows().at(size_t(row));
-    const auto [html, places, missing] = withoutMarks(text);
+    const Row& wanted = allRows().at(size_t(row));
+    const CheckRule rule = wanted.rule;
+    const QByteArray what = wanted.what;
+    const Extra& extra = wanted.extra;
+    const Marked marked = withoutMarks(wanted.html);
+    const QByteArray html = marked.html;
+    const std::vector<TextRange>& places = marked.places;
+    const int missing = marked.missing;
     const auto findings = checkListing(html, extra.limits, extra.profile).findings;
     const QByteArray all = described(findings, html);
 
@@ -945,8 +955,8 @@ void TestListingCheck::profiles()
 void TestListingCheck::mends()
 {
     QFETCH(int, row);
-    const auto& [rule, what, text, extra] = allRows().at(size_t(row));
-    const QByteArray html = withoutMarks(text).html;
+    const Extra& extra = allRows().at(size_t(row)).extra;
+    const QByteArray html = withoutMarks(allRows().at(size_t(row)).html).html;
     const auto again = [&](const QByteArray& mended) {
         return checkListing(mended, extra.limits, extra.profile).findings;
     };
@@ -979,6 +989,83 @@ void TestListingCheck::mends()
 }
 
 /// What the mending writes where nothing is left to choose.
+void TestListingCheck::onceIsEnough_data()
+{
+    QTest::addColumn<int>("rule");
+    QTest::addColumn<QByteArray>("body");
+    QTest::addColumn<int>("times");
+    const auto row = [](const char* name, CheckRule rule, const QByteArray& body, int times) {
+        QTest::newRow(name) << int(rule) << body << times;
+    };
+    row("texts in one table", CheckRule::OutsideCell, "<table>one<b>two</b>three<tr><td>x</table>", 1);
+    row("texts in a table and in its row", CheckRule::OutsideCell, "<table>one<tr>two<td>x</table>", 2);
+    row("long texts in one small font", CheckRule::SmallText,
+        "<font size=1>" + QByteArray(300, 'x') + "<br>" + QByteArray(300, 'y') + "</font>", 1);
+    row("the same colours again", CheckRule::Contrast,
+        QByteArray("<p style=\"color:#eee;background-color:#fff\">x</p>").repeated(3), 1);
+    row("a colour from around a table", CheckRule::Contrast,
+        "<font color=\"#eeeeee\"><table><tr><td bgcolor=\"#ffffff\">x</table></font>", 0);
+    row("a link has a colour of its own", CheckRule::Contrast,
+        "<div style=\"color:#eee;background-color:#fff\"><a href=\"#x\">x</a></div>", 0);
+    row("a maker's tag that takes in the next one", CheckRule::TornGeneratorTag,
+        "<META content=\"x\" <META name=keywords content=y>", 1);
+}
+
+void TestListingCheck::onceIsEnough()
+{
+    QFETCH(int, rule);
+    QFETCH(QByteArray, body);
+    QFETCH(int, times);
+    const QByteArray html = PageBegin + "</head><body>" + body + "</body></html>";
+    const auto findings = checkListing(html, CheckLimits()).findings;
+    QVERIFY2(count(findings, CheckRule(rule)) == times, described(findings, html).constData());
+}
+
+void TestListingCheck::mendedLetterByLetter_data()
+{
+    QTest::addColumn<int>("rule");
+    QTest::addColumn<QByteArray>("html");
+    QTest::addColumn<QByteArray>("mended");
+    const auto row = [](CheckRule rule, const char* html, const char* mended) {
+        QTest::newRow(html) << int(rule) << QByteArray(html) << QByteArray(mended);
+    };
+    row(CheckRule::HttpAddress, "<img src=\"http://p.example/1.jpg\">",
+        "<img src=\"https://p.example/1.jpg\">");
+    row(CheckRule::NoPhoneWidth, "<img src=a style=\"border:0\">",
+        "<img src=a style=\"border:0;max-width:100%;height:auto\">");
+    row(CheckRule::NoPhoneWidth, "<img src=a style='border:0; '>",
+        "<img src=a style='border:0;max-width:100%;height:auto'>");
+    row(CheckRule::NoPhoneWidth, "<img src=a style=border:0>",
+        "<img src=a style=\"border:0;max-width:100%;height:auto\">");
+    row(CheckRule::WidePicture, "<img width=900 src=a>",
+        "<img style=\"max-width:100%;height:auto\" width=900 src=a>");
+    row(CheckRule::WideTable, "<table width=900>", "<table width=\"100%\">");
+    row(CheckRule::WideTable, "<td style=\"color:red; width: 900px; height:1px\">",
+        "<td style=\"color:red; width:100%; height:1px\">");
+    row(CheckRule::DoubledScheme, "<a href=\"http://https://x.example/\">",
+        "<a href=\"https://x.example/\">");
+    row(CheckRule::BlankInAddress, "<a href=\" http://x.example/a b \">",
+        "<a href=\"http://x.example/a%20b\">");
+    row(CheckRule::LinkTarget, "<a href=\"http://x.example/\">",
+        "<a target=\"_blank\" href=\"http://x.example/\">");
+    row(CheckRule::LinkTarget, "<a target=top href=\"http://x.example/\">",
+        "<a target=\"_blank\" href=\"http://x.example/\">");
+    row(CheckRule::Handler, "<p onclick=\"a()\" id=x>", "<p id=x>");
+    row(CheckRule::DuplicateAttribute, "<p id=x id=y>", "<p id=x>");
+    row(CheckRule::Script, "a<script>b</script>c", "ac");
+    row(CheckRule::UnclosedTag, "<table><tr><td><b>x</td></tr></table>",
+        "<table><tr><td><b>x</b></td></tr></table>");
+    row(CheckRule::UnopenedTag, "x</b>y", "xy");
+}
+
+void TestListingCheck::mendedLetterByLetter()
+{
+    QFETCH(int, rule);
+    QFETCH(QByteArray, html);
+    QFETCH(QByteArray, mended);
+    QCOMPARE(edited(html, mendAll(checkListing(html, CheckLimits()).findings, CheckRule(rule))), mended);
+}
+
 void TestListingCheck::mendedTexts_data()
 {
     QTest::addColumn<int>("rule");

@@ -37,6 +37,7 @@ void TestDescriptionHtml::asTyped_data()
     row("an inline tag at a line's end", "<B>one</B>\ntwo", "<B>one</B><BR>\ntwo");
     row("a BR is there already", "one<br>\ntwo<BR/>  \nthree", "one<br>\ntwo<BR/>  \nthree");
     row("blocks", "<P>one</P>\n<UL>\n<LI>two\n</UL>\nthree", "<P>one</P>\n<UL>\n<LI>two<BR>\n</UL>\nthree");
+    row("an empty line behind a block", "<P>one</P>\n\ntwo", "<P>one</P>\n<BR>\ntwo");
     row("references", "&euro; 5 &amp; &#169; &copy &x; AT&T", "&euro; 5 &amp; &#169; &copy &amp;x; AT&amp;T");
     row("comments", "a<!-- b\nc -->d", "a<!-- b\nc -->d");
     row("a comment without an end", "a <!-- b", "a &lt;!-- b");
