@@ -1776,7 +1776,5 @@ void TestHtmlTokenizer::longTextsTakeLinearTime()
     QVERIFY2(watch.elapsed() < 30'000, QByteArray::number(watch.elapsed()).constData());
 }
 
-Q_DECLARE_METATYPE(Sample)
-
 QTEST_GUILESS_MAIN(TestHtmlTokenizer)
 #include "tst_htmltokenizer.moc"

@@ -174,7 +174,7 @@ void TestPictureFile::namesAreFree()
 void TestPictureFile::copyThatCantBeWritten()
 {
     const Folder folder;
-    QVERIFY_EXCEPTION_THROWN(copyForTheWeb(folder.write("text.jpg", "no picture")), RuntimeError);
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, copyForTheWeb(folder.write("text.jpg", "no picture")));
     const QString path = folder.write("photo.jpg", photo({20, 10}));
     QVERIFY(
         QDir(folder.folder.path()).mkdir("photo-web.jpg")); // a folder is in the way: another name is free
