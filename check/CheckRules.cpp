@@ -84,7 +84,7 @@ constexpr std::array<CheckRuleText, CheckRuleCount> Rules = {{
     {R::NoPhoneWidth, S::Hint, P::Page, "NoPhoneWidth",
      "The picture does not become narrower on a phone.", "Lets it become as narrow as the screen."},
     {R::OnlyPictures, S::Warning, P::Page, "OnlyPictures",
-     "There are only %1 words beside the pictures: searches find words.", ""},
+     "Words beside the pictures: only %1. Searches find words.", ""},
     {R::NoViewport, S::Warning, P::Page, "NoViewport",
      "Phones show the page as small as on a desktop: the viewport line is missing.", "Adds the line."},
     {R::WideTable, S::Warning, P::Page, "WideTable",

@@ -2,6 +2,8 @@
 
 #include "check/CheckedPage.h"
 
+#include <QList>
+
 namespace brindlemark {
 
 TextEdit withoutAttribute(QByteArrayView html, const HtmlAttribute& attribute)

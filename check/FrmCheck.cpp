@@ -7,6 +7,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
+#include "services/CharacterReferences.h"
 #include "services/HtmlTokenizer.h"
 #include "shell/ListingEditor.h"
 
@@ -33,6 +34,8 @@ constexpr int PictureTries = 40;
 constexpr qsizetype LongestMeasured = 1'000'000;
 /// More findings than a person can look at are only counted.
 constexpr qsizetype MostShown = 1000;
+
+constexpr int SentenceColumn = 3;
 
 struct SeverityWords
 {
@@ -67,6 +70,7 @@ public:
         }
     }
 
+    qsizetype place() const { return m_place; }
     qsizetype line() const { return m_line; }
     qsizetype column() const { return m_column; }
 
@@ -237,10 +241,8 @@ void FrmCheck::takeWidth(const LivePage::Widths& widths)
     if (widths.widest >= 0 && widths.widest < m_text.size() &&
         HtmlTokenizer(QByteArrayView(m_text).sliced(widths.widest)).next(token))
         place = {widths.widest, token.whole.length};
-    auto& findings = m_report.findings;
-    const auto behind =
-        std::ranges::upper_bound(findings, place.start, {}, [](const Finding& f) { return f.place.start; });
-    findings.insert(behind, {CheckRule::SticksOut, place, QByteArray::number(widths.width), {}});
+    // Behind all others: it comes later, and no row may go away under the hand.
+    m_report.findings.push_back({CheckRule::SticksOut, place, QByteArray::number(widths.width), {}});
     list();
     showSummary();
 }
@@ -250,24 +252,27 @@ void FrmCheck::list()
 {
     QTreeWidgetItem* marked = Findings->currentItem();
     const QSignalBlocker quiet(Findings);
-    const QString kind = marked ? marked->text(3) : QString();
+    const QString kind = marked ? marked->text(SentenceColumn) : QString();
     const int row = marked ? Findings->indexOfTopLevelItem(marked) : -1;
     Findings->clear();
-    LineCounter counter(m_text, m_encoding);
+    std::optional<LineCounter> counter(std::in_place, m_text, m_encoding);
     const QLocale locale;
     QList<QTreeWidgetItem*> items;
     for (const Finding& finding : m_report.findings) {
         if (items.size() == MostShown)
             break;
-        counter.goTo(finding.place.start);
+        if (finding.place.start < counter->place())
+            counter.emplace(m_text, m_encoding);
+        counter->goTo(finding.place.start);
         const CheckRuleText& rule = ruleText(finding.rule);
         const QString sentence = QString::fromLatin1(rule.sentence)
                                      .replace(QStringLiteral("%1"), decode(finding.what, m_encoding));
-        auto* item = new QTreeWidgetItem({wordsFor(rule.severity), locale.toString(qlonglong(counter.line())),
-                                          locale.toString(qlonglong(counter.column())), sentence});
+        auto* item =
+            new QTreeWidgetItem({wordsFor(rule.severity), locale.toString(qlonglong(counter->line())),
+                                 locale.toString(qlonglong(counter->column())), sentence});
         for (const int number : {1, 2})
             item->setTextAlignment(number, Qt::AlignRight | Qt::AlignVCenter);
-        item->setToolTip(3, sentence);
+        item->setToolTip(SentenceColumn, sentence);
         items << item;
     }
     Findings->addTopLevelItems(items);
@@ -277,11 +282,11 @@ void FrmCheck::list()
         Findings->setCurrentItem(
             items.front()); // or else the keyboard would choose it, and that would select its place
     } else if (!items.isEmpty()) {
-        const auto same =
-            std::ranges::find_if(items, [&](const QTreeWidgetItem* item) { return item->text(3) == kind; });
+        const auto same = std::ranges::find_if(
+            items, [&](const QTreeWidgetItem* item) { return item->text(SentenceColumn) == kind; });
         const qsizetype nearest = std::min<qsizetype>(row, items.size() - 1);
-        Findings->setCurrentItem(items[nearest]->text(3) == kind || same == items.end() ? items[nearest]
-                                                                                        : *same);
+        Findings->setCurrentItem(
+            items[nearest]->text(SentenceColumn) == kind || same == items.end() ? items[nearest] : *same);
     }
     CopyReduced->setEnabled(profile() != CheckProfile::Page);
     showMending();
@@ -291,6 +296,8 @@ void FrmCheck::list()
 void FrmCheck::showMending()
 {
     const Finding* finding = current();
+    if (focusWidget() == Mend || focusWidget() == MendAll)
+        Findings->setFocus(); // a button that goes grey would leave Enter to the next one
     Mend->setEnabled(finding && !finding->mend.empty());
     MendAll->setEnabled(finding && !mendAll(m_report.findings, finding->rule).empty());
     const QString mend = finding ? QString::fromLatin1(ruleText(finding->rule).mend) : QString();
@@ -322,7 +329,7 @@ void FrmCheck::showSummary()
     Summary->setText(found + shown + QStringLiteral(". ") +
                      QStringList{measured(m_report.characters, m_limits.mostCharacters, "characters"),
                                  measured(m_report.bytes, m_limits.mostBytes, "bytes"),
-                                 measured(m_report.words, 0, "words")}
+                                 measured(m_report.words, 0, m_report.words == 1 ? "word" : "words")}
                          .join(QStringLiteral(", ")) +
                      u'.');
 }
@@ -333,16 +340,23 @@ const Finding* FrmCheck::current() const
     return row < 0 ? nullptr : &m_report.findings.at(size_t(row));
 }
 
+QString FrmCheck::currentSentence() const
+{
+    const QTreeWidgetItem* item = Findings->currentItem();
+    return item ? item->text(SentenceColumn) : QString();
+}
+
 /// The marked finding where it stands in the source now.
 const Finding* FrmCheck::currentInSource()
 {
     ListingEditor* editor = loadedEditor();
     if (!editor || !current())
         return nullptr;
+    const QString sentence = currentSentence();
     editor->turnToSource();
     if (!m_isFresh)
         checkNow();
-    return current();
+    return currentSentence() == sentence ? current() : nullptr; // it may be gone
 }
 
 void FrmCheck::Profile_Click()
@@ -354,16 +368,21 @@ void FrmCheck::Profile_Click()
 void FrmCheck::Findings_CurrentItemChanged()
 {
     showMending();
-    soon(this, [this] {
-        if (const Finding* finding = currentInSource())
+    const QString sentence = currentSentence();
+    soon(this, [this, sentence] {
+        const Finding* finding = currentSentence() == sentence ? currentInSource() : nullptr;
+        if (finding)
             loadedEditor()->select(finding->place);
     });
 }
 
 void FrmCheck::Findings_ItemActivated()
 {
-    if (ListingEditor* editor = loadedEditor())
-        editor->giveKeyboardToSource();
+    const Finding* finding = currentInSource();
+    if (!finding)
+        return;
+    loadedEditor()->select({finding->place.start, 0}); // or else the next key would take its place
+    loadedEditor()->giveKeyboardToSource();
 }
 
 void FrmCheck::edit(const std::vector<TextEdit>& edits)
@@ -374,6 +393,7 @@ void FrmCheck::edit(const std::vector<TextEdit>& edits)
     const WaitCursor hourglass;
     editor->edit(edits);
     checkNow();
+    Mending->setText(QStringLiteral("Done; one Undo takes it back."));
 }
 
 void FrmCheck::Mend_Click()
@@ -396,17 +416,21 @@ void FrmCheck::FitPhones_Click()
     editor->turnToSource();
     const std::vector<TextEdit> edits = phoneEdits(editor->text(), m_limits);
     edit(edits);
-    Mending->setText(edits.empty() ? QStringLiteral("Nothing was left to do.")
-                                   : QStringLiteral("Done; one Undo takes it back."));
+    if (edits.empty())
+        Mending->setText(QStringLiteral("Nothing was left to do."));
 }
 
 void FrmCheck::CopyReduced_Click()
 {
     if (!m_isFresh)
         checkNow();
-    const QByteArray text = profile() == CheckProfile::Plain ? withoutTags(m_text) : withFewTags(m_text);
+    QString text = decode(withFewTags(m_text), m_encoding);
+    if (profile() == CheckProfile::Plain) {
+        const QByteArray plain = decode(withoutTags(m_text), m_encoding).toUtf8();
+        text = QString::fromUtf8(withoutReferences(plain, ReferencePlace::Text));
+    }
     Clipboard::Clear();
-    Clipboard::SetText(decode(text, m_encoding));
+    Clipboard::SetText(text);
     Mending->setText(
         QStringLiteral("%1 characters are on the clipboard.").arg(QLocale().toString(text.size())));
 }

@@ -49,6 +49,7 @@ private:
     void showSummary();
     const Finding* current() const;
     const Finding* currentInSource();
+    QString currentSentence() const;
     void edit(const std::vector<TextEdit>& edits);
     CheckProfile profile() const;
     void measure();

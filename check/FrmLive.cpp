@@ -117,6 +117,9 @@ bool FrmLive::queryUnload()
 void FrmLive::Widths_Click()
 {
     setPageWidth();
+    const int missing = Page1->minimumWidth() - View->viewport()->width();
+    if (missing > 0)
+        resize(std::min(width() + missing + 2 * PhoneFrame, screen()->availableGeometry().width()), height());
 }
 
 /// The page is as wide as was chosen; a wider one than the window scrolls. A phone has a frame.

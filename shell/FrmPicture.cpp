@@ -74,6 +74,7 @@ void FrmPicture::show(const PictureFile& picture, const QString& first)
                                     locale.toString(picture.size.height()),
                                     locale.formattedDataSize(picture.bytes)));
     Use->setEnabled(!m_field.isNull());
+    Smaller->setEnabled(true);
 }
 
 void FrmPicture::Another_Click()
@@ -86,7 +87,9 @@ void FrmPicture::Smaller_Click()
     try {
         const WaitCursor hourglass;
         if (const std::optional<PictureFile> copy = pictureFile(copyForTheWeb(m_picture.path)))
-            show(*copy, QStringLiteral("The copy "));
+            show(*copy, QStringLiteral("The copy, beside the picture: "));
+        Smaller->setEnabled(false); // a copy of the copy would only be worse
+        Use->setFocus();
     } catch (const RuntimeError& error) {
         showMessage(Messages::CannotWrite, error.description());
     }

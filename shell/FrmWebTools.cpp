@@ -117,11 +117,17 @@ void FrmWeb::giveKeyboardToSource()
 
 void FrmWeb::edit(const std::vector<TextEdit>& edits)
 {
-    const RichTextBox::UndoGroup oneStep(RichTextBox1);
-    for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) { // so that the places before it stay
-        select(edit->range);
-        RichTextBox1->setSelText(edit->text);
-    }
+    if (edits.empty())
+        return;
+    // All at once, as thousands of changes would take seconds.
+    const TextRange span = {edits.front().range.start, edits.back().range.end() - edits.front().range.start};
+    std::vector<TextEdit> inSpan = edits;
+    for (TextEdit& edit : inSpan)
+        edit.range.start -= span.start;
+    select(span);
+    RichTextBox1->setSelText(edited(RichTextBox1->SelText(), inSpan));
+    if (highlighted)
+        highlightSource();
 }
 
 qsizetype FrmWeb::topOfView() const

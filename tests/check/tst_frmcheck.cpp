@@ -87,6 +87,9 @@ private slots:
     void openingLeavesTheCaret();
     void mendsInOneStep();
     void mendsAllOfAKind();
+    void enterBehindAMending();
+    void enterOnAFinding();
+    void findingThatIsGone();
     void nothingToMend();
     void checksAnewWhileOneTypes();
     void turnsToTheEditor();
@@ -197,6 +200,51 @@ void TestFrmCheck::mendsAllOfAKind()
     QTRY_COMPARE(listed(window), NoAlts);
 }
 
+/// Enter once more does nothing that was not wanted.
+void TestFrmCheck::enterBehindAMending()
+{
+    Desk desk;
+    const FrmCheck* window = desk.check("<P>one</P>");
+    QCOMPARE(listed(window).size(), 2);
+    clickRow(window, int(listed(window).indexOf(QRegularExpression(".*viewport.*"))));
+    window->Mend->setFocus();
+    QTest::keyClick(window->Mend, Qt::Key_Return);
+    const QByteArray mended = desk.source();
+    QVERIFY(mended.contains("viewport"));
+    QVERIFY(!window->Mend->isEnabled()); // what is left is for a person
+    QCOMPARE(window->focusWidget(), window->Findings);
+    QCOMPARE(window->Mending->text(), "Done; one Undo takes it back.");
+    QCOMPARE(desk.source(), mended);
+}
+
+void TestFrmCheck::enterOnAFinding()
+{
+    Desk desk;
+    const FrmCheck* window = desk.check(pageWith(TwoPictures));
+    clickRow(window, 1);
+    QTest::keyClick(window->Findings, Qt::Key_Return);
+    QTRY_VERIFY(desk.web->RichTextBox1->hasFocus());
+    QCOMPARE(desk.web->RichTextBox1->SelLength(), 0); // a further key takes nothing away
+    QCOMPARE(desk.web->RichTextBox1->SelStart(), int(desk.source().lastIndexOf("<IMG")));
+}
+
+/// What was typed meanwhile has mended it.
+void TestFrmCheck::findingThatIsGone()
+{
+    Desk desk;
+    const FrmCheck* window = desk.check(pageWith("<P>Ask anna@mail.example</P>\r\n" + TwoPictures));
+    QCOMPARE(listed(window).size(), 3);
+    const int place = int(desk.source().indexOf("anna@"));
+    desk.web->RichTextBox1->setSelStart(place);
+    desk.web->RichTextBox1->setSelLength(17);
+    desk.web->RichTextBox1->setSelText("us");
+    clickRow(window, 0);
+    QTRY_COMPARE(listed(window),
+                 (QStringList{"Warning|5|1|The picture has no words (alt) for those who can't see it.",
+                              "Warning|7|1|The picture has no words (alt) for those who can't see it."}));
+    QCOMPARE(desk.selected(), QByteArray());
+}
+
 void TestFrmCheck::nothingToMend()
 {
     Desk desk;
@@ -246,7 +294,7 @@ void TestFrmCheck::reducedTexts()
     QCOMPARE(Clipboard::GetText(), "<b>Brass</b> lamp &amp; cord<ul><li>new<li>green</ul>");
     choose(window->Profile, 2);
     click(window->CopyReduced);
-    QCOMPARE(Clipboard::GetText(), "Brass lamp &amp; cord\r\n- new\r\n- green");
+    QCOMPARE(Clipboard::GetText(), "Brass lamp & cord\r\n- new\r\n- green");
     QVERIFY(!listed(window).filter("<table> is not taken there.").isEmpty());
     QVERIFY(listed(window).filter("words (alt)").isEmpty());
 }
@@ -293,7 +341,7 @@ void TestFrmCheck::whatSticksOut()
                             "</PRE></DIV></TD></TR></TABLE>"));
     QVERIFY(listed(window).isEmpty());
     QTRY_COMPARE_WITH_TIMEOUT(listed(window).size(), 1, Patience); // once it has been laid out
-    const QStringList cells = listed(window).first().split(u'|');
+    const QStringList cells = listed(window).constLast().split(u'|');
     static const QRegularExpression sentence(
         "^On a phone the page is (\\d+) pixels wide; this sticks out most\\.$");
     const auto match = sentence.match(cells[3]);

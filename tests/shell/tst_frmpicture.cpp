@@ -89,9 +89,12 @@ void TestFrmPicture::smallerCopy()
     const FrmPicture* window = desk.browse(desk.picture("lamp.png", {3200, 1600}));
     click(window->Smaller);
     QVERIFY(QFile::exists(desk.folder.filePath("lamp-web.jpg")));
-    QVERIFY2(window->Facts->text().startsWith("The copy lamp-web.jpg: 1,600 x 800 pixels, "),
-             qPrintable(window->Facts->text()));
-    click(window->Use);
+    QVERIFY2(
+        window->Facts->text().startsWith("The copy, beside the picture: lamp-web.jpg: 1,600 x 800 pixels, "),
+        qPrintable(window->Facts->text()));
+    QVERIFY(!window->Smaller->isEnabled()); // no copy of the copy
+    QCOMPARE(window->focusWidget(), window->Use);
+    QTest::keyClick(window->Use, Qt::Key_Return);
     QVERIFY(desk.field.text().endsWith("/lamp-web.jpg"));
 }
 
