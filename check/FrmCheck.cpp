@@ -314,11 +314,12 @@ void FrmCheck::showSummary()
     const QLocale locale;
     QStringList parts;
     for (size_t i = 0; i < counts.size(); ++i) {
-        if (counts.at(i) > 0)
+        if (counts.at(i) > 0) {
             parts << locale.toString(qlonglong(counts.at(i))) + u' ' +
                          QString::fromLatin1(counts.at(i) == 1 ? AllSeverityWords.at(i).one
                                                                : AllSeverityWords.at(i).many)
                              .toLower();
+        }
     }
     const QString found =
         parts.isEmpty() ? QStringLiteral("Nothing found") : parts.join(QStringLiteral(", "));

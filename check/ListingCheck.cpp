@@ -135,9 +135,10 @@ private:
             m_script = tag.token.whole;
         m_tags = true;
         m_inHeading = m_inHeading || tag.name == "h1";
-        if (tag.name == "base")
+        if (tag.name == "base") {
             m_page.linksOpenBeside =
                 attributeValue(m_page.html, tag.token, "target").value_or(QByteArray()).toLower() == "_blank";
+        }
         m_pictures = m_pictures || tag.name == "img";
         if (tag.name == "head" || tag.name == "html")
             m_headPlace = std::max(m_headPlace, tag.token.whole.end());
@@ -243,9 +244,10 @@ private:
                 tellUnpaired(i);
                 m_markers[i] = comment.whole;
             } else if (text == Markers[i].closing.toByteArray().toLower()) {
-                if (!m_markers[i])
+                if (!m_markers[i]) {
                     m_page.find(CheckRule::UnpairedMarker, comment.whole,
                                 m_page.source(comment.whole).toByteArray());
+                }
                 m_markers[i].reset();
             }
         }
@@ -269,9 +271,10 @@ private:
             m_page.find(CheckRule::TornGeneratorTag, *m_tornMeta);
         seeBytes();
         seeParts();
-        if (m_tags && !m_viewport)
+        if (m_tags && !m_viewport) {
             m_page.find(CheckRule::NoViewport, {m_headPlace, 0}, {},
                         {{{m_headPlace, 0}, ViewportLine.toByteArray()}});
+        }
         if (m_pictures && m_text.words() < m_page.limits.fewWords)
             m_page.find(CheckRule::OnlyPictures, {0, 0}, QByteArray::number(m_text.words()));
         seeLength();
@@ -353,11 +356,11 @@ CheckReport checkListing(const QByteArray& html, const CheckLimits& limits, Chec
 std::vector<TextEdit> mendAll(const std::vector<Finding>& findings, CheckRule rule)
 {
     std::vector<TextEdit> edits;
-    for (auto finding = findings.rbegin(); finding != findings.rend();
-         ++finding) { // what began last ends first
-        if (finding->rule == rule)
-            edits.insert(edits.end(), finding->mend.begin(), finding->mend.end());
-    }
+    std::for_each(findings.rbegin(), findings.rend(),
+                  [&](const Finding& finding) { // what began last ends first
+                      if (finding.rule == rule)
+                          edits.insert(edits.end(), finding.mend.begin(), finding.mend.end());
+                  });
     std::ranges::stable_sort(edits, {}, [](const TextEdit& edit) { return edit.range.start; });
     return edits;
 }

@@ -164,9 +164,10 @@ void seeAddress(CheckedPage& page, const HtmlAttribute& attribute, bool loads)
         page.find(CheckRule::DoubledScheme, place, address, std::move(mend));
         return;
     }
-    if (std::ranges::any_of(value, isHtmlBlank))
+    if (std::ranges::any_of(value, isHtmlBlank)) {
         page.find(CheckRule::BlankInAddress, place, source.toByteArray(),
                   {{attribute.value, withoutBlanksInside(source)}});
+    }
     if (isLocal(address)) {
         page.find(CheckRule::LocalAddress, place, address);
     } else if (!hasScheme(address) && !address.startsWith("//") && !address.startsWith('#')) {
@@ -239,9 +240,10 @@ void seeAttributes(CheckedPage& page, const Tag& tag)
     QSet<QByteArray> names;
     for (const HtmlAttribute& attribute : tag.token.attributes) {
         const QByteArray name = htmlName(page.source(attribute.name));
-        if (names.contains(name))
+        if (names.contains(name)) {
             page.find(CheckRule::DuplicateAttribute, attribute.whole,
                       page.source(attribute.name).toByteArray(), {withoutAttribute(page.html, attribute)});
+        }
         names.insert(name);
         if (isQuoteTorn(page, attribute))
             page.find(CheckRule::TornQuote, attribute.whole, page.source(attribute.name).toByteArray());
@@ -256,9 +258,10 @@ void seeActiveContent(CheckedPage& page, const Tag& tag)
     const TextRange place = tag.token.whole;
     for (const HtmlAttribute& attribute : tag.token.attributes) {
         const QByteArray name = htmlName(page.source(attribute.name));
-        if (name.size() > 2 && name.startsWith("on"))
+        if (name.size() > 2 && name.startsWith("on")) {
             page.find(CheckRule::Handler, attribute.whole, page.source(attribute.name).toByteArray(),
                       {withoutAttribute(page.html, attribute)});
+        }
     }
     const auto value = [&](QByteArrayView name) {
         return attributeValue(page.html, tag.token, name).value_or(QByteArray()).toLower();

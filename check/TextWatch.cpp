@@ -209,9 +209,10 @@ void TextWatch::seeMailAddresses(const HtmlToken& text)
             ++end;
         while (end > at && !std::isalnum(uchar(source[end - 1])))
             --end;
-        if (start < at && source.sliced(at, end - at).contains('.'))
+        if (start < at && source.sliced(at, end - at).contains('.')) {
             m_page.find(CheckRule::MailAddress, {text.inside.start + start, end - start},
                         source.sliced(start, end - start).toByteArray());
+        }
     }
 }
 

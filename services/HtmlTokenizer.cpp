@@ -423,7 +423,7 @@ bool isHtmlName(QByteArrayView text, QByteArrayView name)
 
 QByteArray htmlText(QByteArrayView html, const HtmlToken& text)
 {
-    const QByteArray plain = withPlainLineEnds(in(html, text.inside));
+    QByteArray plain = withPlainLineEnds(in(html, text.inside));
     switch (text.content) {
     case HtmlContent::Data:
         return withoutReferences(plain, ReferencePlace::Text);

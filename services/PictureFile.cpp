@@ -84,7 +84,7 @@ QString copyForTheWeb(const QString& path)
     QBuffer buffer(&bytes);
     if (!bare.save(&buffer, "JPG", Quality))
         throw RuntimeError(ErrorNumber::PathFileAccess);
-    const QString name = freeName(path);
+    QString name = freeName(path);
     writeFile(name, bytes);
     return name;
 }

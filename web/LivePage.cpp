@@ -87,9 +87,10 @@ void LivePage::askWidths(const std::function<void(const Widths& widths)>& heard)
 /// A click is also the page's own: text can be selected.
 bool LivePage::actOnMouse(const QMouseEvent& mouse, QPoint place)
 {
-    if (mouse.type() == QEvent::MouseButtonRelease && mouse.button() == Qt::LeftButton)
+    if (mouse.type() == QEvent::MouseButtonRelease && mouse.button() == Qt::LeftButton) {
         askPlace(QStringLiteral("placeAtPoint(%1, %2)").arg(place.x()).arg(place.y()),
                  [this](qsizetype clicked) { emit placeClicked(clicked); });
+    }
     return Sample::actOnMouse(mouse, place);
 }
 
