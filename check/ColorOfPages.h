@@ -7,9 +7,8 @@
 
 namespace brindlemark {
 
-/// The colour that a browser makes of an attribute's value, by the HTML standard's rules for legacy colour
-/// values (2.3.6): "#FFFFFF", "red", and whatever else stands there. Nothing for an empty value and
-/// "transparent".
+/// The colour that a browser makes of an attribute's value, by the HTML standard's rules (2.3.6): "#FFFFFF",
+/// "red", and whatever else stands there. Nothing for an empty value and "transparent".
 std::optional<QRgb> attributeColor(QByteArrayView value);
 
 /// The colour of a style's property: "#FFFFFF", "#FFF", "red", "rgb(1, 2, 3)". Nothing for all else.

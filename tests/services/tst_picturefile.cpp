@@ -119,11 +119,11 @@ void TestPictureFile::thumbnailIsSmall()
 void TestPictureFile::copyIsFitForTheWeb()
 {
     const Folder folder;
-    const QByteArray original = photo({4000, 3000});
-    const QString path = folder.write("IMG_0001.JPG", original);
+    const QByteArray taken = photo({4000, 3000});
+    const QString path = folder.write("IMG_0001.JPG", taken);
     const QString copy = copyForTheWeb(path);
     QCOMPARE(copy, folder.folder.filePath("IMG_0001-web.jpg"));
-    QCOMPARE(folder.read(path), original);
+    QCOMPARE(folder.read(path), taken);
     QImageReader reader(copy);
     QCOMPARE(reader.format(), "jpeg");
     QCOMPARE(reader.size(), QSize(1200, 1600));
@@ -132,7 +132,7 @@ void TestPictureFile::copyIsFitForTheWeb()
     QVERIFY(isAbout(image.pixel(1100, 800), qRgb(255, 0, 0)));
     QVERIFY(isAbout(image.pixel(100, 800), qRgb(0, 255, 0)));
     const QByteArray bytes = folder.read(copy);
-    QVERIFY(original.contains("GPSLatitude"));
+    QVERIFY(taken.contains("GPSLatitude"));
     for (const char* note : {"Exif", "GPS"})
         QVERIFY(!bytes.contains(note));
     // The quality: the first entry of the table for brightness is 16 at 50, and 5 at 85.
