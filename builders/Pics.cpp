@@ -2,6 +2,7 @@
 
 #include "builders/Pics.h"
 
+#include "forms/AddressField.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "services/Messages.h"
@@ -80,7 +81,7 @@ PictureSettings Pics::settings() const
 
 bool Pics::hasAddress() const
 {
-    return !Text1->text().isEmpty() && Text1->text() != QStringLiteral("http://");
+    return !Text1->text().isEmpty() && Text1->text() != BlankAddress;
 }
 
 bool Pics::requireAddress()

@@ -41,8 +41,4 @@ private:
     PictureFile m_picture;
 };
 
-/// Makes what is pasted into a field behind or in front of its "http://" the whole address, when it is one.
-/// Typing is left alone.
-void takePastedAddress(QLineEdit* field);
-
 } // namespace brindlemark

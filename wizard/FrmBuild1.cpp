@@ -2,6 +2,7 @@
 
 #include "wizard/FrmBuild1.h"
 
+#include "forms/AddressField.h"
 #include "platform/AppPath.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
@@ -96,8 +97,6 @@ constexpr std::array<AddressField, 6> AddressFields = {{
     {&Ui::FrmBuild1::TxP5, &Ui::FrmBuild1::CmdBrowse5},
     {&Ui::FrmBuild1::TxP6, &Ui::FrmBuild1::CmdBrowse6},
 }};
-/// What an address field holds before anything is typed.
-const QString BlankAddress = QStringLiteral("http://");
 
 /// An amount: fields for dollars and cents, each with its key, and the bar that sets the dollars.
 struct Cost

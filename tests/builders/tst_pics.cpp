@@ -4,6 +4,9 @@
 #include "WebServer.h"
 #include "WebTestMain.h"
 #include "builders/Pics.h"
+#include "shell/FrmPicture.h"
+
+#include <QClipboard>
 
 using namespace brindlemark;
 
@@ -49,6 +52,7 @@ private slots:
     void sizeWaits();
     void paragraphWaits();
     void pictureIsFetched();
+    void browse();
     void addToEditor();
     void closingBox();
     void paragraphIsKept();
@@ -278,6 +282,28 @@ void TestPics::pictureIsFetched()
     overtype(window.tool->Text1, server.url(QStringLiteral("/lamp.svg")));
     QTest::keyClick(window.tool->Text1, Qt::Key_Return);
     QTRY_VERIFY(window.ask("document.querySelector('img')?.naturalWidth ?? 0").toInt() > 0);
+}
+
+void TestPics::browse()
+{
+    Pictures window;
+    const QString file = window.folder.path(QStringLiteral("lamp.png"));
+    QImage image(4, 3, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    QVERIFY(image.save(file));
+    window.doors.answerOpen(file);
+    click(window.tool->CmdBrowse);
+    QVERIFY(isLoaded<FrmPicture>());
+    QCOMPARE(window.tool->Text1->text(), QStringLiteral("http://")); // until it is wanted
+    click(form<FrmPicture>()->Use);
+    QCOMPARE(window.tool->Text1->text(), QUrl::fromLocalFile(file).toString());
+    QTRY_COMPARE(window.attribute("src"), QUrl::fromLocalFile(file).toString()); // the sample shows it
+
+    window.tool->Text1->setText(QStringLiteral("http://"));
+    window.tool->Text1->setFocus();
+    QGuiApplication::clipboard()->setText(QStringLiteral("https://p.example/1.jpg"));
+    QTest::keyClick(window.tool->Text1, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(window.tool->Text1->text(), QStringLiteral("https://p.example/1.jpg"));
 }
 
 void TestPics::addToEditor()

@@ -2,6 +2,7 @@
 
 #include "MainWindow.h"
 #include "Widgets.h"
+#include "forms/AddressField.h"
 #include "shell/FrmPicture.h"
 
 #include <QApplication>

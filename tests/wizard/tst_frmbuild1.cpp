@@ -4,6 +4,7 @@
 #include "ScriptedDoors.h"
 #include "WebTestMain.h"
 #include "app/Openings.h"
+#include "shell/FrmPicture.h"
 #include "shell/FrmWeb.h"
 #include "wizard/FrmBuild1.h"
 #include "wizard/FrmBuild2.h"
@@ -252,6 +253,9 @@ private slots:
     void labelsNameTheirFields();
     void everyControlHasANameAndATip();
     void accessKeysOfATabDiffer();
+    void descriptionAsTyped();
+    void browseFillsTheField();
+    void pastedAddress();
     void tabKeyFollowsTheReading();
     void fitsASmallScreen();
 
@@ -466,6 +470,60 @@ void TestFrmBuild1::accessKeysOfATabDiffer()
                 take(label->text());
         }
         QVERIFY(!used.contains(QString())); // each has one
+    }
+}
+
+void TestFrmBuild1::descriptionAsTyped()
+{
+    const Wizard wizard;
+    const QString typed = QStringLiteral("A lamp <3 & more\n<B>of brass</B>");
+    const QString shown = QStringLiteral("A lamp &lt;3 &amp; more<BR>\n<B>of brass</B>");
+    wizard->Text2->setFocus();
+    wizard->Text2->setPlainText(typed);
+    wizard.click("CmdLines");
+    QCOMPARE(wizard->Text2->toPlainText(), shown);
+    QVERIFY(wizard->Text2->hasFocus());
+    wizard.click("CmdLines");
+    QCOMPARE(wizard->Text2->toPlainText(), shown);
+    QTest::keyClick(wizard->Text2, Qt::Key_Z, Qt::ControlModifier); // one step
+    QCOMPARE(wizard->Text2->toPlainText(), typed);
+}
+
+void TestFrmBuild1::browseFillsTheField()
+{
+    const Wizard wizard;
+    ScriptedDoors doors;
+    wizard.clickTab(1);
+    for (int i = 1; i <= 6; ++i)
+        QVERIFY(!wizard.control(QStringLiteral("CmdBrowse%1").arg(i))->isEnabled()); // as their fields
+    wizard.click("OptP2");
+    const QString file = wizard.folder().path(QStringLiteral("lamp.png"));
+    QImage image(4, 3, QImage::Format_RGB32);
+    image.fill(Qt::blue);
+    QVERIFY(image.save(file));
+    for (int i = 1; i <= 6; ++i) {
+        doors.answerOpen(file);
+        QTest::mouseClick(wizard.control(QStringLiteral("CmdBrowse%1").arg(i)), Qt::LeftButton);
+        QVERIFY(isLoaded<FrmPicture>());
+        QTest::mouseClick(form<FrmPicture>()->Use, Qt::LeftButton);
+        for (int field = 1; field <= 6; ++field) {
+            QCOMPARE(wizard.text(qPrintable(QStringLiteral("TxP%1").arg(field))),
+                     field <= i ? QUrl::fromLocalFile(file).toString() : QStringLiteral("http://"));
+        }
+    }
+}
+
+void TestFrmBuild1::pastedAddress()
+{
+    const Wizard wizard;
+    wizard.click("OptP2");
+    QGuiApplication::clipboard()->setText(QStringLiteral("https://p.example/1.jpg"));
+    for (int i = 1; i <= 6; ++i) {
+        auto* field = wizard.control<QLineEdit>(QStringLiteral("TxP%1").arg(i));
+        field->setFocus();
+        field->end(false);
+        QTest::keyClick(field, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(field->text(), QStringLiteral("https://p.example/1.jpg"));
     }
 }
 
