@@ -29,25 +29,24 @@ std::optional<int> pixels(QByteArrayView width)
     return isNumber && pixels >= 0 && pixels < 1e6 ? std::optional(int(pixels)) : std::nullopt;
 }
 
-std::optional<QByteArray> styleProperty(QByteArrayView style, QByteArrayView property)
+std::optional<TextRange> styleValue(QByteArrayView style, QByteArrayView property)
 {
-    std::optional<QByteArray> value;
+    std::optional<TextRange> value;
+    qsizetype from = 0;
     for (const QByteArray& declaration : style.toByteArray().split(';')) {
         const qsizetype colon = declaration.indexOf(':');
         if (colon >= 0 && isHtmlName(QByteArrayView(declaration).first(colon).trimmed(), property))
-            value = declaration.mid(colon + 1).trimmed(); // the last one counts
+            value = {from + colon + 1, declaration.size() - colon - 1}; // the last one counts
+        from += declaration.size() + 1;
     }
     return value;
 }
 
-std::optional<int> widthInPixels(QByteArrayView html, const HtmlToken& tag)
+std::optional<QByteArray> styleProperty(QByteArrayView style, QByteArrayView property)
 {
-    if (const auto style = attributeValue(html, tag, "style")) {
-        if (const auto width = styleProperty(*style, "width"))
-            return pixels(*width);
-    }
-    const auto width = attributeValue(html, tag, "width");
-    return width ? pixels(*width) : std::nullopt;
+    const std::optional<TextRange> value = styleValue(style, property);
+    return value ? std::optional(style.sliced(value->start, value->length).trimmed().toByteArray())
+                 : std::nullopt;
 }
 
 } // namespace brindlemark

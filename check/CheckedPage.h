@@ -43,9 +43,9 @@ TextEdit withAttribute(const HtmlToken& tag, const QByteArray& attribute);
 
 /// A width in pixels of the page: a number, or one with "px"; none for all else, such as "100%".
 std::optional<int> pixels(QByteArrayView width);
-/// The width that a tag gives itself, by its style, or else by its attribute.
-std::optional<int> widthInPixels(QByteArrayView html, const HtmlToken& tag);
-/// The value of a property in a style attribute's text; nothing where it isn't there.
+/// Where the value of a property stands in a style attribute's text; nothing where it isn't there.
+std::optional<TextRange> styleValue(QByteArrayView style, QByteArrayView property);
+/// That value.
 std::optional<QByteArray> styleProperty(QByteArrayView style, QByteArrayView property);
 
 } // namespace brindlemark

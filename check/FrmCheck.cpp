@@ -107,7 +107,9 @@ FrmCheck::FrmCheck()
     m_measureTimer.setSingleShot(true);
     on(&m_measureTimer, &QTimer::timeout, this, &FrmCheck::measure);
     onInner(m_phone, &LivePage::shown, this, [this] {
-        m_isOnPhone = true;
+        if (m_phoneState != Phone::Writes)
+            return; // an older text
+        m_phoneState = Phone::Shows;
         m_measureTimer.start(0);
     });
     Findings->setMinimumHeight(fontMetrics().lineSpacing() * 12);
@@ -146,6 +148,7 @@ CheckProfile FrmCheck::profile() const
 void FrmCheck::checkSoon()
 {
     m_isFresh = false;
+    ++m_asked; // what the other thread is looking through is an older text
     m_rest.start();
 }
 
@@ -207,7 +210,7 @@ void FrmCheck::take(const QByteArray& text, CheckReport report)
     m_report = std::move(report);
     list();
     showSummary();
-    m_isOnPhone = false;
+    m_phoneState = Phone::Waits;
     m_tries = PictureTries;
     m_measureTimer.start(MeasureRest);
 }
@@ -218,11 +221,13 @@ void FrmCheck::measure()
     if (!m_isFresh || profile() != CheckProfile::Page || !m_limits.counts(CheckRule::SticksOut) ||
         m_text.size() > LongestMeasured)
         return;
-    if (!m_isOnPhone) {
+    if (m_phoneState == Phone::Waits) {
+        m_phoneState = Phone::Writes;
         m_phone->show();
         m_phone->writeSoon(decode(withPlaces(m_text), m_encoding));
-        return;
     }
+    if (m_phoneState != Phone::Shows)
+        return;
     m_phone->askWidths([this](const LivePage::Widths& widths) {
         if (widths.complete || m_tries-- <= 0) {
             takeWidth(widths);
@@ -234,7 +239,10 @@ void FrmCheck::measure()
 
 void FrmCheck::takeWidth(const LivePage::Widths& widths)
 {
-    if (!m_isFresh || !m_isOnPhone || widths.width <= m_limits.phoneWidth)
+    if (!m_isFresh || m_phoneState != Phone::Shows)
+        return;
+    m_phoneState = Phone::Measured;
+    if (widths.width <= m_limits.phoneWidth)
         return;
     TextRange place;
     HtmlToken token;
@@ -296,10 +304,14 @@ void FrmCheck::list()
 void FrmCheck::showMending()
 {
     const Finding* finding = current();
-    if (focusWidget() == Mend || focusWidget() == MendAll)
+    const bool mends = finding && !finding->mend.empty();
+    const bool mendsAll = finding && std::ranges::any_of(m_report.findings, [&](const Finding& other) {
+                              return other.rule == finding->rule && !other.mend.empty();
+                          });
+    if ((focusWidget() == Mend && !mends) || (focusWidget() == MendAll && !mendsAll))
         Findings->setFocus(); // a button that goes grey would leave Enter to the next one
-    Mend->setEnabled(finding && !finding->mend.empty());
-    MendAll->setEnabled(finding && !mendAll(m_report.findings, finding->rule).empty());
+    Mend->setEnabled(mends);
+    MendAll->setEnabled(mendsAll);
     const QString mend = finding ? QString::fromLatin1(ruleText(finding->rule).mend) : QString();
     Mending->setText(!finding                ? QString()
                      : finding->mend.empty() ? QStringLiteral("This is for a person to decide.")

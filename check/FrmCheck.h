@@ -63,10 +63,17 @@ private:
     TextEncoding m_encoding = TextEncoding::Utf8;
     CheckReport m_report;
     CheckLimits m_limits;
-    LivePage* m_phone;        // as wide as one, and never seen
-    QTimer m_measureTimer;    // until the page on it is measured, or asked for its pictures again
-    int m_tries = 0;          // how often they are still waited for
-    bool m_isOnPhone = false; // the page there is that of the text
+    LivePage* m_phone;     // as wide as one, and never seen
+    QTimer m_measureTimer; // until the page on it is measured, or asked for its pictures again
+    int m_tries = 0;       // how often they are still waited for
+    /// How far the page there is.
+    enum class Phone {
+        Waits,   ///< until the user rests
+        Writes,  ///< the text as it is now
+        Shows,   ///< that text, whose pictures may be still to come
+        Measured ///< and its finding is listed, if there is one
+    };
+    Phone m_phoneState = Phone::Waits;
 };
 
 } // namespace brindlemark

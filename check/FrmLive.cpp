@@ -20,6 +20,7 @@ namespace {
 constexpr int LeastRest = 10;      // between two letters that are typed
 constexpr int MostRest = 2000;     // for a text that takes so long itself
 constexpr int BytesPerRest = 5000; // for so many a millisecond more
+constexpr int PlaceRest = 300;
 constexpr int PreviewRest = 1000;
 constexpr int ScrollRest = 50;
 constexpr int CaretScrolls = 300; // the source is painted by then where a caret has brought it
@@ -48,12 +49,15 @@ FrmLive::FrmLive()
 {
     setupUi(this);
     stayOverMain();
-    for (QTimer* timer : {&m_textTimer, &m_caretTimer, &m_caretScrolls, &m_previewTimer, &m_scrollTimer})
+    for (QTimer* timer :
+         {&m_placeTimer, &m_textTimer, &m_caretTimer, &m_caretScrolls, &m_previewTimer, &m_scrollTimer})
         timer->setSingleShot(true);
+    m_placeTimer.setInterval(PlaceRest);
     m_caretTimer.setInterval(LeastRest);
     m_caretScrolls.setInterval(CaretScrolls);
     m_previewTimer.setInterval(PreviewRest);
     m_scrollTimer.setInterval(ScrollRest);
+    on(&m_placeTimer, &QTimer::timeout, this, &FrmLive::keepPlace);
     on(&m_textTimer, &QTimer::timeout, this, &FrmLive::showSource);
     on(&m_caretTimer, &QTimer::timeout, this, &FrmLive::showCaret);
     on(&m_previewTimer, &QTimer::timeout, this, &FrmLive::showPreview);
@@ -104,19 +108,43 @@ void FrmLive::placeBesideMain()
 
 bool FrmLive::queryUnload()
 {
-    const QRect place(pos(), size());
-    WriteProfile(
-        {{QStringLiteral("Live"), QStringLiteral("place"),
-          QStringLiteral("%1 %2 %3 %4").arg(place.x()).arg(place.y()).arg(place.width()).arg(place.height())},
-         {QStringLiteral("Live"), QStringLiteral("width"),
-          QString::fromLatin1(PageWidths.at(size_t(Widths->ListIndex())).key)}},
-        webIni());
+    keepPlace();
     return true;
+}
+
+/// At once where the window rests: the program's end asks it nothing.
+void FrmLive::keepPlace()
+{
+    m_placeTimer.stop();
+    if (!isVisible())
+        return;
+    const QString place = QStringLiteral("%1 %2 %3 %4").arg(x()).arg(y()).arg(width()).arg(height());
+    const QString width = QString::fromLatin1(PageWidths.at(size_t(Widths->ListIndex())).key);
+    WriteProfile({{QStringLiteral("Live"), QStringLiteral("place"), place},
+                  {QStringLiteral("Live"), QStringLiteral("width"), width}},
+                 webIni());
+}
+
+void FrmLive::moveEvent(QMoveEvent* event)
+{
+    guardedCall([&] {
+        Form::moveEvent(event);
+        m_placeTimer.start();
+    });
+}
+
+void FrmLive::resizeEvent(QResizeEvent* event)
+{
+    guardedCall([&] {
+        Form::resizeEvent(event);
+        m_placeTimer.start();
+    });
 }
 
 void FrmLive::Widths_Click()
 {
     setPageWidth();
+    m_placeTimer.start();
     const int missing = Page1->minimumWidth() - View->viewport()->width();
     if (missing > 0)
         resize(std::min(width() + missing + 2 * PhoneFrame, screen()->availableGeometry().width()), height());

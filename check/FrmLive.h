@@ -23,6 +23,8 @@ public:
 protected:
     bool queryUnload() override;
     void showEvent(QShowEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Widths_Click();
@@ -37,8 +39,10 @@ private:
     void showCaret();
     void setPageWidth();
     void placeBesideMain();
+    void keepPlace();
     bool handIsHere() const;
 
+    QTimer m_placeTimer;     // until the window rests where it was moved to
     QTimer m_textTimer;      // until what was written is shown
     QTimer m_caretTimer;     // until the place at the caret is
     QTimer m_caretScrolls;   // until the source is scrolled by nothing but the hand

@@ -300,10 +300,10 @@ void seePicture(CheckedPage& page, const Tag& tag)
     const QByteArray style = attributeValue(page.html, tag.token, "style").value_or(QByteArray());
     if (page.picturesFit || styleProperty(style, "max-width"))
         return;
-    const std::optional<int> width = widthInPixels(page.html, tag.token);
     const QByteArray given =
         styleProperty(style, "width")
             .value_or(attributeValue(page.html, tag.token, "width").value_or(QByteArray()));
+    const std::optional<int> width = pixels(given);
     if (width && *width > page.limits.pictureWidth) {
         page.find(CheckRule::WidePicture, tag.token.whole, QByteArray::number(*width),
                   {phoneStyle(page, tag.token)});
@@ -323,16 +323,9 @@ void seeTable(CheckedPage& page, const Tag& tag)
     if (const HtmlAttribute* width = findAttribute(page.html, tag.token, "width"))
         seeWidth(*width, htmlValue(page.html, *width), {width->whole, "width=\"100%\""});
     if (const HtmlAttribute* style = findAttribute(page.html, tag.token, "style")) {
-        const QByteArrayView source = page.source(style->value);
-        qsizetype from = 0;
-        for (const QByteArray& declaration : source.toByteArray().split(';')) {
-            const qsizetype colon = declaration.indexOf(':');
-            if (colon >= 0 && isHtmlName(QByteArrayView(declaration).first(colon).trimmed(), "width")) {
-                const TextRange value = {style->value.start + from + colon + 1,
-                                         declaration.size() - colon - 1};
-                seeWidth(*style, page.source(value), {value, "100%"});
-            }
-            from += declaration.size() + 1;
+        if (std::optional<TextRange> value = styleValue(page.source(style->value), "width")) {
+            value->start += style->value.start;
+            seeWidth(*style, page.source(*value), {*value, "100%"});
         }
     }
 }

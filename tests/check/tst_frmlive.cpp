@@ -10,6 +10,7 @@
 
 #include <QAbstractItemView>
 #include <QTest>
+#include <QWindow>
 
 using namespace brindlemark;
 
@@ -89,6 +90,7 @@ private slots:
     void followsPreview();
     void closingChangesNothing();
     void remembersItsPlace();
+    void staysOverMain();
     void escapeCloses();
 };
 
@@ -275,14 +277,25 @@ void TestFrmLive::remembersItsPlace()
 {
     Desk desk;
     FrmLive* window = desk.live("<P>one</P>");
+    choose(window->Widths, 1);
     window->resize(500, 400);
     window->move(40, 60);
-    choose(window->Widths, 1);
     const QRect place = window->geometry();
+    // The program may end without closing it.
+    QTRY_VERIFY(desk.folder.read("web.ini").contains("place=40 60 500 400\r\n"));
+    QTRY_VERIFY(desk.folder.read("web.ini").contains("width=tablet\r\n"));
     window->close();
     window = desk.live("<P>one</P>");
     QCOMPARE(window->geometry(), place);
     QCOMPARE(window->Widths->ListIndex(), 1);
+}
+
+void TestFrmLive::staysOverMain()
+{
+    Desk desk;
+    const FrmLive* window = desk.live("<P>one</P>");
+    QCOMPARE(window->windowHandle()->transientParent(), desk.web->windowHandle());
+    QVERIFY(window->windowFlags().testFlag(Qt::Dialog)); // or else X11 would not heed it
 }
 
 void TestFrmLive::escapeCloses()

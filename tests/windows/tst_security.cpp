@@ -10,6 +10,8 @@
 #include "app/Openings.h"
 #include "builders/FrmTable.h"
 #include "builders/Pics.h"
+#include "check/FrmCheck.h"
+#include "check/FrmLive.h"
 #include "colour/Fader5.h"
 #include "colour/FrmBody.h"
 #include "colour/FrmHR.h"
@@ -621,9 +623,26 @@ void TestSecurity::documents()
     MainWindow main;
     traps.watch(documentProfile());
     main.folder.write(QStringLiteral("sent.htm"), pageOf(page, traps).toUtf8());
+    connectOpenings(main.web);
+    main.web->munliveview->trigger();
+    main.web->munchecklisting->trigger();
+    traps.takeSprung(); // the two windows
     main.open(main.folder.path(QStringLiteral("sent.htm")));
-    traps.takeSprung();
     main.doors.takeAsked();
+
+    // The live view, and the page out of sight that the check measures.
+    for (LivePage* live : {form<FrmLive>()->Page1, form<FrmCheck>()->findChild<LivePage*>()}) {
+        QTRY_VERIFY_WITH_TIMEOUT(
+            probe(live)
+                .evaluate(QStringLiteral("document.querySelector('[data-place]') !== null"))
+                .value_or(false)
+                .toBool(),
+            Patience);
+        settle(live, traps);
+        QCOMPARE(lines(traps.takeSprung()), QString());
+    }
+    form<FrmLive>()->Unload();
+    form<FrmCheck>()->Unload();
 
     main.showTab(FrmWeb::PreviewTab);
     settle(main.web->WebBrowser1, traps);
