@@ -3,12 +3,109 @@
 #include "Hand.h"
 
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QPoint>
+#include <QRect>
 #include <QRegularExpression>
 #include <QTest>
+#include <algorithm>
 #include <cstdio>
 
 namespace brindlemark {
+
+namespace {
+
+// ---- A Wayland desktop, which alone knows its windows and tells of them by swaymsg
+
+/// A window as the desktop has it.
+struct DesktopWindow
+{
+    QString title;
+    QRect place; // without its frame
+    bool hasKeyboard = false;
+
+    bool operator==(const DesktopWindow&) const = default;
+};
+
+void collect(const QJsonObject& node, QList<DesktopWindow>& windows)
+{
+    const auto rect = [&](const char* name) {
+        const QJsonObject sides = node.value(QLatin1String(name)).toObject();
+        return QRect(sides.value(QLatin1String("x")).toInt(), sides.value(QLatin1String("y")).toInt(),
+                     sides.value(QLatin1String("width")).toInt(),
+                     sides.value(QLatin1String("height")).toInt());
+    };
+    if (node.contains(QLatin1String("pid"))) {
+        const QRect inside = rect("window_rect");
+        windows.append({node.value(QLatin1String("name")).toString(),
+                        inside.translated(rect("rect").topLeft()),
+                        node.value(QLatin1String("focused")).toBool()});
+    }
+    for (const char* children : {"nodes", "floating_nodes"}) {
+        const QJsonArray nodes = node.value(QLatin1String(children)).toArray();
+        for (const auto& child : nodes)
+            collect(child.toObject(), windows);
+    }
+}
+
+/// The desktop's windows, the lowest first.
+QList<DesktopWindow> desktopWindows()
+{
+    QProcess asked;
+    asked.start(QStringLiteral("swaymsg"),
+                {QStringLiteral("--raw"), QStringLiteral("--type"), QStringLiteral("get_tree")});
+    QList<DesktopWindow> windows;
+    if (asked.waitForFinished(Patience))
+        collect(QJsonDocument::fromJson(asked.readAllStandardOutput()).object(), windows);
+    return windows;
+}
+
+/// Waits until the window with this title is in front, has the keyboard and lies still.
+bool comesToTheFront(const QString& title)
+{
+    // The desktop tells a new place at once and goes there when the program has drawn, after 200 ms at the
+    // latest.
+    constexpr int Settled = 400; // milliseconds
+    DesktopWindow last;
+    QElapsedTimer still;
+    return QTest::qWaitFor(
+        [&] {
+            const QList<DesktopWindow> windows = desktopWindows();
+            const DesktopWindow front = windows.isEmpty() ? DesktopWindow() : windows.constLast();
+            if (!still.isValid() || front != last)
+                still.start();
+            last = front;
+            return front.title == title && front.hasKeyboard && still.hasExpired(Settled);
+        },
+        Patience);
+}
+
+std::optional<DesktopWindow> desktopWindow(const QString& title)
+{
+    const QList<DesktopWindow> windows = desktopWindows();
+    const auto window = std::find_if(windows.begin(), windows.end(),
+                                     [&](const DesktopWindow& each) { return each.title == title; });
+    return window == windows.end() ? std::nullopt : std::optional(*window);
+}
+
+/// Without what the Wayland protocol's own log says, each line of which begins with the time.
+QByteArray withoutProtocol(const QByteArray& errors)
+{
+    static const QRegularExpression line(QStringLiteral("^\\[ *[\\d.]+\\].*\\n"),
+                                         QRegularExpression::MultilineOption);
+    return QString::fromUtf8(errors).remove(line).toUtf8();
+}
+
+} // namespace
+
+bool isWayland()
+{
+    return qEnvironmentVariableIsSet("SWAYSOCK");
+}
 
 QByteArray fileBytes(const QString& path)
 {
@@ -31,6 +128,8 @@ QString xdotool(const QStringList& arguments)
 
 bool displayAnswers()
 {
+    if (isWayland())
+        return true; // with-wayland has waited
     return QTest::qWaitFor([] { return !xdotool({QStringLiteral("get_num_desktops")}).isEmpty(); }, Patience);
 }
 
@@ -62,13 +161,15 @@ Program::Program(const QString& folder) : m_folder(folder)
 Program::~Program()
 {
     kill();
-    const QByteArray written = errors();
+    const QByteArray written = withoutProtocol(errors());
     static_cast<void>(std::fwrite(written.constData(), 1, size_t(written.size()), stderr));
 }
 
 void Program::setEnvironment(const char* name, const QString& value)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    QProcessEnvironment environment = m_process.processEnvironment();
+    if (environment.isEmpty())
+        environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QString::fromLatin1(name), value);
     m_process.setProcessEnvironment(environment);
 }
@@ -96,6 +197,8 @@ QByteArray Program::read(const QString& name) const
 
 void Program::launch(const QStringList& arguments)
 {
+    if (isWayland())
+        setEnvironment("WAYLAND_DEBUG", QStringLiteral("client")); // tells what the desktop is told
     m_process.setStandardErrorFile(m_errors.fileName(), QIODevice::Append);
     m_process.start(path(QStringLiteral("brindlemark")), arguments);
     QVERIFY(m_process.waitForStarted());
@@ -132,14 +235,30 @@ QStringList Program::search(const QStringList& condition) const
     return {};
 }
 
+/// How often the program has told a Wayland desktop something.
+qsizetype Program::toldDesktop(const char* pattern) const
+{
+    return QString::fromLatin1(errors()).count(QRegularExpression(QString::fromLatin1(pattern)));
+}
+
+qsizetype Program::ties() const
+{
+    return toldDesktop("-> xdg_toplevel[@#]\\d+\\.set_parent\\(xdg_toplevel[@#]\\d+\\)");
+}
+
 QString Program::window(const QString& title) const
 {
+    if (isWayland())
+        return desktopWindow(title) ? title : QString();
     const QString pattern = u'^' + QRegularExpression::escape(title) + u'$';
     return search({QStringLiteral("--name"), pattern}).value(0);
 }
 
 qsizetype Program::visibleWindows() const
 {
+    if (isWayland())
+        return desktopWindows().size() + toldDesktop("-> xdg_surface[@#]\\d+\\.get_popup\\(") -
+               toldDesktop("-> xdg_popup[@#]\\d+\\.destroy\\(");
     return search({}).size();
 }
 
@@ -155,6 +274,8 @@ bool Program::waitGone(const QString& title) const
 
 bool Program::activate(const QString& title) const
 {
+    if (isWayland())
+        return comesToTheFront(title);
     return QTest::qWaitFor(
         [&] {
             const QString id = window(title);
@@ -188,6 +309,16 @@ void Program::type(const QString& text)
 
 void Program::click(const QString& title, int x, int y) const
 {
+    if (isWayland()) {
+        const std::optional<DesktopWindow> window = desktopWindow(title);
+        QVERIFY2(window, qPrintable(title));
+        const QRect& place = window->place;
+        const QPoint spot(x < 0 ? place.right() + 1 + x : place.x() + x,
+                          y < 0 ? place.bottom() + 1 + y : place.y() + y);
+        xdotool({QStringLiteral("mousemove"), QString::number(spot.x()), QString::number(spot.y()),
+                 QStringLiteral("click"), QStringLiteral("1")});
+        return;
+    }
     const QString id = window(title);
     static const QRegularExpression size(QStringLiteral("WIDTH=(\\d+)\\s+HEIGHT=(\\d+)"));
     const auto measured =

@@ -13,7 +13,8 @@
 namespace brindlemark {
 
 // The program itself, in a folder of its own and on a real display, used with keys and mouse. Windows are
-// found by their titles, results are read from files.
+// found by their titles, results are read from files. What stacks the windows is a small window manager, or a
+// Wayland desktop whose screen is that display (tests/with-wayland).
 
 /// The title of the main window at the start.
 inline const QString MainWindow = QStringLiteral("Untitled - Brindlemark 1.0");
@@ -25,6 +26,9 @@ QByteArray fileBytes(const QString& path);
 
 /// What an xdotool command prints; empty when it fails.
 QString xdotool(const QStringList& arguments);
+
+/// Whether the desktop is a Wayland one.
+bool isWayland();
 
 /// Waits for the display and its window manager.
 bool displayAnswers();
@@ -58,18 +62,21 @@ public:
     bool isRunning() { return !m_process.waitForFinished(0) && m_process.state() == QProcess::Running; }
     /// Waits for the program's end; -1 when it stays or crashes.
     int exitCode();
-    /// What the program has written to its error channel. It goes to the test's own when the object dies.
+    /// What the program has written to its error channel. It goes to the test's own when the object dies, but
+    /// for what the program told a Wayland desktop.
     QByteArray errors() const { return fileBytes(m_errors.fileName()); }
     /// Ends the program as the system does when memory runs out.
     void kill();
 
-    /// The number of the visible window with this title; empty when there is none.
+    /// The desktop's name of the visible window with this title; empty when there is none.
     QString window(const QString& title) const;
     /// How many of the program's windows can be seen, open menus among them.
     qsizetype visibleWindows() const;
+    /// How often a window has told a Wayland desktop that it belongs over another one.
+    qsizetype ties() const;
     bool waitFor(const QString& title) const;
     bool waitGone(const QString& title) const;
-    /// Waits for a window and until it has the keyboard.
+    /// Waits for a window and until it has the keyboard. Under Wayland the program alone can bring it there.
     bool activate(const QString& title) const;
 
     static void key(const QString& name);
@@ -91,6 +98,7 @@ public:
 
 private:
     QStringList search(const QStringList& condition) const;
+    qsizetype toldDesktop(const char* pattern) const;
 
     std::optional<QTemporaryDir> m_ownFolder;
     QString m_folder;

@@ -2,15 +2,10 @@
 
 #include "Hand.h"
 
-#include <QElapsedTimer>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QPoint>
-#include <QRect>
-#include <QRegularExpression>
 #include <QTest>
-#include <algorithm>
 
 using namespace brindlemark;
 
@@ -31,81 +26,6 @@ constexpr QPoint WizardTool(380, 38);
 constexpr QPoint FaderTool(450, 38);
 constexpr QPoint RuleTool(574, 38);
 constexpr QPoint SourceBox(60, 400); // where no tool lies over it
-
-/// A window as the desktop has it.
-struct DesktopWindow
-{
-    QString title;
-    QRect place; // without its frame
-    bool hasKeyboard = false;
-
-    bool operator==(const DesktopWindow&) const = default;
-};
-
-void collect(const QJsonObject& node, QList<DesktopWindow>& windows)
-{
-    const auto rect = [&](const char* name) {
-        const QJsonObject sides = node.value(QLatin1String(name)).toObject();
-        return QRect(sides.value(QLatin1String("x")).toInt(), sides.value(QLatin1String("y")).toInt(),
-                     sides.value(QLatin1String("width")).toInt(),
-                     sides.value(QLatin1String("height")).toInt());
-    };
-    if (node.contains(QLatin1String("pid"))) {
-        const QRect inside = rect("window_rect");
-        windows.append({node.value(QLatin1String("name")).toString(),
-                        inside.translated(rect("rect").topLeft()),
-                        node.value(QLatin1String("focused")).toBool()});
-    }
-    for (const char* children : {"nodes", "floating_nodes"}) {
-        const QJsonArray nodes = node.value(QLatin1String(children)).toArray();
-        for (const auto& child : nodes)
-            collect(child.toObject(), windows);
-    }
-}
-
-/// The desktop's windows, the lowest first.
-QList<DesktopWindow> desktopWindows()
-{
-    QProcess asked;
-    asked.start(QStringLiteral("swaymsg"),
-                {QStringLiteral("--raw"), QStringLiteral("--type"), QStringLiteral("get_tree")});
-    QList<DesktopWindow> windows;
-    if (asked.waitForFinished(Patience))
-        collect(QJsonDocument::fromJson(asked.readAllStandardOutput()).object(), windows);
-    return windows;
-}
-
-/// Waits until the window with this title is in front, has the keyboard and lies still.
-bool comesToTheFront(const QString& title)
-{
-    // The desktop tells a new place at once and goes there when the program has drawn, after 200 ms at the
-    // latest.
-    constexpr int Settled = 400; // milliseconds
-    DesktopWindow last;
-    QElapsedTimer still;
-    return QTest::qWaitFor(
-        [&] {
-            const QList<DesktopWindow> windows = desktopWindows();
-            const DesktopWindow front = windows.isEmpty() ? DesktopWindow() : windows.constLast();
-            if (!still.isValid() || front != last)
-                still.start();
-            last = front;
-            return front.title == title && front.hasKeyboard && still.hasExpired(Settled);
-        },
-        Patience);
-}
-
-/// Clicks in a window at a place from its corner.
-void click(const QString& title, QPoint place)
-{
-    const QList<DesktopWindow> windows = desktopWindows();
-    const auto window = std::find_if(windows.begin(), windows.end(),
-                                     [&](const DesktopWindow& each) { return each.title == title; });
-    QVERIFY2(window != windows.end(), qPrintable(title));
-    const QPoint spot = window->place.topLeft() + place;
-    xdotool({QStringLiteral("mousemove"), QString::number(spot.x()), QString::number(spot.y()),
-             QStringLiteral("click"), QStringLiteral("1")});
-}
 
 /// Which windows get the keyboard, one after the other, as long as the object lives.
 class KeyboardLog
@@ -148,14 +68,6 @@ private:
     QByteArray m_told;
 };
 
-/// How often a window has told the desktop that it belongs over another one.
-qsizetype tiesIn(const QByteArray& protocol)
-{
-    static const QRegularExpression tie(
-        QStringLiteral("-> xdg_toplevel[@#]\\d+\\.set_parent\\(xdg_toplevel[@#]\\d+\\)"));
-    return QString::fromLatin1(protocol).count(tie);
-}
-
 } // namespace
 
 class TestWayland : public QObject
@@ -173,6 +85,7 @@ private slots:
     void offerOfUnsavedText();
 
 private:
+    void click(const QString& title, QPoint place) const { m_program->click(title, place.x(), place.y()); }
     QByteArray keptText() const;
 
     std::unique_ptr<Program> m_program;
@@ -181,9 +94,7 @@ private:
 void TestWayland::init()
 {
     m_program = std::make_unique<Program>();
-    m_program->setEnvironment("WAYLAND_DEBUG", QStringLiteral("client")); // tells what the desktop is told
-    m_program->launch();
-    QVERIFY2(comesToTheFront(MainWindow), "no main window");
+    m_program->start();
 }
 
 /// From window to window, each of which gets what is typed as soon as it has the keyboard.
@@ -193,32 +104,32 @@ void TestWayland::listingBehindTheSaveQuestion()
     click(MainWindow, SourceBox);
     hand.type(QStringLiteral("hello"));
     click(MainWindow, WizardTool);
-    QVERIFY(comesToTheFront(Box));
+    QVERIFY(m_program->activate(Box));
     hand.key(QStringLiteral("alt+n"));
-    QVERIFY(comesToTheFront(Page1));
+    QVERIFY(m_program->activate(Page1));
     hand.type(QStringLiteral("Brass lamp"));
     hand.key(QStringLiteral("alt+d"));
     hand.type(QStringLiteral("Old and rare"));
     hand.keys(QStringLiteral("alt+m alt+a alt+l alt+w alt+y alt+s")); // PayPal, the seller pays
     KeyboardLog keyboard;
     hand.key(QStringLiteral("alt+o"));
-    QVERIFY(comesToTheFront(Page2));
+    QVERIFY(m_program->activate(Page2));
     hand.key(QStringLiteral("alt+b"));
-    QVERIFY(comesToTheFront(Page1));
+    QVERIFY(m_program->activate(Page1));
     hand.key(QStringLiteral("alt+o"));
-    QVERIFY(comesToTheFront(Page2));
+    QVERIFY(m_program->activate(Page2));
     QTRY_COMPARE(keyboard.titles(), QStringList({Page2, Page1, Page2})); // and never the main window between
     hand.key(QStringLiteral("alt+e"));
-    QVERIFY(comesToTheFront(MainWindow));
+    QVERIFY(m_program->activate(MainWindow));
 
     click(MainWindow, FirstMenu);
     hand.key(QStringLiteral("a"));
-    QVERIFY(comesToTheFront(QStringLiteral("Save As Files")));
+    QVERIFY(m_program->activate(QStringLiteral("Save As Files")));
     hand.key(QStringLiteral("ctrl+a"));
     hand.type(hand.path(QStringLiteral("lamp.htm")));
     hand.key(QStringLiteral("Return"));
     const QString title = QStringLiteral("lamp.htm - Brindlemark 1.0");
-    QVERIFY(comesToTheFront(title));
+    QVERIFY(m_program->activate(title));
     const QByteArray page = hand.read(QStringLiteral("lamp.htm"));
     QVERIFY2(page.contains("\r\nBrass lamp\r\n") && page.contains("\r\nOld and rare\r\n"), page.constData());
     QVERIFY2(!page.contains("hello"), page.constData());
@@ -242,29 +153,29 @@ void TestWayland::toolComesBack()
     QFETCH(QPoint, button);
     QFETCH(QString, tool);
     click(MainWindow, button);
-    QVERIFY(comesToTheFront(tool));
+    QVERIFY(m_program->activate(tool));
     click(MainWindow, SourceBox);
-    QVERIFY(comesToTheFront(MainWindow));
+    QVERIFY(m_program->activate(MainWindow));
     click(MainWindow, button);
-    QVERIFY(comesToTheFront(tool));
+    QVERIFY(m_program->activate(tool));
 }
 
 /// Where the desktop heeds it, no tool gets behind the main window at all.
 void TestWayland::toolsBelongToTheMainWindow()
 {
     for (const auto& [button, tool] : {std::pair(FindTool, FindWindow), std::pair(WizardTool, Page1)}) {
-        const qsizetype ties = tiesIn(m_program->errors());
+        const qsizetype ties = m_program->ties();
         click(MainWindow, button);
-        QVERIFY(comesToTheFront(tool));
-        QVERIFY2(tiesIn(m_program->errors()) > ties, qPrintable(tool));
+        QVERIFY(m_program->activate(tool));
+        QVERIFY2(m_program->ties() > ties, qPrintable(tool));
         Program::key(QStringLiteral("Escape"));
-        QVERIFY(comesToTheFront(MainWindow));
+        QVERIFY(m_program->activate(MainWindow));
     }
     click(MainWindow, SourceBox);
     Program::type(QStringLiteral("lamp"));
-    const qsizetype ties = tiesIn(m_program->errors());
+    const qsizetype ties = m_program->ties();
     click(MainWindow, HighlightTool); // "loading..." comes and goes
-    QTRY_VERIFY_WITH_TIMEOUT(tiesIn(m_program->errors()) > ties, Patience);
+    QTRY_VERIFY_WITH_TIMEOUT(m_program->ties() > ties, Patience);
 }
 
 QByteArray TestWayland::keptText() const
@@ -278,12 +189,12 @@ void TestWayland::offerOfUnsavedText()
     Program::type(QStringLiteral("kept words"));
     QTRY_VERIFY_WITH_TIMEOUT(keptText().contains("kept words"), Patience);
     m_program->kill();
-    const qsizetype ties = tiesIn(m_program->errors());
+    const qsizetype ties = m_program->ties();
     m_program->launch();
-    QVERIFY(comesToTheFront(Box));
-    QVERIFY(tiesIn(m_program->errors()) > ties); // over the main window
+    QVERIFY(m_program->activate(Box));
+    QVERIFY(m_program->ties() > ties); // over the main window
     Program::key(QStringLiteral("alt+y"));
-    QVERIFY(comesToTheFront(MainWindow));
+    QVERIFY(m_program->activate(MainWindow));
     click(MainWindow, SourceBox);
     Program::key(QStringLiteral("ctrl+End"));
     Program::type(QStringLiteral(" and more"));
