@@ -24,6 +24,7 @@ constexpr int StartLimit = 30000;
 /// How often, and after what pause in milliseconds, the caret is set anew until the surface takes letters.
 constexpr int CaretTries = 10;
 constexpr int CaretPause = 30;
+constexpr int RefocusAt = CaretTries - 3; // the second try had no effect
 
 /// How long a page may take to set its caret before it is asked again, in milliseconds.
 constexpr int CaretLimit = 2000;
@@ -173,7 +174,8 @@ bool WrittenPage::startBlankPage()
 
 void WrittenPage::focusCame()
 {
-    if (!takesLetters())
+    // What the view told of a caret may be of the page before this one.
+    if (m_caretIsOld || !takesLetters())
         wakeCaret();
 }
 
@@ -190,7 +192,7 @@ void WrittenPage::wakeCaret()
 {
     if (m_designMode == DesignMode::Off)
         return;
-    m_deaf = true;
+    m_deaf = m_caretIsOld = true;
     m_caretTries = CaretTries;
     m_caretTimer.start(0);
 }
@@ -204,15 +206,29 @@ void WrittenPage::renewCaret()
         sendHeldKeys();
         return;
     }
-    --m_caretTries;
+    if (--m_caretTries == RefocusAt)
+        tellFocusAnew();
     callSoon(QStringLiteral("renewCaret()"), [self = QPointer<WrittenPage>(this)](const QVariant&) {
         if (!self)
             return;
+        self->m_caretIsOld = false;
         if (self->takesLetters())
             self->m_caretTries = 0;
         self->m_caretTimer.start(CaretPause);
     });
     m_caretTimer.start(CaretLimit);
+}
+
+/// Where the desktop stacks the windows, the engine may miss that the page of a window which has come back
+/// has the keyboard.
+void WrittenPage::tellFocusAnew()
+{
+    const int tries = m_caretTries;
+    for (const QEvent::Type type : {QEvent::FocusOut, QEvent::FocusIn}) {
+        QFocusEvent event(type);
+        QCoreApplication::sendEvent(inputWidget(), &event);
+    }
+    m_caretTries = tries; // not begun anew
 }
 
 void WrittenPage::sendHeldKeys()

@@ -70,6 +70,7 @@ private:
     bool takesLetters() const;
     void wakeCaret();
     void renewCaret();
+    void tellFocusAnew();
     void sendHeldKeys();
 
     DesignMode m_designMode = DesignMode::Off;
@@ -79,6 +80,7 @@ private:
     QTimer m_caretTimer;
     int m_caretTries = 0;
     bool m_deaf = false;  // letters typed now would be lost: the caret is yet to be set
+    bool m_caretIsOld = false; // not set anew since the page was written
     KeyQueue m_heldKeys;  // typed meanwhile
     bool m_typed = false; // something that the page may not have yet
     QPointer<QEventLoop> m_keysAreThere;
