@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
-#include <QCursor>
-#include <QGuiApplication>
+#include <QtGlobal>
 
 namespace brindlemark {
 
@@ -10,10 +9,9 @@ namespace brindlemark {
 class WaitCursor
 {
 public:
-    WaitCursor() { QGuiApplication::setOverrideCursor(QCursor(Qt::WaitCursor)); }
-    ~WaitCursor() { QGuiApplication::restoreOverrideCursor(); }
-    WaitCursor(const WaitCursor&) = delete;
-    WaitCursor& operator=(const WaitCursor&) = delete;
+    WaitCursor();
+    ~WaitCursor();
+    Q_DISABLE_COPY_MOVE(WaitCursor)
 };
 
 } // namespace brindlemark
