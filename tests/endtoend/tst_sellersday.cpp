@@ -357,11 +357,14 @@ void TestSellersDay::chooseLook()
 {
     Program& hand = *m_program;
     hand.keys(QStringLiteral("alt+g Tab space alt+l"));
-    QString next = QStringLiteral("Down Return"); // the list opens at its first entry
+    QString next = QStringLiteral("Return"); // the list opens at its first entry
     for (const char* color : {"#AA5500", "#CC0000", "#224466", "#00CC66"}) { // title, line, description, cell
+        const qsizetype windows = hand.visibleWindows();
+        hand.key(QStringLiteral("Down"));
+        QTRY_VERIFY_WITH_TIMEOUT(hand.visibleWindows() > windows, Patience);
         hand.keys(next);
         pickColor(QString::fromLatin1(color));
-        next = QStringLiteral("Down Down Return"); // at the one that was chosen
+        next = QStringLiteral("Down Return"); // at the one that was chosen
     }
     const QString nameBox = QStringLiteral("Save all colors");
     hand.key(QStringLiteral("alt+s"));
