@@ -29,13 +29,15 @@ static const QMap<QString, QStringList> Below = {
     {"source", {"platform", "forms"}},
     {"web", {"platform", "forms"}},
     {"services", {"platform", "forms", "source"}},
-    {"shell", {"platform", "forms", "source", "web", "services"}},
-    {"colour", {"platform", "forms", "source", "web", "services", "shell"}},
-    {"builders", {"platform", "forms", "source", "web", "services", "shell", "colour"}},
-    {"check", {"platform", "forms", "source", "web", "services", "shell"}},
-    {"wizard", {"platform", "forms", "source", "web", "services", "shell"}},
+    {"words", {"platform", "forms", "source", "services"}},
+    {"shell", {"platform", "forms", "source", "web", "services", "words"}},
+    {"colour", {"platform", "forms", "source", "web", "services", "words", "shell"}},
+    {"builders", {"platform", "forms", "source", "web", "services", "words", "shell", "colour"}},
+    {"check", {"platform", "forms", "source", "web", "services", "words", "shell"}},
+    {"wizard", {"platform", "forms", "source", "web", "services", "words", "shell"}},
     {"app",
-     {"platform", "forms", "source", "web", "services", "shell", "colour", "builders", "wizard", "check"}},
+     {"platform", "forms", "source", "web", "services", "words", "shell", "colour", "builders", "wizard",
+      "check"}},
 };
 
 void TestLayers::noArrowRunsUp()

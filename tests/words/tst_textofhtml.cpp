@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "words/MisspeltWords.h"
+#include "words/TextOfHtml.h"
+
+#include <QElapsedTimer>
+#include <QTest>
+
+using namespace brindlemark;
+
+/// What a reader sees of a source, where it stands there, and which of its words are looked up.
+class TestTextOfHtml : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void text_data();
+    void text();
+    void places();
+    void placesInWestern();
+    void wordsAreCut_data();
+    void wordsAreCut();
+    void count_data();
+    void count();
+    void lookedUp_data();
+    void lookedUp();
+    void lookedUpInStretch();
+    void longTextWithoutBlanks();
+};
+
+void TestTextOfHtml::text_data()
+{
+    QTest::addColumn<QByteArray>("html");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("plain") << QByteArray("Brass lamp") << "Brass lamp";
+    QTest::newRow("inline") << QByteArray("<B>G</B><FONT color=#FF0000>lobe</FONT>") << "Globe";
+    QTest::newRow("block") << QByteArray("<P>one</P><P>two") << "one\ntwo";
+    QTest::newRow("cells") << QByteArray("<TABLE><TR><TD>one<TD>two</TABLE>") << "one\ntwo\n";
+    QTest::newRow("break") << QByteArray("one<BR>two") << "one\ntwo";
+    QTest::newRow("unknown element") << QByteArray("one<align=middle>two") << "one\ntwo";
+    QTest::newRow("references") << QByteArray("caf&eacute; &amp; b&#97;r&nbsp;x") << "caf\u00E9 & bar\u00A0x";
+    QTest::newRow("no references") << QByteArray("A & B &zzz; &") << "A & B &zzz; &";
+    QTest::newRow("comment") << QByteArray("one<!-- no -->two") << "onetwo";
+    QTest::newRow("script") << QByteArray("one<SCRIPT>no</SCRIPT>two<STYLE>no</STYLE>") << "one\ntwo\n";
+    QTest::newRow("title") << QByteArray("<TITLE>Lamp &amp; more</TITLE>") << "Lamp & more\n";
+    QTest::newRow("mark") << QByteArray("\xEF\xBB\xBFone") << "one";
+    QTest::newRow("torn tag") << QByteArray("one <B") << "one ";
+}
+
+void TestTextOfHtml::text()
+{
+    QFETCH(QByteArray, html);
+    QFETCH(QString, text);
+    QCOMPARE(TextOfHtml(html, TextEncoding::Utf8).text(), text);
+}
+
+static QList<QByteArray> at(const QByteArray& html, const std::vector<TextRange>& places)
+{
+    QList<QByteArray> texts;
+    for (const TextRange& place : places)
+        texts << html.sliced(place.start, place.length);
+    return texts;
+}
+
+void TestTextOfHtml::places()
+{
+    const QByteArray html = "<P>Gr\xC3\xB6\xC3\x9F"
+                            "e c<B>a</B>f&eacute;s and</P>";
+    const TextOfHtml text(html, TextEncoding::Utf8);
+    QCOMPARE(text.text(), "Gr\u00F6\u00DFe caf\u00E9s and\n");
+    QCOMPARE(at(html, text.places(0, 5)), QList<QByteArray>({"Gr\xC3\xB6\xC3\x9F"
+                                                             "e"}));
+    QCOMPARE(at(html, text.places(2, 2)), QList<QByteArray>({"\xC3\xB6\xC3\x9F"}));
+    QCOMPARE(at(html, text.places(6, 5)), QList<QByteArray>({"c", "a", "f&eacute;s"}));
+    QCOMPARE(at(html, text.places(8, 1)), QList<QByteArray>({"f"}));
+    QCOMPARE(at(html, text.places(9, 1)), QList<QByteArray>({"&eacute;"}));
+}
+
+void TestTextOfHtml::placesInWestern()
+{
+    const QByteArray html = "Gr\xF6\xDF"
+                            "e &amp; \x80";
+    const TextOfHtml text(html, TextEncoding::Western);
+    QCOMPARE(text.text(), "Gr\u00F6\u00DFe & \u20AC");
+    QCOMPARE(at(html, text.places(2, 2)), QList<QByteArray>({"\xF6\xDF"}));
+    QCOMPARE(at(html, text.places(8, 1)), QList<QByteArray>({"\x80"}));
+}
+
+void TestTextOfHtml::wordsAreCut_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QStringList>("words"); // a number in brackets
+    QTest::newRow("blanks") << "Brass  lamp, old." << QStringList{"Brass", "lamp", "old"};
+    QTest::newRow("apostrophe") << "don't maker\u2019s" << QStringList{"don't", "maker\u2019s"};
+    QTest::newRow("hyphen") << "hand-made" << QStringList{"hand", "made"};
+    QTest::newRow("numbers") << "12 1,000 4.50 12in" << QStringList{"(12)", "(1,000)", "(4.50)", "12in"};
+    QTest::newRow("accents") << "Gr\u00F6\u00DFe nai\u0308ve"
+                             << QStringList{"Gr\u00F6\u00DFe", "nai\u0308ve"};
+    QTest::newRow("Cyrillic") << "\u043B\u0430\u043C\u043F\u0430"
+                              << QStringList{"\u043B\u0430\u043C\u043F\u0430"};
+    QTest::newRow("Chinese") << "\u706F" << QStringList{"(\u706F)"};
+    QTest::newRow("nothing") << " \n.-" << QStringList{};
+}
+
+void TestTextOfHtml::wordsAreCut()
+{
+    QFETCH(QString, text);
+    QStringList words;
+    for (const Word& word : wordsOf(text)) {
+        const QString letters = text.sliced(word.start, word.length);
+        words << (word.isInLetters ? letters : u'(' + letters + u')');
+    }
+    QTEST(words, "words");
+}
+
+void TestTextOfHtml::count_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<qsizetype>("words");
+    QTest::addColumn<qsizetype>("characters");
+    QTest::newRow("nothing") << "" << qsizetype{0} << qsizetype{0};
+    QTest::newRow("words") << "Brass lamp, 12 in" << qsizetype{4} << qsizetype{17};
+    QTest::newRow("line end") << "a\r\nb" << qsizetype{2} << qsizetype{3};
+    QTest::newRow("combined") << "e\u0301" << qsizetype{1} << qsizetype{1};
+    QTest::newRow("above U+FFFF") << "\U0001F4A1 a" << qsizetype{1} << qsizetype{3};
+    QTest::newRow("family") << "\U0001F468\u200D\U0001F469\u200D\U0001F467" << qsizetype{0} << qsizetype{1};
+}
+
+void TestTextOfHtml::count()
+{
+    QFETCH(QString, text);
+    const TextCount count = countText(text);
+    QTEST(count.words, "words");
+    QTEST(count.characters, "characters");
+}
+
+void TestTextOfHtml::lookedUp_data()
+{
+    QTest::addColumn<QByteArray>("html");
+    QTest::addColumn<QStringList>("words");
+    QTest::newRow("text") << QByteArray("<P>Brass lamp</P>") << QStringList{"Brass", "lamp"};
+    QTest::newRow("over tags") << QByteArray("<B>Br</B>ass") << QStringList{"Brass"};
+    QTest::newRow("not tags") << QByteArray("<IMG alt=\"brass lamp\" src=lamp.jpg title='x y'>")
+                              << QStringList{};
+    QTest::newRow("not comments") << QByteArray("<!-- Body-title --><!x y>") << QStringList{};
+    QTest::newRow("not scripts") << QByteArray("<SCRIPT>brass</SCRIPT><STYLE>lamp</STYLE>") << QStringList{};
+    QTest::newRow("not numbers") << QByteArray("12 4.50") << QStringList{};
+    QTest::newRow("not addresses") << QByteArray("a https://lamps.example/maker?id=7 b www.lamps.example/x c "
+                                                 "me@lamps.example d lamps.com/old lamp.jpg e")
+                                   << QStringList{"a", "b", "c", "d", "e"};
+    QTest::newRow("references") << QByteArray("caf&eacute; A&nbsp;B") << QStringList{"caf\u00E9", "A", "B"};
+}
+
+/// All words are wrong for this judge, so that those that are looked up are seen.
+static const Judge NothingIsRight = [](const QString&) { return false; };
+
+void TestTextOfHtml::lookedUp()
+{
+    QFETCH(QByteArray, html);
+    QStringList words;
+    for (const MisspeltWord& word : misspeltWords(html, TextEncoding::Utf8, {0, html.size()}, NothingIsRight))
+        words << word.word;
+    QTEST(words, "words");
+}
+
+/// A stretch may begin within a comment or a tag, and end within a word.
+void TestTextOfHtml::lookedUpInStretch()
+{
+    const QByteArray html = "<!-- one two --><P align=left>three four five</P>";
+    const auto words = [&](const char* from, const char* to) {
+        const qsizetype start = html.indexOf(from);
+        QStringList found;
+        for (const MisspeltWord& word :
+             misspeltWords(html, TextEncoding::Utf8, {start, html.indexOf(to) - start}, NothingIsRight))
+            found << word.word;
+        return found;
+    };
+    QCOMPARE(words("two", "</P>"), QStringList({"three", "four", "five"}));
+    QCOMPARE(words("left", " five"), QStringList({"three", "four"}));
+    QCOMPARE(words("hree", "ive"), QStringList({"four"}));
+}
+
+void TestTextOfHtml::longTextWithoutBlanks()
+{
+    const QByteArray html = QByteArray(1'000'000, 'a');
+    QElapsedTimer time;
+    time.start();
+    QCOMPARE(misspeltWords(html, TextEncoding::Utf8, {0, html.size()}, NothingIsRight).size(), size_t(1));
+    QVERIFY(time.elapsed() < 20'000); // in a time with the square of the length it would be hours
+}
+
+QTEST_GUILESS_MAIN(TestTextOfHtml)
+#include "tst_textofhtml.moc"
