@@ -311,7 +311,7 @@ bool DocumentSurface::execCommand(const QString& id, const QString& value)
     if (command == QLatin1String("cut"))
         return copySelection() && execCommand(QStringLiteral("delete"));
     if (command == QLatin1String("paste"))
-        return paste();
+        return paste(PasteWay::Clean);
     readEditsAhead();
     return succeeds(QStringLiteral("execCommand(") + literal(id) + u',' + literal(value) + u')');
 }
@@ -330,23 +330,41 @@ bool DocumentSurface::copySelection()
     return true;
 }
 
-bool DocumentSurface::paste()
+bool DocumentSurface::paste(PasteWay way)
 {
     const QMimeData* clip = doors().clipboard();
-    return clip && insert(clip->text(), clip->html());
+    return clip && insert(clip->text(), clip->html(), way);
 }
 
-/// Inserts what comes from elsewhere at the caret, or at a place of the view. The cleaner is sent to a page
-/// that has not got it yet.
-bool DocumentSurface::insert(const QString& text, const QString& html, std::optional<QPoint> place)
+/// Sends the cleaner to a page that has not got it yet.
+bool DocumentSurface::canClean()
 {
+    return succeeds(QStringLiteral("canClean()")) ||
+           succeeds(QStringLiteral("cleanWith(") + cleanerScript() + u')');
+}
+
+QString DocumentSurface::cleaned(const QString& text, const QString& html)
+{
+    if (html.isEmpty() || !canClean())
+        return QString();
+    return call(QStringLiteral("cleaned(") + literal(text) + u',' + literal(html) + u',' + literal(false) +
+                u')')
+        .value.value_or(QVariant())
+        .toString();
+}
+
+/// Inserts what comes from elsewhere at the caret, or at a place of the view.
+bool DocumentSurface::insert(const QString& text, const QString& content, PasteWay way,
+                             std::optional<QPoint> place)
+{
+    const QString html = way == PasteWay::AsText ? QString() : content;
     if (text.isEmpty() && html.isEmpty())
         return false;
-    if (!html.isEmpty() && !succeeds(QStringLiteral("canClean()")) &&
-        !succeeds(QStringLiteral("cleanWith(") + cleanerScript() + u')'))
+    if (!html.isEmpty() && !canClean())
         return false;
     readEditsAhead(text.size() + html.size());
-    QString function = QStringLiteral("paste(") + literal(text) + u',' + literal(html);
+    QString function = QStringLiteral("paste(") + literal(text) + u',' + literal(html) + u',' +
+                       literal(way == PasteWay::WithLooks);
     if (place) {
         const QPointF point = QPointF(*place) / page()->zoomFactor();
         function += QStringLiteral(",[%1,%2]").arg(point.x()).arg(point.y());
@@ -361,7 +379,9 @@ void DocumentSurface::insertSoon(const QMimeData& dropped, QPoint place)
     soon(this, [this, text = dropped.text(), html = dropped.html(), place] {
         whenHandlersReturn([self = QPointer<DocumentSurface>(this), text, html, place] {
             if (self)
-                untilDeleted([&] { static_cast<void>(self->insert(text, html, place)); }); // the user sees it
+                untilDeleted([&] {
+                    static_cast<void>(self->insert(text, html, PasteWay::Clean, place));
+                }); // the user sees it
         });
     });
 }

@@ -14,6 +14,13 @@ struct FindResult
     int current = 0;
 };
 
+/// What comes of HTML that is pasted or dropped.
+enum class PasteWay {
+    Clean,     ///< its structure alone where its looks are litter (structure.js), else as it is
+    WithLooks, ///< all that is safe
+    AsText,    ///< its text
+};
+
 /// The surface of a document: it is written, edited by hand and by commands, and read back. Its operations
 /// are synchronous: they return when they are done.
 class DocumentSurface : public WrittenPage
@@ -71,6 +78,12 @@ public:
     /// and "Paste" use the program's clipboard. HTML that is pasted or dropped is cleaned (see clean.js).
     /// False: it could not be run, or nobody answered.
     [[nodiscard]] bool execCommand(const QString& id, const QString& value = QString());
+
+    /// Inserts the clipboard's content at the caret, one step of undo. False: there is none, or nobody
+    /// answered.
+    [[nodiscard]] bool paste(PasteWay way);
+    /// The HTML that a paste would insert; empty where it would insert the text.
+    QString cleaned(const QString& text, const QString& html);
 
     /// The address of the link at the caret; empty when there is none.
     QString currentLink();
@@ -134,8 +147,8 @@ private:
     [[nodiscard]] bool succeeds(const QString& function);
     void readEditsAhead(qsizetype pasted = 0);
     [[nodiscard]] bool copySelection();
-    [[nodiscard]] bool paste();
-    [[nodiscard]] bool insert(const QString& text, const QString& html,
+    [[nodiscard]] bool canClean();
+    [[nodiscard]] bool insert(const QString& text, const QString& html, PasteWay way,
                               std::optional<QPoint> place = std::nullopt);
     void insertSoon(const QMimeData& dropped, QPoint place);
     bool takesDrop(const QDropEvent& event) const;

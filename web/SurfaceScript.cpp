@@ -41,6 +41,7 @@ const QString& cleanerScript()
 {
     static const QString script =
         resourceText(QStringLiteral(":/web/clean.js"))
+            .replace(QStringLiteral("/* structure */"), resourceText(QStringLiteral(":/web/structure.js")))
             .replace(QStringLiteral("/* DOMPurify */"), resourceText(QStringLiteral(":/web/purify.js")));
     return script;
 }

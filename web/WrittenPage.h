@@ -79,10 +79,10 @@ private:
     QTimer m_revealTimer;
     QTimer m_caretTimer;
     int m_caretTries = 0;
-    bool m_deaf = false;  // letters typed now would be lost: the caret is yet to be set
+    bool m_deaf = false;       // letters typed now would be lost: the caret is yet to be set
     bool m_caretIsOld = false; // not set anew since the page was written
-    KeyQueue m_heldKeys;  // typed meanwhile
-    bool m_typed = false; // something that the page may not have yet
+    KeyQueue m_heldKeys;       // typed meanwhile
+    bool m_typed = false;      // something that the page may not have yet
     QPointer<QEventLoop> m_keysAreThere;
 };
 

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 /**
  * Cleans HTML that comes from elsewhere: nothing of it runs, loads a document or turns into something else when it is
- * read again. What old pages and the program's own look like comes through letter by letter.
+ * read again. What old pages and the program's own look like comes through letter by letter. Of what programs write whose
+ * looks are litter only the structure is left (structure.js), unless the looks are asked for.
  *
- * The file is one expression; its value is the function from a fragment to the clean one. DOMPurify, which does the
- * cleaning, is put in place of the comment below.
+ * The file is one expression; its value is the function from a fragment to the clean one, as an element. DOMPurify, which
+ * does the cleaning, and the functions of structure.js are put in place of the two comments below.
  */
 (function () {
 'use strict';
@@ -25,6 +26,9 @@ load(module, module.exports, undefined, {
     DocumentFragment, DOMParser, Element, HTMLFormElement, HTMLTemplateElement, NamedNodeMap, Node, NodeFilter,
 }, {});
 const purify = module.exports;
+
+const { isLitter, structureOf, dropNames } =
+/* structure */;
 
 /** Elements whose content another parser may read in another way, so that something can hide in it. */
 const FORBIDDEN = words('math noscript style svg template title');
@@ -51,13 +55,18 @@ purify.addHook('uponSanitizeAttribute', (element, data) => {
     data.forceKeepAttr = data.keepAttr && purify.isValidAttribute(element.nodeName, data.attrName, data.attrValue);
 });
 
-return html => purify.sanitize(html, {
-    FORBID_TAGS: FORBIDDEN,
-    ADD_TAGS: OLD_ELEMENTS.concat('#comment'),
-    ADD_ATTR: OLD_ATTRIBUTES,
-    ALLOW_UNKNOWN_PROTOCOLS: true, // pictures from the disk; scripts and data are refused all the same
-    SANITIZE_DOM: false, // names that hide a page's functions: fields of forms have such, and no script of ours minds
-    FORCE_BODY: html.startsWith('<!--'), // the parser puts a comment that comes first in front of the body
-    RETURN_DOM: true, // a fragment without tags is read too
-}).innerHTML;
+return (html, withLooks) => {
+    const body = purify.sanitize(html, {
+        FORBID_TAGS: FORBIDDEN,
+        ADD_TAGS: OLD_ELEMENTS.concat('#comment'),
+        ADD_ATTR: OLD_ATTRIBUTES,
+        ALLOW_UNKNOWN_PROTOCOLS: true, // pictures from the disk; scripts and data are refused all the same
+        SANITIZE_DOM: false, // names that hide a page's functions: fields of forms have such, and no script of ours minds
+        FORCE_BODY: html.startsWith('<!--'), // the parser puts a comment that comes first in front of the body
+        RETURN_DOM: true, // a fragment without tags is read too
+    });
+    if (withLooks)
+        return body;
+    return isLitter(html) ? structureOf(body) : dropNames(html, body);
+};
 })()

@@ -277,14 +277,24 @@ return {
         return true;
     },
 
+    /** What `paste` would insert as HTML; empty where the text says more. */
+    cleaned(text, html, withLooks) {
+        if (html === '')
+            return '';
+        const body = clean(html, withLooks);
+        // Some programs give out their text as HTML as it is: its "<" is none, and its lines are lost.
+        const letters = words => words.replace(/\s/g, '');
+        return body.firstElementChild === null && text !== '' && letters(text) !== letters(body.textContent) ? '' : body.innerHTML;
+    },
+
     /** Inserts what comes from elsewhere at the caret or, when a point of the window is given, there. */
-    paste(text, html, point) {
+    paste(text, html, withLooks, point) {
         reveal();
         placeCaret();
         const range = point && Document.prototype.caretRangeFromPoint.call(document, point[0], point[1]);
         if (range)
             getSelection().collapse(range.startContainer, range.startOffset);
-        const fragment = html && clean(html);
+        const fragment = this.cleaned(text, html, withLooks);
         return fragment ? command('insertHTML', bundled(fragment)) : command('insertText', text);
     },
 

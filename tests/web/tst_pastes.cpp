@@ -115,7 +115,7 @@ bool leaveUncleaned(Surface& surface)
 {
     return probe(surface).evaluate(
                surfaceCall(QStringLiteral("cleanWith(html => new DOMParser().parseFromString('<body>' + "
-                                          "html, 'text/html').body.innerHTML)"))) == true;
+                                          "html, 'text/html').body)"))) == true;
 }
 
 /// Drags something to a place of a surface and drops it there, whatever the surface says of it. True: it was
