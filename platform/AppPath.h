@@ -35,6 +35,7 @@ inline constexpr QStringView PageColorTitles = u"\\webstyle2.ini";
 inline constexpr QStringView PaymentTerms = u"\\weblst.ini"; ///< terms are named ".ini", but HTML
 inline constexpr QStringView LocationTerms = u"\\weblst2.ini";
 inline constexpr QStringView WhoPaysTerms = u"\\weblst3.ini";
+inline constexpr QStringView OwnWords = u"\\words.txt"; ///< that are right for the user
 inline constexpr QStringView Help = u"\\Help0.htm";
 } // namespace DataFile
 

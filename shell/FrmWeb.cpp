@@ -13,6 +13,7 @@
 #include "shell/Find.h"
 #include "shell/FindBar.h"
 #include "shell/Icons.h"
+#include "shell/SourceSpelling.h"
 #include "shell/SurfaceCommands.h"
 #include "shell/WindowLayout.h"
 #include "web/InputGate.h"
@@ -164,6 +165,7 @@ FrmWeb::FrmWeb()
     connectRegions();
     connectQuickTags();
     connectInternet();
+    connectWords();
     keepOnFatal([this] { return keepText(); });
     on(m_document.get(), &Document::settled, WebBrowser1, &DocumentSurface::forgetEdits);
     m_journalTimer.setObjectName(QStringLiteral("JournalTimer"));
@@ -208,6 +210,7 @@ void FrmWeb::switchTools()
     for (QMenu* menu : {MnEdit, munoptions})
         menu->menuAction()->setEnabled(tab == EditorTab);
     muncolorcode->setEnabled(tab == EditorTab);
+    switchWordTools();
     munview->menuAction()->setEnabled(tab == InternetTab);
 }
 

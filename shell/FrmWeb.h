@@ -17,6 +17,11 @@
 
 namespace brindlemark {
 
+class SourceSpelling;
+class Spelling;
+enum class LetterCase;
+struct MisspeltWord;
+
 /// The main window: owner of the document, its views and the settings of the source box.
 ///
 /// The document is bytes: the source box's text while tab 0 is up, the design surface's content while tab 1
@@ -89,6 +94,8 @@ public:
     void bringBackText(const QByteArray& text) override;
     EarlierTexts& earlierTexts() override;
     void tell(const QString& sentence, const QList<NoticeBar::Action>& actions = {}) override;
+
+    Spelling* spelling() const { return m_spelling; }
 
     QAction* toolbarButton(Tool tool) const { return m_toolButtons.at(size_t(tool)); }
 
@@ -207,6 +214,23 @@ private:
     void loadEditorBackground();
     void setEditorBackground(int color);
 
+    // FrmWebWords.cpp
+    void connectWords();
+    void switchWordTools();
+    void munspelling_Popup();
+    void munnextmisspelt_Click();
+    void muncountwords_Click();
+    void munpastetext_Click();
+    void munpastelooks_Click();
+    void munpastehtml_Click();
+    void RichTextBox1_MenuOpens(QMenu* menu, int position);
+    void WebBrowser1_MenuWanted(const SurfaceMenu& wanted);
+    void addSpellingTo(QMenu& menu, const QString& word, const QStringList& suggestions,
+                       const std::function<void(const QString&)>& replace);
+    void replaceWord(const MisspeltWord& word, const QString& by);
+    void addOwnWord(const QString& word);
+    void changeCase(LetterCase letterCase);
+
     // FrmWebJournal.cpp
     void runJournal();
     void keepUnsavedText();
@@ -239,6 +263,8 @@ private:
     std::unique_ptr<Document> m_document;
     std::unique_ptr<EarlierTexts> m_earlier;
     NoticeBar* m_notice = nullptr;
+    Spelling* m_spelling = nullptr;
+    std::unique_ptr<SourceSpelling> m_sourceSpelling;
     int m_lastTab = EditorTab;
     QTimer m_journalTimer{this}; // runs out when unsaved text is to be kept on the disk
 

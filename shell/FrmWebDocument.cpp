@@ -14,6 +14,7 @@
 #include "shell/Generator.h"
 #include "shell/GeneratorTag.h"
 #include "shell/Regions.h"
+#include "shell/Spelling.h"
 
 #include <QCursor>
 #include <QFileInfo>
@@ -139,6 +140,8 @@ QByteArray FrmWeb::FetchSource()
 void FrmWeb::setCaption(const QString& name)
 {
     setWindowTitle(name + QStringLiteral(" - ") + ProgramName);
+    if (m_spelling)
+        m_spelling->turnTo(m_document->isNamed() ? m_document->name() : QString());
 }
 
 void FrmWeb::emptyDocument()

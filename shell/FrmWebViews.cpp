@@ -9,6 +9,7 @@
 #include "services/Messages.h"
 #include "shell/FrmWeb.h"
 #include "shell/Regions.h"
+#include "shell/Spelling.h"
 #include "shell/SurfaceCommands.h"
 
 #include <QScopeGuard>
@@ -98,6 +99,7 @@ bool FrmWeb::showEditor()
 
 void FrmWeb::showPreview()
 {
+    m_spelling->startOnSurfaces();
     switchTools();
     if (RichTextBox1->isEmpty()) { // the surface keeps the last document
         m_document->setDirty(false);

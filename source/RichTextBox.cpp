@@ -394,6 +394,32 @@ int RichTextBox::Find(const QByteArray& text, int start, int end, FindOptions op
     return int(position);
 }
 
+RichTextBox::Range RichTextBox::inView() const
+{
+    const long first = send(SCI_DOCLINEFROMVISIBLE, send(SCI_GETFIRSTVISIBLELINE));
+    const long last =
+        send(SCI_DOCLINEFROMVISIBLE, send(SCI_GETFIRSTVISIBLELINE) + send(SCI_LINESONSCREEN) + 1);
+    const qsizetype start = send(SCI_POSITIONFROMLINE, first);
+    const qsizetype end =
+        last + 1 < send(SCI_GETLINECOUNT) ? send(SCI_POSITIONFROMLINE, last + 1) : innerLength();
+    return {fromInner(start), fromInner(end) - fromInner(start)};
+}
+
+void RichTextBox::markMisspelt(const Range& stretch, const std::vector<Range>& words)
+{
+    constexpr int Indicator = INDIC_CONTAINER;
+    send(SCI_INDICSETSTYLE, Indicator, INDIC_SQUIGGLE);
+    SendScintilla(SCI_INDICSETFORE, static_cast<unsigned long>(Indicator), QColor(0xD0, 0, 0));
+    send(SCI_SETINDICATORCURRENT, Indicator);
+    const auto within = [this](unsigned message, const Range& range) {
+        const qsizetype start = toInner(range.start);
+        send(message, start, toInner(range.end()) - start);
+    };
+    within(SCI_INDICATORCLEARRANGE, stretch);
+    for (const Range& word : words)
+        within(SCI_INDICATORFILLRANGE, word);
+}
+
 void RichTextBox::markLines(const std::vector<qsizetype>& lines, const QColor& tint)
 {
     constexpr int Marker = 0;

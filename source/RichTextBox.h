@@ -21,6 +21,7 @@
 #include <vector>
 
 class QLabel;
+class QMenu;
 
 namespace brindlemark {
 
@@ -97,6 +98,12 @@ public:
     /// Scrolls until the line of a place is the uppermost one, as far as there is text below.
     void bringToTop(qsizetype place);
 
+    /// The lines that are in view, as a stretch of the text.
+    TextRange inView() const;
+    /// Underlines words of a stretch of the text as misspelt, in their order, and takes that mark from all
+    /// others there. An edit moves the marks with the text. They are no part of it.
+    void markMisspelt(const TextRange& stretch, const std::vector<TextRange>& words);
+
     /// Tints the ground of some lines, counted from 0, until the text changes, and brings the first into
     /// view.
     void markLines(const std::vector<qsizetype>& lines, const QColor& tint);
@@ -156,6 +163,8 @@ signals:
     void Click();
     /// A key (a Qt::Key) was released.
     void KeyUp(int key);
+    /// The box's menu is about to show, for a byte of the text; entries may be added.
+    void MenuOpens(QMenu* menu, int position);
     /// Files were dropped on the box, in front of the text's byte `position`. Comes once the drag is over.
     void FilesDropped(const QStringList& paths, int position);
 

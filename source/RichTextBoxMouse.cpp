@@ -226,6 +226,10 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
                 menu->addSeparator();
         }
         const bool byKey = event->reason() == QContextMenuEvent::Keyboard;
+        const QPoint place = viewport()->mapFromGlobal(event->globalPos());
+        const long inner =
+            byKey ? send(SCI_GETCURRENTPOS) : send(SCI_POSITIONFROMPOINT, place.x(), place.y());
+        emit MenuOpens(menu, int(fromInner(qsizetype{inner})));
         menu->popup(byKey ? viewport()->mapToGlobal(caretPoint()) : event->globalPos());
     });
 }

@@ -14,6 +14,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 #include <QUrl>
+#include <QWebEngineContextMenuRequest>
 #include <QWebEngineFindTextResult>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
@@ -422,6 +423,35 @@ FindResult DocumentSurface::find(const QString& text, bool backwards, bool match
     });
     const QVariantList counts = answer.value.value_or(QVariantList{0, 0}).toList();
     return {counts.at(0).toInt(), counts.at(1).toInt()};
+}
+
+void DocumentSurface::menuAsked(const QWebEngineContextMenuRequest& request, QPoint place)
+{
+    if (!isEditable())
+        return;
+    soon(this, [this, menu = SurfaceMenu{place, request.misspelledWord(),
+                                         request.spellCheckerSuggestions()}] { emit menuWanted(menu); });
+}
+
+void DocumentSurface::replaceMisspelt(const QString& word)
+{
+    if (isEditable())
+        page()->replaceMisspelledWord(word);
+}
+
+QString DocumentSurface::selectedText()
+{
+    makeDocument();
+    waitForKeys();
+    return call(QStringLiteral("selection()")).value.value_or(QVariant()).toList().value(0).toString();
+}
+
+bool DocumentSurface::changeSelection(const std::function<QString(const QString&)>& change)
+{
+    makeDocument();
+    waitForKeys();
+    const QString text = call(QStringLiteral("selectedLetters()")).value.value_or(QVariant()).toString();
+    return !text.isEmpty() && succeeds(QStringLiteral("replaceLetters(") + literal(change(text)) + u')');
 }
 
 // ---- Keys and drops --------------------------------------------------------------------------------------

@@ -21,6 +21,14 @@ enum class PasteWay {
     AsText,    ///< its text
 };
 
+/// What a menu over a design surface is wanted for.
+struct SurfaceMenu
+{
+    QPoint place;            ///< on the screen
+    QString misspelt;        ///< the word there that the engine finds misspelt; empty where there is none
+    QStringList suggestions; ///< for that
+};
+
 /// The surface of a document: it is written, edited by hand and by commands, and read back. Its operations
 /// are synchronous: they return when they are done.
 class DocumentSurface : public WrittenPage
@@ -82,6 +90,14 @@ public:
     /// Inserts the clipboard's content at the caret, one step of undo. False: there is none, or nobody
     /// answered.
     [[nodiscard]] bool paste(PasteWay way);
+    /// Puts a word in place of the misspelt one for which the last menu was wanted.
+    void replaceMisspelt(const QString& word);
+    /// What is selected, as text.
+    QString selectedText();
+    /// Changes the letters of the selection and leaves its formats, one step of undo. `change` is given them
+    /// with U+2060, which parts no word, where a format begins or ends, and must leave it there. False:
+    /// nothing is selected, or nobody answered.
+    [[nodiscard]] bool changeSelection(const std::function<QString(const QString&)>& change);
     /// The HTML that a paste would insert; empty where it would insert the text.
     QString cleaned(const QString& text, const QString& html);
 
@@ -104,6 +120,8 @@ signals:
     void linkRequested();
     /// Ctrl+F.
     void findRequested();
+    /// A right click on a design surface, or its Menu key.
+    void menuWanted(const SurfaceMenu& menu);
     /// An operation on a design surface begins to take long, 5 seconds, or has ended. No script runs there,
     /// so that it will end: where somebody listens, and can call `stopWaiting`, it goes on without a limit.
     /// Meanwhile input reaches nothing but what was marked by `InputGate::letThrough`. Who hears it must not
@@ -114,6 +132,8 @@ signals:
     void editsRead(const QString& html);
 
 protected:
+    bool offersMenu() const override { return true; }
+    void menuAsked(const QWebEngineContextMenuRequest& request, QPoint place) override;
     void showDocument() override;
     void arrived() override;
     bool isPatient() const override;

@@ -17,6 +17,7 @@
 #include <QPointer>
 #include <QScopeGuard>
 #include <QVBoxLayout>
+#include <QWebEngineContextMenuRequest>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
@@ -67,7 +68,12 @@ void WebControl::makeView()
     m_page = new WebPage(m_kind, nullptr);
     m_view = new QWebEngineView(m_page, this);
     m_page->setParent(m_view);
-    m_view->setContextMenuPolicy(Qt::NoContextMenu);
+    m_view->setContextMenuPolicy(offersMenu() ? Qt::CustomContextMenu : Qt::NoContextMenu);
+    onInner(m_view, &QWidget::customContextMenuRequested, this, [this](QPoint place) {
+        const EngineCall call;
+        if (const QWebEngineContextMenuRequest* request = m_view->lastContextMenuRequest())
+            menuAsked(*request, m_view->mapToGlobal(place));
+    });
     m_view->installEventFilter(this); // the widget that takes input comes later, and anew with each renderer
     for (QWidget* child : m_view->findChildren<QWidget*>(Qt::FindDirectChildrenOnly))
         child->installEventFilter(this);

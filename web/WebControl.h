@@ -17,6 +17,7 @@ class QDropEvent;
 class QEventLoop;
 class QKeyEvent;
 class QMouseEvent;
+class QWebEngineContextMenuRequest;
 class QWebEngineLoadingInfo;
 class QWebEngineView;
 
@@ -91,6 +92,11 @@ protected:
     /// Shows a page that was loaded outside the view, in place of the one that is there.
     void takePage(WebPage* page);
     WebPage::Kind kind() const { return m_kind; }
+
+    /// Whether a right click and the Menu key ask `menuAsked` for a menu; else the view has none.
+    virtual bool offersMenu() const { return false; }
+    /// Somebody wants a menu at a place of the screen.
+    virtual void menuAsked(const QWebEngineContextMenuRequest&, QPoint) {}
 
     // ---- The renderer's life
 

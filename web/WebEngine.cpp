@@ -6,7 +6,9 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
+#include <QDir>
 #include <QPointer>
+#include <QStandardPaths>
 #include <QWebEngineCookieStore>
 #include <QWebEngineDownloadRequest>
 #include <QWebEngineProfile>
@@ -121,10 +123,30 @@ void prepareWebEngine()
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") +
                                               " --force-webrtc-ip-handling-policy=disable_non_proxied_udp");
 
+    qputenv("QTWEBENGINE_DICTIONARIES_PATH", engineDictionaries().toLocal8Bit());
+
     QWebEngineUrlScheme scheme(BlankScheme);
     scheme.setSyntax(QWebEngineUrlScheme::Syntax::Path);
     scheme.setFlags(QWebEngineUrlScheme::LocalAccessAllowed);
     QWebEngineUrlScheme::registerScheme(scheme);
+}
+
+QString engineDictionaries()
+{
+    static const QString folder = [] {
+        const QString named = qEnvironmentVariable("QTWEBENGINE_DICTIONARIES_PATH");
+        if (!named.isEmpty() && !QDir(named).entryList({QStringLiteral("*.bdic")}, QDir::Files).isEmpty())
+            return named;
+        return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+               QStringLiteral("/brindlemark/dictionaries");
+    }();
+    return folder;
+}
+
+void setSpelling(const QStringList& names)
+{
+    documentProfile()->setSpellCheckEnabled(!names.isEmpty());
+    documentProfile()->setSpellCheckLanguages(names);
 }
 
 QUrl blankAddress()

@@ -49,6 +49,14 @@ QUrl blankAddress();
 /// one of Chromium the holes are mended.
 QString engineVersions();
 
+/// Where the engine looks for its dictionaries (".bdic"): the folder that QTWEBENGINE_DICTIONARIES_PATH
+/// names, if some are there, else one of the program's own in the user's cache, which need not be there yet.
+QString engineDictionaries();
+
+/// Has all design surfaces checked by these dictionaries, such as "en_US" for "en_US.bdic"; none: they are
+/// not checked.
+void setSpelling(const QStringList& names);
+
 /// What the document surfaces share: no cookies, nothing on the disk; of what a page names only
 /// pictures and styles are loaded.
 QWebEngineProfile* documentProfile();

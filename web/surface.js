@@ -60,6 +60,41 @@ function bundled(fragment) {
     return template.innerHTML;
 }
 
+/** Stands between the letters of two text nodes: it parts no word. */
+const APART = '\u2060';
+/** Stands by itself where a line ends. */
+const LINE_END = '\u2029';
+
+/** Elements that end no line. */
+const WITHIN_LINE = /^(?:a|abbr|b|big|cite|code|del|em|font|i|img|ins|kbd|s|small|span|strike|strong|sub|sup|tt|u)$/;
+
+/** The text nodes of an element, and LINE_END where a line ends between two of them. */
+function textsOf(element) {
+    const walker = document.createTreeWalker(element, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT);
+    const endsLine = node => !WITHIN_LINE.test(node.localName);
+    const blockOf = node => {
+        let block = node.parentNode;
+        while (block !== element && !endsLine(block))
+            block = block.parentNode;
+        return block;
+    };
+    const texts = [];
+    let lineEnded = false;
+    while (walker.nextNode()) {
+        const node = walker.currentNode;
+        if (node instanceof Text) {
+            const before = texts[texts.length - 1];
+            if (before && (lineEnded || blockOf(before) !== blockOf(node)))
+                texts.push(LINE_END);
+            texts.push(node);
+            lineEnded = false;
+        } else if (endsLine(node)) {
+            lineEnded = true;
+        }
+    }
+    return texts;
+}
+
 /** The function of clean.js, once it was needed in this page. */
 let clean = null;
 
@@ -266,6 +301,30 @@ return {
         for (const bundle of holder.querySelectorAll('[' + HOLDER + ']'))
             bundle.replaceWith(...bundle.childNodes);
         return [String(getSelection()).replace(/\u00a0/g, ' '), holder.innerHTML];
+    },
+
+    /** The letters that are selected, with APART between those of two text nodes; empty without a selection. */
+    selectedLetters() {
+        reveal();
+        const range = selectedRange();
+        if (!range || range.collapsed)
+            return '';
+        this.holder = Document.prototype.createElement.call(document, 'div');
+        this.holder.append(range.cloneContents());
+        return textsOf(this.holder).map(text => text instanceof Text ? text.data : text).join(APART);
+    },
+
+    /** Puts changed letters in place of those that `selectedLetters` has told. */
+    replaceLetters(letters) {
+        const texts = letters.split(APART);
+        const nodes = textsOf(this.holder);
+        if (texts.length !== nodes.length)
+            return false;
+        nodes.forEach((node, i) => {
+            if (node instanceof Text)
+                node.data = texts[i];
+        });
+        return command('insertHTML', bundled(this.holder.innerHTML));
     },
 
     /** Whether `paste` takes HTML; else `cleanWith` comes first. */

@@ -11,6 +11,7 @@
 #include "shell/EarlierTexts.h"
 #include "shell/Icons.h"
 #include "shell/ListingEditor.h"
+#include "shell/Spelling.h"
 #include "shell/SurfaceCommands.h"
 #include "wizard/Terms.h"
 
@@ -176,6 +177,8 @@ void FrmTerms::open(const TermsFile& terms)
     m_terms = &terms;
     setWindowTitle(QString::fromLatin1(terms.caption));
     Show();
+    if (Spelling* spelling = loadedSpelling())
+        spelling->startOnSurfaces();
     QString text = GetTermsList(terms.file);
     if (text.endsWith(lineEnd)) // or each saving would add one more
         text.chop(lineEnd.size());

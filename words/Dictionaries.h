@@ -26,7 +26,8 @@ std::vector<Dictionary> installedDictionaries();
 /// A language in its own words, with its code: "Deutsch (de_DE)". A code that says nothing is given back.
 QString languageName(const QString& code);
 
-/// Of some languages the one that a system speaks, as "en_GB", else any other "en"; empty where there is none.
+/// Of some languages the one that a system speaks, as "en_GB", else any other "en"; empty where there is
+/// none.
 QString languageOfSystem(const std::vector<Dictionary>& dictionaries,
                          const QLocale& system = QLocale::system());
 
