@@ -123,6 +123,8 @@ void prepareWebEngine()
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") +
                                               " --force-webrtc-ip-handling-policy=disable_non_proxied_udp");
 
+    // A folder that comes later is not looked for. Where it can't be made, surfaces aren't checked.
+    QDir().mkpath(engineDictionaries());
     qputenv("QTWEBENGINE_DICTIONARIES_PATH", engineDictionaries().toLocal8Bit());
 
     QWebEngineUrlScheme scheme(BlankScheme);
