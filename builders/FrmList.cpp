@@ -7,6 +7,7 @@
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "services/Messages.h"
+#include "shell/FieldSpelling.h"
 #include "shell/Icons.h"
 
 #include <QMouseEvent>
@@ -22,6 +23,7 @@ const QString FontCaption = QStringLiteral("List Properties Font");
 FrmList::FrmList()
 {
     setupUi(this);
+    checkSpellingIn(Text1);
     Command21->setIcon(namedIcon("font", this));
     setCancelButton(Command7, CloseButton::Cancels);
     setClosingBox(Check3, QStringLiteral("Listpro"), QStringLiteral("chk4"));

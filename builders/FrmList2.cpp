@@ -11,6 +11,7 @@
 #include "services/Codes.h"
 #include "services/Messages.h"
 #include "services/Profile.h"
+#include "shell/FieldSpelling.h"
 #include "shell/Icons.h"
 #include "shell/ScreenFonts.h"
 #include "shell/SurfaceCommands.h"
@@ -33,6 +34,7 @@ QString titlesFile()
 FrmList2::FrmList2()
 {
     setupUi(this);
+    checkSpellingIn(Text1);
     for (QPushButton* button : {Command15, Command17})
         button->setIcon(namedIcon("font", this));
     chkBold->setIcon(namedIcon("format-text-bold", this));

@@ -14,6 +14,7 @@
 #include "services/Codes.h"
 #include "services/Messages.h"
 #include "services/Profile.h"
+#include "shell/FieldSpelling.h"
 #include "shell/Icons.h"
 #include "shell/SavedTitles.h"
 #include "shell/ScreenFonts.h"
@@ -173,6 +174,8 @@ const std::array<FrmTable::SavedKey, 22> FrmTable::SavedKeys = {{
 FrmTable::FrmTable()
 {
     setupUi(this);
+    checkSpellingIn(Text1);
+    checkSpellingIn(Text2);
     putOnCaption(ChkNoB, Frame1);
     for (const StyleBox& entry : StyleBoxes)
         (this->*entry.box)->setIcon(namedIcon(entry.icon, this));

@@ -11,6 +11,7 @@
 #include "platform/PlainText.h"
 #include "platform/WaitCursor.h"
 #include "services/Messages.h"
+#include "shell/FieldSpelling.h"
 #include "shell/Icons.h"
 #include "shell/ListingEditor.h"
 #include "shell/ScreenFonts.h"
@@ -118,6 +119,7 @@ FaderAlign chosen(const U& controls, const std::array<AlignOption, 3>& options)
 Fader5::Fader5()
 {
     setupUi(this);
+    checkSpellingIn(Text1);
     putOnCaption(Check1, Frame2);
     putOnCaption(Check7, Frame4);
     putOnCaption(ChkNoB, Frame7);

@@ -225,10 +225,7 @@ private:
     void munpastehtml_Click();
     void RichTextBox1_MenuOpens(QMenu* menu, int position);
     void WebBrowser1_MenuWanted(const SurfaceMenu& wanted);
-    void addSpellingTo(QMenu& menu, const QString& word, const QStringList& suggestions,
-                       const std::function<void(const QString&)>& replace);
     void replaceWord(const MisspeltWord& word, const QString& by);
-    void addOwnWord(const QString& word);
     void changeCase(LetterCase letterCase);
 
     // FrmWebJournal.cpp

@@ -4,10 +4,10 @@
 
 #include "platform/Doors.h"
 #include "platform/Events.h"
-#include "services/Messages.h"
 #include "shell/FrmWeb.h"
 #include "shell/SourceSpelling.h"
 #include "shell/Spelling.h"
+#include "shell/SpellingMenu.h"
 #include "words/LetterCase.h"
 #include "words/TextOfHtml.h"
 #include "words/Words.h"
@@ -143,38 +143,6 @@ void FrmWeb::replaceWord(const MisspeltWord& word, const QString& by)
     edit(edits);
 }
 
-void FrmWeb::addOwnWord(const QString& word)
-{
-    try {
-        m_spelling->addOwnWord(word);
-    } catch (const RuntimeError& error) {
-        showMessage(Messages::CannotWrite, error.description());
-    }
-}
-
-/// What can be done about a misspelt word stands first in a menu.
-void FrmWeb::addSpellingTo(QMenu& menu, const QString& word, const QStringList& suggestions,
-                           const std::function<void(const QString&)>& replace)
-{
-    QAction* first = menu.actions().value(0);
-    const auto add = [&](const QString& text, const std::function<void()>& act) {
-        auto* entry = new QAction(entryText(text), &menu);
-        menu.insertAction(first, entry);
-        if (act) {
-            on(entry, &QAction::triggered, this, act);
-        } else {
-            entry->setEnabled(false);
-        }
-        return entry;
-    };
-    for (const QString& suggestion : suggestions)
-        add(suggestion, [replace, suggestion] { replace(suggestion); });
-    if (suggestions.isEmpty())
-        add(QStringLiteral("No suggestions"), {});
-    add(QStringLiteral("Add \"%1\" to My Words").arg(word), [this, word] { addOwnWord(word); });
-    menu.insertSeparator(first);
-}
-
 void FrmWeb::RichTextBox1_MenuOpens(QMenu* menu, int position)
 {
     menu->addSeparator();
@@ -184,7 +152,7 @@ void FrmWeb::RichTextBox1_MenuOpens(QMenu* menu, int position)
     const std::optional<MisspeltWord> word = m_sourceSpelling->wordAt(position);
     if (!word)
         return;
-    addSpellingTo(*menu, word->word, m_spelling->speller().suggestions(word->word),
+    addSpellingTo(*menu, *m_spelling, word->word,
                   [this, word = *word](const QString& by) { replaceWord(word, by); });
 }
 
@@ -211,8 +179,9 @@ void FrmWeb::WebBrowser1_MenuWanted(const SurfaceMenu& wanted)
     menu->addMenu(munletters);
     menu->addAction(muncountwords);
     if (!wanted.misspelt.isEmpty()) {
-        addSpellingTo(*menu, wanted.misspelt, wanted.suggestions,
-                      [this](const QString& by) { WebBrowser1->replaceMisspelt(by); });
+        addSpellingTo(
+            *menu, *m_spelling, wanted.misspelt,
+            [this](const QString& by) { WebBrowser1->replaceMisspelt(by); }, wanted.suggestions);
     }
     menu->popup(wanted.place);
 }

@@ -10,9 +10,9 @@
 
 namespace brindlemark {
 
-/// By which languages the program's texts are spelt: those that were chosen for a document, else those that were chosen
-/// last, at first the system's. Dictionaries are read when a word is first judged, and made for the engine when a surface is
-/// first shown.
+/// By which languages the program's texts are spelt: those that were chosen for a document, else those that
+/// were chosen last, at first the system's. Dictionaries are read when a word is first judged, and made for
+/// the engine when a surface is first shown.
 class Spelling : public QObject
 {
     Q_OBJECT
@@ -31,7 +31,8 @@ public:
     const QStringList& languages() const { return m_languages; }
     /// Those whose dictionary could not be read.
     const QStringList& damaged() const { return m_speller.damaged(); }
-    /// Spells by these from now on, also when the document that is open is opened again. They go to the settings.
+    /// Spells by these from now on, also when the document that is open is opened again. They go to the
+    /// settings.
     void choose(const QStringList& languages);
     /// Another document is open; without a file, its path is empty.
     void turnTo(const QString& document);

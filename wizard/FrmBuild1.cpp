@@ -10,6 +10,7 @@
 #include "services/DescriptionHtml.h"
 #include "services/Messages.h"
 #include "services/Profile.h"
+#include "shell/FieldSpelling.h"
 #include "shell/FrmPicture.h"
 #include "wizard/FrmBuild2.h"
 #include "wizard/FrmTerms.h"
@@ -237,6 +238,9 @@ constexpr std::array<ListKey, 3> ListKeys = {{{QLatin1StringView("payments"), &F
 FrmBuild1::FrmBuild1()
 {
     setupUi(this);
+    checkSpellingIn(Text1);
+    checkSpellingIn(Text2);
+    checkSpellingIn(Txtother);
     QPalette grey = palette();
     grey.setColor(QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive})

@@ -17,7 +17,7 @@ using Judge = std::function<bool(const QString& word)>;
 
 /// The words of a text that are not right. What is an address
 /// ("www.", "://", "@", "lamp.jpg") is none, nor is a number.
-std::vector<Word> misspeltWords(const QString& text, const Judge& isRight);
+std::vector<WordPlace> misspeltWords(const QString& text, const Judge& isRight);
 
 /// A misspelt word of a source: its letters, and where they stand, in more than one place if tags stand
 /// between them.

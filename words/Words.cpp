@@ -26,9 +26,9 @@ Iterator iteratorOver(UBreakIteratorType type, QStringView text)
 
 } // namespace
 
-std::vector<Word> wordsOf(QStringView text)
+std::vector<WordPlace> wordsOf(QStringView text)
 {
-    std::vector<Word> words;
+    std::vector<WordPlace> words;
     const Iterator iterator = iteratorOver(UBRK_WORD, text);
     if (!iterator)
         return words;

@@ -7,7 +7,7 @@
 namespace brindlemark {
 
 /// A word of a text, in UTF-16 units.
-struct Word
+struct WordPlace
 {
     qsizetype start = 0;
     qsizetype length = 0;
@@ -15,12 +15,12 @@ struct Word
         false; ///< which dictionaries can judge: no number such as "1,000", no sign of Chinese or Japanese
 
     qsizetype end() const { return start + length; }
-    bool operator==(const Word&) const = default;
+    bool operator==(const WordPlace&) const = default;
 };
 
 /// The words of a text as Unicode's annex 29 cuts them (by ICU, which knows words of scripts without blanks
 /// too): "don't" is one, "hand-made" two, "12in" one.
-std::vector<Word> wordsOf(QStringView text);
+std::vector<WordPlace> wordsOf(QStringView text);
 
 /// How long a text is for its reader.
 struct TextCount

@@ -106,7 +106,7 @@ void TestTextOfHtml::wordsAreCut()
 {
     QFETCH(QString, text);
     QStringList words;
-    for (const Word& word : wordsOf(text)) {
+    for (const WordPlace& word : wordsOf(text)) {
         const QString letters = text.sliced(word.start, word.length);
         words << (word.isInLetters ? letters : u'(' + letters + u')');
     }
