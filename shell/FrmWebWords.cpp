@@ -14,6 +14,7 @@
 
 #include <QMenu>
 #include <QMimeData>
+#include <QShortcut>
 
 namespace brindlemark {
 
@@ -58,7 +59,12 @@ void FrmWeb::connectWords()
     on(munpastehtml, &QAction::triggered, this, &FrmWeb::munpastehtml_Click);
     on(RichTextBox1, &RichTextBox::MenuOpens, this, &FrmWeb::RichTextBox1_MenuOpens);
     on(WebBrowser1, &DocumentSurface::menuWanted, this, &FrmWeb::WebBrowser1_MenuWanted);
-    munspelling_Popup(); // so that its keys work before it was ever shown
+    switchWordTools();
+    const auto addKey = [this](const QKeySequence& keys, QAction* entry) {
+        on(new QShortcut(keys, this), &QShortcut::activated, this, [entry] { entry->trigger(); });
+    };
+    addKey(Qt::Key_F7, munnextmisspelt);
+    addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_V, munpastetext);
 }
 
 /// The entries of the tab that is up.
