@@ -9,12 +9,15 @@
 #include "app/WarmUp.h"
 #include "check/FrmLive.h"
 #include "platform/Doors.h"
+#include "shell/Spelling.h"
 #include "wizard/FrmBuild1.h"
 #include "wizard/FrmBuild2.h"
 
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QKeyEvent>
 #include <QProcess>
+#include <QTimer>
 #include <QWebEngineView>
 #include <Qsci/qsciscintilla.h>
 #include <iostream>
@@ -254,6 +257,36 @@ void measureLiveView()
     view->Unload();
 }
 
+/// A letter in the source with the spelling on, and what follows it when the hand rests.
+void measureSpelling()
+{
+    auto* main = form<FrmWeb>();
+    RichTextBox* source = main->RichTextBox1;
+    const auto open = [source] {
+        source->load(listing(100'000));
+        source->setSelStart(50'000);
+        look();
+    };
+    const auto letter = [source] {
+        typeLetter(source);
+        source->viewport()->repaint();
+    };
+    const auto spelt = [&](const QStringList& languages) {
+        return timed(letter, [=] {
+            main->spelling()->choose(languages);
+            open();
+            QEventLoop rest; // the dictionary is read, and the words in view are marked
+            QTimer::singleShot(600, &rest, &QEventLoop::quit);
+            rest.exec();
+        });
+    };
+    measure({"Program",
+             "A letter in 100 KB, the spelling on",
+             {.most = 11},
+             {{Role::Ours, "en_US", spelt({QStringLiteral("en_US")})}, {Role::Limit, "off", spelt({})}}});
+    main->spelling()->choose({});
+}
+
 void run()
 {
     measure({"Program",
@@ -294,6 +327,7 @@ void run()
                    },
                    inEditor)}}});
     measureLiveView();
+    measureSpelling();
 }
 
 } // namespace

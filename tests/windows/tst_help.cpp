@@ -218,7 +218,7 @@ void collectEntries(const QList<QAction*>& actions, QSet<QString>& captions)
 {
     for (const QAction* action : actions) {
         if (!action->isSeparator())
-            captions << words(action->text());
+            captions << words(action->text().section(u'\t', 0, 0));
         if (action->menu())
             collectEntries(action->menu()->actions(), captions);
     }
