@@ -73,8 +73,11 @@ void EngineDictionaries::make(const std::vector<Dictionary>& dictionaries, const
         return;
     }
     if (!ownWords.empty() && QDir().mkpath(m_folder)) {
-        QByteArray words = QByteArray::number(qsizetype(ownWords.size())) + '\n';
-        for (const QString& word : ownWords)
+        std::set<QString> all = ownWords;
+        all.insert({QStringLiteral("Brindlemark"),
+                    QStringLiteral("Brindlemark's")}); // the tool refuses a single word
+        QByteArray words = QByteArray::number(qsizetype(all.size())) + '\n';
+        for (const QString& word : all)
             words += word.toUtf8() + '\n';
         // The engine reads a dictionary of one name only once.
         const QString name = QStringLiteral("own-%1").arg(qHash(words), 0, 16);

@@ -99,11 +99,10 @@ Speller::~Speller()
 
 void Speller::setDictionaries(const std::vector<Dictionary>& dictionaries)
 {
-    if (m_reader) {
-        m_reader->disconnect(this);
+    if (m_reader)
         m_reader->wait();
-    }
     m_reader.reset();
+    m_read.reset();
     m_books.clear();
     m_damaged.clear();
     m_judged.clear();
@@ -118,7 +117,10 @@ void Speller::setDictionaries(const std::vector<Dictionary>& dictionaries)
                 }
             }
         }));
-        on(m_reader.get(), &QThread::finished, this, &Speller::take);
+        onInner(m_reader.get(), &QThread::finished, this, [this, read = m_read] {
+            if (read == m_read) // else others were wanted since
+                take();
+        });
         m_reader->start();
     }
     emit changed();
@@ -166,7 +168,6 @@ QStringList Speller::suggestions(const QString& word) const
 void Speller::addOwnWord(const QString& word)
 {
     m_ownWords.insert(word);
-    m_judged.remove(word);
     emit changed();
     QByteArray text;
     for (const QString& own : m_ownWords)

@@ -179,6 +179,7 @@ private slots:
     void offAtFirst();
     void underlinesWhatIsMisspelt();
     void wordThatIsBeingTyped();
+    void wordThatIsMendedInFrontOfTheCaret();
     void severalLanguages();
     void languagesAreKept();
     void languagesOfADocument();
@@ -269,6 +270,18 @@ void TestFrmWebWords::wordThatIsBeingTyped()
     QTRY_COMPARE(desk.underlined(), QStringList({"lamq"}));
     desk.type("q ");
     QTRY_COMPARE(desk.underlined(), QStringList({"lamq", "brasq"}));
+}
+
+/// The caret stays where it was.
+void TestFrmWebWords::wordThatIsMendedInFrontOfTheCaret()
+{
+    Desk desk;
+    desk.spellBy({"American English (en)"});
+    desk.write("xlamp brass");
+    QTRY_COMPARE(desk.underlined(), QStringList({"xlamp"}));
+    QTest::keyClick(desk.web->RichTextBox1, Qt::Key_Delete);
+    QCOMPARE(desk.source(), QByteArray("lamp brass"));
+    QTRY_COMPARE(desk.underlined(), QStringList());
 }
 
 void TestFrmWebWords::severalLanguages()
@@ -376,6 +389,9 @@ void TestFrmWebWords::nextMisspelt()
     QCOMPARE(next(), QByteArray("lampp"));
     QCOMPARE(next(), QByteArray("Oh</B>ioo"));
     QCOMPARE(next(), QByteArray("lampp"));
+    desk.write("lampp brass lamqq");
+    QCOMPARE(next(), QByteArray("lampp")); // at the caret itself
+    QCOMPARE(next(), QByteArray("lamqq"));
     desk.write("brass lamp");
     QCOMPARE(next(), QByteArray());
     QCOMPARE(desk.notice(), "No misspelt word was found.");

@@ -143,6 +143,9 @@ void TestSpeller::judges()
     QVERIFY(m_speller->judges());
     for (const char* right : {"lamp", "lamps", "Lamp", "LAMPS", "Ohio", "12in", "lamp2"})
         QVERIFY2(m_speller->isRight(QString::fromLatin1(right)), right);
+    load({dictionary("en", "2\nlamp\ndon't\n")});
+    QVERIFY(m_speller->isRight("don't"));
+    QVERIFY(m_speller->isRight("don\u2019t"));
     for (const char* wrong : {"lmap", "ohio", "brasses"})
         QVERIFY2(!m_speller->isRight(QString::fromLatin1(wrong)), wrong);
 }

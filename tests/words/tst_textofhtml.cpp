@@ -74,6 +74,12 @@ void TestTextOfHtml::places()
     QCOMPARE(at(html, text.places(6, 5)), QList<QByteArray>({"c", "a", "f&eacute;s"}));
     QCOMPARE(at(html, text.places(8, 1)), QList<QByteArray>({"f"}));
     QCOMPARE(at(html, text.places(9, 1)), QList<QByteArray>({"&eacute;"}));
+    const QByteArray marked = "\xEF\xBB\xBFone two";
+    QCOMPARE(at(marked, TextOfHtml(marked, TextEncoding::Utf8).places(0, 3)), QList<QByteArray>({"one"}));
+    const QByteArray longOne = "a&notit;b"; // the reference is "&not"
+    const TextOfHtml ofLongOne(longOne, TextEncoding::Utf8);
+    QCOMPARE(ofLongOne.text(), "a\u00ACit;b");
+    QCOMPARE(at(longOne, ofLongOne.places(2, 1)), QList<QByteArray>({"&notit;"}));
 }
 
 void TestTextOfHtml::placesInWestern()
