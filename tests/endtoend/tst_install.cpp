@@ -290,7 +290,8 @@ void TestInstall::setupAsksForNoCompiler()
     const QString installed = wants(inFolder(QStringLiteral("setup")));
     QVERIFY2(installed.contains(QStringLiteral("libqt6webenginewidgets6")), qPrintable(installed));
     QVERIFY2(installed.contains(QStringLiteral("fonts-liberation")), qPrintable(installed));
-    static const QRegularExpression development(QStringLiteral("-dev(?!-tools)\\b|build-essential|cmake|dompurify"));
+    static const QRegularExpression development(
+        QStringLiteral("-dev(?!-tools)\\b|build-essential|cmake|dompurify"));
     QVERIFY2(!installed.contains(development), qPrintable(installed));
 
     const QString cloned = wants(QStringLiteral(SOURCE_DIR "/setup"));

@@ -460,8 +460,8 @@ public:
     void leaveUncleaned() const
     {
         web->WebBrowser1->write(QStringLiteral("x"));
-        const QString cleaner = QStringLiteral(
-            "html => new DOMParser().parseFromString('<body>' + html, 'text/html').body");
+        const QString cleaner =
+            QStringLiteral("html => new DOMParser().parseFromString('<body>' + html, 'text/html').body");
         if (probe(web->WebBrowser1).evaluate(surfaceCall(QStringLiteral("cleanWith(%1)").arg(cleaner))) !=
             true)
             QTest::qFail("the surface can't be opened to all", __FILE__, __LINE__);
