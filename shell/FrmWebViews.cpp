@@ -139,6 +139,7 @@ void FrmWeb::setDesignTools(bool on)
         if (this->*entry.button != Command16)
             (this->*entry.button)->setEnabled(on);
     }
+    switchWordTools();
 }
 
 void FrmWeb::surfaceCommand(const QString& identifier, const QString& value)

@@ -130,6 +130,10 @@ void FrmWeb::munnextmisspelt_Click()
         tell(QStringLiteral("No language is chosen for the spelling (Tools, Spelling)."));
         return;
     }
+    if (!m_spelling->speller().judges() && m_spelling->damaged().isEmpty()) {
+        tell(QStringLiteral("The dictionaries are still being read; press F7 again in a moment."));
+        return;
+    }
     const int from = RichTextBox1->SelStart() + RichTextBox1->SelLength();
     const std::optional<MisspeltWord> word = m_sourceSpelling->nextFrom(from);
     if (!word) {
@@ -164,31 +168,10 @@ void FrmWeb::RichTextBox1_MenuOpens(QMenu* menu, int position)
 
 void FrmWeb::WebBrowser1_MenuWanted(const SurfaceMenu& wanted)
 {
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [&](const char* text, QKeySequence::StandardKey key, const char* command) {
-        QAction* entry = menu->addAction(QString::fromLatin1(text) + u'\t' +
-                                         QKeySequence(key).toString(QKeySequence::NativeText));
-        on(entry, &QAction::triggered, this,
-           [this, command] { surfaceCommand(QString::fromLatin1(command)); });
-    };
-    add("&Undo", QKeySequence::Undo, "Undo");
-    add("&Redo", QKeySequence::Redo, "Redo");
-    menu->addSeparator();
-    add("Cu&t", QKeySequence::Cut, "Cut");
-    add("&Copy", QKeySequence::Copy, "Copy");
-    add("&Paste", QKeySequence::Paste, "Paste");
-    menu->addActions({munpastetext, munpastelooks});
-    menu->addSeparator();
-    add("Select &All", QKeySequence::SelectAll, "SelectAll");
+    QMenu* menu = menuOf(*WebBrowser1, wanted, this);
     menu->addSeparator();
     menu->addMenu(munletters);
     menu->addAction(muncountwords);
-    if (!wanted.misspelt.isEmpty()) {
-        addSpellingTo(
-            *menu, *m_spelling, wanted.misspelt,
-            [this](const QString& by) { WebBrowser1->replaceMisspelt(by); }, wanted.suggestions);
-    }
     menu->popup(wanted.place);
 }
 

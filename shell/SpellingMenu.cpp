@@ -4,8 +4,11 @@
 
 #include "platform/Events.h"
 #include "platform/RuntimeError.h"
+#include "platform/WaitCursor.h"
 #include "services/Messages.h"
 #include "shell/Spelling.h"
+#include "shell/SurfaceCommands.h"
+#include "web/DocumentSurface.h"
 
 #include <QMenu>
 
@@ -24,6 +27,40 @@ void addOwnWord(Spelling& spelling, const QString& word)
 
 } // namespace
 
+QMenu* menuOf(DocumentSurface& surface, const SurfaceMenu& wanted, QWidget* parent)
+{
+    auto* menu = new QMenu(parent);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](const char* text, const QKeySequence& keys, const std::function<void()>& act) {
+        const QString shown = keys.toString(QKeySequence::NativeText);
+        on(menu->addAction(QString::fromLatin1(text) + (shown.isEmpty() ? shown : u'\t' + shown)),
+           &QAction::triggered, &surface, act);
+    };
+    const auto addCommand = [&](const char* text, QKeySequence::StandardKey key, const char* command) {
+        add(text, key, [&surface, command] { runCommand(surface, QString::fromLatin1(command)); });
+    };
+    const auto addPaste = [&](const char* text, const QKeySequence& keys, PasteWay way) {
+        add(text, keys, [&surface, way] { static_cast<void>(surface.paste(way)); }); // the user sees it
+    };
+    addCommand("&Undo", QKeySequence::Undo, "Undo");
+    addCommand("&Redo", QKeySequence::Redo, "Redo");
+    menu->addSeparator();
+    addCommand("Cu&t", QKeySequence::Cut, "Cut");
+    addCommand("&Copy", QKeySequence::Copy, "Copy");
+    addCommand("&Paste", QKeySequence::Paste, "Paste");
+    addPaste("Paste as Te&xt", Qt::CTRL | Qt::SHIFT | Qt::Key_V, PasteWay::AsText);
+    addPaste("Paste With Its &Looks", {}, PasteWay::WithLooks);
+    menu->addSeparator();
+    addCommand("Select &All", QKeySequence::SelectAll, "SelectAll");
+    Spelling* spelling = loadedSpelling();
+    if (spelling && !wanted.misspelt.isEmpty()) {
+        addSpellingTo(
+            *menu, *spelling, wanted.misspelt, [&surface](const QString& by) { surface.replaceMisspelt(by); },
+            wanted.suggestions);
+    }
+    return menu;
+}
+
 void addSpellingTo(QMenu& menu, Spelling& spelling, const QString& word,
                    const std::function<void(const QString&)>& replace, const QStringList& suggestions)
 {
@@ -35,6 +72,7 @@ void addSpellingTo(QMenu& menu, Spelling& spelling, const QString& word,
         if (act)
             on(entry, &QAction::triggered, &menu, act);
     };
+    const WaitCursor hourglass; // for long words
     const QStringList meant = suggestions.isEmpty() ? spelling.speller().suggestions(word) : suggestions;
     for (const QString& suggestion : meant)
         add(suggestion, [replace, suggestion] { replace(suggestion); });

@@ -12,10 +12,12 @@
 #include "shell/Icons.h"
 #include "shell/ListingEditor.h"
 #include "shell/Spelling.h"
+#include "shell/SpellingMenu.h"
 #include "shell/SurfaceCommands.h"
 #include "wizard/Terms.h"
 
 #include <QFontDatabase>
+#include <QMenu>
 #include <chrono>
 
 namespace brindlemark {
@@ -67,6 +69,7 @@ FrmTerms::FrmTerms()
     setDefaultButton(Command14);
     setCancelButton(Command15);
     on(WebBrowser1, &DocumentSurface::linkRequested, this, &FrmTerms::WebBrowser1_LinkRequested);
+    on(WebBrowser1, &DocumentSurface::menuWanted, this, &FrmTerms::WebBrowser1_MenuWanted);
     on(WebBrowser1, &DocumentSurface::rendererDied, this, &FrmTerms::WebBrowser1_RendererDied);
     KeepTimer.setObjectName(QStringLiteral("KeepTimer"));
     KeepTimer.setSingleShot(true);
@@ -117,6 +120,11 @@ void FrmTerms::Command16_Click()
 void FrmTerms::WebBrowser1_LinkRequested()
 {
     askForLink(*WebBrowser1);
+}
+
+void FrmTerms::WebBrowser1_MenuWanted(const SurfaceMenu& wanted)
+{
+    menuOf(*WebBrowser1, wanted, this)->popup(wanted.place);
 }
 
 void FrmTerms::KeepTimer_Timer()

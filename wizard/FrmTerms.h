@@ -35,6 +35,7 @@ private:
     void Command14_Click();
     void Command16_Click();
     void WebBrowser1_LinkRequested();
+    void WebBrowser1_MenuWanted(const SurfaceMenu& wanted);
     void WebBrowser1_RendererDied();
     void pickColorFor(const QString& command);
     void save();

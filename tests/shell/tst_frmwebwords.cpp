@@ -616,9 +616,10 @@ void TestFrmWebWords::menuOfTheSurface()
     QWidget* input = desk.web->WebBrowser1->inputWidget();
     QTest::mouseClick(input, Qt::RightButton, {}, QPoint(100, 100));
     QTRY_VERIFY(Desk::popup());
-    QVERIFY(Desk::entries(Desk::popup(), 20).contains("Paste With Its Looks"));
+    QVERIFY(Desk::entries(Desk::popup(), 20).contains("Paste With Its &Looks"));
     Desk::popup()->close();
     click(desk.web->Option2); // the design is off
+    QVERIFY(!desk.web->munpastelooks->isEnabled());
     QTest::mouseClick(desk.web->WebBrowser3, Qt::RightButton, {}, QPoint(100, 100));
     QTest::qWait(300);
     QVERIFY(!Desk::popup());
