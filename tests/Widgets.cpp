@@ -9,6 +9,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QMenu>
 #include <QStyleOptionSlider>
 #include <QTest>
 #include <optional>
@@ -54,6 +55,18 @@ void choose(ComboBox* combo, int entry)
     auto* list = combo->view();
     list->setCurrentIndex(combo->model()->index(entry, 0));
     QTest::keyClick(list, Qt::Key_Return);
+}
+
+void takeEntry(QMenu* menu, const QString& text)
+{
+    for (QAction* entry : menu->actions()) {
+        if (entry->text().section(u'\t', 0, 0) == text) {
+            menu->setActiveAction(entry);
+            QTest::keyClick(menu, Qt::Key_Return);
+            return;
+        }
+    }
+    QTest::qFail(qPrintable(QStringLiteral("no entry ") + text), __FILE__, __LINE__);
 }
 
 void overtype(QWidget* field, const QString& text)

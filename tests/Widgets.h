@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStyle>
 
+class QMenu;
 class QAbstractButton;
 class QWidget;
 
@@ -31,6 +32,8 @@ void click(QAbstractButton* button);
 void tick(QAbstractButton* box);
 /// Chooses an entry of a drop-down list with the keyboard.
 void choose(ComboBox* combo, int entry);
+/// Takes the entry with this text, without its key, of an open menu, as keys do.
+void takeEntry(QMenu* menu, const QString& text);
 /// Types a text in place of what a field holds.
 void overtype(QWidget* field, const QString& text);
 

@@ -137,16 +137,6 @@ struct Desk : MainWindow
             texts << (entry->isSeparator() ? QStringLiteral("-") : entry->text().section('\t', 0, 0));
         return texts;
     }
-    static void take(QMenu* menu, const QString& text)
-    {
-        for (QAction* entry : menu->actions()) {
-            if (entry->text().section('\t', 0, 0) == text) {
-                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
-                return;
-            }
-        }
-        QTest::qFail(qPrintable("no entry " + text), __FILE__, __LINE__);
-    }
     void clip(const QString& html, const QString& text)
     {
         auto given = std::make_unique<QMimeData>();
@@ -330,7 +320,7 @@ void TestFrmWebWords::suggestions()
     QMenu* menu = desk.menuAt("lampp");
     QVERIFY(menu);
     QCOMPARE(Desk::entries(menu, 3), QStringList({"lamp", "Add \"lampp\" to My Words", "-"}));
-    Desk::take(menu, "lamp");
+    takeEntry(menu, "lamp");
     QCOMPARE(desk.source(), QByteArray(Misspelt).replace("brass lampp", "brass lamp"));
     desk.web->RichTextBox1->undo();
     QCOMPARE(desk.source(), Misspelt);
@@ -347,7 +337,7 @@ void TestFrmWebWords::suggestionOverTags()
     desk.spellBy({"American English (en)"});
     desk.write(Misspelt);
     QTRY_VERIFY(!desk.underlined().isEmpty());
-    Desk::take(desk.menuAt("ioo"), "Ohio");
+    takeEntry(desk.menuAt("ioo"), "Ohio");
     QCOMPARE(desk.source(), QByteArray(Misspelt).replace("<B>Oh</B>ioo", "<B>Ohio</B>"));
 }
 
@@ -357,7 +347,7 @@ void TestFrmWebWords::ownWords()
     desk.spellBy({"American English (en)"});
     desk.write(Misspelt);
     QTRY_VERIFY(!desk.underlined().isEmpty());
-    Desk::take(desk.menuAt("lampp"), "Add \"lampp\" to My Words");
+    takeEntry(desk.menuAt("lampp"), "Add \"lampp\" to My Words");
     QTRY_COMPARE(desk.underlined(), QStringList({"Oh", "ioo"}));
     QCOMPARE(desk.folder.read("words.txt"), QByteArray("lampp\n"));
 }
@@ -408,9 +398,9 @@ void TestFrmWebWords::western()
                "e Lampe Gr\xF6\xDF"
                "ee Lampe");
     QTRY_COMPARE(desk.underlined(), QStringList({"Gr\u00F6\u00DFee"}));
-    Desk::take(desk.menuAt("Gr\xF6\xDF"
-                           "ee"),
-               "Gr\u00F6\u00DFe");
+    takeEntry(desk.menuAt("Gr\xF6\xDF"
+                          "ee"),
+              "Gr\u00F6\u00DFe");
     QCOMPARE(desk.source(), QByteArray("Gr\xF6\xDF"
                                        "e Lampe Gr\xF6\xDF"
                                        "e Lampe"));
@@ -450,7 +440,7 @@ void TestFrmWebWords::fields()
     QMenu* menu = Desk::popup();
     QVERIFY(menu);
     QCOMPARE(Desk::entries(menu, 2), QStringList({"lamp", "Add \"lampp\" to My Words"}));
-    Desk::take(menu, "lamp");
+    takeEntry(menu, "lamp");
     QCOMPARE(field.text(), "new lamp");
     QTRY_VERIFY(!isUnderlined(&field));
     field.undo();
@@ -479,7 +469,7 @@ void TestFrmWebWords::fieldOfLines()
     QApplication::sendEvent(field.viewport(), &event);
     QMenu* menu = Desk::popup();
     QVERIFY(menu);
-    Desk::take(menu, "lamp");
+    takeEntry(menu, "lamp");
     QCOMPARE(field.toPlainText(), "brass lamp\nnew lamp lamp");
     field.undo();
     QCOMPARE(field.toPlainText(), "brass lamp\nnew lampp lamp");

@@ -66,18 +66,6 @@ struct Desk : MainWindow
             QTest::qFail(qPrintable(entries.join('|')), __FILE__, __LINE__);
         return entries;
     }
-
-    static void take(const QString& text)
-    {
-        QMenu* menu = popup();
-        for (QAction* entry : menu->actions()) {
-            if (entry->text() == text) {
-                QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(entry).center());
-                return;
-            }
-        }
-        QTest::qFail(qPrintable("no entry " + text), __FILE__, __LINE__);
-    }
 };
 
 } // namespace
@@ -96,7 +84,7 @@ void TestSurfaceSpelling::suggestions()
     Desk desk;
     const QStringList entries = desk.entriesOverWord(0, "Add \"lampp\" to My Words");
     QCOMPARE(entries.constFirst(), "lamp");
-    Desk::take("lamp");
+    takeEntry(popup(), "lamp");
     QTRY_VERIFY2(desk.web->WebBrowser1->innerHtml().contains(">lamp</DIV>"),
                  qPrintable(desk.web->WebBrowser1->innerHtml()));
     QVERIFY(desk.web->WebBrowser1->execCommand("Undo"));
@@ -108,7 +96,7 @@ void TestSurfaceSpelling::ownWords()
 {
     Desk desk;
     desk.entriesOverWord(0, "Add \"lampp\" to My Words");
-    Desk::take("Add \"lampp\" to My Words");
+    takeEntry(popup(), "Add \"lampp\" to My Words");
     QCOMPARE(desk.folder.read("words.txt"), QByteArray("lampp\n"));
     desk.showTab(FrmWeb::EditorTab); // written again, it is looked at again
     QTRY_VERIFY(QDir(cache.folder.path() + "/brindlemark/dictionaries").entryList({"own-*.bdic"}).size() ==
