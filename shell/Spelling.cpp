@@ -35,7 +35,7 @@ QStringList languagesOf(const QString& setting)
 {
     if (setting == Off)
         return {};
-    const QStringList named = setting.split(u' ', Qt::SkipEmptyParts);
+    QStringList named = setting.split(u' ', Qt::SkipEmptyParts);
     if (!named.isEmpty())
         return named;
     const QString system = languageOfSystem(installedDictionaries());

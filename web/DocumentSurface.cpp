@@ -379,11 +379,12 @@ void DocumentSurface::insertSoon(const QMimeData& dropped, QPoint place)
 {
     soon(this, [this, text = dropped.text(), html = dropped.html(), place] {
         whenHandlersReturn([self = QPointer<DocumentSurface>(this), text, html, place] {
-            if (self)
+            if (self) {
                 untilDeleted([&] {
                     static_cast<void>(self->insert(text, html, PasteWay::Clean, place));
                 }); // the user sees it
-        });
+            });
+            }
     });
 }
 

@@ -136,7 +136,7 @@ void prepareWebEngine()
 QString engineDictionaries()
 {
     static const QString folder = [] {
-        const QString named = qEnvironmentVariable("QTWEBENGINE_DICTIONARIES_PATH");
+        QString named = qEnvironmentVariable("QTWEBENGINE_DICTIONARIES_PATH");
         if (!named.isEmpty() && !QDir(named).entryList({QStringLiteral("*.bdic")}, QDir::Files).isEmpty())
             return named;
         return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +

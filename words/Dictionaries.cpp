@@ -14,9 +14,10 @@ namespace {
 QStringList dictionaryFolders()
 {
     QStringList folders = qEnvironmentVariable("DICPATH").split(QDir::listSeparator(), Qt::SkipEmptyParts);
-    for (const QString& name : {QStringLiteral("hunspell"), QStringLiteral("myspell/dicts")})
+    for (const QString& name : {QStringLiteral("hunspell"), QStringLiteral("myspell/dicts")}) {
         folders += QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, name,
                                              QStandardPaths::LocateDirectory);
+    }
     return folders;
 }
 
@@ -49,7 +50,7 @@ QString languageName(const QString& code)
 
 QString languageOfSystem(const std::vector<Dictionary>& dictionaries, const QLocale& system)
 {
-    const QString wanted = system.name(); // "en_US"
+    QString wanted = system.name(); // "en_US"
     const QString language = wanted.section(u'_', 0, 0);
     QString found;
     for (const Dictionary& dictionary : dictionaries) {
