@@ -381,10 +381,10 @@ void DocumentSurface::insertSoon(const QMimeData& dropped, QPoint place)
         whenHandlersReturn([self = QPointer<DocumentSurface>(this), text, html, place] {
             if (self) {
                 untilDeleted([&] {
-                    static_cast<void>(self->insert(text, html, PasteWay::Clean, place));
-                }); // the user sees it
-            });
+                    static_cast<void>(self->insert(text, html, PasteWay::Clean, place)); // the user sees it
+                });
             }
+        });
     });
 }
 
