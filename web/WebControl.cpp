@@ -348,7 +348,7 @@ void WebControl::tellNoAddress(const QString& text)
 
 void WebControl::loadingChanged(const QWebEngineLoadingInfo& info)
 {
-    if (m_content != Content::Loaded)
+    if (m_content != Content::Loaded || info.url() == blankAddress()) // the empty page may tell its end late
         return;
     switch (info.status()) {
     case QWebEngineLoadingInfo::LoadStartedStatus:
