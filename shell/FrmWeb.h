@@ -219,6 +219,8 @@ private:
     void switchWordTools();
     void munspelling_Popup();
     void munnextmisspelt_Click();
+    bool selectNextMisspeltInSource();
+    bool selectNextMisspeltOnSurface();
     void muncountwords_Click();
     void munpastetext_Click();
     void munpastelooks_Click();

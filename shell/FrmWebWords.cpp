@@ -4,6 +4,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Events.h"
+#include "platform/WaitCursor.h"
 #include "shell/FrmWeb.h"
 #include "shell/SourceSpelling.h"
 #include "shell/Spelling.h"
@@ -15,6 +16,7 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QShortcut>
+#include <algorithm>
 
 namespace brindlemark {
 
@@ -76,7 +78,7 @@ void FrmWeb::switchWordTools()
         entry->setEnabled(takesText);
     munpastelooks->setEnabled(takesText && !isEditor);
     munpastehtml->setEnabled(isEditor);
-    munnextmisspelt->setEnabled(isEditor);
+    munnextmisspelt->setEnabled(takesText);
 }
 
 // ---- Spelling --------------------------------------------------------------------------------------------
@@ -134,14 +136,35 @@ void FrmWeb::munnextmisspelt_Click()
         tell(QStringLiteral("The dictionaries are still being read; press F7 again in a moment."));
         return;
     }
+    if (!(SSTab1->Tab() == PreviewTab ? selectNextMisspeltOnSurface() : selectNextMisspeltInSource()))
+        tell(QStringLiteral("No misspelt word was found."));
+}
+
+/// False: there is none.
+bool FrmWeb::selectNextMisspeltInSource()
+{
     const int from = RichTextBox1->SelStart() + RichTextBox1->SelLength();
     const std::optional<MisspeltWord> word = m_sourceSpelling->nextFrom(from);
-    if (!word) {
-        tell(QStringLiteral("No misspelt word was found."));
-        return;
-    }
+    if (!word)
+        return false;
     const qsizetype start = word->places.front().start;
     select({start, word->places.back().end() - start});
+    return true;
+}
+
+/// Likewise; the engine tells of a misspelt word only when it is clicked, so that these are the source's
+/// words.
+bool FrmWeb::selectNextMisspeltOnSurface()
+{
+    const WaitCursor hourglass;
+    const SurfaceLetters letters = WebBrowser1->letters();
+    const std::vector<WordPlace> words =
+        misspeltWords(letters.text, [&](const QString& word) { return m_spelling->speller().isRight(word); });
+    if (words.empty())
+        return false;
+    const auto next = std::ranges::lower_bound(words, letters.ahead, {}, &WordPlace::start);
+    const WordPlace& word = next == words.end() ? words.front() : *next;
+    return WebBrowser1->selectLetters(word.start, word.end());
 }
 
 /// Puts a suggestion in the place of a word: over tags, where its first letters stand.

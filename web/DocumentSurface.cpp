@@ -455,6 +455,19 @@ bool DocumentSurface::changeSelection(const std::function<QString(const QString&
     return !text.isEmpty() && succeeds(QStringLiteral("replaceLetters(") + literal(change(text)) + u')');
 }
 
+SurfaceLetters DocumentSurface::letters()
+{
+    makeDocument();
+    waitForKeys();
+    const QVariantList told = call(QStringLiteral("letters()")).value.value_or(QVariant()).toList();
+    return {told.value(0).toString(), told.value(1).toLongLong()};
+}
+
+bool DocumentSurface::selectLetters(qsizetype start, qsizetype end)
+{
+    return succeeds(QStringLiteral("selectLetters(%1, %2)").arg(start).arg(end));
+}
+
 // ---- Keys and drops --------------------------------------------------------------------------------------
 
 void DocumentSurface::sendKeys(const QString& keys)

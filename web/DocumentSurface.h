@@ -21,6 +21,13 @@ enum class PasteWay {
     AsText,    ///< its text
 };
 
+/// The letters of a page, as a reader sees them: U+2029 where a line ends.
+struct SurfaceLetters
+{
+    QString text;
+    qsizetype ahead = 0; ///< of the caret or of the selection's end: how many stand in front of it
+};
+
 /// What a menu over a design surface is wanted for.
 struct SurfaceMenu
 {
@@ -98,6 +105,11 @@ public:
     /// with U+2060, which parts no word, where a format begins or ends, and must leave it there. False:
     /// nothing is selected, or nobody answered.
     [[nodiscard]] bool changeSelection(const std::function<QString(const QString&)>& change);
+    /// What a reader sees, and where the caret is.
+    SurfaceLetters letters();
+    /// Selects letters by their places in what `letters` told last, and brings them into view. False: nobody
+    /// answered.
+    [[nodiscard]] bool selectLetters(qsizetype start, qsizetype end);
     /// The HTML that a paste would insert; empty where it would insert the text.
     QString cleaned(const QString& text, const QString& html);
 

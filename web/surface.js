@@ -68,6 +68,9 @@ const LINE_END = '\u2029';
 /** Elements that end no line. */
 const WITHIN_LINE = /^(?:a|abbr|b|big|cite|code|del|em|font|i|img|ins|kbd|s|small|span|strike|strong|sub|sup|tt|u)$/;
 
+/** Elements whose text nobody sees. */
+const UNSEEN = /^(?:script|style|noscript|template)$/;
+
 /** The text nodes of an element, and LINE_END where a line ends between two of them. */
 function textsOf(element) {
     const walker = document.createTreeWalker(element, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT);
@@ -82,6 +85,8 @@ function textsOf(element) {
     let lineEnded = false;
     while (walker.nextNode()) {
         const node = walker.currentNode;
+        if (UNSEEN.test(node.parentNode.localName))
+            continue;
         if (node instanceof Text) {
             const before = texts[texts.length - 1];
             if (before && (lineEnded || blockOf(before) !== blockOf(node)))
@@ -333,6 +338,43 @@ return {
     },
     cleanWith(cleaner) {
         clean = cleaner;
+        return true;
+    },
+
+    /** The letters of the page, LINE_END between its lines, and how many of them stand in front of the caret or end in the selection. */
+    letters() {
+        reveal();
+        placeCaret();
+        const range = selectedRange();
+        const end = range.endContainer;
+        let letters = '';
+        let ahead = 0;
+        for (const text of textsOf(body())) {
+            if (text === end)
+                ahead = letters.length + range.endOffset;
+            letters += text instanceof Text ? text.data : text;
+            if (text instanceof Text && !(end instanceof Text) && range.comparePoint(text, 0) <= 0)
+                ahead = letters.length;
+        }
+        return [letters, ahead];
+    },
+
+    /** Selects some of the letters that `letters` has told, and brings them into view. */
+    selectLetters(start, end) {
+        const selected = Document.prototype.createRange.call(document);
+        let before = 0;
+        for (const text of textsOf(body())) {
+            if (text instanceof Text && start >= before && start < before + text.length)
+                selected.setStart(text, start - before);
+            if (text instanceof Text && end > before && end <= before + text.length)
+                selected.setEnd(text, end - before);
+            before += text.length;
+        }
+        getSelection().removeAllRanges();
+        getSelection().addRange(selected);
+        const box = selected.getBoundingClientRect();
+        if (box.top < 0 || box.bottom > innerHeight || box.left < 0 || box.right > innerWidth)
+            scrollBy(box.left - innerWidth / 2, box.top - innerHeight / 2);
         return true;
     },
 

@@ -6,10 +6,12 @@
 #include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
+#include "shell/NoticeBar.h"
 #include "shell/Spelling.h"
 
 #include <QApplication>
 #include <QDir>
+#include <QLabel>
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
@@ -77,6 +79,7 @@ class TestSurfaceSpelling : public QObject
 private slots:
     void suggestions();
     void ownWords();
+    void nextMisspelt();
 };
 
 void TestSurfaceSpelling::suggestions()
@@ -106,6 +109,39 @@ void TestSurfaceSpelling::ownWords()
     popup()->close();
     QVERIFY(!desk.entriesOverWord(0, "Select &All").contains("Add \"lampp\" to My Words"));
     popup()->close();
+}
+
+/// By F7, from the caret on and round; what nobody sees is none, and a word of two formats is one.
+void TestSurfaceSpelling::nextMisspelt()
+{
+    Desk desk;
+    desk.showTab(FrmWeb::EditorTab);
+    desk.web->RichTextBox1->setText(
+        "<STYLE>zzyx { color: red }</STYLE><P>A fine lampp of brass.</P><TABLE><TR><TD>right</TD>"
+        "<TD><B>bra</B>sss</TD></TR></TABLE><!-- qqqx --><P title=\"wwwx\">One more "
+        "tabble<BR>lampp &amp; www.vvvx.com</P>"
+        "<DIV style=\"height:3000px\"></DIV><P>eend</P>");
+    desk.showTab(FrmWeb::PreviewTab);
+    DocumentSurface* const surface = desk.web->WebBrowser1;
+    QTRY_VERIFY(surface->inputWidget() && surface->inputWidget()->hasFocus());
+    QTRY_VERIFY(desk.web->spelling()->speller().judges());
+    const auto scrolled = [&] { return probe(*surface).evaluate("scrollY").value_or(QVariant()).toInt(); };
+    const auto press = [&] { QTest::keyClick(surface->inputWidget(), Qt::Key_F7); };
+    for (const char* word : {"lampp", "brasss", "tabble", "lampp", "eend", "lampp", "brasss"}) {
+        press();
+        QCOMPARE(surface->selectedText(), QString::fromLatin1(word));
+        QCOMPARE(scrolled() > 2000, qstrcmp(word, "eend") == 0);
+    }
+    QVERIFY(surface->execCommand("InsertText", "brass")); // what is typed replaces it
+    QVERIFY(surface->innerHtml().contains("<TD><B>brass</B></TD>"));
+    press();
+    QCOMPARE(surface->selectedText(), "tabble");
+    QVERIFY(surface->execCommand("SelectAll"));
+    QVERIFY(surface->execCommand("InsertText", "all is right"));
+    press();
+    auto* const notices = desk.web->findChild<NoticeBar*>();
+    QVERIFY(notices->isVisible());
+    QCOMPARE(notices->findChild<QLabel*>()->text(), "No misspelt word was found.");
 }
 
 WEB_TEST_MAIN(TestSurfaceSpelling)
