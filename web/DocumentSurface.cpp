@@ -504,6 +504,10 @@ bool DocumentSurface::actOnKey(const QKeyEvent& key)
         emit linkRequested();
         return true;
     }
+    if (key.keyCombination() == (Qt::CTRL | Qt::SHIFT | Qt::Key_V)) {
+        static_cast<void>(paste(PasteWay::AsText)); // the user sees it
+        return true;
+    }
     struct Command
     {
         QKeySequence::StandardKey sequence;

@@ -4,12 +4,15 @@
 #include "ScriptedDoors.h"
 #include "WebProbe.h"
 #include "WebTestMain.h"
+#include "Widgets.h"
 #include "platform/RuntimeError.h"
 #include "shell/SurfaceCommands.h"
 #include "wizard/FrmTerms.h"
 #include "wizard/Terms.h"
 
 #include <QDir>
+#include <QMenu>
+#include <QMimeData>
 #include <csignal>
 
 using namespace brindlemark;
@@ -29,11 +32,6 @@ QString bodyOf(FrmTerms* editor)
     const QString html = editor->WebBrowser1->innerHtml();
     const qsizetype begin = html.indexOf(QLatin1String("<BODY>")) + 6;
     return html.mid(begin, html.indexOf(QLatin1String("</BODY>")) - begin).remove(QLatin1String("\r\n"));
-}
-
-void click(QAbstractButton* button)
-{
-    QTest::mouseClick(button, Qt::LeftButton);
 }
 
 } // namespace
@@ -76,6 +74,7 @@ private slots:
     void openEditorTurnsToTheOtherFile();
     void captionIsForTheEye();
     void typingGoesIntoTheTerms();
+    void menuAndKeysPaste();
     void failedWrite_data();
     void failedWrite();
     void lostRenderer();
@@ -535,6 +534,41 @@ void TestFrmTerms::typingGoesIntoTheTerms()
         const QWidget* surface = editor->WebBrowser1;
         QVERIFY(surface == editor->focusWidget() || surface->isAncestorOf(editor->focusWidget()));
     }
+}
+
+/// As they are, as text, and with their looks.
+void TestFrmTerms::menuAndKeysPaste()
+{
+    const ScriptedDoors desktop;
+    const auto copied = [] {
+        auto clip = std::make_unique<QMimeData>();
+        clip->setText(QStringLiteral("cash"));
+        clip->setHtml(QStringLiteral("<p class=MsoNormal style='color:red'><b>cash</b></p>"));
+        return clip;
+    };
+    m_folder->write(QStringLiteral("weblst.ini"), "<BODY><P>pay</P></BODY>");
+    openTerms(0);
+    auto* editor = form<FrmTerms>();
+    QVERIFY(QTest::qWaitForWindowActive(editor));
+    QTRY_VERIFY(editor->WebBrowser1->inputWidget());
+    const auto popup = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
+    const auto take = [&](const char* entry) {
+        QTest::mouseClick(editor->WebBrowser1->inputWidget(), Qt::RightButton, {}, QPoint(60, 100));
+        QVERIFY(QTest::qWaitFor([&] { return popup() != nullptr; }));
+        takeEntry(popup(), QString::fromLatin1(entry));
+    };
+    doors().setClipboard(copied());
+    take("Select &All");
+    QTest::keyClick(editor->WebBrowser1->inputWidget(), Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
+    QTRY_COMPARE(bodyOf(editor), QStringLiteral("<P>cash</P>"));
+    take("&Undo");
+    QTRY_COMPARE(bodyOf(editor), QStringLiteral("<P>pay</P>"));
+    take("Select &All");
+    take("&Paste");
+    QTRY_COMPARE(bodyOf(editor), QStringLiteral("<P><B>cash</B></P>"));
+    take("Select &All");
+    take("Paste With Its &Looks");
+    QTRY_VERIFY2(bodyOf(editor).contains(QStringLiteral("red")), qPrintable(bodyOf(editor)));
 }
 
 void TestFrmTerms::failedWrite_data()
