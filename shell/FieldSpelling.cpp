@@ -16,13 +16,15 @@
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTimer>
+#include <algorithm>
 #include <memory>
 
 namespace brindlemark {
 
 namespace {
 
-constexpr int FieldRest = 300; // ms
+constexpr int FieldRest = 300;         // ms
+constexpr qsizetype AroundView = 1000; // characters: what is cut there is out of sight
 
 QTextCharFormat misspeltFormat()
 {
@@ -52,6 +54,8 @@ protected:
     virtual void mark(const std::vector<WordPlace>& words) = 0;
     virtual void replace(const WordPlace& word, const QString& by) = 0;
     virtual QMenu* usualMenu() const = 0;
+    /// The place in the text of what is in view, with some words around it.
+    virtual WordPlace view() const { return {0, text().size()}; }
 
     void rest() { m_rest.start(); }
     /// Somebody is writing a word as long as the caret stays behind it.
@@ -90,9 +94,14 @@ private:
             m_hears = true;
             onInner(spelling, &Spelling::changed, this, [this] { m_rest.start(); });
         }
-        return speller.judges()
-                   ? misspeltWords(text(), [&](const QString& word) { return speller.isRight(word); })
-                   : std::vector<WordPlace>();
+        if (!speller.judges())
+            return {};
+        const WordPlace stretch = view();
+        std::vector<WordPlace> words =
+            misspeltWords(text().sliced(stretch.start, stretch.length), spelling->judge());
+        for (WordPlace& word : words)
+            word.start += stretch.start;
+        return words;
     }
 
     void markAnew()
@@ -184,6 +193,10 @@ public:
             rest();
         });
         onInner(field, &QPlainTextEdit::cursorPositionChanged, this, [this] { rest(); });
+        onInner(field, &QPlainTextEdit::updateRequest, this, [this](const QRect&, int scrolled) {
+            if (scrolled != 0)
+                rest();
+        });
     }
 
 protected:
@@ -192,6 +205,13 @@ protected:
     qsizetype placeAt(QPoint point) const override { return m_text->cursorForPosition(point).position(); }
     QPoint caretPoint() const override { return m_text->cursorRect().bottomLeft(); }
     QMenu* usualMenu() const override { return m_text->createStandardContextMenu(); }
+    WordPlace view() const override
+    {
+        const QRect seen = m_text->viewport()->rect();
+        const qsizetype start = std::max<qsizetype>(0, placeAt(seen.topLeft()) - AroundView);
+        const qsizetype end = std::min(placeAt(seen.bottomRight()) + AroundView, text().size());
+        return {start, end - start};
+    }
 
     void mark(const std::vector<WordPlace>& words) override
     {

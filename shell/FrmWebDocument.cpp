@@ -310,8 +310,10 @@ SaveResult FrmWeb::saveAs()
         return SaveResult::Cancelled;
 
     const SaveResult result = write(dialog.FileName);
-    if (result == SaveResult::Saved)
+    if (result == SaveResult::Saved) {
+        m_spelling->follow(m_document->name());
         setCaption(dialog.FileTitle);
+    }
     return result;
 }
 

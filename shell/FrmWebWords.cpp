@@ -15,6 +15,7 @@
 
 #include <QMenu>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QShortcut>
 #include <algorithm>
 
@@ -91,6 +92,7 @@ void FrmWeb::munspelling_Popup()
         if (entry != munnextmisspelt)
             entry->deleteLater();
     }
+    m_spelling->lookAnew();
     const QStringList installed = Spelling::installed();
     for (const QString& language : installed) {
         QAction* entry = munspelling->addAction(entryText(languageName(language)));
@@ -113,7 +115,7 @@ void FrmWeb::munspelling_Popup()
         munspelling->addAction(QStringLiteral("The dictionary %1 can't be read").arg(entryText(damaged)))
             ->setEnabled(false);
     }
-    if (!installed.isEmpty() && !EngineDictionaries::canMake()) {
+    if (!std::ranges::all_of(installed, &EngineDictionaries::canHave)) {
         munspelling->addAction(QStringLiteral("For the design surface install qt6-webengine-dev-tools"))
             ->setEnabled(false);
     }
@@ -132,8 +134,11 @@ void FrmWeb::munnextmisspelt_Click()
         tell(QStringLiteral("No language is chosen for the spelling (Tools, Spelling)."));
         return;
     }
-    if (!m_spelling->speller().judges() && m_spelling->damaged().isEmpty()) {
-        tell(QStringLiteral("The dictionaries are still being read; press F7 again in a moment."));
+    if (!m_spelling->speller().judges()) {
+        tell(m_spelling->speller().isReading()
+                 ? QStringLiteral("The dictionaries are still being read; press F7 again in a moment.")
+                 : QStringLiteral("The dictionary of the chosen language is missing or can't be read (Tools, "
+                                  "Spelling)."));
         return;
     }
     if (!(SSTab1->Tab() == PreviewTab ? selectNextMisspeltOnSurface() : selectNextMisspeltInSource()))
@@ -158,13 +163,8 @@ bool FrmWeb::selectNextMisspeltOnSurface()
 {
     const WaitCursor hourglass;
     const SurfaceLetters letters = WebBrowser1->letters();
-    const std::vector<WordPlace> words =
-        misspeltWords(letters.text, [&](const QString& word) { return m_spelling->speller().isRight(word); });
-    if (words.empty())
-        return false;
-    const auto next = std::ranges::lower_bound(words, letters.ahead, {}, &WordPlace::start);
-    const WordPlace& word = next == words.end() ? words.front() : *next;
-    return WebBrowser1->selectLetters(word.start, word.end());
+    const std::optional<WordPlace> word = nextMisspelt(letters.text, letters.ahead, m_spelling->judge());
+    return word && WebBrowser1->selectLetters(word->start, word->end());
 }
 
 /// Puts a suggestion in the place of a word: over tags, where its first letters stand.
@@ -209,13 +209,14 @@ void FrmWeb::muncountwords_Click()
         text = WebBrowser1->selectedText();
         isAll = text.isEmpty();
         if (isAll)
-            text = TextOfHtml(readSurface(WebBrowser1).toUtf8(), TextEncoding::Utf8).text();
+            text = TextOfHtml(readSurface(WebBrowser1).toUtf8(), TextEncoding::Utf8).textOnPage();
     } else {
         isAll = RichTextBox1->SelLength() == 0;
         const TextRange stretch = isAll ? TextRange{0, RichTextBox1->TextLength()} : selection();
-        text = TextOfHtml(RichTextBox1->textForNow(), RichTextBox1->textEncoding(), stretch).text();
+        text = TextOfHtml(RichTextBox1->textForNow(), RichTextBox1->textEncoding(), stretch).textOnPage();
     }
-    const TextCount count = countText(text.trimmed());
+    static const QRegularExpression blanks(QStringLiteral("[ \\t\\r\\n\\f]+")); // a page shows one
+    const TextCount count = countText(text.replace(blanks, QStringLiteral(" ")).trimmed());
     tell(QStringLiteral("%1: %2, %3.")
              .arg(isAll ? QStringLiteral("The page") : QStringLiteral("The selection"),
                   counted(count.words, QStringLiteral("word")),

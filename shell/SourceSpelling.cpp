@@ -17,7 +17,8 @@ namespace {
 constexpr int Rest = 300;                        // ms
 constexpr qsizetype LongestChecked = 20'000'000; // bytes: what a longer text is can't be read in a moment
 constexpr qsizetype LongestView = 100'000;       // bytes: one line may hold all of the text
-constexpr qsizetype AroundWord = 300;            // bytes
+constexpr qsizetype AroundView = 1000;           // bytes: a word at its edge, in lines that go on outside
+constexpr qsizetype AroundWord = 4000;           // bytes: a letter of a faded word has thirty
 
 TextRange around(int position, qsizetype length)
 {
@@ -51,15 +52,17 @@ void SourceSpelling::noteCaret()
     m_rest.start();
 }
 
+bool SourceSpelling::isChecked() const
+{
+    return m_box.TextLength() <= LongestChecked && !m_spelling.languages().isEmpty() &&
+           m_spelling.speller().judges();
+}
+
 std::vector<MisspeltWord> SourceSpelling::wordsIn(const TextRange& stretch) const
 {
-    if (m_box.TextLength() > LongestChecked || m_spelling.languages().isEmpty())
+    if (!isChecked())
         return {};
-    const Speller& speller = m_spelling.speller();
-    if (!speller.judges())
-        return {};
-    return misspeltWords(m_box.textForNow(), m_box.textEncoding(), stretch,
-                         [&](const QString& word) { return speller.isRight(word); });
+    return misspeltWords(m_box.textForNow(), m_box.textEncoding(), stretch, m_spelling.judge());
 }
 
 /// Whether somebody is still writing a word.
@@ -72,8 +75,10 @@ void SourceSpelling::mark()
 {
     if (m_box.isEmpty() || !m_box.isVisible())
         return;
-    TextRange stretch = m_box.inView();
-    stretch.length = std::min(stretch.length, LongestView);
+    const TextRange view = m_box.inView();
+    const qsizetype start = std::max<qsizetype>(0, view.start - AroundView);
+    const qsizetype end = std::min({m_box.TextLength(), view.end() + AroundView, start + LongestView});
+    const TextRange stretch{start, end - start};
     std::vector<TextRange> places;
     for (const MisspeltWord& word : wordsIn(stretch)) {
         if (!isTypedAt(word))
@@ -96,12 +101,9 @@ std::optional<MisspeltWord> SourceSpelling::wordAt(int position) const
 std::optional<MisspeltWord> SourceSpelling::nextFrom(int position) const
 {
     const WaitCursor hourglass;
-    const std::vector<MisspeltWord> words = wordsIn({0, m_box.TextLength()});
-    if (words.empty())
+    if (!isChecked())
         return std::nullopt;
-    const auto next = std::ranges::find_if(
-        words, [&](const MisspeltWord& word) { return word.places.front().start >= position; });
-    return next == words.end() ? words.front() : *next;
+    return nextMisspelt(m_box.textForNow(), m_box.textEncoding(), position, m_spelling.judge());
 }
 
 } // namespace brindlemark

@@ -31,6 +31,7 @@ private:
     void noteChange();
     void noteCaret();
     void mark();
+    bool isChecked() const;
     std::vector<MisspeltWord> wordsIn(const TextRange& stretch) const;
     bool isTypedAt(const MisspeltWord& word) const;
 

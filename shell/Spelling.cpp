@@ -8,6 +8,7 @@
 #include "web/WebEngine.h"
 
 #include <QCryptographicHash>
+#include <QScopeGuard>
 #include <algorithm>
 
 namespace brindlemark {
@@ -45,7 +46,9 @@ QStringList languagesOf(const QString& setting)
 } // namespace
 
 Spelling::Spelling(QObject* parent)
-    : QObject(parent), m_speller(appFile(DataFile::OwnWords)), m_engine(engineDictionaries())
+    : QObject(parent), m_speller(appFile(DataFile::OwnWords)),
+      m_engine(engineDictionaries(), ownsEngineDictionaries() ? EngineDictionaries::Owner::Program
+                                                              : EngineDictionaries::Owner::User)
 {
     connect(&m_speller, &Speller::changed, this, &Spelling::changed);
     onInner(&m_engine, &EngineDictionaries::made, this, [](const QStringList& names) { setSpelling(names); });
@@ -61,12 +64,29 @@ Speller& Spelling::speller()
     return m_speller;
 }
 
+Judge Spelling::judge()
+{
+    return [this](const QString& word) { return speller().isRight(word); };
+}
+
+void Spelling::lookAnew()
+{
+    if (dictionaries() != m_read)
+        begin();
+}
+
 void Spelling::startOnSurfaces()
 {
     if (m_isOnSurfaces)
         return;
     m_isOnSurfaces = true;
     if (!m_languages.isEmpty())
+        makeForSurfaces();
+}
+
+void Spelling::makeForSurfaces()
+{
+    if (m_isOnSurfaces)
         m_engine.make(dictionaries(), m_speller.ownWords());
 }
 
@@ -87,10 +107,10 @@ std::vector<Dictionary> Spelling::dictionaries() const
 
 void Spelling::begin()
 {
+    m_read = dictionaries();
     if (m_isUsed)
-        m_speller.setDictionaries(dictionaries());
-    if (m_isOnSurfaces)
-        m_engine.make(dictionaries(), m_speller.ownWords());
+        m_speller.setDictionaries(m_read);
+    makeForSurfaces();
 }
 
 void Spelling::take(const QStringList& languages)
@@ -104,6 +124,7 @@ void Spelling::take(const QStringList& languages)
 void Spelling::choose(const QStringList& languages)
 {
     WriteProfile(Section, LanguagesKey, settingOf(languages), webIni());
+    m_isOfDocument = true;
     if (!m_document.isEmpty())
         WriteProfile(Section, keyOf(m_document), settingOf(languages), webIni());
     take(languages);
@@ -112,16 +133,23 @@ void Spelling::choose(const QStringList& languages)
 void Spelling::turnTo(const QString& document)
 {
     m_document = document;
-    const QString own = document.isEmpty() ? QString() : ReadProfile(Section, keyOf(document), webIni());
-    if (!own.isEmpty())
-        take(languagesOf(own));
+    QString own = document.isEmpty() ? QString() : ReadProfile(Section, keyOf(document), webIni());
+    m_isOfDocument = !own.isEmpty();
+    if (!m_isOfDocument)
+        own = ReadProfile(Section, LanguagesKey, webIni());
+    take(languagesOf(own));
+}
+
+void Spelling::follow(const QString& document)
+{
+    if (m_isOfDocument)
+        WriteProfile(Section, keyOf(document), settingOf(m_languages), webIni());
 }
 
 void Spelling::addOwnWord(const QString& word)
 {
+    const auto forSurfaces = qScopeGuard([this] { makeForSurfaces(); }); // also when it can't be kept
     m_speller.addOwnWord(word);
-    if (m_isOnSurfaces)
-        m_engine.make(dictionaries(), m_speller.ownWords());
 }
 
 } // namespace brindlemark

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "words/EngineDictionaries.h"
+#include "words/MisspeltWords.h"
 #include "words/Speller.h"
 
 #include <QObject>
@@ -22,6 +23,10 @@ public:
 
     /// Judges by the languages, from some moment after it was first asked for.
     Speller& speller();
+    /// What is right by it.
+    Judge judge();
+    /// Reads dictionaries that were installed, changed their place or went since they were read.
+    void lookAnew();
     /// Has the surfaces checked too, as soon as dictionaries are there for them.
     void startOnSurfaces();
 
@@ -36,6 +41,8 @@ public:
     void choose(const QStringList& languages);
     /// Another document is open; without a file, its path is empty.
     void turnTo(const QString& document);
+    /// The document that is open is saved under another path: its languages go with it.
+    void follow(const QString& document);
     /// Makes a word right for all checks. Throws RuntimeError when it can't be kept.
     void addOwnWord(const QString& word);
 
@@ -47,11 +54,14 @@ private:
     void take(const QStringList& languages);
     void begin();
     std::vector<Dictionary> dictionaries() const;
+    void makeForSurfaces();
 
     Speller m_speller;
     EngineDictionaries m_engine;
     QStringList m_languages;
+    std::vector<Dictionary> m_read; // last
     QString m_document;
+    bool m_isOfDocument = false; // the languages were chosen for it
     bool m_isUsed = false;
     bool m_isOnSurfaces = false;
 };

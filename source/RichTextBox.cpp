@@ -396,12 +396,8 @@ int RichTextBox::Find(const QByteArray& text, int start, int end, FindOptions op
 
 RichTextBox::Range RichTextBox::inView() const
 {
-    const long first = send(SCI_DOCLINEFROMVISIBLE, send(SCI_GETFIRSTVISIBLELINE));
-    const long last =
-        send(SCI_DOCLINEFROMVISIBLE, send(SCI_GETFIRSTVISIBLELINE) + send(SCI_LINESONSCREEN) + 1);
-    const qsizetype start = send(SCI_POSITIONFROMLINE, first);
-    const qsizetype end =
-        last + 1 < send(SCI_GETLINECOUNT) ? send(SCI_POSITIONFROMLINE, last + 1) : innerLength();
+    const qsizetype start = send(SCI_POSITIONFROMPOINT, 0, 0);
+    const qsizetype end = send(SCI_POSITIONFROMPOINT, viewport()->width(), viewport()->height());
     return {fromInner(start), fromInner(end) - fromInner(start)};
 }
 
@@ -543,6 +539,14 @@ void RichTextBox::notifySoon()
 {
     if (m_steps == 0 && !m_notifyTimer.isActive())
         m_notifyTimer.start();
+}
+
+void RichTextBox::resizeEvent(QResizeEvent* event)
+{
+    guardedCall([&] {
+        QsciScintillaBase::resizeEvent(event);
+        emit Scrolled();
+    });
 }
 
 void RichTextBox::onUpdate(int updated)

@@ -98,7 +98,7 @@ public:
     /// Scrolls until the line of a place is the uppermost one, as far as there is text below.
     void bringToTop(qsizetype place);
 
-    /// The lines that are in view, as a stretch of the text.
+    /// From the first character that is in view to the last one, as a stretch of the text.
     TextRange inView() const;
     /// Underlines words of a stretch of the text as misspelt, in their order, and takes that mark from all
     /// others there. An edit moves the marks with the text. They are no part of it.
@@ -157,7 +157,7 @@ signals:
     void Change();
     /// `SelStart` or `SelLength` has changed; after `Change` when both have.
     void SelChange();
-    /// Other lines have come into view. Comes with the next painting.
+    /// Other lines have come into view, or may have. Comes with the next painting, and with another size.
     void Scrolled();
     /// The left mouse button was pressed and released in the box.
     void Click();
@@ -171,6 +171,7 @@ signals:
 protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;

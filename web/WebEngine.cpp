@@ -133,16 +133,26 @@ void prepareWebEngine()
     QWebEngineUrlScheme::registerScheme(scheme);
 }
 
+static QString ownDictionaries()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
+           QStringLiteral("/brindlemark/dictionaries");
+}
+
 QString engineDictionaries()
 {
     static const QString folder = [] {
         QString named = qEnvironmentVariable("QTWEBENGINE_DICTIONARIES_PATH");
         if (!named.isEmpty() && !QDir(named).entryList({QStringLiteral("*.bdic")}, QDir::Files).isEmpty())
             return named;
-        return QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) +
-               QStringLiteral("/brindlemark/dictionaries");
+        return ownDictionaries();
     }();
     return folder;
+}
+
+bool ownsEngineDictionaries()
+{
+    return engineDictionaries() == ownDictionaries();
 }
 
 void setSpelling(const QStringList& names)

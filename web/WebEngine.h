@@ -52,6 +52,8 @@ QString engineVersions();
 /// Where the engine looks for its dictionaries (".bdic"): the folder that QTWEBENGINE_DICTIONARIES_PATH
 /// names, if some are there, else one of the program's own in the user's cache, which need not be there yet.
 QString engineDictionaries();
+/// Whether that is the program's own.
+bool ownsEngineDictionaries();
 
 /// Has all design surfaces checked by these dictionaries, such as "en_US" for "en_US.bdic"; none: they are
 /// not checked.

@@ -31,6 +31,11 @@ QString shipped(const QString& language)
                                   QStringLiteral("hunspell-bdic/") + language + QStringLiteral(".bdic"));
 }
 
+bool canMake()
+{
+    return QFileInfo(tool()).isExecutable();
+}
+
 bool isUpToDate(const QString& path, const QString& source)
 {
     const QFileInfo file(path);
@@ -39,8 +44,8 @@ bool isUpToDate(const QString& path, const QString& source)
 
 } // namespace
 
-EngineDictionaries::EngineDictionaries(QString folder, QObject* parent)
-    : QObject(parent), m_folder(std::move(folder))
+EngineDictionaries::EngineDictionaries(QString folder, Owner owner, QObject* parent)
+    : QObject(parent), m_folder(std::move(folder)), m_owner(owner)
 {
     m_tool.setStandardOutputFile(QProcess::nullDevice());
     m_tool.setStandardErrorFile(QProcess::nullDevice());
@@ -54,9 +59,9 @@ EngineDictionaries::~EngineDictionaries()
     m_tool.waitForFinished();
 }
 
-bool EngineDictionaries::canMake()
+bool EngineDictionaries::canHave(const QString& language)
 {
-    return QFileInfo(tool()).isExecutable();
+    return canMake() || !shipped(language).isEmpty();
 }
 
 QString EngineDictionaries::path(const QString& name, const char* ending) const
@@ -68,6 +73,7 @@ void EngineDictionaries::make(const std::vector<Dictionary>& dictionaries, const
 {
     m_wanted = dictionaries;
     m_made.clear();
+    m_name.clear(); // what the tool is at now is for nobody
     if (m_wanted.empty()) {
         emit made({});
         return;
@@ -85,12 +91,23 @@ void EngineDictionaries::make(const std::vector<Dictionary>& dictionaries, const
             writeFile(path(name, ".aff"), "SET UTF-8\n");
             writeFile(path(name, ".dic"), words);
             m_wanted.push_back({name, path(name, ".aff"), path(name, ".dic")});
+            removeFormer(name);
         } catch (const RuntimeError&) {
             // A full disk: the engine finds the user's own words misspelt.
         }
     }
     if (m_tool.state() == QProcess::NotRunning)
         next();
+}
+
+/// The files of the words that the user had before.
+void EngineDictionaries::removeFormer(const QString& ownName) const
+{
+    const QDir folder(m_folder);
+    for (const QString& file : folder.entryList({QStringLiteral("own-*")}, QDir::Files)) {
+        if (!file.startsWith(ownName + u'.'))
+            QFile::remove(folder.filePath(file));
+    }
 }
 
 /// Goes on with what is still wanted.
@@ -100,16 +117,20 @@ void EngineDictionaries::next()
         const Dictionary dictionary = m_wanted.back();
         m_wanted.pop_back();
         const QString result = path(dictionary.language, ".bdic");
-        if (const QString copy = shipped(dictionary.language); !copy.isEmpty() && !isUpToDate(result, copy)) {
+        const bool isUsers = m_owner == Owner::User && QFileInfo(result).size() > 0;
+        if (const QString copy = shipped(dictionary.language);
+            !isUsers && !copy.isEmpty() && !isUpToDate(result, copy)) {
             QDir().mkpath(m_folder);
             QFile::remove(result);
             QFile::copy(copy, result);
         }
-        if (isUpToDate(result, dictionary.words)) {
+        if (isUsers || isUpToDate(result, dictionary.words)) {
             m_made.prepend(dictionary.language);
         } else if (canMake() && QDir().mkpath(m_folder)) {
             convert(dictionary.language, dictionary.words);
             return;
+        } else if (QFileInfo(result).size() > 0) {
+            m_made.prepend(dictionary.language); // an older one is better than none
         }
     }
     emit made(m_made);
@@ -124,13 +145,18 @@ void EngineDictionaries::convert(const QString& name, const QString& words)
 /// The tool ends with a crash over some damaged dictionaries.
 void EngineDictionaries::converted(int exitCode, QProcess::ExitStatus status)
 {
-    const QString result = path(m_name, ".bdic");
-    if (status == QProcess::NormalExit && exitCode == 0 && QFileInfo(path(m_name, ".new")).size() > 0) {
+    const QString name = std::exchange(m_name, QString());
+    if (name.isEmpty()) {
+        next();
+        return;
+    }
+    const QString result = path(name, ".bdic");
+    if (status == QProcess::NormalExit && exitCode == 0 && QFileInfo(path(name, ".new")).size() > 0) {
         QFile::remove(result);
-        if (QFile::rename(path(m_name, ".new"), result))
-            m_made.prepend(m_name);
+        if (QFile::rename(path(name, ".new"), result))
+            m_made.prepend(name);
     } else {
-        QFile::remove(path(m_name, ".new"));
+        QFile::remove(path(name, ".new"));
     }
     next();
 }

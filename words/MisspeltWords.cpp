@@ -26,39 +26,62 @@ std::vector<WordPlace> addressesOf(const QString& text)
     return found;
 }
 
+/// The words of a text that dictionaries can judge.
+std::vector<WordPlace> wordsToJudge(const QString& text)
+{
+    const std::vector<WordPlace> addresses = addressesOf(text);
+    std::vector<WordPlace> words = wordsOf(text);
+    std::erase_if(words, [&](const WordPlace& word) {
+        const auto address = std::ranges::upper_bound(addresses, word.start, {}, &WordPlace::end);
+        return !word.isInLetters || (address != addresses.end() && address->start <= word.start);
+    });
+    return words;
+}
+
+MisspeltWord wordOf(const TextOfHtml& text, const WordPlace& word)
+{
+    return {text.text().sliced(word.start, word.length), text.places(word.start, word.length)};
+}
+
 } // namespace
 
 std::vector<WordPlace> misspeltWords(const QString& text, const Judge& isRight)
 {
-    const std::vector<WordPlace> addresses = addressesOf(text);
-    const auto isInAddress = [&](const WordPlace& word) {
-        const auto address = std::ranges::upper_bound(addresses, word.start, {}, &WordPlace::end);
-        return address != addresses.end() && address->start <= word.start;
-    };
-    std::vector<WordPlace> wrong;
-    for (const WordPlace& word : wordsOf(text)) {
-        if (word.isInLetters && !isInAddress(word) && !isRight(text.sliced(word.start, word.length)))
-            wrong.push_back(word);
-    }
-    return wrong;
+    std::vector<WordPlace> words = wordsToJudge(text);
+    std::erase_if(words,
+                  [&](const WordPlace& word) { return isRight(text.sliced(word.start, word.length)); });
+    return words;
+}
+
+std::optional<WordPlace> nextMisspelt(const QString& text, qsizetype from, const Judge& isRight)
+{
+    std::vector<WordPlace> words = wordsToJudge(text);
+    std::ranges::rotate(words, std::ranges::lower_bound(words, from, {}, &WordPlace::start));
+    const auto wrong = std::ranges::find_if(
+        words, [&](const WordPlace& word) { return !isRight(text.sliced(word.start, word.length)); });
+    return wrong == words.end() ? std::nullopt : std::optional(*wrong);
 }
 
 std::vector<MisspeltWord> misspeltWords(QByteArrayView html, TextEncoding encoding, const TextRange& stretch,
                                         const Judge& isRight)
 {
     const TextOfHtml text(html, encoding, stretch);
-    const auto isLetter = [&](qsizetype place) {
-        return place >= 0 && place < html.size() && !QByteArrayView(" \t\r\n<>&").contains(html[place]);
-    };
     std::vector<MisspeltWord> words;
     for (const WordPlace& word : misspeltWords(text.text(), isRight)) {
-        std::vector<TextRange> places = text.places(word.start, word.length);
-        const bool cutInFront = places.front().start == stretch.start && isLetter(stretch.start - 1);
-        const bool cutBehind = places.back().end() == stretch.end() && isLetter(stretch.end());
-        if (!cutInFront && !cutBehind)
-            words.push_back({text.text().sliced(word.start, word.length), std::move(places)});
+        const bool isCut = (text.isCutInFront() && word.start == 0) ||
+                           (text.isCutBehind() && word.end() == text.text().size());
+        if (!isCut)
+            words.push_back(wordOf(text, word));
     }
     return words;
+}
+
+std::optional<MisspeltWord> nextMisspelt(QByteArrayView html, TextEncoding encoding, qsizetype from,
+                                         const Judge& isRight)
+{
+    const TextOfHtml text(html, encoding);
+    const std::optional<WordPlace> word = nextMisspelt(text.text(), text.unitAt(from), isRight);
+    return word ? std::optional(wordOf(text, *word)) : std::nullopt;
 }
 
 } // namespace brindlemark

@@ -4,12 +4,14 @@
 
 #include "platform/Events.h"
 #include "platform/Files.h"
+#include "platform/RuntimeError.h"
 #include "words/Dictionaries.h"
 
 #include <QFile>
 #include <algorithm>
 #include <array>
 #include <hunspell.hxx>
+#include <unicode/ucnv.h>
 #include <unicode/unistr.h>
 
 namespace brindlemark {
@@ -32,17 +34,28 @@ bool isListOfWords(const QString& path)
     return first.trimmed().toInt(&isNumber) > 0 && isNumber && !file.readLine(1000).trimmed().isEmpty();
 }
 
+/// A word as dictionaries write it.
+QString asDictionaries(QString word)
+{
+    return word.replace(u'\u2019', u'\'');
+}
+
 } // namespace
 
 /// The dictionary of one language.
 class Speller::Book
 {
 public:
+    /// Throws RuntimeError for an encoding that nobody knows.
     explicit Book(const Dictionary& dictionary)
         : m_hunspell(QFile::encodeName(dictionary.rules).constData(),
                      QFile::encodeName(dictionary.words).constData()),
-          m_encoding(m_hunspell.get_dict_encoding())
+          m_encoding(encodingOf(m_hunspell.get_dict_encoding()))
     {
+        UErrorCode error = U_ZERO_ERROR;
+        ucnv_close(ucnv_open(m_encoding.c_str(), &error));
+        if (U_FAILURE(error))
+            throw RuntimeError(ErrorNumber::PathFileAccess);
     }
 
     bool isRight(const QString& word) { return m_hunspell.spell(bytesOf(word)); }
@@ -58,6 +71,15 @@ public:
     }
 
 private:
+    /// Hunspell's name of an encoding as ICU writes it.
+    static std::string encodingOf(const std::string& name)
+    {
+        if (name == "ISCII-DEVANAGARI")
+            return "ISCII,version=0";
+        const std::string microsoft = "microsoft-cp";
+        return name.starts_with(microsoft) ? "windows-" + name.substr(microsoft.size()) : name;
+    }
+
     /// In the encoding of the dictionary; what that has not is a character that is in no word.
     std::string bytesOf(const QString& word) const
     {
@@ -81,13 +103,18 @@ struct Speller::Books
 Speller::Speller(QString ownWordsFile, QObject* parent)
     : QObject(parent), m_ownWordsFile(std::move(ownWordsFile))
 {
+    readOwnWords();
+}
+
+void Speller::readOwnWords()
+{
     QFile file(m_ownWordsFile);
     if (!file.open(QIODevice::ReadOnly))
         return; // there are none yet, or none that can be read: they are misspelt then
     const QStringList words = QString::fromUtf8(file.readAll()).split(u'\n');
     for (const QString& word : words) {
         if (!word.trimmed().isEmpty())
-            m_ownWords.insert(word.trimmed());
+            m_ownWords.insert(asDictionaries(word.trimmed()));
     }
 }
 
@@ -110,9 +137,11 @@ void Speller::setDictionaries(const std::vector<Dictionary>& dictionaries)
         m_read = std::make_shared<Books>();
         m_reader.reset(QThread::create([dictionaries, read = m_read] {
             for (const Dictionary& dictionary : dictionaries) {
-                if (isListOfWords(dictionary.words)) {
+                try {
+                    if (!isListOfWords(dictionary.words))
+                        throw RuntimeError(ErrorNumber::PathFileAccess);
                     read->books.push_back(std::make_unique<Book>(dictionary));
-                } else {
+                } catch (const RuntimeError&) {
                     read->damaged << dictionary.language;
                 }
             }
@@ -131,23 +160,30 @@ void Speller::take()
 {
     m_books = std::move(m_read->books);
     m_damaged = m_read->damaged;
+    m_read.reset();
     emit changed();
 }
 
 bool Speller::isRight(const QString& word) const
 {
-    if (m_books.empty() || m_ownWords.contains(word) ||
-        std::ranges::any_of(word, [](QChar c) { return c.isDigit(); }))
+    const QString plain = asDictionaries(word);
+    if (m_books.empty() || isOwn(plain) || std::ranges::any_of(word, [](QChar c) { return c.isDigit(); }))
         return true;
     if (const auto judged = m_judged.constFind(word); judged != m_judged.cend())
         return *judged;
-    QString plain = word;
-    plain.replace(u'\u2019', u'\''); // as dictionaries write it
     const bool isRight = std::ranges::any_of(m_books, [&](const auto& book) { return book->isRight(plain); });
     if (m_judged.size() >= MostJudged)
         m_judged.clear();
     m_judged.insert(word, isRight);
     return isRight;
+}
+
+bool Speller::isOwn(const QString& word) const
+{
+    const QString small = word.toLower();
+    const bool isSmallWithCapital = QStringView(word).sliced(1) == QStringView(small).sliced(1);
+    return m_ownWords.contains(word) ||
+           ((isSmallWithCapital || word == word.toUpper()) && m_ownWords.contains(small));
 }
 
 QStringList Speller::suggestions(const QString& word) const
@@ -167,7 +203,9 @@ QStringList Speller::suggestions(const QString& word) const
 
 void Speller::addOwnWord(const QString& word)
 {
-    m_ownWords.insert(word);
+    const FileTurn turn(m_ownWordsFile);
+    readOwnWords();
+    m_ownWords.insert(asDictionaries(word));
     emit changed();
     QByteArray text;
     for (const QString& own : m_ownWords)

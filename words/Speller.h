@@ -31,6 +31,8 @@ public:
     void setDictionaries(const std::vector<Dictionary>& dictionaries);
     /// Whether it has dictionaries, and they are there.
     bool judges() const { return !m_books.empty(); }
+    /// Whether dictionaries are being read.
+    bool isReading() const { return m_read != nullptr; }
     /// The languages whose dictionary could not be read.
     const QStringList& damaged() const { return m_damaged; }
 
@@ -41,8 +43,9 @@ public:
 
     /// The user's own words, which are right in all languages.
     const std::set<QString>& ownWords() const { return m_ownWords; }
-    /// Makes a word one of them. Throws RuntimeError when the file can't be written; the word counts until
-    /// the end.
+    /// Makes a word one of them; written small, it is right with a capital and in capitals too. Those that
+    /// another running program has added since come with it. Throws RuntimeError when the file can't be
+    /// written; the word counts until the end.
     void addOwnWord(const QString& word);
 
 signals:
@@ -53,6 +56,8 @@ private:
     class Book;
     struct Books;
 
+    void readOwnWords();
+    bool isOwn(const QString& word) const;
     void take();
 
     QString m_ownWordsFile;

@@ -14,6 +14,22 @@ namespace brindlemark {
 namespace {
 
 constexpr QByteArrayView Mark("\xEF\xBB\xBF"); // a byte order mark
+constexpr qsizetype LongestPiece = 512;        // bytes: to find a place, one piece is encoded again
+
+bool isBlank(char byte)
+{
+    return QByteArrayView(" \t\r\n\f").contains(byte);
+}
+
+/// The end of the character in which a byte stands; the byte itself where one begins there.
+qsizetype characterEnd(QByteArrayView html, TextEncoding encoding, qsizetype place)
+{
+    if (encoding == TextEncoding::Utf8) {
+        while (place < html.size() && (uchar(html[place]) & 0xC0) == 0x80)
+            ++place;
+    }
+    return place;
+}
 
 /// Where the character reference at "&" ends, or what looks like one.
 qsizetype endOfReference(QByteArrayView html, qsizetype start, qsizetype end)
@@ -26,8 +42,16 @@ qsizetype endOfReference(QByteArrayView html, qsizetype start, qsizetype end)
     return i < end && html[i] == ';' ? i + 1 : i;
 }
 
+bool isText(const HtmlToken& token)
+{
+    return token.kind == HtmlTokenKind::Text &&
+           (token.content == HtmlContent::Data || token.content == HtmlContent::Rcdata);
+}
+
 bool partsWords(QByteArrayView html, const HtmlToken& tag)
 {
+    if (tag.kind != HtmlTokenKind::StartTag && tag.kind != HtmlTokenKind::EndTag)
+        return false;
     const ElementKind* kind = elementKind(htmlName(html.sliced(tag.inside.start, tag.inside.length)));
     return !kind || !kind->isInline || kind->name == "br";
 }
@@ -42,30 +66,54 @@ TextOfHtml::TextOfHtml(QByteArrayView html, TextEncoding encoding)
 TextOfHtml::TextOfHtml(QByteArrayView html, TextEncoding encoding, const TextRange& stretch)
     : m_encoding(encoding)
 {
+    const qsizetype from = characterEnd(html, encoding, stretch.start);
+    const qsizetype to = characterEnd(html, encoding, stretch.end());
     HtmlTokenizer tokens(html);
     HtmlToken token;
-    while (tokens.next(token) && token.whole.start < stretch.end()) {
-        if (token.whole.end() <= stretch.start)
-            continue;
-        if (token.kind == HtmlTokenKind::Text &&
-            (token.content == HtmlContent::Data || token.content == HtmlContent::Rcdata)) {
-            const qsizetype start = std::max(token.whole.start, stretch.start);
-            take(html, {start, std::min(token.whole.end(), stretch.end()) - start});
-        } else if ((token.kind == HtmlTokenKind::StartTag || token.kind == HtmlTokenKind::EndTag) &&
-                   partsWords(html, token)) {
+    bool isThere = tokens.next(token);
+    for (; isThere && token.whole.start < to; isThere = tokens.next(token)) {
+        const qsizetype start = std::max(token.whole.start, from);
+        const qsizetype end = std::min(token.whole.end(), to);
+        if (isText(token)) {
+            if (token.whole.start < from)
+                m_isCutInFront = !isBlank(html[std::min(from, token.whole.end()) - 1]);
+            if (token.whole.end() > to)
+                m_isCutBehind = !isBlank(html[to]);
+            if (start < end)
+                take(html, {start, end - start}, token.content == HtmlContent::Rcdata);
+        } else if (partsWords(html, token)) {
             breakLine();
+        }
+    }
+    for (; isThere && !m_isCutBehind && !partsWords(html, token); isThere = tokens.next(token)) {
+        if (isText(token)) {
+            m_isCutBehind = !isBlank(html[token.whole.start]);
+            break;
         }
     }
 }
 
 void TextOfHtml::breakLine()
 {
-    if (!m_text.isEmpty() && !m_text.endsWith(u'\n'))
+    if (m_text.isEmpty()) {
+        m_isCutInFront = false;
+    } else if (!m_text.endsWith(u'\n')) {
         m_text += u'\n';
+    }
+}
+
+QString TextOfHtml::textOnPage() const
+{
+    QString seen = m_text;
+    for (auto piece = m_pieces.rbegin(); piece != m_pieces.rend(); ++piece) {
+        if (piece->isTitle)
+            seen.remove(piece->start, piece->length);
+    }
+    return seen;
 }
 
 /// Takes a stretch of text with its character references.
-void TextOfHtml::take(QByteArrayView html, const TextRange& run)
+void TextOfHtml::take(QByteArrayView html, const TextRange& run, bool isTitle)
 {
     qsizetype from = run.start;
     if (from == 0 && html.startsWith(Mark))
@@ -77,23 +125,29 @@ void TextOfHtml::take(QByteArrayView html, const TextRange& run)
         const qsizetype end = endOfReference(html, i, run.end());
         const QByteArrayView reference = html.sliced(i, end - i);
         if (withoutReferences(reference, ReferencePlace::Text) != reference) {
-            add(html, {from, i - from}, false);
-            add(html, {i, end - i}, true);
+            addLetters(html, {from, i - from}, isTitle);
+            add({i, end - i}, QString::fromUtf8(withoutReferences(reference, ReferencePlace::Text)), true,
+                isTitle);
             from = end;
         }
         i = end;
     }
-    add(html, {from, run.end() - from}, false);
+    addLetters(html, {from, run.end() - from}, isTitle);
 }
 
-void TextOfHtml::add(QByteArrayView html, const TextRange& source, bool isReference)
+void TextOfHtml::addLetters(QByteArrayView html, const TextRange& source, bool isTitle)
 {
-    if (source.length == 0)
-        return;
-    const QByteArray bytes = html.sliced(source.start, source.length).toByteArray();
-    const QString text = isReference ? QString::fromUtf8(withoutReferences(bytes, ReferencePlace::Text))
-                                     : decode(bytes, m_encoding);
-    m_pieces.push_back({m_text.size(), text.size(), source, isReference});
+    for (qsizetype start = source.start; start < source.end();) {
+        const qsizetype end = std::min(characterEnd(html, m_encoding, start + LongestPiece), source.end());
+        const TextRange piece{start, end - start};
+        add(piece, decode(html.sliced(piece.start, piece.length).toByteArray(), m_encoding), false, isTitle);
+        start = end;
+    }
+}
+
+void TextOfHtml::add(const TextRange& source, const QString& text, bool isReference, bool isTitle)
+{
+    m_pieces.push_back({m_text.size(), text.size(), source, isReference, isTitle});
     m_text += text;
 }
 
@@ -108,6 +162,18 @@ TextRange TextOfHtml::within(const Piece& piece, qsizetype start, qsizetype end)
     const qsizetype from = std::max(start, piece.start);
     return {piece.source.start + bytes(piece.start, from),
             bytes(from, std::min(end, piece.start + piece.length))};
+}
+
+qsizetype TextOfHtml::unitAt(qsizetype byte) const
+{
+    const auto piece =
+        std::ranges::upper_bound(m_pieces, byte, {}, [](const Piece& one) { return one.source.end(); });
+    if (piece == m_pieces.end())
+        return m_text.size();
+    qsizetype unit = piece->start;
+    while (unit < piece->start + piece->length && within(*piece, unit, unit + 1).start < byte)
+        ++unit;
+    return unit;
 }
 
 std::vector<TextRange> TextOfHtml::places(qsizetype start, qsizetype length) const

@@ -173,16 +173,22 @@ private slots:
     void severalLanguages();
     void languagesAreKept();
     void languagesOfADocument();
+    void languagesOfTheNextDocument();
     void suggestions();
     void suggestionOverTags();
     void ownWords();
     void menuByKey();
     void nextMisspelt();
+    void nextWithoutItsDictionary();
+    void inLongLines();
+    void inFadedWords();
+    void afterAnotherSize();
     void western();
     void fields();
     void fieldOfLines();
     void countsWords_data();
     void countsWords();
+    void countsWhatIsSeen();
     void letters_data();
     void letters();
     void lettersOnTheSurface_data();
@@ -311,6 +317,33 @@ void TestFrmWebWords::languagesOfADocument()
     QCOMPARE(desk.web->spelling()->languages(), QStringList({"de"}));
 }
 
+/// A document without a choice of its own goes by the last one; one that gets its name keeps what was chosen.
+void TestFrmWebWords::languagesOfTheNextDocument()
+{
+    Desk desk;
+    desk.folder.write("one.htm", "lamp");
+    desk.folder.write("two.htm", "lamp");
+    desk.open(desk.folder.path("one.htm"));
+    desk.chooseSpelling("Off");
+    desk.web->document().setDirty(false);
+    desk.open(desk.folder.path("two.htm"));
+    desk.spellBy({"Deutsch (de)"});
+    desk.web->document().setDirty(false);
+    desk.open(desk.folder.path("one.htm"));
+    QCOMPARE(desk.web->spelling()->languages(), QStringList());
+    desk.web->document().setDirty(false);
+    desk.web->MnNew->trigger();
+    QCOMPARE(desk.web->spelling()->languages(), QStringList({"de"}));
+    desk.chooseSpelling("American English (en)"); // and German
+    desk.doors.answerSave(desk.folder.path("three.htm"));
+    desk.web->mnsaveas->trigger();
+    desk.open(desk.folder.path("one.htm"));
+    QCOMPARE(desk.web->spelling()->languages(), QStringList());
+    desk.web->document().setDirty(false);
+    desk.open(desk.folder.path("three.htm"));
+    QCOMPARE(desk.web->spelling()->languages(), QStringList({"de", "en"}));
+}
+
 void TestFrmWebWords::suggestions()
 {
     Desk desk;
@@ -388,6 +421,65 @@ void TestFrmWebWords::nextMisspelt()
 }
 
 /// Bytes of a document that is not UTF-8.
+/// It is not "still being read" for ever, and one that is installed again is taken.
+void TestFrmWebWords::nextWithoutItsDictionary()
+{
+    Desk desk;
+    desk.spellBy({"American English (en)"});
+    m_dictionaries->remove("en");
+    desk.spellingEntries();
+    desk.write(Misspelt);
+    QTest::keyClick(desk.web->RichTextBox1, Qt::Key_F7);
+    QCOMPARE(desk.notice(),
+             "The dictionary of the chosen language is missing or can't be read (Tools, Spelling).");
+    m_dictionaries->write("en", "2\nbrass\nlamp\n");
+    QVERIFY(desk.spellingEntries().contains("American English (en)*"));
+    desk.write(Misspelt + ' ');
+    QTRY_VERIFY(desk.underlined().contains("lampp"));
+}
+
+/// A line that holds all of the text is underlined where it is in view.
+void TestFrmWebWords::inLongLines()
+{
+    Desk desk;
+    desk.spellBy({"American English (en)"});
+    desk.write(QByteArray("brass ").repeated(20'000) + "lampp brass");
+    QTest::keyClick(desk.web->RichTextBox1, Qt::Key_End, Qt::ControlModifier);
+    QTRY_COMPARE(desk.underlined(), QStringList({"lampp"}));
+}
+
+/// A faded letter takes thirty bytes of the source.
+void TestFrmWebWords::inFadedWords()
+{
+    Desk desk;
+    desk.spellBy({"American English (en)"});
+    QByteArray faded;
+    for (const char letter : QByteArray("excellentreceivednewbrasslamp"))
+        faded += QByteArray("<FONT color=\"#A01020\">") + letter + "</FONT>";
+    desk.write("<P>brass " + faded + " lamp</P>");
+    desk.web->RichTextBox1->setSelStart(0);
+    QTRY_COMPARE(desk.underlined().join(QString()), "excellentreceivednewbrasslamp");
+    desk.select("e</FONT>"); // brings it into view
+    desk.menuAt("e</FONT>");
+    QVERIFY(Desk::popup());
+    QVERIFY(Desk::entries(Desk::popup(), 20).contains("Add \"excellentreceivednewbrasslamp\" to My Words"));
+    Desk::popup()->close();
+}
+
+void TestFrmWebWords::afterAnotherSize()
+{
+    Desk desk;
+    desk.spellBy({"American English (en)"});
+    desk.web->resize(desk.web->width(), 300);
+    desk.write(QByteArray("brass\r\n").repeated(18) + "lampp\r\n" + QByteArray("brass\r\n").repeated(300));
+    QTest::qWait(600); // as long as a rest, twice
+    const auto isSeen = [&] { return desk.web->RichTextBox1->inView().end() > 18 * 7 + 5; };
+    QVERIFY(!isSeen());
+    desk.web->resize(desk.web->width(), 700);
+    QTRY_VERIFY(isSeen());
+    QTRY_COMPARE(desk.underlined(), QStringList({"lampp"}));
+}
+
 void TestFrmWebWords::western()
 {
     m_dictionaries->write("de", "2\nLampe\nGr\xC3\xB6\xC3\x9F"
@@ -495,6 +587,20 @@ void TestFrmWebWords::countsWords()
         desk.select(selected);
     desk.choose(desk.web->muntools, desk.web->muncountwords);
     QCOMPARE(desk.notice(), sentence);
+}
+
+/// Not the source's blanks, nor the title in the window's frame; the same on the surface.
+void TestFrmWebWords::countsWhatIsSeen()
+{
+    Desk desk;
+    desk.write("<HTML><HEAD><TITLE>Old lamp</TITLE></HEAD>\r\n<BODY>\r\n   <P>one</P>\r\n\r\n   <P>two\r\n"
+               "   three</P></BODY></HTML>");
+    desk.choose(desk.web->muntools, desk.web->muncountwords);
+    QCOMPARE(desk.notice(), "The page: 3 words, 13 characters.");
+    desk.showTab(FrmWeb::PreviewTab);
+    QVERIFY(desk.web->WebBrowser1->execCommand("SelectAll"));
+    desk.choose(desk.web->muntools, desk.web->muncountwords);
+    QCOMPARE(desk.notice(), "The selection: 3 words, 13 characters.");
 }
 
 void TestFrmWebWords::letters_data()

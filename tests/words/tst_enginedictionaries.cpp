@@ -23,6 +23,8 @@ private slots:
     void leavesDamagedOnesOut();
     void takesTheSystemsOwn();
     void ownWords();
+    void othersMeanwhile();
+    void usersFolder();
     void none();
     void folderThatCannotBeMade();
 
@@ -38,10 +40,10 @@ private:
 
 void TestEngineDictionaries::init()
 {
-    QVERIFY2(EngineDictionaries::canMake(), "needs the package qt6-webengine-dev-tools");
+    QVERIFY2(EngineDictionaries::canHave("en"), "needs the package qt6-webengine-dev-tools");
     m_folder = std::make_unique<QTemporaryDir>();
     qputenv("XDG_DATA_DIRS", path("system").toLocal8Bit());
-    m_engine = std::make_unique<EngineDictionaries>(path("made"));
+    m_engine = std::make_unique<EngineDictionaries>(path("made"), EngineDictionaries::Owner::Program);
 }
 
 void TestEngineDictionaries::write(const QString& name, const QByteArray& bytes) const
@@ -131,8 +133,43 @@ void TestEngineDictionaries::ownWords()
     const QStringList second = made({english}, {"Aladdin", "Gr\u00F6\u00DFe"});
     QCOMPARE(second.size(), 2);
     QVERIFY(first != second);
-    for (const QString& name : first + second)
+    for (const QString& name : second)
         QCOMPARE(begin(path("made/" + name + ".bdic")), QByteArray("BDic"));
+    QCOMPARE(QDir(path("made")).entryList({"*.bdic"}, QDir::Files).size(), 2); // those of the former are gone
+}
+
+/// Off, or other languages, while the tool is at work.
+void TestEngineDictionaries::othersMeanwhile()
+{
+    const Dictionary english = dictionary("en", "2\nlamp\nbrass\n");
+    const Dictionary german = dictionary("de", "2\nLampe\nneu\n");
+    QSignalSpy told(m_engine.get(), &EngineDictionaries::made);
+    m_engine->make({english}, {});
+    m_engine->make({german}, {});
+    QTRY_COMPARE(told.size(), 1);
+    QCOMPARE(told.constLast().constFirst().toStringList(), QStringList({"de"}));
+    m_engine->make({english}, {});
+    m_engine->make({}, {});
+    QCOMPARE(told.size(), 2);
+    QCOMPARE(made({german}), QStringList({"de"})); // the tool has ended when this is told
+    for (const QVariantList& names : told.sliced(1))
+        QVERIFY(!names.constFirst().toStringList().contains("en"));
+}
+
+/// What a user has put into a folder is used as it is.
+void TestEngineDictionaries::usersFolder()
+{
+    const Dictionary english = dictionary("en", "2\nlamp\nbrass\n");
+    const Dictionary german = dictionary("de", "2\nLampe\nneu\n");
+    write("made/en.bdic", "the user's");
+    QFile older(path("made/en.bdic"));
+    QVERIFY(older.open(QIODevice::ReadWrite));
+    QVERIFY(older.setFileTime(QDateTime::currentDateTime().addDays(-1), QFileDevice::FileModificationTime));
+    older.close();
+    m_engine = std::make_unique<EngineDictionaries>(path("made"), EngineDictionaries::Owner::User);
+    QCOMPARE(made({english, german}), QStringList({"en", "de"}));
+    QCOMPARE(begin(path("made/en.bdic")), QByteArray("the "));
+    QCOMPARE(begin(path("made/de.bdic")), QByteArray("BDic"));
 }
 
 void TestEngineDictionaries::none()

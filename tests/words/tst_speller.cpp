@@ -33,6 +33,9 @@ private slots:
     void damagedDictionary();
     void suggestions();
     void ownWords();
+    void ownWordsInOtherForms_data();
+    void ownWordsInOtherForms();
+    void ownWordsOfTwoPrograms();
     void ownWordsThatCannotBeWritten();
     void changeOfLanguages();
     void installedEnglish();
@@ -169,6 +172,11 @@ void TestSpeller::encodingsOfDictionaries()
     QVERIFY(m_speller->isRight("\u043B\u0430\u043C\u043F\u0430"));
     QVERIFY(!m_speller->isRight("\u043B\u0430\u043C\u043F"));
     QVERIFY(!m_speller->isRight("\u706F")); // which neither can hold
+    load({dictionary("bg", "1\n\xEB\xE0\xEC\xEF\xE0\n", "SET microsoft-cp1251\n")});
+    QVERIFY(m_speller->isRight("\u043B\u0430\u043C\u043F\u0430"));
+    QVERIFY(!m_speller->isRight("\u043B\u0430\u043C\u043F"));
+    load({dictionary("xx", "1\nlamp\n", "SET no-such-encoding\n")});
+    QCOMPARE(m_speller->damaged(), QStringList({"xx"}));
 }
 
 void TestSpeller::twoLanguages()
@@ -241,6 +249,47 @@ void TestSpeller::ownWords()
     QVERIFY(m_speller->isRight("Aladdin"));
     QVERIFY(m_speller->isRight("Gr\u00F6\u00DFe"));
     QVERIFY(!m_speller->isRight("aladin"));
+}
+
+void TestSpeller::ownWordsInOtherForms_data()
+{
+    QTest::addColumn<QString>("own");
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<bool>("right");
+    QTest::newRow("with a capital") << "lampp"
+                                    << "Lampp" << true;
+    QTest::newRow("in capitals") << "lampp"
+                                 << "LAMPP" << true;
+    QTest::newRow("mixed") << "lampp"
+                           << "lAmpp" << false;
+    QTest::newRow("small") << "Lampp"
+                           << "lampp" << false;
+    QTest::newRow("written apostrophe") << "lampp's"
+                                        << "lampp\u2019s" << true;
+    QTest::newRow("typed apostrophe") << "lampp\u2019s"
+                                      << "lampp's" << true;
+}
+
+void TestSpeller::ownWordsInOtherForms()
+{
+    QFETCH(QString, own);
+    QFETCH(QString, word);
+    load({dictionary("en", "1\nbrass\n")});
+    QVERIFY(!m_speller->isRight(word));
+    m_speller->addOwnWord(own);
+    QTEST(m_speller->isRight(word), "right");
+}
+
+/// None takes away what the other one has added.
+void TestSpeller::ownWordsOfTwoPrograms()
+{
+    Speller other(m_folder->filePath("own.txt"));
+    m_speller->addOwnWord("one");
+    other.addOwnWord("two");
+    m_speller->addOwnWord("three");
+    QFile file(m_folder->filePath("own.txt"));
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), QByteArray("one\nthree\ntwo\n"));
 }
 
 void TestSpeller::ownWordsThatCannotBeWritten()

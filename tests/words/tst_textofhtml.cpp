@@ -26,6 +26,11 @@ private slots:
     void lookedUp();
     void lookedUpInStretch();
     void longTextWithoutBlanks();
+    void cutWithinCharacters();
+    void cutWithinWords_data();
+    void cutWithinWords();
+    void next();
+    void textOnPage();
 };
 
 void TestTextOfHtml::text_data()
@@ -193,6 +198,89 @@ void TestTextOfHtml::longTextWithoutBlanks()
     time.start();
     QCOMPARE(misspeltWords(html, TextEncoding::Utf8, {0, html.size()}, NothingIsRight).size(), size_t(1));
     QVERIFY(time.elapsed() < 20'000); // in a time with the square of the length it would be hours
+}
+
+/// A stretch that begins or ends within a character has none of its bytes, and all places are right.
+void TestTextOfHtml::cutWithinCharacters()
+{
+    const QString russian = QStringLiteral("\u043B\u0430\u043C\u043F\u0430 ");
+    const QByteArray html = russian.repeated(400).toUtf8(); // 11 bytes a word, with its blank
+    for (qsizetype start = 0; start < 22; ++start) {
+        const TextRange stretch{start, 3001};
+        const std::vector<MisspeltWord> words =
+            misspeltWords(html, TextEncoding::Utf8, stretch, NothingIsRight);
+        QCOMPARE(words.size(), size_t((stretch.end() + 2) / 11 - (start + 10) / 11));
+        for (const MisspeltWord& word : words)
+            QCOMPARE(at(html, word.places), QList<QByteArray>({russian.trimmed().toUtf8()}));
+    }
+}
+
+void TestTextOfHtml::cutWithinWords_data()
+{
+    QTest::addColumn<QByteArray>("html"); // the stretch is between the bars
+    QTest::addColumn<QStringList>("words");
+    QTest::newRow("letters") << QByteArray("la|mp old br|ass") << QStringList{"old"};
+    QTest::newRow("blanks") << QByteArray("lamp |old| brass") << QStringList{"old"};
+    QTest::newRow("at tags of a letter")
+        << QByteArray("<B>l</B>|<I>a</I> old <B>b</B>|<I>r</I>") << QStringList{"old"};
+    QTest::newRow("within tags of a letter")
+        << QByteArray("<B>l</B><I|>a</I> old <B>b</B><I|>r</I>") << QStringList{"old"};
+    QTest::newRow("at paragraphs") << QByteArray("x<P>|lamp old brass|</P>y")
+                                   << QStringList{"lamp", "old", "brass"};
+    QTest::newRow("at comments") << QByteArray("x<!-- y -->|lamp old brass|<!-- y -->z")
+                                 << QStringList{"old"};
+    QTest::newRow("in a comment") << QByteArray("x <!-- |y -->lamp old brass <!-- |y -->z")
+                                  << QStringList{"lamp", "old", "brass"};
+    QTest::newRow("all") << QByteArray("|lamp old brass|") << QStringList{"lamp", "old", "brass"};
+}
+
+void TestTextOfHtml::cutWithinWords()
+{
+    QFETCH(QByteArray, html);
+    const qsizetype start = html.indexOf('|');
+    html.remove(start, 1);
+    const qsizetype end = html.indexOf('|');
+    html.remove(end, 1);
+    QStringList words;
+    for (const MisspeltWord& word :
+         misspeltWords(html, TextEncoding::Utf8, {start, end - start}, NothingIsRight))
+        words << word.word;
+    QTEST(words, "words");
+}
+
+/// From a byte on and round, and no word is judged behind the one that is wrong.
+void TestTextOfHtml::next()
+{
+    const QByteArray html = "<P>Gr\xC3\xB6\xC3\x9F"
+                            "e lamp <B>o</B>ld lamp";
+    QStringList judged;
+    const auto nextFrom = [&](qsizetype byte, const QString& wrong) {
+        judged.clear();
+        const auto word = nextMisspelt(html, TextEncoding::Utf8, byte, [&](const QString& one) {
+            judged << one;
+            return one != wrong;
+        });
+        return word ? int(word->places.front().start) : -1;
+    };
+    QCOMPARE(nextFrom(0, "lamp"), 11);
+    QCOMPARE(judged, QStringList({"Gr\u00F6\u00DFe", "lamp"}));
+    QCOMPARE(nextFrom(11, "lamp"), 11);
+    QCOMPARE(nextFrom(12, "lamp"), 27);
+    QCOMPARE(judged, QStringList({"old", "lamp"}));
+    QCOMPARE(nextFrom(28, "lamp"), 11);
+    QCOMPARE(nextFrom(html.size(), "old"), 19);
+    QCOMPARE(nextFrom(0, "brass"), -1);
+    const QByteArray longOne = QByteArray("lamp ").repeated(600'000); // 3 MB in one piece
+    QElapsedTimer time;
+    time.start();
+    QVERIFY(nextMisspelt(longOne, TextEncoding::Utf8, 2'000'000, NothingIsRight));
+    QVERIFY(time.elapsed() < 10'000); // in a time with the square of the length it would be hours
+}
+
+void TestTextOfHtml::textOnPage()
+{
+    const QByteArray html = "<TITLE>Lamp &amp; more</TITLE><BODY>brass";
+    QCOMPARE(TextOfHtml(html, TextEncoding::Utf8).textOnPage(), "\nbrass");
 }
 
 QTEST_GUILESS_MAIN(TestTextOfHtml)
