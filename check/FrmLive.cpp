@@ -146,7 +146,7 @@ void FrmLive::Widths_Click()
     setPageWidth();
     m_placeTimer.start();
     const int missing = Page1->minimumWidth() - View->viewport()->width();
-    if (missing > 0)
+    if (isVisible() && missing > 0) // before, nothing has its size yet
         resize(std::min(width() + missing + 2 * PhoneFrame, screen()->availableGeometry().width()), height());
 }
 

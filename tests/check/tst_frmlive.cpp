@@ -89,6 +89,7 @@ private slots:
     void widths();
     void followsPreview();
     void closingChangesNothing();
+    void asWideAsItsPhone();
     void remembersItsPlace();
     void staysOverMain();
     void escapeCloses();
@@ -271,6 +272,16 @@ void TestFrmLive::closingChangesNothing()
     QVERIFY(!desk.web->Dirty());
     QTest::keyClicks(desk.web->RichTextBox1, "x"); // nobody follows any more
     QCOMPARE(desk.source(), "x<P>one</P>");
+}
+
+/// At first, so that it stands beside the main window; a wider page widens it.
+void TestFrmLive::asWideAsItsPhone()
+{
+    Desk desk;
+    FrmLive* window = desk.live("<P>one</P>");
+    QCOMPARE(window->width(), 430);
+    choose(window->Widths, 1);
+    QVERIFY(window->View->viewport()->width() >= 768);
 }
 
 void TestFrmLive::remembersItsPlace()
