@@ -26,6 +26,7 @@
 #include "shell/Find.h"
 #include "shell/FrmEarlier.h"
 #include "shell/FrmHelp.h"
+#include "shell/FrmKeys.h"
 #include "shell/FrmPicture.h"
 #include "shell/FrmSplash.h"
 #include "shell/FrmWeb.h"
@@ -80,6 +81,7 @@ const std::array HelpSections = std::to_array<HelpSection>({
     {&FrmPicture::staticMetaObject, 0, "pictures"},
     {&FrmTerms::staticMetaObject, 0, "terms"},
     {&FrmEarlier::staticMetaObject, 0, "earlier"},
+    {&FrmKeys::staticMetaObject, 0, "keys"},
     {&FrmLive::staticMetaObject, 0, "live"},
     {&FrmCheck::staticMetaObject, 0, "check"},
     {&Find::staticMetaObject, 0, "find"},
@@ -132,6 +134,7 @@ void connectOpenings(FrmWeb* main)
     opens<FrmColorcode>(main->muncolorcode);
     opens<FrmWord>(main->muQW);
     opens<FrmEarlier>(main->munearlier);
+    opens<FrmKeys>(main->munkeys);
     opens<FrmLive>(main->munliveview);
     opens<FrmCheck>(main->munchecklisting);
     on(main->muncopypage, &QAction::triggered, main, copyPage);

@@ -132,6 +132,16 @@ int Find::findText() const
     return hit;
 }
 
+bool Find::findAgain(RichTextBox& source, bool backwards) const
+{
+    const QString wanted = Text1->Text();
+    if (wanted.isEmpty())
+        return false;
+    if (!source.findAround(source.encode(wanted), WordFlag | CaseFlag, backwards))
+        showMessage(Messages::NotFound, wanted);
+    return true;
+}
+
 /// Meant to find the same place each time, so that the user comes back to it: `NextStart` stays.
 void Find::Command8_Click()
 {

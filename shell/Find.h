@@ -20,6 +20,10 @@ class Find : public Form, public Ui::Find
 public:
     Find();
 
+    /// Selects the next place of the text that was looked for last, or the one before, from the caret on and
+    /// round. False: none was looked for.
+    bool findAgain(RichTextBox& source, bool backwards) const;
+
     /// Whoever shows the window says first which box it searches; once that has gone, the buttons do nothing.
     void searchIn(RichTextBox* source);
 

@@ -69,6 +69,22 @@ void FindBar::open()
     m_text->selectAll();
 }
 
+void FindBar::findAgain(bool backwards)
+{
+    if (m_text->text().isEmpty()) {
+        open();
+        return;
+    }
+    const bool isResumed = !isVisible();
+    const int last = m_current;
+    place();
+    show();
+    raise();
+    find(backwards);
+    if (isResumed && m_current == last) // the page begins at the place that it has found last
+        find(backwards);
+}
+
 void FindBar::dismiss()
 {
     static_cast<void>(m_surface->find(QString())); // finds nothing, and drops the marks
@@ -79,6 +95,7 @@ void FindBar::dismiss()
 void FindBar::find(bool backwards)
 {
     const FindResult found = m_surface->find(m_text->text(), backwards);
+    m_current = found.current;
     if (m_text->text().isEmpty()) {
         m_count->clear();
     } else if (found.matches == 0) {

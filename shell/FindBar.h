@@ -22,6 +22,8 @@ public:
 
     /// Shows the bar with its text selected, ready to type.
     void open();
+    /// Goes on or back with the text that was looked for last; opens the bar where there is none.
+    void findAgain(bool backwards);
 
 protected:
     bool event(QEvent* event) override;
@@ -39,6 +41,7 @@ private:
     DocumentSurface* m_surface;
     QLineEdit* m_text;
     QLabel* m_count;
+    int m_current = 0; // which place was found last, from 1
 };
 
 } // namespace brindlemark

@@ -166,6 +166,7 @@ FrmWeb::FrmWeb()
     connectQuickTags();
     connectInternet();
     connectWords();
+    connectKeys();
     keepOnFatal([this] { return keepText(); });
     on(m_document.get(), &Document::settled, WebBrowser1, &DocumentSurface::forgetEdits);
     m_journalTimer.setObjectName(QStringLiteral("JournalTimer"));

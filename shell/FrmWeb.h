@@ -65,6 +65,18 @@ public:
     /// Makes the file at a path the document, as Open in the menu does with one that was chosen there.
     void openHandedOver(const QString& path);
 
+    // FrmWebKeys.cpp
+    /// Gives the view that is up the keyboard.
+    void giveKeyboardToView();
+    /// Goes on with the last search of the view that is up, or asks what to look for.
+    void findAgain(bool backwards);
+    /// Opens the search with its second field, on the editor.
+    void openReplace();
+    /// Opens the first menu.
+    void openMenuBar();
+    /// Makes the view that is up larger or smaller by some steps; 0: as it was at first.
+    void zoomBy(int steps);
+
     /// Asks whether unsaved text that an earlier run of the program left shall come back, and makes it the
     /// document on Yes. For the start only.
     void offerUnsavedText();
@@ -107,8 +119,15 @@ protected:
     bool queryUnload() override;
     void resizeEvent(QResizeEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    // FrmWebKeys.cpp
+    void connectKeys();
+    void zoomSource(int steps);
+    void zoomSurfaces(int steps);
+
     // FrmWeb.cpp
     void buildToolbar();
     void switchTools();
@@ -265,6 +284,8 @@ private:
     Spelling* m_spelling = nullptr;
     std::unique_ptr<SourceSpelling> m_sourceSpelling;
     int m_lastTab = EditorTab;
+    int m_sourceZoom = 0; // steps
+    int m_surfaceZoom = 0;
     QTimer m_journalTimer{this}; // runs out when unsaved text is to be kept on the disk
 
     /// How the last save question ended, unless by Yes.

@@ -16,7 +16,6 @@
 #include <QMenu>
 #include <QMimeData>
 #include <QRegularExpression>
-#include <QShortcut>
 #include <algorithm>
 
 namespace brindlemark {
@@ -63,11 +62,6 @@ void FrmWeb::connectWords()
     on(RichTextBox1, &RichTextBox::MenuOpens, this, &FrmWeb::RichTextBox1_MenuOpens);
     on(WebBrowser1, &DocumentSurface::menuWanted, this, &FrmWeb::WebBrowser1_MenuWanted);
     switchWordTools();
-    const auto addKey = [this](const QKeySequence& keys, QAction* entry) {
-        on(new QShortcut(keys, this), &QShortcut::activated, this, [entry] { entry->trigger(); });
-    };
-    addKey(Qt::Key_F7, munnextmisspelt);
-    addKey(Qt::CTRL | Qt::SHIFT | Qt::Key_V, munpastetext);
 }
 
 /// The entries of the tab that is up.

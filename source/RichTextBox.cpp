@@ -394,6 +394,36 @@ int RichTextBox::Find(const QByteArray& text, int start, int end, FindOptions op
     return int(position);
 }
 
+bool RichTextBox::findAround(const QByteArray& text, FindOptions options, bool backwards)
+{
+    const auto signs = hourglass();
+    const TextSearch search(m_map.toInner(text), options);
+    const QByteArrayView all = innerText();
+    const Range caret = innerSelection();
+    const auto next = [&](qsizetype from) { return search.find(all, from, all.size()); };
+    std::optional<TextMatch> found;
+    if (backwards) {
+        std::optional<TextMatch> last;
+        for (auto match = next(0); match;
+             match = next(match->position + std::max<qsizetype>(1, match->length))) {
+            if (match->position < caret.start)
+                found = match;
+            last = match;
+            if (found && match->position >= caret.start)
+                break;
+        }
+        found = found ? found : last;
+    } else {
+        found = next(caret.end());
+        found = found ? found : next(0);
+    }
+    if (!found)
+        return false;
+    selectInner({found->position, found->length});
+    scrollToCaret();
+    return true;
+}
+
 RichTextBox::Range RichTextBox::inView() const
 {
     const qsizetype start = send(SCI_POSITIONFROMPOINT, 0, 0);
@@ -466,6 +496,13 @@ void RichTextBox::applyLook()
     send(SCI_STYLECLEARALL); // gives all styles the default one's look
     m_colors.applyLook();
     SendScintilla(SCI_SETCARETFORE, QColor(qGray(back.rgb()) < 128 ? Qt::white : Qt::black));
+    send(SCI_SETZOOM, qRound(points * (m_zoom - 100) / 100));
+}
+
+void RichTextBox::setZoom(int percent)
+{
+    m_zoom = std::clamp(percent, 50, 300);
+    applyLook();
 }
 
 void RichTextBox::applySelectionColors()

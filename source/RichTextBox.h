@@ -92,6 +92,12 @@ public:
     /// the end of the text, and selects the first match. Returns its position, or -1 (the selection then
     /// stays); an empty text is never found.
     [[nodiscard]] int Find(const QByteArray& text, int start = -1, int end = -1, FindOptions options = {});
+    /// Selects the next place of a text behind the selection, or the one before it, going round at the ends,
+    /// and brings it into view. False: there is none.
+    [[nodiscard]] bool findAround(const QByteArray& text, FindOptions options, bool backwards);
+
+    /// Shows the text larger or smaller, in percent of its font, 50 to 300. The text and its font stay.
+    void setZoom(int percent);
 
     /// Where the uppermost line begins that is in view.
     qsizetype topOfView() const;
@@ -157,6 +163,8 @@ signals:
     void Change();
     /// `SelStart` or `SelLength` has changed; after `Change` when both have.
     void SelChange();
+    /// Ctrl and the wheel: larger by so many steps, or smaller.
+    void ZoomWanted(int steps);
     /// Other lines have come into view, or may have. Comes with the next painting, and with another size.
     void Scrolled();
     /// The left mouse button was pressed and released in the box.
@@ -172,6 +180,7 @@ protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
@@ -258,6 +267,8 @@ private:
     QTimer m_notifyTimer;
     QTimer m_scrollTimer;
     bool m_leftPressed = false;
+    int m_zoom = 100; // percent
+    int m_wheel = 0;  // turned with Ctrl, in eighths of a degree, less than a step
     QLabel* m_preedit = nullptr;
 };
 

@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPointer>
+#include <QWheelEvent>
 #include <array>
 #include <utility>
 
@@ -45,6 +46,22 @@ void RichTextBox::mousePressEvent(QMouseEvent* event)
         }
         dropRectangleKeys(event);
         QsciScintillaBase::mousePressEvent(event);
+    });
+}
+
+void RichTextBox::wheelEvent(QWheelEvent* event)
+{
+    guardedCall([&] {
+        if (!(event->modifiers() & Qt::ControlModifier)) {
+            QsciScintillaBase::wheelEvent(event);
+            return;
+        }
+        event->accept();
+        m_wheel += event->angleDelta().y();
+        if (const int steps = m_wheel / QWheelEvent::DefaultDeltasPerStep; steps != 0) {
+            m_wheel %= QWheelEvent::DefaultDeltasPerStep;
+            emit ZoomWanted(steps);
+        }
     });
 }
 

@@ -16,7 +16,8 @@ struct FindResult
 
 /// What comes of HTML that is pasted or dropped.
 enum class PasteWay {
-    Clean,     ///< its structure alone where its looks are litter (structure.js), else as it is
+    Clean,     ///< its structure alone where its looks are litter (structure.js), else as it is; what a surface
+               ///< has copied with its looks
     WithLooks, ///< all that is safe
     AsText,    ///< its text
 };
@@ -84,6 +85,7 @@ public:
     void Navigate(const QString& address);
 
     /// Text size in five steps, 0 smallest to 4 largest; 2 at first. Beyond: the nearest.
+    using WrittenPage::setZoom;
     using WrittenPage::setZoomLevel;
     using WrittenPage::zoomLevel;
 
@@ -101,9 +103,9 @@ public:
     void replaceMisspelt(const QString& word);
     /// What is selected, as text.
     QString selectedText();
-    /// Changes the letters of the selection and leaves its formats, one step of undo. `change` is given them
-    /// with U+2060, which parts no word, where a format begins or ends, and must leave it there. False:
-    /// nothing is selected, or nobody answered.
+    /// Changes the letters of the selection and leaves its formats and the selection, one step of undo.
+    /// `change` is given them with U+2060, which parts no word, where a format begins or ends, and must leave
+    /// it there. False: nothing is selected, or nobody answered.
     [[nodiscard]] bool changeSelection(const std::function<QString(const QString&)>& change);
     /// What a reader sees, and where the caret is.
     SurfaceLetters letters();

@@ -58,7 +58,11 @@ bool isForWindow(const QKeyEvent& key, const QWidget& window)
 {
     if (key.modifiers() == Qt::AltModifier && !key.text().isEmpty())
         return true; // comes back to the page where no access key is meant
-    const QKeySequence sequence(key.keyCombination());
+    // "+" stands with Shift on many keyboards, as other signs do.
+    const bool isSign = key.key() < 0x100 && !QChar(key.key()).isLetterOrNumber();
+    const QKeySequence sequence(
+        isSign ? QKeyCombination(key.modifiers() & ~Qt::ShiftModifier, Qt::Key(key.key()))
+               : key.keyCombination());
     const QList<QShortcut*> shortcuts = window.findChildren<QShortcut*>();
     const QList<QAction*> actions = window.findChildren<QAction*>();
     return std::any_of(shortcuts.begin(), shortcuts.end(),

@@ -22,6 +22,7 @@
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
 #include <QWebEngineView>
+#include <QWheelEvent>
 #include <algorithm>
 #include <array>
 #include <csignal>
@@ -395,10 +396,25 @@ void WebControl::setZoomLevel(int level)
     applyZoom();
 }
 
+void WebControl::setZoom(int percent)
+{
+    m_zoom = percent;
+    applyZoom();
+}
+
 void WebControl::applyZoom()
 {
     if (m_page)
-        m_page->setZoomFactor(ZoomFactors.at(size_t(m_zoomLevel)));
+        m_page->setZoomFactor(ZoomFactors.at(size_t(m_zoomLevel)) * m_zoom / 100);
+}
+
+void WebControl::turnWheel(int angle)
+{
+    m_wheel += angle;
+    if (const int steps = m_wheel / QWheelEvent::DefaultDeltasPerStep; steps != 0) {
+        m_wheel %= QWheelEvent::DefaultDeltasPerStep;
+        emit zoomWanted(steps);
+    }
 }
 
 // ---- Events of the view ----------------------------------------------------------------------------------
@@ -473,6 +489,14 @@ bool WebControl::eventFilter(QObject* watched, QEvent* event)
             const auto& mouse = *static_cast<QMouseEvent*>(event);
             if (actOnMouse(mouse, placeInView(watched, mouse.position())))
                 return true;
+            break;
+        }
+        case QEvent::Wheel: {
+            const auto& wheel = *static_cast<QWheelEvent*>(event);
+            if (wheel.modifiers() & Qt::ControlModifier) {
+                turnWheel(wheel.angleDelta().y());
+                return true;
+            }
             break;
         }
         case QEvent::DragEnter:

@@ -56,6 +56,8 @@ signals:
     void statusTextChanged(const QString& text);
     /// A page that was loaded from an address is complete, or could not be loaded.
     void navigationFinished(bool ok);
+    /// Ctrl and the wheel over a document: larger by so many steps, or smaller.
+    void zoomWanted(int steps);
 
 protected:
     using Renderer = RendererLife::State;
@@ -174,6 +176,8 @@ protected:
     /// In five steps, 0 smallest to 4 largest; 2 at first. Beyond: the nearest.
     void setZoomLevel(int level);
     int zoomLevel() const { return m_zoomLevel; }
+    /// Shows the page larger or smaller, in percent of that size, 25 to 300.
+    void setZoom(int percent);
     /// A page in a new renderer begins at the normal size.
     void applyZoom();
 
@@ -203,6 +207,7 @@ protected:
 private:
     friend class WebProbe; // tests look behind the page
 
+    void turnWheel(int angle);
     [[nodiscard]] Answer askPage(const QString& script);
     void waitFor(QEventLoop& loop, std::optional<int> milliseconds);
     void waitOn(QEventLoop& loop);
@@ -222,6 +227,8 @@ private:
     QString m_status; // without the address under the mouse
     bool m_overLink = false;
     int m_zoomLevel = 2;
+    int m_zoom = 100; // percent of that
+    int m_wheel = 0;  // turned with Ctrl, in eighths of a degree, less than a step
     int m_patience = 5000;
     QPointer<QEventLoop> m_longWait;
     qsizetype m_length = 0;

@@ -237,6 +237,9 @@ void TestFrmWebWords::damagedDictionary()
     desk.spellBy({"American English (en)"});
     desk.write(Misspelt);
     QTRY_VERIFY(desk.spellingEntries().contains("The dictionary en can't be read-"));
+    QTest::keyClick(desk.web->RichTextBox1, Qt::Key_F7);
+    QCOMPARE(desk.notice(),
+             "The dictionary of the chosen language is missing or can't be read (Tools, Spelling).");
     QCOMPARE(desk.underlined(), QStringList());
 }
 

@@ -445,6 +445,8 @@ void TestMainWindow::menuTree()
         "  munpastetext|Paste as Text\tCtrl+Shift+V",
         "  munpastelooks|Paste With Its Looks (disabled)",
         "  munpastehtml|Paste as HTML",
+        "   ----",
+        "  munkeys|Keys...",
         "munhelp|Help",
         "munabout|About",
     };

@@ -28,6 +28,7 @@
 #include "shell/Find.h"
 #include "shell/FrmEarlier.h"
 #include "shell/FrmHelp.h"
+#include "shell/FrmKeys.h"
 #include "shell/FrmPicture.h"
 #include "shell/FrmSplash.h"
 #include "shell/FrmWord.h"
@@ -425,6 +426,7 @@ constexpr auto Views = std::to_array<WindowView>({
     {"earlier-texts", earlierTexts},
     {"live-view", liveView},
     {"check-listing", checkListing},
+    {"keys", entry<FrmKeys, &FrmWeb::munkeys>},
     {"notice", notice},
     {"internet", internet},
     {"wizard-item", wizardTab<0>},

@@ -49,6 +49,7 @@ constexpr auto Rows = std::to_array<HelpRow>({
     {"earlier-texts", "earlier", "Earlier texts"},
     {"live-view", "live", "Live view"},
     {"check-listing", "check", "Checking a listing"},
+    {"keys", "keys", "The keys of the main window"},
     {"notice", "editor", "The tab Editor"},
     {"internet", "internet", "The tab Internet"},
     {"wizard-item", "create-item", "Page 1, Item"},

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The keys of the main window.
+
+#include "platform/Events.h"
+#include "shell/Find.h"
+#include "shell/FindBar.h"
+#include "shell/FrmWeb.h"
+#include "shell/Keys.h"
+
+#include <QKeyEvent>
+#include <QShortcut>
+#include <algorithm>
+#include <array>
+
+namespace brindlemark {
+
+namespace {
+
+template <Tool Button>
+void pressTool(FrmWeb& main)
+{
+    main.toolbarButton(Button)->trigger();
+}
+
+template <FrmWeb::Tab Page>
+void turnToPage(FrmWeb& main)
+{
+    main.SSTab1->setTab(Page);
+    main.giveKeyboardToView();
+}
+
+template <auto Entry> // a member of the window
+void choose(FrmWeb& main)
+{
+    (main.*Entry)->trigger();
+}
+
+constexpr char ListingGroup[] = "The listing";
+constexpr char FindGroup[] = "Finding";
+constexpr char EditGroup[] = "Editing";
+constexpr char ViewGroup[] = "Looking";
+constexpr char BuildGroup[] = "Builders";
+
+constexpr std::array ZoomSteps = {50, 60, 70, 80, 90, 100, 110, 125, 150, 175, 200, 250, 300}; // percent
+constexpr int NoZoom = 5;
+
+/// The step that lies some further; 0 leads back to the first.
+int zoomStep(int now, int steps)
+{
+    return steps == 0 ? 0 : std::clamp(now + steps, -NoZoom, int(ZoomSteps.size()) - 1 - NoZoom);
+}
+
+int percentOf(int step)
+{
+    return ZoomSteps.at(size_t(step + NoZoom));
+}
+
+constexpr auto Keys = std::to_array<MainKey>({
+    {ListingGroup, "Ctrl+N", "A new, empty page", choose<&Ui::FrmWeb::MnNew>},
+    {ListingGroup, "Ctrl+O", "Open a page", choose<&Ui::FrmWeb::MnOpen>},
+    {ListingGroup, "Ctrl+S", "Save", choose<&Ui::FrmWeb::mnsave>},
+    {ListingGroup, "Ctrl+Shift+S", "Save under another name", choose<&Ui::FrmWeb::mnsaveas>},
+    {EditGroup, "Ctrl+Z", "Undo"},
+    {EditGroup, "Ctrl+Y; Ctrl+Shift+Z", "Redo"},
+    {EditGroup, "Ctrl+X", "Cut"},
+    {EditGroup, "Ctrl+C", "Copy"},
+    {EditGroup, "Ctrl+V", "Paste"},
+    {EditGroup, "Ctrl+Shift+V", "Paste as text", choose<&Ui::FrmWeb::munpastetext>},
+    {EditGroup, "Ctrl+A", "Select all"},
+    {EditGroup, "Ctrl+K", "Make or change a link, on the design surface"},
+    {EditGroup, "F7", "Next misspelt word", choose<&Ui::FrmWeb::munnextmisspelt>},
+    {FindGroup, "Ctrl+F", "Find", choose<&Ui::FrmWeb::munfind>},
+    {FindGroup, "F3", "Find the next place", [](FrmWeb& main) { main.findAgain(false); }},
+    {FindGroup, "Shift+F3", "Find the place before", [](FrmWeb& main) { main.findAgain(true); }},
+    {FindGroup, "Ctrl+H", "Find and replace, in the editor", [](FrmWeb& main) { main.openReplace(); }},
+    {ViewGroup, "Ctrl+1", "The editor", turnToPage<FrmWeb::EditorTab>},
+    {ViewGroup, "Ctrl+2", "The preview", turnToPage<FrmWeb::PreviewTab>},
+    {ViewGroup, "Ctrl+3", "The Internet", turnToPage<FrmWeb::InternetTab>},
+    {ViewGroup, "Ctrl++; Ctrl+=", "Larger; Ctrl and the wheel do it too",
+     [](FrmWeb& main) { main.zoomBy(1); }},
+    {ViewGroup, "Ctrl+-", "Smaller", [](FrmWeb& main) { main.zoomBy(-1); }},
+    {ViewGroup, "Ctrl+0", "As large as at first", [](FrmWeb& main) { main.zoomBy(0); }},
+    {ViewGroup, "Ctrl+Tab", "Out of the text to the buttons, and between editor and preview"},
+    {ViewGroup, "Escape", "From the buttons back to the text"},
+    {ViewGroup, "F10", "The menu bar", [](FrmWeb& main) { main.openMenuBar(); }},
+    {ViewGroup, "F1", "Help about what is up"},
+    {BuildGroup, "Ctrl+Shift+N", "A new listing, page by page", pressTool<Tool::Create>},
+    {BuildGroup, "Ctrl+Shift+B", "Body colors", pressTool<Tool::Body>},
+    {BuildGroup, "Ctrl+Shift+F", "Faded text", pressTool<Tool::Font>},
+    {BuildGroup, "Ctrl+Shift+P", "Picture", pressTool<Tool::Picture>},
+    {BuildGroup, "Ctrl+Shift+T", "Table", pressTool<Tool::Table>},
+    {BuildGroup, "Ctrl+Shift+L", "List", pressTool<Tool::List>},
+    {BuildGroup, "Ctrl+Shift+R", "Rule", pressTool<Tool::Rule>},
+});
+
+} // namespace
+
+std::span<const MainKey> mainKeys()
+{
+    return Keys;
+}
+
+void FrmWeb::connectKeys()
+{
+    for (const MainKey& key : Keys) {
+        if (!key.act)
+            continue;
+        for (const QKeySequence& keys : QKeySequence::listFromString(QString::fromLatin1(key.keys))) {
+            auto* shortcut = new QShortcut(keys, this);
+            shortcut->setAutoRepeat(key.group == FindGroup); // a held key opens one window
+            on(shortcut, &QShortcut::activated, this, [this, act = key.act] { act(*this); });
+        }
+    }
+    onInner(RichTextBox1, &RichTextBox::ZoomWanted, this, &FrmWeb::zoomSource);
+    for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
+        onInner(surface, &DocumentSurface::zoomWanted, this, &FrmWeb::zoomSurfaces);
+    SSTab1->installEventFilter(this);
+}
+
+void FrmWeb::giveKeyboardToView()
+{
+    viewThatIsUp()->setFocus();
+}
+
+/// Ctrl+Tab leads to and fro between editor and preview, and never to the Internet, where a stranger's page
+/// would come up.
+bool FrmWeb::eventFilter(QObject* watched, QEvent* event)
+{
+    return guardedCall([&] {
+        if (watched != SSTab1 || event->type() != QEvent::KeyPress)
+            return Form::eventFilter(watched, event);
+        const auto& key = *static_cast<QKeyEvent*>(event);
+        const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+        if (!isTab || !(key.modifiers() & Qt::ControlModifier))
+            return Form::eventFilter(watched, event);
+        SSTab1->setTab(SSTab1->Tab() == EditorTab ? PreviewTab : EditorTab);
+        return true;
+    });
+}
+
+/// Escape, which the view that has the keyboard keeps, leads from a button to the text.
+void FrmWeb::keyPressEvent(QKeyEvent* event)
+{
+    guardedCall([&] {
+        if (event->key() == Qt::Key_Escape) {
+            giveKeyboardToView();
+        } else {
+            Form::keyPressEvent(event);
+        }
+    });
+}
+
+void FrmWeb::openReplace()
+{
+    if (SSTab1->Tab() != EditorTab)
+        return;
+    munfind_Click();
+    form<Find>()->Text2->setFocus();
+}
+
+void FrmWeb::findAgain(bool backwards)
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        if (!isLoaded<Find>() || !form<Find>()->findAgain(*RichTextBox1, backwards))
+            munfind_Click();
+        break;
+    case PreviewTab:
+        findChild<FindBar*>(shownSurface()->objectName() + QStringLiteral("FindBar"))->findAgain(backwards);
+        break;
+    }
+}
+
+void FrmWeb::zoomBy(int steps)
+{
+    switch (SSTab1->Tab()) {
+    case EditorTab:
+        zoomSource(steps);
+        break;
+    case PreviewTab:
+        zoomSurfaces(steps);
+        break;
+    }
+}
+
+void FrmWeb::zoomSource(int steps)
+{
+    m_sourceZoom = zoomStep(m_sourceZoom, steps);
+    RichTextBox1->setZoom(percentOf(m_sourceZoom));
+}
+
+void FrmWeb::zoomSurfaces(int steps)
+{
+    m_surfaceZoom = zoomStep(m_surfaceZoom, steps);
+    for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
+        surface->setZoom(percentOf(m_surfaceZoom));
+}
+
+void FrmWeb::openMenuBar()
+{
+    MenuBar1->setActiveAction(MenuBar1->actions().constFirst());
+}
+
+} // namespace brindlemark
