@@ -36,6 +36,7 @@ inline constexpr QStringView PaymentTerms = u"\\weblst.ini"; ///< terms are name
 inline constexpr QStringView LocationTerms = u"\\weblst2.ini";
 inline constexpr QStringView WhoPaysTerms = u"\\weblst3.ini";
 inline constexpr QStringView OwnWords = u"\\words.txt"; ///< that are right for the user
+inline constexpr QStringView RecentFiles = u"\\recent.txt";
 inline constexpr QStringView Help = u"\\Help0.htm";
 } // namespace DataFile
 

@@ -119,7 +119,7 @@ void place(QWidget* widget, const TwipsRect& rect)
 
 } // namespace
 
-FrmWeb::FrmWeb()
+FrmWeb::FrmWeb() : m_recent(appFile(DataFile::RecentFiles))
 {
     setupUi(this);
     standBelow();
@@ -160,6 +160,7 @@ FrmWeb::FrmWeb()
 
     mendSettingsOnFatal(offerShippedSettings);
     loadSettings();
+    RichTextBox1->setHint(QStringLiteral("Press the wand for a new listing, or open a page."));
     connectHandlers();
     connectViews();
     connectRegions();
@@ -167,6 +168,7 @@ FrmWeb::FrmWeb()
     connectInternet();
     connectWords();
     connectKeys();
+    connectRecent();
     keepOnFatal([this] { return keepText(); });
     on(m_document.get(), &Document::settled, WebBrowser1, &DocumentSurface::forgetEdits);
     m_journalTimer.setObjectName(QStringLiteral("JournalTimer"));
@@ -310,6 +312,7 @@ bool FrmWeb::queryUnload()
 {
     if (!mayGiveUp([this] { Unload(); }))
         return false;
+    noteRecent();
     doors().end(0);
     return true;
 }

@@ -6,6 +6,7 @@
 #include "shell/EarlierTexts.h"
 #include "shell/ListingEditor.h"
 #include "shell/NoticeBar.h"
+#include "shell/RecentFiles.h"
 #include "shell/Tool.h"
 #include "shell/ui_FrmWeb.h"
 
@@ -233,6 +234,12 @@ private:
     void loadEditorBackground();
     void setEditorBackground(int color);
 
+    // FrmWebRecent.cpp
+    void connectRecent();
+    void noteRecent();
+    void munrecent_Popup();
+    void openRecent(const RecentFile& file);
+
     // FrmWebWords.cpp
     void connectWords();
     void switchWordTools();
@@ -280,6 +287,7 @@ private:
 
     std::unique_ptr<Document> m_document;
     std::unique_ptr<EarlierTexts> m_earlier;
+    RecentFiles m_recent;
     NoticeBar* m_notice = nullptr;
     Spelling* m_spelling = nullptr;
     std::unique_ptr<SourceSpelling> m_sourceSpelling;

@@ -146,6 +146,7 @@ void FrmWeb::setCaption(const QString& name)
 
 void FrmWeb::emptyDocument()
 {
+    noteRecent();
     m_document->blank();
     setCaption(m_document->name());
 }
@@ -259,6 +260,7 @@ void FrmWeb::openHandedOver(const QString& path)
 
 void FrmWeb::openFile(const QString& path)
 {
+    noteRecent(); // where the caret stands in the document that goes
     try {
         const WaitCursor hourglass;
         LongWork work;
@@ -274,6 +276,7 @@ void FrmWeb::openFile(const QString& path)
             showSource(WebBrowser3);
     }
     setCaption(m_document->bareName());
+    noteRecent();
     if (highlighted)
         highlightSource();
     UpdateRegionButtons(*this);
@@ -331,6 +334,7 @@ SaveResult FrmWeb::write(const QString& path)
         const WaitCursor hourglass;
         keepOverwritten(path, text);
         m_document->save(path, text, SSTab1->Tab() != InternetTab);
+        noteRecent();
         if (SSTab1->Tab() == InternetTab)
             tellEmptyRecord();
         return SaveResult::Saved;

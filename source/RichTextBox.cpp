@@ -15,6 +15,7 @@
 #include <QApplication>
 #include <QFontInfo>
 #include <QKeyEvent>
+#include <QLabel>
 #include <algorithm>
 #include <array>
 #include <utility>
@@ -497,6 +498,32 @@ void RichTextBox::applyLook()
     m_colors.applyLook();
     SendScintilla(SCI_SETCARETFORE, QColor(qGray(back.rgb()) < 128 ? Qt::white : Qt::black));
     send(SCI_SETZOOM, qRound(points * (m_zoom - 100) / 100));
+    colorHint();
+}
+
+void RichTextBox::setHint(const QString& hint)
+{
+    if (!m_hint) {
+        m_hint = new QLabel(viewport());
+        m_hint->setAttribute(Qt::WA_TransparentForMouseEvents);
+        m_hint->move(12, 2); // beside the caret
+        m_hint->setVisible(isEmpty());
+    }
+    m_hint->setText(hint);
+    m_hint->adjustSize();
+    colorHint();
+}
+
+void RichTextBox::colorHint()
+{
+    if (!m_hint)
+        return;
+    QPalette colors = palette();
+    const QColor back = colorOf(m_backColor);
+    colors.setColor(QPalette::Base, back);
+    colors.setColor(QPalette::Text, qGray(back.rgb()) < 128 ? Qt::white : Qt::black);
+    colors.setColor(QPalette::WindowText, withReadableHints(colors).color(QPalette::PlaceholderText));
+    m_hint->setPalette(colors);
 }
 
 void RichTextBox::setZoom(int percent)
@@ -559,6 +586,8 @@ void RichTextBox::notify()
     tellInserted();
     m_colors.settle();
     const bool textChanged = std::exchange(m_textChanged, false);
+    if (textChanged && m_hint)
+        m_hint->setVisible(isEmpty());
     if (textChanged)
         emit Change();
     const Range now = selection();

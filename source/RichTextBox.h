@@ -96,6 +96,9 @@ public:
     /// and brings it into view. False: there is none.
     [[nodiscard]] bool findAround(const QByteArray& text, FindOptions options, bool backwards);
 
+    /// A sentence that stands in grey in the empty box, and is no part of its text.
+    void setHint(const QString& hint);
+
     /// Shows the text larger or smaller, in percent of its font, 50 to 300. The text and its font stay.
     void setZoom(int percent);
 
@@ -231,6 +234,7 @@ private:
     void setUpComponent();
     void setUpKeys();
     void applyLook();
+    void colorHint();
     void applySelectionColors();
 
     void run(unsigned command);
@@ -267,6 +271,7 @@ private:
     QTimer m_notifyTimer;
     QTimer m_scrollTimer;
     bool m_leftPressed = false;
+    QLabel* m_hint = nullptr;
     int m_zoom = 100; // percent
     int m_wheel = 0;  // turned with Ctrl, in eighths of a degree, less than a step
     QLabel* m_preedit = nullptr;

@@ -23,6 +23,8 @@
 #include <QSignalSpy>
 #include <QToolBar>
 #include <QToolButton>
+#include <algorithm>
+#include <cmath>
 
 using namespace brindlemark;
 
@@ -114,6 +116,7 @@ private slots:
     void createWithAStaleCancelOpensNothing();
     void menuTree();
     void menuEntriesHaveNoShortcuts();
+    void hintOfTheEmptyEditor();
     void menuEntriesOfFile();
     void tabPages();
     void controlsStandOnTheirPages_data();
@@ -429,6 +432,7 @@ void TestMainWindow::menuTree()
         "  muinternetline ----",
         "  muaddressclear|Address Lists Clear",
         "muntools|Tools",
+        "  munrecent|Recent Files",
         "  munearlier|Earlier Texts...",
         "  munliveview|Live View...",
         "  munchecklisting|Check Listing...",
@@ -473,6 +477,48 @@ void TestMainWindow::menuEntriesHaveNoShortcuts()
     MainWindow window;
     for (const QAction* entry : window.web->findChildren<QAction*>())
         QVERIFY2(entry->shortcuts().isEmpty(), qPrintable(entry->objectName()));
+}
+
+/// It says what to press, and is no part of the text; on a dark background it can be read too.
+void TestMainWindow::hintOfTheEmptyEditor()
+{
+    const MainWindow window;
+    RichTextBox* box = window.web->RichTextBox1;
+    const QLabel* hint = box->findChild<QLabel*>();
+    QVERIFY(hint->isVisible());
+    QCOMPARE(hint->text(), QStringLiteral("Press the wand for a new listing, or open a page."));
+    QCOMPARE(window.source(), QByteArray());
+    const auto contrastNow = [&] { // as it is painted
+        const QImage picture = box->viewport()->grab(hint->geometry()).toImage();
+        const auto light = [](QRgb pixel) {
+            const auto part = [](int value) {
+                const double c = value / 255.0;
+                return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+            };
+            return 0.2126 * part(qRed(pixel)) + 0.7152 * part(qGreen(pixel)) + 0.0722 * part(qBlue(pixel));
+        };
+        double least = 1;
+        double most = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x) {
+                const double here = light(picture.pixel(x, y));
+                least = std::min(least, here);
+                most = std::max(most, here);
+            }
+        }
+        return (most + 0.05) / (least + 0.05);
+    };
+    QVERIFY2(contrastNow() >= 4.5, qPrintable(QString::number(contrastNow())));
+    box->setBackColor(0x400000); // a dark blue
+    QVERIFY2(contrastNow() >= 4.5, qPrintable(QString::number(contrastNow())));
+    window.type(QStringLiteral("x"));
+    QVERIFY(!hint->isVisible());
+    QTest::keyClick(box, Qt::Key_Backspace);
+    QVERIFY(hint->isVisible());
+    QTest::mouseClick(box->viewport(), Qt::LeftButton, {}, hint->geometry().center()); // goes to the box
+    window.type(QStringLiteral("lamp"));
+    QCOMPARE(window.source(), QByteArray("lamp"));
+    window.web->document().setDirty(false);
 }
 
 void TestMainWindow::menuEntriesOfFile()

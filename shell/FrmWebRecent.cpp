@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The files that were the document last.
+
+#include "platform/Events.h"
+#include "shell/FrmWeb.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QMenu>
+#include <algorithm>
+
+namespace brindlemark {
+
+void FrmWeb::connectRecent()
+{
+    munrecent->setToolTipsVisible(true);
+    on(munrecent, &QMenu::aboutToShow, this, &FrmWeb::munrecent_Popup);
+}
+
+void FrmWeb::noteRecent()
+{
+    if (m_document->isNamed())
+        m_recent.note({m_document->name(), RichTextBox1->SelStart()});
+}
+
+void FrmWeb::munrecent_Popup()
+{
+    munrecent->clear();
+    const QList<RecentFile> files = m_recent.files();
+    const QStringList names = shownNames(files);
+    for (qsizetype i = 0; i < files.size(); ++i) {
+        const RecentFile& file = files.at(i);
+        QAction* entry = munrecent->addAction(QString(names.at(i)).replace(u'&', QStringLiteral("&&")));
+        entry->setToolTip(QDir::toNativeSeparators(file.path));
+        entry->setEnabled(QFileInfo(file.path).isFile());
+        on(entry, &QAction::triggered, this, [this, file] { openRecent(file); });
+    }
+    if (files.isEmpty())
+        munrecent->addAction(QStringLiteral("No file was opened or saved yet"))->setEnabled(false);
+    munrecent->addSeparator();
+    QAction* clear = munrecent->addAction(QStringLiteral("Clear This List"));
+    clear->setEnabled(!files.isEmpty());
+    on(clear, &QAction::triggered, this, [this] { m_recent.clear(); });
+}
+
+/// With the caret where it stood last.
+void FrmWeb::openRecent(const RecentFile& file)
+{
+    if (!giveUpDocument([this, file] { openRecent(file); }))
+        return;
+    openFile(file.path);
+    if (m_document->name() == file.path && SSTab1->Tab() == EditorTab)
+        select({std::min<qsizetype>(file.caret, RichTextBox1->TextLength()), 0});
+}
+
+} // namespace brindlemark
