@@ -8,6 +8,7 @@
 #include <QHeaderView>
 #include <QKeySequence>
 #include <QTreeWidgetItem>
+#include <limits>
 
 namespace brindlemark {
 
@@ -47,6 +48,7 @@ FrmKeys::FrmKeys()
     const QAbstractItemView* list = List; // there the width is public
     List->setMinimumSize(list->sizeHintForColumn(0) + list->sizeHintForColumn(1) + Beside,
                          fontMetrics().lineSpacing() * 16);
+    Wanted->setMaxLength(std::numeric_limits<int>::max());
     on(Wanted, &QLineEdit::textChanged, this, &FrmKeys::Wanted_TextChanged);
     on(CloseWindow, &QPushButton::clicked, this, &FrmKeys::Unload);
     setCancelButton(CloseWindow);

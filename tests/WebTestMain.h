@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "Patience.h"
 #include "web/WebEngine.h"
 
 #include <QApplication>
@@ -9,6 +10,14 @@
 #include <memory>
 
 using namespace brindlemark;
+
+// The toolkit's five seconds are short for an engine on a busy machine.
+#undef QTRY_VERIFY
+#define QTRY_VERIFY(condition) QTRY_VERIFY_WITH_TIMEOUT(condition, Patience)
+#undef QTRY_VERIFY2
+#define QTRY_VERIFY2(condition, words) QTRY_VERIFY2_WITH_TIMEOUT(condition, words, Patience)
+#undef QTRY_COMPARE
+#define QTRY_COMPARE(actual, expected) QTRY_COMPARE_WITH_TIMEOUT(actual, expected, Patience)
 
 /// Where the pages of a test are rendered.
 enum class Renderers {

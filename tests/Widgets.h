@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #pragma once
 
+#include "Patience.h"
+
 #include <QByteArray>
 #include <QPoint>
 #include <QString>
@@ -22,9 +24,6 @@ class WebControl;
 QByteArray className(const QObject* object);
 
 // What a hand does with the program's controls, and what an eye sees in them.
-
-/// How long to wait for a window or a page, in milliseconds; wide, for a busy machine.
-constexpr int Patience = 20000;
 
 /// Clicks the middle of a button.
 void click(QAbstractButton* button);

@@ -23,6 +23,16 @@
 
 namespace brindlemark {
 
+namespace {
+
+/// Says on the clipboard that a surface has copied its HTML.
+QString ownFormat()
+{
+    return QStringLiteral("application/x-brindlemark-page");
+}
+
+} // namespace
+
 DocumentSurface::DocumentSurface(QWidget* parent) : WrittenPage(WebPage::Kind::Document, parent)
 {
     m_comingTimer.setSingleShot(true);
@@ -327,6 +337,7 @@ bool DocumentSurface::copySelection()
     auto clip = std::make_unique<QMimeData>();
     clip->setText(selection.at(0).toString());
     clip->setHtml(selection.at(1).toString());
+    clip->setData(ownFormat(), "1"); // a format without data may get lost on the way
     doors().setClipboard(std::move(clip));
     return true;
 }
@@ -334,7 +345,10 @@ bool DocumentSurface::copySelection()
 bool DocumentSurface::paste(PasteWay way)
 {
     const QMimeData* clip = doors().clipboard();
-    return clip && insert(clip->text(), clip->html(), way);
+    if (!clip)
+        return false;
+    const bool isOwn = way == PasteWay::Clean && clip->hasFormat(ownFormat());
+    return insert(clip->text(), clip->html(), isOwn ? PasteWay::WithLooks : way);
 }
 
 /// Sends the cleaner to a page that has not got it yet.
@@ -348,10 +362,12 @@ QString DocumentSurface::cleaned(const QString& text, const QString& html)
 {
     if (html.isEmpty() || !canClean())
         return QString();
-    return call(QStringLiteral("cleaned(") + literal(text) + u',' + literal(html) + u',' + literal(false) +
-                u')')
-        .value.value_or(QVariant())
-        .toString();
+    const qsizetype pageLength = length();
+    setLength(pageLength + html.size()); // as in `insert`, but the page stays as long as it is
+    const Answer answer = call(QStringLiteral("cleaned(") + literal(text) + u',' + literal(html) + u',' +
+                               literal(false) + u')');
+    setLength(pageLength);
+    return answer.value.value_or(QVariant()).toString();
 }
 
 /// Inserts what comes from elsewhere at the caret, or at a place of the view.

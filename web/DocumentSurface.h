@@ -16,8 +16,7 @@ struct FindResult
 
 /// What comes of HTML that is pasted or dropped.
 enum class PasteWay {
-    Clean,     ///< its structure alone where its looks are litter (structure.js), else as it is; what a surface
-               ///< has copied with its looks
+    Clean,     ///< its structure where its looks are litter (structure.js) and no surface's, else as it is
     WithLooks, ///< all that is safe
     AsText,    ///< its text
 };

@@ -14,13 +14,16 @@ const words = list => list.split(' ');
 
 /** How programs can be told whose looks are litter: by what they write about themselves, or browsers of computed styles. */
 const PROGRAMS = new RegExp([
-    'class="?Mso|mso-|schemas-microsoft-com:office|<o:p', // office programs
+    'mso-|schemas-microsoft-com:office|<o:p', // office programs
     '<meta[^>]+generator[^>]+office',
     'docs-internal-guid',
-    'class="[^"]*(?:gmail_|elementToProof|x_|ydp|yiv|yui_|Apple-)|id="(?:x_|ydp|yui_)', // web mail
+    'id="(?:x_|ydp|yui_)', // web mail
     'data-(?:slate|tid|ogs[bc]|olk|stringify)', // chats
-    '-webkit-text-stroke-width|(?:orphans|widows):', // what browsers have computed
+    'style="[^"]*(?:-webkit-text-stroke-width|orphans|widows):', // what browsers have computed
 ].join('|'), 'i');
+
+/** How their classes begin, in these very letters: others call theirs "apple-red" or "box_left". */
+const CLASSES = /(?:class|CLASS)=(?:"?Mso|"(?:[^"]*\s)?(?:gmail_|elementToProof|x_|ydp|yiv|yui_|Apple-))/;
 
 /** How one browser begins what it copies. The style sheets of the page don't come along, so that classes do nothing. */
 const BROWSERS = /^\s*<meta http-equiv="?content-type/i;
@@ -45,15 +48,31 @@ const FORMATS = words('b i u s sub sup');
 const FORMAT_OF = { b: 'b', strong: 'b', i: 'i', em: 'i', cite: 'i', dfn: 'i', u: 'u', ins: 'u', s: 's', strike: 's', del: 's', sub: 'sub',
     sup: 'sup' };
 
-const nameOf = element => element.localName;
-const attribute = (element, name) => element.getAttribute(name) || '';
+/** Reads a property through its prototype: the fields of a form have names that hide it. */
+function reader(type, name) {
+    const getter = Object.getOwnPropertyDescriptor(type.prototype, name).get;
+    return node => getter.call(node);
+}
+const nameOf = reader(Element, 'localName');
+const styleOf = reader(HTMLElement, 'style');
+const childrenOf = reader(Node, 'childNodes');
+const has = (element, name) => Element.prototype.hasAttribute.call(element, name);
+const attribute = (element, name) => Element.prototype.getAttribute.call(element, name) || '';
+
+/** Puts what an element holds in its place; one by one, as a call takes no hundred thousand arguments. */
+function unwrap(element) {
+    while (element.firstChild)
+        element.before(element.firstChild);
+    element.remove();
+}
 
 /** Whether nobody sees an element: it says so, or measures who reads. */
 function isHidden(element) {
-    const style = element.style;
+    const style = styleOf(element);
     const isPoint = nameOf(element) === 'img' && (/^[01](?:px)?$/.test(attribute(element, 'width')) || /^[01]px$/.test(style.width));
-    return isPoint || style.display === 'none' || style.visibility === 'hidden' || element.hasAttribute('hidden') ||
-        /mso-hide: *all|mso-list: *ignore|page-break-before: *always/i.test(attribute(element, 'style')) ||
+    const isPageBreak = nameOf(element) === 'br' && /page-break-before: *always/i.test(attribute(element, 'style'));
+    return isPoint || isPageBreak || style.display === 'none' || style.visibility === 'hidden' || has(element, 'hidden') ||
+        /mso-hide: *all|mso-list: *ignore/i.test(attribute(element, 'style')) ||
         /(?:^| )Apple-interchange-newline/.test(attribute(element, 'class'));
 }
 
@@ -66,7 +85,7 @@ function formatsWithin(element, around) {
         formats.add(own);
     if (HEADINGS.has(nameOf(element)) || nameOf(element) === 'th')
         formats.delete('b'); // they are bold as they are
-    const style = element.style;
+    const style = styleOf(element);
     const weight = style.fontWeight;
     const isBoldItself = HEADINGS.has(nameOf(element)) || nameOf(element) === 'th';
     if (weight !== '' && weight !== 'inherit' && !isBoldItself)
@@ -104,76 +123,103 @@ class Structure {
         this.line = null;
         this.lineName = 'p';
         this.run = null;
+        this.takesBlank = false; // whether a blank would be seen where the next text comes
+        this.keepsLines = false; // within PRE
         this.lists = []; // of paragraphs that stand for entries, the outer one first
     }
 
     get place() { return this.places[this.places.length - 1]; }
 
+    /** Its letters come into the page at once: to append them one by one takes a time with the square of their number. */
+    endRun() {
+        if (this.run && this.run.text)
+            this.run.text.data = this.run.letters;
+        this.run = null;
+    }
+
     endLine() {
+        this.endRun();
         const line = this.line;
-        this.line = this.run = null;
+        this.line = null;
         if (!line)
             return;
         const isBreak = node => node instanceof Element && nameOf(node) === 'br';
         while (line.lastChild && isBreak(line.lastChild))
             line.lastChild.remove();
-        const last = document.createTreeWalker(line, NodeFilter.SHOW_TEXT);
-        let text = null;
-        while (last.nextNode())
-            text = last.currentNode;
-        if (text && !text.nextSibling)
-            text.data = text.data.replace(/ $/, '');
+        let last = line;
+        while (last.lastChild)
+            last = last.lastChild;
+        if (last instanceof Text)
+            last.data = last.data.replace(/ $/, '');
         if (line.textContent.trim() === '' && !line.querySelector('img'))
             line.remove();
     }
 
+    beginLine(line) {
+        this.endRun();
+        this.line = line;
+        this.takesBlank = false;
+    }
+
     lineForText() {
         if (!this.line) {
-            this.line = this.maker.createElement(this.lineName);
+            this.lists = []; // what stands between two entries parts their lists
+            this.beginLine(this.maker.createElement(this.lineName));
             this.place.append(this.line);
         }
         return this.line;
     }
 
-    /** Text, a break or a picture, in its formats and its link. */
-    add(node, formats, link) {
+    /** Text or a picture, in its formats and its link. */
+    add(content, formats, link) {
         const line = this.lineForText();
         const names = FORMATS.filter(format => formats.has(format) && !(link && format === 'u')); // links are underlined
         const key = names.join(' ') + '|' + (link ? attribute(link, 'href') : '');
         if (!this.run || this.run.key !== key) {
+            this.endRun();
             let host = line;
             for (const element of [...(link ? [this.copy(link)] : []), ...names.map(name => this.maker.createElement(name))]) {
                 host.append(element);
                 host = element;
             }
-            this.run = { key, host };
+            this.run = { key, host, text: null, letters: '' };
         }
-        this.run.host.append(node);
-        this.run.host.normalize();
+        const run = this.run;
+        if (content instanceof Element) {
+            run.host.append(content);
+            this.endRun();
+        } else {
+            if (!run.text)
+                run.host.append(run.text = this.maker.createTextNode(''));
+            run.letters += content;
+        }
+        this.takesBlank = !(typeof content === 'string' && content.endsWith(' '));
     }
 
     addText(text, formats, link) {
-        let collapsed = text.replace(/\ufeff/g, '').replace(/[ \t\r\n\f]+/g, ' ');
-        const before = this.line ? this.line.textContent : '';
-        const last = this.line && this.line.lastChild;
-        const begins = before === '' || before.endsWith(' ') || (last instanceof Element && nameOf(last) === 'br');
-        if (begins)
-            collapsed = collapsed.replace(/^ /, '');
-        if (collapsed !== '')
-            this.add(this.maker.createTextNode(collapsed), formats, link);
+        const lines = this.keepsLines ? text.split('\n') : [text];
+        lines.forEach((line, i) => {
+            if (i > 0)
+                this.addBreak();
+            let collapsed = line.replace(/\ufeff/g, '').replace(/[ \t\r\n\f]+/g, ' ');
+            if (!this.line || !this.takesBlank)
+                collapsed = collapsed.replace(/^ /, '');
+            if (collapsed !== '')
+                this.add(collapsed, formats, link);
+        });
     }
 
     addBreak() {
         if (!this.line)
             return; // a blank line between paragraphs
-        this.run = null;
         this.line.append(this.maker.createElement('br'));
+        this.beginLine(this.line);
     }
 
     copy(element) {
         const copy = this.maker.createElement(nameOf(element));
         for (const name of KEPT[nameOf(element)] || []) {
-            if (element.hasAttribute(name) && !(SPANS.has(name) && attribute(element, name) === '1'))
+            if (has(element, name) && !(SPANS.has(name) && attribute(element, name) === '1'))
                 copy.setAttribute(name, attribute(element, name));
         }
         return copy;
@@ -190,11 +236,12 @@ class Structure {
         this.places.push(copy);
         inside();
         this.endLine();
+        this.lists = [];
         this.places.pop();
         if (HOLDERS.has(nameOf(copy))) {
             const lines = Array.from(copy.children).filter(child => nameOf(child) === 'p');
             if (lines.length === 1 && copy.firstElementChild === lines[0])
-                lines[0].replaceWith(...lines[0].childNodes);
+                unwrap(lines[0]);
         }
         if (nameOf(copy) === 'li' && copy.childNodes.length === 0 || LISTS.has(nameOf(copy)) && !copy.querySelector('li'))
             copy.remove();
@@ -213,12 +260,13 @@ class Structure {
         }
         const item = this.maker.createElement('li');
         list.element.append(item);
-        const lists = this.lists;
-        this.line = item;
-        this.run = null;
+        this.beginLine(item);
         inside();
         this.endLine();
-        this.lists = lists;
+        if (!list.element.firstChild) { // the entry was empty
+            list.element.remove();
+            this.lists = this.lists.filter(other => other !== list);
+        }
     }
 
     walk(nodes, formats, link) {
@@ -235,7 +283,7 @@ class Structure {
     walkElement(element, around, link) {
         const name = nameOf(element);
         const formats = formatsWithin(element, around);
-        const inside = () => this.walk(element.childNodes, formats, link);
+        const inside = () => this.walk(childrenOf(element), formats, link);
         const entry = listEntry(element);
         if (DROPPED.has(name))
             return;
@@ -245,21 +293,23 @@ class Structure {
             this.addBreak();
         } else if (name === 'hr') {
             this.endLine();
+            this.lists = [];
             this.place.append(this.maker.createElement('hr'));
         } else if (name === 'img') {
             this.addPicture(element, formats, link);
-        } else if (name === 'a' && element.hasAttribute('href')) {
-            this.walk(element.childNodes, formats, element);
+        } else if (name === 'a' && has(element, 'href')) {
+            this.walk(childrenOf(element), formats, element);
         } else if (LISTS.has(name) || name === 'li' || TABLE_PARTS.has(name)) {
             this.enclose(element, inside);
         } else if (BLOCKS.has(name) || HEADINGS.has(name)) {
             this.endLine();
             this.lists = [];
-            const before = this.lineName;
+            const { lineName, keepsLines } = this;
             this.lineName = HEADINGS.has(name) ? name : 'p';
+            this.keepsLines = keepsLines || name === 'pre';
             inside();
             this.endLine();
-            this.lineName = before;
+            Object.assign(this, { lineName, keepsLines });
         } else {
             inside();
         }
@@ -272,24 +322,23 @@ class Structure {
             this.addText(alt, formats, link);
         } else if (/^(?:https?:|file:)/i.test(attribute(element, 'src'))) {
             this.add(this.copy(element), formats, link);
-            this.run = null;
         }
     }
 }
 
 return {
     /** Whether the looks of this HTML, as it comes, are litter. */
-    isLitter: html => PROGRAMS.test(html),
+    isLitter: html => PROGRAMS.test(html) || CLASSES.test(html),
 
     /** Takes the names from a body by which a page is known to its own style sheets and scripts; nobody sees them. */
     dropNames(html, body) {
         if (!BROWSERS.test(html))
             return body;
         for (const element of body.querySelectorAll('*')) {
-            const names = element.getAttributeNames().filter(name => /^(?:class|data-.*|aria-.*)$/.test(name));
-            names.forEach(name => element.removeAttribute(name));
-            if (names.length > 0 && element.attributes.length === 0 && nameOf(element) === 'span')
-                element.replaceWith(...element.childNodes);
+            const names = Element.prototype.getAttributeNames.call(element).filter(name => /^(?:class|data-.*|aria-.*)$/.test(name));
+            names.forEach(name => Element.prototype.removeAttribute.call(element, name));
+            if (names.length > 0 && nameOf(element) === 'span' && element.attributes.length === 0)
+                unwrap(element);
         }
         return body;
     },
@@ -303,7 +352,7 @@ return {
         const hasBlock = Array.from(body.querySelectorAll('*')).some(element => BLOCKS.has(nameOf(element)));
         const only = made.children.length === 1 ? made.firstElementChild : null;
         if (only && nameOf(only) === 'p' && !hasBlock)
-            only.replaceWith(...only.childNodes);
+            unwrap(only);
         return made;
     },
 };

@@ -12,7 +12,11 @@
 
 const { serialise, holdBack, HOLDER, isBlock, standsByItself } = functions;
 
-const body = () => Object.getOwnPropertyDescriptor(Document.prototype, 'body').get.call(document);
+/** The document's own properties. */
+const own = name => Reflect.get(Document.prototype, name, document);
+const setOwn = (name, value) => Reflect.set(Document.prototype, name, value, document);
+
+const body = () => own('body');
 const command = (name, value) => Document.prototype.execCommand.call(document, name, false, value);
 const selectedRange = () => getSelection().rangeCount > 0 ? getSelection().getRangeAt(0) : null;
 
@@ -21,7 +25,7 @@ const HIDDEN = new CSSStyleSheet();
 HIDDEN.replaceSync(':root { display: none !important }');
 
 function reveal() {
-    document.adoptedStyleSheets = [];
+    setOwn('adoptedStyleSheets', []);
 }
 
 /** An editing command works where the caret is: there has to be one. */
@@ -73,7 +77,7 @@ const UNSEEN = /^(?:script|style|noscript|template)$/;
 
 /** The text nodes of an element, and LINE_END where a line ends between two of them. */
 function textsOf(element) {
-    const walker = document.createTreeWalker(element, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT);
+    const walker = Document.prototype.createTreeWalker.call(document, element, NodeFilter.SHOW_TEXT | NodeFilter.SHOW_ELEMENT);
     const endsLine = node => !WITHIN_LINE.test(node.localName);
     const blockOf = node => {
         let block = node.parentNode;
@@ -98,6 +102,117 @@ function textsOf(element) {
         }
     }
     return texts;
+}
+
+/** Hears of what happens anywhere in the page. The page that is written next knows nothing of it. */
+const listen = (event, heard) => EventTarget.prototype.addEventListener.call(window, event, heard, true);
+
+const selectBetween = (start, startOffset, end, endOffset) => getSelection().setBaseAndExtent(start, startOffset, end, endOffset);
+
+/** What of each text node is selected, as { node, start, end }, and LINE_END where a line ends between two of them. */
+function selectedTexts(range) {
+    const around = range.commonAncestorContainer;
+    const selected = [];
+    let lineEnded = false;
+    for (const node of textsOf(around instanceof Text ? around.parentNode : around)) {
+        if (node === LINE_END) {
+            lineEnded = true;
+        } else if (range.intersectsNode(node)) {
+            const start = node === range.startContainer ? range.startOffset : 0;
+            const end = node === range.endContainer ? range.endOffset : node.length;
+            if (start === end)
+                continue;
+            if (lineEnded && selected.length > 0)
+                selected.push(LINE_END);
+            lineEnded = false;
+            selected.push({ node, start, end });
+        }
+    }
+    return selected;
+}
+
+const replaced = (text, at, count, letters) => text.slice(0, at) + letters + text.slice(at + count);
+
+/**
+ * Letters that were changed in place. Whatever the engine replaces beyond one text it takes apart, with its formats, lists and
+ * tables; so it is given one letter, which makes the step of undo, and all others follow that.
+ */
+class LetterChange {
+    /** The texts as { node, before, after }; what was selected, and where that ends when they are changed. */
+    constructor(texts, range, endAfter) {
+        this.texts = texts;
+        this.start = [range.startContainer, range.startOffset];
+        this.ends = { before: [range.endContainer, range.endOffset], after: [range.endContainer, endAfter] };
+    }
+
+    /** Finds the first letter that changes and is seen, where the engine works. */
+    findLetter() {
+        const letter = Document.prototype.createRange.call(document);
+        for (const text of this.texts) {
+            const { node, before, after } = text;
+            let at = 0;
+            while (before[at] === after[at])
+                ++at;
+            if (/[\udc00-\udfff]/.test(before[at]))
+                --at;
+            const [from, to] = [before, after].map(letters => String.fromCodePoint(letters.codePointAt(at)));
+            letter.setStart(node, at);
+            letter.setEnd(node, at + from.length);
+            if (letter.getClientRects().length > 0) {
+                this.letter = { text, at, from, to };
+                // How the text stands when the engine has changed the letter and nothing has followed yet.
+                this.letter.after = replaced(before, at, from.length, to);
+                this.letter.before = replaced(after, at, to.length, from);
+                return true;
+            }
+        }
+        return false;
+    }
+
+    make() {
+        if (!this.findLetter())
+            return false;
+        const { text, at, from, to } = this.letter;
+        selectBetween(text.node, at, text.node, at + from.length);
+        const isChanged = command('insertText', to);
+        if (isChanged && this.isTurned('after')) {
+            this.follow('after');
+            return true;
+        }
+        if (isChanged)
+            command('undo'); // it was more than the letter
+        selectBetween(...this.start, ...this.ends.before);
+        return false;
+    }
+
+    /** Whether the engine has just brought its letter to what it was before or after, and nothing else is different. */
+    isTurned(to) {
+        const from = to === 'before' ? 'after' : 'before';
+        return this.texts.every(text => text.node.data === (text === this.letter.text ? this.letter[to] : text[from]));
+    }
+
+    follow(to) {
+        this.texts.forEach(text => { text.node.data = text[to]; });
+        selectBetween(...this.start, ...this.ends[to]);
+    }
+}
+
+/** Those of this page, the last one last, and those that were taken back, the first one last. */
+let changesDone = [];
+let changesUndone = [];
+
+function followUndo(event) {
+    const turn = (from, to, state) => {
+        const change = from[from.length - 1];
+        if (!change || !change.isTurned(state))
+            return;
+        change.follow(state);
+        to.push(from.pop());
+    };
+    if (event.inputType === 'historyUndo')
+        turn(changesDone, changesUndone, 'before');
+    else if (event.inputType === 'historyRedo')
+        turn(changesUndone, changesDone, 'after');
 }
 
 /** The function of clean.js, once it was needed in this page. */
@@ -159,7 +274,8 @@ function elementAt(place) {
 function isWideItself(element) {
     if (boxOf(element).width <= innerWidth)
         return false;
-    const width = Element.prototype.getAttribute.call(element, 'width') || element.style.width || '';
+    const style = element instanceof HTMLElement ? Reflect.get(HTMLElement.prototype, 'style', element) : element.style;
+    const width = Element.prototype.getAttribute.call(element, 'width') || style.width || '';
     return element instanceof HTMLImageElement || (parseFloat(width) > innerWidth && !width.includes('%'));
 }
 
@@ -196,10 +312,12 @@ return {
         Document.prototype.open.call(document);
         Document.prototype.write.call(document, holdBack(text));
         if (design)
-            document.adoptedStyleSheets = [HIDDEN];
+            setOwn('adoptedStyleSheets', [HIDDEN]);
         Document.prototype.close.call(document);
         if (design)
             placeCaret();
+        changesDone = [];
+        changesUndone = [];
         forgetEdits();
         return true;
     },
@@ -212,12 +330,12 @@ return {
         scrollTo(...wanted);
         let reached = scrollY;
         // Pictures that come later make the page as long as it was.
-        addEventListener('load', () => {
+        listen('load', () => {
             if (scrollY === reached) {
                 scrollTo(...wanted);
                 reached = scrollY;
             }
-        }, true);
+        });
         return true;
     },
 
@@ -264,7 +382,7 @@ return {
         const causes = outside.filter(isWideItself);
         const widest = (causes.length > 0 ? causes : outside).reduce((widest, element) =>
             widest && boxOf(widest).width > boxOf(element).width ? widest : element, null);
-        return [Array.from(document.images).every(image => image.complete), document.scrollingElement.scrollWidth, widest ? placeOf(widest) : -1];
+        return [Array.from(own('images')).every(image => image.complete), own('scrollingElement').scrollWidth, widest ? placeOf(widest) : -1];
     },
 
     reveal,
@@ -312,24 +430,37 @@ return {
     selectedLetters() {
         reveal();
         const range = selectedRange();
-        if (!range || range.collapsed)
-            return '';
-        this.holder = Document.prototype.createElement.call(document, 'div');
-        this.holder.append(range.cloneContents());
-        return textsOf(this.holder).map(text => text instanceof Text ? text.data : text).join(APART);
+        this.selected = range ? selectedTexts(range) : [];
+        return this.selected.map(text => text === LINE_END ? text : text.node.data.slice(text.start, text.end)).join(APART);
     },
 
     /** Puts changed letters in place of those that `selectedLetters` has told. */
     replaceLetters(letters) {
-        const texts = letters.split(APART);
-        const nodes = textsOf(this.holder);
-        if (texts.length !== nodes.length)
+        const parts = letters.split(APART);
+        if (parts.length !== this.selected.length)
             return false;
-        nodes.forEach((node, i) => {
-            if (node instanceof Text)
-                node.data = texts[i];
+        const range = selectedRange();
+        let endAfter = range.endOffset;
+        const texts = [];
+        this.selected.forEach((text, i) => {
+            if (text === LINE_END)
+                return;
+            const { node, start, end } = text;
+            if (node === range.endContainer)
+                endAfter = start + parts[i].length;
+            const after = replaced(node.data, start, end - start, parts[i]);
+            if (after !== node.data)
+                texts.push({ node, before: node.data, after });
         });
-        return command('insertHTML', bundled(this.holder.innerHTML));
+        if (texts.length === 0)
+            return true;
+        const change = new LetterChange(texts, range, endAfter);
+        if (!change.make())
+            return false;
+        changesDone.push(change);
+        changesUndone = [];
+        listen('input', followUndo);
+        return true;
     },
 
     /** Whether `paste` takes HTML; else `cleanWith` comes first. */

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The engine's own checker on the design surface, with dictionaries that are made for it.
+// Words on the design surface: the engine's own checker, with dictionaries that are made for it, and letters
+// that are changed in place.
 
 #include "MainWindow.h"
 #include "WebProbe.h"
@@ -8,6 +9,7 @@
 #include "Widgets.h"
 #include "shell/NoticeBar.h"
 #include "shell/Spelling.h"
+#include "web/LivePage.h"
 
 #include <QApplication>
 #include <QDir>
@@ -15,6 +17,7 @@
 #include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
+#include <memory>
 
 using namespace brindlemark;
 
@@ -70,6 +73,52 @@ struct Desk : MainWindow
     }
 };
 
+/// A design surface to be looked at.
+class Surface : public DocumentSurface
+{
+public:
+    explicit Surface(const QString& html)
+    {
+        setDesignMode(DesignMode::On);
+        resize(600, 400);
+        show();
+        QVERIFY(write(html));
+    }
+
+    QString body()
+    {
+        const QString text = innerHtml();
+        const qsizetype start = text.indexOf('>', text.indexOf("<BODY")) + 1;
+        return text.sliced(start).chopped(int(qstrlen("</BODY>"))).remove("\r\n");
+    }
+
+    /// Selects from the first of some letters to the last of others behind them.
+    bool select(const QString& first, const QString& last)
+    {
+        const QString text = letters().text;
+        const qsizetype start = text.indexOf(first);
+        return selectLetters(start, text.indexOf(last, start) + last.size());
+    }
+
+    bool capitals()
+    {
+        return changeSelection([](const QString& letters) { return letters.toUpper(); });
+    }
+    bool smallLetters()
+    {
+        return changeSelection([](const QString& letters) { return letters.toLower(); });
+    }
+};
+
+/// Pictures whose names hide what a document or a window has.
+QString picturesNamed(const QStringList& names)
+{
+    QString pictures;
+    for (const QString& name : names)
+        pictures += "<img name=" + name + ">";
+    return pictures;
+}
+
 } // namespace
 
 class TestSurfaceSpelling : public QObject
@@ -80,6 +129,13 @@ private slots:
     void suggestions();
     void ownWords();
     void nextMisspelt();
+    void lettersOfASelection_data();
+    void lettersOfASelection();
+    void lettersAmongOtherSteps();
+    void lettersByTheKeyOfUndo();
+    void lettersThatCantBeEdited();
+    void pagesThatHideNames();
+    void livePagesThatHideNames();
 };
 
 void TestSurfaceSpelling::suggestions()
@@ -142,6 +198,168 @@ void TestSurfaceSpelling::nextMisspelt()
     auto* const notices = desk.web->findChild<NoticeBar*>();
     QVERIFY(notices->isVisible());
     QCOMPARE(notices->findChild<QLabel*>()->text(), "No misspelt word was found.");
+}
+
+void TestSurfaceSpelling::lettersOfASelection_data()
+{
+    QTest::addColumn<QString>("html");
+    QTest::addColumn<QString>("first");
+    QTest::addColumn<QString>("last");
+    QTest::addColumn<QString>("changed");
+    const auto row = [](const char* name, const char* html, const char* first, const char* last,
+                        const char* changed) {
+        QTest::newRow(name) << QString::fromUtf8(html) << QString::fromUtf8(first) << QString::fromUtf8(last)
+                            << QString::fromUtf8(changed);
+    };
+    row("cells",
+        "<TABLE border=1><TBODY><TR><TD>brass</TD><TD align=right>lamp</TD></TR></TBODY></TABLE><P>x</P>",
+        "ass", "lam",
+        "<TABLE border=1><TBODY><TR><TD>brASS</TD><TD align=right>LAMp</TD></TR></TBODY></TABLE><P>x</P>");
+    row("rows",
+        "<TABLE><TBODY><TR><TD>a</TD><TH>brass</TH></TR><TR><TD>lamp</TD><TD>b</TD></TR></TBODY></TABLE>",
+        "brass", "lamp",
+        "<TABLE><TBODY><TR><TD>a</TD><TH>BRASS</TH></TR><TR><TD>LAMP</TD><TD>b</TD></TR></TBODY></TABLE>");
+    row("words and a cell", "<P>brass</P><TABLE><TBODY><TR><TD>lamp</TD><TD>x</TD></TR></TBODY></TABLE>",
+        "ass", "lamp", "<P>brASS</P><TABLE><TBODY><TR><TD>LAMP</TD><TD>x</TD></TR></TBODY></TABLE>");
+    row("entries", "<UL><LI>brass</LI><LI>lamp</LI><LI>new</LI></UL>", "ass", "lamp",
+        "<UL><LI>brASS</LI><LI>LAMP</LI><LI>new</LI></UL>");
+    row("entries of two levels", "<OL><LI>a<UL><LI>brass</LI></UL></LI><LI>lamp</LI></OL><P>new</P>", "brass",
+        "ne", "<OL><LI>a<UL><LI>BRASS</LI></UL></LI><LI>LAMP</LI></OL><P>NEw</P>");
+    row("quotation", "<BLOCKQUOTE><P>brass</P></BLOCKQUOTE><P>lamp</P>", "brass", "lamp",
+        "<BLOCKQUOTE><P>BRASS</P></BLOCKQUOTE><P>LAMP</P>");
+    row("a bold word", "<P>a <B>brass</B> lamp</P>", "brass", "brass", "<P>a <B>BRASS</B> lamp</P>");
+    row("a coloured word", "<P>a <FONT color=red size=4>brass</FONT> lamp</P>", "brass", "brass",
+        "<P>a <FONT color=red size=4>BRASS</FONT> lamp</P>");
+    row("letters of a styled word", "<P><SPAN style=\"color: red\">brass</SPAN> lamp</P>", "ras", "ras",
+        "<P><SPAN style=\"color: red\">bRASs</SPAN> lamp</P>");
+    row("a word of two formats", "<P>a <FONT color=red>br<B>ass</B></FONT></P>", "brass", "brass",
+        "<P>a <FONT color=red>BR<B>ASS</B></FONT></P>");
+    row("a letter of a link", "<P>a<A href=x>b</A>c</P>", "b", "b", "<P>a<A href=x>B</A>c</P>");
+    row("a letter that becomes two", "<P>Stra<B>ße</B>n</P>", "aße", "e", "<P>StrA<B>SSE</B>n</P>");
+    row("a letter of two units", "<P>\U00010428\U00010429 x</P>", "\U00010429", "x",
+        "<P>\U00010428\U00010401 X</P>");
+    row("what nobody sees", "<P><SPAN style=\"display:none\">a</SPAN>b</P>", "a", "b",
+        "<P><SPAN style=\"display:none\">A</SPAN>B</P>");
+    row("what is in capitals", "<P>A <B>B</B></P>", "A", "B", "<P>A <B>B</B></P>");
+}
+
+/// Only letters change, and they stay selected.
+void TestSurfaceSpelling::lettersOfASelection()
+{
+    QFETCH(QString, html);
+    QFETCH(QString, first);
+    QFETCH(QString, last);
+    QFETCH(QString, changed);
+    Surface surface(html);
+    QVERIFY(surface.select(first, last));
+    const QString selected = surface.selectedText();
+    QVERIFY(surface.capitals());
+    QCOMPARE(surface.body(), changed);
+    QCOMPARE(surface.selectedText(), selected.toUpper());
+    if (changed == html)
+        return;
+    QVERIFY(surface.execCommand("Undo"));
+    QCOMPARE(surface.body(), html);
+    QCOMPARE(surface.selectedText(), selected);
+    QVERIFY(surface.execCommand("Redo"));
+    QCOMPARE(surface.body(), changed);
+}
+
+/// What was done before and after goes and comes back in its order.
+void TestSurfaceSpelling::lettersAmongOtherSteps()
+{
+    Surface surface("<P>a <B>bb</B></P>");
+    QStringList steps = {"<P>a <B>bb</B></P>"};
+    const auto step = [&](bool isDone, const char* body) {
+        QVERIFY(isDone);
+        QCOMPARE(surface.body(), QString::fromLatin1(body));
+        steps << surface.body();
+    };
+    QVERIFY(surface.select("bb", "bb"));
+    step(surface.execCommand("InsertText", "cc"), "<P>a <B>cc</B></P>");
+    QVERIFY(surface.select("a", "cc"));
+    step(surface.capitals(), "<P>A <B>CC</B></P>");
+    step(surface.smallLetters(), "<P>a <B>cc</B></P>");
+    QVERIFY(surface.select("a", "a"));
+    step(surface.capitals(), "<P>A <B>cc</B></P>");
+    step(surface.smallLetters(), "<P>a <B>cc</B></P>");
+    step(surface.execCommand("InsertText", "d"), "<P>d <B>cc</B></P>");
+    for (int round = 0; round < 2; ++round) {
+        for (qsizetype i = steps.size() - 1; i-- > 0;) {
+            QVERIFY(surface.execCommand("Undo"));
+            QCOMPARE(surface.body(), steps[i]);
+        }
+        for (const QString& body : steps.sliced(1)) {
+            QVERIFY(surface.execCommand("Redo"));
+            QCOMPARE(surface.body(), body);
+        }
+    }
+    for (int i = 0; i < 5; ++i)
+        QVERIFY(surface.execCommand("Undo"));
+    QVERIFY(surface.select("cc", "cc"));
+    step(surface.capitals(), "<P>a <B>CC</B></P>"); // in place of what was taken back
+    static_cast<void>(surface.execCommand("Redo")); // there is nothing
+    QCOMPARE(surface.body(), "<P>a <B>CC</B></P>");
+    QVERIFY(surface.execCommand("Undo"));
+    QCOMPARE(surface.body(), "<P>a <B>cc</B></P>");
+}
+
+/// The page has that key itself.
+void TestSurfaceSpelling::lettersByTheKeyOfUndo()
+{
+    const QString html = "<P>a <B>bb</B></P>";
+    Surface surface(html);
+    QTRY_VERIFY(surface.inputWidget());
+    surface.setFocus();
+    QVERIFY(surface.select("a", "bb"));
+    QVERIFY(surface.capitals());
+    QTest::keyClick(surface.inputWidget(), Qt::Key_Z, Qt::ControlModifier);
+    QTRY_COMPARE(surface.body(), html);
+}
+
+/// A change that the engine refuses changes nothing.
+void TestSurfaceSpelling::lettersThatCantBeEdited()
+{
+    const QString html = "<P contenteditable=false>brass</P>";
+    Surface surface(html);
+    QVERIFY(surface.select("ras", "s"));
+    QVERIFY(!surface.capitals());
+    QCOMPARE(surface.body(), html);
+    QCOMPARE(surface.selectedText(), "ras");
+}
+
+/// What acts on letters calls what a document has, not what a page gives the same name.
+void TestSurfaceSpelling::pagesThatHideNames()
+{
+    const QString pictures =
+        picturesNamed({"adoptedStyleSheets", "createTreeWalker", "createRange", "createElement", "body",
+                       "execCommand", "addEventListener", "getSelection"});
+    Surface surface("<p>a <b>brass</b> lamp</p><form><input name=localName><input name=parentNode>x</form>" +
+                    pictures);
+    QCOMPARE(surface.letters().text.section(QChar(0x2029), 0, 0), "a brass lamp");
+    QVERIFY(surface.select("brass", "lamp"));
+    QCOMPARE(surface.selectedText(), "brass lamp");
+    QVERIFY(surface.capitals());
+    QVERIFY2(surface.body().startsWith("<P>a <B>BRASS</B> LAMP</P>"), qPrintable(surface.body()));
+    QVERIFY(surface.execCommand("Undo"));
+    QVERIFY2(surface.body().startsWith("<P>a <B>brass</B> lamp</P>"), qPrintable(surface.body()));
+}
+
+void TestSurfaceSpelling::livePagesThatHideNames()
+{
+    LivePage page;
+    page.resize(300, 200);
+    page.show();
+    page.writeSoon("<form data-place=0 style=\"width: 900px\">x" + picturesNamed({"style width=400"}) +
+                   "</form>" + picturesNamed({"images", "scrollingElement", "addEventListener"}));
+    QTRY_VERIFY(!WebProbe::isWriting(page));
+    const auto widths = std::make_shared<LivePage::Widths>(); // the last answer may come later
+    const auto isTold = [&] {
+        page.askWidths([widths](const LivePage::Widths& told) { *widths = told; });
+        return widths->width >= 900;
+    };
+    QTRY_VERIFY2(isTold(), qPrintable(QString::number(widths->width)));
+    QCOMPARE(widths->widest, 0);
 }
 
 WEB_TEST_MAIN(TestSurfaceSpelling)

@@ -7,6 +7,7 @@
 #include "WebProbe.h"
 #include "WebTestMain.h"
 #include "web/DocumentSurface.h"
+#include "web/SurfaceScript.h"
 
 #include <QFile>
 #include <QMimeData>
@@ -99,8 +100,14 @@ private slots:
     void asText();
     void details_data();
     void details();
+    void longMails();
+    void longClipsHaveTheirTime();
     void othersKeepTheirLooks_data();
     void othersKeepTheirLooks();
+    void toldByNames_data();
+    void toldByNames();
+    void fieldsWithTheNamesOfFunctions();
+    void ownCopiesKeepTheirLooks();
 
 private:
     static void names();
@@ -255,11 +262,21 @@ void TestClipboards::details_data()
         "<p>one</p>");
     row("breaks", "one<br>two<br><br>", "<p>one<br>two</p>");
     row("page break", "one<br clear=all style='page-break-before:always'>", "<p>one</p>");
+    row("paragraphs that begin a page",
+        "one</p><p class=MsoNormal style='page-break-before:always'>Chapter</p>"
+        "<h1 style='page-break-before:always'>two</h1><p>",
+        "<p>one</p><p>Chapter</p><h1>two</h1>");
+    row("lines of their own", "</p><pre>\none\n  two\n\n<b>three\nfour</b>\n</pre>five\nsix<p>",
+        "<p>one<br>two<br><br><b>three</b><br><b>four</b></p><p>five six</p>");
     row("anchor", "<a name=_Toc1>one</a>", "<p>one</p>");
     row("picture", "<img src=https://p.example/1.jpg alt=Lamp width=300 height=200 style='x:y' class=z>",
         "<p><img src=\"https://p.example/1.jpg\" alt=\"Lamp\" width=\"300\" height=\"200\"></p>");
     row("picture that measures", "one<img src=https://p.example/1.gif width=1 height=1>", "<p>one</p>");
     row("picture within the clipboard", "one<img src='data:image/png;base64,AAAA'>", "<p>one</p>");
+    row("blanks beside pictures", "one <img src=https://p.example/1.jpg> two",
+        "<p>one <img src=\"https://p.example/1.jpg\"> two</p>");
+    row("blanks in front of pictures", "<b>one </b><img src=https://p.example/1.jpg>",
+        "<p><b>one </b><img src=\"https://p.example/1.jpg\"></p>");
     row("nothing", "&nbsp;", "");
     row("numbers by letters",
         "x</p><p style='mso-list:l0 level1 lfo1'><span style='mso-list:Ignore'>a)<span>&nbsp; "
@@ -270,12 +287,43 @@ void TestClipboards::details_data()
     row("two lists with words between",
         "</p><p style='mso-list:l0 level1 lfo1'>one</p><p>x</p><p style='mso-list:l0 level1 lfo1'>two",
         "<ul><li>one</li></ul><p>x</p><ul><li>two</li></ul>");
+    row("empty entry around another",
+        "</p><p style='mso-list:l0 level1 lfo1'>&nbsp;</p><p style='mso-list:l0 level2 lfo1'>one</p>"
+        "<p style='mso-list:l0 level2 lfo1'>two",
+        "<ul><li>one</li><li>two</li></ul>");
+    row("empty entry behind another",
+        "</p><p style='mso-list:l0 level1 lfo1'>one</p><p style='mso-list:l0 level1 lfo1'>&nbsp;</p>"
+        "<p style='mso-list:l0 level2 lfo1'>two",
+        "<ul><li>one<ul><li>two</li></ul></li></ul>");
+    row("empty entry by itself", "one</p><p style='mso-list:l0 level1 lfo1'>&nbsp;</p><p>two",
+        "<p>one</p><p>two</p>");
+    row("entries in a cell and behind its table",
+        "</p><table><tr><td><p style='mso-list:l0 level1 lfo1'>one</p></table>"
+        "<p style='mso-list:l0 level1 lfo1'>two",
+        "<table><tbody><tr><td><ul><li>one</li></ul></td></tr></tbody></table><ul><li>two</li></ul>");
+    row("rule between entries",
+        "</p><p style='mso-list:l0 level1 lfo1'>one</p><hr><p style='mso-list:l0 level1 lfo1'>two",
+        "<ul><li>one</li></ul><hr><ul><li>two</li></ul>");
+    row("loose words between entries",
+        "</p><p style='mso-list:l0 level1 lfo1'>one</p>x<p style='mso-list:l0 level1 lfo1'>two",
+        "<ul><li>one</li></ul><p>x</p><ul><li>two</li></ul>");
+    row("table within an entry",
+        "</p><p style='mso-list:l0 level1 lfo1'>one<table><tr><td>x</table></p>"
+        "<p style='mso-list:l0 level1 lfo1'>two",
+        "<ul><li>one</li></ul><table><tbody><tr><td>x</td></tr></tbody></table><ul><li>two</li></ul>");
     row("list that begins at three", "</p><ol start=3><li>x</li></ol><p>", "<ol start=\"3\"><li>x</li></ol>");
     row("spans of cells",
         "</p><table border=1 style='x:y'><tr><td colspan=2 bgcolor=red>a<tr><td>b<td>c</table><p>",
         "<table><tbody><tr><td colspan=\"2\">a</td></tr><tr><td>b</td><td>c</td></tr></tbody></table>");
     row("two paragraphs in a cell", "</p><table><tr><td><p>a</p><p>b</p></table><p>",
         "<table><tbody><tr><td><p>a</p><p>b</p></td></tr></tbody></table>");
+    row("fields with the names of functions",
+        "</p><form><input name=style><input name=localName><input name=childNodes><input name=getAttribute>"
+        "<input name=hasAttribute><input name=querySelectorAll>one</form><p>",
+        "<p>one</p>");
+    row("pictures with the names of functions",
+        "<img name=createElement src=https://p.example/1.jpg><img name=createTextNode alt=x>one",
+        "<p><img src=\"https://p.example/1.jpg\">one</p>");
     row("script", "one<script>alert(1)</script><a href='javascript:alert(1)'>two</a>", "<p>onetwo</p>");
 }
 
@@ -287,6 +335,33 @@ void TestClipboards::details()
     QCOMPARE(surface.cleaned(QString(), html), cleaned);
 }
 
+/// Each line costs the same, however many stand in front of it.
+void TestClipboards::longMails()
+{
+    QStringList lines;
+    for (int i = 0; i < 20000; ++i)
+        lines << QStringLiteral("<b>Line</b> %1 of a long mail").arg(i);
+    Surface surface;
+    const QString mail = surface.cleaned(QString(), "<p class=MsoNormal>" + lines.join("<br>") + "</p>");
+    QCOMPARE(mail.size(), lines.join("<br>").size() + qsizetype(qstrlen("<p></p>")));
+    QCOMPARE(surface.cleaned(QString(), "<p class=MsoNormal>" + lines.join("<span> </span>") + "</p>").size(),
+             lines.join(" ").size() + qsizetype(qstrlen("<p></p>")));
+    const QString cell = "<table><tbody><tr><td>" + QString("x<br>").repeated(70'000) + "x";
+    QCOMPARE(surface.cleaned(QString(), cell + "<p class=MsoNormal>").size(),
+             cell.size() + qsizetype(qstrlen("</td></tr></tbody></table>")));
+}
+
+/// As many seconds more as for a page of their length.
+void TestClipboards::longClipsHaveTheirTime()
+{
+    Surface surface("<p>x</p>");
+    QVERIFY(probe(surface).evaluate(surfaceCall(QStringLiteral(
+                "cleanWith(() => { const end = Date.now() + 2000; while (Date.now() < end); "
+                "return new DOMParser().parseFromString('<b>y</b>', 'text/html').body; })"))) == true);
+    probe(surface).setPatience(1000);
+    QCOMPARE(surface.cleaned(QString(), QString(5'000'000, 'x')), "<b>y</b>");
+}
+
 void TestClipboards::othersKeepTheirLooks_data()
 {
     QTest::addColumn<QString>("html");
@@ -294,7 +369,11 @@ void TestClipboards::othersKeepTheirLooks_data()
     for (const char* html :
          {"<font face=\"Arial\" color=\"#cc0000\" size=\"3\">x</font>",
           "<p style=\"color: red\" class=\"a\">x</p>", "<b>Word</b> <span id=\"mso\">x</span>",
-          "<!-- Body-title -->x<!-- Body-title2 -->"})
+          "<!-- Body-title -->x<!-- Body-title2 -->",
+          "<font color=\"red\"><span class=\"box_left\">x</span></font>",
+          "<font color=\"red\"><span class=\"a flex_row max_width\">x</span></font>",
+          "<font color=\"red\"><span class=\"apple-red pineapple-ring\">x</span></font>",
+          "<font color=\"red\">For widows: x</font>"})
         QTest::newRow(html) << QString::fromLatin1(html);
 }
 
@@ -303,6 +382,57 @@ void TestClipboards::othersKeepTheirLooks()
     QFETCH(QString, html);
     QVERIFY(!html.isEmpty());
     QCOMPARE(Surface().cleaned(QString(), html), html);
+}
+
+void TestClipboards::toldByNames_data()
+{
+    QTest::addColumn<QString>("attribute");
+    for (const char* attribute :
+         {"class=\"Apple-style-span\"", "class=\"a gmail_quote\"", "class=\"x_a\"", "class=\"a\nx_b\"",
+          "class=\"elementToProof\"", "class=MsoNormal", "CLASS=\"MsoNormal\"", "id=\"x_a\"",
+          "style=\"mso-x: y\"", "style=\"color: red; orphans: 2\""})
+        QTest::newRow(attribute) << QString::fromLatin1(attribute);
+}
+
+/// What writes such names writes litter.
+void TestClipboards::toldByNames()
+{
+    QFETCH(QString, attribute);
+    QCOMPARE(Surface().cleaned(QString(), "<font color=red><span " + attribute + ">x</span></font>"), "x");
+}
+
+/// They hide the functions of their form, from what takes the names off a browser's page too.
+void TestClipboards::fieldsWithTheNamesOfFunctions()
+{
+    QCOMPARE(Surface().cleaned(QString(), "<meta http-equiv=\"content-type\" content=\"text/html\">"
+                                          "<form class=\"a\"><input name=\"getAttributeNames\">"
+                                          "<input name=\"localName\"><b class=\"c\">x</b></form>"),
+             "<form><input name=\"getAttributeNames\"><input name=\"localName\"><b>x</b></form>");
+}
+
+/// A listing that another program has written has looks of that, and what is moved within it keeps them.
+void TestClipboards::ownCopiesKeepTheirLooks()
+{
+    const ScriptedDoors desktop;
+    const QString html =
+        "<P class=MsoNormal style=\"mso-x: y; color: red\">a <FONT color=#0000FF>b</FONT></P><P>c</P>";
+    Surface surface(html);
+    for (const char* command : {"Copy", "Cut"}) {
+        QVERIFY(surface.execCommand("SelectAll"));
+        QVERIFY(surface.execCommand(QString::fromLatin1(command)));
+        Surface other;
+        QVERIFY(other.paste(PasteWay::Clean));
+        QCOMPARE(other.body(), html);
+        other.write(QString());
+        QVERIFY(other.paste(PasteWay::AsText));
+        QVERIFY2(!other.body().contains("FONT"), qPrintable(other.body()));
+    }
+    auto fromElsewhere = std::make_unique<QMimeData>();
+    fromElsewhere->setHtml(html);
+    doors().setClipboard(std::move(fromElsewhere));
+    Surface other;
+    QVERIFY(other.paste(PasteWay::Clean));
+    QCOMPARE(other.body(), "<P>a b</P><P>c</P>");
 }
 
 RENDERER_TEST_MAIN(TestClipboards)

@@ -554,7 +554,7 @@ void TestFrmTerms::menuAndKeysPaste()
     const auto popup = [] { return qobject_cast<QMenu*>(QApplication::activePopupWidget()); };
     const auto take = [&](const char* entry) {
         QTest::mouseClick(editor->WebBrowser1->inputWidget(), Qt::RightButton, {}, QPoint(60, 100));
-        QVERIFY(QTest::qWaitFor([&] { return popup() != nullptr; }));
+        QVERIFY(QTest::qWaitFor([&] { return popup() != nullptr; }, Patience));
         takeEntry(popup(), QString::fromLatin1(entry));
     };
     doors().setClipboard(copied());
