@@ -129,40 +129,53 @@ QStringList WebPage::chooseFiles(FileSelectionMode, const QStringList&, const QS
     });
 }
 
+/// A page may speak before the engine tells that it has arrived.
+void WebPage::noteSpeaker(const QUrl& origin)
+{
+    constexpr auto Beyond =
+        QUrl::RemoveUserInfo | QUrl::RemovePath | QUrl::RemoveQuery | QUrl::RemoveFragment;
+    const QUrl speaker = origin.adjusted(Beyond);
+    if (m_target && speaker == m_target->adjusted(Beyond) && speaker != url().adjusted(Beyond))
+        arrived();
+}
+
 /// Whether a message of the page's scripts is shown. A page that goes on asking is answered by silence, or
 /// nobody could ever leave it; so is any page while the program itself waits for an answer of the engine.
-bool WebPage::mayAsk()
+bool WebPage::mayAsk(const QUrl& origin)
 {
+    noteSpeaker(origin);
     constexpr int MostMessages = 10;
     return !EngineWait::isUnderWay() && !m_target && m_messages++ < MostMessages;
 }
 
-void WebPage::javaScriptAlert(const QUrl&, const QString& message)
+void WebPage::javaScriptAlert(const QUrl& origin, const QString& message)
 {
     guardedCall([&] {
-        if (!mayAsk())
+        if (!mayAsk(origin))
             return;
         const PageMessage standing;
         MsgBox(message, MessageTitle);
     });
 }
 
-bool WebPage::javaScriptConfirm(const QUrl&, const QString& message)
+bool WebPage::javaScriptConfirm(const QUrl& origin, const QString& message)
 {
     return guardedCall([&] {
+        noteSpeaker(origin);
         if (m_target) // the page's "do you want to leave?"
             return true;
-        if (!mayAsk())
+        if (!mayAsk(origin))
             return false;
         const PageMessage standing;
         return MsgBox(message, MessageTitle, MsgIcon::None, MsgButtons::YesNo) == MsgAnswer::Yes;
     });
 }
 
-bool WebPage::javaScriptPrompt(const QUrl&, const QString& message, const QString& initial, QString* answer)
+bool WebPage::javaScriptPrompt(const QUrl& origin, const QString& message, const QString& initial,
+                               QString* answer)
 {
     return guardedCall([&] {
-        if (!mayAsk())
+        if (!mayAsk(origin))
             return false;
         const PageMessage standing;
         const std::optional<QString> text = doors().inputBox(message, MessageTitle, initial);

@@ -56,7 +56,8 @@ protected:
                                   const QString& source) override;
 
 private:
-    bool mayAsk();
+    void noteSpeaker(const QUrl& origin);
+    bool mayAsk(const QUrl& origin);
     void refusePermissions();
     void refuseFeatures();
     void openInPlace(QWebEngineNewWindowRequest& request);

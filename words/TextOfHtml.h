@@ -17,8 +17,8 @@ class TextOfHtml
 {
 public:
     /// Of the source as a whole, or of what stands in `stretch` of it, in bytes; a stretch is cut where it
-    /// says, in the middle of a word too, but not of a character: it has those that begin in it. The tokens in
-    /// front of it are read, as they tell what it is.
+    /// says, in the middle of a word too, but not of a character: it has those that begin in it. The tokens
+    /// in front of it are read, as they tell what it is.
     TextOfHtml(QByteArrayView html, TextEncoding encoding);
     TextOfHtml(QByteArrayView html, TextEncoding encoding, const TextRange& stretch);
 
