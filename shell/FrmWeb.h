@@ -288,6 +288,7 @@ private:
     std::unique_ptr<Document> m_document;
     std::unique_ptr<EarlierTexts> m_earlier;
     RecentFiles m_recent;
+    QString m_unlisted; // the document whose name was cleared from there; until it is opened again
     NoticeBar* m_notice = nullptr;
     Spelling* m_spelling = nullptr;
     std::unique_ptr<SourceSpelling> m_sourceSpelling;

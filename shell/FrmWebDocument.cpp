@@ -276,6 +276,7 @@ void FrmWeb::openFile(const QString& path)
             showSource(WebBrowser3);
     }
     setCaption(m_document->bareName());
+    m_unlisted.clear();
     noteRecent();
     if (highlighted)
         highlightSource();
@@ -334,7 +335,6 @@ SaveResult FrmWeb::write(const QString& path)
         const WaitCursor hourglass;
         keepOverwritten(path, text);
         m_document->save(path, text, SSTab1->Tab() != InternetTab);
-        noteRecent();
         if (SSTab1->Tab() == InternetTab)
             tellEmptyRecord();
         return SaveResult::Saved;

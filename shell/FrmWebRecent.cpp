@@ -20,12 +20,13 @@ void FrmWeb::connectRecent()
 
 void FrmWeb::noteRecent()
 {
-    if (m_document->isNamed())
+    if (m_document->isNamed() && m_document->name() != m_unlisted)
         m_recent.note({m_document->name(), RichTextBox1->SelStart()});
 }
 
 void FrmWeb::munrecent_Popup()
 {
+    noteRecent(); // a save costs nothing for this list
     munrecent->clear();
     const QList<RecentFile> files = m_recent.files();
     const QStringList names = shownNames(files);
@@ -41,7 +42,10 @@ void FrmWeb::munrecent_Popup()
     munrecent->addSeparator();
     QAction* clear = munrecent->addAction(QStringLiteral("Clear This List"));
     clear->setEnabled(!files.isEmpty());
-    on(clear, &QAction::triggered, this, [this] { m_recent.clear(); });
+    on(clear, &QAction::triggered, this, [this] {
+        m_recent.clear();
+        m_unlisted = m_document->name();
+    });
 }
 
 /// With the caret where it stood last.

@@ -206,6 +206,8 @@ void TestRecentFiles::cleared()
     desk.openClean("one.htm");
     desk.take("Clear This List");
     QCOMPARE(desk.entries(), QStringList({"No file was opened or saved yet-", "Clear This List-"}));
+    desk.openClean("one.htm");
+    QCOMPARE(desk.entries(), QStringList({"one.htm", "Clear This List"}));
 }
 
 void TestRecentFiles::ofTwoPrograms()
