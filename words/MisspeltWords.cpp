@@ -56,7 +56,8 @@ std::vector<WordPlace> misspeltWords(const QString& text, const Judge& isRight)
 std::optional<WordPlace> nextMisspelt(const QString& text, qsizetype from, const Judge& isRight)
 {
     std::vector<WordPlace> words = wordsToJudge(text);
-    std::ranges::rotate(words, std::ranges::lower_bound(words, from, {}, &WordPlace::start));
+    const auto first = std::ranges::lower_bound(words, from, {}, &WordPlace::start);
+    std::rotate(words.begin(), first, words.end());
     const auto wrong = std::ranges::find_if(
         words, [&](const WordPlace& word) { return !isRight(text.sliced(word.start, word.length)); });
     return wrong == words.end() ? std::nullopt : std::optional(*wrong);
