@@ -53,7 +53,8 @@ int zoomStep(int now, int steps)
 
 int percentOf(int step)
 {
-    return ZoomSteps.at(size_t(step + NoZoom));
+    const int place = step + NoZoom;
+    return ZoomSteps.at(size_t(place));
 }
 
 constexpr auto Keys = std::to_array<MainKey>({

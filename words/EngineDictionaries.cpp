@@ -124,14 +124,13 @@ void EngineDictionaries::next()
             QFile::remove(result);
             QFile::copy(copy, result);
         }
-        if (isUsers || isUpToDate(result, dictionary.words)) {
-            m_made.prepend(dictionary.language);
-        } else if (canMake() && QDir().mkpath(m_folder)) {
+        const bool isDone = isUsers || isUpToDate(result, dictionary.words);
+        if (!isDone && canMake() && QDir().mkpath(m_folder)) {
             convert(dictionary.language, dictionary.words);
             return;
-        } else if (QFileInfo(result).size() > 0) {
-            m_made.prepend(dictionary.language); // an older one is better than none
         }
+        if (QFileInfo(result).size() > 0) // an older one is better than none
+            m_made.prepend(dictionary.language);
     }
     emit made(m_made);
 }

@@ -104,11 +104,15 @@ void TextOfHtml::breakLine()
 
 QString TextOfHtml::textOnPage() const
 {
-    QString seen = m_text;
-    for (auto piece = m_pieces.rbegin(); piece != m_pieces.rend(); ++piece) {
-        if (piece->isTitle)
-            seen.remove(piece->start, piece->length);
+    QString seen;
+    qsizetype done = 0;
+    for (const Piece& piece : m_pieces) {
+        if (!piece.isTitle)
+            continue;
+        seen += QStringView(m_text).sliced(done, piece.start - done);
+        done = piece.start + piece.length;
     }
+    seen += QStringView(m_text).sliced(done);
     return seen;
 }
 
