@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/WaitCursor.h"
+#include "platform/WheelSteps.h"
 #include "source/ByteMap.h"
 #include "source/EditedText.h"
 #include "source/TextColors.h"
@@ -272,8 +273,8 @@ private:
     QTimer m_scrollTimer;
     bool m_leftPressed = false;
     QLabel* m_hint = nullptr;
-    int m_zoom = 100; // percent
-    int m_wheel = 0;  // turned with Ctrl, in eighths of a degree, less than a step
+    int m_zoom = 100;   // percent
+    WheelSteps m_wheel; // with Ctrl
     QLabel* m_preedit = nullptr;
 };
 

@@ -57,9 +57,7 @@ void RichTextBox::wheelEvent(QWheelEvent* event)
             return;
         }
         event->accept();
-        m_wheel += event->angleDelta().y();
-        if (const int steps = m_wheel / QWheelEvent::DefaultDeltasPerStep; steps != 0) {
-            m_wheel %= QWheelEvent::DefaultDeltasPerStep;
+        if (const int steps = m_wheel.turned(event->angleDelta().y()); steps != 0)
             emit ZoomWanted(steps);
         }
     });

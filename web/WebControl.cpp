@@ -408,15 +408,6 @@ void WebControl::applyZoom()
         m_page->setZoomFactor(ZoomFactors.at(size_t(m_zoomLevel)) * m_zoom / 100);
 }
 
-void WebControl::turnWheel(int angle)
-{
-    m_wheel += angle;
-    if (const int steps = m_wheel / QWheelEvent::DefaultDeltasPerStep; steps != 0) {
-        m_wheel %= QWheelEvent::DefaultDeltasPerStep;
-        emit zoomWanted(steps);
-    }
-}
-
 // ---- Events of the view ----------------------------------------------------------------------------------
 
 bool WebControl::takesKey(const QKeyEvent& key) const
@@ -494,7 +485,8 @@ bool WebControl::eventFilter(QObject* watched, QEvent* event)
         case QEvent::Wheel: {
             const auto& wheel = *static_cast<QWheelEvent*>(event);
             if (wheel.modifiers() & Qt::ControlModifier) {
-                turnWheel(wheel.angleDelta().y());
+                if (const int steps = m_wheel.turned(wheel.angleDelta().y()); steps != 0)
+                    emit zoomWanted(steps);
                 return true;
             }
             break;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/RuntimeError.h"
+#include "platform/WheelSteps.h"
 #include "web/KeyQueue.h"
 #include "web/RendererLife.h"
 #include "web/WebPage.h"
@@ -207,7 +208,6 @@ protected:
 private:
     friend class WebProbe; // tests look behind the page
 
-    void turnWheel(int angle);
     [[nodiscard]] Answer askPage(const QString& script);
     void waitFor(QEventLoop& loop, std::optional<int> milliseconds);
     void waitOn(QEventLoop& loop);
@@ -227,8 +227,8 @@ private:
     QString m_status; // without the address under the mouse
     bool m_overLink = false;
     int m_zoomLevel = 2;
-    int m_zoom = 100; // percent of that
-    int m_wheel = 0;  // turned with Ctrl, in eighths of a degree, less than a step
+    int m_zoom = 100;   // percent of that
+    WheelSteps m_wheel; // with Ctrl
     int m_patience = 5000;
     QPointer<QEventLoop> m_longWait;
     qsizetype m_length = 0;
