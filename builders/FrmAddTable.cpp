@@ -98,7 +98,8 @@ void FrmAddTable::Command1_Click()
                                   .borderColor = borderColor,
                                   .background = tableColor,
                                   .rows = *rows,
-                                  .columns = *columns}));
+                                  .columns = *columns}),
+                    QStringLiteral("Table"));
         Unload();
     });
 }

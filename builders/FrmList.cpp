@@ -104,7 +104,7 @@ bool FrmList::hasWords()
 void FrmList::Command6_Click()
 {
     if (hasWords())
-        addToEditor(listText(opening(), items));
+        addToEditor(listText(opening(), items), QStringLiteral("List"));
 }
 
 /// Unlike "Add", copies the list as the sample shows it.

@@ -229,7 +229,7 @@ void FrmList2::Command12_Click()
         return;
     const QString text = html;
     rememberTitle();
-    addToEditor(text);
+    addToEditor(text, QStringLiteral("List"));
 }
 
 /// Puts the title among those to choose from and into their file, whether it is shown or not. An empty one is

@@ -509,7 +509,7 @@ bool FrmTable::hasWords()
 void FrmTable::Command2_Click()
 {
     if (hasWords())
-        addToEditor(html);
+        addToEditor(html, QStringLiteral("Table"));
 }
 
 void FrmTable::Command8_Click()

@@ -137,7 +137,7 @@ void Pics::enableAlignments()
 void Pics::Command4_Click()
 {
     if (requireAddress())
-        addToEditor(pictureTag(settings()));
+        addToEditor(pictureTag(settings()), QStringLiteral("Picture"));
 }
 
 void Pics::Command1_Click()

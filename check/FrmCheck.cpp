@@ -404,7 +404,7 @@ void FrmCheck::edit(const std::vector<TextEdit>& edits)
     if (!editor || edits.empty())
         return;
     const WaitCursor hourglass;
-    editor->edit(edits);
+    editor->edit(edits, QStringLiteral("Corrections"));
     checkNow();
     Mending->setText(QStringLiteral("Done; one Undo takes it back."));
 }

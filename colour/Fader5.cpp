@@ -381,7 +381,7 @@ void Fader5::Command2_Click()
     const QString text = faderText(body(FaderUser::Add), Check2->Value() == 1);
     switch (editor->tab()) {
     case ListingEditor::EditorTab:
-        addToEditor(text);
+        addToEditor(text, QStringLiteral("Faded Text"));
         break;
     case ListingEditor::PreviewTab:
         showMessage(Messages::PreviewIsOpen);

@@ -117,7 +117,8 @@ void FrmBody::Command1_Click()
         return;
     }
     if (ListingEditor* editor = loadedEditor())
-        editor->insertAtStart(backgroundTag + textTag + linkTag + activeLinkTag + QStringLiteral("\r\n"));
+        editor->insertAtStart(backgroundTag + textTag + linkTag + activeLinkTag + QStringLiteral("\r\n"),
+                              QStringLiteral("Body Colors"));
     Unload();
 }
 

@@ -32,7 +32,7 @@ void FrmColorcode::showCode()
 
 void FrmColorcode::Command4_Click()
 {
-    addToEditor(Text3->text());
+    addToEditor(Text3->text(), QStringLiteral("Color Code"));
     Hide();
 }
 

@@ -92,7 +92,7 @@ void FrmHR::Command1_Click()
 
 void FrmHR::Command6_Click()
 {
-    addToEditor(tag());
+    addToEditor(tag(), QStringLiteral("Rule"));
 }
 
 Preset FrmHR::preset()

@@ -36,6 +36,7 @@ void replaceEverywhere(RichTextBox& source, const QString& find, const QString& 
 {
     const WaitCursor hourglass;
     const QByteArray text = replacedEverywhere(source.Text(), source.encode(find), source.encode(with));
+    const RichTextBox::EditName name(&source, QStringLiteral("Replace All"));
     source.setText(text, source.textEncoding());
 }
 
@@ -161,6 +162,7 @@ void Find::Command7_Click()
     const QString with = Text2->Text();
     if (!m_source || Text1->Text().isEmpty() || with.isEmpty() || m_source->SelLength() == 0)
         return;
+    const RichTextBox::EditName name(m_source, QStringLiteral("Replace"));
     m_source->setSelText(m_source->encode(with));
     searchSource(); // says nothing when there is no more
 }

@@ -85,8 +85,8 @@ public:
     // FrmWebTools.cpp
     Tab tab() const override;
     std::optional<QString> selected() const override;
-    void insert(const QString& fragment) override;
-    void insertAtStart(const QString& fragment) override;
+    void insert(const QString& fragment, const QString& what) override;
+    void insertAtStart(const QString& fragment, const QString& what) override;
     void replaceDescriptions(const QString& fragment) override;
     void selectPart(Region part) override;
     void editListing(const QByteArray& page) override;
@@ -96,7 +96,7 @@ public:
     TextRange selection() const override;
     void select(const TextRange& range) override;
     void giveKeyboardToSource() override;
-    void edit(const std::vector<TextEdit>& edits) override;
+    void edit(const std::vector<TextEdit>& edits, const QString& what) override;
     qsizetype topOfView() const override;
     void bringToTop(qsizetype place) override;
     void readPage(const std::function<void(const QString& html)>& heard) override;
@@ -153,6 +153,7 @@ private:
     void munmsg_Click();
 
     // FrmWebDocument.cpp
+    void insertTag(const QString& html);
     void MnNew_Click();
     [[nodiscard]] bool newDocument(const std::function<void()>& again);
     void MnOpen_Click();

@@ -240,7 +240,7 @@ void FrmWeb::insertPictures(const QStringList& paths, int position)
     }
     RichTextBox1->setFocus();
     RichTextBox1->setSelStart(position);
-    RichTextBox1->setSelText(RichTextBox1->encode(tags));
+    insert(tags, QStringLiteral("Pictures"));
     if (!others.isEmpty())
         tellOfDrop(QStringLiteral("Not inserted: %1").arg(others.join(QStringLiteral(", "))));
 }
@@ -350,7 +350,7 @@ void FrmWeb::MnCut_Click()
     case EditorTab:
         Clipboard::Clear();
         RichTextBox1->copy();
-        RichTextBox1->setSelText(QByteArray());
+        insert(QString(), QStringLiteral("Cut"));
         break;
     case PreviewTab:
         surfaceCommand(QStringLiteral("Cut"));
@@ -377,7 +377,7 @@ void FrmWeb::MnPaste_Click()
     switch (SSTab1->Tab()) {
     case EditorTab:
         if (Clipboard::GetText().isEmpty()) {
-            RichTextBox1->setSelText(QByteArray()); // an empty text replaces the selection too
+            insert(QString(), QStringLiteral("Paste")); // an empty text replaces the selection too
         } else {
             RichTextBox1->paste();
         }

@@ -107,6 +107,7 @@ QByteArray FrmWeb::text() const
 void FrmWeb::bringBackText(const QByteArray& text)
 {
     keepGivenUp();
+    const RichTextBox::EditName name(RichTextBox1, QStringLiteral("Earlier Text"));
     RichTextBox1->setText(text);
     if (SSTab1->Tab() != EditorTab) {
         showSource(WebBrowser1);

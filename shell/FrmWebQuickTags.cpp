@@ -111,7 +111,7 @@ void FrmWeb::connectQuickTags()
 {
     for (const Snippet& snippet : Snippets) {
         on(this->*snippet.entry, &QAction::triggered, this,
-           [this, snippet] { RichTextBox1->setSelText(QByteArray(snippet.html).repeated(snippet.times)); });
+           [this, snippet] { insertTag(QString::fromLatin1(snippet.html).repeated(snippet.times)); });
     }
     for (const Question& question : Questions) {
         on(this->*question.entry, &QAction::triggered, this, [this, question] {
@@ -119,18 +119,24 @@ void FrmWeb::connectQuickTags()
             const QString answer =
                 InputBox(QString::fromLatin1(question.prompt), QString::fromLatin1(question.title), initial);
             if (!answer.isEmpty() && answer != initial)
-                RichTextBox1->setSelText(question.before + RichTextBox1->encode(answer) + question.behind);
+                insertTag(QString::fromLatin1(question.before) + answer +
+                          QString::fromLatin1(question.behind));
         });
     }
     for (const Marquee& marquee : Marquees) {
         on(this->*marquee.entry, &QAction::triggered, this, [this, marquee] {
             const QString text = InputBox(QStringLiteral("Please Enter your desired scrolling text:"),
                                           QString::fromLatin1(marquee.title));
-            RichTextBox1->setSelText(marquee.opening + RichTextBox1->encode(text) + "</marquee>");
+            insertTag(QString::fromLatin1(marquee.opening) + text + QStringLiteral("</marquee>"));
             RichTextBox1->SetFocus();
         });
     }
     on(munmsg, &QAction::triggered, this, &FrmWeb::munmsg_Click);
+}
+
+void FrmWeb::insertTag(const QString& html)
+{
+    insert(html, QStringLiteral("Quick Tag"));
 }
 
 void FrmWeb::munmsg_Click()
@@ -138,7 +144,7 @@ void FrmWeb::munmsg_Click()
     const QString message =
         InputBox(QStringLiteral("What do you like to say on message ?"), QStringLiteral("Message PopUp"));
     if (!message.isEmpty())
-        RichTextBox1->setSelText(MessageScriptHead + RichTextBox1->encode(message) + MessageScriptTail);
+        insertTag(QString::fromLatin1(MessageScriptHead) + message + QString::fromLatin1(MessageScriptTail));
 }
 
 } // namespace brindlemark

@@ -9,6 +9,16 @@
 
 namespace brindlemark {
 
+namespace {
+
+/// What undo calls a page that comes from the wizard.
+QString nameOfListing()
+{
+    return QStringLiteral("Listing");
+}
+
+} // namespace
+
 ListingEditor* loadedEditor()
 {
     return loaded<FrmWeb>();
@@ -26,15 +36,16 @@ std::optional<QString> FrmWeb::selected() const
     return RichTextBox1->decode(RichTextBox1->SelText());
 }
 
-void FrmWeb::insert(const QString& fragment)
+void FrmWeb::insert(const QString& fragment, const QString& what)
 {
+    const RichTextBox::EditName name(RichTextBox1, what);
     RichTextBox1->setSelText(RichTextBox1->encode(fragment));
 }
 
-void FrmWeb::insertAtStart(const QString& fragment)
+void FrmWeb::insertAtStart(const QString& fragment, const QString& what)
 {
     RichTextBox1->setSelStart(0);
-    insert(fragment);
+    insert(fragment, what);
 }
 
 void FrmWeb::replaceDescriptions(const QString& fragment)
@@ -42,6 +53,7 @@ void FrmWeb::replaceDescriptions(const QString& fragment)
     const MarkerPair& description = markers(Region::Description);
     const QByteArray opening = description.opening.toByteArray();
     const QByteArray region = opening + RichTextBox1->encode(fragment);
+    const RichTextBox::EditName name(RichTextBox1, QStringLiteral("Description"));
     RichTextBox1->SetFocus();
     const int caret = RichTextBox1->SelStart();
     RichTextBox1->setSelStart(0);
@@ -67,6 +79,7 @@ void FrmWeb::selectPart(Region part)
 
 void FrmWeb::editListing(const QByteArray& page)
 {
+    const RichTextBox::EditName name(RichTextBox1, nameOfListing());
     if (tab() == PreviewTab) {
         SSTab1->setTab(EditorTab);
         RichTextBox1->setText(QByteArray());
@@ -115,10 +128,11 @@ void FrmWeb::giveKeyboardToSource()
     RichTextBox1->SetFocus();
 }
 
-void FrmWeb::edit(const std::vector<TextEdit>& edits)
+void FrmWeb::edit(const std::vector<TextEdit>& edits, const QString& what)
 {
     if (edits.empty())
         return;
+    const RichTextBox::EditName name(RichTextBox1, what);
     // All at once, as thousands of changes would take seconds.
     const TextRange span = {edits.front().range.start, edits.back().range.end() - edits.front().range.start};
     std::vector<TextEdit> inSpan = edits;
@@ -171,6 +185,7 @@ void FrmWeb::previewListing(const QByteArray& page)
     if (tab() == PreviewTab)
         SSTab1->setTab(EditorTab);
     if (tab() == EditorTab) {
+        const RichTextBox::EditName name(RichTextBox1, nameOfListing());
         RichTextBox1->setText(page);
         SSTab1->setTab(PreviewTab);
     }

@@ -251,6 +251,7 @@ QString FrmWeb::readSurfaceOrLast(DocumentSurface* surface)
     }
 }
 
+        const RichTextBox::EditName name(RichTextBox1, QStringLiteral("Edits in Preview"));
 /// Tells the user that a surface's renderer has ended, and makes it anew from what it was given last. A
 /// hidden preview waits until it is needed, as its scripts may have been what ended it.
 void FrmWeb::replaceLost(DocumentSurface* surface)

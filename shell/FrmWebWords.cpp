@@ -68,7 +68,7 @@ void FrmWeb::connectWords()
 void FrmWeb::switchWordTools()
 {
     const bool isEditor = SSTab1->Tab() == EditorTab;
-    const bool takesText = isEditor || (SSTab1->Tab() == PreviewTab && shownSurface() == WebBrowser1);
+    const bool takesText = isEditable();
     for (QAction* entry : {munpastetext, munletters->menuAction(), muncountwords})
         entry->setEnabled(takesText);
     munpastelooks->setEnabled(takesText && !isEditor);
@@ -167,7 +167,7 @@ void FrmWeb::replaceWord(const MisspeltWord& word, const QString& by)
     std::vector<TextEdit> edits;
     for (const TextRange& place : word.places)
         edits.push_back({place, edits.empty() ? RichTextBox1->encode(by) : QByteArray()});
-    edit(edits);
+    edit(edits, QStringLiteral("Spelling"));
 }
 
 void FrmWeb::RichTextBox1_MenuOpens(QMenu* menu, int position)
@@ -228,7 +228,7 @@ void FrmWeb::changeCase(LetterCase letterCase)
         isSelected = stretch.length > 0;
         const std::vector<TextEdit> edits =
             caseEdits(RichTextBox1->textForNow(), RichTextBox1->textEncoding(), stretch, letterCase);
-        edit(edits);
+        edit(edits, QStringLiteral("Letters"));
         qsizetype length = stretch.length;
         for (const TextEdit& change : edits)
             length += change.text.size() - change.range.length;
@@ -266,7 +266,7 @@ void FrmWeb::munpastehtml_Click()
         return;
     }
     html.remove(u'\r').replace(u'\n', QStringLiteral("\r\n"));
-    insert(html);
+    insert(html, QStringLiteral("Paste"));
 }
 
 } // namespace brindlemark

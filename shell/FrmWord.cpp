@@ -123,7 +123,7 @@ void FrmWord::useSelected(Use use)
 
 void FrmWord::Command4_Click()
 {
-    useSelected([this](const QString& phrase) { addToEditor(phrase); });
+    useSelected([this](const QString& phrase) { addToEditor(phrase, QStringLiteral("Quick Word")); });
 }
 
 void FrmWord::Command6_Click()

@@ -11,6 +11,7 @@ namespace brindlemark {
 
 void stampGenerator(RichTextBox& box)
 {
+    const RichTextBox::EditName name(&box, QStringLiteral("Generator Tag"));
     const QByteArray stamp = GeneratorStart;
     const int caret = box.SelStart();
     box.setSelStart(0);

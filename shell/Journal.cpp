@@ -6,9 +6,11 @@
 #include "platform/RuntimeError.h"
 
 #include <QCryptographicHash>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QUrl>
+#include <algorithm>
 #include <exception>
 #include <fcntl.h>
 #include <sys/file.h>

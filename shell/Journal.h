@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QThreadPool>
+#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -74,7 +75,7 @@ public:
 private:
     class Place;
 
-    void write(const QByteArray& bytes);
+    [[nodiscard]] bool write(const QByteArray& bytes);
     [[nodiscard]] bool writeElsewhere(const QString& folder, const QByteArray& bytes);
 
     QStringList m_folders;

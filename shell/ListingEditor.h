@@ -41,10 +41,12 @@ public:
     /// What is selected in the source; no value without a selection.
     virtual std::optional<QString> selected() const = 0;
 
+    // What is put in is one step of undo, which has the name `what` for the user, such as "Table".
+
     /// Puts a fragment into the source at the caret, in place of what is selected there.
-    virtual void insert(const QString& fragment) = 0;
+    virtual void insert(const QString& fragment, const QString& what) = 0;
     /// Puts a fragment in front of the source; what was selected stays in the text.
-    virtual void insertAtStart(const QString& fragment) = 0;
+    virtual void insertAtStart(const QString& fragment, const QString& what) = 0;
     /// Puts a fragment in place of each description of the listing, and shows the document on the surfaces.
     virtual void replaceDescriptions(const QString& fragment) = 0;
     /// Selects a part of the listing in the source (see `selectRegion`).
@@ -77,8 +79,8 @@ public:
     virtual void select(const TextRange& range) = 0;
     /// Gives the main window and its source the keyboard.
     virtual void giveKeyboardToSource() = 0;
-    /// Makes edits, in the order of the text, one step of undo.
-    virtual void edit(const std::vector<TextEdit>& edits) = 0;
+    /// Makes edits, in the order of the text, one step of undo, which is named likewise.
+    virtual void edit(const std::vector<TextEdit>& edits, const QString& what) = 0;
     /// Where the uppermost line begins that is seen of the source, and what brings a place up there.
     virtual qsizetype topOfView() const = 0;
     virtual void bringToTop(qsizetype place) = 0;

@@ -8,6 +8,7 @@
 #include "services/Messages.h"
 #include "shell/Spelling.h"
 #include "shell/SurfaceCommands.h"
+#include "source/EditNames.h"
 #include "web/DocumentSurface.h"
 
 #include <QMenu>
@@ -31,27 +32,34 @@ QMenu* menuOf(DocumentSurface& surface, const SurfaceMenu& wanted, QWidget* pare
 {
     auto* menu = new QMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [&](const char* text, const QKeySequence& keys, const std::function<void()>& act) {
+    const auto add = [&](const QString& text, const QKeySequence& keys, const std::function<void()>& act) {
         const QString shown = keys.toString(QKeySequence::NativeText);
-        on(menu->addAction(QString::fromLatin1(text) + (shown.isEmpty() ? shown : u'\t' + shown)),
-           &QAction::triggered, &surface, act);
+        QAction* entry = menu->addAction(text + (shown.isEmpty() ? shown : u'\t' + shown));
+        on(entry, &QAction::triggered, &surface, act);
+        return entry;
     };
-    const auto addCommand = [&](const char* text, QKeySequence::StandardKey key, const char* command) {
-        add(text, key, [&surface, command] { runCommand(surface, QString::fromLatin1(command)); });
+    const auto addCommand = [&](const QString& text, QKeySequence::StandardKey key, const char* command) {
+        return add(text, key, [&surface, command] { runCommand(surface, QString::fromLatin1(command)); });
+    };
+    const auto addStep = [&](const char* text, QKeySequence::StandardKey key, const char* command,
+                             bool isPossible, const QString& step) {
+        addCommand(withName(QString::fromLatin1(text), stepName(step)), key, command)->setEnabled(isPossible);
     };
     const auto addPaste = [&](const char* text, const QKeySequence& keys, PasteWay way) {
-        add(text, keys, [&surface, way] { static_cast<void>(surface.paste(way)); }); // the user sees it
+        add(QString::fromLatin1(text), keys,
+            [&surface, way] { static_cast<void>(surface.paste(way)); }); // the user sees it
     };
-    addCommand("&Undo", QKeySequence::Undo, "Undo");
-    addCommand("&Redo", QKeySequence::Redo, "Redo");
+    const SurfaceSteps steps = surface.steps();
+    addStep("&Undo", QKeySequence::Undo, "Undo", steps.canUndo, steps.undo);
+    addStep("&Redo", QKeySequence::Redo, "Redo", steps.canRedo, steps.redo);
     menu->addSeparator();
-    addCommand("Cu&t", QKeySequence::Cut, "Cut");
-    addCommand("&Copy", QKeySequence::Copy, "Copy");
-    addCommand("&Paste", QKeySequence::Paste, "Paste");
+    addCommand(QStringLiteral("Cu&t"), QKeySequence::Cut, "Cut");
+    addCommand(QStringLiteral("&Copy"), QKeySequence::Copy, "Copy");
+    addCommand(QStringLiteral("&Paste"), QKeySequence::Paste, "Paste");
     addPaste("Paste as Te&xt", Qt::CTRL | Qt::SHIFT | Qt::Key_V, PasteWay::AsText);
     addPaste("Paste With Its &Looks", {}, PasteWay::WithLooks);
     menu->addSeparator();
-    addCommand("Select &All", QKeySequence::SelectAll, "SelectAll");
+    addCommand(QStringLiteral("Select &All"), QKeySequence::SelectAll, "SelectAll");
     Spelling* spelling = loadedSpelling();
     if (spelling && !wanted.misspelt.isEmpty()) {
         addSpellingTo(

@@ -6,6 +6,8 @@
 #include "services/Codes.h"
 #include "web/DocumentSurface.h"
 
+#include <algorithm>
+
 namespace brindlemark {
 
 namespace {
@@ -39,6 +41,41 @@ const char* htmlFontSize(const QString& text)
 const char* fontSizeText(const QString& htmlSize)
 {
     return translate(htmlSize, &Size::html, &Size::text);
+}
+
+QString stepName(const QString& step)
+{
+    struct Name
+    {
+        const char* step;
+        const char* name;
+    };
+    static constexpr Name Names[] = {
+        {"typing", "Typing"},
+        {"paste", "Paste"},
+        {"insertfrompaste", "Paste"},
+        {"deletebycut", "Cut"},
+        {"delete", "Delete"},
+        {"insertreplacementtext", "Spelling"},
+        {"letters", "Letters"},
+        {"link", "Link"},
+        {"bold", "Bold"},
+        {"italic", "Italic"},
+        {"underline", "Underline"},
+        {"inserthorizontalrule", "Rule"},
+        {"fontname", "Font"},
+        {"fontsize", "Size"},
+        {"forecolor", "Font Color"},
+        {"backcolor", "Highlight"},
+        {"indent", "Indent"},
+        {"outdent", "Outdent"},
+        {"justifyleft", "Left"},
+        {"justifycenter", "Center"},
+        {"justifyright", "Right"},
+    };
+    const auto* found =
+        std::ranges::find_if(Names, [&](const Name& each) { return step == QLatin1String(each.step); });
+    return found == std::ranges::end(Names) ? QString() : QString::fromLatin1(found->name);
 }
 
 std::optional<QString> askForColor()

@@ -54,6 +54,9 @@ const char* fontSizeText(const QString& htmlSize);
 /// Asks for the address of the link at the surface's caret and sets it; an empty one removes the link.
 void askForLink(DocumentSurface& surface);
 
+/// What a user calls a step that `SurfaceSteps` tells of; empty for one that has no name.
+QString stepName(const QString& step);
+
 /// Runs an editing command for the user, who sees on the page what came of it. Where the page is lost, its
 /// owner hears of it by `rendererDied`.
 void runCommand(DocumentSurface& surface, const QString& id, const QString& value = QString());

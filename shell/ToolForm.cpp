@@ -36,12 +36,12 @@ void ToolForm::setClosingBox(CheckBox* box, const QString& section, const QStrin
     m_closes = box;
 }
 
-void ToolForm::addToEditor(const QString& fragment)
+void ToolForm::addToEditor(const QString& fragment, const QString& what)
 {
     ListingEditor* editor = loadedEditor();
     if (!editor)
         return;
-    editor->insert(fragment);
+    editor->insert(fragment, what);
     closeIfWanted();
 }
 

@@ -30,8 +30,9 @@ protected:
     void setClosingBox(CheckBox* box, const QString& section, const QString& key);
 
     /// Puts a fragment at the caret of the source box, in place of what is selected there, and closes the
-    /// window if its box is ticked. Does nothing once the main window has gone.
-    void addToEditor(const QString& fragment);
+    /// window if its box is ticked. Does nothing once the main window has gone. `what` is its name where it
+    /// can be undone.
+    void addToEditor(const QString& fragment, const QString& what);
     /// Puts a fragment on the clipboard, in place of all that was there, and closes the window if its box is
     /// ticked.
     void copyFragment(const QString& fragment);

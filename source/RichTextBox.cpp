@@ -54,6 +54,19 @@ RichTextBox::UndoGroup::~UndoGroup()
     m_box->send(SCI_ENDUNDOACTION);
 }
 
+RichTextBox::EditName::EditName(RichTextBox* box, const QString& name)
+    : m_box(box), m_isOutermost(box->m_editName.isEmpty())
+{
+    if (m_isOutermost)
+        m_box->m_editName = name;
+}
+
+RichTextBox::EditName::~EditName()
+{
+    if (m_isOutermost)
+        m_box->m_editName.clear();
+}
+
 RichTextBox::RichTextBox(QWidget* parent)
     : QsciScintillaBase(parent), m_colors(*this), m_textFont(QStringLiteral("Courier New"), 10)
 {
@@ -216,6 +229,7 @@ void RichTextBox::load(const QByteArray& text)
     setText(text);
     send(SCI_SETUNDOCOLLECTION, 1);
     send(SCI_EMPTYUNDOBUFFER);
+    m_names.forget();
 }
 
 qsizetype RichTextBox::TextLength() const
@@ -640,6 +654,7 @@ void RichTextBox::undo()
 void RichTextBox::redo()
 {
     run(SCI_REDO);
+        nameEdit(type);
 }
 
 void RichTextBox::cut()
@@ -654,6 +669,18 @@ void RichTextBox::copy()
     const auto signs = hourglass();
     if (SelLength() > 0)
         doors().setClipboard(selectionData());
+/// The history's edits and these notifications are the same in number.
+void RichTextBox::nameEdit(int type)
+{
+    if (type & SC_PERFORMED_UNDO) {
+        m_names.undone();
+    } else if (type & SC_PERFORMED_REDO) {
+        m_names.redone();
+    } else {
+        m_names.edited(m_editName.isEmpty() ? QStringLiteral("Typing") : m_editName);
+    }
+}
+
 }
 
 void RichTextBox::paste()
@@ -692,3 +719,6 @@ QMimeData* RichTextBox::toMimeData(const QByteArray&, bool) const
 }
 
 } // namespace brindlemark
+    const EditName name(this, QStringLiteral("Cut"));
+    const EditName name(this, QStringLiteral("Paste"));
+    const EditName name(this, QStringLiteral("Delete"));

@@ -4,6 +4,7 @@
 #include "platform/WaitCursor.h"
 #include "platform/WheelSteps.h"
 #include "source/ByteMap.h"
+#include "source/EditNames.h"
 #include "source/EditedText.h"
 #include "source/TextColors.h"
 #include "source/TextEncoding.h"
@@ -168,6 +169,24 @@ signals:
     /// `SelStart` or `SelLength` has changed; after `Change` when both have.
     void SelChange();
     /// Ctrl and the wheel: larger by so many steps, or smaller.
+    /// Gives the edits of its lifetime a name by which the user knows them, such as "Table". Within another
+    /// one it does nothing.
+    class EditName
+    {
+    public:
+        EditName(RichTextBox* box, const QString& name);
+        ~EditName();
+        Q_DISABLE_COPY_MOVE(EditName)
+
+    private:
+        RichTextBox* m_box;
+        bool m_isOutermost;
+    };
+    /// The name of what `undo` takes back and `redo` brings again, "Typing" where none was given; empty:
+    /// there is nothing.
+    QString undoName() const { return m_names.undoName(); }
+    QString redoName() const { return m_names.redoName(); }
+
     void ZoomWanted(int steps);
     /// Other lines have come into view, or may have. Comes with the next painting, and with another size.
     void Scrolled();
@@ -244,6 +263,7 @@ private:
     bool leave(bool next);
     QStringList answerDrag(QDropEvent* event);
     qsizetype dropPosition(const QDropEvent& event);
+    void nameEdit(int type);
     void dropFiles(const QDropEvent& event, const QStringList& files);
     void dropText(const QDropEvent& event);
     void dropAt(qsizetype position, const QByteArray& text);
@@ -279,3 +299,5 @@ private:
 };
 
 } // namespace brindlemark
+    EditNames m_names;
+    QString m_editName; // of the edits that are made now; empty: typing

@@ -59,7 +59,6 @@ void RichTextBox::wheelEvent(QWheelEvent* event)
         event->accept();
         if (const int steps = m_wheel.turned(event->angleDelta().y()); steps != 0)
             emit ZoomWanted(steps);
-        }
     });
 }
 
@@ -173,6 +172,7 @@ void RichTextBox::dropFiles(const QDropEvent& event, const QStringList& files)
 /// The component's own drop ends a text at a NUL and changes line ends.
 void RichTextBox::dropText(const QDropEvent& event)
 {
+    const EditName name(this, QStringLiteral("Drag"));
     Step step(this);
     const qsizetype position = dropPosition(event);
     if (event.source() == this) {
@@ -222,8 +222,10 @@ void RichTextBox::contextMenuEvent(QContextMenuEvent* event)
         const QMimeData* clipboard = doors().clipboard();
         const bool pasteable = clipboard && clipboard->hasText();
         const std::array entries = {
-            Entry{tr("&Undo"), QKeySequence::Undo, &RichTextBox::undo, send(SCI_CANUNDO) != 0},
-            Entry{tr("&Redo"), QKeySequence::Redo, &RichTextBox::redo, send(SCI_CANREDO) != 0},
+            Entry{withName(tr("&Undo"), undoName()), QKeySequence::Undo, &RichTextBox::undo,
+                  !undoName().isEmpty()},
+            Entry{withName(tr("&Redo"), redoName()), QKeySequence::Redo, &RichTextBox::redo,
+                  !redoName().isEmpty()},
             Entry{tr("Cu&t"), QKeySequence::Cut, &RichTextBox::cut, selected && !m_readOnly},
             Entry{tr("&Copy"), QKeySequence::Copy, &RichTextBox::copy, selected},
             Entry{tr("&Paste"), QKeySequence::Paste, &RichTextBox::paste, pasteable && !m_readOnly},

@@ -314,7 +314,7 @@ return {
         if (design)
             setOwn('adoptedStyleSheets', [HIDDEN]);
         Document.prototype.close.call(document);
-        if (design)
+        if (design) {
             placeCaret();
         changesDone = [];
         changesUndone = [];
@@ -410,7 +410,8 @@ return {
     execCommand(name, value) {
         reveal();
         placeCaret();
-        return command(name, value);
+        const id = name.toLowerCase();
+        return id === 'undo' || id === 'redo' ? command(id, value) : asStep(id, () => command(name, value));
     },
 
     /** The selection as [text, HTML]; blanks that must not break are blanks in the text. */
@@ -450,12 +451,13 @@ return {
                 endAfter = start + parts[i].length;
             const after = replaced(node.data, start, end - start, parts[i]);
             if (after !== node.data)
+            listenToSteps();
                 texts.push({ node, before: node.data, after });
         });
         if (texts.length === 0)
             return true;
         const change = new LetterChange(texts, range, endAfter);
-        if (!change.make())
+        if (!asStep('letters', () => change.make()))
             return false;
         changesDone.push(change);
         changesUndone = [];
@@ -467,6 +469,8 @@ return {
     canClean() {
         return clean !== null;
     },
+            listenToSteps();
+        }
     cleanWith(cleaner) {
         clean = cleaner;
         return true;
@@ -527,7 +531,7 @@ return {
         if (range)
             getSelection().collapse(range.startContainer, range.startOffset);
         const fragment = this.cleaned(text, html, withLooks);
-        return fragment ? command('insertHTML', bundled(fragment)) : command('insertText', text);
+        return asStep('paste', () => fragment ? command('insertHTML', bundled(fragment)) : insertText(text));
     },
 
     /** The address of the link at the caret, as the page has it; empty when there is none. */
@@ -543,11 +547,13 @@ return {
         const link = linkAtCaret();
         if (link)
             getSelection().selectAllChildren(link);
-        if (address === '')
-            return command('unlink', '');
-        if (getSelection().isCollapsed)
-            return command('insertHTML', '<a href="' + escapeHtml(address) + '">' + escapeHtml(address) + '</a>');
-        return command('createLink', address);
+        return asStep('link', () => {
+            if (address === '')
+                return command('unlink', '');
+            if (getSelection().isCollapsed)
+                return command('insertHTML', '<a href="' + escapeHtml(address) + '">' + escapeHtml(address) + '</a>');
+            return command('createLink', address);
+        });
     },
 
     /** A caret that was set before the keyboard focus came takes no typed letters: sets it anew. */
@@ -564,3 +570,10 @@ return {
     },
 };
 })
+
+    /** Whether something can be undone, what has made it, whether something can be brought again, and likewise. */
+    steps() {
+        const can = name => Document.prototype.queryCommandEnabled.call(document, name);
+        const last = steps => steps.length > 0 ? steps[steps.length - 1] : '';
+        return [can('undo'), last(stepsDone), can('redo'), last(stepsUndone)];
+    },

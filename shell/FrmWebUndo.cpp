@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Undo and redo in the menu Tools, which tells what they would do.
+
+#include "platform/Events.h"
+#include "shell/FrmWeb.h"
+#include "shell/SurfaceCommands.h"
+#include "source/EditNames.h"
+
+#include <QMenu>
+
+namespace brindlemark {
+
+void FrmWeb::connectUndo()
+{
+    on(muntools, &QMenu::aboutToShow, this, &FrmWeb::muntools_Popup);
+    on(munundo, &QAction::triggered, this, &FrmWeb::munundo_Click);
+    on(munredo, &QAction::triggered, this, &FrmWeb::munredo_Click);
+}
+
+/// Whether the view that is up can be edited: on the tab Preview the design surface alone.
+bool FrmWeb::isEditable() const
+{
+    return SSTab1->Tab() == EditorTab || (SSTab1->Tab() == PreviewTab && shownSurface() == WebBrowser1);
+}
+
+void FrmWeb::muntools_Popup()
+{
+    SurfaceSteps steps;
+    if (SSTab1->Tab() == EditorTab) {
+        const QString undo = RichTextBox1->undoName();
+        const QString redo = RichTextBox1->redoName();
+        steps = {!undo.isEmpty(), undo, !redo.isEmpty(), redo};
+    } else if (isEditable()) {
+        steps = WebBrowser1->steps();
+        steps.undo = stepName(steps.undo);
+        steps.redo = stepName(steps.redo);
+    }
+    const auto tell = [](QAction* entry, const char* text, const char* key, bool isPossible,
+                         const QString& name) {
+        entry->setText(withName(QString::fromLatin1(text), name) + u'\t' + QString::fromLatin1(key));
+        entry->setEnabled(isPossible);
+    };
+    tell(munundo, "Undo", "Ctrl+Z", steps.canUndo, steps.undo);
+    tell(munredo, "Redo", "Ctrl+Y", steps.canRedo, steps.redo);
+}
+
+void FrmWeb::munundo_Click()
+{
+    if (SSTab1->Tab() == EditorTab) {
+        RichTextBox1->undo();
+    } else if (isEditable()) {
+        surfaceCommand(QStringLiteral("Undo"));
+    }
+}
+
+void FrmWeb::munredo_Click()
+{
+    if (SSTab1->Tab() == EditorTab) {
+        RichTextBox1->redo();
+    } else if (isEditable()) {
+        surfaceCommand(QStringLiteral("Redo"));
+    }
+}
+
+} // namespace brindlemark

@@ -1,0 +1,375 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Undo and redo, which tell what they would do: in the menu Tools and in the menus of the source and of the
+// design surface.
+
+#include "MainWindow.h"
+#include "Random.h"
+#include "WebTestMain.h"
+#include "Widgets.h"
+#include "shell/SurfaceCommands.h"
+#include "source/EditNames.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QTest>
+
+using namespace brindlemark;
+
+namespace {
+
+struct Desk : MainWindow
+{
+    /// "-" at the end: greyed.
+    static QString shown(const QAction* entry)
+    {
+        return entry->text() + QLatin1String(entry->isEnabled() ? "" : "-");
+    }
+    QStringList tools() const
+    {
+        emit web->muntools->aboutToShow();
+        return {shown(web->munundo), shown(web->munredo)};
+    }
+    void clip(const QString& text)
+    {
+        auto given = std::make_unique<QMimeData>();
+        given->setText(text);
+        doors.setClipboard(std::move(given));
+    }
+    void command(const char* id) const { runCommand(*web->WebBrowser1, QString::fromLatin1(id)); }
+    void showSurface(const QByteArray& html) const
+    {
+        web->RichTextBox1->setText(html);
+        showTab(FrmWeb::PreviewTab);
+    }
+};
+
+} // namespace
+
+class TestUndo : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void names();
+    void nothingAtFirst();
+    void stepsOfTheSource();
+    void toolsOfTheSource();
+    void takesBackAndBringsAgain();
+    void anotherDocument();
+    void menuOfTheSource();
+    void chanceInTheSource();
+    void stepsOfTheSurface();
+    void pasteIsAStepByItself();
+    void pageThatComesBack();
+    void chanceOnTheSurface_data();
+    void chanceOnTheSurface();
+    void whereNothingIsEdited();
+};
+
+void TestUndo::names()
+{
+    EditNames names;
+    QCOMPARE(names.undoName(), QString());
+    QCOMPARE(names.redoName(), QString());
+    names.undone();
+    names.redone();
+    QCOMPARE(names.undoName(), QString());
+    names.edited("one");
+    names.edited("two");
+    QCOMPARE(names.undoName(), "two");
+    names.undone();
+    QCOMPARE(names.undoName(), "one");
+    QCOMPARE(names.redoName(), "two");
+    names.edited("three"); // there is no way back to two
+    QCOMPARE(names.redoName(), QString());
+    names.undone();
+    QCOMPARE(names.redoName(), "three");
+    names.redone();
+    QCOMPARE(names.undoName(), "three");
+    names.forget();
+    QCOMPARE(names.undoName(), QString());
+    QCOMPARE(names.redoName(), QString());
+}
+
+void TestUndo::nothingAtFirst()
+{
+    const Desk desk;
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
+}
+
+void TestUndo::stepsOfTheSource()
+{
+    Desk desk;
+    RichTextBox* box = desk.web->RichTextBox1;
+    const auto undo = [&] { return desk.tools().at(0); };
+    desk.type("brass");
+    QCOMPARE(undo(), "Undo: Typing\tCtrl+Z");
+    desk.clip("lamp");
+    QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(undo(), "Undo: Paste\tCtrl+Z");
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(box, Qt::Key_X, Qt::ControlModifier);
+    QCOMPARE(undo(), "Undo: Cut\tCtrl+Z");
+    QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(undo(), "Undo: Paste\tCtrl+Z");
+    QCOMPARE(desk.tools().at(1), "Redo: Cut\tCtrl+Y");
+    desk.press(Tool::Cut); // of what the undo has selected
+    QCOMPARE(desk.source(), QByteArray());
+    QCOMPARE(undo(), "Undo: Cut\tCtrl+Z");
+    desk.press(Tool::Paste);
+    QCOMPARE(undo(), "Undo: Paste\tCtrl+Z");
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    desk.web->munuppercase->trigger();
+    QCOMPARE(desk.source(), QByteArray("BRASSLAMP"));
+    QCOMPARE(undo(), "Undo: Letters\tCtrl+Z");
+    desk.web->munbr2->trigger();
+    QCOMPARE(undo(), "Undo: Quick Tag\tCtrl+Z");
+}
+
+/// What tools put in has the name that they give it.
+void TestUndo::toolsOfTheSource()
+{
+    Desk desk;
+    ListingEditor& editor = *desk.web;
+    editor.insert("<TABLE></TABLE>", "Table");
+    QCOMPARE(desk.tools().at(0), "Undo: Table\tCtrl+Z");
+    editor.insertAtStart("<BODY>", "Body Colors");
+    QCOMPARE(desk.tools().at(0), "Undo: Body Colors\tCtrl+Z");
+    editor.edit({{{0, 6}, "<body>"}}, "Corrections");
+    QCOMPARE(desk.tools().at(0), "Undo: Corrections\tCtrl+Z");
+    editor.editListing("<P>lamp");
+    QCOMPARE(desk.tools().at(0), "Undo: Listing\tCtrl+Z");
+    editor.bringBackText("<P>brass");
+    QCOMPARE(desk.tools().at(0), "Undo: Earlier Text\tCtrl+Z");
+    desk.web->document().setDirty(false);
+}
+
+void TestUndo::takesBackAndBringsAgain()
+{
+    Desk desk;
+    desk.type("brass");
+    desk.web->insert("<HR>", "Rule");
+    QVERIFY(desk.tools().at(0).startsWith("Undo: Rule"));
+    desk.choose(desk.web->muntools, desk.web->munundo);
+    QCOMPARE(desk.source(), QByteArray("brass"));
+    QCOMPARE(desk.tools(), QStringList({"Undo: Typing\tCtrl+Z", "Redo: Rule\tCtrl+Y"}));
+    desk.choose(desk.web->muntools, desk.web->munundo);
+    QCOMPARE(desk.source(), QByteArray());
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo: Typing\tCtrl+Y"}));
+    desk.choose(desk.web->muntools, desk.web->munredo);
+    desk.choose(desk.web->muntools, desk.web->munredo);
+    QCOMPARE(desk.source(), QByteArray("brass<HR>"));
+    QCOMPARE(desk.tools(), QStringList({"Undo: Rule\tCtrl+Z", "Redo\tCtrl+Y-"}));
+}
+
+/// Undo doesn't reach behind it.
+void TestUndo::anotherDocument()
+{
+    Desk desk;
+    desk.type("brass");
+    desk.web->document().setDirty(false);
+    desk.folder.write("lamp.htm", "lamp");
+    desk.open(desk.folder.path("lamp.htm"));
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
+    desk.type("x");
+    QVERIFY(desk.tools().at(0).startsWith("Undo: Typing"));
+    desk.web->munundo->trigger();
+    QCOMPARE(desk.source(), QByteArray("lamp"));
+    desk.web->document().setDirty(false);
+}
+
+void TestUndo::menuOfTheSource()
+{
+    Desk desk;
+    desk.type("brass");
+    desk.web->insert("<HR>", "Rule");
+    desk.web->RichTextBox1->undo();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(desk.web->RichTextBox1->viewport(), &event);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    QCOMPARE(Desk::shown(menu->actions().at(0)), "&Undo: Typing\tCtrl+Z");
+    QCOMPARE(Desk::shown(menu->actions().at(1)), "&Redo: Rule\tCtrl+Shift+Z");
+    takeEntry(menu, "Redo: Rule");
+    QCOMPARE(desk.source(), QByteArray("brass<HR>"));
+}
+
+/// Whatever was done: the name is that of what has made the text so, at each step back and forth.
+void TestUndo::chanceInTheSource()
+{
+    Desk desk;
+    RichTextBox* box = desk.web->RichTextBox1;
+    const QList<std::pair<QString, std::function<void(int)>>> acts = {
+        {"Typing", [&](int) { desk.type(QStringLiteral("t")); }},
+        {"Typing", [&](int) { QTest::keyClick(box, Qt::Key_Return); }},
+        {"Table", [&](int i) { desk.web->insert(QStringLiteral("<%1>").arg(i), "Table"); }},
+        {"Paste",
+         [&](int i) {
+             desk.clip(QStringLiteral("p%1\u00e9").arg(i));
+             box->paste();
+         }},
+        {"Letters",
+         [&](int i) {
+             desk.web->edit({{{0, box->TextLength()}, "whole" + QByteArray::number(i)}}, "Letters");
+         }},
+    };
+    Random random(24);
+    QHash<QByteArray, QString> madeBy;
+    for (int i = 0; i < 200; ++i) {
+        if (random.number(4) == 0)
+            box->setSelStart(random.number(int(box->TextLength()) + 1));
+        const auto& act = acts.at(random.number(int(acts.size())));
+        act.second(i);
+        madeBy.insert(desk.source(), act.first);
+    }
+    int undone = 0;
+    const QByteArray last = desk.source();
+    while (!box->undoName().isEmpty()) {
+        if (madeBy.contains(desk.source()))
+            QCOMPARE(box->undoName(), madeBy.value(desk.source()));
+        box->undo();
+        ++undone;
+    }
+    QCOMPARE(desk.source(), QByteArray());
+    QVERIFY(undone > 100);
+    while (!box->redoName().isEmpty()) {
+        const QString name = box->redoName();
+        box->redo();
+        QCOMPARE(box->undoName(), name);
+        --undone;
+    }
+    QCOMPARE(undone, 0);
+    QCOMPARE(desk.source(), last);
+}
+
+void TestUndo::stepsOfTheSurface()
+{
+    Desk desk;
+    desk.showSurface("<P>brass lamp</P>");
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
+    desk.typeOnSurface("old ");
+    QCOMPARE(desk.tools().at(0), "Undo: Typing\tCtrl+Z");
+    desk.command("SelectAll");
+    QCOMPARE(desk.tools().at(0), "Undo: Typing\tCtrl+Z");
+    click(desk.web->Command1);
+    QCOMPARE(desk.tools().at(0), "Undo: Bold\tCtrl+Z");
+    desk.web->muntitlecase->trigger();
+    QCOMPARE(desk.tools().at(0), "Undo: Letters\tCtrl+Z");
+    QVERIFY(desk.web->WebBrowser1->innerHtml().contains("<B>Old Brass Lamp</B>"));
+    desk.choose(desk.web->muntools, desk.web->munundo);
+    QVERIFY(desk.web->WebBrowser1->innerHtml().contains("<B>old brass lamp</B>"));
+    QCOMPARE(desk.tools(), QStringList({"Undo: Bold\tCtrl+Z", "Redo: Letters\tCtrl+Y"}));
+    click(desk.web->Command12);
+    QVERIFY(!desk.web->WebBrowser1->innerHtml().contains("<B>"));
+    QCOMPARE(desk.tools(), QStringList({"Undo: Typing\tCtrl+Z", "Redo: Bold\tCtrl+Y"}));
+    desk.choose(desk.web->muntools, desk.web->munredo);
+    QVERIFY(desk.web->WebBrowser1->innerHtml().contains("<B>old brass lamp</B>"));
+    QCOMPARE(desk.tools(), QStringList({"Undo: Bold\tCtrl+Z", "Redo: Letters\tCtrl+Y"}));
+}
+
+/// For the engine a pasted text is typed: neither the letters before it nor those behind it go with it.
+void TestUndo::pasteIsAStepByItself()
+{
+    Desk desk;
+    desk.showSurface("<P>-</P>");
+    desk.clip("lamp");
+    desk.typeOnSurface("one ");
+    desk.web->munpastetext->trigger();
+    desk.typeOnSurface(" two");
+    QVERIFY(desk.web->WebBrowser1->innerHtml().contains("one lamp two"));
+    for (const char* rest : {"one lamp-", "one -", "<P>-"}) {
+        desk.web->munundo->trigger();
+        const QString page = desk.web->WebBrowser1->innerHtml().replace("&nbsp;", " ");
+        QVERIFY2(page.contains(QLatin1String(rest)), qPrintable(page));
+    }
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo: Typing\tCtrl+Y"}));
+}
+
+/// In the source, all that was edited on the surface is one step.
+void TestUndo::pageThatComesBack()
+{
+    Desk desk;
+    desk.showSurface("<P>lamp</P>");
+    desk.typeOnSurface("old ");
+    desk.showTab(FrmWeb::EditorTab);
+    QCOMPARE(desk.tools().at(0), "Undo: Edits in Preview\tCtrl+Z");
+    desk.web->munundo->trigger();
+    QCOMPARE(desk.source(), QByteArray("<P>lamp</P>"));
+}
+
+void TestUndo::chanceOnTheSurface_data()
+{
+    QTest::addColumn<int>("seed");
+    for (int seed = 1; seed <= 6; ++seed)
+        QTest::newRow(qPrintable(QString::number(seed))) << seed;
+}
+
+/// Whatever was done: as many steps lead back as have names, and each has its own.
+void TestUndo::chanceOnTheSurface()
+{
+    QFETCH(const int, seed);
+    Desk desk;
+    desk.showSurface("<P>brass</P><P>lamp</P>");
+    DocumentSurface* surface = desk.web->WebBrowser1;
+    const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(surface->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly), key, modifiers);
+    };
+    const QList<std::pair<QString, std::function<void()>>> acts = {
+        {"typing", [&] { desk.typeOnSurface("ab"); }},
+        {"typing", [&] { press(Qt::Key_Backspace); }},
+        {"typing", [&] { press(Qt::Key_Return); }},
+        {"", [&] { press(Qt::Key_Left); }},
+        {"", [&] { press(Qt::Key_Home); }},
+        {"", [&] { desk.command("SelectAll"); }},
+        {"bold", [&] { desk.command("Bold"); }},
+        {"inserthorizontalrule", [&] { desk.command("InsertHorizontalRule"); }},
+        {"indent", [&] { desk.command("Indent"); }},
+        {"paste",
+         [&] {
+             desk.clip("paste");
+             static_cast<void>(surface->paste(PasteWay::AsText));
+         }},
+        {"letters", [&] { desk.web->munuppercase->trigger(); }},
+    };
+    Random random{quint32(seed)};
+    for (int i = 0; i < 40; ++i)
+        acts.at(random.number(int(acts.size()))).second();
+    int steps = 0;
+    while (surface->steps().canUndo) {
+        const SurfaceSteps now = surface->steps();
+        QVERIFY2(!now.undo.isEmpty(), "a step without a name");
+        desk.command("Undo");
+        QCOMPARE(surface->steps().redo, now.undo);
+        QVERIFY(++steps < 100);
+    }
+    QCOMPARE(surface->steps().undo, QString());
+    QVERIFY(steps > 5);
+    while (surface->steps().canRedo) {
+        QVERIFY(!surface->steps().redo.isEmpty());
+        desk.command("Redo");
+        --steps;
+    }
+    QCOMPARE(steps, 0);
+    QCOMPARE(surface->steps().redo, QString());
+}
+
+/// On the preview that only shows, and on the tab Internet.
+void TestUndo::whereNothingIsEdited()
+{
+    Desk desk;
+    desk.type("<P>lamp</P>");
+    desk.showTab(FrmWeb::PreviewTab);
+    tick(desk.web->Option2);
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
+    desk.web->munundo->trigger();
+    desk.showTab(FrmWeb::InternetTab);
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
+    desk.web->munundo->trigger();
+    QVERIFY(desk.source().contains("lamp"));
+}
+
+WEB_TEST_MAIN(TestUndo)
+#include "tst_undo.moc"
