@@ -87,6 +87,8 @@ public:
     void surfaceWritten() { m_surfaceKept = false; }
     /// What is kept is an edit on the design surface, which the text lacks.
     bool isSurfaceKept() const { return m_surfaceKept; }
+    /// When the journal last wrote what it keeps, in milliseconds since 1970; 0: it keeps nothing.
+    qint64 keptAt() const { return m_journal.writtenAt(); }
     /// Whether something is being written to the journal's file.
     bool isKeeping() const { return m_journal.isBusy(); }
     /// Waits until all of it is written.

@@ -14,6 +14,7 @@
 #include "shell/FindBar.h"
 #include "shell/Icons.h"
 #include "shell/SourceSpelling.h"
+#include "shell/StatusLine.h"
 #include "shell/SurfaceCommands.h"
 #include "shell/WindowLayout.h"
 #include "web/InputGate.h"
@@ -128,6 +129,7 @@ FrmWeb::FrmWeb() : m_recent(appFile(DataFile::RecentFiles))
     m_earlier = std::make_unique<EarlierTexts>(folders);
     m_notice = new NoticeBar(this);
     InputGate::letThrough(*m_notice);
+    m_status = new StatusLine(this);
     setCaption(m_document->name());
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);
@@ -169,6 +171,8 @@ FrmWeb::FrmWeb() : m_recent(appFile(DataFile::RecentFiles))
     connectWords();
     connectKeys();
     connectRecent();
+    connectUndo();
+    connectStatus();
     keepOnFatal([this] { return keepText(); });
     on(m_document.get(), &Document::settled, WebBrowser1, &DocumentSurface::forgetEdits);
     m_journalTimer.setObjectName(QStringLiteral("JournalTimer"));
@@ -387,6 +391,7 @@ void FrmWeb::placeControls()
     place(WebBrowser3, layout.preview);
     place(Label1, layout.status);
     place(ProgressBar1, layout.progress);
+    placeStatus();
     m_notice->lieOver(viewThatIsUp());
     for (QWidget* bar : {RegionBar, DesignBar, AddressBar})
         bar->resize(bar->parentWidget()->width() - 2 * bar->x(), bar->height());

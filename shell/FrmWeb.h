@@ -20,6 +20,8 @@ namespace brindlemark {
 
 class SourceSpelling;
 class Spelling;
+class StatusLine;
+struct LetterPlace;
 enum class LetterCase;
 struct MisspeltWord;
 
@@ -128,6 +130,7 @@ private:
     void connectKeys();
     void zoomSource(int steps);
     void zoomSurfaces(int steps);
+    int percentZoomed() const;
 
     // FrmWeb.cpp
     void buildToolbar();
@@ -259,6 +262,22 @@ private:
 
     // FrmWebJournal.cpp
     void runJournal();
+    // FrmWebStatus.cpp
+    void connectStatus();
+    void showBesideText();
+    void tellStatusSoon();
+    void tellStatus();
+    QString stateOfDocument() const;
+    void markTagPair();
+    void placeStatus();
+
+    // FrmWebUndo.cpp
+    void connectUndo();
+    bool isEditable() const;
+    void muntools_Popup();
+    void munundo_Click();
+    void munredo_Click();
+
     void keepUnsavedText();
     void keepEdits(const QString& html);
     void keepUnread();
@@ -295,6 +314,8 @@ private:
     std::unique_ptr<SourceSpelling> m_sourceSpelling;
     int m_lastTab = EditorTab;
     int m_sourceZoom = 0; // steps
+    StatusLine* m_status = nullptr;
+    QTimer m_statusTimer{this};
     int m_surfaceZoom = 0;
     QTimer m_journalTimer{this}; // runs out when unsaved text is to be kept on the disk
 

@@ -189,6 +189,7 @@ void FrmWeb::zoomSource(int steps)
 {
     m_sourceZoom = zoomStep(m_sourceZoom, steps);
     RichTextBox1->setZoom(percentOf(m_sourceZoom));
+    tellStatusSoon();
 }
 
 void FrmWeb::zoomSurfaces(int steps)
@@ -196,6 +197,12 @@ void FrmWeb::zoomSurfaces(int steps)
     m_surfaceZoom = zoomStep(m_surfaceZoom, steps);
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         surface->setZoom(percentOf(m_surfaceZoom));
+    tellStatusSoon();
+}
+
+int FrmWeb::percentZoomed() const
+{
+    return percentOf(SSTab1->Tab() == EditorTab ? m_sourceZoom : m_surfaceZoom);
 }
 
 void FrmWeb::openMenuBar()

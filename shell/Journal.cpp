@@ -158,7 +158,8 @@ void Journal::keep(const QString& document, const std::function<QByteArray()>& t
     m_holds = true;
     m_writer.start([this, document, text] {
         try {
-            write(sealed(text(), document, m_fileSum));
+            if (write(sealed(text(), document, m_fileSum)))
+                m_writtenAt = QDateTime::currentMSecsSinceEpoch();
         } catch (const std::exception&) {
             // Most likely no memory for it now. The text before stays, and the next one comes soon; nothing
             // may leave a thread.
@@ -171,6 +172,7 @@ void Journal::clear()
 {
     m_holds = false;
     m_writer.start([this] {
+        m_writtenAt = 0;
         if (m_place)
             QFile::remove(m_place->path()); // one that can't be removed is offered by the next start
         m_place.reset();
@@ -180,24 +182,25 @@ void Journal::clear()
 void Journal::leave()
 {
     m_holds = false;
-    m_writer.start([this] { m_place.reset(); });
+    m_writer.start([this] {
+        m_writtenAt = 0;
+        m_place.reset();
+    });
 }
 
-/// Writes to the file in use, or else to a new one in the first folder that takes it.
-void Journal::write(const QByteArray& bytes)
+/// Writes to the file in use, or else to a new one in the first folder that takes it. False: none does.
+bool Journal::write(const QByteArray& bytes)
 {
     if (m_place) {
         try {
             writeFile(m_place->path(), bytes);
-            return;
+            return true;
         } catch (const RuntimeError&) {
             // The disk may be full; another folder may have room.
         }
     }
-    for (const QString& folder : m_folders) {
-        if (writeElsewhere(folder, bytes))
-            return;
-    }
+    return std::ranges::any_of(m_folders,
+                               [&](const QString& folder) { return writeElsewhere(folder, bytes); });
 }
 
 bool Journal::writeElsewhere(const QString& folder, const QByteArray& bytes)

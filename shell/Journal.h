@@ -63,6 +63,8 @@ public:
     void leave();
     /// Whether `keep` was called since the last `clear` or `leave`.
     bool holds() const { return m_holds; }
+    /// When a text was last written that is still kept, in milliseconds since 1970; 0: none is.
+    qint64 writtenAt() const { return m_writtenAt; }
     /// Whether a text is still being written.
     bool isBusy() const { return m_writer.activeThreadCount() > 0; }
     /// Waits until all is written.
@@ -83,6 +85,7 @@ private:
     QThreadPool m_writer;
     std::unique_ptr<Place> m_place; // only the writer uses it while it works
     QByteArray m_fileSum;           // likewise
+    std::atomic<qint64> m_writtenAt = 0;
     bool m_holds = false;
     QStringList m_given;
 };

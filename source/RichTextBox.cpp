@@ -461,6 +461,75 @@ void RichTextBox::markMisspelt(const Range& stretch, const std::vector<Range>& w
         within(SCI_INDICATORFILLRANGE, word);
 }
 
+void RichTextBox::markPair(const std::vector<Range>& pair)
+{
+    constexpr int Indicator = INDIC_CONTAINER + 1;
+    send(SCI_INDICSETSTYLE, Indicator, INDIC_ROUNDBOX);
+    SendScintilla(SCI_INDICSETFORE, static_cast<unsigned long>(Indicator), QColor(0x20, 0x80, 0xE0));
+    send(SCI_INDICSETALPHA, Indicator, 70); // of 255: text of either lightness stays readable
+    send(SCI_INDICSETOUTLINEALPHA, Indicator, 255);
+    send(SCI_SETINDICATORCURRENT, Indicator);
+    send(SCI_INDICATORCLEARRANGE, 0, innerLength());
+    for (const Range& part : pair) {
+        const qsizetype start = toInner(part.start);
+        send(SCI_INDICATORFILLRANGE, start, toInner(part.end()) - start);
+    }
+}
+
+void RichTextBox::setLineNumbers(bool on)
+{
+    m_lineNumbers = on;
+    m_digits = 0;
+    fitLineNumbers();
+}
+
+/// The margin is as wide as the last line's number, and one digit of room.
+void RichTextBox::fitLineNumbers()
+{
+    const qsizetype digits = m_lineNumbers ? QByteArray::number(qint64{send(SCI_GETLINECOUNT)}).size() : 0;
+    if (digits == m_digits && digits > 0)
+        return;
+    m_digits = digits;
+    const QByteArray widest(digits + 1, '9');
+    send(SCI_SETMARGINTYPEN, 0, SC_MARGIN_NUMBER);
+    const long width = digits > 0 ? SendScintilla(SCI_TEXTWIDTH, static_cast<uintptr_t>(STYLE_LINENUMBER),
+                                                  widest.constData())
+                                  : 0;
+    send(SCI_SETMARGINWIDTHN, 0, width);
+    if (m_hint)
+        m_hint->move(int(width) + 12, 2); // beside the caret
+}
+
+void RichTextBox::setWhiteSpace(bool on)
+{
+    send(SCI_SETVIEWWS, on ? SCWS_VISIBLEALWAYS : SCWS_INVISIBLE);
+    send(SCI_SETVIEWEOL, on);
+}
+
+RichTextBox::CaretPlace RichTextBox::caretPlace() const
+{
+    const qsizetype caret = send(SCI_GETCURRENTPOS);
+    const long line = send(SCI_LINEFROMPOSITION, caret);
+    const qsizetype start = send(SCI_POSITIONFROMLINE, line);
+    return {line + 1, charactersIn({start, caret - start}) + 1};
+}
+
+qsizetype RichTextBox::selectedCharacters() const
+{
+    return charactersIn(innerSelection());
+}
+
+/// Asks for that range alone: for the whole text the component would close the gap at the caret, which the
+/// next letter would open again.
+qsizetype RichTextBox::charactersIn(Range inner) const
+{
+    if (inner.length == 0)
+        return 0;
+    const auto* bytes = reinterpret_cast<const char*>(send(SCI_GETRANGEPOINTER, inner.start, inner.length));
+    return std::count_if(bytes, bytes + inner.length,
+                         [](char byte) { return byte != '\r' && !isContinuation(byte); });
+}
+
 void RichTextBox::markLines(const std::vector<qsizetype>& lines, const QColor& tint)
 {
     constexpr int Marker = 0;
@@ -512,7 +581,22 @@ void RichTextBox::applyLook()
     m_colors.applyLook();
     SendScintilla(SCI_SETCARETFORE, QColor(qGray(back.rgb()) < 128 ? Qt::white : Qt::black));
     send(SCI_SETZOOM, qRound(points * (m_zoom - 100) / 100));
+    const QColor grey = hintColor();
+    SendScintilla(SCI_STYLESETFORE, static_cast<unsigned long>(STYLE_LINENUMBER), grey);
+    SendScintilla(SCI_SETWHITESPACEFORE, 1UL, grey);
+    m_digits = 0;
+    fitLineNumbers();
     colorHint();
+}
+
+/// Grey that can be read on the background.
+QColor RichTextBox::hintColor() const
+{
+    QPalette colors = palette();
+    const QColor back = colorOf(m_backColor);
+    colors.setColor(QPalette::Base, back);
+    colors.setColor(QPalette::Text, qGray(back.rgb()) < 128 ? Qt::white : Qt::black);
+    return withReadableHints(colors).color(QPalette::PlaceholderText);
 }
 
 void RichTextBox::setHint(const QString& hint)
@@ -533,10 +617,7 @@ void RichTextBox::colorHint()
     if (!m_hint)
         return;
     QPalette colors = palette();
-    const QColor back = colorOf(m_backColor);
-    colors.setColor(QPalette::Base, back);
-    colors.setColor(QPalette::Text, qGray(back.rgb()) < 128 ? Qt::white : Qt::black);
-    colors.setColor(QPalette::WindowText, withReadableHints(colors).color(QPalette::PlaceholderText));
+    colors.setColor(QPalette::WindowText, hintColor());
     m_hint->setPalette(colors);
 }
 
@@ -615,6 +696,8 @@ void RichTextBox::notify()
 
 /// For changes that come from no call and no event of the box: a screen reader's edits, a selection that goes
 /// on while the box scrolls under a resting mouse.
+    if (textChanged)
+        fitLineNumbers();
 void RichTextBox::notifySoon()
 {
     if (m_steps == 0 && !m_notifyTimer.isActive())

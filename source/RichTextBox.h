@@ -104,6 +104,20 @@ public:
     /// Shows the text larger or smaller, in percent of its font, 50 to 300. The text and its font stay.
     void setZoom(int percent);
 
+    /// Whether each line has its number beside it, and blanks, tabs and line ends can be seen; both off at
+    /// first.
+    void setLineNumbers(bool on);
+    void setWhiteSpace(bool on);
+    /// The caret's line, and how many characters stand in front of it there; both counted from 1.
+    struct CaretPlace
+    {
+        qsizetype line = 1;
+        qsizetype column = 1;
+    };
+    CaretPlace caretPlace() const;
+    /// How many characters are selected; a line end is one.
+    qsizetype selectedCharacters() const;
+
     /// Where the uppermost line begins that is in view.
     qsizetype topOfView() const;
     /// Scrolls until the line of a place is the uppermost one, as far as there is text below.
@@ -114,6 +128,9 @@ public:
     /// Underlines words of a stretch of the text as misspelt, in their order, and takes that mark from all
     /// others there. An edit moves the marks with the text. They are no part of it.
     void markMisspelt(const TextRange& stretch, const std::vector<TextRange>& words);
+
+    /// Marks what belongs together, such as the two tags of an element, in place of what was marked so.
+    void markPair(const std::vector<TextRange>& pair);
 
     /// Tints the ground of some lines, counted from 0, until the text changes, and brings the first into
     /// view.
@@ -255,7 +272,10 @@ private:
     void setUpKeys();
     void applyLook();
     void colorHint();
+    QColor hintColor() const;
     void applySelectionColors();
+    void fitLineNumbers();
+    qsizetype charactersIn(Range inner) const;
 
     void run(unsigned command);
     void pasteFrom(const QMimeData* source);
@@ -285,6 +305,8 @@ private:
     bool m_readOnly = false;
     bool m_overtyping = false; // a step of undo is open
     int m_steps = 0;           // how many changes are under way, one inside another
+    bool m_lineNumbers = false;
+    qsizetype m_digits = 0;    // of the line numbers, for which there is room
     bool m_textChanged = false;
     std::optional<Range> m_inserted; // readers don't know of it yet
     bool m_selectionSet = false;     // to be told even if it is the same
