@@ -153,10 +153,10 @@ private:
 
     // FrmWebQuickTags.cpp
     void connectQuickTags();
+    void insertTag(const QString& html);
     void munmsg_Click();
 
     // FrmWebDocument.cpp
-    void insertTag(const QString& html);
     void MnNew_Click();
     [[nodiscard]] bool newDocument(const std::function<void()>& again);
     void MnOpen_Click();
@@ -190,6 +190,8 @@ private:
     void SSTab1_Click();
     bool showEditor();
     void showPreview();
+    void giveCaret(DocumentSurface* surface);
+    void takeCaret(const LetterPlace& caret);
     DocumentSurface* shownSurface() const;
     void Option1_Click();
     void Option2_Click();
@@ -260,8 +262,6 @@ private:
     void replaceWord(const MisspeltWord& word, const QString& by);
     void changeCase(LetterCase letterCase);
 
-    // FrmWebJournal.cpp
-    void runJournal();
     // FrmWebStatus.cpp
     void connectStatus();
     void showBesideText();
@@ -278,6 +278,8 @@ private:
     void munundo_Click();
     void munredo_Click();
 
+    // FrmWebJournal.cpp
+    void runJournal();
     void keepUnsavedText();
     void keepEdits(const QString& html);
     void keepUnread();
@@ -312,10 +314,10 @@ private:
     NoticeBar* m_notice = nullptr;
     Spelling* m_spelling = nullptr;
     std::unique_ptr<SourceSpelling> m_sourceSpelling;
-    int m_lastTab = EditorTab;
-    int m_sourceZoom = 0; // steps
     StatusLine* m_status = nullptr;
     QTimer m_statusTimer{this};
+    int m_lastTab = EditorTab;
+    int m_sourceZoom = 0; // steps
     int m_surfaceZoom = 0;
     QTimer m_journalTimer{this}; // runs out when unsaved text is to be kept on the disk
 

@@ -7,6 +7,7 @@
 #include "platform/RuntimeError.h"
 #include "platform/WaitCursor.h"
 #include "services/Messages.h"
+#include "shell/CaretPlace.h"
 #include "shell/FrmWeb.h"
 #include "shell/Regions.h"
 #include "shell/Spelling.h"
@@ -18,6 +19,9 @@
 namespace brindlemark {
 
 namespace {
+
+/// In bytes: in a longer text a caret can't be found in a moment.
+constexpr qsizetype LongestWithCaret = 5'000'000;
 
 /// What `work` returns, with the hourglass up meanwhile.
 template <typename Work>
@@ -77,9 +81,11 @@ void FrmWeb::SSTab1_Click()
 bool FrmWeb::showEditor()
 {
     bool taken = false;
+    LetterPlace caret;
     Picture1->show();
     if (Option1->Value()) {
         try {
+            caret = WebBrowser1->caret();
             taken = takeSurface();
         } catch (const SurfaceLost&) {
             // The user has been told, and finds the editor's text as it was.
@@ -93,7 +99,8 @@ bool FrmWeb::showEditor()
         highlightSource();
     if (isBlankDocument())
         m_document->setDirty(false);
-    UpdateRegionButtons(*this);
+    UpdateRegionButtons(*this); // looks from where the caret is in a text that has just come
+    takeCaret(caret);
     return taken;
 }
 
@@ -106,6 +113,28 @@ void FrmWeb::showPreview()
         return;
     }
     showSource(shownSurface());
+    giveCaret(shownSurface());
+}
+
+/// Brings the caret of the source into view on a surface; one that was never moved has nothing to show there.
+void FrmWeb::giveCaret(DocumentSurface* surface)
+{
+    if (RichTextBox1->SelStart() == 0 || RichTextBox1->TextLength() > LongestWithCaret)
+        return;
+    const TextOfHtml source(RichTextBox1->textForNow(), RichTextBox1->textEncoding());
+    const LetterPlace place = letterPlaceOf(source, RichTextBox1->SelStart());
+    if (place != LetterPlace())
+        surface->setCaretSoon(place);
+}
+
+/// The way back.
+void FrmWeb::takeCaret(const LetterPlace& caret)
+{
+    if (caret == LetterPlace() || RichTextBox1->TextLength() > LongestWithCaret)
+        return;
+    const TextOfHtml source(RichTextBox1->textForNow(), RichTextBox1->textEncoding());
+    if (const std::optional<qsizetype> place = byteOf(source, caret))
+        select({*place, 0});
 }
 
 DocumentSurface* FrmWeb::shownSurface() const
@@ -222,6 +251,7 @@ bool FrmWeb::takeSurface()
     {
         const auto keepFormer =
             qScopeGuard([&] { replaced = keepIfReplaced(former); }); // also behind a torn tag
+        const RichTextBox::EditName name(RichTextBox1, QStringLiteral("Edits in Preview"));
         const RichTextBox::UndoGroup oneStep(RichTextBox1);
         RichTextBox1->setText(RichTextBox1->encode(html), RichTextBox1->textEncoding());
         StampGenerator();
@@ -251,7 +281,6 @@ QString FrmWeb::readSurfaceOrLast(DocumentSurface* surface)
     }
 }
 
-        const RichTextBox::EditName name(RichTextBox1, QStringLiteral("Edits in Preview"));
 /// Tells the user that a surface's renderer has ended, and makes it anew from what it was given last. A
 /// hidden preview waits until it is needed, as its scripts may have been what ended it.
 void FrmWeb::replaceLost(DocumentSurface* surface)

@@ -654,6 +654,7 @@ void RichTextBox::onModified(Range changed, int type, int token)
     if (type & (SC_MOD_BEFOREINSERT | SC_MOD_BEFOREDELETE)) {
         m_textChanged = true;
         tellInserted();
+        nameEdit(type);
         m_map.changed(changed.start);
         if (type & SC_MOD_BEFOREINSERT) {
             m_colors.beforeInsertion(changed);
@@ -665,6 +666,18 @@ void RichTextBox::onModified(Range changed, int type, int token)
             m_units.beforeDeletion(changed);
         }
         notifySoon();
+    }
+}
+
+/// The history's edits and these notifications are the same in number.
+void RichTextBox::nameEdit(int type)
+{
+    if (type & SC_PERFORMED_UNDO) {
+        m_names.undone();
+    } else if (type & SC_PERFORMED_REDO) {
+        m_names.redone();
+    } else {
+        m_names.edited(m_editName.isEmpty() ? QStringLiteral("Typing") : m_editName);
     }
 }
 
@@ -684,6 +697,8 @@ void RichTextBox::notify()
     if (textChanged && m_hint)
         m_hint->setVisible(isEmpty());
     if (textChanged)
+        fitLineNumbers();
+    if (textChanged)
         emit Change();
     const Range now = selection();
     const bool selectionChanged = std::exchange(m_selectionSet, false) || now != m_toldSelection;
@@ -696,8 +711,6 @@ void RichTextBox::notify()
 
 /// For changes that come from no call and no event of the box: a screen reader's edits, a selection that goes
 /// on while the box scrolls under a resting mouse.
-    if (textChanged)
-        fitLineNumbers();
 void RichTextBox::notifySoon()
 {
     if (m_steps == 0 && !m_notifyTimer.isActive())
@@ -737,11 +750,11 @@ void RichTextBox::undo()
 void RichTextBox::redo()
 {
     run(SCI_REDO);
-        nameEdit(type);
 }
 
 void RichTextBox::cut()
 {
+    const EditName name(this, QStringLiteral("Cut"));
     copy();
     if (SelLength() > 0)
         del();
@@ -752,27 +765,17 @@ void RichTextBox::copy()
     const auto signs = hourglass();
     if (SelLength() > 0)
         doors().setClipboard(selectionData());
-/// The history's edits and these notifications are the same in number.
-void RichTextBox::nameEdit(int type)
-{
-    if (type & SC_PERFORMED_UNDO) {
-        m_names.undone();
-    } else if (type & SC_PERFORMED_REDO) {
-        m_names.redone();
-    } else {
-        m_names.edited(m_editName.isEmpty() ? QStringLiteral("Typing") : m_editName);
-    }
-}
-
 }
 
 void RichTextBox::paste()
 {
+    const EditName name(this, QStringLiteral("Paste"));
     pasteFrom(doors().clipboard());
 }
 
 void RichTextBox::del()
 {
+    const EditName name(this, QStringLiteral("Delete"));
     run(SCI_CLEAR);
 }
 
@@ -802,6 +805,3 @@ QMimeData* RichTextBox::toMimeData(const QByteArray&, bool) const
 }
 
 } // namespace brindlemark
-    const EditName name(this, QStringLiteral("Cut"));
-    const EditName name(this, QStringLiteral("Paste"));
-    const EditName name(this, QStringLiteral("Delete"));

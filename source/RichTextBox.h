@@ -169,23 +169,6 @@ public:
         RichTextBox* m_box;
     };
 
-public slots:
-    void undo();
-    void redo();
-    void cut();
-    void copy();
-    /// Inserts the clipboard's text. Text of other programs gets CR LF line ends.
-    void paste();
-    /// Deletes the selection, or the character behind the caret.
-    void del();
-    void selectAll();
-
-signals:
-    /// The text has changed.
-    void Change();
-    /// `SelStart` or `SelLength` has changed; after `Change` when both have.
-    void SelChange();
-    /// Ctrl and the wheel: larger by so many steps, or smaller.
     /// Gives the edits of its lifetime a name by which the user knows them, such as "Table". Within another
     /// one it does nothing.
     class EditName
@@ -204,6 +187,23 @@ signals:
     QString undoName() const { return m_names.undoName(); }
     QString redoName() const { return m_names.redoName(); }
 
+public slots:
+    void undo();
+    void redo();
+    void cut();
+    void copy();
+    /// Inserts the clipboard's text. Text of other programs gets CR LF line ends.
+    void paste();
+    /// Deletes the selection, or the character behind the caret.
+    void del();
+    void selectAll();
+
+signals:
+    /// The text has changed.
+    void Change();
+    /// `SelStart` or `SelLength` has changed; after `Change` when both have.
+    void SelChange();
+    /// Ctrl and the wheel: larger by so many steps, or smaller.
     void ZoomWanted(int steps);
     /// Other lines have come into view, or may have. Comes with the next painting, and with another size.
     void Scrolled();
@@ -263,6 +263,7 @@ private:
     void scrollToCaret();
 
     void onModified(Range changed, int type, int token);
+    void nameEdit(int type);
     void tellInserted();
     void notify();
     void notifySoon();
@@ -271,11 +272,11 @@ private:
     void setUpComponent();
     void setUpKeys();
     void applyLook();
-    void colorHint();
     QColor hintColor() const;
-    void applySelectionColors();
+    void colorHint();
     void fitLineNumbers();
     qsizetype charactersIn(Range inner) const;
+    void applySelectionColors();
 
     void run(unsigned command);
     void pasteFrom(const QMimeData* source);
@@ -283,7 +284,6 @@ private:
     bool leave(bool next);
     QStringList answerDrag(QDropEvent* event);
     qsizetype dropPosition(const QDropEvent& event);
-    void nameEdit(int type);
     void dropFiles(const QDropEvent& event, const QStringList& files);
     void dropText(const QDropEvent& event);
     void dropAt(qsizetype position, const QByteArray& text);
@@ -299,14 +299,16 @@ private:
     ByteMap m_map;
     TextColors m_colors;
     TextUnits m_units{*this};
+    EditNames m_names;
+    QString m_editName; // of the edits that are made now; empty: typing
     int m_backColor = 0xFFFFFF;
     QFont m_textFont;
 
     bool m_readOnly = false;
-    bool m_overtyping = false; // a step of undo is open
-    int m_steps = 0;           // how many changes are under way, one inside another
     bool m_lineNumbers = false;
     qsizetype m_digits = 0;    // of the line numbers, for which there is room
+    bool m_overtyping = false; // a step of undo is open
+    int m_steps = 0;           // how many changes are under way, one inside another
     bool m_textChanged = false;
     std::optional<Range> m_inserted; // readers don't know of it yet
     bool m_selectionSet = false;     // to be told even if it is the same
@@ -321,5 +323,3 @@ private:
 };
 
 } // namespace brindlemark
-    EditNames m_names;
-    QString m_editName; // of the edits that are made now; empty: typing

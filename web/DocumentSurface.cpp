@@ -479,6 +479,29 @@ SurfaceLetters DocumentSurface::letters()
     return {told.value(0).toString(), told.value(1).toLongLong()};
 }
 
+LetterPlace DocumentSurface::caret()
+{
+    makeDocument();
+    waitForKeys();
+    const QVariantList told = call(QStringLiteral("caret()")).value.value_or(QVariant()).toList();
+    return {told.value(0).toLongLong(), told.value(1).toBool()};
+}
+
+void DocumentSurface::setCaretSoon(const LetterPlace& place)
+{
+    if (hasDocument())
+        callSoon(QStringLiteral("setCaret(%1, %2)").arg(place.letters).arg(literal(place.isBehind)));
+}
+
+SurfaceSteps DocumentSurface::steps()
+{
+    makeDocument();
+    waitForKeys();
+    const QVariantList told = call(QStringLiteral("steps()")).value.value_or(QVariant()).toList();
+    return {told.value(0).toBool(), told.value(1).toString(), told.value(2).toBool(),
+            told.value(3).toString()};
+}
+
 bool DocumentSurface::selectLetters(qsizetype start, qsizetype end)
 {
     return succeeds(QStringLiteral("selectLetters(%1, %2)").arg(start).arg(end));

@@ -28,6 +28,26 @@ struct SurfaceLetters
     qsizetype ahead = 0; ///< of the caret or of the selection's end: how many stand in front of it
 };
 
+/// A place in the text of a page, which its source has too: blanks, of which they have more or less, don't
+/// count.
+struct LetterPlace
+{
+    qsizetype letters = 0; ///< in front of it, in UTF-16 units
+    bool isBehind = false; ///< right behind the last of them; else where the next one is
+
+    bool operator==(const LetterPlace&) const = default;
+};
+
+/// What undo and redo would do: by the command, in lower case, "typing", "paste", "letters", "link", or the
+/// engine's name for a kind of input; empty where that isn't known.
+struct SurfaceSteps
+{
+    bool canUndo = false;
+    QString undo;
+    bool canRedo = false;
+    QString redo;
+};
+
 /// What a menu over a design surface is wanted for.
 struct SurfaceMenu
 {
@@ -111,6 +131,12 @@ public:
     /// Selects letters by their places in what `letters` told last, and brings them into view. False: nobody
     /// answered.
     [[nodiscard]] bool selectLetters(qsizetype start, qsizetype end);
+    /// Where the caret is, or the selection begins; the page's beginning when nobody answers.
+    LetterPlace caret();
+    /// Puts the caret there and brings it into view, as soon as the page is laid out. Returns at once.
+    void setCaretSoon(const LetterPlace& place);
+    /// What undo and redo would do; nothing when nobody answers.
+    SurfaceSteps steps();
     /// The HTML that a paste would insert; empty where it would insert the text.
     QString cleaned(const QString& text, const QString& html);
 

@@ -26,6 +26,10 @@ HIDDEN.replaceSync(':root { display: none !important }');
 
 function reveal() {
     setOwn('adoptedStyleSheets', []);
+    const range = caretToShow;
+    caretToShow = null;
+    if (range)
+        bringToView(range);
 }
 
 /** An editing command works where the caret is: there has to be one. */
@@ -215,12 +219,159 @@ function followUndo(event) {
         turn(changesUndone, changesDone, 'after');
 }
 
+/** With these the engine goes on with one step of undo, as long as nothing else moves the caret. */
+const TYPING = /^(?:insert(?:Text|Paragraph|LineBreak|CompositionText)|deleteContent(?:Backward|Forward))$/;
+
+/** Input that is one step of undo by itself. */
+const ONE_STEP = /^(?:format\w+|insertFromPaste|insertReplacementText|deleteByCut|delete(?:Word|SoftLine|HardLine)(?:Backward|Forward))$/;
+
+/** The steps that undo takes back, the last one last, and those that redo brings again, by what has made them. */
+let stepsDone = [];
+let stepsUndone = [];
+
+/** The command of ours that runs, and whether it has made its step. */
+let running = '';
+let stepMade = false;
+
+/** Where the caret stood behind the last letter; null: the next one begins another step. */
+let typedTo = null;
+
+function caret() {
+    const { anchorNode, anchorOffset, isCollapsed } = getSelection();
+    return isCollapsed && anchorNode ? [anchorNode, anchorOffset] : null;
+}
+
+function endTypingElsewhere() {
+    const now = caret();
+    if (typedTo !== null && (now === null || now[0] !== typedTo[0] || now[1] !== typedTo[1]))
+        typedTo = null;
+}
+
+function turnStep(from, to) {
+    if (from.length > 0)
+        to.push(from.pop());
+}
+
+function followSteps(event) {
+    const type = event.inputType;
+    const isTyping = running === '' && TYPING.test(type);
+    if (type === 'historyUndo') {
+        turnStep(stepsDone, stepsUndone);
+    } else if (type === 'historyRedo') {
+        turnStep(stepsUndone, stepsDone);
+    } else if (running === '' && !isTyping && !ONE_STEP.test(type)) {
+        stepsDone = []; // nobody knows how many there are
+        stepsUndone = [];
+    } else {
+        if (!stepMade && !(isTyping && typedTo))
+            stepsDone.push(running || (isTyping ? 'typing' : type.replace(/^format/, '').toLowerCase()));
+        stepMade = running !== '';
+        stepsUndone = [];
+    }
+    typedTo = isTyping ? caret() : null;
+}
+
+/** Runs a command of ours, which may have many inputs, as one step. */
+function asStep(name, act) {
+    running = name;
+    stepMade = false;
+    const done = act();
+    running = '';
+    stepMade = false;
+    return done;
+}
+
+/** Inserts letters as a step by itself: for the engine they are typed, and go on what was typed before. */
+function insertText(text) {
+    if (typedTo !== null)
+        renewCaret();
+    const done = command('insertText', text);
+    renewCaret();
+    return done;
+}
+
+function listenToSteps() {
+    stepsDone = [];
+    stepsUndone = [];
+    typedTo = null;
+    listen('beforeinput', endTypingElsewhere);
+    listen('selectionchange', endTypingElsewhere);
+    listen('input', followSteps);
+}
+
+/** A caret that was set before the keyboard focus came takes no typed letters: sets it anew. */
+function renewCaret() {
+    const selection = getSelection();
+    const { anchorNode, anchorOffset, focusNode, focusOffset } = selection;
+    selection.removeAllRanges();
+    if (anchorNode)
+        selection.setBaseAndExtent(anchorNode, anchorOffset, focusNode, focusOffset);
+    else
+        placeCaret();
+}
+
 /** The function of clean.js, once it was needed in this page. */
 let clean = null;
 
 /** From how much on a command may take seconds on a slow machine. */
 const MANY_ELEMENTS = 100;
 const MANY_LETTERS = 20000;
+
+/** Blanks of all kinds, which a page has more or less of than its source. */
+const BLANKS = /[\x00-\x20\xa0]/g;
+const isBlank = letter => letter <= ' ' || letter === '\xa0';
+const seenIn = letters => letters.replace(BLANKS, '').length;
+
+/** How many letters stand in front of the selection, and whether it begins right behind the last of them. */
+function lettersAhead(range) {
+    const start = range.startContainer;
+    const at = range.cloneRange();
+    at.collapse(true);
+    let letters = 0;
+    for (const text of textsOf(body())) {
+        if (text === LINE_END)
+            continue;
+        if (text === start) {
+            const before = text.data.slice(0, range.startOffset);
+            return [letters + seenIn(before), before !== '' && !isBlank(before[before.length - 1])];
+        }
+        if (at.comparePoint(text, 0) > 0)
+            break;
+        letters += seenIn(text.data);
+    }
+    return [letters, false];
+}
+
+/** The place right behind so many letters, or right in front of the next one, as [node, offset]; null: there are less. */
+function placeBehind(letters, isBehind) {
+    let ahead = 0;
+    for (const text of textsOf(body())) {
+        if (text === LINE_END)
+            continue;
+        const here = seenIn(text.data);
+        if (isBehind ? ahead + here < letters : ahead + here <= letters) {
+            ahead += here;
+            continue;
+        }
+        for (let offset = 0; offset <= text.length; ++offset) {
+            const isNext = offset < text.length && !isBlank(text.data[offset]);
+            if (ahead === letters && (isBehind || isNext))
+                return [text, offset];
+            if (isNext)
+                ++ahead;
+        }
+    }
+    return null;
+}
+
+/** Where the caret was put and is to be brought into view, when the page is laid out. */
+let caretToShow = null;
+
+function bringToView(range) {
+    const box = range.getBoundingClientRect();
+    if (box.top < 0 || box.bottom > innerHeight || box.left < 0 || box.right > innerWidth)
+        scrollBy(box.left < 0 || box.right > innerWidth ? box.left - innerWidth / 2 : 0, box.top - innerHeight / 2);
+}
 
 /** Whether this page was found ready once. */
 let started = false;
@@ -299,6 +450,7 @@ return {
             placeCaret();
             command('styleWithCSS', false);
             command('defaultParagraphSeparator', 'p');
+            listenToSteps();
             observer.observe(document, { subtree: true, childList: true, attributes: true, characterData: true });
         }
         return true;
@@ -316,8 +468,11 @@ return {
         Document.prototype.close.call(document);
         if (design) {
             placeCaret();
+            listenToSteps();
+        }
         changesDone = [];
         changesUndone = [];
+        caretToShow = null;
         forgetEdits();
         return true;
     },
@@ -451,7 +606,6 @@ return {
                 endAfter = start + parts[i].length;
             const after = replaced(node.data, start, end - start, parts[i]);
             if (after !== node.data)
-            listenToSteps();
                 texts.push({ node, before: node.data, after });
         });
         if (texts.length === 0)
@@ -469,8 +623,6 @@ return {
     canClean() {
         return clean !== null;
     },
-            listenToSteps();
-        }
     cleanWith(cleaner) {
         clean = cleaner;
         return true;
@@ -507,10 +659,27 @@ return {
         }
         getSelection().removeAllRanges();
         getSelection().addRange(selected);
-        const box = selected.getBoundingClientRect();
-        if (box.top < 0 || box.bottom > innerHeight || box.left < 0 || box.right > innerWidth)
-            scrollBy(box.left - innerWidth / 2, box.top - innerHeight / 2);
+        bringToView(selected);
         return true;
+    },
+
+    /** Where the selection begins (see `lettersAhead`). */
+    caret() {
+        const range = selectedRange();
+        return range && body() ? lettersAhead(range) : [0, false];
+    },
+
+    /** Puts the caret to a place that `caret` has told of this page or of its source, and shows it as soon as the page is laid out. */
+    setCaret(letters, isBehind) {
+        const place = body() && placeBehind(letters, isBehind);
+        if (!place)
+            return;
+        const [node, offset] = place;
+        getSelection().collapse(node, offset);
+        caretToShow = getSelection().getRangeAt(0).cloneRange();
+        caretToShow.setEnd(node, Math.min(offset + 1, node.length)); // a caret has no place at the end of a line
+        if (own('adoptedStyleSheets').length === 0)
+            reveal();
     },
 
     /** What `paste` would insert as HTML; empty where the text says more. */
@@ -556,20 +725,11 @@ return {
         });
     },
 
-    /** A caret that was set before the keyboard focus came takes no typed letters: sets it anew. */
     renewCaret() {
         reveal();
-        const selection = getSelection();
-        const { anchorNode, anchorOffset, focusNode, focusOffset } = selection;
-        selection.removeAllRanges();
-        if (anchorNode)
-            selection.setBaseAndExtent(anchorNode, anchorOffset, focusNode, focusOffset);
-        else
-            placeCaret();
+        renewCaret();
         return true;
     },
-};
-})
 
     /** Whether something can be undone, what has made it, whether something can be brought again, and likewise. */
     steps() {
@@ -577,3 +737,5 @@ return {
         const last = steps => steps.length > 0 ? steps[steps.length - 1] : '';
         return [can('undo'), last(stepsDone), can('redo'), last(stepsUndone)];
     },
+};
+})
