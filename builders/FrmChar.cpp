@@ -12,7 +12,7 @@ FrmChar::FrmChar()
     setupUi(this);
     setDefaultButton(Command1);
     setCancelButton(Command2);
-    addScreenFonts(*Combo1, 1); // without the first font; users know the list so
+    addScreenFonts(*Combo1, 1); // without the system's first; users know the list so
     Combo1->setText(QStringLiteral("Webdings"));
     showFont();
     on(CharC, &CharMap::moved, this, &FrmChar::CharC_MouseMove);

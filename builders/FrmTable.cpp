@@ -189,7 +189,7 @@ FrmTable::FrmTable()
     setClosingBox(Check3, QStringLiteral("Tablepro"), QStringLiteral("chk3"));
     LoadList(titlesFile(), *Combo1);
     connectRows();
-    addScreenFonts(*Combo7, 1); // without the first font; users know the list so
+    addScreenFonts(*Combo7, 1); // without the system's first; users know the list so
     Combo7->setText(QStringLiteral("Arial"));
     Combo6->setText(QStringLiteral("Normal"));
     connectHandlers();

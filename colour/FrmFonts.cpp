@@ -35,7 +35,7 @@ FrmFonts::FrmFonts()
     WebBrowser1->setDesignMode(DesignMode::On);
     setDefaultButton(Command1);
     setCancelButton(Command2);
-    addScreenFonts(*Combo1, 1); // without the first font; users know the list so
+    addScreenFonts(*Combo1, 1); // without the system's first; users know the list so
     Combo1->setText(QStringLiteral("Arial"));
     Combo2->setText(QStringLiteral("Normal"));
     m_row = new ColorRow(RedG, GreenG, BlueG, FColor1);

@@ -13,6 +13,7 @@
 #include "shell/Find.h"
 #include "shell/FindBar.h"
 #include "shell/Icons.h"
+#include "shell/ScreenFonts.h"
 #include "shell/SourceSpelling.h"
 #include "shell/StatusLine.h"
 #include "shell/SurfaceCommands.h"
@@ -22,7 +23,6 @@
 #include <QActionGroup>
 #include <QDir>
 #include <QFile>
-#include <QFontDatabase>
 #include <QLineEdit>
 #include <QScreen>
 #include <array>
@@ -237,8 +237,7 @@ void FrmWeb::loadSettings()
     WebBrowser1->setDesignMode(DesignMode::On);
     WebBrowser3->setDesignMode(DesignMode::Off);
     m_document->setDirty(false);
-    for (const QString& family : QFontDatabase::families())
-        Combo1->AddItem(family);
+    addScreenFonts(*Combo1, 0);
 }
 
 void FrmWeb::connectHandlers()

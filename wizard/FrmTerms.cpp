@@ -11,12 +11,12 @@
 #include "shell/EarlierTexts.h"
 #include "shell/Icons.h"
 #include "shell/ListingEditor.h"
+#include "shell/ScreenFonts.h"
 #include "shell/Spelling.h"
 #include "shell/SpellingMenu.h"
 #include "shell/SurfaceCommands.h"
 #include "wizard/Terms.h"
 
-#include <QFontDatabase>
 #include <QMenu>
 #include <chrono>
 
@@ -53,8 +53,7 @@ FrmTerms::FrmTerms()
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
     WebBrowser1->setDesignMode(DesignMode::On);
     edit(QString());
-    for (const QString& family : QFontDatabase::families())
-        Combo1->AddItem(family);
+    addScreenFonts(*Combo1, 0);
     Combo1->setText(QStringLiteral("Arial"));
 
     for (ComboBox* combo : {Combo1, Combo2})
