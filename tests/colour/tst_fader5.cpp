@@ -7,7 +7,9 @@
 #include "platform/RuntimeError.h"
 #include "shell/ScreenFonts.h"
 
+#include <QApplication>
 #include <QFontDatabase>
+#include <QScopeGuard>
 #include <functional>
 
 using namespace brindlemark;
@@ -149,6 +151,7 @@ private slots:
     void captionsAndTips();
     void defaults();
     void rangesAndRows();
+    void largeLettersFitASmallScreen();
     void fontsOfTheScreen();
     void boxesFromTheSettings_data();
     void boxesFromTheSettings();
@@ -334,6 +337,21 @@ void TestFader5::rangesAndRows()
             check(QString::fromLatin1(channel) + QLatin1Char(row.letter), 255);
         QCOMPARE(f.control<ColorSample>(QString::fromLatin1(row.sample))->BackColor(), 0);
     }
+}
+
+/// Of 14 points, on 768 lines with a title bar; nothing is taken from the sample for that.
+void TestFader5::largeLettersFitASmallScreen()
+{
+    const QFont usual = QApplication::font();
+    const auto back = qScopeGuard([&] { QApplication::setFont(usual); });
+    QFont large = usual;
+    large.setPointSize(14);
+    QApplication::setFont(large);
+    FaderTool f;
+    f.show();
+    QVERIFY2(f.tool->height() <= 730, qPrintable(QString::number(f.tool->height())));
+    QVERIFY2(f.tool->width() <= 1362, qPrintable(QString::number(f.tool->width())));
+    QCOMPARE(f.tool->WebBrowser1->height(), 110);
 }
 
 void TestFader5::fontsOfTheScreen()
