@@ -4,6 +4,7 @@
 
 #include "builders/TableHtml.h"
 #include "colour/ColorRow.h"
+#include "forms/LeadTo.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/WaitCursor.h"
@@ -34,8 +35,7 @@ std::optional<int> wholeNumber(const QLineEdit* box)
 void refuse(QLineEdit* box)
 {
     showMessage(Messages::NoWholeNumber);
-    box->setFocus();
-    box->selectAll();
+    leadTo(box);
 }
 
 } // namespace

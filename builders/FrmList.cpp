@@ -4,6 +4,7 @@
 
 #include "colour/ColorRow.h"
 #include "colour/FrmFonts.h"
+#include "forms/LeadTo.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "services/Messages.h"
@@ -67,6 +68,7 @@ void FrmList::Command1_Click()
     const QString word = Text1->text();
     if (word.isEmpty()) {
         showMessage(Messages::NoWord);
+        leadTo(Text1);
         return;
     }
     items += listItem(word, wordFont);
@@ -96,6 +98,7 @@ bool FrmList::hasWords()
     if (List1->ListCount() > 0)
         return true;
     showMessage(Messages::NoLists);
+    leadTo(Text1);
     return false;
 }
 

@@ -6,6 +6,7 @@
 #include "colour/ColorRow.h"
 #include "colour/FrmAutoColor.h"
 #include "forms/CaptionBox.h"
+#include "forms/LeadTo.h"
 #include "platform/AppPath.h"
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
@@ -279,6 +280,7 @@ void FrmTable::addRow()
     const QString right = Text2->text();
     if (left.isEmpty()) {
         showMessage(right.isEmpty() ? Messages::NoTableWord : Messages::FirstBoxFirst);
+        leadTo(Text1);
         return;
     }
     const RowCells row = rowCells(cellStyle(), cellColor, left, right);
@@ -503,6 +505,7 @@ bool FrmTable::hasWords()
     if (List1->ListCount() > 0)
         return true;
     showMessage(Messages::NoWordToAdd);
+    leadTo(Text1);
     return false;
 }
 

@@ -89,6 +89,8 @@ bool Pics::requireAddress()
     if (hasAddress())
         return true;
     showMessage(Messages::NoPictureAddress);
+    Text1->setFocus();
+    Text1->setCursorPosition(int(Text1->text().size())); // behind "http://"
     return false;
 }
 

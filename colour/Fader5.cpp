@@ -6,6 +6,7 @@
 #include "colour/ColorSample.h"
 #include "colour/Fade.h"
 #include "forms/CaptionBox.h"
+#include "forms/LeadTo.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
 #include "platform/PlainText.h"
@@ -373,6 +374,7 @@ void Fader5::Command2_Click()
 {
     if (Text1->document()->isEmpty()) {
         showMessage(Messages::NoWordToAdd);
+        leadTo(Text1);
         return;
     }
     const ListingEditor* editor = loadedEditor();

@@ -3,6 +3,7 @@
 #include "wizard/FrmBuild1.h"
 
 #include "forms/AddressField.h"
+#include "forms/LeadTo.h"
 #include "platform/AppPath.h"
 #include "platform/Doors.h"
 #include "platform/Events.h"
@@ -475,27 +476,34 @@ void FrmBuild1::ChkSlist_Click()
     keep(PaysSection, "ChkSlist", ChkSlist->Value() == 1);
 }
 
-/// The message for the first thing that the seller hasn't given yet; null when all is there.
-const Message* FrmBuild1::firstMissing() const
+/// Something that the seller hasn't given yet.
+struct FrmBuild1::Missing
+{
+    const Message& message;
+    QWidget* control; ///< where it can be given
+};
+
+/// The first of them; none when all is there.
+std::optional<FrmBuild1::Missing> FrmBuild1::firstMissing() const
 {
     struct Check
     {
-        bool missing;
-        const Message& message;
+        bool fails;
+        Missing missing;
     };
     const bool noCosts = OptPS2->Value() && ChkZC->Value() == 0 && TxSH1->text() == QLatin1String("0") &&
                          TxSH2->text() == QLatin1String("00");
     for (const Check& check : {
-             Check{Text1->text().isEmpty(), Messages::NoTitle},
-             Check{Text2->document()->isEmpty(), Messages::NoDescription},
-             Check{noneChecked(this, PaymentBoxes), Messages::NoPayment},
-             Check{OptLS3->Value() && noneChecked(this, RegionBoxes), Messages::NoRegion},
-             Check{noCosts, Messages::NoCosts},
+             Check{Text1->text().isEmpty(), {Messages::NoTitle, Text1}},
+             Check{Text2->document()->isEmpty(), {Messages::NoDescription, Text2}},
+             Check{noneChecked(this, PaymentBoxes), {Messages::NoPayment, ChKPay1}},
+             Check{OptLS3->Value() && noneChecked(this, RegionBoxes), {Messages::NoRegion, ChkLS1}},
+             Check{noCosts, {Messages::NoCosts, TxSH1}},
          }) {
-        if (check.missing)
-            return &check.message;
+        if (check.fails)
+            return check.missing;
     }
-    return nullptr;
+    return std::nullopt;
 }
 
 void FrmBuild1::collectAddresses()
@@ -510,8 +518,9 @@ void FrmBuild1::collectAddresses()
 
 void FrmBuild1::Command1_Click()
 {
-    if (const Message* missing = firstMissing()) {
-        showMessage(*missing);
+    if (const std::optional<Missing> missing = firstMissing()) {
+        showMessage(missing->message);
+        leadTo(missing->control);
         return;
     }
     reachedPage2 = true;

@@ -7,10 +7,9 @@
 #include "wizard/ui_FrmBuild1.h"
 
 #include <QStringList>
+#include <optional>
 
 namespace brindlemark {
-
-struct Message;
 
 /// Page 1 of the listing wizard: five tabs that hold the record of one listing. Payments, regions and who
 /// pays come back from web.ini; title, description and pictures begin anew. The page is only hidden while
@@ -45,7 +44,8 @@ private:
     void enableAddresses(bool on);
     void enableRegions(bool on);
     void enableTax(bool on);
-    const Message* firstMissing() const;
+    struct Missing;
+    std::optional<Missing> firstMissing() const;
     void collectAddresses();
     QByteArray state() const;
     void keepUnfinished();

@@ -176,8 +176,8 @@ void TestFrmList::refusesNoWord()
     window.doors.answerMsgBox(MsgAnswer::Ok);
     click(window.tool->Command1);
     QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
+    QCOMPARE(window.tool->focusWidget(), window.tool->Text1);
     window.doors.answerMsgBox(MsgAnswer::Ok);
-    window.tool->Text1->setFocus();
     QTest::keyClick(window.tool->Text1, Qt::Key_Return);
     QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
     QCOMPARE(window.tool->List1->ListCount(), 0);

@@ -317,6 +317,7 @@ void TestFrmTable::addRefuses()
     QCOMPARE(window.tool->List1->ListCount() + window.tool->List2->ListCount(), 0);
     QCOMPARE(window.tool->leftCells + window.tool->rightCells, QStringList());
     QCOMPARE(window.tool->Text2->text(), right);
+    QCOMPARE(window.tool->focusWidget(), window.tool->Text1); // where a word is missing
 }
 
 void TestFrmTable::enterAdds()
@@ -492,6 +493,7 @@ void TestFrmTable::nothingToAdd()
         window.doors.answerMsgBox(MsgAnswer::Ok);
         click(button);
         QCOMPARE(window.doors.takeAsked(), QStringList{NoWord});
+        QCOMPARE(window.tool->focusWidget(), window.tool->Text1);
     }
     QCOMPARE(Clipboard::GetText(), QStringLiteral("mine"));
     QVERIFY(isLoaded<FrmTable>());

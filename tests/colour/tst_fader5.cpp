@@ -1102,6 +1102,7 @@ void TestFader5::addWithoutText()
         f.doors.answerMsgBox(MsgAnswer::Ok);
         FaderTool::click(f.tool->Command2);
         QCOMPARE(f.doors.takeAsked(), QStringList(NoWord));
+        QCOMPARE(f.tool->focusWidget(), f.tool->Text1);
     }
     QVERIFY(isLoaded<Fader5>());
     QCOMPARE(f.source(), QByteArray("source"));

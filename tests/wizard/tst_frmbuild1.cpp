@@ -1049,27 +1049,32 @@ void TestFrmBuild1::messagesInOrder()
 {
     ScriptedDoors script;
     const Wizard wizard;
-    const auto refused = [&](const char* prompt) {
-        script.answerMsgBox(MsgAnswer::Ok);
-        const int tab = wizard->SSTab1->Tab();
-        wizard.click("Command1");
-        QCOMPARE(script.takeAsked(), QStringList{message(prompt)});
-        QVERIFY(wizard->isVisible() && !isLoaded<FrmBuild2>());
-        QCOMPARE(wizard->SSTab1->Tab(), tab);
-        QVERIFY(!wizard->reachedPage2);
+    // Each message leads to where the answer is given, whatever page is up.
+    const auto refused = [&](const char* prompt, int tab, const char* control) {
+        for (const int before : {1, tab}) {
+            wizard.clickTab(before);
+            script.answerMsgBox(MsgAnswer::Ok);
+            wizard.click("Command1");
+            QCOMPARE(script.takeAsked(), QStringList{message(prompt)});
+            QVERIFY(wizard->isVisible() && !isLoaded<FrmBuild2>());
+            QCOMPARE(wizard->SSTab1->Tab(), tab);
+            QCOMPARE(wizard->focusWidget(), wizard.control(QLatin1String(control)));
+            QVERIFY(!wizard->reachedPage2);
+        }
     };
     wizard.click("OptLS3");
     wizard.type("Txtother", QStringLiteral("Barter"));
     wizard.type("Txtother2", QStringLiteral("Japan"));
-    refused(NoTitle);
+    refused(NoTitle, 0, "Text1");
     wizard.type("Text1", QStringLiteral(" "));
-    refused(NoDescription);
+    refused(NoDescription, 0, "Text2");
     wizard.type("Text2", QStringLiteral(" "));
-    refused(NoPayment);
+    refused(NoPayment, 2, "ChKPay1");
     wizard.click("ChKPay11");
-    refused(NoRegion);
+    refused(NoRegion, 3, "ChkLS1");
     wizard.click("ChkLS5");
-    refused(NoCosts);
+    refused(NoCosts, 4, "TxSH1");
+    QCOMPARE(wizard->TxSH1->selectedText(), QStringLiteral("0"));
     QCOMPARE(wizard->payments, QStringList{"BidPay"});
     QCOMPARE(wizard->regions, QStringList{"Africa"});
 
