@@ -60,6 +60,7 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new DocumentSurface(this))
 {
     setupUi(this);
     Chk = {Chk0, Chk1, Chk2, Chk3};
+    Image = {Image0, Image1, Image2, Image3};
     WebBrowser1->hide();
     Command1->setIcon(namedIcon("go-previous", this));
     Command2->setIcon(namedIcon("go-next", this));
@@ -82,8 +83,11 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new DocumentSurface(this))
     on(Combo3, &ComboBox::Click, this, &FrmBuild2::Combo3_Click);
     on(Combo4, &ComboBox::Click, this, &FrmBuild2::Combo4_Click);
     // `clicked` comes from the mouse, the keyboard and screen readers alike.
-    for (size_t i = 0; i < Chk.size(); ++i)
+    for (size_t i = 0; i < Chk.size(); ++i) {
         on(Chk[i], &CheckBox::clicked, this, [this, i] { Chk_MouseUp(int(i)); });
+        on(Image[i], &PictureStyleDrawing::clicked, this, [this, i] { Image_Click(*Chk[i]); });
+        Image[i]->offerClick(true);
+    }
     setDefaultButton(Command23);
     setCancelButton(Command4, CloseButton::Cancels);
 
@@ -97,8 +101,11 @@ FrmBuild2::FrmBuild2() : WebBrowser1(new DocumentSurface(this))
 void FrmBuild2::prepare(int pictures, bool withPictures)
 {
     Frame7->setVisible(withPictures);
-    for (int onePicture : {0, 2})
-        Chk.at(size_t(onePicture))->setEnabled(!withPictures || pictures <= 1);
+    for (const size_t onePicture : {size_t(0), size_t(2)}) {
+        const bool usable = !withPictures || pictures <= 1;
+        Chk.at(onePicture)->setEnabled(usable);
+        Image.at(onePicture)->offerClick(usable);
+    }
 }
 
 PageLook FrmBuild2::look() const
@@ -155,6 +162,12 @@ void FrmBuild2::Chk_MouseUp(int index)
     Chk.at(size_t(index))->setValue(1);
 }
 
+void FrmBuild2::Image_Click(CheckBox& box)
+{
+    box.setFocus();
+    box.click();
+}
+
 void FrmBuild2::Combo3_Click()
 {
     CommonDialog dialog;
@@ -189,9 +202,8 @@ void FrmBuild2::repaintDrawing()
 void FrmBuild2::showDrawing()
 {
     Drawing->setLook(m_look.style, m_drawing);
-    const std::array<PictureStyleDrawing*, 4> drawings = {Image0, Image1, Image2, Image3};
-    for (size_t i = 0; i < drawings.size(); ++i)
-        drawings[i]->setLook(int(i), m_drawing);
+    for (size_t i = 0; i < Image.size(); ++i)
+        Image[i]->setLook(int(i), m_drawing);
 }
 
 /// Makes the page once for nothing, so that the engine runs when the user leaves this form. A timer runs it,

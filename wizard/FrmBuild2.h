@@ -39,6 +39,8 @@ public:
 
     /// The boxes of the picture styles; exactly one is checked.
     std::array<CheckBox*, 4> Chk;
+    /// The drawings of the picture styles; a click on one is a click on its box.
+    std::array<PictureStyleDrawing*, 4> Image;
 
 private:
     /// How an attempt to make the page ended.
@@ -57,6 +59,7 @@ private:
     void Combo3_Click();
     void Combo4_Click();
     void Chk_MouseUp(int index);
+    static void Image_Click(CheckBox& box);
 
     void stepStyle(int by);
     void repaintDrawing();

@@ -6,8 +6,10 @@
 #include "platform/Events.h"
 #include "services/PerStyle.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <array>
+#include <utility>
 
 namespace brindlemark {
 
@@ -260,6 +262,33 @@ void PictureStyleDrawing::setLook(int pictureStyle, const DrawingColors& colors)
     m_pictureStyle = pictureStyle;
     m_colors = colors;
     update();
+}
+
+void PictureStyleDrawing::offerClick(bool offered)
+{
+    m_offersClick = offered;
+    if (offered) {
+        setCursor(Qt::PointingHandCursor);
+    } else {
+        unsetCursor();
+    }
+}
+
+void PictureStyleDrawing::mousePressEvent(QMouseEvent* event)
+{
+    guardedCall([&] {
+        m_pressed = m_offersClick && event->button() == Qt::LeftButton;
+        event->setAccepted(m_pressed);
+    });
+}
+
+void PictureStyleDrawing::mouseReleaseEvent(QMouseEvent* event)
+{
+    guardedCall([&] {
+        if (event->button() == Qt::LeftButton && std::exchange(m_pressed, false) &&
+            rect().contains(event->position().toPoint()))
+            emit clicked();
+    });
 }
 
 QSize PictureStyleDrawing::sizeHint() const

@@ -29,7 +29,8 @@ private:
     DrawingColors m_colors;
 };
 
-/// A small drawing of one picture style: a picture or two and three lines of description.
+/// A small drawing of one picture style: a picture or two and three lines of description. After `offerClick`
+/// it can be clicked; the keyboard and screen readers have the box below it.
 class PictureStyleDrawing : public QWidget
 {
     Q_OBJECT
@@ -39,16 +40,26 @@ public:
 
     /// Shows a picture style, 0 to 3, in these colours.
     void setLook(int pictureStyle, const DrawingColors& colors);
+    /// Lets the drawing be clicked, or no longer. The mouse's pointer tells.
+    void offerClick(bool offered);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+signals:
+    /// The left button was pressed and released on the drawing.
+    void clicked();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     int m_pictureStyle = 0;
     DrawingColors m_colors;
+    bool m_offersClick = false;
+    bool m_pressed = false;
 };
 
 } // namespace brindlemark

@@ -152,6 +152,8 @@ private slots:
     void picturesDecideTheFrame();
     void oneBoxIsChecked();
     void boxesByKeyboard();
+    void boxesByTheirDrawings();
+    void drawingsOfBoxesOutOfReach();
 
     void opensInTheEditor_data();
     void opensInTheEditor();
@@ -538,6 +540,47 @@ void TestFrmBuild2::boxesByKeyboard()
     QTest::keyClick(page->Chk[2], Qt::Key_Space);
     QCOMPARE(page->look().pictureStyle, 2);
     QCOMPARE(page->Chk[3]->Value(), 0);
+}
+
+void TestFrmBuild2::boxesByTheirDrawings()
+{
+    auto* page = openPage2(QStringLiteral("Lamp"), {QStringLiteral("http://x/1.jpg")});
+    QVERIFY(QTest::qWaitForWindowActive(page));
+    PictureStyleDrawing* const drawings[] = {page->Image0, page->Image1, page->Image2, page->Image3};
+    for (const int style : {0, 1, 2, 3, 3, 1}) {
+        PictureStyleDrawing* drawing = drawings[style];
+        QCOMPARE(drawing->cursor().shape(), Qt::PointingHandCursor);
+        QTest::mouseClick(drawing, Qt::LeftButton, {}, drawing->rect().bottomRight());
+        for (int i = 0; i < 4; ++i)
+            QCOMPARE(page->Chk[size_t(i)]->Value(), i == style ? 1 : 0);
+        QCOMPARE(page->look().pictureStyle, style);
+        QVERIFY(page->Chk[size_t(style)]->hasFocus());
+    }
+    // What a hand does by mistake.
+    QTest::mouseClick(page->Image0, Qt::RightButton);
+    QTest::mouseClick(page->Image0, Qt::MiddleButton);
+    QTest::mousePress(page->Image0, Qt::LeftButton);
+    QTest::mouseRelease(page->Image0, Qt::LeftButton, {}, QPoint(page->Image0->width() + 4, 4));
+    QTest::mousePress(page->Image1, Qt::RightButton);
+    QTest::mouseRelease(page->Image0, Qt::LeftButton);
+    QCOMPARE(page->look().pictureStyle, 1);
+    QTest::mouseDClick(page->Image0, Qt::LeftButton);
+    QCOMPARE(page->look().pictureStyle, 0);
+    QCOMPARE(page->Chk[0]->Value(), 1);
+}
+
+/// With more than one picture.
+void TestFrmBuild2::drawingsOfBoxesOutOfReach()
+{
+    auto* page = openPage2(QStringLiteral("Lamp"),
+                           {QStringLiteral("http://x/1.jpg"), QStringLiteral("http://x/2.jpg")});
+    for (PictureStyleDrawing* drawing : {page->Image0, page->Image2}) {
+        QCOMPARE(drawing->cursor().shape(), Qt::ArrowCursor);
+        QTest::mouseClick(drawing, Qt::LeftButton);
+        QCOMPARE(page->look().pictureStyle, 3);
+    }
+    QTest::mouseClick(page->Image1, Qt::LeftButton);
+    QCOMPARE(page->look().pictureStyle, 1);
 }
 
 void TestFrmBuild2::opensInTheEditor_data()
