@@ -8,7 +8,9 @@
 #include "platform/Events.h"
 #include "services/Codes.h"
 
+#include <QLineEdit>
 #include <QToolTip>
+#include <optional>
 
 namespace brindlemark {
 
@@ -27,6 +29,14 @@ constexpr std::array<Channel, 3> RowChannels = {{
     {"Green", &Channels::green, 0xFF9AD29A},
     {"Blue", &Channels::blue, 0xFF9DB2EA},
 }};
+
+/// The value of a channel that stands in a field; none where it is anything else.
+std::optional<int> channelIn(const QLineEdit& field)
+{
+    bool isNumber = false;
+    const int value = field.text().toInt(&isNumber);
+    return isNumber && value >= 0 && value <= 255 ? std::optional(value) : std::nullopt;
+}
 
 } // namespace
 
@@ -55,6 +65,28 @@ void ColorRow::offerPick()
 {
     m_sample->offerClick();
     on(m_sample, &ColorSample::clicked, this, &ColorRow::RowPick);
+}
+
+void ColorRow::offerNumbers(QLineEdit* red, QLineEdit* green, QLineEdit* blue)
+{
+    m_fields = {red, green, blue};
+    for (size_t i = 0; i < m_bars.size(); ++i) {
+        ScrollBar* bar = m_bars.at(i);
+        QLineEdit* field = m_fields.at(i);
+        const auto showNumber = [bar, field] { field->setText(QString::number(bar->Value())); };
+        showNumber();
+        onInner(bar, &QScrollBar::valueChanged, field, [bar, field, showNumber] {
+            if (channelIn(*field) != bar->Value()) // what is being typed stays as it is typed
+                showNumber();
+        });
+        onInner(field, &QLineEdit::editingFinished, field, showNumber);
+        on(field, &QLineEdit::textEdited, this, [bar, field] {
+            if (const std::optional<int> value = channelIn(*field))
+                bar->setValue(*value);
+        });
+        field->setToolTip(QStringLiteral("%1, from 0 to 255").arg(QLatin1String(RowChannels.at(i).name)));
+        field->setAccessibleName(bar->accessibleName());
+    }
 }
 
 int ColorRow::color() const
@@ -90,6 +122,10 @@ void ColorRow::setEnabled(bool enabled)
 {
     for (ScrollBar* bar : m_bars)
         bar->setEnabled(enabled);
+    for (QLineEdit* field : m_fields) {
+        if (field)
+            field->setEnabled(enabled);
+    }
     m_sample->setEnabled(enabled);
 }
 

@@ -5,6 +5,8 @@
 #include <QString>
 #include <array>
 
+class QLineEdit;
+
 namespace brindlemark {
 
 class ColorSample;
@@ -24,6 +26,9 @@ public:
     void keepText(QString* text) { m_text = text; }
     /// From now on, a click on the sample opens the colour dialog.
     void offerPick();
+    /// From now on, these fields show where the bars stand, and a number from 0 to 255 that is typed there
+    /// moves its bar. Other text does nothing and gives way to the bar's number when the field is left.
+    void offerNumbers(QLineEdit* red, QLineEdit* green, QLineEdit* blue);
 
     /// The colour number of the sample.
     int color() const;
@@ -36,7 +41,7 @@ public:
     void RowHexRefresh();
     /// Moves the bars to the sample's colour, which raises `Change` for each bar that moves.
     void moveBars();
-    /// Enables or disables bars and sample.
+    /// Enables or disables bars, fields and sample.
     void setEnabled(bool enabled);
 
 signals:
@@ -53,6 +58,7 @@ private:
     void tellChannels() const;
 
     std::array<ScrollBar*, 3> m_bars;
+    std::array<QLineEdit*, 3> m_fields{}; // null where none were offered
     ColorSample* m_sample;
     QString* m_text = nullptr;
 };

@@ -42,6 +42,7 @@ FrmBody::FrmBody() : Check1(new CheckBox(this)), Picture1(new ColorSample(this))
     auto* row = new ColorRow(RedG, GreenG, BlueG, FColor1);
     row->keepText(&rowColor);
     row->RowHexRefresh();
+    row->offerNumbers(NumRed, NumGreen, NumBlue);
 
     for (const Attribute& attribute : Attributes) {
         (this->*attribute.sample)->setBackColor(ButtonFace);

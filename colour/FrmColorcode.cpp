@@ -15,6 +15,7 @@ FrmColorcode::FrmColorcode()
     setDefaultButton(Command4);
     setCancelButton(Command1);
     m_row = new ColorRow(RedB, GreenB, BlueB, Hcolor2);
+    m_row->offerNumbers(NumRed, NumGreen, NumBlue);
     on(m_row, &ColorRow::Change, this, &FrmColorcode::showCode);
     on(m_row, &ColorRow::Scroll, this, &FrmColorcode::showCode);
     on(Command1, &QPushButton::clicked, this, &FrmColorcode::Unload);

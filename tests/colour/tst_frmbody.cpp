@@ -66,6 +66,7 @@ private slots:
     void boxesTakeTheColor_data();
     void boxesTakeTheColor();
     void tickedBoxKeepsItsColor();
+    void colorByNumbers();
     void linkSample();
     void linkSampleStandsOnWhite();
     void pressOnTheLink();
@@ -170,6 +171,21 @@ void TestFrmBody::tickedBoxKeepsItsColor()
     dragToEnd(body.GreenG);
     QCOMPARE(body.rowColor, QStringLiteral("#01FF00"));
     release(body.GreenG);
+}
+
+void TestFrmBody::colorByNumbers()
+{
+    const Body window;
+    FrmBody& body = *window.body;
+    tick(body.Check2);
+    overtype(body.NumRed, QStringLiteral("255"));
+    overtype(body.NumGreen, QStringLiteral("128"));
+    overtype(body.NumBlue, QStringLiteral("1"));
+    QCOMPARE(body.rowColor, QStringLiteral("#FF8001"));
+    QCOMPARE(body.FColor1->BackColor(), 0x0180FF);
+    QCOMPARE(body.textTag, QStringLiteral("<body text=#000000>")); // a ticked box keeps its colour
+    tick(body.Check4);
+    QCOMPARE(body.linkTag, QStringLiteral("<body link=#FF8001>"));
 }
 
 void TestFrmBody::linkSample()

@@ -50,6 +50,9 @@ private slots:
 
     void colorCode();
     void colorCodeFollowsTheBars();
+    void colorCodeByNumbers();
+    void numbersThatAreNone_data();
+    void numbersThatAreNone();
     void colorCodeAdds();
     void colorCodeAsTyped();
     void colorCodeCancelled();
@@ -160,6 +163,66 @@ void TestPickers::colorCodeFollowsTheBars()
     QCOMPARE(code.RedB->toolTip(), QStringLiteral("Red: 1"));
     QCOMPARE(code.Text3->text(), QStringLiteral("#0100FF"));
     QCOMPARE(code.Hcolor2->BackColor(), 0xFF0001);
+}
+
+/// Each number that is typed moves its bar, and each move of a bar writes the number.
+void TestPickers::colorCodeByNumbers()
+{
+    const MainWindow window;
+    FrmColorcode& code = *shown<FrmColorcode>();
+    QCOMPARE(code.NumRed->text(), QStringLiteral("0"));
+    const QSignalSpy changes(code.RedB, &ScrollBar::Change);
+    const QSignalSpy scrolls(code.RedB, &ScrollBar::Scroll);
+    overtype(code.NumRed, QStringLiteral("192")); // 1, 19, 192
+    QCOMPARE(code.RedB->Value(), 192);
+    QCOMPARE(code.Text3->text(), QStringLiteral("#C00000"));
+    QCOMPARE(code.decimalCode, QStringLiteral("#192"));
+    QCOMPARE(code.Hcolor2->BackColor(), 192);
+    QCOMPARE(changes.count(), 3);
+    QCOMPARE(scrolls.count(), 0);
+    overtype(code.NumRed, QStringLiteral("192")); // 1, 19 and 192 again, and no change by the emptied field
+    QCOMPARE(changes.count(), 6);
+
+    step(code.RedB);
+    QCOMPARE(code.NumRed->text(), QStringLiteral("193"));
+    dragToEnd(code.BlueB);
+    QCOMPARE(code.NumBlue->text(), QStringLiteral("255")); // while it is dragged
+    release(code.BlueB);
+    QCOMPARE(code.NumGreen->text(), QStringLiteral("0"));
+    QCOMPARE(code.Text3->text(), QStringLiteral("#C100FF"));
+
+    overtype(code.NumGreen, QStringLiteral("007"));
+    QCOMPARE(code.NumGreen->text(), QStringLiteral("007")); // as it is typed
+    QTest::keyClick(code.NumGreen, Qt::Key_Tab);
+    QCOMPARE(code.NumGreen->text(), QStringLiteral("7"));
+    QCOMPARE(code.focusWidget(), code.BlueB);
+}
+
+void TestPickers::numbersThatAreNone_data()
+{
+    QTest::addColumn<QString>("typed");
+    QTest::addColumn<int>("value");
+    QTest::newRow("too large") << "256" << 25; // until the last key
+    QTest::newRow("negative") << "-5" << 9;
+    QTest::newRow("nothing") << "" << 9;
+    QTest::newRow("words") << "red" << 9;
+    QTest::newRow("hexadecimal") << "FF" << 9;
+    QTest::newRow("fraction") << ".5" << 9;
+}
+
+void TestPickers::numbersThatAreNone()
+{
+    QFETCH(QString, typed);
+    QFETCH(int, value);
+    const MainWindow window;
+    FrmColorcode& code = *shown<FrmColorcode>();
+    overtype(code.NumRed, QStringLiteral("9"));
+    overtype(code.NumRed, typed);
+    QCOMPARE(code.NumRed->text(), typed);
+    QCOMPARE(code.RedB->Value(), value);
+    code.NumBlue->setFocus();
+    QCOMPARE(code.NumRed->text(), QString::number(value));
+    QCOMPARE(code.RedB->Value(), value);
 }
 
 void TestPickers::colorCodeAdds()
