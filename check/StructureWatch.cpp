@@ -8,13 +8,6 @@ namespace brindlemark {
 
 namespace {
 
-bool isTablePart(QByteArrayView name)
-{
-    return isTableCell(name) || isTableSection(name) || name == QByteArrayView("tr") ||
-           name == QByteArrayView("caption") || name == QByteArrayView("colgroup") ||
-           name == QByteArrayView("col");
-}
-
 /// What stands directly in a table without being moved in front of it.
 bool mayStandInTable(QByteArrayView name)
 {
@@ -26,12 +19,6 @@ bool mayStandInTable(QByteArrayView name)
 bool takesOnlyParts(QByteArrayView name)
 {
     return name == QByteArrayView("table") || name == QByteArrayView("tr") || isTableSection(name);
-}
-
-/// Around these no end tag within them reaches, but those of a table's own parts.
-bool isFence(QByteArrayView name)
-{
-    return isTableCell(name) || name == QByteArrayView("caption") || name == QByteArrayView("table");
 }
 
 } // namespace

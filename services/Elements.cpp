@@ -168,4 +168,15 @@ bool isTableCell(QByteArrayView name)
     return isOneOf(name, Cells);
 }
 
+bool isTablePart(QByteArrayView name)
+{
+    static constexpr std::array<std::string_view, 4> Others = {"tr", "caption", "colgroup", "col"};
+    return isTableCell(name) || isTableSection(name) || isOneOf(name, Others);
+}
+
+bool isFence(QByteArrayView name)
+{
+    return isTableCell(name) || name == QByteArrayView("caption") || name == QByteArrayView("table");
+}
+
 } // namespace brindlemark

@@ -30,5 +30,9 @@ bool isFewTag(QByteArrayView name);
 /// The parts of a table.
 bool isTableSection(QByteArrayView name);
 bool isTableCell(QByteArrayView name);
+/// These, rows, columns and captions.
+bool isTablePart(QByteArrayView name);
+/// Whether no end tag within such an element reaches beyond it, but those of a table's own parts.
+bool isFence(QByteArrayView name);
 
 } // namespace brindlemark
