@@ -170,6 +170,16 @@ QByteArrayView RichTextBox::utf8() const
     return innerText();
 }
 
+QByteArray RichTextBox::utf8Between(qsizetype start, qsizetype end) const
+{
+    const qsizetype from = std::clamp<qsizetype>(start, 0, innerLength());
+    const qsizetype to = std::clamp(end, from, innerLength());
+    QByteArray copy(to - from + 1, '\0'); // the component adds a NUL
+    SendScintilla(SCI_GETTEXTRANGE, long(from), long(to), copy.data());
+    copy.chop(1);
+    return copy;
+}
+
 QByteArray RichTextBox::Text() const
 {
     const auto signs = hourglass();
@@ -625,6 +635,13 @@ void RichTextBox::setZoom(int percent)
 {
     m_zoom = std::clamp(percent, 50, 300);
     applyLook();
+}
+
+QFont RichTextBox::shownFont() const
+{
+    QFont font = m_textFont;
+    font.setPointSizeF(std::max(1.0, QFontInfo(m_textFont).pointSizeF() * m_zoom / 100));
+    return font;
 }
 
 void RichTextBox::applySelectionColors()

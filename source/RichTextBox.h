@@ -16,6 +16,7 @@
 #include <QByteArray>
 #include <QFont>
 #include <QMimeData>
+#include <QRect>
 #include <QTimer>
 #include <functional>
 #include <memory>
@@ -61,6 +62,9 @@ public:
     QByteArrayView utf8() const;
     /// Where a byte of the text stands in `utf8`.
     qsizetype utf8Position(int position) const { return toInner(qsizetype{position}); }
+    /// A copy of a stretch of `utf8`, as far as it lies in the text: of a few bytes in the middle of a long
+    /// text it costs less than `utf8`, for which the component moves what lies behind the caret.
+    QByteArray utf8Between(qsizetype start, qsizetype end) const;
 
     /// Gives the box the keyboard, unless it is hidden: keys must not go where nobody looks.
     void SetFocus();
@@ -117,6 +121,14 @@ public:
     CaretPlace caretPlace() const;
     /// How many characters are selected; a line end is one.
     qsizetype selectedCharacters() const;
+
+    /// The font in which the text is seen, larger or smaller by the zoom.
+    QFont shownFont() const;
+    /// Brings the caret into view at once; what moves it does so later.
+    void showCaret();
+    /// Where a byte of the text is seen, in the viewport: its left edge, one pixel wide, and its line's
+    /// height.
+    QRect seenAt(int position) const;
 
     /// Where the uppermost line begins that is in view.
     qsizetype topOfView() const;
@@ -209,6 +221,9 @@ signals:
     void Scrolled();
     /// The left mouse button was pressed and released in the box.
     void Click();
+    /// A key or an input method has typed a text, which stands in front of the caret; after `Change` and
+    /// `SelChange`. Not what is still being composed.
+    void Typed();
     /// A key (a Qt::Key) was released.
     void KeyUp(int key);
     /// The box's menu is about to show, for a byte of the text; entries may be added.
@@ -291,6 +306,7 @@ private:
     bool isHeld(const QString& text) const;
     void beginOvertyping();
     void endOvertyping();
+    void pressKey(QKeyEvent* event, bool typing);
     bool runStandardKey(QKeyEvent* event);
     void runComponentKey(QKeyEvent* event);
     void showPreedit(const QString& text);

@@ -87,20 +87,30 @@ void RichTextBox::keyPressEvent(QKeyEvent* event)
 {
     guardedCall([&] {
         const bool typing = isTypingKey(*event);
-        Step step(this, typing);
-        if (typing && !event->text().isEmpty())
-            beginOvertyping();
-        const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
-        if (tab && event->modifiers() & Qt::ControlModifier) {
-            leave(!(event->modifiers() & Qt::ShiftModifier));
-        } else if (tab && event->modifiers() == Qt::NoModifier) {
-            setSelText("\t"); // the component would indent selected lines
-        } else if (typing && !isHeld(event->text())) {
-            setSelText(encode(event->text()));
-        } else if (!runStandardKey(event)) {
-            runComponentKey(event);
+        const bool types = typing && !event->text().isEmpty();
+        {
+            Step step(this, typing);
+            if (types)
+                beginOvertyping();
+            pressKey(event, typing);
         }
+        if (types && !m_readOnly)
+            emit Typed();
     });
+}
+
+void RichTextBox::pressKey(QKeyEvent* event, bool typing)
+{
+    const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
+    if (tab && event->modifiers() & Qt::ControlModifier) {
+        leave(!(event->modifiers() & Qt::ShiftModifier));
+    } else if (tab && event->modifiers() == Qt::NoModifier) {
+        setSelText("\t"); // the component would indent selected lines
+    } else if (typing && !isHeld(event->text())) {
+        setSelText(encode(event->text()));
+    } else if (!runStandardKey(event)) {
+        runComponentKey(event);
+    }
 }
 
 /// Ctrl, Alt or Meta with a letter types nothing, even where the platform gives the letter as the key's text.
@@ -160,19 +170,23 @@ void RichTextBox::keyReleaseEvent(QKeyEvent* event)
 void RichTextBox::inputMethodEvent(QInputMethodEvent* event)
 {
     guardedCall([&] {
-        Step step(this, true);
-        if (!event->commitString().isEmpty())
-            beginOvertyping();
-        if (event->replacementLength() > 0) {
-            const qsizetype start =
-                send(SCI_POSITIONRELATIVECODEUNITS, innerSelection().start, event->replacementStart());
-            const qsizetype end = send(SCI_POSITIONRELATIVECODEUNITS, start, event->replacementLength());
-            selectInner({start, end - start});
+        {
+            Step step(this, true);
+            if (!event->commitString().isEmpty())
+                beginOvertyping();
+            if (event->replacementLength() > 0) {
+                const qsizetype start =
+                    send(SCI_POSITIONRELATIVECODEUNITS, innerSelection().start, event->replacementStart());
+                const qsizetype end = send(SCI_POSITIONRELATIVECODEUNITS, start, event->replacementLength());
+                selectInner({start, end - start});
+            }
+            if (!event->commitString().isEmpty() || event->replacementLength() > 0)
+                setSelText(encode(event->commitString()));
+            showPreedit(event->preeditString());
+            event->accept();
         }
-        if (!event->commitString().isEmpty() || event->replacementLength() > 0)
-            setSelText(encode(event->commitString()));
-        showPreedit(event->preeditString());
-        event->accept();
+        if (!event->commitString().isEmpty() && event->preeditString().isEmpty() && !m_readOnly)
+            emit Typed();
     });
 }
 
@@ -192,6 +206,20 @@ void RichTextBox::showPreedit(const QString& text)
     m_preedit->adjustSize();
     m_preedit->move(caretPoint());
     m_preedit->setVisible(!text.isEmpty());
+}
+
+void RichTextBox::showCaret()
+{
+    m_scrollTimer.stop();
+    scrollToCaret();
+}
+
+QRect RichTextBox::seenAt(int position) const
+{
+    const qsizetype place = toInner(qsizetype{position});
+    const long line = send(SCI_LINEFROMPOSITION, place);
+    return {int(send(SCI_POINTXFROMPOSITION, 0, place)), int(send(SCI_POINTYFROMPOSITION, 0, place)), 1,
+            int(send(SCI_TEXTHEIGHT, line))};
 }
 
 /// The caret's upper end, in the viewport.

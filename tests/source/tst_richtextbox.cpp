@@ -231,6 +231,9 @@ private slots:
     void typingIntoWesternText();
     void commandsTypeNothing();
     void composing();
+    void tellsWhatIsTyped();
+    void stretchesOfUtf8();
+    void placesThatAreSeen();
     void tabTypesAndCtrlTabLeaves();
     void controlKeysTypeNothing();
     void keysAgainstMenuShortcuts();
@@ -1311,6 +1314,72 @@ void TestRichTextBox::composing()
     f.compose(QString(), QStringLiteral("è日"));
     QCOMPARE(f.box.Text(), QByteArray("\xE8&#26085;\xE9"));
     QCOMPARE(f.told(), QStringLiteral("Change, Sel 9+0"));
+}
+
+/// By a key or an input method, when all else has been told; not what comes in any other way.
+void TestRichTextBox::tellsWhatIsTyped()
+{
+    ScriptedDoors script;
+    Fixture f;
+    QByteArray typed;
+    connect(&f.box, &RichTextBox::Typed, this,
+            [&] { typed += '|' + f.told().toLatin1() + ' ' + f.box.Text(); });
+    const auto taken = [&] { return std::exchange(typed, QByteArray()); };
+    f.start("");
+    QTest::keyClick(&f.box, Qt::Key_A);
+    QCOMPARE(taken(), QByteArray("|Change, Sel 1+0 a"));
+    f.start("\xE9"); // takes no such letter
+    f.type(QStringLiteral("日"));
+    QCOMPARE(taken(), QByteArray("|Change, Sel 8+0 &#26085;\xE9"));
+    f.start("");
+    f.compose(QString(), QStringLiteral("b"));
+    QCOMPARE(taken(), QByteArray("|Change, Sel 1+0 b"));
+    f.compose(QStringLiteral("c"), QString());
+    f.compose(QStringLiteral("c"), QStringLiteral("d"));
+    f.compose(QString(), QString());
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Tab, Qt::Key_Backspace, Qt::Key_Left, Qt::Key_Shift})
+        QTest::keyClick(&f.box, key);
+    QTest::keyClick(&f.box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&f.box, Qt::Key_C, Qt::ControlModifier);
+    QTest::keyClick(&f.box, Qt::Key_V, Qt::ControlModifier);
+    f.box.setSelText("e");
+    f.box.setReadOnly(true);
+    QTest::keyClick(&f.box, Qt::Key_A);
+    f.compose(QString(), QStringLiteral("b"));
+    QCOMPARE(taken(), QByteArray());
+}
+
+void TestRichTextBox::stretchesOfUtf8()
+{
+    Fixture f;
+    f.start("caf\xE9s");
+    QCOMPARE(f.box.utf8Between(2, 5), QByteArray("f\xC3\xA9"));
+    QCOMPARE(f.box.utf8Between(-5, 2), QByteArray("ca"));
+    QCOMPARE(f.box.utf8Between(5, 500), QByteArray("s"));
+    QCOMPARE(f.box.utf8Between(500, 600), QByteArray());
+    QCOMPARE(f.box.utf8Between(3, 1), QByteArray());
+    f.start(QByteArray("a\0b", 3));
+    QCOMPARE(f.box.utf8Between(0, 3), QByteArray("a\0b", 3));
+}
+
+void TestRichTextBox::placesThatAreSeen()
+{
+    Fixture f;
+    f.start("one\r\ntwo");
+    const QRect first = f.box.seenAt(0);
+    const QRect second = f.box.seenAt(5);
+    QCOMPARE(first.left(), second.left());
+    QCOMPARE(first.bottom() + 1, second.top()); // one line below the other
+    QVERIFY(f.box.seenAt(1).left() > first.left());
+    QCOMPARE(f.box.shownFont().pointSizeF(), QFontInfo(f.box.textFont()).pointSizeF());
+    f.box.setZoom(200);
+    QCOMPARE(f.box.shownFont().pointSizeF(), 2 * QFontInfo(f.box.textFont()).pointSizeF());
+    QVERIFY(f.box.seenAt(0).height() > first.height());
+    f.start(QByteArray("line\r\n").repeated(100));
+    f.box.setSelStart(600);
+    QVERIFY(f.box.seenAt(600).top() > f.box.viewport()->height());
+    f.box.showCaret();
+    QVERIFY(f.box.viewport()->rect().contains(f.box.seenAt(600).topLeft()));
 }
 
 void TestRichTextBox::tabTypesAndCtrlTabLeaves()
