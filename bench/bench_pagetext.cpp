@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 // What is found in the bytes of a page, without a window: the stretches of its highlight, a part of a
-// listing, the style, the generator tag, the tokens, what a check finds. Beside the same bytes read once.
+// listing, the style, the generator tag, the tokens, what is offered, what a check finds. Beside the same
+// bytes read once.
 
 #include "Measure.h"
 #include "check/ListingCheck.h"
@@ -10,6 +11,7 @@
 #include "shell/GeneratorTag.h"
 #include "shell/HighlightRuns.h"
 #include "shell/ListingParts.h"
+#include "shell/TagOffers.h"
 
 #include <cstring>
 
@@ -77,6 +79,18 @@ void placeTags(const QByteArray& text)
     require(withPlaces(text).size() > text.size(), "no tag has a place");
 }
 
+void offerAttributes(const QByteArray& text)
+{
+    const QByteArray torn = text + "<TD w";
+    require(offersAt(torn, torn.size()).has_value(), "nothing is offered");
+}
+
+void offerEndTags(const QByteArray& text)
+{
+    const QByteArray torn = text + "<B></";
+    require(offersAt(torn, torn.size()).has_value(), "nothing is offered");
+}
+
 struct Operation
 {
     const char* name;
@@ -92,6 +106,8 @@ constexpr Operation Operations[] = {
     {"Generator stamp, 10 MB", stampTag, 100},
     {"Tokens, 1 MB", readTokens, 15, 1'000'000},
     {"Places of tags for the live view, 100 KB", placeTags, 5, 100'000},
+    {"Attributes offered in a tag, 100 KB", offerAttributes, 1, 100'000},
+    {"End tags offered, 100 KB", offerEndTags, 1, 100'000},
     {"Check of a listing, 1 MB", checkPage, 100, 1'000'000},
 };
 

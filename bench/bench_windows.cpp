@@ -287,6 +287,32 @@ void measureSpelling()
     main->spelling()->choose({});
 }
 
+/// A letter in a tag, for which the text is read and a list opens.
+void measureOffers()
+{
+    auto* main = form<FrmWeb>();
+    RichTextBox* source = main->RichTextBox1;
+    const auto open = [=](bool isOn) {
+        if (main->munoffers->isChecked() != isOn)
+            main->munoffers->trigger();
+        const QByteArray text = listing(100'000) + "<TD ";
+        source->load(text);
+        source->setSelStart(int(text.size()));
+        look();
+    };
+    const auto letter = [source] {
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_W, Qt::NoModifier, QStringLiteral("w"));
+        QApplication::sendEvent(source, &press);
+        source->viewport()->repaint();
+    };
+    const auto typed = [&](bool isOn) { return timed(letter, [=] { open(isOn); }); };
+    measure({"Program",
+             "A letter in a tag of 100 KB, with offers",
+             {.most = 11},
+             {{Role::Ours, "width is offered", typed(true)}, {Role::Limit, "off", typed(false)}}});
+    open(true);
+}
+
 void run()
 {
     measure({"Program",
@@ -328,6 +354,7 @@ void run()
                    inEditor)}}});
     measureLiveView();
     measureSpelling();
+    measureOffers();
 }
 
 } // namespace

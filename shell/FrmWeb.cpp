@@ -14,6 +14,7 @@
 #include "shell/FindBar.h"
 #include "shell/Icons.h"
 #include "shell/ScreenFonts.h"
+#include "shell/SourceOffers.h"
 #include "shell/SourceSpelling.h"
 #include "shell/StatusLine.h"
 #include "shell/SurfaceCommands.h"
@@ -169,6 +170,7 @@ FrmWeb::FrmWeb() : m_recent(appFile(DataFile::RecentFiles))
     connectQuickTags();
     connectInternet();
     connectWords();
+    connectOffers();
     connectKeys();
     connectRecent();
     connectUndo();

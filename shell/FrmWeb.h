@@ -18,6 +18,7 @@
 
 namespace brindlemark {
 
+class SourceOffers;
 class SourceSpelling;
 class Spelling;
 class StatusLine;
@@ -239,6 +240,8 @@ private:
     void loadEditorFont();
     void loadEditorBackground();
     void setEditorBackground(int color);
+    void connectOffers();
+    void munoffers_Click();
 
     // FrmWebRecent.cpp
     void connectRecent();
@@ -316,6 +319,7 @@ private:
     std::unique_ptr<SourceSpelling> m_sourceSpelling;
     StatusLine* m_status = nullptr;
     QTimer m_statusTimer{this};
+    std::unique_ptr<SourceOffers> m_offers;
     int m_lastTab = EditorTab;
     int m_sourceZoom = 0; // steps
     int m_surfaceZoom = 0;

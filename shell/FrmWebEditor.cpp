@@ -1,23 +1,27 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// The look of the source box: font, background, highlight.
+// The look of the source box: font, background, highlight. And what it offers while one types.
 
 #include "forms/Wait.h"
 #include "platform/ColorNumber.h"
 #include "platform/Conversion.h"
 #include "platform/Doors.h"
+#include "platform/Events.h"
 #include "platform/RuntimeError.h"
 #include "services/Desktop.h"
 #include "services/Messages.h"
 #include "services/Profile.h"
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
+#include "shell/SourceOffers.h"
 
 namespace brindlemark {
 
 namespace {
 
 const QString FontSection = QStringLiteral("Font");
+const QString ToolsSection = QStringLiteral("Tools");
+const QString OffersKey = QStringLiteral("offers");
 
 QString fontSetting(const Profile& settings, const char* key)
 {
@@ -187,6 +191,22 @@ void FrmWeb::ApplyHighlight(std::optional<int> (*color)(const char* key))
 void FrmWeb::ClearHighlight()
 {
     highlight(*RichTextBox1, {.tags = 0, .values = 0, .comments = 0, .scripts = 0, .text = 0});
+}
+
+/// Settings of earlier versions don't have the key: only a "0" turns it off.
+void FrmWeb::connectOffers()
+{
+    munoffers->setChecked(ReadProfile(ToolsSection, OffersKey, webIni()) != QStringLiteral("0"));
+    m_offers = std::make_unique<SourceOffers>(*RichTextBox1);
+    m_offers->setOn(munoffers->isChecked());
+    on(munoffers, &QAction::triggered, this, &FrmWeb::munoffers_Click);
+}
+
+void FrmWeb::munoffers_Click()
+{
+    const bool isOn = munoffers->isChecked();
+    m_offers->setOn(isOn);
+    WriteProfile(ToolsSection, OffersKey, isOn ? QStringLiteral("1") : QStringLiteral("0"), webIni());
 }
 
 } // namespace brindlemark

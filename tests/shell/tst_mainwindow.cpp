@@ -451,6 +451,7 @@ void TestMainWindow::menuTree()
         "  munpastelooks|Paste With Its Looks (disabled)",
         "  munpastehtml|Paste as HTML",
         "   ----",
+        "  munoffers|Offer Tags and Colors While Typing (checked)",
         "  munkeys|Keys...",
         "munhelp|Help",
         "munabout|About",
