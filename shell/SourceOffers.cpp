@@ -26,7 +26,7 @@ bool isShiftingKey(const QKeyEvent& key)
 {
     constexpr std::array keys = {Qt::Key_Shift,   Qt::Key_CapsLock, Qt::Key_AltGr,
                                  Qt::Key_Control, Qt::Key_Alt,      Qt::Key_Meta};
-    return std::ranges::find(keys, key.key()) != keys.end();
+    return std::find(keys.begin(), keys.end(), key.key()) != keys.end();
 }
 
 bool isTextKey(const QKeyEvent& key)
@@ -46,7 +46,7 @@ bool isListKey(const QKeyEvent& key)
 {
     constexpr std::array keys = {Qt::Key_Tab, Qt::Key_Return, Qt::Key_Enter,
                                  Qt::Key_Up,  Qt::Key_Down,   Qt::Key_Escape};
-    return isPlain(key) && std::ranges::find(keys, key.key()) != keys.end();
+    return isPlain(key) && std::find(keys.begin(), keys.end(), key.key()) != keys.end();
 }
 
 } // namespace
