@@ -105,6 +105,12 @@ QColor behindBlackWords(const QColor& color)
     return back;
 }
 
+QColor onWhitePaper(const QColor& color)
+{
+    constexpr double Visible = 2;
+    return contrast(color, Qt::white) < Visible ? QColor(Qt::black) : color;
+}
+
 QPalette sharedPalette(const QPalette& plain, const QString& name,
                        const std::function<void(QPalette&)>& change)
 {

@@ -20,6 +20,9 @@ QPalette withReadableSelections(QPalette palette);
 /// `color`, lighter where black words on it would have a contrast of less than 4.5 to 1.
 QColor behindBlackWords(const QColor& color);
 
+/// `color`, or black where words in it would have a contrast of less than 2 to 1 with white paper.
+QColor onWhitePaper(const QColor& color);
+
 /// `plain` with some colours changed, for the painting of a control: one palette for all controls that ask
 /// under the same name. The style keeps pictures of bars and drop-down lists by their palette, and the names
 /// of those pictures for ever: a palette of its own for each control would let them grow.

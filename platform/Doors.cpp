@@ -19,6 +19,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QStandardPaths>
 #include <algorithm>
@@ -279,6 +282,24 @@ public:
         return true;
     }
 
+    bool printDialog(QPrinter& printer, PageChoice choice) override
+    {
+        proposeFile(printer);
+        QPrintDialog box(&printer, frontWindow());
+        box.setOption(QAbstractPrintDialog::PrintPageRange, choice == PageChoice::AnyPages);
+        return runInFront(box) == QDialog::Accepted;
+    }
+
+    void printPreview(QPrinter& printer, const std::function<bool()>& paint) override
+    {
+        QPrintPreviewDialog box(&printer, frontWindow());
+        on(&box, &QPrintPreviewDialog::paintRequested, &box, [&box, &paint] {
+            if (!paint())
+                soon(&box, [&box] { box.reject(); }); // it may not be up yet
+        });
+        runInFront(box);
+    }
+
     void setClipboard(std::unique_ptr<QMimeData> data) override
     {
         QApplication::clipboard()->setMimeData(data.release());
@@ -309,6 +330,13 @@ private:
         dialog.FileName = chosen.absoluteFilePath();
         dialog.FileTitle = chosen.fileName();
         return true;
+    }
+
+    /// Where there is no printer, a print goes to a file.
+    void proposeFile(QPrinter& printer) const
+    {
+        if (printer.outputFormat() == QPrinter::PdfFormat && printer.outputFileName().isEmpty())
+            printer.setOutputFileName(QDir(m_folder).filePath(printer.docName() + QStringLiteral(".pdf")));
     }
 
     QElapsedTimer m_clock;

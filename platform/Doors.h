@@ -4,8 +4,11 @@
 #include <QFont>
 #include <QMimeData>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <optional>
+
+class QPrinter;
 
 namespace brindlemark {
 
@@ -64,6 +67,14 @@ public:
     [[nodiscard]] virtual bool saveDialog(CommonDialog& dialog) = 0;
     [[nodiscard]] virtual bool colorDialog(CommonDialog& dialog) = 0;
     [[nodiscard]] virtual bool fontDialog(CommonDialog& dialog) = 0;
+
+    /// Which pages can be chosen in the print dialog.
+    enum class PageChoice { AllPages, AnyPages };
+    /// Asks for a printer, its paper and the like. False: the user pressed Cancel.
+    [[nodiscard]] virtual bool printDialog(QPrinter& printer, PageChoice choice) = 0;
+    /// Shows what `paint` paints on a printer, anew whenever the user changes the paper, and lets it be
+    /// printed from there. Goes when `paint` says that it could not.
+    virtual void printPreview(QPrinter& printer, const std::function<bool()>& paint) = 0;
 
     virtual void setClipboard(std::unique_ptr<QMimeData> data) = 0;
     /// What the clipboard holds; null when it can't be read. Valid until events are served.

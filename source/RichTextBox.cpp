@@ -404,6 +404,11 @@ int RichTextBox::colorAt(int position) const
     return m_colors.at(toInner(qsizetype{position}));
 }
 
+std::vector<ColorRun> RichTextBox::utf8Colors() const
+{
+    return m_colors.in({0, innerLength()});
+}
+
 int RichTextBox::Find(const QByteArray& text, int start, int end, FindOptions options)
 {
     const auto signs = hourglass();

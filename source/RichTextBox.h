@@ -93,6 +93,8 @@ public:
     void setColors(int start, QByteArrayView marks, const std::vector<int>& colors);
     /// The colour number of a byte; 0, black, where none was set.
     int colorAt(int position) const;
+    /// The colours of all the text, run by run, by the bytes of `utf8`.
+    std::vector<ColorRun> utf8Colors() const;
 
     /// Looks for a text from `start`, by default from the beginning of the selection, to `end`, by default
     /// the end of the text, and selects the first match. Returns its position, or -1 (the selection then

@@ -5,6 +5,8 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QGuiApplication>
+#include <QPrintPreviewWidget>
+#include <QPrinter>
 #include <QTest>
 
 namespace brindlemark {
@@ -122,6 +124,21 @@ void ScriptedDoors::cancelFont()
     expect({.dialog = QStringLiteral("Font"), .cancelled = true});
 }
 
+void ScriptedDoors::answerPrint(const QString& path, int fromPage, int toPage)
+{
+    expect({.dialog = QStringLiteral("Print"), .text = path, .fromPage = fromPage, .toPage = toPage});
+}
+
+void ScriptedDoors::cancelPrint()
+{
+    expect({.dialog = QStringLiteral("Print"), .cancelled = true});
+}
+
+void ScriptedDoors::closePreview()
+{
+    expect({.dialog = QStringLiteral("Preview")});
+}
+
 void ScriptedDoors::during(std::function<void()> during)
 {
     m_during = std::move(during);
@@ -214,6 +231,38 @@ bool ScriptedDoors::fontDialog(CommonDialog& dialog)
         return false;
     dialog.Font = answer.font;
     return true;
+}
+
+bool ScriptedDoors::printDialog(QPrinter& printer, PageChoice choice)
+{
+    const Answer answer =
+        next(QStringLiteral("Print"),
+             QStringList{QStringLiteral("Print"), printer.docName(),
+                         choice == PageChoice::AnyPages ? QStringLiteral("any") : QStringLiteral("all")}
+                 .join(u'|'));
+    if (answer.cancelled)
+        return false;
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(answer.text);
+    if (answer.fromPage > 0)
+        printer.setFromTo(answer.fromPage, answer.toPage);
+    return true;
+}
+
+void ScriptedDoors::printPreview(QPrinter& printer, const std::function<bool()>& paint)
+{
+    const int pages = previewedPages(printer, paint); // may ask something itself
+    next(QStringLiteral("Preview"), QStringLiteral("Preview|%1|%2").arg(printer.docName()).arg(pages));
+}
+
+int previewedPages(QPrinter& printer, const std::function<bool()>& paint)
+{
+    QPrintPreviewWidget preview(&printer);
+    bool good = true;
+    QObject::connect(&preview, &QPrintPreviewWidget::paintRequested, &preview,
+                     [&] { good = paint() && good; });
+    preview.updatePreview();
+    return good ? preview.pageCount() : -1;
 }
 
 void ScriptedDoors::setClipboard(std::unique_ptr<QMimeData> data)

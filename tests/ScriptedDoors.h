@@ -30,6 +30,11 @@ public:
     void cancelColor();
     void answerFont(const QFont& font);
     void cancelFont();
+    /// The print goes to a PDF file; of a source, to these pages only (from 1), where they are given.
+    void answerPrint(const QString& path, int fromPage = 0, int toPage = 0);
+    void cancelPrint();
+    /// Looks at the preview, and closes it.
+    void closePreview();
 
     /// Drops the answers that are left over, where chance decides what is asked.
     void forgetAnswers() { m_script.clear(); }
@@ -41,7 +46,8 @@ public:
     void select(std::unique_ptr<QMimeData> data);
 
     /// One line a dialog, as "MsgBox|title|prompt|icon|buttons", "InputBox|title|prompt|initial",
-    /// "Open|title|file name|filter", "Save|...", "Color|number", "Font|family|size|bold|italic".
+    /// "Open|title|file name|filter", "Save|...", "Color|number", "Font|family|size|bold|italic",
+    /// "Print|name|pages that can be chosen", "Preview|name|how many pages there are to see".
     QStringList asked;
     /// Takes the record: what was asked since the last call.
     QStringList takeAsked();
@@ -59,6 +65,8 @@ public:
     bool saveDialog(CommonDialog& dialog) override;
     bool colorDialog(CommonDialog& dialog) override;
     bool fontDialog(CommonDialog& dialog) override;
+    bool printDialog(QPrinter& printer, PageChoice choice) override;
+    void printPreview(QPrinter& printer, const std::function<bool()>& paint) override;
     void setClipboard(std::unique_ptr<QMimeData> data) override;
     const QMimeData* clipboard() override;
     const QMimeData* selection() override;
@@ -76,6 +84,8 @@ private:
         QString text{};
         int number = 0;
         QFont font{};
+        int fromPage = 0;
+        int toPage = 0;
         std::function<void()> during{};
     };
 
@@ -88,5 +98,9 @@ private:
     std::unique_ptr<QMimeData> m_clipboard = std::make_unique<QMimeData>();
     std::unique_ptr<QMimeData> m_selection = std::make_unique<QMimeData>();
 };
+
+/// How many pages a preview shows, painted as the toolkit's own dialog has them painted; -1: `paint` could
+/// not.
+int previewedPages(QPrinter& printer, const std::function<bool()>& paint);
 
 } // namespace brindlemark

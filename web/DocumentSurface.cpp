@@ -12,13 +12,16 @@
 #include <QMetaMethod>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QPageLayout>
 #include <QPointer>
+#include <QPrinter>
 #include <QUrl>
 #include <QWebEngineContextMenuRequest>
 #include <QWebEngineFindTextResult>
 #include <QWebEngineLoadingInfo>
 #include <QWebEngineScript>
 #include <QWebEngineSettings>
+#include <QWebEngineView>
 #include <utility>
 
 namespace brindlemark {
@@ -29,6 +32,16 @@ namespace {
 QString ownFormat()
 {
     return QStringLiteral("application/x-brindlemark-page");
+}
+
+/// How many times the limit of other questions the engine has for a PDF, and for painting it in a printer's
+/// resolution.
+constexpr int PdfTimes = 6;
+constexpr int PrinterTimes = 12;
+
+RuntimeError notPrinted()
+{
+    return {ErrorNumber::PathFileAccess, QStringLiteral("The page could not be printed")};
 }
 
 } // namespace
@@ -71,6 +84,8 @@ bool DocumentSurface::write(const QString& html)
     const bool isSeen = isVisible() || isLost();
     if (html.isEmpty() && content() == Content::Nothing && !(page() && isSeen))
         return true;
+    if (engineListens() && std::exchange(m_printFailed, false))
+        renewView();
     return writePage(html);
 }
 
@@ -505,6 +520,68 @@ SurfaceSteps DocumentSurface::steps()
 bool DocumentSurface::selectLetters(qsizetype start, qsizetype end)
 {
     return succeeds(QStringLiteral("selectLetters(%1, %2)").arg(start).arg(end));
+}
+
+// ---- On paper --------------------------------------------------------------------------------------------
+
+void DocumentSurface::layOutForPaper()
+{
+    makeDocument();
+    waitForKeys();
+    if (!isEditable())
+        return;
+    static_cast<void>(askAtLength( // a page that doesn't answer gives no paper either
+        [this](const auto& answer) {
+            page()->runJavaScript(surfaceCall(QStringLiteral("reveal()")), QWebEngineScript::ApplicationWorld,
+                                  answer);
+        },
+        PdfTimes));
+}
+
+/// An engine whose renderer ends over a print takes the print for one that still runs, and refuses the next.
+QVariant DocumentSurface::answerOnPaper(const Question& question, int times)
+{
+    const Answer answer = askAtLength(question, times);
+    if (answer.value && !isLost())
+        return *answer.value;
+    m_printFailed = isLost();
+    lossIsTold();
+    throw SurfaceLost();
+}
+
+QByteArray DocumentSurface::pdf(const QPageLayout& paper)
+{
+    layOutForPaper();
+    const QVariant made = answerOnPaper(
+        [&](const auto& answer) {
+            page()->printToPdf([answer](const QByteArray& bytes) { answer(bytes); }, paper);
+        },
+        PdfTimes);
+    if (made.toByteArray().isEmpty())
+        throw notPrinted();
+    return made.toByteArray();
+}
+
+void DocumentSurface::print(const std::shared_ptr<QPrinter>& printer)
+{
+    printer->setFromTo(0, 0); // all of it: for pages that aren't there the engine has no answer
+    layOutForPaper();
+    const QVariant printed = answerOnPaper(
+        [&](const auto& answer) {
+            auto* view = QWebEngineView::forPage(page());
+            auto* job = new QObject(view);
+            // A thread paints on the printer, which must outlive that, even where nobody waits any more.
+            auto* const held = new std::shared_ptr<QPrinter>(printer);
+            onInner(view, &QWebEngineView::printFinished, job, [job, held, answer](bool done) {
+                job->deleteLater();
+                delete held;
+                answer(done);
+            });
+            view->print(printer.get());
+        },
+        PrinterTimes);
+    if (!printed.toBool())
+        throw notPrinted();
 }
 
 // ---- Keys and drops --------------------------------------------------------------------------------------

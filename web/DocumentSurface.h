@@ -3,7 +3,11 @@
 
 #include "web/WrittenPage.h"
 
+#include <memory>
+
 class QMimeData;
+class QPageLayout;
+class QPrinter;
 
 namespace brindlemark {
 
@@ -102,6 +106,16 @@ public:
     /// an address will do; an empty text or "about:blank" gives the empty document. What is no address is
     /// told in the status text. `write` and a change of design mode give the address up.
     void Navigate(const QString& address);
+
+    // ---- On paper
+
+    /// What is up, as a PDF on such paper: the page with its backgrounds, without caret, selection and the
+    /// marks of the spelling. Throws SurfaceLost when the page doesn't answer, RuntimeError(PathFileAccess)
+    /// when it can't be laid out so.
+    QByteArray pdf(const QPageLayout& paper);
+    /// The same on a printer, as pictures in its resolution. Throws as `pdf`, also when the printer takes no
+    /// page.
+    void print(const std::shared_ptr<QPrinter>& printer);
 
     /// Text size in five steps, 0 smallest to 4 largest; 2 at first. Beyond: the nearest.
     using WrittenPage::setZoom;
@@ -204,6 +218,8 @@ private:
     Coming releaseComing();
     void makeDocument();
     [[nodiscard]] bool succeeds(const QString& function);
+    void layOutForPaper();
+    QVariant answerOnPaper(const Question& question, int times);
     void readEditsAhead(qsizetype pasted = 0);
     [[nodiscard]] bool copySelection();
     [[nodiscard]] bool canClean();
@@ -215,6 +231,7 @@ private:
 
     Coming m_coming;
     QTimer m_comingTimer;
+    bool m_printFailed = false; // the view's engine prints nothing any more
 };
 
 } // namespace brindlemark

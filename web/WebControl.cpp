@@ -130,6 +130,15 @@ void WebControl::endView()
     m_page = nullptr;
 }
 
+void WebControl::renewView()
+{
+    const bool hadFocus = m_view && m_view->hasFocus();
+    endView();
+    makeView();
+    if (hadFocus)
+        m_view->setFocus();
+}
+
 qint64 WebControl::rendererPid() const
 {
     return m_page ? m_page->renderProcessPid() : 0;
@@ -237,6 +246,18 @@ int WebControl::limit() const
 
 WebControl::Answer WebControl::ask(const Question& question)
 {
+    const bool patiently = isPatient();
+    return askFor(question, patiently ? m_patience : limit(), patiently);
+}
+
+WebControl::Answer WebControl::askAtLength(const Question& question, int times)
+{
+    return askFor(question, times * limit(), false);
+}
+
+/// Waits so long; where it is to be patient, for as long as it takes behind that.
+WebControl::Answer WebControl::askFor(const Question& question, int milliseconds, bool patiently)
+{
     Q_ASSERT(!EngineCall::isUnderWay()); // what a key or a signal of a page causes comes from the queue
     if (!m_page || isLost() || !engineListens()) // no page, or a message of one still waits for the user
         return {};
@@ -255,10 +276,9 @@ WebControl::Answer WebControl::ask(const Question& question)
             reply->loop->quit();
     });
     const LongWork signs; // over both waits
-    const bool patient = isPatient();
     if (!reply->answer && !isLost())
-        wait(loop, patient ? m_patience : limit());
-    if (!reply->answer && !isLost() && patient)
+        wait(loop, milliseconds);
+    if (!reply->answer && !isLost() && patiently)
         waitOn(loop);
     if (reply->answer || isLost())
         return {reply->answer};

@@ -3,10 +3,12 @@
 #include "RandomDoors.h"
 
 #include "Monkey.h"
+#include "ScriptedDoors.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QFontDatabase>
+#include <QPrinter>
 #include <utility>
 
 namespace brindlemark {
@@ -84,6 +86,10 @@ bool RandomDoors::saveDialog(CommonDialog& dialog)
                            ? QStringLiteral("new%1.").arg(m_random.number(5)) +
                                  (isPage ? QStringLiteral("htm") : QStringLiteral("txt"))
                            : m_random.of(names);
+    if (dialog.Filter.contains(QStringLiteral("*.pdf"))) {
+        folder += QStringLiteral("/.."); // nobody opens it there
+        dialog.FileTitle = QStringLiteral("page.pdf");
+    }
     if (m_random.number(10) == 0)
         folder += QStringLiteral("/none"); // no file can be made there
     dialog.FileName = folder + u'/' + dialog.FileTitle;
@@ -108,6 +114,25 @@ bool RandomDoors::fontDialog(CommonDialog& dialog)
     dialog.Font.setBold(m_random.chance());
     dialog.Font.setItalic(m_random.chance());
     return true;
+}
+
+bool RandomDoors::printDialog(QPrinter& printer, PageChoice choice)
+{
+    asked << QStringLiteral("Print");
+    if (m_random.number(4) == 0)
+        return false;
+    const QString folder = m_presets + QLatin1String(m_random.number(10) == 0 ? "/none" : "/..");
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(folder + QStringLiteral("/print.pdf"));
+    if (choice == PageChoice::AnyPages && m_random.chance())
+        printer.setFromTo(1 + m_random.number(3), 3);
+    return true;
+}
+
+void RandomDoors::printPreview(QPrinter& printer, const std::function<bool()>& paint)
+{
+    asked << QStringLiteral("Preview");
+    previewedPages(printer, paint);
 }
 
 } // namespace brindlemark

@@ -39,6 +39,8 @@ public:
     bool saveDialog(CommonDialog& dialog) override;
     bool colorDialog(CommonDialog& dialog) override;
     bool fontDialog(CommonDialog& dialog) override;
+    bool printDialog(QPrinter& printer, PageChoice choice) override;
+    void printPreview(QPrinter& printer, const std::function<bool()>& paint) override;
     void setClipboard(std::unique_ptr<QMimeData> data) override { m_clipboard = std::move(data); }
     const QMimeData* clipboard() override { return m_clipboard.get(); }
     const QMimeData* selection() override { return m_clipboard.get(); }

@@ -12,6 +12,9 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrintPreviewDialog>
+#include <QPrinter>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
@@ -111,6 +114,8 @@ private slots:
     void saveAfterAWalk();
     void saveProposesTheName();
     void escapeIsLater();
+    void printsIntoAFileWithoutAPrinter();
+    void previewGoesWithItsPaint();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -305,6 +310,65 @@ void TestDialogs::escapeIsLater()
         buttons.sort(); // their order is the desktop's
         QCOMPARE(buttons, (QStringList{"&Later", "&No", "&Yes"}));
     }
+}
+
+void TestDialogs::printsIntoAFileWithoutAPrinter()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    if (printer.outputFormat() != QPrinter::PdfFormat)
+        QSKIP("there is a printer");
+    printer.setDocName(QStringLiteral("lamp"));
+    QString proposed;
+    const auto show = [&](const std::function<void(QPrintDialog&, QLineEdit&)>& hand) {
+        QTimer look;
+        QObject::connect(&look, &QTimer::timeout, &look, [&] {
+            auto* up = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            auto* name = up ? up->findChild<QLineEdit*>(QStringLiteral("filename")) : nullptr;
+            if (!name || QApplication::activeWindow() != up)
+                return;
+            look.stop();
+            proposed = name->text();
+            hand(*up, *name);
+        });
+        look.start(10);
+        return doors().printDialog(printer, Doors::PageChoice::AllPages);
+    };
+    QVERIFY(!show([](QPrintDialog& up, QLineEdit&) { QTest::keyClick(&up, Qt::Key_Escape); }));
+    QVERIFY2(proposed.endsWith(QStringLiteral("/lamp.pdf")), qPrintable(proposed));
+    QVERIFY(show([&](QPrintDialog& up, QLineEdit& name) {
+        overtype(&name, path(QStringLiteral("lamp.pdf")));
+        up.accept();
+    }));
+    QCOMPARE(printer.outputFileName(), path(QStringLiteral("lamp.pdf")));
+}
+
+/// It comes up and stays; it goes when the paint says that it could not.
+void TestDialogs::previewGoesWithItsPaint()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    int paints = 0;
+    doors().printPreview(printer, [&] { // returns by itself
+        ++paints;
+        return false;
+    });
+    QCOMPARE(paints, 1);
+    bool wasUp = false;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto* up = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+        if (!up || QApplication::activeWindow() != up)
+            return;
+        look.stop();
+        wasUp = true;
+        up->reject();
+    });
+    look.start(10);
+    doors().printPreview(printer, [&] {
+        ++paints;
+        return true;
+    });
+    QVERIFY(wasUp);
+    QCOMPARE(paints, 2);
 }
 
 QTEST_MAIN(TestDialogs)
