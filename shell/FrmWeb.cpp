@@ -175,6 +175,7 @@ FrmWeb::FrmWeb() : m_recent(appFile(DataFile::RecentFiles))
     connectRecent();
     connectUndo();
     connectStatus();
+    connectPrinting();
     keepOnFatal([this] { return keepText(); });
     on(m_document.get(), &Document::settled, WebBrowser1, &DocumentSurface::forgetEdits);
     m_journalTimer.setObjectName(QStringLiteral("JournalTimer"));
@@ -219,6 +220,8 @@ void FrmWeb::switchTools()
     for (QMenu* menu : {MnEdit, munoptions})
         menu->menuAction()->setEnabled(tab == EditorTab);
     muncolorcode->setEnabled(tab == EditorTab);
+    for (QAction* entry : {munprint, munprintpreview, munpdf})
+        entry->setEnabled(tab != InternetTab);
     switchWordTools();
     munview->menuAction()->setEnabled(tab == InternetTab);
 }

@@ -16,6 +16,11 @@
 #include <memory>
 #include <optional>
 
+class QPageLayout;
+class QPageRanges;
+class QPagedPaintDevice;
+class QPrinter;
+
 namespace brindlemark {
 
 class SourceOffers;
@@ -248,6 +253,18 @@ private:
     void noteRecent();
     void munrecent_Popup();
     void openRecent(const RecentFile& file);
+
+    // FrmWebPrint.cpp
+    void connectPrinting();
+    void munprint_Click();
+    void munprintpreview_Click();
+    void munpdf_Click();
+    QString printedName() const;
+    void keepEditsOfPage();
+    [[nodiscard]] bool printing(const std::function<void()>& print);
+    void printOn(const std::shared_ptr<QPrinter>& printer);
+    QByteArray pdfOfView(const QPageLayout& paper, const QPageRanges& ranges);
+    void printSourceOn(QPagedPaintDevice& device);
 
     // FrmWebWords.cpp
     void connectWords();

@@ -62,6 +62,7 @@ constexpr auto Keys = std::to_array<MainKey>({
     {ListingGroup, "Ctrl+O", "Open a page", choose<&Ui::FrmWeb::MnOpen>},
     {ListingGroup, "Ctrl+S", "Save", choose<&Ui::FrmWeb::mnsave>},
     {ListingGroup, "Ctrl+Shift+S", "Save under another name", choose<&Ui::FrmWeb::mnsaveas>},
+    {ListingGroup, "Ctrl+P", "Print", choose<&Ui::FrmWeb::munprint>},
     {EditGroup, "Ctrl+Z", "Undo"},
     {EditGroup, "Ctrl+Y; Ctrl+Shift+Z", "Redo"},
     {EditGroup, "Ctrl+X", "Cut"},

@@ -116,6 +116,7 @@ void TestKeys::entries_data()
     row("Ctrl+O", &Ui_FrmWeb::MnOpen, true);
     row("Ctrl+S", &Ui_FrmWeb::mnsave, true);
     row("Ctrl+Shift+S", &Ui_FrmWeb::mnsaveas, true);
+    row("Ctrl+P", &Ui_FrmWeb::munprint, false);
     row("F7", &Ui_FrmWeb::munnextmisspelt, false);
 }
 

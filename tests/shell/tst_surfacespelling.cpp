@@ -4,6 +4,7 @@
 // that are changed in place.
 
 #include "MainWindow.h"
+#include "Paper.h"
 #include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
@@ -128,6 +129,7 @@ class TestSurfaceSpelling : public QObject
 private slots:
     void suggestions();
     void ownWords();
+    void notOnPaper();
     void nextMisspelt();
     void lettersOfASelection_data();
     void lettersOfASelection();
@@ -165,6 +167,22 @@ void TestSurfaceSpelling::ownWords()
     popup()->close();
     QVERIFY(!desk.entriesOverWord(0, "Select &All").contains("Add \"lampp\" to My Words"));
     popup()->close();
+}
+
+/// The marks are for the eye of who writes.
+void TestSurfaceSpelling::notOnPaper()
+{
+    Desk desk;
+    desk.entriesOverWord(0, "Add \"lampp\" to My Words");
+    popup()->close();
+    const QString path = desk.folder.path("lamp.pdf");
+    desk.doors.answerSave(path);
+    desk.web->munpdf->trigger();
+    QCOMPARE(linesOnPaper(path), QStringList({"lampp", "brasss"}));
+    const QRect red = dotsOf(pictureOfPaper(path), [](const QColor& color) {
+        return color.red() > color.green() + 90 && color.red() > color.blue() + 90;
+    });
+    QVERIFY(red.isEmpty());
 }
 
 /// By F7, from the caret on and round; what nobody sees is none, and a word of two formats is one.
