@@ -6,6 +6,7 @@
 
 #include "MainWindow.h"
 #include "Measure.h"
+#include "QuietDoors.h"
 #include "app/WarmUp.h"
 #include "check/FrmLive.h"
 #include "platform/Doors.h"
@@ -15,6 +16,7 @@
 
 #include <QElapsedTimer>
 #include <QEventLoop>
+#include <QFile>
 #include <QKeyEvent>
 #include <QProcess>
 #include <QTimer>
@@ -313,6 +315,48 @@ void measureOffers()
     open(true);
 }
 
+/// What is up as a PDF, without the question for its file.
+class PdfDoors : public QuietDoors
+{
+public:
+    bool saveDialog(CommonDialog& dialog) override
+    {
+        dialog.FileName = path();
+        return true;
+    }
+    static QString path() { return appFile(QStringLiteral("\\paper.pdf")); }
+};
+
+void measurePaper()
+{
+    auto* main = form<FrmWeb>();
+    const auto toPdf = [main](FrmWeb::Tab tab) {
+        const auto prepare = [main, tab] {
+            QFile::remove(PdfDoors::path());
+            main->SSTab1->setTab(FrmWeb::EditorTab);
+            main->RichTextBox1->load(listing(1'000'000));
+            main->munhighlight->trigger();
+            main->SSTab1->setTab(tab);
+            look();
+        };
+        return timed(
+            [main] {
+                PdfDoors doors;
+                main->munpdf->trigger();
+            },
+            prepare, [] { return QFileInfo(PdfDoors::path()).size() > 50'000; });
+    };
+    measure({"Program",
+             "Highlighted source of 1 MB as PDF",
+             {.most = 3000},
+             {{Role::Ours, "entry Save as PDF", toPdf(FrmWeb::EditorTab)}}});
+    measure({"Program",
+             "Page of 1 MB as PDF",
+             {.most = 3000},
+             {{Role::Ours, "entry Save as PDF", toPdf(FrmWeb::PreviewTab)}}});
+    main->SSTab1->setTab(FrmWeb::EditorTab);
+}
+
 void run()
 {
     measure({"Program",
@@ -355,6 +399,7 @@ void run()
     measureLiveView();
     measureSpelling();
     measureOffers();
+    measurePaper();
 }
 
 } // namespace
