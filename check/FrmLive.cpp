@@ -9,6 +9,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QShortcut>
 #include <algorithm>
 #include <array>
 
@@ -38,6 +39,14 @@ struct PageWidth
 constexpr std::array<PageWidth, 4> PageWidths = {
     {{"phone", 375}, {"tablet", 768}, {"desktop", 1200}, {"free", 0}}};
 
+struct ZoomKey
+{
+    const char* keys;
+    int steps; // 0: as at first
+};
+/// As in the main window.
+constexpr std::array<ZoomKey, 3> ZoomKeys = {{{"Ctrl++; Ctrl+=", 1}, {"Ctrl+-", -1}, {"Ctrl+0", 0}}};
+
 QString kept(const char* key)
 {
     return ReadProfile(QStringLiteral("Live"), QString::fromLatin1(key), webIni());
@@ -65,6 +74,13 @@ FrmLive::FrmLive()
     on(Widths, &ComboBox::Click, this, &FrmLive::Widths_Click);
     on(Page1, &LivePage::placeClicked, this, &FrmLive::Page1_PlaceClicked);
     on(Page1, &LivePage::shown, this, &FrmLive::Page1_Shown);
+    onInner(Page1, &LivePage::zoomWanted, this, &FrmLive::Page1_ZoomWanted);
+    for (const ZoomKey& key : ZoomKeys) {
+        for (const QKeySequence& keys : QKeySequence::listFromString(QString::fromLatin1(key.keys))) {
+            auto* shortcut = new QShortcut(keys, this);
+            on(shortcut, &QShortcut::activated, this, [this, key] { Page1_ZoomWanted(key.steps); });
+        }
+    }
     onInner(Page1, &LivePage::scrolled, this, [this] { m_scrollTimer.start(); });
     setEscape([this] { Unload(); });
     const QString width = kept("width");
@@ -145,6 +161,20 @@ void FrmLive::Widths_Click()
 {
     setPageWidth();
     m_placeTimer.start();
+    makeRoomForPage();
+}
+
+/// Larger or smaller, but as wide in its own pixels as it was.
+void FrmLive::Page1_ZoomWanted(int steps)
+{
+    m_zoom.turn(steps);
+    Page1->setZoom(m_zoom.percent());
+    setPageWidth();
+    makeRoomForPage();
+}
+
+void FrmLive::makeRoomForPage()
+{
     const int missing = Page1->minimumWidth() - View->viewport()->width();
     if (isVisible() && missing > 0) // before, nothing has its size yet
         resize(std::min(width() + missing + 2 * PhoneFrame, screen()->availableGeometry().width()), height());
@@ -153,8 +183,9 @@ void FrmLive::Widths_Click()
 /// The page is as wide as was chosen; a wider one than the window scrolls. A phone has a frame.
 void FrmLive::setPageWidth()
 {
-    const int width = PageWidths.at(size_t(std::max(Widths->ListIndex(), 0))).width;
-    const bool isPhone = width == PageWidths.front().width;
+    const int pixels = PageWidths.at(size_t(std::max(Widths->ListIndex(), 0))).width;
+    const int width = pixels * m_zoom.percent() / 100;
+    const bool isPhone = pixels == PageWidths.front().width;
     Phone->setFrameShape(isPhone ? QFrame::Box : QFrame::NoFrame);
     Phone->setLineWidth(isPhone ? PhoneFrame : 0);
     Phone->setMaximumWidth(width == 0 ? QWIDGETSIZE_MAX : width + (isPhone ? 2 * PhoneFrame : 0));

@@ -4,6 +4,7 @@
 #include "check/ui_FrmLive.h"
 #include "forms/Form.h"
 #include "shell/ListingEditor.h"
+#include "shell/Zoom.h"
 
 #include <QTimer>
 
@@ -31,6 +32,7 @@ private:
     void Page1_PlaceClicked(qsizetype place);
     void Page1_Scrolled();
     void Page1_Shown();
+    void Page1_ZoomWanted(int steps);
 
     void followSource();
     void sourceScrolled();
@@ -38,10 +40,12 @@ private:
     void showPreview();
     void showCaret();
     void setPageWidth();
+    void makeRoomForPage();
     void placeBesideMain();
     void keepPlace();
     bool handIsHere() const;
 
+    Zoom m_zoom;
     QTimer m_placeTimer;     // until the window rests where it was moved to
     QTimer m_textTimer;      // until what was written is shown
     QTimer m_caretTimer;     // until the place at the caret is

@@ -8,6 +8,7 @@
 #include "shell/NoticeBar.h"
 #include "shell/RecentFiles.h"
 #include "shell/Tool.h"
+#include "shell/Zoom.h"
 #include "shell/ui_FrmWeb.h"
 
 #include <QByteArray>
@@ -338,8 +339,8 @@ private:
     QTimer m_statusTimer{this};
     std::unique_ptr<SourceOffers> m_offers;
     int m_lastTab = EditorTab;
-    int m_sourceZoom = 0; // steps
-    int m_surfaceZoom = 0;
+    Zoom m_sourceZoom;
+    Zoom m_surfaceZoom;
     QTimer m_journalTimer{this}; // runs out when unsaved text is to be kept on the disk
 
     /// How the last save question ended, unless by Yes.

@@ -10,7 +10,6 @@
 
 #include <QKeyEvent>
 #include <QShortcut>
-#include <algorithm>
 #include <array>
 
 namespace brindlemark {
@@ -41,21 +40,6 @@ constexpr char FindGroup[] = "Finding";
 constexpr char EditGroup[] = "Editing";
 constexpr char ViewGroup[] = "Looking";
 constexpr char BuildGroup[] = "Builders";
-
-constexpr std::array ZoomSteps = {50, 60, 70, 80, 90, 100, 110, 125, 150, 175, 200, 250, 300}; // percent
-constexpr int NoZoom = 5;
-
-/// The step that lies some further; 0 leads back to the first.
-int zoomStep(int now, int steps)
-{
-    return steps == 0 ? 0 : std::clamp(now + steps, -NoZoom, int(ZoomSteps.size()) - 1 - NoZoom);
-}
-
-int percentOf(int step)
-{
-    const int place = step + NoZoom;
-    return ZoomSteps.at(size_t(place));
-}
 
 constexpr auto Keys = std::to_array<MainKey>({
     {ListingGroup, "Ctrl+N", "A new, empty page", choose<&Ui::FrmWeb::MnNew>},
@@ -188,22 +172,22 @@ void FrmWeb::zoomBy(int steps)
 
 void FrmWeb::zoomSource(int steps)
 {
-    m_sourceZoom = zoomStep(m_sourceZoom, steps);
-    RichTextBox1->setZoom(percentOf(m_sourceZoom));
+    m_sourceZoom.turn(steps);
+    RichTextBox1->setZoom(m_sourceZoom.percent());
     tellStatusSoon();
 }
 
 void FrmWeb::zoomSurfaces(int steps)
 {
-    m_surfaceZoom = zoomStep(m_surfaceZoom, steps);
+    m_surfaceZoom.turn(steps);
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
-        surface->setZoom(percentOf(m_surfaceZoom));
+        surface->setZoom(m_surfaceZoom.percent());
     tellStatusSoon();
 }
 
 int FrmWeb::percentZoomed() const
 {
-    return percentOf(SSTab1->Tab() == EditorTab ? m_sourceZoom : m_surfaceZoom);
+    return (SSTab1->Tab() == EditorTab ? m_sourceZoom : m_surfaceZoom).percent();
 }
 
 void FrmWeb::openMenuBar()

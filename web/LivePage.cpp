@@ -88,7 +88,8 @@ void LivePage::askWidths(const std::function<void(const Widths& widths)>& heard)
 bool LivePage::actOnMouse(const QMouseEvent& mouse, QPoint place)
 {
     if (mouse.type() == QEvent::MouseButtonRelease && mouse.button() == Qt::LeftButton) {
-        askPlace(QStringLiteral("placeAtPoint(%1, %2)").arg(place.x()).arg(place.y()),
+        const QPointF point = QPointF(place) / page()->zoomFactor();
+        askPlace(QStringLiteral("placeAtPoint(%1, %2)").arg(point.x()).arg(point.y()),
                  [this](qsizetype clicked) { emit placeClicked(clicked); });
     }
     return Sample::actOnMouse(mouse, place);

@@ -20,6 +20,8 @@ public:
     explicit LivePage(QWidget* parent = nullptr);
     ~LivePage() override;
 
+    using Sample::setZoom;
+
     /// Whether the page has scroll bars, which take room from it; a phone's take none. It has them at first.
     void setScrollBars(bool on);
 

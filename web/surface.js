@@ -370,7 +370,7 @@ let caretToShow = null;
 function bringToView(range) {
     const box = range.getBoundingClientRect();
     if (box.top < 0 || box.bottom > innerHeight || box.left < 0 || box.right > innerWidth)
-        scrollBy(box.left < 0 || box.right > innerWidth ? box.left - innerWidth / 2 : 0, box.top - innerHeight / 2);
+        scrollBy(box.left - innerWidth / 2, box.top - innerHeight / 2);
 }
 
 /** Whether this page was found ready once. */

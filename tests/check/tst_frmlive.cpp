@@ -77,6 +77,7 @@ class TestFrmLive : public QObject
 private slots:
     void placesStandInEachStartTag_data();
     void placesStandInEachStartTag();
+    void zoom();
     void followsTheHand();
     void brokenSource();
     void noScriptRuns();
@@ -321,6 +322,43 @@ void TestFrmLive::escapeCloses()
     QVERIFY(isLoaded<FrmLive>());
     QTest::keyClick(window->Widths, Qt::Key_Escape);
     QTRY_VERIFY(!isLoaded<FrmLive>());
+}
+
+/// Keys and the wheel with Ctrl make the page larger; it stays as wide as a phone in its own pixels, and a
+/// click still leads to its source.
+void TestFrmLive::zoom()
+{
+    Desk desk;
+    const FrmLive* window = desk.live(longPage());
+    const auto width = [&] { return ask(window, "innerWidth").toInt(); };
+    const auto factor = [&] { return qRound(100 * ask(window, "devicePixelRatio").toDouble()); };
+    QTRY_COMPARE(width(), 375);
+    QTRY_COMPARE(factor(), 100);
+    QTest::keyClick(window->windowHandle(), Qt::Key_Plus, Qt::ControlModifier);
+    QTRY_COMPARE(factor(), 110);
+    QTRY_VERIFY2(qAbs(width() - 375) <= 1, qPrintable(QString::number(width())));
+    QTRY_VERIFY(window->Page1->inputWidget());
+    QWidget* input = window->Page1->inputWidget();
+    QWheelEvent wheel(QPointF(5, 5), input->mapToGlobal(QPointF(5, 5)), {}, {0, 360}, Qt::NoButton,
+                      Qt::ControlModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(input, &wheel);
+    QTRY_COMPARE(factor(), 175);
+    QTRY_VERIFY2(qAbs(width() - 375) <= 1, qPrintable(QString::number(width())));
+
+    const QRectF box = [&] {
+        const QVariantList sides = ask(window, "(box => [box.left, box.top, box.width, box.height])"
+                                               "(document.getElementById('p3').getBoundingClientRect())")
+                                       .toList();
+        return QRectF(sides.value(0).toDouble(), sides.value(1).toDouble(), sides.value(2).toDouble(),
+                      sides.value(3).toDouble());
+    }();
+    QVERIFY(box.isValid());
+    QTest::mouseClick(input, Qt::LeftButton, {}, (box.topLeft() + QPointF(10, 5)).toPoint() * 7 / 4);
+    QTRY_COMPARE(lineAt(desk, desk.web->selection().start), QByteArray("<P id=p3>"));
+
+    QTest::keyClick(window->windowHandle(), Qt::Key_0, Qt::ControlModifier);
+    QTRY_COMPARE(factor(), 100);
+    QTRY_COMPARE(width(), 375);
 }
 
 WEB_TEST_MAIN(TestFrmLive)

@@ -48,7 +48,7 @@ struct Desk : MainWindow
 
 } // namespace
 
-class TestUndo : public QObject
+class TestUndoNames : public QObject
 {
     Q_OBJECT
 
@@ -69,7 +69,7 @@ private slots:
     void whereNothingIsEdited();
 };
 
-void TestUndo::names()
+void TestUndoNames::names()
 {
     EditNames names;
     QCOMPARE(names.undoName(), QString());
@@ -94,13 +94,13 @@ void TestUndo::names()
     QCOMPARE(names.redoName(), QString());
 }
 
-void TestUndo::nothingAtFirst()
+void TestUndoNames::nothingAtFirst()
 {
     const Desk desk;
     QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
 }
 
-void TestUndo::stepsOfTheSource()
+void TestUndoNames::stepsOfTheSource()
 {
     Desk desk;
     RichTextBox* box = desk.web->RichTextBox1;
@@ -130,7 +130,7 @@ void TestUndo::stepsOfTheSource()
 }
 
 /// What tools put in has the name that they give it.
-void TestUndo::toolsOfTheSource()
+void TestUndoNames::toolsOfTheSource()
 {
     Desk desk;
     ListingEditor& editor = *desk.web;
@@ -147,7 +147,7 @@ void TestUndo::toolsOfTheSource()
     desk.web->document().setDirty(false);
 }
 
-void TestUndo::takesBackAndBringsAgain()
+void TestUndoNames::takesBackAndBringsAgain()
 {
     Desk desk;
     desk.type("brass");
@@ -166,7 +166,7 @@ void TestUndo::takesBackAndBringsAgain()
 }
 
 /// Undo doesn't reach behind it.
-void TestUndo::anotherDocument()
+void TestUndoNames::anotherDocument()
 {
     Desk desk;
     desk.type("brass");
@@ -181,7 +181,7 @@ void TestUndo::anotherDocument()
     desk.web->document().setDirty(false);
 }
 
-void TestUndo::menuOfTheSource()
+void TestUndoNames::menuOfTheSource()
 {
     Desk desk;
     desk.type("brass");
@@ -198,7 +198,7 @@ void TestUndo::menuOfTheSource()
 }
 
 /// Whatever was done: the name is that of what has made the text so, at each step back and forth.
-void TestUndo::chanceInTheSource()
+void TestUndoNames::chanceInTheSource()
 {
     Desk desk;
     RichTextBox* box = desk.web->RichTextBox1;
@@ -245,7 +245,7 @@ void TestUndo::chanceInTheSource()
     QCOMPARE(desk.source(), last);
 }
 
-void TestUndo::stepsOfTheSurface()
+void TestUndoNames::stepsOfTheSurface()
 {
     Desk desk;
     desk.showSurface("<P>brass lamp</P>");
@@ -271,7 +271,7 @@ void TestUndo::stepsOfTheSurface()
 }
 
 /// For the engine a pasted text is typed: neither the letters before it nor those behind it go with it.
-void TestUndo::pasteIsAStepByItself()
+void TestUndoNames::pasteIsAStepByItself()
 {
     Desk desk;
     desk.showSurface("<P>-</P>");
@@ -289,7 +289,7 @@ void TestUndo::pasteIsAStepByItself()
 }
 
 /// In the source, all that was edited on the surface is one step.
-void TestUndo::pageThatComesBack()
+void TestUndoNames::pageThatComesBack()
 {
     Desk desk;
     desk.showSurface("<P>lamp</P>");
@@ -300,7 +300,7 @@ void TestUndo::pageThatComesBack()
     QCOMPARE(desk.source(), QByteArray("<P>lamp</P>"));
 }
 
-void TestUndo::chanceOnTheSurface_data()
+void TestUndoNames::chanceOnTheSurface_data()
 {
     QTest::addColumn<int>("seed");
     for (int seed = 1; seed <= 6; ++seed)
@@ -308,7 +308,7 @@ void TestUndo::chanceOnTheSurface_data()
 }
 
 /// Whatever was done: as many steps lead back as have names, and each has its own.
-void TestUndo::chanceOnTheSurface()
+void TestUndoNames::chanceOnTheSurface()
 {
     QFETCH(const int, seed);
     Desk desk;
@@ -357,7 +357,7 @@ void TestUndo::chanceOnTheSurface()
 }
 
 /// On the preview that only shows, and on the tab Internet.
-void TestUndo::whereNothingIsEdited()
+void TestUndoNames::whereNothingIsEdited()
 {
     Desk desk;
     desk.type("<P>lamp</P>");
@@ -371,5 +371,5 @@ void TestUndo::whereNothingIsEdited()
     QVERIFY(desk.source().contains("lamp"));
 }
 
-WEB_TEST_MAIN(TestUndo)
-#include "tst_undo.moc"
+WEB_TEST_MAIN(TestUndoNames)
+#include "tst_undonames.moc"
