@@ -3,9 +3,11 @@
 #include "shell/FrmHelp.h"
 
 #include "platform/AppPath.h"
+#include "platform/Events.h"
 #include "shell/FindBar.h"
 #include "web/DocumentSurface.h"
 
+#include <QFontInfo>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -22,8 +24,34 @@ FrmHelp::FrmHelp() : WebBrowser1(new DocumentSurface(this))
     WebBrowser1->setAccessibleName(QStringLiteral("Help page"));
     setEscape([this] { Unload(); });
 
+    onInner(WebBrowser1, &DocumentSurface::zoomWanted, this, &FrmHelp::WebBrowser1_ZoomWanted);
+    showSize();
+
     WebBrowser1->Navigate(QStringLiteral("about:blank"));
     WebBrowser1->Navigate(appFile(DataFile::Help));
+}
+
+/// Letters that are large on the desktop are so on the page, which has them in 12 points.
+void FrmHelp::showSize()
+{
+    constexpr double PagePoints = 12;
+    const double points = QFontInfo(font()).pointSizeF();
+    WebBrowser1->setZoom(qRound(m_zoom.percent() * qMax(1.0, points / PagePoints)));
+}
+
+void FrmHelp::WebBrowser1_ZoomWanted(int steps)
+{
+    m_zoom.turn(steps);
+    showSize();
+}
+
+void FrmHelp::changeEvent(QEvent* event)
+{
+    guardedCall([&] {
+        Form::changeEvent(event);
+        if (event->type() == QEvent::FontChange)
+            showSize();
+    });
 }
 
 void FrmHelp::showSection(const QString& id)

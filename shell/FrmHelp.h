@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/Form.h"
+#include "shell/Zoom.h"
 
 namespace brindlemark {
 
@@ -19,6 +20,15 @@ public:
     void showSection(const QString& id);
 
     DocumentSurface* WebBrowser1;
+
+protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void WebBrowser1_ZoomWanted(int steps);
+    void showSize();
+
+    Zoom m_zoom;
 };
 
 } // namespace brindlemark

@@ -65,8 +65,9 @@ void FrmWeb::connectStatus()
         const QString section = QString::fromLatin1(ShowSection);
         const QString key = QString::fromLatin1(thing.key);
         entry->setChecked(ReadProfile(section, key, webIni()) == QLatin1String("1"));
-        on(entry, &QAction::toggled, this, [this, section, key](bool isOn) {
-            WriteProfile(section, key, isOn ? QStringLiteral("1") : QStringLiteral("0"), webIni());
+        on(entry, &QAction::toggled, this, [this, entry, section, key] {
+            WriteProfile(section, key, entry->isChecked() ? QStringLiteral("1") : QStringLiteral("0"),
+                         webIni());
             showBesideText();
         });
     }
@@ -135,10 +136,10 @@ void FrmWeb::markTagPair()
 /// Below the view that is up, where the layout leaves some room.
 void FrmWeb::placeStatus()
 {
-    const QPoint below = RichTextBox1->mapTo(this, QPoint(0, RichTextBox1->height()));
-    const int left = below.x();
+    constexpr int Room = 20; // pixels, from the views' lower edge to that of the tabs (see `resized`)
     const QRect tabs = SSTab1->geometry();
-    m_status->fitInto(QRect(left, below.y() + 1, RichTextBox1->width(), tabs.bottom() - below.y() - 3));
+    const int left = tabs.left() + Frame1->x() + RichTextBox1->x();
+    m_status->fitInto(QRect(left, tabs.bottom() - Room + 2, RichTextBox1->width(), Room - 3));
     m_status->raise();
 }
 

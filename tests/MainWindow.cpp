@@ -75,6 +75,12 @@ void MainWindow::typeOnSurface(const QString& text) const
         return;
     }
     QTest::mouseClick(surface->inputWidget(), Qt::LeftButton);
+    typeAtCaretOfSurface(text);
+}
+
+void MainWindow::typeAtCaretOfSurface(const QString& text) const
+{
+    DocumentSurface* surface = web->WebBrowser1;
     // Before that the engine drops keys.
     if (!QTest::qWaitFor(
             [surface] { return surface->inputWidget()->testAttribute(Qt::WA_InputMethodEnabled); }))

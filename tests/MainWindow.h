@@ -29,8 +29,10 @@ public:
     void showTab(FrmWeb::Tab tab) const;
     /// Types into the source box.
     void type(const QString& text) const;
-    /// Types into the design surface, which must be up.
+    /// Types into the design surface, which must be up: where a click on its middle puts the caret, or where
+    /// the caret is.
     void typeOnSurface(const QString& text) const;
+    void typeAtCaretOfSurface(const QString& text) const;
 
     /// Takes `path` in the open dialog.
     void open(const QString& path);

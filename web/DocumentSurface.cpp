@@ -34,11 +34,6 @@ QString ownFormat()
     return QStringLiteral("application/x-brindlemark-page");
 }
 
-/// How many times the limit of other questions the engine has for a PDF, and for painting it in a printer's
-/// resolution.
-constexpr int PdfTimes = 6;
-constexpr int PrinterTimes = 12;
-
 RuntimeError notPrinted()
 {
     return {ErrorNumber::PathFileAccess, QStringLiteral("The page could not be printed")};
@@ -84,8 +79,6 @@ bool DocumentSurface::write(const QString& html)
     const bool isSeen = isVisible() || isLost();
     if (html.isEmpty() && content() == Content::Nothing && !(page() && isSeen))
         return true;
-    if (engineListens() && std::exchange(m_printFailed, false))
-        renewView();
     return writePage(html);
 }
 
@@ -528,23 +521,16 @@ void DocumentSurface::layOutForPaper()
 {
     makeDocument();
     waitForKeys();
-    if (!isEditable())
-        return;
-    static_cast<void>(askAtLength( // a page that doesn't answer gives no paper either
-        [this](const auto& answer) {
-            page()->runJavaScript(surfaceCall(QStringLiteral("reveal()")), QWebEngineScript::ApplicationWorld,
-                                  answer);
-        },
-        PdfTimes));
+    static_cast<void>(call(isEditable() ? QStringLiteral("reveal()") : QStringLiteral("link()")));
 }
 
-/// An engine whose renderer ends over a print takes the print for one that still runs, and refuses the next.
-QVariant DocumentSurface::answerOnPaper(const Question& question, int times)
+/// The engine ends the program with a renderer that is ended over a print (Qt 6.4). So the page was asked
+/// something first, which ends one that hangs, and a print has all the time that it takes.
+QVariant DocumentSurface::answerOnPaper(const Question& question)
 {
-    const Answer answer = askAtLength(question, times);
+    const Answer answer = askAtLength(question);
     if (answer.value && !isLost())
         return *answer.value;
-    m_printFailed = isLost();
     lossIsTold();
     throw SurfaceLost();
 }
@@ -552,11 +538,9 @@ QVariant DocumentSurface::answerOnPaper(const Question& question, int times)
 QByteArray DocumentSurface::pdf(const QPageLayout& paper)
 {
     layOutForPaper();
-    const QVariant made = answerOnPaper(
-        [&](const auto& answer) {
-            page()->printToPdf([answer](const QByteArray& bytes) { answer(bytes); }, paper);
-        },
-        PdfTimes);
+    const QVariant made = answerOnPaper([&](const auto& answer) {
+        page()->printToPdf([answer](const QByteArray& bytes) { answer(bytes); }, paper);
+    });
     if (made.toByteArray().isEmpty())
         throw notPrinted();
     return made.toByteArray();
@@ -566,20 +550,18 @@ void DocumentSurface::print(const std::shared_ptr<QPrinter>& printer)
 {
     printer->setFromTo(0, 0); // all of it: for pages that aren't there the engine has no answer
     layOutForPaper();
-    const QVariant printed = answerOnPaper(
-        [&](const auto& answer) {
-            auto* view = QWebEngineView::forPage(page());
-            auto* job = new QObject(view);
-            // A thread paints on the printer, which must outlive that, even where nobody waits any more.
-            auto* const held = new std::shared_ptr<QPrinter>(printer);
-            onInner(view, &QWebEngineView::printFinished, job, [job, held, answer](bool done) {
-                job->deleteLater();
-                delete held;
-                answer(done);
-            });
-            view->print(printer.get());
-        },
-        PrinterTimes);
+    const QVariant printed = answerOnPaper([&](const auto& answer) {
+        auto* view = QWebEngineView::forPage(page());
+        auto* job = new QObject(view);
+        // A thread paints on the printer, which must outlive that, even where nobody waits any more.
+        auto* const held = new std::shared_ptr<QPrinter>(printer);
+        onInner(view, &QWebEngineView::printFinished, job, [job, held, answer](bool done) {
+            job->deleteLater();
+            delete held;
+            answer(done);
+        });
+        view->print(printer.get());
+    });
     if (!printed.toBool())
         throw notPrinted();
 }

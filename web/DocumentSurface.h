@@ -219,7 +219,7 @@ private:
     void makeDocument();
     [[nodiscard]] bool succeeds(const QString& function);
     void layOutForPaper();
-    QVariant answerOnPaper(const Question& question, int times);
+    QVariant answerOnPaper(const Question& question);
     void readEditsAhead(qsizetype pasted = 0);
     [[nodiscard]] bool copySelection();
     [[nodiscard]] bool canClean();
@@ -231,7 +231,6 @@ private:
 
     Coming m_coming;
     QTimer m_comingTimer;
-    bool m_printFailed = false; // the view's engine prints nothing any more
 };
 
 } // namespace brindlemark

@@ -26,6 +26,7 @@
 #include <algorithm>
 #include <array>
 #include <csignal>
+#include <limits>
 #include <memory>
 #include <utility>
 
@@ -128,15 +129,6 @@ void WebControl::endView()
     delete m_view; // the page, which goes with it, answers all open questions
     m_view = nullptr;
     m_page = nullptr;
-}
-
-void WebControl::renewView()
-{
-    const bool hadFocus = m_view && m_view->hasFocus();
-    endView();
-    makeView();
-    if (hadFocus)
-        m_view->setFocus();
 }
 
 qint64 WebControl::rendererPid() const
@@ -250,9 +242,9 @@ WebControl::Answer WebControl::ask(const Question& question)
     return askFor(question, patiently ? m_patience : limit(), patiently);
 }
 
-WebControl::Answer WebControl::askAtLength(const Question& question, int times)
+WebControl::Answer WebControl::askAtLength(const Question& question)
 {
-    return askFor(question, times * limit(), false);
+    return askFor(question, std::numeric_limits<int>::max(), false);
 }
 
 /// Waits so long; where it is to be patient, for as long as it takes behind that.

@@ -90,9 +90,6 @@ protected:
     void endView();
     /// The view has just been made.
     virtual void viewMade() {}
-    /// Puts a new view in the place of the one that is there, which has no page that is worth anything. The
-    /// next page that is written comes up in it.
-    void renewView();
     /// The page in the view; null before the view was made.
     WebPage* page() const { return m_page; }
     /// Shows a page that was loaded outside the view, in place of the one that is there.
@@ -123,8 +120,8 @@ protected:
     using Question = std::function<void(std::function<void(const QVariant&)> answer)>;
 
     [[nodiscard]] Answer ask(const Question& question);
-    /// The same of what takes the engine longer: it has so many times the limit, and never more.
-    [[nodiscard]] Answer askAtLength(const Question& question, int times);
+    /// The same without a limit, for what a page that has just answered can't hold up.
+    [[nodiscard]] Answer askAtLength(const Question& question);
     /// Calls a function of surface.js, such as "reveal()", in the page and waits for what it returns.
     [[nodiscard]] Answer call(const QString& function);
     /// The same for what is most likely the first call in a page: it brings surface.js along.

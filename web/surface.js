@@ -26,10 +26,13 @@ HIDDEN.replaceSync(':root { display: none !important }');
 
 function reveal() {
     setOwn('adoptedStyleSheets', []);
-    const range = caretToShow;
+    const caret = caretToShow;
     caretToShow = null;
-    if (range)
-        bringToView(range);
+    if (!caret)
+        return;
+    // A page that gets the keyboard while it is hidden takes the caret for one that is nowhere, and sets its own.
+    getSelection().collapse(caret.startContainer, caret.startOffset);
+    bringToView(caret);
 }
 
 /** An editing command works where the caret is: there has to be one. */
@@ -225,7 +228,10 @@ const TYPING = /^(?:insert(?:Text|Paragraph|LineBreak|CompositionText)|deleteCon
 /** Input that is one step of undo by itself. */
 const ONE_STEP = /^(?:format\w+|insertFromPaste|insertReplacementText|deleteByCut|delete(?:Word|SoftLine|HardLine)(?:Backward|Forward))$/;
 
-/** The steps that undo takes back, the last one last, and those that redo brings again, by what has made them. */
+/**
+ * The steps that undo takes back, the last one last, and those that redo brings again, as { name, start, end }. What is typed
+ * may be several steps for the engine; so it tells what the page was like in front of it and behind it.
+ */
 let stepsDone = [];
 let stepsUndone = [];
 
@@ -247,24 +253,53 @@ function endTypingElsewhere() {
         typedTo = null;
 }
 
-function turnStep(from, to) {
-    if (from.length > 0)
-        to.push(from.pop());
+/** What tells apart the page before something was typed and behind it. */
+const likeness = () => body() ? body().textContent.length + ' ' + body().getElementsByTagName('*').length : '';
+
+let beforeTyping = '';
+
+function noteLikeness(event) {
+    endTypingElsewhere();
+    if (typedTo === null && TYPING.test(event.inputType))
+        beforeTyping = likeness();
+    else if (event.inputType === 'historyUndo')
+        noteEndOfTyping();
+}
+
+function noteEndOfTyping() {
+    const step = stepsDone[stepsDone.length - 1];
+    if (step && step.name === 'typing' && step.end === null)
+        step.end = likeness();
+}
+
+/** Follows an undo to the start of a step, or a redo to its end; the engine may have more to do in one that was typed. */
+function turnStep(from, to, side) {
+    const step = from[from.length - 1];
+    if (!step)
+        return;
+    if (to[to.length - 1] !== step)
+        to.push(step);
+    if (step.name !== 'typing' || likeness() === step[side])
+        from.pop();
 }
 
 function followSteps(event) {
     const type = event.inputType;
     const isTyping = running === '' && TYPING.test(type);
     if (type === 'historyUndo') {
-        turnStep(stepsDone, stepsUndone);
+        turnStep(stepsDone, stepsUndone, 'start');
     } else if (type === 'historyRedo') {
-        turnStep(stepsUndone, stepsDone);
+        turnStep(stepsUndone, stepsDone, 'end');
     } else if (running === '' && !isTyping && !ONE_STEP.test(type)) {
         stepsDone = []; // nobody knows how many there are
         stepsUndone = [];
     } else {
         if (!stepMade && !(isTyping && typedTo))
-            stepsDone.push(running || (isTyping ? 'typing' : type.replace(/^format/, '').toLowerCase()));
+            stepsDone.push({
+                name: running || (isTyping ? 'typing' : type.replace(/^format/, '').toLowerCase()),
+                start: beforeTyping,
+                end: null,
+            });
         stepMade = running !== '';
         stepsUndone = [];
     }
@@ -294,7 +329,7 @@ function listenToSteps() {
     stepsDone = [];
     stepsUndone = [];
     typedTo = null;
-    listen('beforeinput', endTypingElsewhere);
+    listen('beforeinput', noteLikeness);
     listen('selectionchange', endTypingElsewhere);
     listen('input', followSteps);
 }
@@ -566,6 +601,8 @@ return {
         reveal();
         placeCaret();
         const id = name.toLowerCase();
+        if (id === 'undo')
+            noteEndOfTyping();
         return id === 'undo' || id === 'redo' ? command(id, value) : asStep(id, () => command(name, value));
     },
 
@@ -734,7 +771,7 @@ return {
     /** Whether something can be undone, what has made it, whether something can be brought again, and likewise. */
     steps() {
         const can = name => Document.prototype.queryCommandEnabled.call(document, name);
-        const last = steps => steps.length > 0 ? steps[steps.length - 1] : '';
+        const last = steps => steps.length > 0 ? steps[steps.length - 1].name : '';
         return [can('undo'), last(stepsDone), can('redo'), last(stepsUndone)];
     },
 };

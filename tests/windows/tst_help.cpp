@@ -236,6 +236,8 @@ private slots:
     void f1_data();
     void f1();
     void f1GoesToTheSectionAgain();
+    void f1LeadsToTheSearch();
+    void lettersOfTheDesktop();
     void f1OnTheDesignSurface();
     void f1OnTheHelpPage();
     void f1BeforeAnybodyHelps();
@@ -330,6 +332,44 @@ void TestHelp::f1GoesToTheSectionAgain()
     pressF1(main.web);
     QTRY_VERIFY(sectionShows(QStringLiteral("internet")));
     QTRY_COMPARE(inHelp(QStringLiteral("document.getElementById('search').value")).toString(), QString());
+}
+
+/// Whoever presses F1 can type what to look for at once.
+void TestHelp::f1LeadsToTheSearch()
+{
+    MainWindow main;
+    openHelp(main)->Unload();
+    main.web->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(main.web, Patience));
+    pressF1(main.web);
+    QTRY_VERIFY(helpIsInFront());
+    QTRY_VERIFY(sectionShows(QStringLiteral("editor")));
+    QWidget* input = form<FrmHelp>()->WebBrowser1->inputWidget();
+    QTRY_VERIFY(input->hasFocus() && input->testAttribute(Qt::WA_InputMethodEnabled));
+    QTest::keyClicks(input, QStringLiteral("webdings"));
+    QTRY_COMPARE(inHelp(QStringLiteral("document.getElementById('search').value")).toString(), "webdings");
+    QTRY_VERIFY(!visibleSections().contains(QStringLiteral("editor")));
+}
+
+/// Its letters are no smaller than the desktop's.
+void TestHelp::lettersOfTheDesktop()
+{
+    const QFont former = QApplication::font();
+    const auto points = [] {
+        return inHelp(QStringLiteral("parseFloat(getComputedStyle(document.body).fontSize) *"
+                                     " devicePixelRatio"))
+                   .toDouble() *
+               72 / QGuiApplication::primaryScreen()->logicalDotsPerInch();
+    };
+    for (const int size : {9, 14}) {
+        QFont font = former;
+        font.setPointSize(size);
+        QApplication::setFont(font);
+        MainWindow main;
+        openHelp(main);
+        QVERIFY2(qAbs(points() - qMax(12, size)) < 0.2, qPrintable(QString::number(points())));
+    }
+    QApplication::setFont(former);
 }
 
 void TestHelp::f1OnTheDesignSurface()
