@@ -35,7 +35,7 @@ FrmHelp::FrmHelp() : WebBrowser1(new DocumentSurface(this))
 void FrmHelp::showSize()
 {
     constexpr double PagePoints = 12;
-    const double points = QFontInfo(font()).pointSizeF();
+    const double points = font().pointSizeF() > 0 ? font().pointSizeF() : QFontInfo(font()).pointSizeF();
     WebBrowser1->setZoom(qRound(m_zoom.percent() * qMax(1.0, points / PagePoints)));
 }
 

@@ -134,18 +134,15 @@ FrmWeb::FrmWeb() : m_recent(appFile(DataFile::RecentFiles))
     setCaption(m_document->name());
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         new FindBar(surface);
-    setPalette(withReadableSelections(withReadableHints(QPalette(QColor(0xE0, 0xE0, 0xE0)))));
-    for (ComboBox* combo : {Combo1, Combo2, Combo3}) {
+    for (ComboBox* combo : {Combo1, Combo2, Combo3})
         combo->setChoiceActs();
-        QPalette field = palette();
-        field.setColor(QPalette::Base, QColor(0xE0, 0xE0, 0xE0));
-        combo->setPalette(field);
-    }
+    takeColors();
     buildToolbar();
     for (const auto& entry : SurfaceButtons<Ui::FrmWeb>)
         (this->*entry.button)->setIcon(namedIcon(entry.icon, this));
     for (const ButtonIcon& entry : InternetIcons)
         (this->*entry.button)->setIcon(namedIcon(entry.icon, this));
+    sizeSymbols();
 
     auto* textSizes = new QActionGroup(this); // one size at a time is checked
     for (QAction* size : mutextsize->actions())
@@ -190,9 +187,37 @@ FrmWeb::~FrmWeb()
     keepOnFatal(nullptr);
 }
 
+/// A grey of its own on a light desktop; on a dark one it looks like all other windows.
+void FrmWeb::takeColors()
+{
+    const QColor grey(0xE0, 0xE0, 0xE0);
+    const bool isDark = QApplication::palette().color(QPalette::Window).lightness() < 128;
+    setPalette(isDark ? QApplication::palette() : withReadableSelections(withReadableHints(QPalette(grey))));
+    QPalette field = palette();
+    if (!isDark)
+        field.setColor(QPalette::Base, grey);
+    for (ComboBox* combo : {Combo1, Combo2, Combo3})
+        combo->setPalette(field);
+}
+
+/// Symbols are as large beside the letters as they are at 9 points.
+void FrmWeb::sizeSymbols()
+{
+    constexpr int Least = 22;             // pixels
+    constexpr double ToolOfLetters = 1.5; // of a line's height
+    constexpr double ButtonOfLetters = 16.0 / 15;
+    const int line = fontMetrics().height();
+    const int tool = qMax(Least, qRound(line * ToolOfLetters));
+    Toolbar1->setIconSize(QSize(tool, tool));
+    const int small = qMax(16, qRound(line * ButtonOfLetters));
+    for (const auto& entry : SurfaceButtons<Ui::FrmWeb>)
+        (this->*entry.button)->setIconSize(QSize(small, small));
+    for (const ButtonIcon& entry : InternetIcons)
+        (this->*entry.button)->setIconSize(QSize(small, small));
+}
+
 void FrmWeb::buildToolbar()
 {
-    Toolbar1->setIconSize(QSize(22, 22));
     for (const ToolButton& entry : ToolButtons) {
         if (entry.beginsGroup)
             Toolbar1->addSeparator();
@@ -333,11 +358,21 @@ void FrmWeb::resizeEvent(QResizeEvent* event)
     });
 }
 
+bool FrmWeb::event(QEvent* event)
+{
+    return guardedCall([&] {
+        if (event->type() == QEvent::ApplicationPaletteChange)
+            takeColors();
+        return Form::event(event);
+    });
+}
+
 void FrmWeb::changeEvent(QEvent* event)
 {
     guardedCall([&] {
         Form::changeEvent(event);
         if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+            sizeSymbols();
             arrangeFrames();
             placeControls();
         }

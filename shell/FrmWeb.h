@@ -128,6 +128,7 @@ signals:
 protected:
     bool queryUnload() override;
     void resizeEvent(QResizeEvent* event) override;
+    bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -140,6 +141,8 @@ private:
     int percentZoomed() const;
 
     // FrmWeb.cpp
+    void takeColors();
+    void sizeSymbols();
     void buildToolbar();
     void switchTools();
     void connectHandlers();

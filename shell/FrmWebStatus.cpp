@@ -56,7 +56,7 @@ void FrmWeb::connectStatus()
     follow(RichTextBox1, &RichTextBox::Change);
     follow(RichTextBox1, &RichTextBox::SelChange);
     follow(RichTextBox1, &RichTextBox::Click);
-    follow(SSTab1, &SSTab::Click);
+    on(SSTab1, &SSTab::Click, this, &FrmWeb::tellStatus);
     follow(m_spelling, &Spelling::changed);
     follow(m_document.get(), &Document::settled);
     on(&m_journalTimer, &QTimer::timeout, this, [this] { m_statusTimer.start(ShownWhenKept); });

@@ -49,9 +49,8 @@ QMenu* menuOf(DocumentSurface& surface, const SurfaceMenu& wanted, QWidget* pare
         add(QString::fromLatin1(text), keys,
             [&surface, way] { static_cast<void>(surface.paste(way)); }); // the user sees it
     };
-    const SurfaceSteps steps = surface.steps();
-    addStep("&Undo", QKeySequence::Undo, "Undo", steps.canUndo, steps.undo);
-    addStep("&Redo", QKeySequence::Redo, "Redo", steps.canRedo, steps.redo);
+    addStep("&Undo", QKeySequence::Undo, "Undo", wanted.steps.canUndo, wanted.steps.undo);
+    addStep("&Redo", QKeySequence::Redo, "Redo", wanted.steps.canRedo, wanted.steps.redo);
     menu->addSeparator();
     addCommand(QStringLiteral("Cu&t"), QKeySequence::Cut, "Cut");
     addCommand(QStringLiteral("&Copy"), QKeySequence::Copy, "Copy");

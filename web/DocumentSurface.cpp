@@ -34,6 +34,14 @@ QString ownFormat()
     return QStringLiteral("application/x-brindlemark-page");
 }
 
+/// What `steps` of surface.js tells.
+SurfaceSteps stepsOf(const QVariant& told)
+{
+    const QVariantList parts = told.toList();
+    return {parts.value(0).toBool(), parts.value(1).toString(), parts.value(2).toBool(),
+            parts.value(3).toString()};
+}
+
 RuntimeError notPrinted()
 {
     return {ErrorNumber::PathFileAccess, QStringLiteral("The page could not be printed")};
@@ -454,8 +462,16 @@ void DocumentSurface::menuAsked(const QWebEngineContextMenuRequest& request, QPo
 {
     if (!isEditable())
         return;
-    soon(this, [this, menu = SurfaceMenu{place, request.misspelledWord(),
-                                         request.spellCheckerSuggestions()}] { emit menuWanted(menu); });
+    SurfaceMenu menu{place, request.misspelledWord(), request.spellCheckerSuggestions(), {}};
+    // Whoever waits for the page here keeps the engine from looking at its words.
+    callSoon(QStringLiteral("steps()"),
+             [self = QPointer<DocumentSurface>(this), menu](const QVariant& told) mutable {
+                 const EngineCall call;
+                 if (!self)
+                     return;
+                 menu.steps = stepsOf(told);
+                 soon(self, [self, menu] { emit self->menuWanted(menu); });
+             });
 }
 
 void DocumentSurface::replaceMisspelt(const QString& word)
@@ -505,9 +521,7 @@ SurfaceSteps DocumentSurface::steps()
 {
     makeDocument();
     waitForKeys();
-    const QVariantList told = call(QStringLiteral("steps()")).value.value_or(QVariant()).toList();
-    return {told.value(0).toBool(), told.value(1).toString(), told.value(2).toBool(),
-            told.value(3).toString()};
+    return stepsOf(call(QStringLiteral("steps()")).value.value_or(QVariant()));
 }
 
 bool DocumentSurface::selectLetters(qsizetype start, qsizetype end)

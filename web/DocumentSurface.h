@@ -58,6 +58,7 @@ struct SurfaceMenu
     QPoint place;            ///< on the screen
     QString misspelt;        ///< the word there that the engine finds misspelt; empty where there is none
     QStringList suggestions; ///< for that
+    SurfaceSteps steps;
 };
 
 /// The surface of a document: it is written, edited by hand and by commands, and read back. Its operations

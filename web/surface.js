@@ -702,7 +702,7 @@ return {
 
     /** Where the selection begins (see `lettersAhead`). */
     caret() {
-        const range = selectedRange();
+        const range = caretToShow || selectedRange();
         return range && body() ? lettersAhead(range) : [0, false];
     },
 

@@ -356,6 +356,8 @@ void TestFrmLive::zoom()
     QTest::mouseClick(input, Qt::LeftButton, {}, (box.topLeft() + QPointF(10, 5)).toPoint() * 7 / 4);
     QTRY_COMPARE(lineAt(desk, desk.web->selection().start), QByteArray("<P id=p3>"));
 
+    form<FrmLive>()->activateWindow(); // the click has led to the source
+    QVERIFY(QTest::qWaitForWindowActive(form<FrmLive>(), Patience));
     QTest::keyClick(window->windowHandle(), Qt::Key_0, Qt::ControlModifier);
     QTRY_COMPARE(factor(), 100);
     QTRY_COMPARE(width(), 375);

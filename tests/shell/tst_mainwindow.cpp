@@ -124,6 +124,8 @@ private slots:
     void controlsStandOnTheirPages();
     void textsOfControls();
     void designTimeColor();
+    void darkDesktop();
+    void symbolsOfLargeLetters();
 
     // Start
     void startState();
@@ -433,6 +435,9 @@ void TestMainWindow::menuTree()
         "  muinternetline ----",
         "  muaddressclear|Address Lists Clear",
         "muntools|Tools",
+        "  munundo|Undo\tCtrl+Z",
+        "  munredo|Redo\tCtrl+Y",
+        "   ----",
         "  munearlier|Earlier Texts...",
         "  munrecent|Recent Files",
         "  munliveview|Live View...",
@@ -455,6 +460,10 @@ void TestMainWindow::menuTree()
         "  munpastelooks|Paste With Its Looks (disabled)",
         "  munpastehtml|Paste as HTML",
         "   ----",
+        "  munshow|Show in the Editor",
+        "    munlinenumbers|Line Numbers",
+        "    munwhitespace|Blanks and Line Ends",
+        "    munmatchingtag|Tag That Belongs to the One at the Caret",
         "  munoffers|Offer Tags and Colors While Typing (checked)",
         "  munkeys|Keys...",
         "munhelp|Help",
@@ -626,6 +635,54 @@ void TestMainWindow::designTimeColor()
     QCOMPARE(picture.pixelColor(1, window.web->SSTab1->y() - 1), grey);
     for (const QWidget* combo : {window.web->Combo1, window.web->Combo2, window.web->Combo3})
         QCOMPARE(combo->palette().color(QPalette::Base), grey);
+}
+
+/// A dark desktop has no light window; what comes and goes while the program runs too.
+void TestMainWindow::darkDesktop()
+{
+    const QPalette former = QApplication::palette();
+    const QColor grey(0xE0, 0xE0, 0xE0);
+    QPalette dark(QColor(0x35, 0x35, 0x35), QColor(0x2B, 0x2B, 0x2B));
+    dark.setColor(QPalette::Base, QColor(0x1E, 0x1E, 0x1E));
+    {
+        MainWindow window;
+        const auto ground = [&] {
+            return window.web->grab().toImage().pixelColor(1, window.web->SSTab1->y() - 1);
+        };
+        const auto field = [&] { return window.web->Combo3->palette().color(QPalette::Base); };
+        QCOMPARE(ground(), grey);
+        QApplication::setPalette(dark);
+        QTRY_COMPARE(ground(), QColor(0x2B, 0x2B, 0x2B));
+        QCOMPARE(field(), QColor(0x1E, 0x1E, 0x1E));
+        QApplication::setPalette(former);
+        QTRY_COMPARE(ground(), grey);
+        QCOMPARE(field(), grey);
+    }
+    QApplication::setPalette(dark);
+    {
+        const MainWindow window;
+        QCOMPARE(window.web->palette().color(QPalette::Window), QColor(0x2B, 0x2B, 0x2B));
+    }
+    QApplication::setPalette(former);
+}
+
+/// They grow with the desktop's letters.
+void TestMainWindow::symbolsOfLargeLetters()
+{
+    const QFont former = QApplication::font();
+    QFont large = former;
+    large.setPointSizeF(former.pointSizeF() * 2);
+    MainWindow window;
+    const int tool = window.web->Toolbar1->iconSize().height();
+    const int button = window.web->Command1->iconSize().height();
+    QCOMPARE(tool, 22);
+    QApplication::setFont(large);
+    QTRY_VERIFY(window.web->Toolbar1->iconSize().height() > tool * 3 / 2);
+    QVERIFY(window.web->Command1->iconSize().height() > button * 3 / 2);
+    const QWidget* first = window.web->Toolbar1->widgetForAction(window.web->toolbarButton(Tool::New));
+    QVERIFY(first->height() > tool * 3 / 2);
+    QApplication::setFont(former);
+    QTRY_COMPARE(window.web->Toolbar1->iconSize().height(), tool);
 }
 
 // ---- Start

@@ -1543,9 +1543,9 @@ void TestRichTextBox::contextMenu()
     QCOMPARE(f.told(), QStringLiteral("Sel 0+3"));
     choose(openContextMenu(f.box), QStringLiteral("Cut"));
     QCOMPARE(f.told(), QStringLiteral("Change, Sel 0+0"));
-    choose(openContextMenu(f.box), QStringLiteral("Undo"));
+    choose(openContextMenu(f.box), QStringLiteral("Undo: Cut"));
     QCOMPARE(f.box.Text(), QByteArray("abc"));
-    choose(openContextMenu(f.box), QStringLiteral("Redo"));
+    choose(openContextMenu(f.box), QStringLiteral("Redo: Cut"));
     QCOMPARE(f.box.Text(), QByteArray());
     choose(openContextMenu(f.box), QStringLiteral("Paste"));
     QCOMPARE(f.box.Text(), QByteArray("abc"));
@@ -1568,11 +1568,11 @@ void TestRichTextBox::contextMenuOffersWhatIsPossible()
     f.box.setText("abc");
     f.box.setSelLength(1);
     menu = openContextMenu(f.box);
-    QCOMPARE(describe(*menu), QStringLiteral("Undo [Redo] - Cut Copy Paste Delete - Select All"));
+    QCOMPARE(describe(*menu), QStringLiteral("Undo: Typing [Redo] - Cut Copy Paste Delete - Select All"));
     menu->close();
     f.box.setSelLength(0);
     menu = openContextMenu(f.box);
-    QCOMPARE(describe(*menu), QStringLiteral("Undo [Redo] - [Cut] [Copy] Paste [Delete] - Select All"));
+    QCOMPARE(describe(*menu), QStringLiteral("Undo: Typing [Redo] - [Cut] [Copy] Paste [Delete] - Select All"));
     menu->close();
 }
 

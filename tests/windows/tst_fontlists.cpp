@@ -199,7 +199,7 @@ void TestFontLists::ownFaces_data()
 {
     QTest::addColumn<QString>("name");
     QTest::newRow("mono") << "Liberation Mono";
-    QTest::newRow("serif") << "DejaVu Serif";
+    QTest::newRow("serif") << "Liberation Serif";
 }
 
 void TestFontLists::ownFaces()
@@ -226,6 +226,8 @@ void TestFontLists::symbolsAreNamedInLetters()
         const QString name = box->List(row);
         const bool known =
             name == QStringLiteral("D050000L") || name == QStringLiteral("Standard Symbols PS");
+        if (name == box->Text())
+            continue; // it is selected, with a ground of its own
         if (known || !QFontDatabase::writingSystems(name).contains(QFontDatabase::Latin))
             symbols << name;
     }

@@ -98,6 +98,8 @@ bool meantToOverlap(const QWidget* over, const QWidget* under)
         return under->inherits("brindlemark::WebControl");
     if (over->inherits("brindlemark::NoticeBar"))
         return true;
+    if (over->inherits("brindlemark::StatusLine")) // the room below the views is the tabs' too
+        return under->inherits("brindlemark::SSTab");
     const auto* frame = qobject_cast<const QGroupBox*>(under);
     return frame && over->inherits("QCheckBox") && frame->title().startsWith(u' ');
 }

@@ -563,6 +563,7 @@ void TestFrmBuild2::boxesByTheirDrawings()
     QTest::mouseRelease(page->Image0, Qt::LeftButton, {}, QPoint(page->Image0->width() + 4, 4));
     QTest::mousePress(page->Image1, Qt::RightButton);
     QTest::mouseRelease(page->Image0, Qt::LeftButton);
+    QTest::mouseRelease(page->Image1, Qt::RightButton);
     QCOMPARE(page->look().pictureStyle, 1);
     QTest::mouseDClick(page->Image0, Qt::LeftButton);
     QCOMPARE(page->look().pictureStyle, 0);

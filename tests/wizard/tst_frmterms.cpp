@@ -564,7 +564,7 @@ void TestFrmTerms::menuAndKeysPaste()
     take("Select &All");
     QTest::keyClick(editor->WebBrowser1->inputWidget(), Qt::Key_V, Qt::ControlModifier | Qt::ShiftModifier);
     QTRY_COMPARE(bodyOf(editor), QStringLiteral("<P>cash</P>"));
-    take("&Undo");
+    take("&Undo: Paste");
     QTRY_COMPARE(bodyOf(editor), QStringLiteral("<P>pay</P>"));
     take("Select &All");
     take("&Paste");
