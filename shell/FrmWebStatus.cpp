@@ -141,6 +141,7 @@ void FrmWeb::placeStatus()
     const int left = tabs.left() + Frame1->x() + RichTextBox1->x();
     m_status->fitInto(QRect(left, tabs.bottom() - Room + 2, RichTextBox1->width(), Room - 3));
     m_status->raise();
+    tellStatusSoon(); // there may be room for more
 }
 
 } // namespace brindlemark

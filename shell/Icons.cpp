@@ -21,6 +21,9 @@ namespace {
 
 /// The colour in which the files of the icon set are drawn; the ink takes its place.
 constexpr char DrawnInk[] = "#232629";
+/// The red of what closes or ends something, and one that can be seen in a dark window.
+constexpr char DrawnRed[] = "#da4453";
+constexpr char LightRed[] = "#ff9aa4";
 
 class NamedIconEngine : public QIconEngine
 {
@@ -71,7 +74,10 @@ private:
         QFile file(m_file);
         if (!file.open(QIODevice::ReadOnly))
             qWarning("no icon %ls", qUtf16Printable(m_file));
-        QSvgRenderer symbol(file.readAll().replace(DrawnInk, ink.toLatin1()));
+        QByteArray drawing = file.readAll().replace(DrawnInk, ink.toLatin1());
+        if (QColor(ink).lightness() > 128)
+            drawing.replace(DrawnRed, LightRed);
+        QSvgRenderer symbol(drawing);
         QPixmap drawn(size);
         drawn.fill(Qt::transparent);
         QPainter painter(&drawn);

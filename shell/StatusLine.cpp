@@ -46,6 +46,18 @@ void StatusLine::tell(const std::array<QString, Parts>& texts)
             label->setText(texts.at(part));
         label->setVisible(!texts.at(part).isEmpty());
     }
+    leaveOut();
+}
+
+/// What is needed least gives way where there is no room for all.
+void StatusLine::leaveOut()
+{
+    for (const Part part : {Language, Encoding, Zoom, Selected, State}) {
+        if (layout()->sizeHint().width() <= width())
+            break;
+        m_labels.at(part)->hide();
+    }
+    layout()->activate(); // a text that has grown is not cut meanwhile
 }
 
 void StatusLine::fitInto(const QRect& room)
@@ -56,6 +68,7 @@ void StatusLine::fitInto(const QRect& room)
         font.setPixelSize(qMax(1, tallest));
     setFont(font);
     setGeometry(room);
+    leaveOut();
 }
 
 } // namespace brindlemark

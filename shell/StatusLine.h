@@ -25,6 +25,8 @@ public:
     void fitInto(const QRect& room);
 
 private:
+    void leaveOut();
+
     std::array<QLabel*, Parts> m_labels{};
 };
 

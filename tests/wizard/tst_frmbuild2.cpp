@@ -565,7 +565,9 @@ void TestFrmBuild2::boxesByTheirDrawings()
     QTest::mouseRelease(page->Image0, Qt::LeftButton);
     QTest::mouseRelease(page->Image1, Qt::RightButton);
     QCOMPARE(page->look().pictureStyle, 1);
-    QTest::mouseDClick(page->Image0, Qt::LeftButton);
+    QTest::mouseClick(page->Image0, Qt::LeftButton);
+    QTest::mouseDClick(page->Image0, Qt::LeftButton); // the second click of a double one
+    QTest::mouseRelease(page->Image0, Qt::LeftButton);
     QCOMPARE(page->look().pictureStyle, 0);
     QCOMPARE(page->Chk[0]->Value(), 1);
 }
