@@ -25,7 +25,7 @@ constexpr QPoint HighlightTool(280, 38);
 constexpr QPoint WizardTool(380, 38);
 constexpr QPoint FaderTool(450, 38);
 constexpr QPoint RuleTool(574, 38);
-constexpr QPoint SourceBox(60, 400); // where no tool lies over it
+constexpr QPoint SourceBox(30, 400); // where no tool lies over it
 
 /// Which windows get the keyboard, one after the other, as long as the object lives.
 class KeyboardLog
