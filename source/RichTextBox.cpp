@@ -620,7 +620,7 @@ void RichTextBox::setHint(const QString& hint)
         m_hint = new QLabel(viewport());
         m_hint->setAttribute(Qt::WA_TransparentForMouseEvents);
         m_hint->setForegroundRole(QPalette::WindowText); // not that of the viewport's texts
-        m_hint->move(12, 2); // beside the caret
+        m_hint->move(12, 2);                             // beside the caret
         m_hint->setVisible(isEmpty());
     }
     m_hint->setText(hint);

@@ -156,7 +156,8 @@ QString Rules::strangeFiles(const QString& folder)
 {
     static const QRegularExpression own(QStringLiteral(
         "^(web|Ils|Quick|Table|Table2|list2|webstyle|webstyle2|weblst|weblst2|weblst3)\\.ini$|^Help0\\.htm$|"
-        "^Recovered(\\.old)?\\.htm$|^(recent|words)\\.txt$|^Brindlemark-unsaved-\\d+\\.(htm|lock)$|^(page|print)\\.pdf$"));
+        "^Recovered(\\.old)?\\.htm$|^(recent|words)\\.txt$|^Brindlemark-unsaved-\\d+\\.(htm|lock)$|^(page|"
+        "print)\\.pdf$"));
     QStringList strange;
     for (const QString& name : QDir(folder).entryList(QDir::Files | QDir::Hidden)) {
         if (!own.match(name).hasMatch())

