@@ -42,6 +42,7 @@ LetterPlace letterPlaceOf(const TextOfHtml& source, qsizetype byte)
 std::optional<qsizetype> byteOf(const TextOfHtml& source, const LetterPlace& place)
 {
     qsizetype ahead = 0;
+    std::optional<qsizetype> behind;
     for (const TextOfHtml::Piece& piece : source.pieces()) {
         if (piece.isTitle)
             continue;
@@ -50,11 +51,14 @@ std::optional<qsizetype> byteOf(const TextOfHtml& source, const LetterPlace& pla
                 continue;
             if (ahead == place.letters)
                 return placeOf(source, unit).start;
-            if (++ahead == place.letters && place.isBehind)
-                return placeOf(source, unit).end();
+            if (++ahead == place.letters) {
+                behind = placeOf(source, unit).end();
+                if (place.isBehind)
+                    return behind;
+            }
         }
     }
-    return std::nullopt;
+    return behind; // there is no next one
 }
 
 } // namespace brindlemark

@@ -396,7 +396,7 @@ function placeBehind(letters, isBehind) {
                 ++ahead;
         }
     }
-    return null;
+    return isBehind ? null : placeBehind(letters, true); // there is no next one
 }
 
 /** Where the caret was put and is to be brought into view, when the page is laid out. */

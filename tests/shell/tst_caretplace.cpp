@@ -94,6 +94,7 @@ private slots:
     void bytes();
     void thereAndBack();
     void toWhereTheSurfaceIs();
+    void behindAllText();
     void onThePreviewToo();
     void untouchedAtTheBeginning();
     void listingKeepsItsButtons();
@@ -146,7 +147,7 @@ void TestCaretPlace::bytes_data()
     QTest::newRow("behind a reference") << QByteArray("<P>caf&eacute;|s") << LetterPlace{4, true};
     QTest::newRow("title") << QByteArray("<TITLE>brass</TITLE><P>o|ld") << LetterPlace{1, true};
     QTest::newRow("none") << QByteArray("<P>lamp") << LetterPlace{5, true};
-    QTest::newRow("nothing behind") << QByteArray("<P>lamp") << LetterPlace{4, false};
+    QTest::newRow("nothing behind") << QByteArray("<P>lamp|</P>") << LetterPlace{4, false};
 }
 
 void TestCaretPlace::bytes()
@@ -199,6 +200,19 @@ void TestCaretPlace::toWhereTheSurfaceIs()
         QTRY_VERIFY(desk.isInSight());
         desk.showTab(FrmWeb::PreviewTab);
     }
+}
+
+void TestCaretPlace::behindAllText()
+{
+    Desk desk;
+    desk.web->RichTextBox1->setText(longPage());
+    QTest::keyClick(desk.web->RichTextBox1, Qt::Key_End, Qt::ControlModifier);
+    const QByteArray last = "last" + QByteArray::number(desk.source().count("<TABLE>") - 1);
+    desk.showTab(FrmWeb::PreviewTab);
+    QCOMPARE(desk.wordOnSurface(), last);
+    QTRY_VERIFY(desk.isInSightOnSurface());
+    desk.showTab(FrmWeb::EditorTab);
+    QCOMPARE(desk.wordAtCaret(), last);
 }
 
 /// It has no caret, but shows the place.
