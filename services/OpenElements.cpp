@@ -158,12 +158,12 @@ QList<QByteArray> OpenElements::names() const
 {
     QList<QByteArray> seen;
     QList<QByteArray> written;
-    for (auto open = m_open.rbegin(); open != m_open.rend(); ++open) {
-        if (seen.contains(open->name))
-            continue;
-        seen << open->name;
-        written << open->written.toByteArray();
-    }
+    std::for_each(m_open.rbegin(), m_open.rend(), [&](const Open& open) {
+        if (seen.contains(open.name))
+            return;
+        seen << open.name;
+        written << open.written.toByteArray();
+    });
     return written;
 }
 

@@ -20,11 +20,11 @@ struct Offers
 };
 
 /// How much of a text in front of the caret, and behind it, is worth looking at, in bytes: as much as is read
-/// in about a millisecond. In a longer text a comment or a script that is longer isn't noticed, and tags that
+/// in some milliseconds. In a longer text a comment or a script that is longer isn't noticed, and tags that
 /// were opened earlier aren't offered.
-constexpr qsizetype OffersReach = 256 * 1024;
+constexpr qsizetype OffersReach = 262'144;
 /// Where the tag that is being typed must have begun, in bytes in front of the caret.
-constexpr qsizetype OffersNear = 4 * 1024;
+constexpr qsizetype OffersNear = 4096;
 
 /// Whether there may be something to offer behind a text in UTF-8, of which the last `OffersNear` bytes are
 /// looked at. Costs next to nothing where no tag is being typed.

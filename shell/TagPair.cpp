@@ -4,6 +4,10 @@
 
 #include "services/HtmlTokenizer.h"
 
+#include <algorithm>
+#include <optional>
+#include <utility>
+
 namespace brindlemark {
 
 namespace {
@@ -28,14 +32,12 @@ std::vector<TextRange> pairBehind(const std::vector<NamedTag>& tags)
 {
     const NamedTag& last = tags.back();
     int depth = 0;
-    for (auto tag = tags.rbegin(); tag != tags.rend(); ++tag) {
-        if (tag->name != last.name)
-            continue;
-        depth += tag->opens ? -1 : 1;
-        if (depth == 0)
-            return {tag->whole, last.whole};
-    }
-    return {};
+    const auto partner = std::find_if(tags.rbegin(), tags.rend(), [&](const NamedTag& tag) {
+        if (tag.name == last.name)
+            depth += tag.opens ? -1 : 1;
+        return depth == 0;
+    });
+    return partner == tags.rend() ? std::vector<TextRange>() : std::vector{partner->whole, last.whole};
 }
 
 } // namespace
