@@ -183,9 +183,9 @@ void TestFirstDay::typingOnThePages()
     QVERIFY2(QTest::qWaitFor(savesSource, Patience), saved(program).constData());
     Program::type(QStringLiteral("<!-- source -->"));
     program.file(title, QStringLiteral("s"));
-    QTRY_VERIFY2_WITH_TIMEOUT(saved(program).startsWith("<!-- source --><HEAD>"), saved(program).constData(),
-                              Patience);
-    QVERIFY2(saved(program).contains("one two three"), saved(program).constData());
+    // The caret is where it was on the page.
+    QTRY_VERIFY2_WITH_TIMEOUT(saved(program).contains("one two three<!-- source -->"),
+                              saved(program).constData(), Patience);
     program.file(title, QStringLiteral("e"));
     QCOMPARE(program.exitCode(), 0);
 }
