@@ -193,7 +193,8 @@ void TestUndoNames::menuOfTheSource()
     auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     QVERIFY(menu);
     QCOMPARE(Desk::shown(menu->actions().at(0)), "&Undo: Typing\tCtrl+Z");
-    QCOMPARE(Desk::shown(menu->actions().at(1)), "&Redo: Rule\t" + QKeySequence(QKeySequence::Redo).toString());
+    QCOMPARE(Desk::shown(menu->actions().at(1)),
+             "&Redo: Rule\t" + QKeySequence(QKeySequence::Redo).toString());
     menu->actions().at(1)->trigger();
     menu->close();
     QCOMPARE(desk.source(), QByteArray("brass<HR>"));
@@ -260,7 +261,8 @@ void TestUndoNames::stepsOfTheSurface()
     QCOMPARE(desk.tools().at(0), "Undo: Bold\tCtrl+Z");
     desk.web->muntitlecase->trigger();
     QCOMPARE(desk.tools().at(0), "Undo: Letters\tCtrl+Z");
-    QVERIFY2(desk.web->WebBrowser1->innerHtml().contains("<B>Old Brass Lamp</B>"), qPrintable(desk.web->WebBrowser1->innerHtml()));
+    QVERIFY2(desk.web->WebBrowser1->innerHtml().contains("<B>Old Brass Lamp</B>"),
+             qPrintable(desk.web->WebBrowser1->innerHtml()));
     desk.choose(desk.web->muntools, desk.web->munundo);
     QVERIFY(desk.web->WebBrowser1->innerHtml().contains("<B>old brass lamp</B>"));
     QCOMPARE(desk.tools(), QStringList({"Undo: Bold\tCtrl+Z", "Redo: Letters\tCtrl+Y"}));
@@ -281,7 +283,8 @@ void TestUndoNames::pasteIsAStepByItself()
     desk.typeAtCaretOfSurface("one ");
     desk.web->munpastetext->trigger();
     desk.typeAtCaretOfSurface(" two");
-    QVERIFY2(desk.web->WebBrowser1->innerHtml().contains("one lamp two"), qPrintable(desk.web->WebBrowser1->innerHtml()));
+    QVERIFY2(desk.web->WebBrowser1->innerHtml().contains("one lamp two"),
+             qPrintable(desk.web->WebBrowser1->innerHtml()));
     for (const char* rest : {"one lamp-", "one -", "<P>-"}) {
         desk.web->munundo->trigger();
         const QString page = desk.web->WebBrowser1->innerHtml().replace("&nbsp;", " ");

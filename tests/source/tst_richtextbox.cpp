@@ -1572,7 +1572,8 @@ void TestRichTextBox::contextMenuOffersWhatIsPossible()
     menu->close();
     f.box.setSelLength(0);
     menu = openContextMenu(f.box);
-    QCOMPARE(describe(*menu), QStringLiteral("Undo: Typing [Redo] - [Cut] [Copy] Paste [Delete] - Select All"));
+    QCOMPARE(describe(*menu),
+             QStringLiteral("Undo: Typing [Redo] - [Cut] [Copy] Paste [Delete] - Select All"));
     menu->close();
 }
 
