@@ -299,8 +299,7 @@ private:
     void connectUndo();
     bool isEditable() const;
     void muntools_Popup();
-    void munundo_Click();
-    void munredo_Click();
+    void stepBy(void (RichTextBox::*ofSource)(), const char* ofSurface);
 
     // FrmWebJournal.cpp
     void runJournal();

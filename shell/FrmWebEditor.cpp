@@ -14,14 +14,13 @@
 #include "shell/FrmWeb.h"
 #include "shell/Highlight.h"
 #include "shell/SourceOffers.h"
+#include "shell/ToolForm.h"
 
 namespace brindlemark {
 
 namespace {
 
 const QString FontSection = QStringLiteral("Font");
-const QString ToolsSection = QStringLiteral("Tools");
-const QString OffersKey = QStringLiteral("offers");
 
 QString fontSetting(const Profile& settings, const char* key)
 {
@@ -193,10 +192,9 @@ void FrmWeb::ClearHighlight()
     highlight(*RichTextBox1, {.tags = 0, .values = 0, .comments = 0, .scripts = 0, .text = 0});
 }
 
-/// Settings of earlier versions don't have the key: only a "0" turns it off.
 void FrmWeb::connectOffers()
 {
-    munoffers->setChecked(ReadProfile(ToolsSection, OffersKey, webIni()) != QStringLiteral("0"));
+    keepInSettings(munoffers, QStringLiteral("Tools"), QStringLiteral("offers"), true);
     m_offers = std::make_unique<SourceOffers>(*RichTextBox1);
     m_offers->setOn(munoffers->isChecked());
     on(munoffers, &QAction::triggered, this, &FrmWeb::munoffers_Click);
@@ -204,9 +202,7 @@ void FrmWeb::connectOffers()
 
 void FrmWeb::munoffers_Click()
 {
-    const bool isOn = munoffers->isChecked();
-    m_offers->setOn(isOn);
-    WriteProfile(ToolsSection, OffersKey, isOn ? QStringLiteral("1") : QStringLiteral("0"), webIni());
+    m_offers->setOn(munoffers->isChecked());
 }
 
 } // namespace brindlemark

@@ -3,11 +3,11 @@
 // The status line of the main window, and what the source box shows beside its text.
 
 #include "platform/Events.h"
-#include "services/Profile.h"
 #include "shell/FrmWeb.h"
 #include "shell/Spelling.h"
 #include "shell/StatusLine.h"
 #include "shell/TagPair.h"
+#include "shell/ToolForm.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -19,7 +19,6 @@ namespace {
 constexpr int ShownSoon = 100;                 // ms: a key waits for none of it
 constexpr int ShownWhenKept = 1000;            // ms: until the journal has written
 constexpr qsizetype LongestPaired = 2'000'000; // bytes: a longer text can't be walked in a moment
-constexpr char ShowSection[] = "Show";
 
 /// What can be shown beside the text; each is off at first.
 struct Shown
@@ -62,14 +61,8 @@ void FrmWeb::connectStatus()
     on(&m_journalTimer, &QTimer::timeout, this, [this] { m_statusTimer.start(ShownWhenKept); });
     for (const Shown& thing : ShownThings) {
         QAction* entry = this->*thing.entry;
-        const QString section = QString::fromLatin1(ShowSection);
-        const QString key = QString::fromLatin1(thing.key);
-        entry->setChecked(ReadProfile(section, key, webIni()) == QLatin1String("1"));
-        on(entry, &QAction::toggled, this, [this, entry, section, key] {
-            WriteProfile(section, key, entry->isChecked() ? QStringLiteral("1") : QStringLiteral("0"),
-                         webIni());
-            showBesideText();
-        });
+        keepInSettings(entry, QStringLiteral("Show"), QString::fromLatin1(thing.key), false);
+        on(entry, &QAction::toggled, this, &FrmWeb::showBesideText);
     }
     showBesideText();
     tellStatus();

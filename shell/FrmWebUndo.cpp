@@ -14,8 +14,8 @@ namespace brindlemark {
 void FrmWeb::connectUndo()
 {
     on(muntools, &QMenu::aboutToShow, this, &FrmWeb::muntools_Popup);
-    on(munundo, &QAction::triggered, this, &FrmWeb::munundo_Click);
-    on(munredo, &QAction::triggered, this, &FrmWeb::munredo_Click);
+    on(munundo, &QAction::triggered, this, [this] { stepBy(&RichTextBox::undo, "Undo"); });
+    on(munredo, &QAction::triggered, this, [this] { stepBy(&RichTextBox::redo, "Redo"); });
 }
 
 /// Whether the view that is up can be edited: on the tab Preview the design surface alone.
@@ -45,21 +45,13 @@ void FrmWeb::muntools_Popup()
     tell(munredo, "Redo", "Ctrl+Y", steps.canRedo, steps.redo);
 }
 
-void FrmWeb::munundo_Click()
+/// A step back or forth in the view that is up.
+void FrmWeb::stepBy(void (RichTextBox::*ofSource)(), const char* ofSurface)
 {
     if (SSTab1->Tab() == EditorTab) {
-        RichTextBox1->undo();
+        (RichTextBox1->*ofSource)();
     } else if (isEditable()) {
-        surfaceCommand(QStringLiteral("Undo"));
-    }
-}
-
-void FrmWeb::munredo_Click()
-{
-    if (SSTab1->Tab() == EditorTab) {
-        RichTextBox1->redo();
-    } else if (isEditable()) {
-        surfaceCommand(QStringLiteral("Redo"));
+        surfaceCommand(QString::fromLatin1(ofSurface));
     }
 }
 

@@ -21,6 +21,17 @@ void keepInSettings(CheckBox* box, const QString& section, const QString& key)
        [box, section, key] { WriteProfile(section, key, fromNumber(box->Value()), webIni()); });
 }
 
+void keepInSettings(QAction* entry, const QString& section, const QString& key, bool atFirst)
+{
+    const QString on = QStringLiteral("1");
+    const QString off = QStringLiteral("0");
+    const QString kept = ReadProfile(section, key, webIni());
+    entry->setChecked(atFirst ? kept != off : kept == on);
+    brindlemark::on(entry, &QAction::toggled, entry, [entry, section, key, on, off] {
+        WriteProfile(section, key, entry->isChecked() ? on : off, webIni());
+    });
+}
+
 void tellingWantOfMemory(const std::function<void()>& make)
 {
     try {

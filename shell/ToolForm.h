@@ -5,6 +5,8 @@
 
 #include <functional>
 
+class QAction;
+
 namespace brindlemark {
 
 class CheckBox;
@@ -12,6 +14,10 @@ class CheckBox;
 /// Ticks a box where a key of the main settings file is "1", and keeps each later change of the box there as
 /// "1" or "0".
 void keepInSettings(CheckBox* box, const QString& section, const QString& key);
+
+/// The same for a menu entry that can be checked. Where the key has neither, as in settings of an earlier
+/// version, `atFirst` holds.
+void keepInSettings(QAction* entry, const QString& section, const QString& key, bool atFirst);
 
 /// Runs `make`, which makes a page or a part of one. Where memory runs out, it ends there and the user is
 /// told; so `make` must change things only when all is made.

@@ -494,7 +494,6 @@ void RichTextBox::markPair(const std::vector<Range>& pair)
 void RichTextBox::setLineNumbers(bool on)
 {
     m_lineNumbers = on;
-    m_digits = 0;
     fitLineNumbers();
 }
 
@@ -502,7 +501,7 @@ void RichTextBox::setLineNumbers(bool on)
 void RichTextBox::fitLineNumbers()
 {
     const qsizetype digits = m_lineNumbers ? QByteArray::number(qint64{send(SCI_GETLINECOUNT)}).size() : 0;
-    if (digits == m_digits && digits > 0)
+    if (digits == m_digits)
         return;
     m_digits = digits;
     const QByteArray widest(digits + 1, '9');
@@ -600,7 +599,7 @@ void RichTextBox::applyLook()
     const QColor grey = hintColor();
     SendScintilla(SCI_STYLESETFORE, static_cast<unsigned long>(STYLE_LINENUMBER), grey);
     SendScintilla(SCI_SETWHITESPACEFORE, 1UL, grey);
-    m_digits = 0;
+    m_digits = -1; // in another font
     fitLineNumbers();
     colorHint();
 }

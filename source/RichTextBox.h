@@ -324,7 +324,7 @@ private:
 
     bool m_readOnly = false;
     bool m_lineNumbers = false;
-    qsizetype m_digits = 0;    // of the line numbers, for which there is room
+    qsizetype m_digits = 0;    // of the line numbers, for which there is room; -1: not known
     bool m_overtyping = false; // a step of undo is open
     int m_steps = 0;           // how many changes are under way, one inside another
     bool m_textChanged = false;
