@@ -33,8 +33,8 @@ LetterPlace letterPlaceOf(const TextOfHtml& source, qsizetype byte)
         const QStringView ahead =
             QStringView(text).sliced(piece.start, std::min(piece.length, caret - piece.start));
         place.letters += std::ranges::count_if(ahead, isSeen);
-        place.isBehind = caret <= piece.start + piece.length && !ahead.isEmpty() && isSeen(ahead.back()) &&
-                         placeOf(source, caret - 1).end() == byte;
+        place.isBehind =
+            isSeen(ahead.back()) && placeOf(source, piece.start + ahead.size() - 1).end() == byte;
     }
     return place;
 }

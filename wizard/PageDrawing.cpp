@@ -266,7 +266,6 @@ void PictureStyleDrawing::setLook(int pictureStyle, const DrawingColors& colors)
 
 void PictureStyleDrawing::offerClick(bool offered)
 {
-    m_offersClick = offered;
     if (offered) {
         setCursor(Qt::PointingHandCursor);
     } else {
@@ -277,7 +276,7 @@ void PictureStyleDrawing::offerClick(bool offered)
 void PictureStyleDrawing::mousePressEvent(QMouseEvent* event)
 {
     guardedCall([&] {
-        m_pressed = m_offersClick && event->button() == Qt::LeftButton;
+        m_pressed = event->button() == Qt::LeftButton;
         event->setAccepted(m_pressed);
     });
 }

@@ -58,7 +58,6 @@ protected:
 private:
     int m_pictureStyle = 0;
     DrawingColors m_colors;
-    bool m_offersClick = false;
     bool m_pressed = false;
 };
 

@@ -99,6 +99,8 @@ private slots:
     void untouchedAtTheBeginning();
     void listingKeepsItsButtons();
     void letterGoesWhereTheCaretIs();
+    void behindTheLastLetterOfAParagraph();
+    void fromWhereNoLetterIs();
 };
 
 void TestCaretPlace::places_data()
@@ -268,6 +270,30 @@ void TestCaretPlace::letterGoesWhereTheCaretIs()
     QVERIFY2(desk.source().contains("<P>laxmp</P>"), desk.source().constData());
     desk.type("y");
     QVERIFY2(desk.source().contains("<P>laxymp</P>"), desk.source().constData());
+}
+
+/// Not in front of the first letter of the next one.
+void TestCaretPlace::behindTheLastLetterOfAParagraph()
+{
+    Desk desk;
+    desk.web->RichTextBox1->setText("<P>alpha</P><P>beta</P>");
+    desk.web->RichTextBox1->setSelStart(int(qstrlen("<P>alpha")));
+    desk.showTab(FrmWeb::PreviewTab);
+    desk.typeAtCaretOfSurface("x");
+    desk.showTab(FrmWeb::EditorTab);
+    QVERIFY2(desk.source().contains("<P>alphax</P>"), desk.source().constData());
+}
+
+void TestCaretPlace::fromWhereNoLetterIs()
+{
+    Desk desk;
+    desk.web->RichTextBox1->setText("<P>alpha</P><TABLE><TR><TD></TD></TR></TABLE><P>beta</P><P>gamma</P>");
+    desk.showTab(FrmWeb::PreviewTab);
+    QVERIFY(probe(desk.web->WebBrowser1)
+                .evaluate("getSelection().collapse(document.querySelector('td'), 0), true")
+                .has_value());
+    desk.showTab(FrmWeb::EditorTab);
+    QCOMPARE(desk.wordAtCaret(), QByteArray("beta"));
 }
 
 WEB_TEST_MAIN(TestCaretPlace)

@@ -140,6 +140,12 @@ void TestOffers::arrowsThenEnter()
     desk.press(Qt::Key_Return);
     QCOMPARE(desk.source(), Cell + "</TR></TABLE>");
     QVERIFY(!desk.isOpen());
+
+    const Desk other(Cell);
+    other.type("</");
+    other.press(Qt::Key_Up);
+    other.press(Qt::Key_Return);
+    QCOMPARE(other.source(), Cell + "</TABLE>");
 }
 
 void TestOffers::arrowsThenTab()

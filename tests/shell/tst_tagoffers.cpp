@@ -84,6 +84,7 @@ void TestTagOffers::endTags_data()
     row("items within an item", "<ol><li>a<ul><li>b</ul>c</|", ":li> ol>");
     row("terms", "<dl><dt>a<dd>b<dt>c</|", ":dt> dl>");
     row("options", "<select><option>a<option>b</|", ":option> select>");
+    row("an option ends the one before", "<select><option>a<option>b</option></|", ":select>");
     row("groups of options", "<select><optgroup><option>a<optgroup></|", ":optgroup> select>");
     row("cells without an end", "<table><tr><td>a<td>b<tr><th>c</|", ":th> tr> table>");
     row("sections", "<table><thead><tr><td>a<tbody><tr><td>b</|", ":td> tr> tbody> table>");

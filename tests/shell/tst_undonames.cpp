@@ -64,6 +64,7 @@ private slots:
     void stepsOfTheSurface();
     void pasteIsAStepByItself();
     void pageThatComesBack();
+    void typedInSeveralPlaces();
     void chanceOnTheSurface_data();
     void chanceOnTheSurface();
     void whereNothingIsEdited();
@@ -86,6 +87,7 @@ void TestUndoNames::names()
     names.edited("three"); // there is no way back to two
     QCOMPARE(names.redoName(), QString());
     names.undone();
+    QCOMPARE(names.undoName(), "one");
     QCOMPARE(names.redoName(), "three");
     names.redone();
     QCOMPARE(names.undoName(), "three");
@@ -305,6 +307,31 @@ void TestUndoNames::pageThatComesBack()
     QCOMPARE(desk.source(), QByteArray("<P>lamp</P>"));
 }
 
+/// Each place has a step, also where the page is as long behind two of them as it was before.
+void TestUndoNames::typedInSeveralPlaces()
+{
+    Desk desk;
+    desk.showSurface("<P>brass lamp</P>");
+    DocumentSurface* surface = desk.web->WebBrowser1;
+    const auto press = [&](Qt::Key key) {
+        QTest::keyClick(surface->inputWidget(), key);
+        surface->steps(); // the page has the key
+    };
+    desk.typeAtCaretOfSurface("x");
+    press(Qt::Key_Right);
+    press(Qt::Key_Right);
+    press(Qt::Key_Backspace);
+    press(Qt::Key_Right);
+    desk.typeAtCaretOfSurface("y");
+    for (const char* rest : {"xbass lamp", "xbrass lamp", "brass lamp"}) {
+        QCOMPARE(desk.tools().at(0), "Undo: Typing\tCtrl+Z");
+        desk.web->munundo->trigger();
+        QVERIFY2(surface->innerHtml().contains(QLatin1String(">") + QLatin1String(rest)),
+                 qPrintable(surface->innerHtml()));
+    }
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo: Typing\tCtrl+Y"}));
+}
+
 void TestUndoNames::chanceOnTheSurface_data()
 {
     QTest::addColumn<int>("seed");
@@ -375,6 +402,7 @@ void TestUndoNames::whereNothingIsEdited()
     Desk desk;
     desk.type("<P>lamp</P>");
     desk.showTab(FrmWeb::PreviewTab);
+    desk.typeAtCaretOfSurface("old ");
     tick(desk.web->Option2);
     QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
     desk.web->munundo->trigger();

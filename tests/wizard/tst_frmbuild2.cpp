@@ -564,6 +564,9 @@ void TestFrmBuild2::boxesByTheirDrawings()
     QTest::mousePress(page->Image1, Qt::RightButton);
     QTest::mouseRelease(page->Image0, Qt::LeftButton);
     QTest::mouseRelease(page->Image1, Qt::RightButton);
+    QTest::mousePress(page->Image0, Qt::RightButton); // one button down, the other up
+    QTest::mouseRelease(page->Image0, Qt::LeftButton);
+    QTest::mouseRelease(page->Image0, Qt::RightButton);
     QCOMPARE(page->look().pictureStyle, 1);
     QTest::mouseClick(page->Image0, Qt::LeftButton);
     QTest::mouseDClick(page->Image0, Qt::LeftButton); // the second click of a double one
