@@ -9,6 +9,7 @@
 #include "services/Codes.h"
 
 #include <QLineEdit>
+#include <QStyleOptionFrame>
 #include <QToolTip>
 #include <optional>
 
@@ -36,6 +37,18 @@ std::optional<int> channelIn(const QLineEdit& field)
     bool isNumber = false;
     const int value = field.text().toInt(&isNumber);
     return isNumber && value >= 0 && value <= 255 ? std::optional(value) : std::nullopt;
+}
+
+/// How wide a field must be for the longest number.
+int numberWidth(const QLineEdit& field)
+{
+    constexpr int Room = 6; // the margins of the toolkit's fields, and the cursor
+    QStyleOptionFrame look;
+    look.initFrom(&field);
+    look.lineWidth = field.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &look, &field);
+    const QFontMetrics metrics = field.fontMetrics();
+    const QSize number(metrics.horizontalAdvance(QStringLiteral("255")) + Room, metrics.height());
+    return field.style()->sizeFromContents(QStyle::CT_LineEdit, &look, number, &field).width();
 }
 
 } // namespace
@@ -87,6 +100,12 @@ void ColorRow::offerNumbers(QLineEdit* red, QLineEdit* green, QLineEdit* blue)
         field->setToolTip(QStringLiteral("%1, from 0 to 255").arg(QLatin1String(RowChannels.at(i).name)));
         field->setAccessibleName(bar->accessibleName());
     }
+}
+
+void ColorRow::narrowNumbers()
+{
+    for (QLineEdit* field : m_fields)
+        field->setFixedWidth(numberWidth(*field));
 }
 
 int ColorRow::color() const

@@ -29,6 +29,8 @@ public:
     /// From now on, these fields show where the bars stand, and a number from 0 to 255 that is typed there
     /// moves its bar. Other text does nothing and gives way to the bar's number when the field is left.
     void offerNumbers(QLineEdit* red, QLineEdit* green, QLineEdit* blue);
+    /// Makes the fields of `offerNumbers` as narrow as their numbers let them be, for a row that is one line.
+    void narrowNumbers();
 
     /// The colour number of the sample.
     int color() const;

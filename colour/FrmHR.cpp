@@ -37,6 +37,8 @@ FrmHR::FrmHR()
     m_row = new ColorRow(RedG, GreenG, BlueG, FColor1);
     m_row->keepText(&ruleColor);
     m_row->RowHexRefresh();
+    m_row->offerNumbers(NumRed, NumGreen, NumBlue);
+    m_row->narrowNumbers();
 
     on(m_row, &ColorRow::Change, this, &FrmHR::refresh);
     on(m_row, &ColorRow::Scroll, this, &FrmHR::refresh);

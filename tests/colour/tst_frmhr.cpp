@@ -7,6 +7,8 @@
 #include "colour/ColorSample.h"
 #include "colour/FrmHR.h"
 
+#include <QStyleOptionFrame>
+
 using namespace brindlemark;
 
 namespace {
@@ -68,6 +70,8 @@ private slots:
     void fieldsGoOutAsTyped_data();
     void fieldsGoOutAsTyped();
     void colorRow();
+    void colorByNumbers();
+    void numbersHaveRoom();
     void handStaysOffTheSample();
     void addAtTheCaret();
     void closesByItsBox_data();
@@ -281,6 +285,54 @@ void TestFrmHR::colorRow()
     QCOMPARE(window.copied(), QStringLiteral("<HR width=100% size=0 color=#0180FF align=Left>"));
 }
 
+/// By keys alone: a number that is typed moves its bar, and a bar that is moved writes its number.
+void TestFrmHR::colorByNumbers()
+{
+    const Rule window;
+    FrmHR& rule = *window.rule;
+    overtype(rule.NumRed, QStringLiteral("255"));
+    overtype(rule.NumGreen, QStringLiteral("128"));
+    overtype(rule.NumBlue, QStringLiteral("1"));
+    QCOMPARE(rule.RedG->Value(), 255);
+    QCOMPARE(rule.GreenG->Value(), 128);
+    QCOMPARE(rule.BlueG->Value(), 1);
+    QCOMPARE(rule.FColor1->BackColor(), 0x0180FF);
+    QTRY_COMPARE(window.shown("color"), QStringLiteral("#FF8001"));
+    QCOMPARE(window.copied(), QStringLiteral("<HR width=100% size=0 color=#FF8001 align=Left>"));
+
+    QTest::keyClick(rule.NumBlue, Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(rule.focusWidget(), rule.BlueG);
+    QTest::keyClick(rule.BlueG, Qt::Key_Right);
+    QCOMPARE(rule.NumBlue->text(), QStringLiteral("2"));
+    QTest::keyClick(rule.BlueG, Qt::Key_Backtab, Qt::ShiftModifier);
+    QCOMPARE(rule.focusWidget(), rule.NumGreen);
+    QCOMPARE(rule.NumRed->accessibleName(), QStringLiteral("Color of the line, red"));
+    QCOMPARE(rule.NumRed->toolTip(), QStringLiteral("Red, from 0 to 255"));
+    overtype(rule.NumGreen, QStringLiteral("256")); // 2, 25, and no more
+    QCOMPARE(rule.GreenG->Value(), 25);
+    QTest::keyClick(rule.NumGreen, Qt::Key_Tab);
+    QCOMPARE(rule.NumGreen->text(), QStringLiteral("25"));
+    QTRY_COMPARE(window.shown("color"), QStringLiteral("#FF1902"));
+}
+
+/// Each of three digits, behind a bar that a hand can still set.
+void TestFrmHR::numbersHaveRoom()
+{
+    const Rule window;
+    const FrmHR& rule = *window.rule;
+    for (const auto& [bar, field] : {std::pair(rule.RedG, rule.NumRed), std::pair(rule.GreenG, rule.NumGreen),
+                                     std::pair(rule.BlueG, rule.NumBlue)}) {
+        QStyleOptionFrame look;
+        look.initFrom(field);
+        look.lineWidth = field->style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &look, field);
+        const int inner = field->style()->subElementRect(QStyle::SE_LineEditContents, &look, field).width();
+        QVERIFY(inner > field->fontMetrics().horizontalAdvance(QStringLiteral("255")) + 4);
+        QVERIFY2(bar->width() >= 100, qPrintable(QString::number(bar->width())));
+        QVERIFY(bar->geometry().right() < field->x());
+    }
+    QVERIFY(rule.NumBlue->geometry().right() < rule.FColor1->x());
+}
+
 /// Which offers nothing to press here.
 void TestFrmHR::handStaysOffTheSample()
 {
@@ -289,11 +341,12 @@ void TestFrmHR::handStaysOffTheSample()
     rule.Text1->setFocus();
     QTest::mouseClick(rule.FColor1, Qt::LeftButton);
     QCOMPARE(rule.focusWidget(), rule.Text1);
-    for (const auto& [bar, modifier] :
-         {std::pair{rule.BlueG, Qt::NoModifier}, {rule.RedG, Qt::ShiftModifier}}) {
-        bar->setFocus();
-        QTest::keyClick(bar, Qt::Key_Tab, modifier);
-        QVERIFY(rule.focusWidget() != bar);
+    for (const auto& [control, modifier] :
+         {std::pair<QWidget*, Qt::KeyboardModifier>{rule.NumBlue, Qt::NoModifier},
+          {rule.RedG, Qt::ShiftModifier}}) {
+        control->setFocus();
+        QTest::keyClick(control, Qt::Key_Tab, modifier);
+        QVERIFY(rule.focusWidget() != control);
         QVERIFY(rule.focusWidget() != rule.FColor1);
     }
 }
