@@ -2,6 +2,8 @@
 
 #include "services/ElementAttributes.h"
 
+#include "services/Elements.h"
+
 #include <algorithm>
 #include <array>
 
@@ -76,27 +78,16 @@ constexpr AttributeRow Rows[] = {
 constexpr std::array<std::string_view, 7> ColorAttributes = {"alink", "bgcolor", "bordercolor", "color",
                                                              "link",  "text",    "vlink"};
 
-std::vector<std::string_view> wordsOf(std::string_view list)
-{
-    std::vector<std::string_view> words;
-    while (!list.empty()) {
-        const size_t end = std::min(list.find(' '), list.size());
-        words.push_back(list.substr(0, end));
-        list.remove_prefix(std::min(end + 1, list.size()));
-    }
-    return words;
-}
-
 } // namespace
 
 std::vector<std::string_view> attributesOf(QByteArrayView element)
 {
     const std::string_view wanted(element.data(), size_t(element.size()));
-    std::vector<std::string_view> all = wordsOf(OfAll);
+    std::vector<std::string_view> all = partedNames(OfAll);
     for (const AttributeRow& row : Rows) {
-        if (std::ranges::count(wordsOf(row.elements), wanted) == 0)
+        if (std::ranges::count(partedNames(row.elements), wanted) == 0)
             continue;
-        for (const std::string_view attribute : wordsOf(row.attributes))
+        for (const std::string_view attribute : partedNames(row.attributes))
             all.push_back(attribute);
     }
     std::ranges::sort(all);

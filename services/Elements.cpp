@@ -149,6 +149,17 @@ const ElementKind* elementKind(QByteArrayView name)
     return found != std::end(Elements) && found->name == wanted ? found : nullptr;
 }
 
+std::vector<std::string_view> partedNames(std::string_view list)
+{
+    std::vector<std::string_view> names;
+    while (!list.empty()) {
+        const size_t end = std::min(list.find(' '), list.size());
+        names.push_back(list.substr(0, end));
+        list.remove_prefix(std::min(end + 1, list.size()));
+    }
+    return names;
+}
+
 bool isFewTag(QByteArrayView name)
 {
     static constexpr std::array<std::string_view, 12> Few = {"b",   "i", "u",  "em", "strong", "sub",

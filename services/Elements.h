@@ -3,6 +3,7 @@
 
 #include <QByteArrayView>
 #include <string_view>
+#include <vector>
 
 namespace brindlemark {
 
@@ -23,6 +24,9 @@ struct ElementKind
 
 /// The element of that name, which is in lower case; null for one that is unknown.
 const ElementKind* elementKind(QByteArrayView name);
+
+/// The names of a list in which blanks part them.
+std::vector<std::string_view> partedNames(std::string_view list);
 
 /// Whether a site that takes a few tags takes this one: b, i, u, em, strong, sub, sup, p, br, ul, ol, li.
 bool isFewTag(QByteArrayView name);

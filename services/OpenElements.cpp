@@ -34,16 +34,16 @@ constexpr SiblingRow SiblingRows[] = {
      "p", "button object marquee"},
 };
 
-QList<QByteArray> wordsIn(std::string_view list)
-{
-    return QByteArray(list.data(), qsizetype(list.size())).split(' ');
-}
-
 struct Siblings
 {
-    QList<QByteArray> ended;
-    QList<QByteArray> around;
+    std::vector<std::string_view> ended;
+    std::vector<std::string_view> around;
 };
+
+bool isAmong(const QByteArray& name, const std::vector<std::string_view>& names)
+{
+    return std::ranges::find(names, std::string_view(name.data(), size_t(name.size()))) != names.end();
+}
 
 /// What the beginning of an element ends; null: nothing.
 const Siblings* siblingsOf(const QByteArray& beginning)
@@ -51,8 +51,9 @@ const Siblings* siblingsOf(const QByteArray& beginning)
     static const QHash<QByteArray, Siblings> all = [] { // asked for each tag of a page
         QHash<QByteArray, Siblings> made;
         for (const SiblingRow& row : SiblingRows) {
-            for (const QByteArray& name : wordsIn(row.beginning))
-                made.insert(name, {wordsIn(row.ended), wordsIn(row.around)});
+            for (const std::string_view name : partedNames(row.beginning))
+                made.insert(QByteArrayView(name).toByteArray(),
+                            {partedNames(row.ended), partedNames(row.around)});
         }
         return made;
     }();
@@ -126,9 +127,9 @@ void OpenElements::endSiblings(const QByteArray& next)
     size_t from = m_open.size();
     for (size_t i = m_open.size(); i > 0; --i) {
         const QByteArray& name = m_open[i - 1].name;
-        if (isFence(name) || siblings->around.contains(name))
+        if (isFence(name) || isAmong(name, siblings->around))
             break;
-        if (siblings->ended.contains(name))
+        if (isAmong(name, siblings->ended))
             from = i - 1;
     }
     const auto ended = m_open.begin() + std::ptrdiff_t(from);
