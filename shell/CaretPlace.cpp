@@ -22,8 +22,10 @@ TextRange placeOf(const TextOfHtml& source, qsizetype unit)
 
 } // namespace
 
-LetterPlace letterPlaceOf(const TextOfHtml& source, qsizetype byte)
+LetterPlace letterPlaceOf(QByteArrayView html, TextEncoding encoding, qsizetype byte)
 {
+    constexpr qsizetype LongestReference = 64; // bytes: a character reference at the caret is read whole
+    const TextOfHtml source(html, encoding, {0, std::min(byte + LongestReference, html.size())});
     const QString& text = source.text();
     const qsizetype caret = source.unitAt(byte);
     LetterPlace place;

@@ -121,8 +121,8 @@ void FrmWeb::giveCaret(DocumentSurface* surface)
 {
     if (RichTextBox1->SelStart() == 0 || RichTextBox1->TextLength() > LongestWithCaret)
         return;
-    const TextOfHtml source(RichTextBox1->textForNow(), RichTextBox1->textEncoding());
-    const LetterPlace place = letterPlaceOf(source, RichTextBox1->SelStart());
+    const LetterPlace place =
+        letterPlaceOf(RichTextBox1->textForNow(), RichTextBox1->textEncoding(), RichTextBox1->SelStart());
     if (place != LetterPlace())
         surface->setCaretSoon(place);
 }

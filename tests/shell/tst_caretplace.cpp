@@ -119,6 +119,11 @@ void TestCaretPlace::places_data()
     QTest::newRow("in the title") << QByteArray("<TITLE>br|ass</TITLE><P>old") << qsizetype{0} << false;
     QTest::newRow("reference") << QByteArray("<P>caf&eacute;|s") << qsizetype{4} << true;
     QTest::newRow("in a reference") << QByteArray("<P>caf&ea|cute;s") << qsizetype{4} << false;
+    QTest::newRow("in a long reference")
+        << QByteArray("<P>c&Counter|ClockwiseContourIntegral;s") << qsizetype{2} << false;
+    QTest::newRow("in front of a reference") << QByteArray("<P>caf|&eacute;s") << qsizetype{3} << true;
+    QTest::newRow("far in front of the next word")
+        << "<P>lamp|" + QByteArray(200, ' ') + "<P>old" << qsizetype{4} << true;
     QTest::newRow("bytes") << QByteArray("<P>caf\xc3\xa9 s|o") << qsizetype{5} << true;
     QTest::newRow("blanks") << QByteArray("<P> \r\n\t&nbsp;  o|ld") << qsizetype{1} << true;
     QTest::newRow("script") << QByteArray("<SCRIPT>alert</SCRIPT><!-- x -->o|ld") << qsizetype{1} << true;
@@ -132,7 +137,7 @@ void TestCaretPlace::places()
     QFETCH(const bool, isBehind);
     const qsizetype caret = source.indexOf('|');
     source.remove(caret, 1);
-    const LetterPlace place = letterPlaceOf(TextOfHtml(source, TextEncoding::Utf8), caret);
+    const LetterPlace place = letterPlaceOf(source, TextEncoding::Utf8, caret);
     QCOMPARE(place.letters, letters);
     QCOMPARE(place.isBehind, isBehind);
 }
