@@ -260,7 +260,7 @@ void FrmWeb::munpastehtml_Click()
     const QMimeData* clip = doors().clipboard();
     if (!clip)
         return;
-    QString html = clip->hasHtml() ? WebBrowser1->cleaned(clip->text(), clip->html()) : QString();
+    QString html = clip->hasHtml() ? WebBrowser1->cleaned(*clip) : QString();
     if (html.isEmpty()) {
         RichTextBox1->paste();
         return;

@@ -34,6 +34,12 @@ QString ownFormat()
     return QStringLiteral("application/x-brindlemark-page");
 }
 
+/// A paste that is to be clean keeps the looks of what a surface has copied.
+PasteWay wayOf(const QMimeData& clip, PasteWay wanted)
+{
+    return wanted == PasteWay::Clean && clip.hasFormat(ownFormat()) ? PasteWay::WithLooks : wanted;
+}
+
 /// What `steps` of surface.js tells.
 SurfaceSteps stepsOf(const QVariant& told)
 {
@@ -361,10 +367,7 @@ bool DocumentSurface::copySelection()
 bool DocumentSurface::paste(PasteWay way)
 {
     const QMimeData* clip = doors().clipboard();
-    if (!clip)
-        return false;
-    const bool isOwn = way == PasteWay::Clean && clip->hasFormat(ownFormat());
-    return insert(clip->text(), clip->html(), isOwn ? PasteWay::WithLooks : way);
+    return clip && insert(clip->text(), clip->html(), wayOf(*clip, way));
 }
 
 /// Sends the cleaner to a page that has not got it yet.
@@ -374,14 +377,19 @@ bool DocumentSurface::canClean()
            succeeds(QStringLiteral("cleanWith(") + cleanerScript() + u')');
 }
 
-QString DocumentSurface::cleaned(const QString& text, const QString& html)
+QString DocumentSurface::cleaned(const QMimeData& clip)
+{
+    return cleaned(clip.text(), clip.html(), wayOf(clip, PasteWay::Clean));
+}
+
+QString DocumentSurface::cleaned(const QString& text, const QString& html, PasteWay way)
 {
     if (html.isEmpty() || !canClean())
         return QString();
     const qsizetype pageLength = length();
     setLength(pageLength + html.size()); // as in `insert`, but the page stays as long as it is
     const Answer answer = call(QStringLiteral("cleaned(") + literal(text) + u',' + literal(html) + u',' +
-                               literal(false) + u')');
+                               literal(way == PasteWay::WithLooks) + u')');
     setLength(pageLength);
     return answer.value.value_or(QVariant()).toString();
 }

@@ -152,8 +152,9 @@ public:
     void setCaretSoon(const LetterPlace& place);
     /// What undo and redo would do; nothing when nobody answers.
     SurfaceSteps steps();
-    /// The HTML that a paste would insert; empty where it would insert the text.
-    QString cleaned(const QString& text, const QString& html);
+    /// The HTML that a paste of `clip` would insert; empty where it would insert the text.
+    QString cleaned(const QMimeData& clip);
+    QString cleaned(const QString& text, const QString& html, PasteWay way = PasteWay::Clean);
 
     /// The address of the link at the caret; empty when there is none.
     QString currentLink();

@@ -197,6 +197,7 @@ private slots:
     void pastesText();
     void pastesHtml();
     void pasteOfHtmlWithoutHtml();
+    void pasteOfHtmlFromTheSurface();
     void menuOfTheSurface();
 
 private:
@@ -703,6 +704,33 @@ void TestFrmWebWords::pasteOfHtmlWithoutHtml()
     desk.write("x");
     desk.web->munpastehtml->trigger();
     QCOMPARE(desk.source(), QByteArray("a < bx"));
+}
+
+/// What the surface has copied keeps its looks, as on the surface; the same from elsewhere does not.
+void TestFrmWebWords::pasteOfHtmlFromTheSurface()
+{
+    Desk desk;
+    desk.write(
+        "<P class=MsoNormal style=\"mso-x: y; color: red\">a <FONT color=#0000FF>b</FONT></P><P>c</P>");
+    desk.showTab(FrmWeb::PreviewTab);
+    QTRY_VERIFY(desk.web->WebBrowser1->inputWidget());
+    QWidget* input = desk.web->WebBrowser1->inputWidget();
+    QTRY_VERIFY(input->testAttribute(Qt::WA_InputMethodEnabled)); // before that the engine drops keys
+    QTest::keyClick(input, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(input, Qt::Key_C, Qt::ControlModifier);
+    QTRY_VERIFY(desk.doors.clipboard()->hasHtml());
+    const QString copied = desk.doors.clipboard()->html();
+    desk.showTab(FrmWeb::EditorTab);
+    QTest::keyClick(desk.web->RichTextBox1, Qt::Key_A, Qt::ControlModifier);
+    desk.choose(desk.web->muntools, desk.web->munpastehtml);
+    QTRY_VERIFY2(desk.source().contains("<font color=\"#0000FF\">b</font>"), desk.source().constData());
+    QVERIFY2(desk.source().contains("<p class=\"MsoNormal\" style=\"mso-x: y; color: red\">a "),
+             desk.source().constData());
+
+    desk.clip(copied, "a b\nc");
+    QTest::keyClick(desk.web->RichTextBox1, Qt::Key_A, Qt::ControlModifier);
+    desk.choose(desk.web->muntools, desk.web->munpastehtml);
+    QTRY_VERIFY2(desk.source().contains("<p>a b</p>"), desk.source().constData());
 }
 
 void TestFrmWebWords::menuOfTheSurface()
