@@ -2,57 +2,25 @@
 
 #include "platform/DesktopLook.h"
 
+#include "platform/Contrast.h"
 #include "platform/Events.h"
+#include "platform/ProgramStyle.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QHash>
 #include <QPalette>
 #include <QScopedValueRollback>
-#include <algorithm>
-#include <cmath>
 
 namespace brindlemark {
 
 namespace {
-
-/// `part` of the way from one colour to another.
-QColor between(const QColor& from, const QColor& to, float part)
-{
-    const auto mix = [part](float a, float b) { return a + (b - a) * part; };
-    return QColor::fromRgbF(mix(from.redF(), to.redF()), mix(from.greenF(), to.greenF()),
-                            mix(from.blueF(), to.blueF()));
-}
-
-constexpr double Readable = 4.5;
-
-/// The relative luminance of a colour, 0 to 1, as the Web Content Accessibility Guidelines define it.
-double luminance(const QColor& color)
-{
-    const auto linear = [](double channel) {
-        return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor& a, const QColor& b)
-{
-    const auto [darker, lighter] = std::minmax({luminance(a), luminance(b)});
-    return (lighter + 0.05) / (darker + 0.05);
-}
 
 void mendColors()
 {
     // A palette keeps in mind what is the desktop's and what was set: all else still follows the desktop.
     const QPalette desktop = QApplication::palette();
     QApplication::setPalette(withReadableSelections(withReadableHints(desktop)));
-
-    QPalette boxes;
-    const QColor window = desktop.color(QPalette::Window);
-    if (qGray(window.rgb()) < 128)
-        boxes.setColor(QPalette::Base, between(window, desktop.color(QPalette::WindowText), 0.35F));
-    QApplication::setPalette(boxes, "QCheckBox");
-    QApplication::setPalette(boxes, "QRadioButton");
 }
 
 class ColorWatch : public QObject
@@ -132,6 +100,7 @@ QPalette sharedPalette(const QPalette& plain, const QString& name,
 
 void followDesktopLook()
 {
+    QApplication::setStyle(new ProgramStyle);
     mendColors();
     qApp->installEventFilter(new ColorWatch(qApp));
 }

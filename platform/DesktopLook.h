@@ -29,9 +29,9 @@ QColor onWhitePaper(const QColor& color);
 QPalette sharedPalette(const QPalette& plain, const QString& name,
                        const std::function<void(QPalette&)>& change);
 
-/// Makes the desktop's colours fit for all to read, now and whenever they change: selected texts and the
-/// hints of empty fields reach a contrast of 4.5 to 1, and boxes to tick stand out of a dark window. Called
-/// once there is a QApplication.
+/// Makes the desktop's look fit for all to read, now and whenever it changes: selected texts and the hints of
+/// empty fields reach a contrast of 4.5 to 1, and what `ProgramStyle` draws is drawn by it. Called once, when
+/// there is a QApplication.
 void followDesktopLook();
 
 } // namespace brindlemark
