@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "Controls.h"
 #include "MeasuredContrast.h"
-#include "Widgets.h"
 #include "Windows.h"
 #include "web/WebEngine.h"
 
@@ -9,10 +9,7 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
-#include <QStyleOptionGroupBox>
-#include <QTabBar>
 #include <QTest>
 
 using namespace brindlemark;
@@ -27,69 +24,6 @@ constexpr QSize SmallScreen(1366 - 4, 768 - 32);
 /// The least ratio of lightness between a text, or a symbol, and what is behind it.
 constexpr double TextContrast = 4.5;
 constexpr double SymbolContrast = 3;
-
-QString describe(const QWidget* widget)
-{
-    return QStringLiteral("%1 %2").arg(QString::fromLatin1(className(widget)), widget->objectName());
-}
-
-/// What of its own a control shows as words; empty for all others.
-QString wordsOf(const QWidget* widget)
-{
-    if (const auto* label = qobject_cast<const QLabel*>(widget))
-        return label->text();
-    if (const auto* button = qobject_cast<const QAbstractButton*>(widget))
-        return button->text();
-    if (const auto* combo = qobject_cast<const QComboBox*>(widget))
-        return combo->currentText();
-    if (const auto* line = qobject_cast<const QLineEdit*>(widget))
-        return line->displayText() + line->placeholderText();
-    if (const auto* frame = qobject_cast<const QGroupBox*>(widget))
-        return frame->title();
-    return {};
-}
-
-/// The controls of a window that can be seen, without the inner parts of a control.
-QList<QWidget*> seenControls(QWidget* window)
-{
-    QList<QWidget*> seen;
-    for (QWidget* child : window->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (!child->isVisible() || child->isWindow())
-            continue;
-        seen << child;
-        const bool whole = qobject_cast<QComboBox*>(child) || qobject_cast<QAbstractButton*>(child) ||
-                           child->inherits("brindlemark::WebControl") ||
-                           child->inherits("QAbstractScrollArea") || child->inherits("QTabBar");
-        if (!whole)
-            seen << seenControls(child);
-    }
-    return seen;
-}
-
-/// How much room the words of a control lack, in pixels.
-int missingWidth(const QWidget* widget)
-{
-    if (const auto* combo = qobject_cast<const QComboBox*>(widget)) {
-        QStyleOptionComboBox look;
-        look.initFrom(combo);
-        look.editable = combo->isEditable();
-        const QRect field =
-            combo->style()->subControlRect(QStyle::CC_ComboBox, &look, QStyle::SC_ComboBoxEditField, combo);
-        return combo->fontMetrics().horizontalAdvance(combo->currentText()) - field.width();
-    }
-    if (const auto* label = qobject_cast<const QLabel*>(widget); label && label->wordWrap())
-        return label->heightForWidth(label->width()) - label->height();
-    if (const auto* frame = qobject_cast<const QGroupBox*>(widget))
-        return frame->fontMetrics().horizontalAdvance(frame->title()) - frame->width();
-    if (const auto* bar = qobject_cast<const QTabBar*>(widget))
-        return bar->sizeHint().width() - bar->width();
-    const bool hasWords = !wordsOf(widget).isEmpty();
-    if (hasWords && (qobject_cast<const QLabel*>(widget) || qobject_cast<const QAbstractButton*>(widget))) {
-        return qMax(widget->sizeHint().width() - widget->width(),
-                    widget->sizeHint().height() - widget->height());
-    }
-    return 0;
-}
 
 /// The search bar and notices lie on the page, and a box that switches a frame on its caption.
 bool meantToOverlap(const QWidget* over, const QWidget* under)
