@@ -16,6 +16,9 @@ namespace brindlemark {
 
 namespace {
 
+/// The contrast that leaves thin letters one of 4.5 to 1 when they are drawn: their edges are mixed colours.
+constexpr double BehindThinWords = 6;
+
 void mendColors()
 {
     // A palette keeps in mind what is the desktop's and what was set: all else still follows the desktop.
@@ -55,11 +58,9 @@ QPalette withReadableHints(QPalette palette)
 QPalette withReadableSelections(QPalette palette)
 {
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {
+        const QColor words = palette.color(group, QPalette::HighlightedText);
         const QColor back = palette.color(group, QPalette::Highlight);
-        if (contrast(palette.color(group, QPalette::HighlightedText), back) >= Readable)
-            continue;
-        const bool onDark = contrast(Qt::white, back) >= Readable;
-        palette.setColor(group, QPalette::HighlightedText, onDark ? Qt::white : Qt::black);
+        palette.setColor(group, QPalette::Highlight, standingOut(back, words, BehindThinWords));
     }
     return palette;
 }

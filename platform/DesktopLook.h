@@ -13,8 +13,8 @@ namespace brindlemark {
 /// long as its texts have one of 7 to 1.
 QPalette withReadableHints(QPalette palette);
 
-/// A palette whose selected texts have a contrast of at least 4.5 to 1 with what is behind them, also in a
-/// window that isn't active.
+/// A palette whose selected texts have a contrast of at least 6 to 1 with what is behind them, also in a
+/// window that isn't active: drawn, the thin ones among them have 4.5 to 1.
 QPalette withReadableSelections(QPalette palette);
 
 /// `color`, lighter where black words on it would have a contrast of less than 4.5 to 1.

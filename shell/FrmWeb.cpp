@@ -26,6 +26,7 @@
 #include <QFile>
 #include <QLineEdit>
 #include <QScreen>
+#include <algorithm>
 #include <array>
 
 namespace brindlemark {
@@ -328,13 +329,12 @@ void FrmWeb::limitSize()
     constexpr int Beside = (250 + TwipsPerPixel) / TwipsPerPixel;     // of a frame: what `resized` leaves
     constexpr int Below = (50 + 950 + TwipsPerPixel) / TwipsPerPixel; // likewise, of the lowest view
 
-    int width = 0;
-    for (const QWidget* bar : {RegionBar, DesignBar, AddressBar}) {
-        int least = bar->minimumSizeHint().width();
-        for (const auto* list : bar->findChildren<ComboBox*>())
-            least -= list->minimumSizeHint().width() / 3; // the widest, which give way first
-        width = qMax(width, least + 2 * Inset + Beside);
-    }
+    int design = DesignBar->minimumSizeHint().width();
+    for (const ComboBox* list : {Combo1, Combo2})
+        design -= list->minimumSizeHint().width() / 3; // the widest, which give way first
+    const int bars =
+        std::max({RegionBar->minimumSizeHint().width(), design, AddressBar->minimumSizeHint().width()});
+    const int width = bars + 2 * Inset + Beside;
     const int surplus = qMax(0, SSTab1->tabBar()->sizeHint().height() - UsualTabs);
     const int height = MenuBar1->heightForWidth(width) + Toolbar1->sizeHint().height() + surplus +
                        WebBrowser2->y() + LeastView + Below;

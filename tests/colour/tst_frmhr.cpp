@@ -300,6 +300,7 @@ void TestFrmHR::colorByNumbers()
     QTRY_COMPARE(window.shown("color"), QStringLiteral("#FF8001"));
     QCOMPARE(window.copied(), QStringLiteral("<HR width=100% size=0 color=#FF8001 align=Left>"));
 
+    rule.NumBlue->setFocus(); // which the copying took
     QTest::keyClick(rule.NumBlue, Qt::Key_Backtab, Qt::ShiftModifier);
     QCOMPARE(rule.focusWidget(), rule.BlueG);
     QTest::keyClick(rule.BlueG, Qt::Key_Right);
