@@ -39,6 +39,7 @@ FindBar::FindBar(DocumentSurface* surface)
     m_text->setPlaceholderText(QStringLiteral("Find on the page"));
     m_text->setAccessibleName(QStringLiteral("Find on the page"));
     m_text->setMaxLength(std::numeric_limits<int>::max());
+    m_text->setMinimumWidth(m_text->fontMetrics().averageCharWidth() * 24);
     m_count->setMinimumWidth(m_count->fontMetrics().horizontalAdvance(QStringLiteral("000 of 000")));
     auto* previous = button("go-up", QStringLiteral("Previous match (Shift+Enter)"));
     auto* next = button("go-down", QStringLiteral("Next match (Enter)"));
@@ -162,19 +163,12 @@ bool FindBar::eventFilter(QObject* watched, QEvent* event)
     });
 }
 
-/// On a narrow page the field gives way, so that no button lies beside it.
+/// On a narrow page the field, the widest, gives way.
 void FindBar::place()
 {
-    constexpr int UsualLetters = 24;
-    constexpr int LeastLetters = 6;
     constexpr int FromRight = 20; // pixels, the page's bar
     constexpr int FromTop = 4;
-    ensurePolished();
     const QRect page = m_surface->geometry();
-    const int letter = m_text->fontMetrics().averageCharWidth();
-    m_text->setMinimumWidth(letter * UsualLetters);
-    if (sizeHint().width() > page.width())
-        m_text->setMinimumWidth(letter * LeastLetters);
     resize(qMin(sizeHint().width(), page.width()), sizeHint().height());
     move(qMax(page.left(), page.right() - width() - FromRight), page.top() + FromTop);
 }

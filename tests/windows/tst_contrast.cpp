@@ -4,6 +4,7 @@
 #include "MeasuredContrast.h"
 #include "Widgets.h"
 #include "Windows.h"
+#include "shell/NoticeBar.h"
 #include "web/WebEngine.h"
 
 #include <QAbstractButton>
@@ -280,6 +281,7 @@ private slots:
     void words_data();
     void words();
     void entries();
+    void noticeInItsOwnColours();
     void measure_data();
     void measure();
 
@@ -331,6 +333,22 @@ void TestContrast::entries()
     }
     QVERIFY2(seen > 50, qPrintable(QString::number(seen)));
     QVERIFY2(faults.isEmpty(), qPrintable(faults.join(u'\n')));
+}
+
+/// On desktops whose tool tips are dark in a light window, too.
+void TestContrast::noticeInItsOwnColours()
+{
+    NoticeBar bar(nullptr);
+    bar.tell(QStringLiteral("Brass lamp"), {});
+    QPalette palette = bar.palette();
+    palette.setColor(QPalette::WindowText, Qt::black);
+    palette.setColor(QPalette::ToolTipBase, Qt::black);
+    palette.setColor(QPalette::ToolTipText, Qt::white);
+    bar.setPalette(palette);
+    Reader reader(&bar);
+    reader.read(bar.findChild<QLabel*>());
+    QCOMPARE(reader.words().size(), 1);
+    QCOMPARE(hardToRead(pictureOf(&bar), reader.words()), QStringList());
 }
 
 void TestContrast::measure_data()
