@@ -2,6 +2,7 @@
 
 #include "forms/Form.h"
 
+#include "platform/Accessible.h"
 #include "platform/Events.h"
 
 #include <QAction>
@@ -95,6 +96,7 @@ public:
 
 Form::Form(QWidget* parent) : QWidget(parent, Qt::Window)
 {
+    describeContainers();
     m_activation.setSingleShot(true);
     m_activation.setInterval(Moment);
     onInner(&m_activation, &QTimer::timeout, this, &Form::activateAgain);

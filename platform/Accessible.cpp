@@ -8,8 +8,10 @@
 #include <QAbstractSlider>
 #include <QAccessibleWidget>
 #include <QComboBox>
+#include <QFrame>
 #include <QHash>
 #include <QLineEdit>
+#include <QStackedWidget>
 
 namespace brindlemark {
 
@@ -137,6 +139,12 @@ void describeClass(const QMetaObject& type, MakeAccessible make)
     if (makers().isEmpty())
         QAccessible::installFactory(makeDescribed);
     makers().insert(QString::fromLatin1(type.className()), make);
+}
+
+void describeContainers()
+{
+    for (const QMetaObject* type : {&QFrame::staticMetaObject, &QStackedWidget::staticMetaObject})
+        describeClass(*type, accessibleGroup);
 }
 
 QAccessibleInterface* accessibleGraphic(QWidget* widget)

@@ -10,11 +10,17 @@ namespace brindlemark {
 // What screen readers and other assistive tools are told of the program's own kinds of control, where the
 // toolkit's answer for the base class is wrong or says too little.
 
-/// Makes the interface by which such tools see a widget. The toolkit owns it.
+/// Makes the interface by which such tools see a widget. The toolkit owns it. Null leaves the widget to the
+/// toolkit.
 using MakeAccessible = QAccessibleInterface* (*)(QWidget* widget);
 
 /// Has `make` make the interfaces of all widgets of a class. A widget's constructor calls it; once is enough.
 void describeClass(const QMetaObject& type, MakeAccessible make);
+
+/// Has plain frames and stacks of pages told as groups, in all windows that are made from now on. The toolkit
+/// calls the one a frame, which is a window to screen readers: they pass over what has the keyboard in there,
+/// since it is in no window that is up. The other they call out as a "layered pane".
+void describeContainers();
 
 /// A picture.
 QAccessibleInterface* accessibleGraphic(QWidget* widget);

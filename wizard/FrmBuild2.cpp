@@ -150,7 +150,10 @@ void FrmBuild2::stepStyle(int by)
 {
     m_look.style = qBound(0, m_look.style + by, LastStyle);
     Label11->setText(QString::number(m_look.style));
-    Label11->setAccessibleName(QStringLiteral("Design style %1").arg(Label11->text()));
+    const QString told = QStringLiteral("Design style %1").arg(Label11->text());
+    Label11->setAccessibleName(told);
+    for (QToolButton* button : {Command1, Command2}) // which has the keyboard, while the label never has
+        button->setAccessibleDescription(told);
     repaintDrawing();
 }
 

@@ -1564,6 +1564,16 @@ void TestControls::accessibleRoles()
     QCOMPARE(face->child(1)->role(), QAccessible::EditableText);
     for (int i = 0; i < 2; ++i)
         QCOMPARE(face->indexOfChild(face->child(i)), i);
+
+    auto* page = new QWidget; // told by its caption
+    tabs.addTab(page, QString());
+    tabs.setTabText(0, QStringLiteral(" &Payment"));
+    face = QAccessible::queryAccessibleInterface(page);
+    QCOMPARE(face->role(), QAccessible::Grouping);
+    QCOMPARE(face->text(QAccessible::Name), QStringLiteral("Payment"));
+    tabs.removeTab(0);
+    QCOMPARE(face->text(QAccessible::Name), QString());
+    delete page;
 }
 
 QTEST_MAIN(TestControls)

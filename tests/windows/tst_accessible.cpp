@@ -105,6 +105,14 @@ QString nameOf(QAccessibleInterface* face)
     return face->text(QAccessible::Name).trimmed();
 }
 
+/// What a screen reader calls a field: the name of the label that leads to it, if there is one, goes before
+/// its own.
+QString calledOut(QAccessibleInterface* face)
+{
+    const auto labels = face->relations(QAccessible::Label);
+    return labels.isEmpty() ? nameOf(face) : nameOf(labels.constFirst().first);
+}
+
 /// A control of the toolkit without a name of its own is given that of the frame around it.
 bool hasFrameName(QAccessibleInterface* face)
 {
@@ -139,6 +147,8 @@ QAccessible::Role expectedRole(QWidget* widget)
         {"QToolButton", QAccessible::Button},
         {"RichTextBox", QAccessible::EditableText},
         {"ScrollBar", QAccessible::Slider},
+        {"QFrame", QAccessible::Grouping}, // what a screen reader calls a frame is a window
+        {"QStackedWidget", QAccessible::Grouping},
         {"DocumentSurface", QAccessible::Grouping},
         {"InternetBrowser", QAccessible::Grouping},
         {"Sample", QAccessible::Grouping},
@@ -331,9 +341,11 @@ void TestAccessible::controlsAreTold()
         const QString what = widget ? called(widget) : QStringLiteral("part of a control");
         if (name.isEmpty() || hasFrameName(face))
             faults.append(what + QStringLiteral(": no name"));
-        if (names.contains({face->role(), name}))
-            faults.append(QStringLiteral("%1: another one is named \"%2\"").arg(what, name));
-        names.insert({face->role(), name});
+        for (const QString& heard : QSet<QString>{name, calledOut(face)}) {
+            if (names.contains({face->role(), heard}))
+                faults.append(QStringLiteral("%1: another one is named \"%2\"").arg(what, heard));
+            names.insert({face->role(), heard});
+        }
     }
     for (QWidget* widget : tabControls(window)) {
         if (!widgets.contains(widget))
