@@ -12,6 +12,7 @@
 #include <QHash>
 #include <QLineEdit>
 #include <QStackedWidget>
+#include <utility>
 
 namespace brindlemark {
 
@@ -132,6 +133,31 @@ private:
     QLineEdit* lineEdit() const { return combo().lineEdit(); }
 };
 
+/// Holds other things. The toolkit gives it the name of the box around it, which would be called out once
+/// more, and again with each thing in there.
+class AccessibleContainer : public QAccessibleWidget
+{
+public:
+    explicit AccessibleContainer(QWidget* widget) : QAccessibleWidget(widget, QAccessible::Grouping) {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return guardedCall([&]() -> QString {
+            return kind == QAccessible::Name ? widget()->accessibleName() : QAccessibleWidget::text(kind);
+        });
+    }
+    QList<std::pair<QAccessibleInterface*, QAccessible::Relation>>
+    relations(QAccessible::Relation match = QAccessible::AllRelations) const override
+    {
+        return guardedCall([&] { return QAccessibleWidget::relations(match & ~QAccessible::Label); });
+    }
+};
+
+QAccessibleInterface* accessibleContainer(QWidget* widget)
+{
+    return new AccessibleContainer(widget);
+}
+
 } // namespace
 
 void describeClass(const QMetaObject& type, MakeAccessible make)
@@ -144,7 +170,7 @@ void describeClass(const QMetaObject& type, MakeAccessible make)
 void describeContainers()
 {
     for (const QMetaObject* type : {&QFrame::staticMetaObject, &QStackedWidget::staticMetaObject})
-        describeClass(*type, accessibleGroup);
+        describeClass(*type, accessibleContainer);
 }
 
 QAccessibleInterface* accessibleGraphic(QWidget* widget)

@@ -330,6 +330,9 @@ void TestAccessible::controlsAreTold()
             const QAccessible::Role role = expectedRole(widget);
             if (role != QAccessible::NoRole && face->role() != role)
                 faults.append(QStringLiteral("%1: role %2").arg(called(widget)).arg(face->role()));
+            const bool holdsOthers = role == QAccessible::Grouping && !qobject_cast<WebControl*>(widget);
+            if (holdsOthers && (hasFrameName(face) || calledOut(face) != nameOf(face)))
+                faults.append(called(widget) + QStringLiteral(": repeats the name of the frame around it"));
             if (widget->focusProxy() && !qobject_cast<WebControl*>(widget))
                 continue;
         }
