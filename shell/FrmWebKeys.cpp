@@ -190,8 +190,14 @@ int FrmWeb::percentZoomed() const
     return (SSTab1->Tab() == EditorTab ? m_sourceZoom : m_surfaceZoom).percent();
 }
 
+/// The bar has the keyboard then, as after Alt, and gives it back: without it, the keys that follow a menu's
+/// end, or come at an entry that opens none, would go into the text.
 void FrmWeb::openMenuBar()
 {
+    for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyRelease}) {
+        QKeyEvent alt(type, Qt::Key_Alt, Qt::NoModifier);
+        QCoreApplication::sendEvent(this, &alt);
+    }
     MenuBar1->setActiveAction(MenuBar1->actions().constFirst());
 }
 

@@ -24,8 +24,12 @@ const selectedRange = () => getSelection().rangeCount > 0 ? getSelection().getRa
 const HIDDEN = new CSSStyleSheet();
 HIDDEN.replaceSync(':root { display: none !important }');
 
+/** On paper there is no caret. */
+const SHOWN = new CSSStyleSheet();
+SHOWN.replaceSync('@media print { :root { caret-color: transparent !important } }');
+
 function reveal() {
-    setOwn('adoptedStyleSheets', []);
+    setOwn('adoptedStyleSheets', [SHOWN]);
     const caret = caretToShow;
     caretToShow = null;
     if (!caret)
@@ -715,7 +719,7 @@ return {
         getSelection().collapse(node, offset);
         caretToShow = getSelection().getRangeAt(0).cloneRange();
         caretToShow.setEnd(node, Math.min(offset + 1, node.length)); // a caret has no place at the end of a line
-        if (own('adoptedStyleSheets').length === 0)
+        if (own('adoptedStyleSheets')[0] !== HIDDEN)
             reveal();
     },
 

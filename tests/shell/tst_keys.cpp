@@ -91,6 +91,7 @@ private slots:
     void escapeLeadsToTheText_data();
     void escapeLeadsToTheText();
     void menuBar();
+    void menusAreWalkedByKeys();
     void findsAgainInTheEditor();
     void findsAgainOnTheSurface();
     void nothingToFindAgain();
@@ -232,6 +233,44 @@ void TestKeys::menuBar()
         QTRY_COMPARE(QApplication::activePopupWidget(), static_cast<QWidget*>(desk.web->Mnfile));
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Escape);
         QTRY_VERIFY(!QApplication::activePopupWidget());
+    }
+}
+
+/// All round the bar, over the menus that are grey in a view, and back to what had the keyboard.
+void TestKeys::menusAreWalkedByKeys()
+{
+    for (const FrmWeb::Tab tab : {FrmWeb::EditorTab, FrmWeb::InternetTab}) {
+        const Desk desk;
+        QWidget* view = desk.view(tab);
+        const QByteArray before = desk.source();
+        QStringList enabled;
+        for (const QAction* menu : desk.web->MenuBar1->actions()) {
+            if (menu->isEnabled())
+                enabled << menu->text();
+        }
+        QVERIFY(enabled.size() > 4);
+        const auto press = [](Qt::Key key) {
+            QWidget* popup = QApplication::activePopupWidget();
+            QTest::keyClick(popup ? popup : Desk::focus(), key);
+        };
+        desk.press(Qt::Key_F10);
+        for (qsizetype i = 0; i <= enabled.size(); ++i) {
+            const QAction* menu = desk.web->MenuBar1->activeAction();
+            QVERIFY(menu);
+            QCOMPARE(menu->text(), enabled.at(i % enabled.size()));
+            press(Qt::Key_Right);
+            if (desk.web->MenuBar1->activeAction() == menu) // its first entry has a menu, which has opened
+                press(Qt::Key_Right);
+        }
+        press(Qt::Key_Left);
+        press(Qt::Key_Left);
+        QCOMPARE(desk.web->MenuBar1->activeAction()->text(), enabled.constLast());
+        for (int i = 0; i < 2 && desk.web->MenuBar1->activeAction(); ++i)
+            press(Qt::Key_Escape);
+        QVERIFY(!desk.web->MenuBar1->activeAction());
+        QVERIFY(!QApplication::activePopupWidget());
+        QTRY_COMPARE(Desk::focus(), view);
+        QCOMPARE(desk.source(), before);
     }
 }
 

@@ -109,6 +109,7 @@ private slots:
     void previewOfTheSource();
     void documentStaysAsItIs();
     void cancelled();
+    void caretStaysOffThePaper();
     void fileThatIsThere();
     void fileThatCannotBeWritten();
     void printerThatCannotBegin();
@@ -365,6 +366,15 @@ void TestPrint::documentStaysAsItIs()
     QCOMPARE(desk.web->documentName(), "Untitled");
     desk.web->RichTextBox1->undo();
     QCOMPARE(desk.source(), QByteArray("lamp"));
+}
+
+/// Right behind a key it is seen on the screen.
+void TestPrint::caretStaysOffThePaper()
+{
+    Desk desk;
+    desk.show("<P>&nbsp;</P>");
+    desk.typeAtCaretOfSurface(" ");
+    QCOMPARE(dotsOf(pictureOfPaper(desk.pdf()), isDark), QRect());
 }
 
 void TestPrint::cancelled()
