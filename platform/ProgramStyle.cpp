@@ -143,15 +143,6 @@ int ProgramStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, co
     });
 }
 
-int ProgramStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                            QStyleHintReturn* details) const
-{
-    return guardedCall([&] {
-        return hint == SH_Menu_AllowActiveAndDisabled ? 0
-                                                      : QProxyStyle::styleHint(hint, option, widget, details);
-    });
-}
-
 QIcon ProgramStyle::standardIcon(StandardPixmap which, const QStyleOption* option,
                                  const QWidget* widget) const
 {

@@ -6,7 +6,7 @@
 namespace brindlemark {
 
 /// The desktop's style, with what it draws too small or too faint drawn by the program: the symbols of
-/// message boxes, and the boxes and circles that are ticked; and with menus that can be walked by keys.
+/// message boxes, and the boxes and circles that are ticked.
 class ProgramStyle : public QProxyStyle
 {
 public:
@@ -17,9 +17,6 @@ public:
     /// The symbols of message boxes grow with the letters beside them; in pixels.
     int pixelMetric(PixelMetric metric, const QStyleOption* option = nullptr,
                     const QWidget* widget = nullptr) const override;
-    /// The keyboard passes over menus and entries that are disabled: one of the menu bar would end the walk.
-    int styleHint(StyleHint hint, const QStyleOption* option = nullptr, const QWidget* widget = nullptr,
-                  QStyleHintReturn* details = nullptr) const override;
     /// The symbols of message boxes, sharp at every scale.
     QIcon standardIcon(StandardPixmap which, const QStyleOption* option = nullptr,
                        const QWidget* widget = nullptr) const override;

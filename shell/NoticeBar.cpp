@@ -18,7 +18,6 @@ NoticeBar::NoticeBar(QWidget* parent) : QFrame(parent), m_sentence(new QLabel), 
     setFrameShape(QFrame::StyledPanel);
     setAutoFillBackground(true);
     setBackgroundRole(QPalette::ToolTipBase);
-    m_sentence->setForegroundRole(QPalette::ToolTipText);
     m_sentence->setTextFormat(Qt::PlainText); // it may hold the name of a file
     m_sentence->setWordWrap(true);
     auto* layout = new QHBoxLayout(this);
