@@ -9,6 +9,7 @@
 #include "platform/RuntimeError.h"
 #include "services/Messages.h"
 #include "shell/FrmWeb.h"
+#include "shell/PagePrint.h"
 #include "shell/SourcePrint.h"
 
 #include <QBuffer>
@@ -23,7 +24,7 @@ namespace brindlemark {
 
 namespace {
 
-/// Dots an inch in which the engine paints a page on a printer, and for a look at it.
+/// Dots an inch in which a page is painted on a printer, and for a look at it.
 constexpr int PaperResolution = 300;
 constexpr int PreviewResolution = 150;
 
@@ -37,9 +38,9 @@ QPageLayout usualPaper()
             QPageLayout::Millimeter};
 }
 
-std::shared_ptr<QPrinter> newPrinter(const QString& name, int resolution)
+std::unique_ptr<QPrinter> newPrinter(const QString& name, int resolution)
 {
-    auto printer = std::make_shared<QPrinter>(QPrinter::HighResolution);
+    auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setResolution(resolution);
     printer->setPageMargins(PaperMargins, QPageLayout::Millimeter);
     printer->setDocName(name);
@@ -64,14 +65,14 @@ void FrmWeb::munprint_Click()
     if (!doors().printDialog(*printer, choice))
         return;
     keepEditsOfPage();
-    static_cast<void>(printing([&] { printOn(printer); })); // the user knows how it ended
+    static_cast<void>(printing([&] { printOn(*printer); })); // the user knows how it ended
 }
 
 void FrmWeb::munprintpreview_Click()
 {
     keepEditsOfPage(); // once: over the dialog a page that doesn't answer could not be stopped
     const auto printer = newPrinter(printedName(), PreviewResolution);
-    doors().printPreview(*printer, [&] { return printing([&] { printOn(printer); }); });
+    doors().printPreview(*printer, [&] { return printing([&] { printOn(*printer); }); });
 }
 
 void FrmWeb::munpdf_Click()
@@ -116,14 +117,16 @@ bool FrmWeb::printing(const std::function<void()>& print)
 }
 
 /// A file gets what Save as PDF writes, which can be read and searched.
-void FrmWeb::printOn(const std::shared_ptr<QPrinter>& printer)
+void FrmWeb::printOn(QPrinter& printer)
 {
-    if (!printer->outputFileName().isEmpty()) {
-        writeFile(printer->outputFileName(), pdfOfView(printer->pageLayout(), printer->pageRanges()));
+    if (!printer.outputFileName().isEmpty()) {
+        writeFile(printer.outputFileName(), pdfOfView(printer.pageLayout(), printer.pageRanges()));
     } else if (tab() == PreviewTab) {
-        shownSurface()->print(printer);
+        const QByteArray pages = shownSurface()->pdf(printer.pageLayout());
+        LongWork work;
+        printPages(printer, pages, [&work](double done) { work.progress(done); });
     } else {
-        printSourceOn(*printer);
+        printSourceOn(printer);
     }
 }
 

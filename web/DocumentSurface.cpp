@@ -14,7 +14,6 @@
 #include <QMouseEvent>
 #include <QPageLayout>
 #include <QPointer>
-#include <QPrinter>
 #include <QUrl>
 #include <QWebEngineContextMenuRequest>
 #include <QWebEngineFindTextResult>
@@ -46,11 +45,6 @@ SurfaceSteps stepsOf(const QVariant& told)
     const QVariantList parts = told.toList();
     return {parts.value(0).toBool(), parts.value(1).toString(), parts.value(2).toBool(),
             parts.value(3).toString()};
-}
-
-RuntimeError notPrinted()
-{
-    return {ErrorNumber::PathFileAccess, QStringLiteral("The page could not be printed")};
 }
 
 } // namespace
@@ -472,14 +466,10 @@ void DocumentSurface::menuAsked(const QWebEngineContextMenuRequest& request, QPo
         return;
     SurfaceMenu menu{place, request.misspelledWord(), request.spellCheckerSuggestions(), {}};
     // Whoever waits for the page here keeps the engine from looking at its words.
-    callSoon(QStringLiteral("steps()"),
-             [self = QPointer<DocumentSurface>(this), menu](const QVariant& told) mutable {
-                 const EngineCall call;
-                 if (!self)
-                     return;
-                 menu.steps = stepsOf(told);
-                 soon(self, [self, menu] { emit self->menuWanted(menu); });
-             });
+    readSteps([this, menu](const SurfaceSteps& steps) mutable {
+        menu.steps = steps;
+        soon(this, [this, menu] { emit menuWanted(menu); });
+    });
 }
 
 void DocumentSurface::replaceMisspelt(const QString& word)
@@ -532,6 +522,18 @@ SurfaceSteps DocumentSurface::steps()
     return stepsOf(call(QStringLiteral("steps()")).value.value_or(QVariant()));
 }
 
+void DocumentSurface::readSteps(const std::function<void(const SurfaceSteps& steps)>& heard)
+{
+    if (content() == Content::Nothing || isLost())
+        return;
+    callSoon(QStringLiteral("steps()"),
+             [self = QPointer<DocumentSurface>(this), heard](const QVariant& told) {
+                 const EngineCall call;
+                 if (self && told.isValid())
+                     heard(stepsOf(told));
+             });
+}
+
 bool DocumentSurface::selectLetters(qsizetype start, qsizetype end)
 {
     return succeeds(QStringLiteral("selectLetters(%1, %2)").arg(start).arg(end));
@@ -546,48 +548,21 @@ void DocumentSurface::layOutForPaper()
     static_cast<void>(call(isEditable() ? QStringLiteral("reveal()") : QStringLiteral("link()")));
 }
 
-/// The engine ends the program with a renderer that is ended over a print (Qt 6.4). So the page was asked
+/// The engine ends the program with a renderer that is ended over a print (Qt 6.4). So the page is asked
 /// something first, which ends one that hangs, and a print has all the time that it takes.
-QVariant DocumentSurface::answerOnPaper(const Question& question)
-{
-    const Answer answer = askAtLength(question);
-    if (answer.value && !isLost())
-        return *answer.value;
-    lossIsTold();
-    throw SurfaceLost();
-}
-
 QByteArray DocumentSurface::pdf(const QPageLayout& paper)
 {
     layOutForPaper();
-    const QVariant made = answerOnPaper([&](const auto& answer) {
-        page()->printToPdf([answer](const QByteArray& bytes) { answer(bytes); }, paper);
+    const Answer answer = askAtLength([&](const auto& made) {
+        page()->printToPdf([made](const QByteArray& bytes) { made(bytes); }, paper);
     });
-    if (made.toByteArray().isEmpty())
-        throw notPrinted();
-    return made.toByteArray();
-}
-
-void DocumentSurface::print(const std::shared_ptr<QPrinter>& printer)
-{
-    printer->setFromTo(0, 0); // all of it: for pages that aren't there the engine has no answer
-    layOutForPaper();
-    const QVariant printed = answerOnPaper([&](const auto& answer) {
-        auto* view = QWebEngineView::forPage(page());
-        auto* job = new QObject(view);
-        // A thread paints on the printer, which must outlive that, even where nobody waits any more: better
-        // it is never deleted. NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks)
-        auto* const held = new std::shared_ptr<QPrinter>(printer);
-        onInner(view, &QWebEngineView::printFinished, job, [job, held, answer](bool done) {
-            job->deleteLater();
-            delete held;
-            answer(done);
-        });
-        view->print(printer.get());
-        // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
-    });
-    if (!printed.toBool())
-        throw notPrinted();
+    if (!answer.value || isLost()) {
+        lossIsTold();
+        throw SurfaceLost();
+    }
+    if (answer.value->toByteArray().isEmpty())
+        throw RuntimeError(ErrorNumber::PathFileAccess, QStringLiteral("The page could not be printed"));
+    return answer.value->toByteArray();
 }
 
 // ---- Keys and drops --------------------------------------------------------------------------------------

@@ -3,11 +3,8 @@
 
 #include "web/WrittenPage.h"
 
-#include <memory>
-
 class QMimeData;
 class QPageLayout;
-class QPrinter;
 
 namespace brindlemark {
 
@@ -42,8 +39,8 @@ struct LetterPlace
     bool operator==(const LetterPlace&) const = default;
 };
 
-/// What undo and redo would do: by the command, in lower case, "typing", "paste", "letters", "link", or the
-/// engine's name for a kind of input; empty where that isn't known.
+/// What undo and redo would do: by the command, in lower case, "typing", "paste", "letters", "link", the
+/// engine's name for a kind of input, or "edit" where that isn't known; empty where there is nothing.
 struct SurfaceSteps
 {
     bool canUndo = false;
@@ -114,9 +111,6 @@ public:
     /// marks of the spelling. Throws SurfaceLost when the page doesn't answer, RuntimeError(PathFileAccess)
     /// when it can't be laid out so.
     QByteArray pdf(const QPageLayout& paper);
-    /// The same on a printer, as pictures in its resolution. Throws as `pdf`, also when the printer takes no
-    /// page.
-    void print(const std::shared_ptr<QPrinter>& printer);
 
     /// Text size in five steps, 0 smallest to 4 largest; 2 at first. Beyond: the nearest.
     using WrittenPage::setZoom;
@@ -152,6 +146,9 @@ public:
     void setCaretSoon(const LetterPlace& place);
     /// What undo and redo would do; nothing when nobody answers.
     SurfaceSteps steps();
+    /// Calls `heard` with what `steps` would return. Returns at once. When the page can't answer, `heard` is
+    /// not called.
+    void readSteps(const std::function<void(const SurfaceSteps& steps)>& heard);
     /// The HTML that a paste of `clip` would insert; empty where it would insert the text.
     QString cleaned(const QMimeData& clip);
     QString cleaned(const QString& text, const QString& html, PasteWay way = PasteWay::Clean);
@@ -221,7 +218,6 @@ private:
     void makeDocument();
     [[nodiscard]] bool succeeds(const QString& function);
     void layOutForPaper();
-    QVariant answerOnPaper(const Question& question);
     void readEditsAhead(qsizetype pasted = 0);
     [[nodiscard]] bool copySelection();
     [[nodiscard]] bool canClean();

@@ -9,6 +9,7 @@
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "platform/RuntimeError.h"
+#include "shell/PagePrint.h"
 #include "shell/SourcePrint.h"
 
 #include <QFile>
@@ -122,6 +123,8 @@ private slots:
     void whatWasTypedOnThePage();
     void nothingOfTheEditing();
     void rightAfterTheWriting();
+    void sheetsOnAPrinter();
+    void printerThatTakesNoSheet();
     void previewOfAPage();
     void rendererThatDied();
     void rendererThatStopped();
@@ -555,6 +558,55 @@ void TestPrint::rightAfterTheWriting()
     }
     const int width = pictureOfPaper(folder.path("page.pdf")).width(); // of 148 mm
     QVERIFY2(qAbs(width - 874) < 4, qPrintable(QString::number(width)));
+}
+
+/// What fills a page's width is between the margins, on each sheet, also where it lies on its side.
+void TestPrint::sheetsOnAPrinter()
+{
+    const ProgramFolder folder;
+    DocumentSurface surface;
+    surface.show();
+    QVERIFY(
+        surface.write("<BODY style=\"margin:0\"><TABLE width=100% height=400 bgcolor=#ff0000><TR><TD></TABLE>"
+                      "<P style=\"page-break-before:always\"><TABLE width=100% height=400 bgcolor=#0000ff>"
+                      "<TR><TD></TABLE>"));
+    for (const auto orientation : {QPageLayout::Portrait, QPageLayout::Landscape}) {
+        QPrinter printer(QPrinter::HighResolution);
+        printer.setResolution(150);
+        printer.setPageSize(QPageSize(QPageSize::A5)); // 148 by 210 mm
+        printer.setPageOrientation(orientation);
+        printer.setPageMargins(QMarginsF(10, 20, 30, 40), QPageLayout::Millimeter);
+        printer.setOutputFileName(folder.path("sheets.pdf"));
+        double done = 0;
+        printPages(printer, surface.pdf(printer.pageLayout()), [&](double part) { done = part; });
+        QCOMPARE(done, 1.0);
+        const int width = orientation == QPageLayout::Portrait ? 148 : 210;
+        for (const int sheet : {1, 2}) {
+            const QImage paper = pictureOfPaper(folder.path("sheets.pdf"), sheet);
+            const QRect table = dotsOf(paper, sheet == 1 ? isRed : isBlue);
+            const auto inDots = [](double mm) { return int(mm * 150 / 25.4); };
+            QVERIFY2(qAbs(paper.width() - inDots(width)) < 4, qPrintable(QString::number(paper.width())));
+            QVERIFY2(qAbs(table.left() - inDots(10)) < 5, qPrintable(QString::number(table.left())));
+            QVERIFY2(qAbs(table.right() - inDots(width - 30)) < 5,
+                     qPrintable(QString::number(table.right())));
+            if (sheet == 1)
+                QVERIFY2(qAbs(table.top() - inDots(20)) < 5, qPrintable(QString::number(table.top())));
+        }
+    }
+}
+
+void TestPrint::printerThatTakesNoSheet()
+{
+    const ProgramFolder folder;
+    DocumentSurface surface;
+    surface.show();
+    QVERIFY(surface.write("<P>lamp"));
+    QPrinter printer;
+    const QByteArray pdf = surface.pdf(printer.pageLayout());
+    printer.setOutputFileName(folder.path("none/sheets.pdf"));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, printPages(printer, pdf, [](double) {}));
+    printer.setOutputFileName(folder.path("sheets.pdf"));
+    QVERIFY_THROWS_EXCEPTION(RuntimeError, printPages(printer, "no PDF", [](double) {}));
 }
 
 void TestPrint::previewOfAPage()
