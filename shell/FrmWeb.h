@@ -136,6 +136,8 @@ protected:
 private:
     // FrmWebKeys.cpp
     void connectKeys();
+    bool turnsTab(const QKeyEvent& key);
+    bool closesFind(const QKeyEvent& key);
     void zoomSource(int steps);
     void zoomSurfaces(int steps);
     int percentZoomed() const;
@@ -266,7 +268,7 @@ private:
     QString printedName() const;
     void keepEditsOfPage();
     [[nodiscard]] bool printing(const std::function<void()>& print);
-    void printOn(const std::shared_ptr<QPrinter>& printer);
+    void printOn(QPrinter& printer);
     QByteArray pdfOfView(const QPageLayout& paper, const QPageRanges& ranges);
     void printSourceOn(QPagedPaintDevice& device);
 
@@ -299,6 +301,8 @@ private:
     void connectUndo();
     bool isEditable() const;
     void muntools_Popup();
+    void takeSurfaceSteps(const SurfaceSteps& steps);
+    void tellSteps(const SurfaceSteps& steps);
     void stepBy(void (RichTextBox::*ofSource)(), const char* ofSurface);
 
     // FrmWebJournal.cpp
@@ -327,6 +331,7 @@ private:
 
     /// What was last written to a surface, or read from it to be kept: a lost one is made anew from it.
     QString m_lastShown;
+    SurfaceSteps m_surfaceSteps; // of the design surface, as told last, with the names that users know
 
     std::array<QAction*, ToolCount> m_toolButtons{};
 

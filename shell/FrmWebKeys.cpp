@@ -68,7 +68,7 @@ constexpr auto Keys = std::to_array<MainKey>({
     {ViewGroup, "Ctrl+-", "Smaller", [](FrmWeb& main) { main.zoomBy(-1); }},
     {ViewGroup, "Ctrl+0", "As large as at first", [](FrmWeb& main) { main.zoomBy(0); }},
     {ViewGroup, "Ctrl+Tab", "Out of the text to the buttons, and between editor and preview"},
-    {ViewGroup, "Escape", "From the buttons back to the text"},
+    {ViewGroup, "Escape", "From the buttons back to the text; in the text, closes Find"},
     {ViewGroup, "F10", "The menu bar", [](FrmWeb& main) { main.openMenuBar(); }},
     {ViewGroup, "F1", "Help about what is up"},
     {BuildGroup, "Ctrl+Shift+N", "A new listing, page by page", pressTool<Tool::Create>},
@@ -101,7 +101,8 @@ void FrmWeb::connectKeys()
     onInner(RichTextBox1, &RichTextBox::ZoomWanted, this, &FrmWeb::zoomSource);
     for (DocumentSurface* surface : {WebBrowser1, WebBrowser3})
         onInner(surface, &DocumentSurface::zoomWanted, this, &FrmWeb::zoomSurfaces);
-    SSTab1->installEventFilter(this);
+    for (QWidget* watched : std::initializer_list<QWidget*>{SSTab1, RichTextBox1})
+        watched->installEventFilter(this);
 }
 
 void FrmWeb::giveKeyboardToView()
@@ -109,20 +110,38 @@ void FrmWeb::giveKeyboardToView()
     viewThatIsUp()->setFocus();
 }
 
-/// Ctrl+Tab leads to and fro between editor and preview, and never to the Internet, where a stranger's page
-/// would come up.
 bool FrmWeb::eventFilter(QObject* watched, QEvent* event)
 {
     return guardedCall([&] {
-        if (watched != SSTab1 || event->type() != QEvent::KeyPress)
-            return Form::eventFilter(watched, event);
-        const auto& key = *static_cast<QKeyEvent*>(event);
-        const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
-        if (!isTab || !(key.modifiers() & Qt::ControlModifier))
-            return Form::eventFilter(watched, event);
-        SSTab1->setTab(SSTab1->Tab() == EditorTab ? PreviewTab : EditorTab);
-        return true;
+        if (event->type() == QEvent::KeyPress) {
+            const auto& key = *static_cast<QKeyEvent*>(event);
+            if (watched == SSTab1 ? turnsTab(key) : closesFind(key))
+                return true;
+        }
+        return Form::eventFilter(watched, event);
     });
+}
+
+/// Ctrl+Tab leads to and fro between editor and preview, and never to the Internet, where a stranger's page
+/// would come up.
+bool FrmWeb::turnsTab(const QKeyEvent& key)
+{
+    const bool isTab = key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab;
+    if (!isTab || !(key.modifiers() & Qt::ControlModifier))
+        return false;
+    SSTab1->setTab(SSTab1->Tab() == EditorTab ? PreviewTab : EditorTab);
+    return true;
+}
+
+/// A search gives the source the keyboard, and Find stays on top: Escape reaches it from there. What stands
+/// open over the source sees the key before.
+bool FrmWeb::closesFind(const QKeyEvent& key)
+{
+    Find* find = loaded<Find>();
+    if (key.key() != Qt::Key_Escape || !find || !find->isVisible())
+        return false;
+    guarded([find] { find->Unload(); });
+    return true;
 }
 
 /// Escape, which the view that has the keyboard keeps, leads from a button to the text.

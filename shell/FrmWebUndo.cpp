@@ -24,18 +24,32 @@ bool FrmWeb::isEditable() const
     return SSTab1->Tab() == EditorTab || (SSTab1->Tab() == PreviewTab && shownSurface() == WebBrowser1);
 }
 
+/// The page isn't waited for: over that, a menu that keys have opened loses them. Until it answers, the
+/// entries say what it has told last.
 void FrmWeb::muntools_Popup()
 {
-    SurfaceSteps steps;
     if (SSTab1->Tab() == EditorTab) {
         const QString undo = RichTextBox1->undoName();
         const QString redo = RichTextBox1->redoName();
-        steps = {!undo.isEmpty(), undo, !redo.isEmpty(), redo};
+        tellSteps({!undo.isEmpty(), undo, !redo.isEmpty(), redo});
     } else if (isEditable()) {
-        steps = WebBrowser1->steps();
-        steps.undo = stepName(steps.undo);
-        steps.redo = stepName(steps.redo);
+        tellSteps(m_surfaceSteps);
+        WebBrowser1->readSteps([this](const SurfaceSteps& steps) { takeSurfaceSteps(steps); });
+    } else {
+        tellSteps({});
     }
+}
+
+void FrmWeb::takeSurfaceSteps(const SurfaceSteps& steps)
+{
+    m_surfaceSteps = {steps.canUndo, stepName(steps.undo), steps.canRedo, stepName(steps.redo)};
+    if (SSTab1->Tab() == PreviewTab && isEditable())
+        tellSteps(m_surfaceSteps);
+}
+
+/// With the names that users know.
+void FrmWeb::tellSteps(const SurfaceSteps& steps)
+{
     const auto tell = [](QAction* entry, const char* text, const char* key, bool isPossible,
                          const QString& name) {
         entry->setText(withName(QString::fromLatin1(text), name) + u'\t' + QString::fromLatin1(key));

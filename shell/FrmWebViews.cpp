@@ -232,8 +232,10 @@ void FrmWeb::showSource(DocumentSurface* surface)
 /// Shows a document on a surface, or tells the user why that fails.
 void FrmWeb::writeSurface(DocumentSurface* surface, const QString& html)
 {
-    if (surface == WebBrowser1)
+    if (surface == WebBrowser1) {
         m_document->surfaceWritten();
+        m_surfaceSteps = {};
+    }
     m_lastShown = html;
     if (!underHourglass([&] { return surface->write(html); })) {
         showMessage(Messages::PageEnded);

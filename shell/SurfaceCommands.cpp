@@ -73,9 +73,11 @@ QString stepName(const QString& step)
         {"justifycenter", "Center"},
         {"justifyright", "Right"},
     };
+    if (step.isEmpty())
+        return QString();
     const auto* found =
         std::ranges::find_if(Names, [&](const Name& each) { return step == QLatin1String(each.step); });
-    return found == std::ranges::end(Names) ? QString() : QString::fromLatin1(found->name);
+    return QString::fromLatin1(found == std::ranges::end(Names) ? "Edit" : found->name);
 }
 
 std::optional<QString> askForColor()

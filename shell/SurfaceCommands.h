@@ -54,7 +54,7 @@ const char* fontSizeText(const QString& htmlSize);
 /// Asks for the address of the link at the surface's caret and sets it; an empty one removes the link.
 void askForLink(DocumentSurface& surface);
 
-/// What a user calls a step that `SurfaceSteps` tells of; empty for one that has no name.
+/// What a user calls a step that `SurfaceSteps` tells of; "Edit" for one that has no name, empty for none.
 QString stepName(const QString& step);
 
 /// Runs an editing command for the user, who sees on the page what came of it. Where the page is lost, its

@@ -56,6 +56,8 @@ void ReturnedKeys::send()
 
 bool isForWindow(const QKeyEvent& key, const QWidget& window)
 {
+    if (key.key() == Qt::Key_Alt)
+        return true; // let go by itself, it leads to the menu bar
     if (key.modifiers() == Qt::AltModifier && !key.text().isEmpty())
         return true; // comes back to the page where no access key is meant
     // "+" stands with Shift on many keyboards, as other signs do.

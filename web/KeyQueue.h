@@ -44,7 +44,7 @@ private:
     QTimer m_timer;
 };
 
-/// Whether a window has a use for a key: as a shortcut, or perhaps as an access key.
+/// Whether a window has a use for a key: as a shortcut, for its menu bar, or perhaps as an access key.
 bool isForWindow(const QKeyEvent& key, const QWidget& window);
 
 } // namespace brindlemark

@@ -246,6 +246,12 @@ let stepMade = false;
 /** Where the caret stood behind the last letter; null: the next one begins another step. */
 let typedTo = null;
 
+/** Whether nothing was done in the page since it was written: the engine's history may still be that of the one before. */
+let untouched = false;
+
+/** The name of input that is a step by itself. */
+const nameOf = type => /^delete(?!ByCut)/.test(type) ? 'delete' : type.replace(/^format/, '').toLowerCase();
+
 function caret() {
     const { anchorNode, anchorOffset, isCollapsed } = getSelection();
     return isCollapsed && anchorNode ? [anchorNode, anchorOffset] : null;
@@ -288,6 +294,7 @@ function turnStep(from, to, side) {
 }
 
 function followSteps(event) {
+    untouched = false;
     const type = event.inputType;
     const isTyping = running === '' && TYPING.test(type);
     if (type === 'historyUndo') {
@@ -300,7 +307,7 @@ function followSteps(event) {
     } else {
         if (!stepMade && !(isTyping && typedTo))
             stepsDone.push({
-                name: running || (isTyping ? 'typing' : type.replace(/^format/, '').toLowerCase()),
+                name: running || (isTyping ? 'typing' : nameOf(type)),
                 start: beforeTyping,
                 end: null,
             });
@@ -508,6 +515,7 @@ return {
         if (design) {
             placeCaret();
             listenToSteps();
+            untouched = true;
         }
         changesDone = [];
         changesUndone = [];
@@ -772,11 +780,17 @@ return {
         return true;
     },
 
-    /** Whether something can be undone, what has made it, whether something can be brought again, and likewise. */
+    /**
+     * Whether something can be undone, what has made it, whether something can be brought again, and likewise; "edit" where
+     * nobody knows what it is.
+     */
     steps() {
-        const can = name => Document.prototype.queryCommandEnabled.call(document, name);
-        const last = steps => steps.length > 0 ? steps[steps.length - 1].name : '';
-        return [can('undo'), last(stepsDone), can('redo'), last(stepsUndone)];
+        const told = (name, steps) => {
+            const can = !untouched && Document.prototype.queryCommandEnabled.call(document, name);
+            const last = steps[steps.length - 1];
+            return [can, last ? last.name : can ? 'edit' : ''];
+        };
+        return [...told('undo', stepsDone), ...told('redo', stepsUndone)];
     },
 };
 })

@@ -5,6 +5,7 @@
 #include "shell/Find.h"
 
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QScreen>
 #include <QTabBar>
@@ -99,6 +100,7 @@ private slots:
     void positionsAreBytes();
     void unloadForgetsAll();
     void enterFindsAndEscapeCloses();
+    void escapeInTheSourceCloses();
     void isContained();
     void everyControlIsReachedByTab();
 };
@@ -662,6 +664,36 @@ void TestFind::enterFindsAndEscapeCloses()
     QTRY_VERIFY(search.find->Text1->lineEdit()->hasFocus());
     QTest::keyClick(search.find->Text1->lineEdit(), Qt::Key_Escape);
     QVERIFY(!isLoaded<Find>());
+}
+
+/// A search gives the source the keyboard; what stands open there goes first.
+void TestFind::escapeInTheSourceCloses()
+{
+    Search search("lamp <B>word");
+    Search::write(search.find->Text1, QStringLiteral("word"));
+    QTest::keyClick(search.find->Text1->lineEdit(), Qt::Key_Return);
+    const RichTextBox* source = search.web->RichTextBox1;
+    QTRY_VERIFY(source->hasFocus());
+    const auto press = [&](Qt::Key key) { QTest::keyClick(search.web->RichTextBox1, key); };
+    press(Qt::Key_Escape);
+    QVERIFY(!isLoaded<Find>());
+    QCOMPARE(search.selection(), QStringLiteral("8+4"));
+    QVERIFY(source->hasFocus());
+
+    search.press(Tool::Find);
+    QTRY_VERIFY(form<Find>()->Text1->lineEdit()->hasFocus());
+    search.web->activateWindow();
+    QTRY_VERIFY(source->hasFocus());
+    press(Qt::Key_End);
+    search.type(QStringLiteral("</"));
+    const auto* offers = search.web->findChild<QListWidget*>(QStringLiteral("Offers"));
+    QVERIFY(offers && offers->isVisible());
+    press(Qt::Key_Escape);
+    QVERIFY(!offers->isVisible());
+    QVERIFY(isLoaded<Find>());
+    press(Qt::Key_Escape);
+    QVERIFY(!isLoaded<Find>());
+    QCOMPARE(search.source(), QByteArray("lamp <B>word</"));
 }
 
 void TestFind::isContained()

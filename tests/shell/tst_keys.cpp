@@ -91,8 +91,10 @@ private slots:
     void escapeLeadsToTheText_data();
     void escapeLeadsToTheText();
     void menuBar();
+    void altLeadsToTheMenuBar();
     void menusAreWalkedByKeys();
     void findsAgainInTheEditor();
+    void findsAgainOnTheSurface_data();
     void findsAgainOnTheSurface();
     void nothingToFindAgain();
     void replaces();
@@ -236,10 +238,25 @@ void TestKeys::menuBar()
     }
 }
 
+/// Pressed and let go, and again.
+void TestKeys::altLeadsToTheMenuBar()
+{
+    for (const FrmWeb::Tab tab : {FrmWeb::EditorTab, FrmWeb::PreviewTab, FrmWeb::InternetTab}) {
+        const Desk desk;
+        QWidget* view = desk.view(tab);
+        QTest::keyClick(view, Qt::Key_Alt);
+        QTRY_COMPARE(Desk::focus(), static_cast<QWidget*>(desk.web->MenuBar1));
+        QCOMPARE(desk.web->MenuBar1->activeAction(), desk.web->Mnfile->menuAction());
+        QTest::keyClick(desk.web->MenuBar1, Qt::Key_Alt);
+        QTRY_COMPARE(Desk::focus(), view);
+        QVERIFY(!desk.web->MenuBar1->activeAction());
+    }
+}
+
 /// All round the bar, over the menus that are grey in a view, and back to what had the keyboard.
 void TestKeys::menusAreWalkedByKeys()
 {
-    for (const FrmWeb::Tab tab : {FrmWeb::EditorTab, FrmWeb::InternetTab}) {
+    for (const FrmWeb::Tab tab : {FrmWeb::EditorTab, FrmWeb::PreviewTab, FrmWeb::InternetTab}) {
         const Desk desk;
         QWidget* view = desk.view(tab);
         const QByteArray before = desk.source();
@@ -312,12 +329,25 @@ void TestKeys::findsAgainInTheEditor()
              QStringList({"MsgBox|Not found|'globe' cannot be found.|Exclamation|Ok"}));
 }
 
+void TestKeys::findsAgainOnTheSurface_data()
+{
+    QTest::addColumn<bool>("design");
+    QTest::newRow("design") << true;
+    QTest::newRow("preview") << false;
+}
+
 void TestKeys::findsAgainOnTheSurface()
 {
+    QFETCH(const bool, design);
     const Desk desk;
     desk.view(FrmWeb::PreviewTab);
+    if (!design) {
+        tick(desk.web->Option2);
+        desk.view(FrmWeb::PreviewTab);
+    }
     desk.press(Qt::CTRL | Qt::Key_F);
-    auto* bar = desk.web->findChild<FindBar*>(QStringLiteral("WebBrowser1FindBar"));
+    auto* bar = desk.web->findChild<FindBar*>(design ? QStringLiteral("WebBrowser1FindBar")
+                                                     : QStringLiteral("WebBrowser3FindBar"));
     QTRY_VERIFY(bar->isVisible());
     auto* field = bar->findChild<QLineEdit*>();
     const auto count = [&] { return bar->findChild<QLabel*>()->text(); };

@@ -5,6 +5,7 @@
 
 #include "MainWindow.h"
 #include "Random.h"
+#include "WebProbe.h"
 #include "WebTestMain.h"
 #include "Widgets.h"
 #include "shell/SurfaceCommands.h"
@@ -13,6 +14,7 @@
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QTest>
 
@@ -29,7 +31,9 @@ struct Desk : MainWindow
     }
     QStringList tools() const
     {
+        waitForSurface(); // it has what was typed
         emit web->muntools->aboutToShow();
+        waitForSurface(); // it answers behind what the menu asks
         return {shown(web->munundo), shown(web->munredo)};
     }
     void clip(const QString& text)
@@ -44,7 +48,20 @@ struct Desk : MainWindow
         web->RichTextBox1->setText(html);
         showTab(FrmWeb::PreviewTab);
     }
+
+private:
+    void waitForSurface() const
+    {
+        if (web->SSTab1->Tab() == FrmWeb::PreviewTab)
+            web->WebBrowser1->steps();
+    }
 };
+
+/// Whether the page knows what a step is.
+bool isKnown(const QString& step)
+{
+    return !step.isEmpty() && step != QLatin1String("edit");
+}
 
 } // namespace
 
@@ -63,7 +80,11 @@ private slots:
     void chanceInTheSource();
     void stepsOfTheSurface();
     void pasteIsAStepByItself();
+    void deletedWords();
+    void stepThatNobodyKnows();
+    void openMenuIsTold();
     void pageThatComesBack();
+    void pageThatIsShownAnew();
     void typedInSeveralPlaces();
     void chanceOnTheSurface_data();
     void chanceOnTheSurface();
@@ -295,6 +316,47 @@ void TestUndoNames::pasteIsAStepByItself()
     QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo: Typing\tCtrl+Y"}));
 }
 
+void TestUndoNames::deletedWords()
+{
+    Desk desk;
+    desk.showSurface("<P>lamp</P>");
+    desk.typeAtCaretOfSurface("old brass");
+    QTest::keyClick(desk.web->WebBrowser1->inputWidget(), Qt::Key_Backspace, Qt::ControlModifier);
+    QCOMPARE(desk.tools().at(0), "Undo: Delete\tCtrl+Z");
+    QVERIFY(!desk.web->WebBrowser1->innerHtml().contains("brass"));
+}
+
+/// What can be undone has a name always.
+void TestUndoNames::stepThatNobodyKnows()
+{
+    QCOMPARE(stepName("nosuchstep"), "Edit");
+    QCOMPARE(stepName(QString()), QString());
+    Desk desk;
+    desk.showSurface("<P>lamp</P>");
+    desk.typeAtCaretOfSurface("old ");
+    QVERIFY(probe(desk.web->WebBrowser1).evaluate("document.execCommand('insertUnorderedList')").has_value());
+    QVERIFY(desk.web->WebBrowser1->innerHtml().contains("<UL>"));
+    QCOMPARE(desk.tools(), QStringList({"Undo: Edit\tCtrl+Z", "Redo\tCtrl+Y-"}));
+    desk.web->munundo->trigger();
+    QVERIFY(!desk.web->WebBrowser1->innerHtml().contains("<UL>"));
+    QCOMPARE(desk.tools().at(1), "Redo: Edit\tCtrl+Y");
+}
+
+/// The page answers when the menu has opened.
+void TestUndoNames::openMenuIsTold()
+{
+    Desk desk;
+    desk.showSurface("<P>lamp</P>");
+    desk.typeAtCaretOfSurface("old ");
+    const QMenuBar* bar = desk.web->MenuBar1;
+    QTest::mouseClick(desk.web->MenuBar1, Qt::LeftButton, {},
+                      bar->actionGeometry(desk.web->muntools->menuAction()).center());
+    QTRY_COMPARE(QApplication::activePopupWidget(), static_cast<QWidget*>(desk.web->muntools));
+    QTRY_COMPARE(Desk::shown(desk.web->munundo), "Undo: Typing\tCtrl+Z");
+    QCOMPARE(Desk::shown(desk.web->munredo), "Redo\tCtrl+Y-");
+    QTest::keyClick(desk.web->muntools, Qt::Key_Escape);
+}
+
 /// In the source, all that was edited on the surface is one step.
 void TestUndoNames::pageThatComesBack()
 {
@@ -305,6 +367,22 @@ void TestUndoNames::pageThatComesBack()
     QCOMPARE(desk.tools().at(0), "Undo: Edits in Preview\tCtrl+Z");
     desk.web->munundo->trigger();
     QCOMPARE(desk.source(), QByteArray("<P>lamp</P>"));
+}
+
+/// Undo doesn't reach behind it.
+void TestUndoNames::pageThatIsShownAnew()
+{
+    Desk desk;
+    desk.showSurface("<P>lamp</P>");
+    desk.typeAtCaretOfSurface("old ");
+    QCOMPARE(desk.tools().at(0), "Undo: Typing\tCtrl+Z");
+    desk.showTab(FrmWeb::EditorTab);
+    desk.showTab(FrmWeb::PreviewTab);
+    emit desk.web->muntools->aboutToShow();
+    QCOMPARE(Desk::shown(desk.web->munundo), "Undo\tCtrl+Z-"); // before the page answers
+    QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
+    desk.typeAtCaretOfSurface("very ");
+    QCOMPARE(desk.tools().at(0), "Undo: Typing\tCtrl+Z");
 }
 
 /// Each place has a step, also where the page is as long behind two of them as it was before.
@@ -380,7 +458,7 @@ void TestUndoNames::chanceOnTheSurface()
     int steps = 0;
     while (surface->steps().canUndo) {
         const SurfaceSteps now = surface->steps();
-        QVERIFY2(!now.undo.isEmpty(), "a step without a name");
+        QVERIFY2(isKnown(now.undo), "a step without a name");
         desk.command("Undo");
         QCOMPARE(surface->steps().redo, now.undo);
         QVERIFY(++steps < 100);
@@ -388,7 +466,7 @@ void TestUndoNames::chanceOnTheSurface()
     QCOMPARE(surface->steps().undo, QString());
     QVERIFY(steps > 5);
     while (surface->steps().canRedo) {
-        QVERIFY(!surface->steps().redo.isEmpty());
+        QVERIFY(isKnown(surface->steps().redo));
         desk.command("Redo");
         --steps;
     }
@@ -403,6 +481,7 @@ void TestUndoNames::whereNothingIsEdited()
     desk.type("<P>lamp</P>");
     desk.showTab(FrmWeb::PreviewTab);
     desk.typeAtCaretOfSurface("old ");
+    QCOMPARE(desk.tools().at(0), "Undo: Typing\tCtrl+Z");
     tick(desk.web->Option2);
     QCOMPARE(desk.tools(), QStringList({"Undo\tCtrl+Z-", "Redo\tCtrl+Y-"}));
     desk.web->munundo->trigger();
