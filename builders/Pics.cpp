@@ -54,7 +54,7 @@ Pics::Pics()
         on(this->*entry.option, &OptionButton::MouseUp, this, &Pics::Command2_Click);
     }
     on(CmdBrowse, &QPushButton::clicked, this, &Pics::CmdBrowse_Click);
-    takePastedAddress(Text1);
+    takeWholeAddress(Text1);
     on(Check1, &CheckBox::Click, this, &Pics::Check1_Click);
     on(ChkP, &CheckBox::Click, this, &Pics::ChkP_Click);
     on(Command1, &QPushButton::clicked, this, &Pics::Command1_Click);

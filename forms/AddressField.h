@@ -10,8 +10,9 @@ namespace brindlemark {
 /// What a field for an address holds before anything is typed.
 inline const QString BlankAddress = QStringLiteral("http://");
 
-/// Makes what is pasted into a field behind or in front of its `BlankAddress` the whole address, when it is
-/// one. Typing is left alone.
-void takePastedAddress(QLineEdit* field);
+/// Makes an address with a scheme of its own that comes into a field behind its `BlankAddress`, or by a paste
+/// in front of it, the whole text: typing does so with the "://" of the scheme. Undo takes that back by
+/// itself.
+void takeWholeAddress(QLineEdit* field);
 
 } // namespace brindlemark

@@ -69,6 +69,11 @@ std::function<void(const Form&)>& helpShower()
     return show;
 }
 
+bool isEnter(const QKeyEvent& key)
+{
+    return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
 /// Leaves Escape to what is open over a window. The toolkit would ask the window's actions as well: a
 /// drop-down list closes when it is asked whether it wants the key, without saying that it does.
 class PopupEscape : public QObject
@@ -255,6 +260,7 @@ void Form::Unload()
 void Form::setDefaultButton(QPushButton* button)
 {
     button->setDefault(true); // looks like the one that Enter presses
+    button->installEventFilter(this);
     m_default = button;
 }
 
@@ -301,6 +307,18 @@ void Form::closeEvent(QCloseEvent* event)
     });
 }
 
+/// A default button that has the focus takes Enter by itself.
+bool Form::eventFilter(QObject* watched, QEvent* event)
+{
+    return guardedCall([&] {
+        if (watched == m_default && event->type() == QEvent::KeyPress) {
+            const auto* key = static_cast<QKeyEvent*>(event);
+            return isEnter(*key) && key->isAutoRepeat();
+        }
+        return QWidget::eventFilter(watched, event);
+    });
+}
+
 /// What Enter presses: a button that has the focus, such as Cancel, comes before the window's own. Boxes and
 /// options are for the space bar.
 QAbstractButton* Form::enterButton() const
@@ -312,9 +330,9 @@ QAbstractButton* Form::enterButton() const
 void Form::keyPressEvent(QKeyEvent* event)
 {
     guardedCall([&] {
-        const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-        if (QAbstractButton* button = enterButton(); enter && button) {
-            button->click();
+        if (QAbstractButton* button = enterButton(); isEnter(*event) && button) {
+            if (!event->isAutoRepeat()) // a key that is held down is one press
+                button->click();
         } else {
             QWidget::keyPressEvent(event);
         }

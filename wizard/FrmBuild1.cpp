@@ -19,6 +19,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QSignalBlocker>
 #include <algorithm>
 #include <array>
 #include <span>
@@ -188,6 +189,18 @@ void enableCosts(const Ui::FrmBuild1* page, std::span<const Cost> costs, bool on
     }
 }
 
+/// Moves a bar to an amount, as far as it goes, without a word to the field that shows its value. What is no
+/// whole number leaves it where it is.
+void followAmount(ScrollBar* bar, const QString& typed)
+{
+    bool isNumber = false;
+    const int dollars = typed.toInt(&isNumber);
+    if (!isNumber)
+        return;
+    const QSignalBlocker quiet(bar);
+    bar->setValue(dollars);
+}
+
 bool noneChecked(const Ui::FrmBuild1* page, std::span<const LineBox> boxes)
 {
     return std::none_of(boxes.begin(), boxes.end(),
@@ -267,7 +280,7 @@ void FrmBuild1::connectHandlers()
     on(CmdLines, &QPushButton::clicked, this, &FrmBuild1::CmdLines_Click);
     for (const AddressField& address : AddressFields) {
         QLineEdit* field = this->*address.field;
-        takePastedAddress(field);
+        takeWholeAddress(field);
         on(this->*address.browse, &QPushButton::clicked, this, [field] { FrmPicture::chooseFor(field); });
     }
     for (OptionButton* option : {OptP1, OptP2})
@@ -285,6 +298,8 @@ void FrmBuild1::connectHandlers()
         };
         on(this->*cost.bar, &ScrollBar::Change, this, showValue);
         on(this->*cost.bar, &ScrollBar::Scroll, this, showValue);
+        on(this->*cost.dollars, &QLineEdit::textEdited, this,
+           [dollars = this->*cost.dollars, bar = this->*cost.bar] { followAmount(bar, dollars->text()); });
     }
 
     on(Command1, &QPushButton::clicked, this, &FrmBuild1::Command1_Click);

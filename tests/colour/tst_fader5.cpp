@@ -172,6 +172,7 @@ private slots:
     void quietEvents();
     void wavyWaitsForTheNextRefresh();
     void wavyByItsAccessKey();
+    void goesOutByAccessKeys();
     void rowsByKeys_data();
     void rowsByKeys();
     void rowsByColorDialog_data();
@@ -706,6 +707,18 @@ void TestFader5::wavyByItsAccessKey()
     QVERIFY(QTest::qWaitForWindowActive(f.tool));
     QTest::keyClick(f.tool, Qt::Key_W, Qt::AltModifier);
     QTRY_COMPARE(f.tool->Check4->Value(), 1); // once the box has shown itself pressed
+}
+
+void TestFader5::goesOutByAccessKeys()
+{
+    FaderTool f;
+    f.show(QStringLiteral("ab"));
+    QVERIFY(QTest::qWaitForWindowActive(f.tool));
+    const QString text = plain(QStringLiteral("ab")) + QStringLiteral("\r\n");
+    QTest::keyClick(f.tool, Qt::Key_C, Qt::AltModifier);
+    QTRY_COMPARE(Clipboard::GetText(), text);
+    QTest::keyClick(f.tool, Qt::Key_A, Qt::AltModifier);
+    QTRY_COMPARE(f.source(), text.toLatin1());
 }
 
 // ---- Colour rows -----------------------------------------------------------------------------------------

@@ -8,6 +8,7 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QCompleter>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScopeGuard>
@@ -76,6 +77,7 @@ private slots:
     void closeButtonAsksToo();
     void closingWhileItAsksAsksNothing();
     void enterIsForTheButtonInHand();
+    void heldEnterIsOnePress();
     void helpComesOnceAPress();
     void escapeIsForWhatIsOpenFirst();
     void untrappedErrorEndsTheProgram();
@@ -233,6 +235,47 @@ void TestForms::enterIsForTheButtonInHand()
     QTest::keyClick(&other, Qt::Key_Enter);
     QCOMPARE(others, 1);
     QCOMPARE(presses, 1);
+}
+
+/// What a window gives to the editor with Enter must not go there ten times because a hand rests on the key.
+void TestForms::heldEnterIsOnePress()
+{
+    Sample* sample = form<Sample>();
+    sample->setDefaultButton(&sample->Command1);
+    QPushButton other(QStringLiteral("Other"), sample);
+    QCheckBox box(QStringLiteral("Box"), sample);
+    int presses = 0;
+    int others = 0;
+    sample->click = [&] { ++presses; };
+    connect(&other, &QPushButton::clicked, sample, [&] { ++others; });
+    sample->Show();
+    QVERIFY(QTest::qWaitForWindowActive(sample));
+    const auto hold = [](QWidget* widget, Qt::Key key, const QString& text) {
+        widget->setFocus();
+        for (const bool repeated : {false, true, true}) {
+            QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text, repeated);
+            QCoreApplication::sendEvent(widget, &press);
+            if (!repeated)
+                continue;
+            QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, text, repeated);
+            QCoreApplication::sendEvent(widget, &release);
+        }
+        QTest::keyRelease(widget, key);
+    };
+    hold(&other, Qt::Key_Return, QStringLiteral("\r"));
+    QCOMPARE(others, 1);
+    QCOMPARE(presses, 0);
+    hold(&box, Qt::Key_Enter, QStringLiteral("\r")); // a box leaves it to the window's own button
+    QCOMPARE(presses, 1);
+    hold(&sample->Command1, Qt::Key_Return, QStringLiteral("\r"));
+    QCOMPARE(presses, 2);
+    hold(&sample->Command1, Qt::Key_Return, QStringLiteral("\r")); // the next press is one more
+    QCOMPARE(presses, 3);
+    QCOMPARE(others, 1);
+    // Other keys that are held go on.
+    QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"), true);
+    QCoreApplication::sendEvent(&sample->Command1, &tab);
+    QVERIFY(!sample->Command1.hasFocus());
 }
 
 /// F1 that is held down shows the help page once.

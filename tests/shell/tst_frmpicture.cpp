@@ -157,6 +157,8 @@ void TestFrmPicture::pastedAddress_data()
                               << "https://p.example/1.jpg";
     QTest::newRow("the same scheme") << "http://" << 7 << "http://p.example/1.jpg"
                                      << "http://p.example/1.jpg";
+    QTest::newRow("no scheme") << "http://" << 7 << "httpd.example/1.jpg"
+                               << "http://httpd.example/1.jpg";
     QTest::newRow("no whole address") << "http://" << 7 << "p.example/1.jpg"
                                       << "http://p.example/1.jpg";
     QTest::newRow("more is there") << "http://a/" << 9 << "https://b/"
@@ -172,7 +174,7 @@ void TestFrmPicture::pastedAddress()
     QFETCH(QString, pasted);
     QFETCH(QString, after);
     QLineEdit field(before);
-    takePastedAddress(&field);
+    takeWholeAddress(&field);
     field.setCursorPosition(caret);
     QApplication::clipboard()->setText(pasted);
     QTest::keyClick(&field, Qt::Key_V, Qt::ControlModifier);
@@ -187,9 +189,33 @@ void TestFrmPicture::pastedAddress()
 void TestFrmPicture::typedAddress()
 {
     QLineEdit field("http://");
-    takePastedAddress(&field);
-    QTest::keyClicks(&field, "https://p.example/");
-    QCOMPARE(field.text(), "http://https://p.example/"); // nothing goes under the fingers of who types
+    takeWholeAddress(&field);
+    QTest::keyClicks(&field, "https:/");
+    QCOMPARE(field.text(), "http://https:/");
+    QTest::keyClick(&field, '/');
+    QCOMPARE(field.text(), "https://");
+    QTest::keyClicks(&field, "p.example/");
+    QCOMPARE(field.text(), "https://p.example/");
+
+    // Undo brings back what was typed, and it stays.
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+    QTest::keyClick(&field, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(field.text(), "http://https://");
+    QTest::keyClick(&field, Qt::Key_End);
+    QTest::keyClicks(&field, "q.example/");
+    QCOMPARE(field.text(), "http://https://q.example/");
+
+    // What is no scheme is part of the address.
+    field.setText("http://");
+    QTest::keyClicks(&field, "p.example/https://q.example/");
+    QCOMPARE(field.text(), "http://p.example/https://q.example/");
+
+    // The cursor stays with the letters beside it.
+    field.setText("http://https:p.example/");
+    field.setCursorPosition(13);
+    QTest::keyClicks(&field, "//");
+    QCOMPARE(field.text(), "https://p.example/");
+    QCOMPARE(field.cursorPosition(), 8);
 }
 
 QTEST_MAIN(TestFrmPicture)

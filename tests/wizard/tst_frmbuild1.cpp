@@ -270,6 +270,8 @@ private slots:
     void spaceBarWorksAsAClick();
     void barsWriteTheDollars_data();
     void barsWriteTheDollars();
+    void barsFollowTheTyping_data();
+    void barsFollowTheTyping();
     void termsButtons_data();
     void termsButtons();
 
@@ -813,6 +815,41 @@ void TestFrmBuild1::barsWriteTheDollars()
     QCOMPARE(texts(), expected);
     QTest::mouseRelease(scroll, Qt::LeftButton, {}, slider + QPoint(20, 0));
     QCOMPARE(texts(), expected);
+}
+
+void TestFrmBuild1::barsFollowTheTyping_data()
+{
+    barsWriteTheDollars_data();
+}
+
+void TestFrmBuild1::barsFollowTheTyping()
+{
+    QFETCH(QString, bar);
+    QFETCH(QString, field);
+    QFETCH(QString, most);
+    const Wizard wizard;
+    const auto* const scroll = wizard.control<ScrollBar>(bar);
+    const QByteArray name = field.toLatin1();
+    const auto expect = [&](const char* typed, int value) {
+        wizard.type(name.constData(), QLatin1String(typed));
+        QCOMPARE(scroll->Value(), value);
+        QCOMPARE(wizard.text(name.constData()), QString::fromLatin1(typed));
+    };
+    expect("12", 12);
+    expect("007", 7);
+    expect("-3", 0);
+    expect("40000", most.toInt());
+    expect("5.50", 5); // as far as it was a number
+    expect("", 5);
+    expect("free", 5);
+    for (const char* other : {"HScroll1", "HScroll2", "HScroll3"}) {
+        if (bar != QLatin1String(other))
+            QCOMPARE(wizard.control<ScrollBar>(QLatin1String(other))->Value(), 0);
+    }
+
+    expect("12", 12);
+    QTest::keyClick(wizard.control(bar), Qt::Key_Right);
+    QCOMPARE(wizard.text(name.constData()), QStringLiteral("13"));
 }
 
 void TestFrmBuild1::termsButtons_data()
