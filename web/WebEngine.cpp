@@ -119,6 +119,10 @@ void prepareWebEngine()
     if (qgetenv("QT_QUICK_BACKEND") == "software" && !qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION"))
         qputenv("QT_XCB_GL_INTEGRATION", "none");
 #endif
+    // Only newer engines tell a screen reader of their pages unasked. It costs nothing until one runs.
+    if (!qEnvironmentVariableIsSet("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY"))
+        qputenv("QTWEBENGINE_ENABLE_LINUX_ACCESSIBILITY", "1");
+
     // Packets that scripts send by WebRTC are no requests, so that no guard sees them: they are switched off.
     qputenv("QTWEBENGINE_CHROMIUM_FLAGS", qgetenv("QTWEBENGINE_CHROMIUM_FLAGS") +
                                               " --force-webrtc-ip-handling-policy=disable_non_proxied_udp");

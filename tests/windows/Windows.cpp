@@ -42,6 +42,7 @@
 #include <QNetworkProxy>
 #include <QPalette>
 #include <QTest>
+#include <algorithm>
 
 namespace brindlemark {
 
@@ -474,6 +475,32 @@ QPalette darkPalette()
 std::span<const WindowView> windowViews()
 {
     return Views;
+}
+
+const WindowView& viewOf(const QString& name)
+{
+    const auto found = std::find_if(Views.begin(), Views.end(),
+                                    [&](const WindowView& view) { return name == QLatin1String(view.name); });
+    if (found != Views.end())
+        return *found;
+    QTest::qFail(qPrintable(name + QStringLiteral(" is no view")), __FILE__, __LINE__);
+    return Views.front();
+}
+
+void addViews(const QByteArrayList& without)
+{
+    QTest::addColumn<int>("index");
+    for (int index = 0; index < int(Views.size()); ++index) {
+        const char* name = Views.at(size_t(index)).name;
+        if (!without.contains(name))
+            QTest::newRow(name) << index;
+    }
+}
+
+const WindowView& fetchedView()
+{
+    QFETCH(int, index);
+    return Views.at(size_t(index));
 }
 
 void prepareViews(MainWindow& main)

@@ -3,6 +3,7 @@
 
 #include "MainWindow.h"
 
+#include <QByteArrayList>
 #include <span>
 
 namespace brindlemark {
@@ -17,6 +18,14 @@ struct WindowView
 
 /// All of them, in the order in which a day brings them.
 std::span<const WindowView> windowViews();
+
+/// The one of that name; fails the test where there is none.
+const WindowView& viewOf(const QString& name);
+
+/// Gives a test the column `index` and a row for each view but those named. The test asks `fetchedView`.
+void addViews(const QByteArrayList& without = {});
+/// The view of the row that runs.
+const WindowView& fetchedView();
 
 /// Connects a main window's openings, and puts the files of a seller beside the program. Once for each.
 void prepareViews(MainWindow& main);

@@ -28,10 +28,7 @@ private:
 
 void Gallery::pictures_data()
 {
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const WindowView& view : windowViews())
-        QTest::newRow(view.name) << index++;
+    addViews();
 }
 
 /// The window as the screen shows it once it stands still, or goes.
@@ -52,8 +49,7 @@ QPixmap settledPicture(const QPointer<QWidget>& window)
 
 void Gallery::pictures()
 {
-    QFETCH(int, index);
-    const WindowView& view = windowViews()[size_t(index)];
+    const WindowView& view = fetchedView();
     const QString folder = qEnvironmentVariable("GALLERY");
     QVERIFY(!folder.isEmpty() && QDir().mkpath(folder));
     MainWindow main;

@@ -28,6 +28,8 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QPointer>
+#include <QPushButton>
+#include <QScopeGuard>
 #include <QTabBar>
 #include <QTest>
 #include <QToolBar>
@@ -48,6 +50,8 @@ private slots:
     void controlsAreTold();
     void keyboardReachesAll_data();
     void keyboardReachesAll();
+    void pagesAreTold_data();
+    void pagesAreTold();
     void valuesAreTold();
     void charactersAreTold();
     void enterPressesTheButtonInHand();
@@ -57,8 +61,6 @@ private slots:
     void cleanupTestCase();
 
 private:
-    static void addViews(const QStringList& without = {});
-
     int m_windows = 0;
     int m_controls = 0;
     int m_reached = 0;
@@ -70,12 +72,6 @@ namespace {
 QString called(const QWidget* widget)
 {
     return QStringLiteral("%1 %2").arg(QLatin1String(className(widget)), widget->objectName());
-}
-
-const WindowView& fetchedView()
-{
-    QFETCH(int, index);
-    return windowViews()[size_t(index)];
 }
 
 template <typename T>
@@ -309,17 +305,6 @@ QStringList accessKeys(QWidget* window)
 
 } // namespace
 
-void TestAccessible::addViews(const QStringList& without)
-{
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const WindowView& view : windowViews()) {
-        if (!without.contains(QLatin1String(view.name)))
-            QTest::newRow(view.name) << index;
-        ++index;
-    }
-}
-
 void TestAccessible::controlsAreTold_data()
 {
     addViews();
@@ -373,7 +358,7 @@ void TestAccessible::controlsAreTold()
 
 void TestAccessible::keyboardReachesAll_data()
 {
-    addViews({QStringLiteral("splash"), QStringLiteral("wait")}); // nothing to use
+    addViews({"splash", "wait"}); // nothing to use
 }
 
 void TestAccessible::keyboardReachesAll()
@@ -402,6 +387,11 @@ void TestAccessible::keyboardReachesAll()
             faults.append(
                 QStringLiteral("%1 comes behind %2").arg(called(reached.at(i)), called(reached.at(i - 1))));
         }
+    }
+    for (const auto* button : window->findChildren<QPushButton*>()) {
+        const bool gives = QString(button->text()).remove(u'&') == QStringLiteral("Add to Editor");
+        if (gives && QKeySequence::mnemonic(button->text()).isEmpty())
+            faults.append(called(button) + QStringLiteral(": no access key"));
     }
     const QStringList keys = accessKeys(window);
     for (const QString& key : QSet<QString>(keys.begin(), keys.end())) {
@@ -436,17 +426,57 @@ void TestAccessible::keyboardReachesAll()
 /// Opens a view by its name.
 static QWidget* open(const char* name, MainWindow& main)
 {
-    for (const WindowView& view : windowViews()) {
-        if (qstrcmp(view.name, name) == 0)
-            return openView(view, main);
-    }
-    QTest::qFail("no such view", __FILE__, __LINE__);
-    return nullptr;
+    return openView(viewOf(QString::fromLatin1(name)), main);
 }
 
 static QAccessibleInterface* told(QWidget* widget)
 {
     return QAccessible::queryAccessibleInterface(widget);
+}
+
+/// All names in there, one a line.
+static QString namesIn(QAccessibleInterface* face)
+{
+    if (!face)
+        return {};
+    QString names = nameOf(face) + u'\n';
+    for (int i = 0; i < face->childCount(); ++i)
+        names += namesIn(face->child(i));
+    return names;
+}
+
+void TestAccessible::pagesAreTold_data()
+{
+    QTest::addColumn<QString>("view");
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("words");
+    QTest::newRow("terms") << "terms"
+                           << "WebBrowser1"
+                           << "payment";
+    QTest::newRow("design surface") << "design"
+                                    << "WebBrowser1"
+                                    << "Art Deco";
+    QTest::newRow("help") << "help"
+                          << ""
+                          << "Brindlemark";
+}
+
+/// What stands in a page, as soon as a screen reader runs.
+void TestAccessible::pagesAreTold()
+{
+    QFETCH(QString, view);
+    QFETCH(QString, page);
+    QFETCH(QString, words);
+    QAccessible::setActive(true); // as a reader's start does
+    const auto quiet = qScopeGuard([] { QAccessible::setActive(false); });
+    MainWindow main;
+    QWidget* window = openView(viewOf(view), main);
+    auto* control = window->findChild<WebControl*>(page);
+    QVERIFY(control);
+    QCOMPARE(told(control)->role(), QAccessible::Grouping);
+    QVERIFY(!nameOf(told(control)).isEmpty());
+    QTRY_VERIFY2(namesIn(told(control)).contains(words, Qt::CaseInsensitive),
+                 qPrintable(namesIn(told(control))));
 }
 
 void TestAccessible::valuesAreTold()

@@ -291,16 +291,12 @@ private:
 
 void TestContrast::words_data()
 {
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const WindowView& view : windowViews())
-        QTest::newRow(view.name) << index++;
+    addViews();
 }
 
 void TestContrast::words()
 {
-    QFETCH(int, index);
-    const WindowView& view = windowViews()[size_t(index)];
+    const WindowView& view = fetchedView();
     MainWindow main;
     QWidget* window = openView(view, main);
     for (QLineEdit* line : window->findChildren<QLineEdit*>())

@@ -47,27 +47,12 @@ private slots:
     void findBarClosesFirst();
     void escapeIsCancel_data();
     void escapeIsCancel();
-
-private:
-    static void addViews(const QByteArrayList& without);
 };
-
-void TestEscape::addViews(const QByteArrayList& without)
-{
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const WindowView& view : windowViews()) {
-        if (!without.contains(view.name))
-            QTest::newRow(view.name) << index;
-        ++index;
-    }
-}
 
 /// Opens the view of the test's row and waits until it has the keyboard.
 static QWidget* openFetchedView(MainWindow& main)
 {
-    QFETCH(int, index);
-    const QPointer<QWidget> window = openView(windowViews()[size_t(index)], main);
+    const QPointer<QWidget> window = openView(fetchedView(), main);
     window->activateWindow();
     if (!QTest::qWaitFor([&] { return window && QApplication::activeWindow() == window; }, Patience))
         QTest::qFail("the window does not come to the front", __FILE__, __LINE__);

@@ -11,7 +11,6 @@
 #include <QLineEdit>
 #include <QTest>
 #include <QTimer>
-#include <algorithm>
 
 using namespace brindlemark;
 
@@ -42,17 +41,13 @@ QString longText()
 
 void TestFields::fieldsTakeAll_data()
 {
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const WindowView& view : windowViews())
-        QTest::newRow(view.name) << index++;
+    addViews();
 }
 
 void TestFields::fieldsTakeAll()
 {
-    QFETCH(int, index);
     MainWindow main;
-    const QWidget* window = openView(windowViews()[size_t(index)], main);
+    const QWidget* window = openView(fetchedView(), main);
     QStringList cut;
     for (auto* field : window->findChildren<QLineEdit*>()) {
         if (field->isReadOnly())
@@ -98,12 +93,8 @@ void TestFields::longEntriesWidenNothing()
 {
     QFETCH(QString, view);
     QFETCH(QString, list);
-    const auto views = windowViews();
-    const auto found = std::find_if(views.begin(), views.end(),
-                                    [&](const WindowView& each) { return view == QLatin1String(each.name); });
-    QVERIFY(found != views.end());
     MainWindow main;
-    const QWidget* window = openView(*found, main);
+    const QWidget* window = openView(viewOf(view), main);
     auto* box = window->findChild<ComboBox*>(list);
     QVERIFY(box);
     const auto widths = [&] {
@@ -120,12 +111,8 @@ void TestFields::longEntriesWidenNothing()
 /// The notice of a missing font names it, but not all of a name without end.
 void TestFields::longFontNameWidensNothing()
 {
-    const auto views = windowViews();
-    const auto found = std::find_if(views.begin(), views.end(),
-                                    [](const WindowView& each) { return qstrcmp(each.name, "fonts") == 0; });
-    QVERIFY(found != views.end());
     MainWindow main;
-    const QWidget* window = openView(*found, main);
+    const QWidget* window = openView(viewOf(QStringLiteral("fonts")), main);
     window->findChild<ComboBox*>(QStringLiteral("Combo1"))->setText(QString(300, u'W'));
     const auto* notice = window->findChild<QLabel*>(QStringLiteral("Notice"));
     QTRY_VERIFY(notice->isVisible());

@@ -55,10 +55,7 @@ QString familyOfSeveralFoundries()
 
 QWidget* windowOf(const QString& name, MainWindow& main)
 {
-    const auto views = windowViews();
-    const auto found = std::find_if(views.begin(), views.end(),
-                                    [&](const WindowView& each) { return name == QLatin1String(each.name); });
-    QWidget* window = openView(*found, main);
+    QWidget* window = openView(viewOf(name), main);
     window->activateWindow();
     if (!QTest::qWaitForWindowActive(window, Patience))
         QTest::qFail("the window does not come to the front", __FILE__, __LINE__);

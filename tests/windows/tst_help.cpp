@@ -179,10 +179,7 @@ void clickInPage(const QString& selector)
 /// Opens the help from the menu, on the page that ships with its pictures.
 FrmHelp* openHelp(MainWindow& main)
 {
-    for (const WindowView& view : windowViews()) {
-        if (qstrcmp(view.name, "help") == 0)
-            openView(view, main);
-    }
+    openView(viewOf(QStringLiteral("help")), main);
     const auto isThere = [] { // the empty page before it is complete as well
         return inHelp(QStringLiteral("document.readyState == 'complete' && "
                                      "document.querySelector('#search')?.getClientRects().length > 0"))
@@ -271,24 +268,20 @@ void TestHelp::everyWindowHasARow()
 
 void TestHelp::f1_data()
 {
-    QTest::addColumn<int>("view");
+    QTest::addColumn<QString>("view");
     QTest::addColumn<QString>("section");
     QTest::addColumn<QString>("heading");
-    for (const HelpRow& row : Rows) {
-        for (int view = 0; view < int(windowViews().size()); ++view) {
-            if (qstrcmp(windowViews()[size_t(view)].name, row.view) == 0)
-                QTest::newRow(row.view) << view << row.section << row.heading;
-        }
-    }
+    for (const HelpRow& row : Rows)
+        QTest::newRow(row.view) << row.view << row.section << row.heading;
 }
 
 void TestHelp::f1()
 {
-    QFETCH(int, view);
+    QFETCH(QString, view);
     QFETCH(QString, section);
     QFETCH(QString, heading);
     MainWindow main;
-    QWidget* window = openView(windowViews()[size_t(view)], main);
+    QWidget* window = openView(viewOf(view), main);
     QStringList captions;
     for (const auto* button : window->findChildren<QAbstractButton*>()) {
         if (button->isVisible() && button->parent() != main.web->Toolbar1)

@@ -111,17 +111,13 @@ private:
 
 void TestLooks::windows_data()
 {
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const WindowView& view : windowViews())
-        QTest::newRow(view.name) << index++;
+    addViews();
 }
 
 void TestLooks::windows()
 {
-    QFETCH(int, index);
     MainWindow main;
-    QWidget* window = openView(windowViews()[size_t(index)], main);
+    QWidget* window = openView(fetchedView(), main);
 
     QStringList faults;
     const QSize size = window->size();

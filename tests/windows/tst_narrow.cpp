@@ -14,7 +14,6 @@
 #include <QLineEdit>
 #include <QSet>
 #include <QToolButton>
-#include <algorithm>
 
 using namespace brindlemark;
 
@@ -61,13 +60,6 @@ void makeNarrow(QWidget* window)
     QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
 }
 
-const WindowView& viewOf(const char* name)
-{
-    const auto views = windowViews();
-    return *std::ranges::find_if(views,
-                                 [&](const WindowView& each) { return qstrcmp(each.name, name) == 0; });
-}
-
 } // namespace
 
 class TestNarrow : public QObject
@@ -86,16 +78,12 @@ private:
 
 void TestNarrow::windows_data()
 {
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const WindowView& view : windowViews())
-        QTest::newRow(view.name) << index++;
+    addViews();
 }
 
 void TestNarrow::windows()
 {
-    QFETCH(int, index);
-    const WindowView& view = windowViews()[size_t(index)];
+    const WindowView& view = fetchedView();
     MainWindow main;
     QWidget* window = openView(view, main);
     const bool isSized = window->minimumSize() != window->maximumSize();
@@ -111,7 +99,7 @@ void TestNarrow::windows()
 void TestNarrow::findBarOfTheHelp()
 {
     MainWindow main;
-    QWidget* window = openView(viewOf("help"), main);
+    QWidget* window = openView(viewOf(QStringLiteral("help")), main);
     makeNarrow(window);
     form<FrmHelp>()->WebBrowser1->sendKeys(QStringLiteral("^f"));
     auto* bar = window->findChild<FindBar*>();

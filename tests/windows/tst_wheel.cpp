@@ -13,6 +13,7 @@
 #include <QTest>
 #include <QWheelEvent>
 #include <QWindow>
+#include <algorithm>
 
 using namespace brindlemark;
 
@@ -83,29 +84,17 @@ int openWindows()
     return int(std::count_if(all.begin(), all.end(), [](const QWidget* each) { return each->isVisible(); }));
 }
 
-QWidget* view(const QString& name, MainWindow& main)
-{
-    const auto views = windowViews();
-    const auto found = std::find_if(views.begin(), views.end(),
-                                    [&](const WindowView& each) { return name == QLatin1String(each.name); });
-    return openView(*found, main);
-}
-
 } // namespace
 
 void TestWheel::wheelChangesNothing_data()
 {
-    QTest::addColumn<int>("index");
-    int index = 0;
-    for (const WindowView& each : windowViews())
-        QTest::newRow(each.name) << index++;
+    addViews();
 }
 
 void TestWheel::wheelChangesNothing()
 {
-    QFETCH(int, index);
     MainWindow main;
-    QWidget* window = openView(windowViews()[size_t(index)], main);
+    QWidget* window = openView(fetchedView(), main);
     const int windows = openWindows();
     QStringList faults;
     for (QWidget* control : window->findChildren<QWidget*>()) {
@@ -135,7 +124,7 @@ void TestWheel::wheelChangesNothing()
 
 void TestWheel::closedListsOpen_data()
 {
-    QTest::addColumn<QString>("viewName");
+    QTest::addColumn<QString>("view");
     QTest::addColumn<QString>("list");
     QTest::newRow("pick a colour") << "wizard-page-2"
                                    << "Combo3";
@@ -158,10 +147,10 @@ void TestWheel::closedListsOpen_data()
 /// Keys choose in the open list alone, and the wheel never does.
 void TestWheel::closedListsOpen()
 {
-    QFETCH(QString, viewName);
+    QFETCH(QString, view);
     QFETCH(QString, list);
     MainWindow main;
-    QWidget* window = view(viewName, main);
+    QWidget* window = openView(viewOf(view), main);
     window->activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(window, Patience));
     auto* box = window->findChild<ComboBox*>(list);
