@@ -24,6 +24,7 @@
 #include <QPrinter>
 #include <QPushButton>
 #include <QStandardPaths>
+#include <QToolBar>
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
@@ -293,6 +294,8 @@ public:
     void printPreview(QPrinter& printer, const std::function<bool()>& paint) override
     {
         QPrintPreviewDialog box(&printer, frontWindow());
+        if (auto* bar = box.findChild<QToolBar*>())
+            bar->setPalette(QPalette(QColor(0xEF, 0xEF, 0xEF))); // its symbols are dark on any desktop
         on(&box, &QPrintPreviewDialog::paintRequested, &box, [&box, &paint] {
             if (!paint())
                 soon(&box, [&box] { box.reject(); }); // it may not be up yet

@@ -15,6 +15,7 @@
 #include "shell/GeneratorTag.h"
 #include "shell/Regions.h"
 #include "shell/Spelling.h"
+#include "web/DocumentSurface.h"
 
 #include <QCursor>
 #include <QFileInfo>
@@ -126,14 +127,18 @@ bool FrmWeb::isBlankDocument() const
     return RichTextBox1->holdsAscii(BlankDocument);
 }
 
-/// The document's text from the view that is up; the Internet tab holds none. Throws SurfaceLost when the
-/// design surface gave no answer; the user has been told. Valid until the next edit.
+/// The document's text from the view that is up; the Internet tab holds none. The caret comes along, where
+/// the next list of recent files finds it. Throws SurfaceLost when the design surface gave no answer; the
+/// user has been told. Valid until the next edit.
 QByteArray FrmWeb::FetchSource()
 {
     if (SSTab1->Tab() == InternetTab)
         return QByteArray();
-    if (SSTab1->Tab() == PreviewTab)
+    if (SSTab1->Tab() == PreviewTab) {
+        const LetterPlace caret = WebBrowser1->caret();
         takeSurface();
+        takeCaret(caret);
+    }
     return RichTextBox1->textForNow();
 }
 

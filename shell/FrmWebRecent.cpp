@@ -54,8 +54,11 @@ void FrmWeb::openRecent(const RecentFile& file)
     if (!giveUpDocument([this, file] { openRecent(file); }))
         return;
     openFile(file.path);
-    if (m_document->name() == file.path && SSTab1->Tab() == EditorTab)
-        select({std::min<qsizetype>(file.caret, RichTextBox1->TextLength()), 0});
+    if (m_document->name() != file.path)
+        return;
+    select({std::min<qsizetype>(file.caret, RichTextBox1->TextLength()), 0});
+    if (SSTab1->Tab() == PreviewTab)
+        giveCaret(shownSurface());
 }
 
 } // namespace brindlemark

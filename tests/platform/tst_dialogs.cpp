@@ -16,9 +16,11 @@
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <QToolBar>
 #include <functional>
 
 using namespace brindlemark;
@@ -116,6 +118,7 @@ private slots:
     void escapeIsLater();
     void printsIntoAFileWithoutAPrinter();
     void previewGoesWithItsPaint();
+    void previewsBarIsLight();
 
 private:
     QString path(const QString& name) const { return m_folder->filePath(name); }
@@ -369,6 +372,30 @@ void TestDialogs::previewGoesWithItsPaint()
     });
     QVERIFY(wasUp);
     QCOMPARE(paints, 2);
+}
+
+/// Where the desktop is dark too: the symbols of the dialog are drawn for a light bar.
+void TestDialogs::previewsBarIsLight()
+{
+    const auto light =
+        qScopeGuard([desktop = QApplication::palette()] { QApplication::setPalette(desktop); });
+    QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
+    QPrinter printer(QPrinter::HighResolution);
+    QColor behindASymbol;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto* up = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+        if (!up || QApplication::activeWindow() != up)
+            return;
+        look.stop();
+        const auto* bar = up->findChild<QToolBar*>();
+        const QWidget* symbol = bar->widgetForAction(bar->actions().constFirst());
+        behindASymbol = up->grab().toImage().pixelColor(symbol->mapTo(up, QPoint(2, symbol->height() / 2)));
+        up->reject();
+    });
+    look.start(10);
+    doors().printPreview(printer, [] { return true; });
+    QVERIFY2(behindASymbol.lightness() > 200, qPrintable(behindASymbol.name()));
 }
 
 QTEST_MAIN(TestDialogs)

@@ -60,6 +60,7 @@ private slots:
     void foldersWhereNamesAreTheSame();
     void goneOnes();
     void caret();
+    void caretOfThePage();
     void caretBehindTheEnd();
     void asksAsOpenDoes();
     void cleared();
@@ -168,6 +169,43 @@ void TestRecentFiles::caret()
     desk.web->document().setDirty(false);
     desk.web->MnExit->trigger();
     QVERIFY(desk.folder.read("recent.txt").startsWith("7 " + desk.folder.path("two.htm").toUtf8() + '\n'));
+}
+
+/// Where it stood on the design surface at a save; and it comes back to the view that is up.
+void TestRecentFiles::caretOfThePage()
+{
+    Desk desk;
+    QByteArray page = "<HTML><HEAD></HEAD><BODY>";
+    for (int i = 0; i < 90; ++i)
+        page += "<P>lamp" + QByteArray::number(i) + "</P>\r\n";
+    desk.folder.write("one.htm", page + "</BODY></HTML>\r\n");
+    desk.folder.write("two.htm", "<P>two");
+    desk.openClean("one.htm");
+    DocumentSurface* surface = desk.web->WebBrowser1;
+    const auto inSource = [&] { return desk.source().mid(desk.web->RichTextBox1->SelStart(), 6); };
+    const auto onSurface = [&] {
+        const SurfaceLetters letters = surface->letters();
+        return letters.text.mid(letters.ahead, 6);
+    };
+
+    desk.showTab(FrmWeb::PreviewTab);
+    const qsizetype word = surface->letters().text.indexOf(QStringLiteral("lamp70"));
+    QVERIFY(surface->selectLetters(word, word));
+    desk.web->mnsave->trigger();
+    QCOMPARE(inSource(), QByteArray("lamp70"));
+    QVERIFY(!desk.web->Dirty());
+
+    desk.openClean("two.htm");
+    QTRY_COMPARE(onSurface(), QStringLiteral("two"));
+    desk.take("one.htm");
+    QTRY_COMPARE(onSurface(), QStringLiteral("lamp70"));
+
+    desk.openClean("two.htm");
+    desk.showTab(FrmWeb::EditorTab);
+    desk.web->document().setDirty(false);
+    desk.take("one.htm");
+    QCOMPARE(inSource(), QByteArray("lamp70"));
+    desk.web->document().setDirty(false);
 }
 
 void TestRecentFiles::caretBehindTheEnd()
