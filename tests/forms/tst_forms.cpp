@@ -214,42 +214,47 @@ void TestForms::closingWhileItAsksAsksNothing()
     QVERIFY(!isLoaded<Sample>());
 }
 
+namespace {
+
+/// A window with a default button, another one and a box, and what is counted of them.
+struct EnterDesk
+{
+    EnterDesk()
+    {
+        sample->setDefaultButton(&sample->Command1);
+        sample->click = [this] { ++presses; };
+        QObject::connect(&other, &QPushButton::clicked, &other, [this] { ++others; });
+        sample->Show();
+        if (!QTest::qWaitForWindowActive(sample))
+            QTest::qFail("the window does not come to the front", __FILE__, __LINE__);
+    }
+    Sample* sample = form<Sample>();
+    QPushButton other{QStringLiteral("Other"), sample};
+    QCheckBox box{QStringLiteral("Box"), sample};
+    int presses = 0;
+    int others = 0;
+};
+
+} // namespace
+
 /// Enter presses a button that has the keyboard; a box leaves it to the window's own.
 void TestForms::enterIsForTheButtonInHand()
 {
-    Sample* sample = form<Sample>();
-    sample->setDefaultButton(&sample->Command1);
-    QPushButton other(QStringLiteral("Other"), sample);
-    QCheckBox box(QStringLiteral("Box"), sample);
-    int presses = 0;
-    int others = 0;
-    sample->click = [&] { ++presses; };
-    connect(&other, &QPushButton::clicked, sample, [&] { ++others; });
-    sample->Show();
-    QVERIFY(QTest::qWaitForWindowActive(sample));
-    box.setFocus();
-    QTest::keyClick(&box, Qt::Key_Return);
-    QCOMPARE(presses, 1);
-    QVERIFY(!box.isChecked());
-    other.setFocus();
-    QTest::keyClick(&other, Qt::Key_Enter);
-    QCOMPARE(others, 1);
-    QCOMPARE(presses, 1);
+    EnterDesk desk;
+    desk.box.setFocus();
+    QTest::keyClick(&desk.box, Qt::Key_Return);
+    QCOMPARE(desk.presses, 1);
+    QVERIFY(!desk.box.isChecked());
+    desk.other.setFocus();
+    QTest::keyClick(&desk.other, Qt::Key_Enter);
+    QCOMPARE(desk.others, 1);
+    QCOMPARE(desk.presses, 1);
 }
 
 /// What a window gives to the editor with Enter must not go there ten times because a hand rests on the key.
 void TestForms::heldEnterIsOnePress()
 {
-    Sample* sample = form<Sample>();
-    sample->setDefaultButton(&sample->Command1);
-    QPushButton other(QStringLiteral("Other"), sample);
-    QCheckBox box(QStringLiteral("Box"), sample);
-    int presses = 0;
-    int others = 0;
-    sample->click = [&] { ++presses; };
-    connect(&other, &QPushButton::clicked, sample, [&] { ++others; });
-    sample->Show();
-    QVERIFY(QTest::qWaitForWindowActive(sample));
+    EnterDesk desk;
     const auto hold = [](QWidget* widget, Qt::Key key, const QString& text) {
         widget->setFocus();
         for (const bool repeated : {false, true, true}) {
@@ -262,20 +267,20 @@ void TestForms::heldEnterIsOnePress()
         }
         QTest::keyRelease(widget, key);
     };
-    hold(&other, Qt::Key_Return, QStringLiteral("\r"));
-    QCOMPARE(others, 1);
-    QCOMPARE(presses, 0);
-    hold(&box, Qt::Key_Enter, QStringLiteral("\r")); // a box leaves it to the window's own button
-    QCOMPARE(presses, 1);
-    hold(&sample->Command1, Qt::Key_Return, QStringLiteral("\r"));
-    QCOMPARE(presses, 2);
-    hold(&sample->Command1, Qt::Key_Return, QStringLiteral("\r")); // the next press is one more
-    QCOMPARE(presses, 3);
-    QCOMPARE(others, 1);
+    hold(&desk.other, Qt::Key_Return, QStringLiteral("\r"));
+    QCOMPARE(desk.others, 1);
+    QCOMPARE(desk.presses, 0);
+    hold(&desk.box, Qt::Key_Enter, QStringLiteral("\r")); // a box leaves it to the window's own button
+    QCOMPARE(desk.presses, 1);
+    hold(&desk.sample->Command1, Qt::Key_Return, QStringLiteral("\r"));
+    QCOMPARE(desk.presses, 2);
+    hold(&desk.sample->Command1, Qt::Key_Return, QStringLiteral("\r")); // the next press is one more
+    QCOMPARE(desk.presses, 3);
+    QCOMPARE(desk.others, 1);
     // Other keys that are held go on.
     QKeyEvent tab(QEvent::KeyPress, Qt::Key_Tab, Qt::NoModifier, QStringLiteral("\t"), true);
-    QCoreApplication::sendEvent(&sample->Command1, &tab);
-    QVERIFY(!sample->Command1.hasFocus());
+    QCoreApplication::sendEvent(&desk.sample->Command1, &tab);
+    QVERIFY(!desk.sample->Command1.hasFocus());
 }
 
 /// F1 that is held down shows the help page once.
