@@ -34,7 +34,8 @@ void printPages(QPagedPaintDevice& device, const QByteArray& pdf,
     QPainter painter;
     if (document.pageCount() == 0 || !painter.begin(&device))
         throw noSheets();
-    painter.setRenderHint(QPainter::LosslessImageRendering); // letters without the specks of photos
+    // Letters without the specks of photos; and smooth where a preview makes them small.
+    painter.setRenderHints(QPainter::LosslessImageRendering | QPainter::SmoothPixmapTransform);
     const QPageLayout layout = device.pageLayout();
     const QSize paper = layout.fullRectPixels(device.logicalDpiX()).size();
     const QPoint corner = -layout.paintRectPixels(device.logicalDpiX()).topLeft(); // from where margins end

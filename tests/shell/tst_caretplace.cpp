@@ -294,6 +294,7 @@ void TestCaretPlace::fromWhereNoLetterIs()
     Desk desk;
     desk.web->RichTextBox1->setText("<P>alpha</P><TABLE><TR><TD></TD></TR></TABLE><P>beta</P><P>gamma</P>");
     desk.showTab(FrmWeb::PreviewTab);
+    QVERIFY(!desk.web->WebBrowser1->letters().text.isEmpty()); // the keyboard has come, and moves no caret
     QVERIFY(probe(desk.web->WebBrowser1)
                 .evaluate("getSelection().collapse(document.querySelector('td'), 0), true")
                 .has_value());
