@@ -8,7 +8,6 @@
 #include <QDir>
 #include <QFileInfo>
 #include <QMenu>
-#include <algorithm>
 
 namespace brindlemark {
 
@@ -56,7 +55,7 @@ void FrmWeb::openRecent(const RecentFile& file)
     openFile(file.path);
     if (m_document->name() != file.path)
         return;
-    select({std::min<qsizetype>(file.caret, RichTextBox1->TextLength()), 0});
+    select({file.caret, 0}); // at the end of a text that is shorter by now
     if (SSTab1->Tab() == PreviewTab)
         giveCaret(shownSurface());
 }

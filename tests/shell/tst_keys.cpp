@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <QTabBar>
 #include <QTest>
 #include <QToolBar>
 #include <QTreeWidgetItemIterator>
@@ -179,12 +180,16 @@ void TestKeys::tools()
 void TestKeys::tabs()
 {
     const Desk desk;
+    const std::array<QWidget*, 3> views = {desk.web->RichTextBox1, desk.web->WebBrowser1,
+                                           desk.web->WebBrowser2};
     for (const FrmWeb::Tab tab :
          {FrmWeb::PreviewTab, FrmWeb::InternetTab, FrmWeb::EditorTab, FrmWeb::InternetTab}) {
-        QWidget* view = desk.view(tab);
-        const std::array<QWidget*, 3> views = {desk.web->RichTextBox1, desk.web->WebBrowser1,
-                                               desk.web->WebBrowser2};
-        QVERIFY(view == views.at(tab) || views.at(tab)->isAncestorOf(view));
+        for (const bool isUp : {false, true}) { // from the tab's caption, too
+            if (isUp)
+                desk.web->SSTab1->tabBar()->setFocus();
+            QWidget* view = desk.view(tab);
+            QVERIFY(view == views.at(tab) || views.at(tab)->isAncestorOf(view));
+        }
     }
 }
 
