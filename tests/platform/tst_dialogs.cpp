@@ -345,6 +345,23 @@ void TestDialogs::printsIntoAFileWithoutAPrinter()
     QCOMPARE(printer.outputFileName(), path(QStringLiteral("lamp.pdf")));
 }
 
+/// Looks at the preview once it is up, and closes it.
+static void inPreview(QPrinter& printer, const std::function<bool()>& paint,
+                      const std::function<void(QPrintPreviewDialog&)>& see)
+{
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, &look, [&] {
+        auto* up = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
+        if (!up || QApplication::activeWindow() != up)
+            return;
+        look.stop();
+        see(*up);
+        up->reject();
+    });
+    look.start(10);
+    doors().printPreview(printer, paint);
+}
+
 /// It comes up and stays; it goes when the paint says that it could not.
 void TestDialogs::previewGoesWithItsPaint()
 {
@@ -356,20 +373,11 @@ void TestDialogs::previewGoesWithItsPaint()
     });
     QCOMPARE(paints, 1);
     bool wasUp = false;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, &look, [&] {
-        auto* up = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
-        if (!up || QApplication::activeWindow() != up)
-            return;
-        look.stop();
-        wasUp = true;
-        up->reject();
-    });
-    look.start(10);
-    doors().printPreview(printer, [&] {
+    const auto paint = [&] {
         ++paints;
         return true;
-    });
+    };
+    inPreview(printer, paint, [&](QPrintPreviewDialog&) { wasUp = true; });
     QVERIFY(wasUp);
     QCOMPARE(paints, 2);
 }
@@ -382,19 +390,12 @@ void TestDialogs::previewsBarIsLight()
     QApplication::setPalette(QPalette(QColor(0x30, 0x30, 0x30)));
     QPrinter printer(QPrinter::HighResolution);
     QColor behindASymbol;
-    QTimer look;
-    QObject::connect(&look, &QTimer::timeout, &look, [&] {
-        auto* up = qobject_cast<QPrintPreviewDialog*>(QApplication::activeModalWidget());
-        if (!up || QApplication::activeWindow() != up)
-            return;
-        look.stop();
-        const auto* bar = up->findChild<QToolBar*>();
+    const auto paint = [] { return true; };
+    inPreview(printer, paint, [&](QPrintPreviewDialog& up) {
+        const auto* bar = up.findChild<QToolBar*>();
         const QWidget* symbol = bar->widgetForAction(bar->actions().constFirst());
-        behindASymbol = up->grab().toImage().pixelColor(symbol->mapTo(up, QPoint(2, symbol->height() / 2)));
-        up->reject();
+        behindASymbol = up.grab().toImage().pixelColor(symbol->mapTo(&up, QPoint(2, symbol->height() / 2)));
     });
-    look.start(10);
-    doors().printPreview(printer, [] { return true; });
     QVERIFY2(behindASymbol.lightness() > 200, qPrintable(behindASymbol.name()));
 }
 
