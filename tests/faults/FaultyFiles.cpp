@@ -22,7 +22,7 @@ using namespace FaultyFiles;
 
 namespace {
 
-std::mutex lock;
+std::mutex lock; // a thread of the try before may still be at its own files when the next is armed
 std::string watchedFolder;
 std::string struckCall;
 Calls counted = Calls::Writing;
@@ -41,7 +41,10 @@ enum class Verdict { Works, Fails, HalfWorks };
 
 bool isWatched(const char* path)
 {
-    return armed && path && std::strncmp(path, watchedFolder.c_str(), watchedFolder.size()) == 0;
+    if (!armed || !path)
+        return false;
+    const std::lock_guard guard(lock);
+    return std::strncmp(path, watchedFolder.c_str(), watchedFolder.size()) == 0;
 }
 
 bool isWatched(int handle)
@@ -51,9 +54,9 @@ bool isWatched(int handle)
 
 Verdict verdict(const char* call, Effect effect)
 {
+    const std::lock_guard guard(lock);
     if (effect == Effect::Reads && counted == Calls::Writing)
         return Verdict::Works;
-    const std::lock_guard guard(lock);
     ++calls;
     const bool fills = effect == Effect::Fills;
     if (full && fills)
@@ -119,6 +122,7 @@ mode_t modeOf(int flags, va_list arguments)
 
 void FaultyFiles::arm(const QString& folder, Calls which, int number, Fault fault, int error)
 {
+    const std::lock_guard guard(lock);
     watchedFolder = QFile::encodeName(folder).toStdString();
     struckCall.clear();
     counted = which;
@@ -133,6 +137,7 @@ void FaultyFiles::arm(const QString& folder, Calls which, int number, Fault faul
 int FaultyFiles::disarm()
 {
     armed = false;
+    const std::lock_guard guard(lock);
     return calls;
 }
 
