@@ -147,9 +147,10 @@ void openListing(MainWindow& main)
     auto* page2 = wizardPage2(main);
     click(page2->Command23);
     main.web->activateWindow(); // where no window manager does it
-    if (!QTest::qWaitFor([&] { return main.source().contains("Art Deco"); }, Patience) ||
-        !QTest::qWaitForWindowActive(main.web, Patience))
+    if (!QTest::qWaitFor([&] { return main.source().contains("Art Deco"); }, Patience))
         QTest::qFail("the listing does not come", __FILE__, __LINE__);
+    if (!QTest::qWaitForWindowActive(main.web, Patience))
+        QTest::qFail("the main window does not come to the front", __FILE__, __LINE__);
 }
 
 QWidget* splash(MainWindow&)
