@@ -567,8 +567,8 @@ void TestPrint::sheetsOnAPrinter()
     DocumentSurface surface;
     surface.show();
     QVERIFY(
-        surface.write("<BODY style=\"margin:0\"><TABLE width=100% height=400 bgcolor=#ff0000><TR><TD></TABLE>"
-                      "<P style=\"page-break-before:always\"><TABLE width=100% height=400 bgcolor=#0000ff>"
+        surface.write("<BODY style=\"margin:0\"><TABLE width=100% height=250 bgcolor=#ff0000><TR><TD></TABLE>"
+                      "<P style=\"page-break-before:always\"><TABLE width=100% height=250 bgcolor=#0000ff>"
                       "<TR><TD></TABLE>"));
     for (const auto orientation : {QPageLayout::Portrait, QPageLayout::Landscape}) {
         QPrinter printer(QPrinter::HighResolution);
