@@ -65,16 +65,13 @@ check:
 	  cmake --preset $$build && cmake --build --preset $$build || exit 1; \
 	done
 	cmake --preset asan
-	cmake --build --preset asan
+	cmake --build --preset asan --target tests_without_display
 	ctest --preset asan --label-exclude display
 	@if clang-format --version | grep -q 'version 14\.'; then \
 	  git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror; \
 	else echo "make check: the form is that of clang-format 14, which is not here."; fi
-	cmake --preset tidy
-	cmake --build --preset tidy
 	@if git rev-parse --verify --quiet $(BASE) >/dev/null; then \
-	  git diff --name-only --diff-filter=d $(BASE) -- '*.cpp' ':!bench' ':!fuzz/Fuzzer.cpp' \
-	    | xargs --no-run-if-empty -n 1 -P "$$(nproc)" clang-tidy -p build/tidy --quiet; \
+	  git diff --name-only --diff-filter=d $(BASE) -- '*.cpp' | tests/analyse; \
 	else echo "make check: nothing analysed, as this clone has no $(BASE); name another BASE."; fi
 
 # Makes listings as a seller does, on a virtual display; the pages and pictures of the screen lie in out/ then.
@@ -157,9 +154,9 @@ format:
 
 tidy:
 	./setup --test --develop
-	cmake --preset tidy
-	cmake --build --preset tidy
-	git ls-files '*.cpp' ':!bench' ':!fuzz/Fuzzer.cpp' | xargs -n 1 -P "$$(nproc)" clang-tidy -p build/tidy --quiet
+	cmake --preset release-clang && cmake --build --preset release-clang
+	cmake --preset asan && cmake --build --preset asan
+	git ls-files '*.cpp' | tests/analyse
 
 # Removes what was compiled, not the settings and lists that the program keeps beside itself.
 clean:
