@@ -62,7 +62,7 @@ QImage pictureOfPaper(const QString& pdf, int page)
             {QStringLiteral("-png"), QStringLiteral("-r"), QStringLiteral("150"), QStringLiteral("-f"),
              number, QStringLiteral("-l"), number, QStringLiteral("-singlefile"), pdf,
              folder.filePath(QStringLiteral("page"))});
-    const QImage picture(folder.filePath(QStringLiteral("page.png")));
+    QImage picture(folder.filePath(QStringLiteral("page.png")));
     if (picture.isNull())
         QTest::qFail("no picture of the page", __FILE__, __LINE__);
     return picture;

@@ -45,7 +45,7 @@ struct Desk : MainWindow
     /// Saves what is up as a PDF, and tells where.
     QString pdf()
     {
-        const QString path = folder.path("paper.pdf");
+        QString path = folder.path("paper.pdf");
         QFile::remove(path);
         doors.answerSave(path);
         choose(web->muntools, web->munpdf);
